@@ -1,0 +1,1 @@
+# qvui_add_resources(target file.rc) is defined by the kernel room.

@@ -1,0 +1,15 @@
+#pragma once
+
+/// QVUI_API marks what the shared library exports. QVUI_BUILDING is defined while the library itself is
+/// compiled; QVUI_STATIC by programs that link its rooms directly.
+#if defined(_WIN32)
+#if defined(QVUI_BUILDING)
+#define QVUI_API __declspec(dllexport)
+#elif defined(QVUI_STATIC)
+#define QVUI_API
+#else
+#define QVUI_API __declspec(dllimport)
+#endif
+#else
+#define QVUI_API __attribute__((visibility("default")))
+#endif

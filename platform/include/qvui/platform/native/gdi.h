@@ -1,0 +1,3 @@
+#pragma once
+
+#include <qvui/platform/native/types.h>

@@ -1,0 +1,1 @@
+// Replaced by the room's first source.
