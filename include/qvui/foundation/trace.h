@@ -1,0 +1,72 @@
+#pragma once
+
+#include <qvui/platform/cstring.h>
+
+namespace DUI {
+
+enum DUI_TRACE_LEVEL { DUI_TRACE_INFO, DUI_TRACE_WARNING, DUI_TRACE_ERROR };
+
+/// Receives every trace line, without a line end, on the thread that traces. The text is valid during the call.
+using TraceSink = void (*)(void* context, const char* text);
+
+/// Sends traces to `sink` from now on; null, the default, discards them.
+QVUI_API void SetTraceSink(TraceSink sink, void* context);
+
+/// Trace lines in printf's formats, at most 1023 bytes each.
+class QVUI_API CTrace {
+public:
+#if defined(__GNUC__)
+#define QVUI_TRACE_FORMAT(text, first) __attribute__((format(printf, text, first)))
+#else
+#define QVUI_TRACE_FORMAT(text, first)
+#endif
+    QVUI_TRACE_FORMAT(2, 3) static void Trace(DUI_TRACE_LEVEL level, const char* fmt, ...);
+    QVUI_TRACE_FORMAT(1, 2) static void TraceInfo(const char* fmt, ...);
+    QVUI_TRACE_FORMAT(1, 2) static void TraceWarning(const char* fmt, ...);
+    QVUI_TRACE_FORMAT(1, 2) static void TraceError(const char* fmt, ...);
+#undef QVUI_TRACE_FORMAT
+};
+
+/// Names window messages in traces.
+class QVUI_API CWinMsgDebug {
+public:
+    static void OuputMsg(HWND hWnd, UINT uMsg, WPARAM wParam, LPARAM lParam);
+
+protected:
+    /// The message's name; for one without a name "0x%04X", in a buffer shared by all calls.
+    static const char* DUIGetMessageName(UINT uMsg);
+};
+
+/// Measures an interval with the platform's high-resolution counter.
+class QVUI_API CTimeCalculator {
+public:
+    CTimeCalculator();
+    virtual ~CTimeCalculator() = default;
+
+    /// Takes the current count as the start; returns it.
+    virtual LONGLONG Start();
+    /// Takes the current count as the stop; returns it.
+    virtual LONGLONG Stop();
+    /// Milliseconds between start and stop, computed in 64 bits.
+    virtual double GetInterval() const;
+
+private:
+    LONGLONG m_nStart = 0;
+    LONGLONG m_nStop = 0;
+    static LONGLONG m_nFrequency;
+};
+
+/// Traces how long its scope took.
+class QVUI_API CTimeCostDebug : public CTimeCalculator {
+public:
+    /// Keeps at most 254 bytes of the label.
+    explicit CTimeCostDebug(const char* label);
+    CTimeCostDebug(const CTimeCostDebug&) = delete;
+    CTimeCostDebug& operator=(const CTimeCostDebug&) = delete;
+    ~CTimeCostDebug() override;
+
+private:
+    char m_szLabel[255];
+};
+
+}  // namespace DUI

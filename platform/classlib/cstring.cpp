@@ -1,0 +1,323 @@
+#include <qvui/platform/cstring.h>
+
+#include <algorithm>
+#include <cstdio>
+#include <cstring>
+
+namespace {
+
+constexpr UINT kUtf8 = 65001;
+constexpr char kBlanks[] = " \t\n\v\f\r";
+
+char LowerAscii(char character)
+{
+    return character >= 'A' && character <= 'Z' ? static_cast<char>(character - 'A' + 'a') : character;
+}
+
+bool IsOneOf(std::string_view character, const char* set)
+{
+    return character.size() == 1 ? std::strchr(set, character[0]) != nullptr
+                                 : std::string_view(set).find(character) != std::string_view::npos;
+}
+
+int Utf8Length(unsigned char lead)
+{
+    if (lead < 0xC2)
+        return 1;
+    if (lead < 0xE0)
+        return 2;
+    if (lead < 0xF0)
+        return 3;
+    return lead < 0xF5 ? 4 : 1;
+}
+
+}  // namespace
+
+int CharacterLength(const char* text, const char* end)
+{
+    const auto lead = static_cast<unsigned char>(*text);
+    if (text >= end || lead < 0x80)
+        return 1;
+    int length = 1;
+    if (GetACP() == kUtf8)
+        length = Utf8Length(lead);
+    else if (IsDBCSLeadByte(lead))
+        length = 2;
+    return std::min(length, static_cast<int>(end - text));
+}
+
+bool EqualNoCase(std::string_view left, std::string_view right)
+{
+    return left.size() == right.size() &&
+           std::equal(left.begin(), left.end(), right.begin(),
+                      [](char a, char b) { return LowerAscii(a) == LowerAscii(b); });
+}
+
+CString CString::FromWide(const WCHAR* text, int length)
+{
+    const auto* wide = reinterpret_cast<LPCWSTR>(text);
+    CString result;
+    if (!text || length == 0)
+        return result;
+    int size = WideCharToMultiByte(CP_ACP, 0, wide, length, nullptr, 0, nullptr, nullptr);
+    if (size <= 0)
+        return result;
+    result.m_text.resize(Size(size));
+    WideCharToMultiByte(CP_ACP, 0, wide, length, result.m_text.data(), size, nullptr, nullptr);
+    if (length < 0)
+        result.m_text.pop_back();
+    return result;
+}
+
+std::basic_string<WCHAR> CString::ToWide() const
+{
+    const int length = GetLength();
+    if (length == 0)
+        return {};
+    const int size = MultiByteToWideChar(CP_ACP, 0, m_text.data(), length, nullptr, 0);
+    std::basic_string<WCHAR> wide(Size(size), WCHAR());
+    MultiByteToWideChar(CP_ACP, 0, m_text.data(), length, wide.data(), size);
+    return wide;
+}
+
+CString CString::FromUtf8(std::string_view text)
+{
+    if (text.empty())
+        return {};
+    const int length = static_cast<int>(text.size());
+    const int size = MultiByteToWideChar(kUtf8, 0, text.data(), length, nullptr, 0);
+    std::basic_string<WCHAR> wide(Size(size), WCHAR());
+    MultiByteToWideChar(kUtf8, 0, text.data(), length, wide.data(), size);
+    return FromWide(wide.data(), size);
+}
+
+void CString::SetAt(int index, char character)
+{
+    if (index >= 0 && Size(index) < m_text.size())
+        m_text[Size(index)] = character;
+}
+
+LPSTR CString::GetBuffer(int length)
+{
+    if (Size(length) > m_text.size())
+        m_text.resize(Size(length));
+    return m_text.data();
+}
+
+void CString::ReleaseBuffer(int length)
+{
+    const std::size_t size = length < 0 ? std::strlen(m_text.c_str()) : Size(length);
+    m_text.resize(std::min(size, m_text.size()));
+}
+
+CString& CString::operator+=(const CString& text)
+{
+    m_text += text.m_text;
+    return *this;
+}
+
+CString& CString::operator+=(LPCSTR text)
+{
+    if (text)
+        m_text += text;
+    return *this;
+}
+
+CString& CString::operator+=(char character)
+{
+    m_text += character;
+    return *this;
+}
+
+void CString::Append(LPCSTR text, int length)
+{
+    if (text)
+        m_text.append(text, Size(length));
+}
+
+int CString::Compare(LPCSTR other) const { return m_text.compare(other ? other : ""); }
+
+int CString::CompareNoCase(LPCSTR other) const { return lstrcmpiA(m_text.c_str(), other ? other : ""); }
+
+int CString::Find(LPCSTR text, int from) const
+{
+    const std::size_t found = text ? m_text.find(text, Size(from)) : std::string::npos;
+    return found == std::string::npos ? -1 : static_cast<int>(found);
+}
+
+int CString::Find(char character, int from) const
+{
+    const char* start = m_text.data();
+    const char* end = start + m_text.size();
+    for (const char* at = start; at < end; at += CharacterLength(at, end))
+        if (*at == character && at - start >= from)
+            return static_cast<int>(at - start);
+    return -1;
+}
+
+int CString::ReverseFind(char character) const
+{
+    int last = -1;
+    for (int at = Find(character); at >= 0; at = Find(character, at + 1))
+        last = at;
+    return last;
+}
+
+int CString::FindOneOf(LPCSTR set) const
+{
+    const char* start = m_text.data();
+    const char* end = start + m_text.size();
+    for (const char* at = start; set && at < end;) {
+        const int length = CharacterLength(at, end);
+        if (IsOneOf({at, Size(length)}, set))
+            return static_cast<int>(at - start);
+        at += length;
+    }
+    return -1;
+}
+
+CString CString::Left(int count) const { return Mid(0, count); }
+
+CString CString::Right(int count) const
+{
+    const std::size_t kept = std::min(Size(count), m_text.size());
+    return CString(m_text.substr(m_text.size() - kept));
+}
+
+CString CString::Mid(int first) const { return Mid(first, GetLength()); }
+
+CString CString::Mid(int first, int count) const
+{
+    return Size(first) >= m_text.size() ? CString() : CString(m_text.substr(Size(first), Size(count)));
+}
+
+CString& CString::MakeUpper()
+{
+    CharUpperBuffA(m_text.data(), static_cast<DWORD>(m_text.size()));
+    return *this;
+}
+
+CString& CString::MakeLower()
+{
+    CharLowerBuffA(m_text.data(), static_cast<DWORD>(m_text.size()));
+    return *this;
+}
+
+CString& CString::TrimLeft(LPCSTR set)
+{
+    const char* start = m_text.data();
+    const char* end = start + m_text.size();
+    const char* at = start;
+    while (at < end) {
+        const int length = CharacterLength(at, end);
+        if (!IsOneOf({at, Size(length)}, set ? set : kBlanks))
+            break;
+        at += length;
+    }
+    m_text.erase(0, static_cast<std::size_t>(at - start));
+    return *this;
+}
+
+CString& CString::TrimRight(LPCSTR set)
+{
+    const char* start = m_text.data();
+    const char* end = start + m_text.size();
+    const char* keep = start;
+    for (const char* at = start; at < end;) {
+        const int length = CharacterLength(at, end);
+        if (!IsOneOf({at, Size(length)}, set ? set : kBlanks))
+            keep = at + length;
+        at += length;
+    }
+    m_text.resize(static_cast<std::size_t>(keep - start));
+    return *this;
+}
+
+CString& CString::Trim(LPCSTR set) { return TrimRight(set).TrimLeft(set); }
+
+int CString::Replace(LPCSTR from, LPCSTR to)
+{
+    const std::string_view old(from ? from : "");
+    const std::string_view fresh(to ? to : "");
+    if (old.empty())
+        return 0;
+    int count = 0;
+    std::string result;
+    std::size_t start = 0;
+    for (std::size_t at = m_text.find(old); at != std::string::npos; at = m_text.find(old, start), ++count) {
+        result.append(m_text, start, at - start).append(fresh);
+        start = at + old.size();
+    }
+    if (count > 0)
+        m_text = result.append(m_text, start, std::string::npos);
+    return count;
+}
+
+int CString::Remove(char character)
+{
+    const int before = GetLength();
+    std::string kept;
+    const char* end = m_text.data() + m_text.size();
+    for (const char* at = m_text.data(); at < end;) {
+        const int length = CharacterLength(at, end);
+        if (length > 1 || *at != character)
+            kept.append(at, Size(length));
+        at += length;
+    }
+    m_text = std::move(kept);
+    return before - GetLength();
+}
+
+int CString::Insert(int index, LPCSTR text)
+{
+    m_text.insert(std::min(Size(index), m_text.size()), text ? text : "");
+    return GetLength();
+}
+
+int CString::Delete(int index, int count)
+{
+    if (Size(index) < m_text.size())
+        m_text.erase(Size(index), Size(count));
+    return GetLength();
+}
+
+CString CString::Tokenize(LPCSTR separators, int& position) const
+{
+    const std::size_t start = position < 0 ? std::string::npos : m_text.find_first_not_of(separators, Size(position));
+    if (start == std::string::npos) {
+        position = -1;
+        return {};
+    }
+    const std::size_t end = std::min(m_text.find_first_of(separators, start), m_text.size());
+    position = static_cast<int>(end);
+    return CString(m_text.substr(start, end - start));
+}
+
+void CString::FormatV(LPCSTR format, va_list arguments)
+{
+    va_list again;
+    va_copy(again, arguments);
+    const int length = std::vsnprintf(nullptr, 0, format, arguments);
+    std::string text(Size(length), '\0');
+    std::vsnprintf(text.data(), text.size() + 1, format, again);
+    va_end(again);
+    m_text = std::move(text);
+}
+
+void CString::Format(LPCSTR format, ...)
+{
+    va_list arguments;
+    va_start(arguments, format);
+    FormatV(format, arguments);
+    va_end(arguments);
+}
+
+void CString::AppendFormat(LPCSTR format, ...)
+{
+    CString addition;
+    va_list arguments;
+    va_start(arguments, format);
+    addition.FormatV(format, arguments);
+    va_end(arguments);
+    m_text += addition.m_text;
+}

@@ -1,0 +1,252 @@
+#include "native/kernel/code_pages.h"
+
+#include <iconv.h>
+#include <langinfo.h>
+#include <locale.h>
+
+#include <algorithm>
+#include <cstring>
+#include <map>
+#include <utility>
+
+namespace qvui::native {
+namespace {
+
+struct CodePageName {
+    UINT codePage;
+    const char* name;
+};
+
+// Code pages under the converter's names; numbers that are not here are tried as "CP" and the number.
+constexpr CodePageName kNames[] = {
+    {1200, "UTF-16LE"},      {1201, "UTF-16BE"},      {12000, "UTF-32LE"},     {12001, "UTF-32BE"},
+    {20127, "ASCII"},        {20866, "KOI8-R"},       {21866, "KOI8-U"},       {20932, "EUC-JP"},
+    {28591, "ISO-8859-1"},   {28592, "ISO-8859-2"},   {28593, "ISO-8859-3"},   {28594, "ISO-8859-4"},
+    {28595, "ISO-8859-5"},   {28596, "ISO-8859-6"},   {28597, "ISO-8859-7"},   {28598, "ISO-8859-8"},
+    {28599, "ISO-8859-9"},   {28603, "ISO-8859-13"},  {28605, "ISO-8859-15"},  {932, "CP932"},
+    {936, "GBK"},            {949, "UHC"},            {950, "BIG5"},           {50220, "ISO-2022-JP"},
+    {50225, "ISO-2022-KR"},  {51932, "EUC-JP"},       {51936, "EUC-CN"},       {51949, "EUC-KR"},
+    {52936, "HZ"},           {54936, "GB18030"},      {65000, "UTF-7"},        {65001, "UTF-8"},
+};
+
+constexpr UINT kUtf8 = 65001;
+constexpr UINT kAscii = 20127;
+
+std::string NameOf(UINT codePage)
+{
+    for (const CodePageName& entry : kNames)
+        if (entry.codePage == codePage)
+            return entry.name;
+    return "CP" + std::to_string(codePage);
+}
+
+UINT CodePageOf(const std::string& codeset)
+{
+    static constexpr CodePageName kCodesets[] = {
+        {kUtf8, "UTF-8"},      {936, "GBK"},       {936, "GB2312"},     {950, "BIG5"},      {932, "SHIFT_JIS"},
+        {20932, "EUC-JP"},     {949, "EUC-KR"},    {54936, "GB18030"},  {28591, "ISO-8859-1"},
+        {28592, "ISO-8859-2"}, {28605, "ISO-8859-15"}, {1251, "CP1251"}, {1252, "CP1252"}, {20866, "KOI8-R"},
+    };
+    for (const CodePageName& entry : kCodesets)
+        if (codeset == entry.name)
+            return entry.codePage;
+    // The plain "C" locale says ASCII; UTF-8 keeps every text whole there.
+    return kUtf8;
+}
+
+UINT CodePageOfLocale()
+{
+    const locale_t locale = newlocale(LC_CTYPE_MASK, "", nullptr);
+    if (!locale)
+        return kUtf8;
+    const UINT codePage = CodePageOf(nl_langinfo_l(CODESET, locale));
+    freelocale(locale);
+    return codePage;
+}
+
+UINT g_override = 0;
+
+// Converters are expensive to open, so each pair is opened once.
+iconv_t Converter(UINT from, UINT to)
+{
+    static std::map<std::pair<UINT, UINT>, iconv_t> converters;
+    auto [entry, isNew] = converters.try_emplace({from, to}, nullptr);
+    if (isNew)
+        entry->second = iconv_open(NameOf(to).c_str(), NameOf(from).c_str());
+    return entry->second;
+}
+
+bool IsUsable(iconv_t converter) { return converter != reinterpret_cast<iconv_t>(static_cast<INT_PTR>(-1)); }
+
+// Converts all of `input`; `replace(position, rest)` answers an unconvertible position with what stands for it
+// and how many bytes to skip. False when the pair has no converter.
+template <class Replace>
+bool Convert(UINT from, UINT to, std::string_view input, std::string& output, Replace replace)
+{
+    const iconv_t converter = Converter(from, to);
+    if (!IsUsable(converter))
+        return false;
+    iconv(converter, nullptr, nullptr, nullptr, nullptr);
+    char* in = const_cast<char*>(input.data());
+    std::size_t left = input.size();
+    char chunk[4096];
+    while (left > 0) {
+        char* out = chunk;
+        std::size_t room = sizeof chunk;
+        const std::size_t result = iconv(converter, &in, &left, &out, &room);
+        output.append(chunk, sizeof chunk - room);
+        if (result != static_cast<std::size_t>(-1) || errno == E2BIG)
+            continue;
+        std::size_t skip = replace(std::string_view(in, left), output);
+        skip = std::min(skip, left);
+        in += skip;
+        left -= skip;
+        iconv(converter, nullptr, nullptr, nullptr, nullptr);
+    }
+    char* out = chunk;
+    std::size_t room = sizeof chunk;
+    iconv(converter, nullptr, nullptr, &out, &room);
+    output.append(chunk, sizeof chunk - room);
+    return true;
+}
+
+UINT Resolve(UINT codePage) { return codePage == CP_ACP || codePage == 3 || codePage == 1 ? GetACP() : codePage; }
+
+std::string_view Bytes(LPCWSTR wide, std::size_t length)
+{
+    return {reinterpret_cast<const char*>(wide), length * sizeof(WCHAR)};
+}
+
+constexpr bool IsHighSurrogate(WCHAR unit) { return unit >= 0xD800 && unit < 0xDC00; }
+constexpr bool IsLowSurrogate(WCHAR unit) { return unit >= 0xDC00 && unit < 0xE000; }
+
+}  // namespace
+
+void OverrideSystemCodePage(UINT codePage) { g_override = codePage; }
+
+std::string SystemToUtf8(std::string_view text)
+{
+    std::string result;
+    const UINT system = GetACP();
+    if (system == kUtf8 || text.empty())
+        return std::string(text);
+    Convert(system, kUtf8, text, result, [](std::string_view, std::string& out) {
+        out += "\xEF\xBF\xBD";
+        return std::size_t{1};
+    });
+    return result;
+}
+
+std::string Utf8ToSystem(std::string_view text)
+{
+    std::string result;
+    const UINT system = GetACP();
+    if (system == kUtf8 || text.empty())
+        return std::string(text);
+    Convert(kUtf8, system, text, result, [](std::string_view rest, std::string& out) {
+        out += '?';
+        std::size_t length = 1;
+        while (length < rest.size() && (static_cast<unsigned char>(rest[length]) & 0xC0) == 0x80)
+            ++length;
+        return length;
+    });
+    return result;
+}
+
+}  // namespace qvui::native
+
+using namespace qvui::native;
+
+UINT GetACP()
+{
+    static const UINT fromLocale = CodePageOfLocale();
+    return g_override ? g_override : fromLocale;
+}
+
+BOOL IsValidCodePage(UINT codePage) { return IsUsable(Converter(Resolve(codePage), 1200)); }
+
+int MultiByteToWideChar(UINT codePage, DWORD flags, LPCSTR text, int length, LPWSTR wide, int capacity)
+{
+    if (!text || length == 0 || capacity < 0) {
+        SetLastError(ERROR_INVALID_PARAMETER);
+        return 0;
+    }
+    const std::size_t size = length < 0 ? std::strlen(text) + 1 : static_cast<std::size_t>(length);
+    codePage = Resolve(codePage);
+    std::string units;
+    bool invalid = false;
+    const WCHAR replacement = codePage == kUtf8 ? 0xFFFD : (codePage == kAscii ? 0xFFFD : u'?');
+    const bool known = Convert(codePage, 1200, {text, size}, units, [&](std::string_view, std::string& out) {
+        invalid = true;
+        out.append(Bytes(&replacement, 1));
+        return std::size_t{1};
+    });
+    if (!known || (invalid && (flags & MB_ERR_INVALID_CHARS))) {
+        SetLastError(known ? ERROR_NO_UNICODE_TRANSLATION : ERROR_INVALID_PARAMETER);
+        return 0;
+    }
+    const int count = static_cast<int>(units.size() / sizeof(WCHAR));
+    if (capacity == 0)
+        return count;
+    if (count > capacity) {
+        SetLastError(ERROR_INSUFFICIENT_BUFFER);
+        return 0;
+    }
+    std::memcpy(wide, units.data(), units.size());
+    return count;
+}
+
+int WideCharToMultiByte(UINT codePage, DWORD, LPCWSTR wide, int length, LPSTR text, int capacity,
+                        LPCSTR defaultCharacter, BOOL* usedDefault)
+{
+    if (!wide || length == 0 || capacity < 0) {
+        SetLastError(ERROR_INVALID_PARAMETER);
+        return 0;
+    }
+    std::size_t size = static_cast<std::size_t>(length);
+    if (length < 0)
+        for (size = 1; wide[size - 1]; ++size) {
+        }
+    codePage = Resolve(codePage);
+    std::string bytes;
+    bool replaced = false;
+    const char* substitute = codePage == kUtf8 ? "\xEF\xBF\xBD" : defaultCharacter ? defaultCharacter : "?";
+    const bool known = Convert(1200, codePage, Bytes(wide, size), bytes, [&](std::string_view rest, std::string& out) {
+        replaced = true;
+        out += substitute;
+        WCHAR pair[2] = {};
+        std::memcpy(pair, rest.data(), std::min(rest.size(), sizeof pair));
+        return IsHighSurrogate(pair[0]) && IsLowSurrogate(pair[1]) ? sizeof pair : sizeof(WCHAR);
+    });
+    if (usedDefault)
+        *usedDefault = replaced && codePage != kUtf8;
+    if (!known) {
+        SetLastError(ERROR_INVALID_PARAMETER);
+        return 0;
+    }
+    if (capacity == 0)
+        return static_cast<int>(bytes.size());
+    if (bytes.size() > static_cast<std::size_t>(capacity)) {
+        SetLastError(ERROR_INSUFFICIENT_BUFFER);
+        return 0;
+    }
+    std::memcpy(text, bytes.data(), bytes.size());
+    return static_cast<int>(bytes.size());
+}
+
+BOOL IsDBCSLeadByteEx(UINT codePage, BYTE byte)
+{
+    switch (Resolve(codePage)) {
+    case 932:
+        return (byte >= 0x81 && byte <= 0x9F) || (byte >= 0xE0 && byte <= 0xFC);
+    case 936:
+    case 949:
+    case 950:
+    case 54936:
+        return byte >= 0x81 && byte <= 0xFE;
+    default:
+        return FALSE;
+    }
+}
+
+BOOL IsDBCSLeadByte(BYTE byte) { return IsDBCSLeadByteEx(CP_ACP, byte); }

@@ -1,0 +1,130 @@
+// Files under platform paths: either separator, and letter case as the author of a skin happened to write it.
+
+#include <dirent.h>
+
+#include <algorithm>
+#include <cstdio>
+#include <memory>
+#include <string>
+
+#include <qvui/platform/cstring.h>
+#include <qvui/platform/file.h>
+
+#include "native/core/handle_table.h"
+#include "native/kernel/code_pages.h"
+#include "native/kernel/files.h"
+
+namespace qvui::native {
+namespace {
+
+struct CloseDirectory {
+    void operator()(DIR* directory) const { closedir(directory); }
+};
+
+// The entry of `folder` whose name differs from `name` at most in letter case; empty when there is none.
+std::string MatchingEntry(const std::string& folder, const std::string& name)
+{
+    const std::unique_ptr<DIR, CloseDirectory> directory(opendir(folder.empty() ? "." : folder.c_str()));
+    while (const dirent* entry = directory ? readdir(directory.get()) : nullptr)
+        if (EqualNoCase(entry->d_name, name))
+            return entry->d_name;
+    return {};
+}
+
+bool Exists(const std::string& path)
+{
+    std::FILE* file = std::fopen(path.c_str(), "rb");
+    if (file)
+        std::fclose(file);
+    return file != nullptr;
+}
+
+}  // namespace
+
+std::string LocalPath(const char* path)
+{
+    std::string local = SystemToUtf8(path ? path : "");
+    std::replace(local.begin(), local.end(), '\\', '/');
+    return local;
+}
+
+std::string ExistingPath(const char* path)
+{
+    const std::string wanted = LocalPath(path);
+    if (wanted.empty() || Exists(wanted))
+        return wanted;
+    std::string found = wanted[0] == '/' ? "/" : "";
+    for (std::size_t start = found.size(); start < wanted.size();) {
+        const std::size_t end = std::min(wanted.find('/', start), wanted.size());
+        const std::string part = wanted.substr(start, end - start);
+        start = end + 1;
+        if (part.empty() || part == ".")
+            continue;
+        const std::string entry = part == ".." ? part : MatchingEntry(found, part);
+        if (entry.empty())
+            return wanted;
+        if (!found.empty() && found.back() != '/')
+            found += '/';
+        found += entry;
+    }
+    return found;
+}
+
+}  // namespace qvui::native
+
+using namespace qvui::native;
+
+std::FILE* OpenPlatformFile(const char* path, const char* mode)
+{
+    const bool reads = mode && mode[0] == 'r';
+    return std::fopen((reads ? ExistingPath(path) : LocalPath(path)).c_str(), mode);
+}
+
+namespace {
+
+struct File {
+    explicit File(std::FILE* opened) : stream(opened) {}
+    File(const File&) = delete;
+    File& operator=(const File&) = delete;
+    ~File() { std::fclose(stream); }
+    std::FILE* stream;
+};
+
+HandleTable<File, 2>& Files()
+{
+    static HandleTable<File, 2> files;
+    return files;
+}
+
+}  // namespace
+
+HANDLE CreateFileA(LPCSTR path, DWORD access, DWORD, void*, DWORD disposition, DWORD, HANDLE)
+{
+    const bool writes = (access & GENERIC_WRITE) != 0;
+    std::FILE* stream = OpenPlatformFile(path, !writes ? "rb" : disposition == CREATE_ALWAYS ? "wb+" : "rb+");
+    if (!stream) {
+        SetLastError(ERROR_FILE_NOT_FOUND);
+        return INVALID_HANDLE_VALUE;
+    }
+    return Files().Insert(std::make_shared<File>(stream));
+}
+
+BOOL ReadFile(HANDLE file, LPVOID buffer, DWORD size, DWORD* read, void*)
+{
+    const File* opened = Files().Peek(file);
+    const std::size_t count = opened ? std::fread(buffer, 1, size, opened->stream) : 0;
+    if (read)
+        *read = static_cast<DWORD>(count);
+    return opened && !std::ferror(opened->stream);
+}
+
+BOOL WriteFile(HANDLE file, LPCVOID buffer, DWORD size, DWORD* written, void*)
+{
+    const File* opened = Files().Peek(file);
+    const std::size_t count = opened ? std::fwrite(buffer, 1, size, opened->stream) : 0;
+    if (written)
+        *written = static_cast<DWORD>(count);
+    return opened && count == size;
+}
+
+BOOL CloseHandle(HANDLE file) { return Files().Remove(file) != nullptr; }
