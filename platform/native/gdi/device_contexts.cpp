@@ -1,0 +1,348 @@
+// Opening, selecting, saving and clipping device contexts.
+
+#include "native/gdi/device_context.h"
+
+#include <algorithm>
+
+#include "native/core/live_counts.h"
+
+namespace qvui::native {
+namespace {
+
+HandleTable<DeviceContext, 5>& Contexts()
+{
+    static HandleTable<DeviceContext, 5> contexts;
+    return contexts;
+}
+
+[[maybe_unused]] const bool g_counted =
+    RegisterLiveCount(&LiveCounts::deviceContexts, [] { return Contexts().LiveCount(); });
+
+RECT BoundsOf(const Surface& surface) { return {0, 0, surface.width, surface.height}; }
+
+}  // namespace
+
+DeviceContext::DeviceContext(std::shared_ptr<Surface> target, POINT originInSurface, Region visibleRegion)
+    : m_target(std::move(target)), m_origin(originInSurface), m_visible(std::move(visibleRegion))
+{
+    state.brush = static_cast<HBRUSH>(GetStockObject(WHITE_BRUSH));
+    state.brushObject = FindGdiObject<BrushObject>(state.brush);
+    state.pen = static_cast<HPEN>(GetStockObject(BLACK_PEN));
+    state.penObject = FindGdiObject<PenObject>(state.pen);
+    state.font = static_cast<HFONT>(GetStockObject(SYSTEM_FONT));
+    state.fontObject = GdiObjects().Find(state.font);
+}
+
+void DeviceContext::Retarget(std::shared_ptr<Surface> target)
+{
+    m_target = std::move(target);
+    m_visible = Region(BoundsOf(*m_target));
+    m_drawable.reset();
+}
+
+const Region& DeviceContext::Drawable()
+{
+    if (!m_drawable) {
+        m_drawable = m_visible;
+        if (state.clip)
+            m_drawable->Intersect(*state.clip);
+        m_drawable->Offset(m_origin.x, m_origin.y);
+        m_drawable->Intersect(Region(BoundsOf(*m_target)));
+    }
+    return *m_drawable;
+}
+
+RECT DeviceContext::VisibleBounds() const { return m_visible.Bounds(); }
+
+void DeviceContext::SetClip(std::optional<Region> clip)
+{
+    state.clip = std::move(clip);
+    m_drawable.reset();
+}
+
+RECT DeviceContext::ToSurface(const RECT& rect) const
+{
+    const POINT first = ToSurface(rect.left, rect.top);
+    const POINT last = ToSurface(rect.right, rect.bottom);
+    return {first.x, first.y, last.x, last.y};
+}
+
+HDC OpenDeviceContext(std::shared_ptr<Surface> target, POINT origin, Region visible)
+{
+    return static_cast<HDC>(
+        Contexts().Insert(std::make_shared<DeviceContext>(std::move(target), origin, std::move(visible))));
+}
+
+void CloseDeviceContext(HDC dc)
+{
+    if (const auto context = Contexts().Remove(dc); context && context->bitmapObject)
+        context->bitmapObject->selectedInto = nullptr;
+}
+
+DeviceContext* LookUpContext(HDC dc) { return Contexts().Peek(dc); }
+
+}  // namespace qvui::native
+
+using namespace qvui::native;
+
+HDC CreateCompatibleDC(HDC)
+{
+    // Until a bitmap is selected a memory context holds a single pixel.
+    const HDC dc = OpenDeviceContext(Surface::Create(1, 1, 32, false), {0, 0}, Region(RECT{0, 0, 1, 1}));
+    LookUpContext(dc)->isMemory = true;
+    return dc;
+}
+
+BOOL DeleteDC(HDC dc)
+{
+    const DeviceContext* context = LookUpContext(dc);
+    if (!context || !context->isMemory)
+        return FALSE;
+    CloseDeviceContext(dc);
+    return TRUE;
+}
+
+int SaveDC(HDC dc)
+{
+    DeviceContext* context = LookUpContext(dc);
+    if (!context)
+        return 0;
+    context->saved.push_back(context->state);
+    return static_cast<int>(context->saved.size());
+}
+
+BOOL RestoreDC(HDC dc, int level)
+{
+    DeviceContext* context = LookUpContext(dc);
+    if (!context)
+        return FALSE;
+    const int depth = static_cast<int>(context->saved.size());
+    const int target = level < 0 ? depth + level : level - 1;
+    if (target < 0 || target >= depth)
+        return FALSE;
+    const HBITMAP bitmap = context->saved[static_cast<std::size_t>(target)].bitmap;
+    if (bitmap != context->state.bitmap)
+        SelectObject(dc, bitmap);
+    context->state = context->saved[static_cast<std::size_t>(target)];
+    context->saved.resize(static_cast<std::size_t>(target));
+    context->SetClip(context->state.clip);
+    return TRUE;
+}
+
+namespace {
+
+HGDIOBJ SelectBitmap(HDC dc, DeviceContext& context, HBITMAP handle, std::shared_ptr<BitmapObject> bitmap)
+{
+    // A bitmap belongs to one memory context at a time.
+    if (!context.isMemory || (bitmap->selectedInto && bitmap->selectedInto != dc && LookUpContext(bitmap->selectedInto)))
+        return nullptr;
+    static const HBITMAP kPlaceholder = CreateBitmap(1, 1, 1, 32, nullptr);
+    const HBITMAP previous = context.state.bitmap ? context.state.bitmap : kPlaceholder;
+    if (context.bitmapObject)
+        context.bitmapObject->selectedInto = nullptr;
+    if (handle == kPlaceholder) {
+        context.bitmapObject.reset();
+        context.state.bitmap = nullptr;
+        context.Retarget(Surface::Create(1, 1, 32, false));
+        return previous;
+    }
+    bitmap->selectedInto = dc;
+    context.state.bitmap = handle;
+    context.Retarget(bitmap->surface);
+    context.bitmapObject = std::move(bitmap);
+    return previous;
+}
+
+}  // namespace
+
+HGDIOBJ SelectObject(HDC dc, HGDIOBJ object)
+{
+    DeviceContext* context = LookUpContext(dc);
+    const std::shared_ptr<GdiObject> found = GdiObjects().Find(object);
+    if (!context || !found)
+        return nullptr;
+    switch (found->kind) {
+    case GdiKind::Bitmap:
+        return SelectBitmap(dc, *context, static_cast<HBITMAP>(object), std::static_pointer_cast<BitmapObject>(found));
+    case GdiKind::Brush:
+        context->state.brushObject = std::static_pointer_cast<BrushObject>(found);
+        return std::exchange(context->state.brush, static_cast<HBRUSH>(object));
+    case GdiKind::Pen:
+        context->state.penObject = std::static_pointer_cast<PenObject>(found);
+        return std::exchange(context->state.pen, static_cast<HPEN>(object));
+    case GdiKind::Font:
+        context->state.fontObject = found;
+        return std::exchange(context->state.font, static_cast<HFONT>(object));
+    case GdiKind::Region:
+        return reinterpret_cast<HGDIOBJ>(static_cast<INT_PTR>(SelectClipRgn(dc, static_cast<HRGN>(object))));
+    }
+    return nullptr;
+}
+
+int GetDeviceCaps(HDC, int index)
+{
+    switch (index) {
+    case BITSPIXEL:
+        return 32;
+    case LOGPIXELSX:
+    case LOGPIXELSY:
+        return 96;
+    default:
+        return 0;
+    }
+}
+
+// --- clipping -----------------------------------------------------------------------------------------------
+
+int SelectClipRgn(HDC dc, HRGN region) { return ExtSelectClipRgn(dc, region, RGN_COPY); }
+
+int ExtSelectClipRgn(HDC dc, HRGN region, int mode)
+{
+    DeviceContext* context = LookUpContext(dc);
+    if (!context)
+        return ERROR;
+    const auto shape = FindGdiObject<RegionObject>(region);
+    if (!shape) {
+        if (region || mode != RGN_COPY)
+            return ERROR;
+        context->SetClip(std::nullopt);
+        return SIMPLEREGION;
+    }
+    Region clip = shape->region;
+    if (mode != RGN_COPY) {
+        Region old = context->state.clip.value_or(Region(context->VisibleBounds()));
+        switch (mode) {
+        case RGN_AND:
+            if (context->state.clip)
+                clip.Intersect(old);
+            break;
+        case RGN_OR:
+            clip.Unite(old);
+            break;
+        case RGN_XOR:
+            clip.ExclusiveOr(old);
+            break;
+        case RGN_DIFF:
+            old.Subtract(clip);
+            clip = old;
+            break;
+        default:
+            return ERROR;
+        }
+    }
+    const int complexity = clip.Complexity();
+    context->SetClip(std::move(clip));
+    return complexity;
+}
+
+namespace {
+
+int CombineClip(HDC dc, const RECT& logical, int mode)
+{
+    const DeviceContext* context = LookUpContext(dc);
+    if (!context)
+        return ERROR;
+    RECT rect = Normalised(logical);
+    OffsetRect(&rect, context->state.viewport.x, context->state.viewport.y);
+    const HRGN region = CreateRectRgnIndirect(&rect);
+    const int result = ExtSelectClipRgn(dc, region, mode);
+    DeleteObject(region);
+    return result;
+}
+
+}  // namespace
+
+int IntersectClipRect(HDC dc, int left, int top, int right, int bottom)
+{
+    return CombineClip(dc, {left, top, right, bottom}, RGN_AND);
+}
+
+int ExcludeClipRect(HDC dc, int left, int top, int right, int bottom)
+{
+    return CombineClip(dc, {left, top, right, bottom}, RGN_DIFF);
+}
+
+int GetClipBox(HDC dc, RECT* box)
+{
+    DeviceContext* context = LookUpContext(dc);
+    if (!context)
+        return ERROR;
+    const Region& drawable = context->Drawable();
+    *box = drawable.Bounds();
+    if (!drawable.IsEmpty())
+        OffsetRect(box, -context->Origin().x - context->state.viewport.x,
+                   -context->Origin().y - context->state.viewport.y);
+    return drawable.Complexity();
+}
+
+int GetClipRgn(HDC dc, HRGN region)
+{
+    const DeviceContext* context = LookUpContext(dc);
+    const auto target = FindGdiObject<RegionObject>(region);
+    if (!context || !target)
+        return -1;
+    if (!context->state.clip)
+        return 0;
+    target->region = *context->state.clip;
+    return 1;
+}
+
+BOOL RectVisible(HDC dc, const RECT* rect)
+{
+    DeviceContext* context = LookUpContext(dc);
+    return context && context->Drawable().Meets(context->ToSurface(*rect));
+}
+
+// --- plain state --------------------------------------------------------------------------------------------
+
+namespace {
+
+template <class Value>
+Value Exchange(HDC dc, Value ContextState::*field, Value value, Value failure)
+{
+    DeviceContext* context = LookUpContext(dc);
+    return context ? std::exchange(context->state.*field, value) : failure;
+}
+
+template <class Value>
+Value Read(HDC dc, Value ContextState::*field, Value failure)
+{
+    const DeviceContext* context = LookUpContext(dc);
+    return context ? context->state.*field : failure;
+}
+
+BOOL ExchangePoint(HDC dc, POINT ContextState::*field, POINT value, POINT* previous)
+{
+    DeviceContext* context = LookUpContext(dc);
+    if (!context)
+        return FALSE;
+    const POINT old = std::exchange(context->state.*field, value);
+    if (previous)
+        *previous = old;
+    return TRUE;
+}
+
+}  // namespace
+
+COLORREF SetBkColor(HDC dc, COLORREF colour) { return Exchange(dc, &ContextState::backColour, colour, CLR_INVALID); }
+COLORREF GetBkColor(HDC dc) { return Read(dc, &ContextState::backColour, CLR_INVALID); }
+int SetBkMode(HDC dc, int mode) { return Exchange(dc, &ContextState::backMode, mode, 0); }
+int GetBkMode(HDC dc) { return Read(dc, &ContextState::backMode, 0); }
+COLORREF SetTextColor(HDC dc, COLORREF colour) { return Exchange(dc, &ContextState::textColour, colour, CLR_INVALID); }
+COLORREF GetTextColor(HDC dc) { return Read(dc, &ContextState::textColour, CLR_INVALID); }
+int SetStretchBltMode(HDC dc, int mode) { return Exchange(dc, &ContextState::stretchMode, mode, 0); }
+int GetStretchBltMode(HDC dc) { return Read(dc, &ContextState::stretchMode, 0); }
+BOOL SetBrushOrgEx(HDC dc, int x, int y, POINT* previous)
+{
+    return ExchangePoint(dc, &ContextState::brushOrigin, {x, y}, previous);
+}
+BOOL SetViewportOrgEx(HDC dc, int x, int y, POINT* previous)
+{
+    return ExchangePoint(dc, &ContextState::viewport, {x, y}, previous);
+}
+BOOL MoveToEx(HDC dc, int x, int y, POINT* previous)
+{
+    if (DeviceContext* context = LookUpContext(dc))
+        context->state.dashPhase = 0;
+    return ExchangePoint(dc, &ContextState::position, {x, y}, previous);
+}

@@ -1,0 +1,89 @@
+#pragma once
+
+#include <memory>
+
+#include "native/core/handle_table.h"
+#include "native/gdi/region.h"
+#include "native/gdi/surface.h"
+
+namespace qvui::native {
+
+enum class GdiKind { Bitmap, Brush, Pen, Font, Region };
+
+/// What a GDI handle names. A context holds shares of what is selected into it, so an object may be deleted
+/// while it is selected.
+class GdiObject {
+public:
+    explicit GdiObject(GdiKind objectKind) : kind(objectKind) {}
+    virtual ~GdiObject() = default;
+    /// Answers GetObjectA: fills in at most `size` bytes; the bytes written, or the record's size without a buffer.
+    virtual int Describe(int size, void* buffer) const;
+
+    const GdiKind kind;
+    bool isStock = false;
+};
+
+struct BitmapObject : GdiObject {
+    BitmapObject(std::shared_ptr<Surface> pixels, bool section)
+        : GdiObject(GdiKind::Bitmap), surface(std::move(pixels)), isSection(section)
+    {
+    }
+    int Describe(int size, void* buffer) const override;
+
+    std::shared_ptr<Surface> surface;
+    bool isSection;
+    HDC selectedInto = nullptr;
+};
+
+struct BrushObject : GdiObject {
+    BrushObject() : GdiObject(GdiKind::Brush) {}
+
+    bool isNull = false;
+    COLORREF colour = 0;
+    std::shared_ptr<Surface> pattern;
+};
+
+struct PenObject : GdiObject {
+    PenObject(int penStyle, int penWidth, COLORREF penColour)
+        : GdiObject(GdiKind::Pen), style(penStyle), width(penWidth), colour(penColour)
+    {
+    }
+
+    int style;
+    int width;
+    COLORREF colour;
+};
+
+struct RegionObject : GdiObject {
+    explicit RegionObject(Region shape) : GdiObject(GdiKind::Region), region(std::move(shape)) {}
+
+    Region region;
+};
+
+HandleTable<GdiObject, 4>& GdiObjects();
+
+/// The handle of a new object.
+HGDIOBJ AddGdiObject(std::shared_ptr<GdiObject> object);
+
+/// The object of a handle when it has the wanted class, else null.
+template <class Object>
+std::shared_ptr<Object> FindGdiObject(const void* handle)
+{
+    return std::dynamic_pointer_cast<Object>(GdiObjects().Find(handle));
+}
+
+/// A colour as an opaque-looking pixel whose alpha byte is 0, as solid drawing writes it.
+constexpr std::uint32_t PixelOf(COLORREF colour)
+{
+    return (static_cast<std::uint32_t>(GetRValue(colour)) << 16) |
+           (static_cast<std::uint32_t>(GetGValue(colour)) << 8) | GetBValue(colour);
+}
+constexpr COLORREF ColourOf(std::uint32_t pixel)
+{
+    return RGB(static_cast<int>(pixel >> 16), static_cast<int>(pixel >> 8), static_cast<int>(pixel));
+}
+
+/// A stock font's handle; null for an index that is no font.
+HGDIOBJ StockFont(int index);
+
+}  // namespace qvui::native

@@ -1,0 +1,61 @@
+#pragma once
+
+#include <pixman.h>
+
+#include <span>
+#include <utility>
+#include <vector>
+
+#include <qvui/platform/native/gdi.h>
+
+namespace qvui::native {
+
+/// A set of pixels as a list of rectangles; a value.
+class Region {
+public:
+    Region() { pixman_region32_init(&m_region); }
+    explicit Region(const RECT& rect);
+    Region(const Region& other) : Region() { pixman_region32_copy(&m_region, Raw(other)); }
+    Region(Region&& other) noexcept : Region() { std::swap(m_region, other.m_region); }
+    Region& operator=(Region other) noexcept
+    {
+        std::swap(m_region, other.m_region);
+        return *this;
+    }
+    ~Region() { pixman_region32_fini(&m_region); }
+
+    /// The union of many rectangles at once.
+    static Region Of(std::span<const RECT> rects);
+    /// The pixels of a rectangle whose corners are quarters of an ellipse of the given size.
+    static Region RoundRect(const RECT& rect, int width, int height);
+
+    void Intersect(const Region& other) { pixman_region32_intersect(&m_region, &m_region, Raw(other)); }
+    void Unite(const Region& other) { pixman_region32_union(&m_region, &m_region, Raw(other)); }
+    void Subtract(const Region& other) { pixman_region32_subtract(&m_region, &m_region, Raw(other)); }
+    void ExclusiveOr(const Region& other);
+    void Offset(int x, int y) { pixman_region32_translate(&m_region, x, y); }
+
+    bool IsEmpty() const { return !pixman_region32_not_empty(Raw(*this)); }
+    bool Contains(int x, int y) const { return pixman_region32_contains_point(Raw(*this), x, y, nullptr); }
+    bool Meets(const RECT& rect) const;
+    bool operator==(const Region& other) const { return pixman_region32_equal(Raw(*this), Raw(other)); }
+    RECT Bounds() const;
+    /// NULLREGION, SIMPLEREGION or COMPLEXREGION.
+    int Complexity() const;
+    std::span<const pixman_box32_t> Boxes() const;
+
+private:
+    static pixman_region32_t* Raw(const Region& region) { return const_cast<pixman_region32_t*>(&region.m_region); }
+
+    pixman_region32_t m_region;
+};
+
+RECT Normalised(RECT rect);
+bool IsEmptyRect(const RECT& rect);
+RECT Intersection(const RECT& first, const RECT& second);
+
+/// How far each row of a rounded corner, from the corner's outer row inwards, is set in from the straight
+/// edge, for an ellipse inscribed in a box of width × height pixels. Empty for square corners.
+std::vector<int> CornerInsets(int width, int height);
+
+}  // namespace qvui::native
