@@ -83,6 +83,9 @@ constexpr COLORREF ColourOf(std::uint32_t pixel)
     return RGB(static_cast<int>(pixel >> 16), static_cast<int>(pixel >> 8), static_cast<int>(pixel));
 }
 
+/// Leaves one more stock object out of the live count.
+void CountStockObject();
+
 /// A stock font's handle; null for an index that is no font.
 HGDIOBJ StockFont(int index);
 

@@ -51,6 +51,8 @@ HandleTable<GdiObject, 4>& GdiObjects()
 
 HGDIOBJ AddGdiObject(std::shared_ptr<GdiObject> object) { return GdiObjects().Insert(std::move(object)); }
 
+void CountStockObject() { ++g_stockCount; }
+
 int GdiObject::Describe(int, void*) const { return 0; }
 
 int BitmapObject::Describe(int size, void* buffer) const

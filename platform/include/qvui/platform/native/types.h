@@ -12,6 +12,8 @@
 #define CALLBACK
 #define APIENTRY
 #define STDMETHODCALLTYPE
+#undef TRUE
+#undef FALSE
 #define TRUE 1
 #define FALSE 0
 

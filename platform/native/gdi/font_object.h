@@ -1,0 +1,64 @@
+#pragma once
+
+#include <pango/pango.h>
+
+#include <list>
+#include <map>
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include <qvui/platform/native/text.h>
+
+#include "native/gdi/device_context.h"
+
+namespace qvui::native {
+
+struct UnrefObject {
+    void operator()(void* object) const { g_object_unref(object); }
+};
+struct FreeDescription {
+    void operator()(PangoFontDescription* description) const { pango_font_description_free(description); }
+};
+
+/// One line of text, shaped once. Positions are byte offsets into the UTF-8 text, widths pixels.
+struct ShapedLine {
+    std::unique_ptr<PangoLayout, UnrefObject> layout;
+    /// The width of the text before each byte offset, one more entry than bytes.
+    std::vector<int> widths;
+
+    int Width() const { return widths.back(); }
+};
+
+/// A font: its description, its metrics, and the lines shaped with it lately.
+class FontObject : public GdiObject {
+public:
+    explicit FontObject(const LOGFONTA& description);
+    ~FontObject() override;
+    int Describe(int size, void* buffer) const override;
+
+    const LOGFONTA& Description() const { return m_description; }
+    const TEXTMETRICA& Metrics();
+    /// The shaped line of a UTF-8 text without line breaks; valid until the next call on this font.
+    const ShapedLine& Shape(std::string_view utf8);
+
+private:
+    void Load();
+
+    LOGFONTA m_description;
+    TEXTMETRICA m_metrics{};
+    bool m_isLoaded = false;
+    std::unique_ptr<PangoFontDescription, FreeDescription> m_font;
+    // Least recently shaped last; the map's keys point into the list.
+    struct Entry {
+        std::string text;
+        ShapedLine line;
+    };
+    std::list<Entry> m_lines;
+    std::map<std::string_view, std::list<Entry>::iterator> m_index;
+};
+
+/// The font selected into a context; never null.
+std::shared_ptr<FontObject> FontOf(const ContextState& state);
+
+}  // namespace qvui::native
