@@ -1,0 +1,130 @@
+#include <qvui/platform/cimage.h>
+
+#include <cstdio>
+#include <utility>
+
+#include <qvui/platform/file.h>
+
+namespace {
+
+// Skins are untrusted: a picture larger than this is taken for a broken file.
+constexpr std::size_t kLargestFile = std::size_t{256} << 20;
+
+int RowBytes(int width, int bitsPerPixel) { return (width * bitsPerPixel + 31) / 32 * 4; }
+
+bool ReadFileBytes(LPCSTR path, std::vector<std::uint8_t>& bytes)
+{
+    std::FILE* file = OpenPlatformFile(path, "rb");
+    if (!file)
+        return false;
+    std::uint8_t chunk[65536];
+    while (const std::size_t count = std::fread(chunk, 1, sizeof chunk, file)) {
+        bytes.insert(bytes.end(), chunk, chunk + count);
+        if (bytes.size() > kLargestFile)
+            break;
+    }
+    const bool isRead = !std::ferror(file) && bytes.size() <= kLargestFile;
+    std::fclose(file);
+    return isRead;
+}
+
+}  // namespace
+
+HRESULT CImage::Load(LPCSTR path)
+{
+    Destroy();
+    std::vector<std::uint8_t> bytes;
+    return ReadFileBytes(path, bytes) ? Adopt(bytes) : E_FAIL;
+}
+
+HRESULT CImage::Load(IStream* stream)
+{
+    Destroy();
+    std::vector<std::uint8_t> bytes;
+    std::uint8_t chunk[65536];
+    ULONG count = 0;
+    while (stream && SUCCEEDED(stream->Read(chunk, sizeof chunk, &count)) && count > 0) {
+        bytes.insert(bytes.end(), chunk, chunk + count);
+        if (bytes.size() > kLargestFile)
+            return E_FAIL;
+    }
+    return Adopt(bytes);
+}
+
+HRESULT CImage::Adopt(const std::vector<std::uint8_t>& file)
+{
+    Decoded image;
+    if (file.empty() || !Decode(file, image) || !Create(image.width, image.height, image.hasAlpha ? 32 : 24))
+        return E_FAIL;
+    const std::uint32_t* pixel = image.pixels.data();
+    const int step = m_bitsPerPixel / 8;
+    for (int y = 0; y < m_height; ++y) {
+        auto* out = static_cast<std::uint8_t*>(GetPixelAddress(0, y));
+        for (int x = 0; x < m_width; ++x, ++pixel, out += step)
+            for (int byte = 0; byte < step; ++byte)
+                out[byte] = static_cast<std::uint8_t>(*pixel >> (8 * byte));
+    }
+    m_hasAlpha = image.hasAlpha;
+    return S_OK;
+}
+
+BOOL CImage::Create(int width, int height, int bitsPerPixel)
+{
+    Destroy();
+    BITMAPINFO info{};
+    info.bmiHeader.biSize = sizeof info.bmiHeader;
+    info.bmiHeader.biWidth = width;
+    info.bmiHeader.biHeight = height;
+    info.bmiHeader.biPlanes = 1;
+    info.bmiHeader.biBitCount = static_cast<WORD>(bitsPerPixel);
+    void* rows = nullptr;
+    if (width <= 0 || height <= 0)
+        return FALSE;
+    m_hBitmap = CreateDIBSection(nullptr, &info, DIB_RGB_COLORS, &rows, nullptr, 0);
+    if (!m_hBitmap)
+        return FALSE;
+    m_pRows = static_cast<std::uint8_t*>(rows);
+    m_width = width;
+    m_height = height;
+    m_bitsPerPixel = bitsPerPixel;
+    return TRUE;
+}
+
+HRESULT CImage::Save(LPCSTR path) const
+{
+    if (IsNull())
+        return E_FAIL;
+    Decoded image{m_width, m_height, m_bitsPerPixel == 32 && m_hasAlpha, {}};
+    image.pixels.reserve(static_cast<std::size_t>(m_width) * static_cast<std::size_t>(m_height));
+    for (int y = 0; y < m_height; ++y)
+        for (int x = 0; x < m_width; ++x) {
+            const auto* pixel = static_cast<const std::uint8_t*>(GetPixelAddress(x, y));
+            const std::uint32_t alpha = image.hasAlpha ? pixel[3] : 255U;
+            image.pixels.push_back(pixel[0] | (static_cast<std::uint32_t>(pixel[1]) << 8) |
+                                   (static_cast<std::uint32_t>(pixel[2]) << 16) | (alpha << 24));
+        }
+    return EncodePng(image, path) ? S_OK : E_FAIL;
+}
+
+void CImage::Destroy()
+{
+    if (m_hBitmap)
+        DeleteObject(m_hBitmap);
+    m_hBitmap = nullptr;
+    m_pRows = nullptr;
+    m_width = m_height = m_bitsPerPixel = 0;
+    m_hasAlpha = FALSE;
+    m_transparent = CLR_INVALID;
+}
+
+int CImage::GetPitch() const { return -RowBytes(m_width, m_bitsPerPixel); }
+
+void* CImage::GetBits() const { return GetPixelAddress(0, 0); }
+
+void* CImage::GetPixelAddress(int x, int y) const
+{
+    const std::ptrdiff_t row = static_cast<std::ptrdiff_t>(m_height - 1 - y) * RowBytes(m_width, m_bitsPerPixel);
+    return m_pRows + row + static_cast<std::ptrdiff_t>(x) * (m_bitsPerPixel / 8);
+}
+
+COLORREF CImage::SetTransparentColor(COLORREF colour) { return std::exchange(m_transparent, colour); }

@@ -1,0 +1,147 @@
+// Cursors, and the few figures of the system.
+
+#include <cstdio>
+
+#include <qvui/platform/file.h>
+
+#include "native/core/live_counts.h"
+#include "native/kernel/cursor_file.h"
+#include "native/user/window.h"
+
+namespace qvui::native {
+namespace {
+
+struct CursorObject {
+    int systemCursor = 0;
+    bool isShared = false;
+    CursorImage image;
+};
+
+HandleTable<CursorObject, 7>& Cursors()
+{
+    static HandleTable<CursorObject, 7> cursors;
+    return cursors;
+}
+
+std::vector<std::pair<int, HCURSOR>>& SystemCursors()
+{
+    static std::vector<std::pair<int, HCURSOR>> cursors;
+    return cursors;
+}
+
+[[maybe_unused]] const bool g_counted = RegisterLiveCount(
+    &LiveCounts::icons, [] { return Cursors().LiveCount() - SystemCursors().size(); });
+
+HCURSOR g_cursor = nullptr;
+
+CursorImage LoadCursorFile(LPCSTR path)
+{
+    constexpr std::size_t kLargestFile = 16 << 20;
+    std::FILE* file = OpenPlatformFile(path, "rb");
+    if (!file)
+        return {};
+    std::vector<std::uint8_t> bytes;
+    std::uint8_t chunk[16384];
+    while (const std::size_t count = std::fread(chunk, 1, sizeof chunk, file)) {
+        bytes.insert(bytes.end(), chunk, chunk + count);
+        if (bytes.size() > kLargestFile)
+            break;
+    }
+    std::fclose(file);
+    return ReadCursorFile(bytes);
+}
+
+std::span<const std::uint8_t> ResourceBytes(HINSTANCE module, LPCSTR name, LPCSTR type)
+{
+    const HRSRC resource = FindResourceA(module, name, type);
+    return {static_cast<const std::uint8_t*>(LockResource(LoadResource(module, resource))), SizeofResource(module, resource)};
+}
+
+CursorImage LoadCursorResource(HINSTANCE module, LPCSTR name)
+{
+    const int first = FirstCursorOfGroup(ResourceBytes(module, name, RT_GROUP_CURSOR));
+    return first ? ReadCursorResource(ResourceBytes(module, MAKEINTRESOURCEA(first), RT_CURSOR)) : CursorImage{};
+}
+
+}  // namespace
+}  // namespace qvui::native
+
+using namespace qvui::native;
+
+HCURSOR LoadCursorA(HINSTANCE module, LPCSTR name)
+{
+    constexpr int kFirst = 32512;
+    constexpr int kLast = 32651;
+    const auto number = static_cast<int>(reinterpret_cast<ULONG_PTR>(name));
+    if (module || !IS_INTRESOURCE(name) || number < kFirst || number > kLast)
+        return nullptr;
+    for (const auto& [known, cursor] : SystemCursors())
+        if (known == number)
+            return cursor;
+    const auto cursor =
+        static_cast<HCURSOR>(Cursors().Insert(std::make_shared<CursorObject>(CursorObject{number, true, {}})));
+    SystemCursors().emplace_back(number, cursor);
+    return cursor;
+}
+
+HANDLE LoadImageA(HINSTANCE module, LPCSTR name, UINT type, int, int, UINT flags)
+{
+    if (type != IMAGE_CURSOR)
+        return nullptr;
+    if (!module && IS_INTRESOURCE(name))
+        return LoadCursorA(nullptr, name);
+    CursorImage image = flags & LR_LOADFROMFILE ? LoadCursorFile(name) : LoadCursorResource(module, name);
+    if (!image.pixels) {
+        SetLastError(ERROR_RESOURCE_DATA_NOT_FOUND);
+        return nullptr;
+    }
+    return Cursors().Insert(std::make_shared<CursorObject>(CursorObject{0, false, std::move(image)}));
+}
+
+BOOL DestroyCursor(HCURSOR cursor)
+{
+    const CursorObject* found = Cursors().Peek(cursor);
+    if (!found)
+        return FALSE;
+    if (!found->isShared)
+        Cursors().Remove(cursor);
+    return TRUE;
+}
+
+HCURSOR SetCursor(HCURSOR cursor)
+{
+    if (cursor == g_cursor)
+        return cursor;
+    const CursorObject* found = Cursors().Peek(cursor);
+    if (found && found->image.pixels)
+        TheDisplay().SetCursorImage(*found->image.pixels, found->image.hotSpot);
+    else
+        TheDisplay().SetCursorShape(found ? found->systemCursor : 0);
+    return std::exchange(g_cursor, cursor);
+}
+
+HCURSOR GetCursor() { return g_cursor; }
+
+int GetSystemMetrics(int index)
+{
+    switch (index) {
+    case SM_CXSCREEN:
+        return TheDisplay().ScreenSize().cx;
+    case SM_CYSCREEN:
+        return TheDisplay().ScreenSize().cy;
+    case SM_CXDOUBLECLK:
+    case SM_CYDOUBLECLK:
+        return 4;
+    default:
+        return 0;
+    }
+}
+
+DWORD GetSysColor(int index)
+{
+    constexpr int kWindow = 5;
+    constexpr int kInfo = 24;
+    if (index == kInfo)
+        return RGB(255, 255, 225);
+    return index == kWindow ? RGB(255, 255, 255) : RGB(240, 240, 240);
+}
