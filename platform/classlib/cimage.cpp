@@ -61,8 +61,8 @@ HRESULT CImage::Adopt(const std::vector<std::uint8_t>& file)
     for (int y = 0; y < m_height; ++y) {
         auto* out = static_cast<std::uint8_t*>(GetPixelAddress(0, y));
         for (int x = 0; x < m_width; ++x, ++pixel, out += step)
-            for (int byte = 0; byte < step; ++byte)
-                out[byte] = static_cast<std::uint8_t>(*pixel >> (8 * byte));
+            for (int channel = 0; channel < step; ++channel)
+                out[channel] = static_cast<std::uint8_t>(*pixel >> (8 * channel));
     }
     m_hasAlpha = image.hasAlpha;
     return S_OK;
