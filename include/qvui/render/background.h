@@ -1,0 +1,107 @@
+#pragma once
+
+#include <qvui/foundation/color.h>
+#include <qvui/render/image_list.h>
+
+namespace DUI {
+
+/// Something that paints a rectangle behind a control or a window.
+class QVUI_API IDUIBkgnd : public CDUIObject {
+public:
+    virtual BOOL IsEmpty() const = 0;
+    virtual void DrawBK(HDC hdc, const RECT& rect) = 0;
+};
+
+/// One colour, or a gradient of two or three.
+class QVUI_API CDUIColorBK : public IDUIBkgnd {
+public:
+    BOOL IsEmpty() const override;
+    void DrawBK(HDC hdc, const RECT& rect) override;
+
+    void SetBKColor(const CARGB& color) { m_color = color; }
+    void SetBKColor(const CARGB& start, const CARGB& end, int vertical);
+    void SetBKColor(const CARGB& start, const CARGB& end, const CARGB& middle, double separator, int vertical);
+    CARGB GetBKColor() const { return m_color; }
+    void GetBKColor(CARGB& start, CARGB& end, int& vertical) const;
+    void GetBKCOlor(CARGB& start, CARGB& end, CARGB& middle, double& separator, int& vertical) const;
+    /// Nonzero: the gradient runs from top to bottom.
+    void SetBKVertical(int vertical) { m_nVertical = vertical; }
+    int GetBKVertical() const { return m_nVertical; }
+    /// Where the middle colour sits: 0 to 1 a fraction of the length, above 1 pixels, below 0 nowhere.
+    void SetBKSepPos(double position) { m_fSepPos = position; }
+    double GetBKSepPos() const { return m_fSepPos; }
+
+    BOOL IsOneColorEmpty() const { return m_color.IsEmpty(); }
+    BOOL IsTwoColorEmpty() const { return m_start.IsEmpty() || m_end.IsEmpty(); }
+    BOOL IsTreeColorEmpty() const { return IsTwoColorEmpty() || m_middle.IsEmpty(); }
+
+private:
+    CARGB m_color;
+    CARGB m_start;
+    CARGB m_end;
+    int m_nVertical = 1;
+    CARGB m_middle;
+    double m_fSepPos = 0.5;
+};
+
+/// Where an image stands: 0 left top, 1 left bottom, 2 right top, 3 right bottom, 4 centre, and offsets inwards.
+struct CFrameBKImagePos {
+    int kind = 0;
+    int x = 0;
+    int y = 0;
+};
+
+/// Colours and an image over them.
+class QVUI_API CDUIColorImageBK : public CDUIColorBK {
+public:
+    BOOL IsEmpty() const override;
+    void DrawBK(HDC hdc, const RECT& rect) override;
+
+    void SetSkinImage(CDUIImageListPtr image) { m_pSkinImage = std::move(image); }
+    CDUIImageListPtr GetSkinImage() const { return m_pSkinImage; }
+    void SetSkinImagePos(const CFrameBKImagePos& position) { m_imagePos = position; }
+    CFrameBKImagePos GetSkinImagePos() const { return m_imagePos; }
+    /// The place of the image's first icon in a rectangle by the image position.
+    RECT GetSkinImageRect(RECT rect) const;
+
+private:
+    CDUIImageListPtr m_pSkinImage;
+    CFrameBKImagePos m_imagePos;
+};
+
+/// A frame style: colours, an image, and a border drawn in a colour or cut from an image.
+class QVUI_API CDUIFrameBK : public CDUIColorImageBK {
+public:
+    BOOL IsEmpty() const override;
+    void DrawBK(HDC hdc, const RECT& rect) override;
+
+    void SetFrameColor(const CARGB& color) { m_frameColor = color; }
+    CARGB GetFrameColor() const { return m_frameColor; }
+    /// Thicknesses of the border's four sides, in pixels.
+    void SetFrameBorder(const RECT& border) { m_rcBorder = border; }
+    RECT GetFrameBorder() const { return m_rcBorder; }
+    /// The size of the ellipse whose quarters round the corners.
+    void SetFrameRound(int width, int height);
+    void GetFrameRound(int& width, int& height) const;
+    void SetFrameImage(CDUIImageListPtr image) { m_pFrameImage = std::move(image); }
+    CDUIImageListPtr GetFrameImage() const { return m_pFrameImage; }
+
+    BOOL IsFrameEmpty() const;
+    BOOL IsColorFrameAvailable() const { return !IsFrameEmpty() && !m_frameColor.IsEmpty(); }
+    BOOL IsImageFrameAvailable() const { return !IsFrameEmpty() && m_pFrameImage && !m_pFrameImage->IsNull(); }
+    /// Shapes a window like the frame: cut from the frame image's magenta, or rounded. FALSE leaves the window.
+    int SetWinFrameRgn(HWND hwnd);
+
+private:
+    void DrawImageFrame(HDC hdc, const RECT& rect);
+    void DrawColorFrame(HDC hdc, const RECT& rect);
+    HRGN CreateImageShape(HWND hwnd, const RECT& client);
+
+    CARGB m_frameColor;
+    RECT m_rcBorder{0, 0, 0, 0};
+    int m_nRoundWidth = 0;
+    int m_nRoundHeight = 0;
+    CDUIImageListPtr m_pFrameImage;
+};
+
+}  // namespace DUI

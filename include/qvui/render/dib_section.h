@@ -1,0 +1,68 @@
+#pragma once
+
+#include <qvui/foundation/color.h>
+#include <qvui/foundation/ref_ptr.h>
+
+namespace DUI {
+
+/// Owns one device-independent bitmap section, rows bottom-up, each padded to 4 bytes. Pixels are blue, green,
+/// red (and alpha); nothing is premultiplied here: what is stored is what was written.
+class QVUI_API CDibSection : public CDUIObject {
+public:
+    CDibSection() = default;
+    CDibSection(const CDibSection& other);
+    CDibSection& operator=(const CDibSection& other);
+    ~CDibSection() override;
+
+    /// Discards any bitmap; FALSE, with the section empty, for a zero size or when there is no memory.
+    BOOL Create(DWORD width, DWORD height, WORD bitCount);
+    /// A copy of a bitmap's pixels, 24 bits deep when less than 24 are asked for, else 32.
+    BOOL Create(HBITMAP bitmap, WORD bitCount);
+
+    BOOL IsNull() const { return m_hBitmap == nullptr; }
+    /// Deletes the bitmap and keeps the header.
+    void DeleteObject();
+    /// Clears every field without deleting anything.
+    void Reset();
+    /// The bitmap, which the caller owns from now on; header and bits are stale until the next Create or Reset.
+    HBITMAP Detach();
+    BOOL CopyTo(CDibSection* dest) const;
+    /// Takes over another section's bitmap and leaves it empty.
+    BOOL Transfer(CDibSection* src);
+    /// A new empty section, and a new copy; both are owned by the caller.
+    CDibSection* NewObject() const;
+    CDibSection* Clone() const;
+
+    HBITMAP GetBitmap() const { return m_hBitmap; }
+    BYTE* GetBits() const { return m_pBits; }
+    DWORD GetLineWidth() const { return m_nLineWidth; }
+    WORD GetBitCount() const { return m_header.biBitCount; }
+    const BITMAPINFOHEADER* GetDibHeader() const { return &m_header; }
+    int GetPixelWidth() const { return m_header.biBitCount / 8; }
+
+    /// The caller keeps x and y inside; row 0 is the top with `fromTop`, else the bottom. Depths other than 24
+    /// and 32 read empty and write nothing.
+    CARGB GetPixel(int x, int y, int fromTop) const;
+    BOOL SetPixel(int x, int y, const CARGB& color, int fromTop);
+
+    /// Each draws the whole image and returns FALSE for an empty section or a null context.
+    BOOL Draw(HDC hdc, int x, int y) const;
+    BOOL Stretch(HDC hdc, const RECT& rect) const;
+    BOOL AlphaBlend(HDC hdc, const RECT& rect, int perPixel, unsigned char alpha);
+    BOOL TransparentBlt(HDC hdc, const RECT& rect, DWORD keyColor);
+
+    /// Writes a .bmp file; TRUE when every byte was written.
+    BOOL SaveAsBmpFile(const char* path) const;
+
+private:
+    std::size_t PixelOffset(int x, int y, int fromTop) const;
+    const BITMAPINFO* Info() const { return reinterpret_cast<const BITMAPINFO*>(&m_header); }
+
+    BITMAPINFOHEADER m_header{};
+    BYTE m_colorEntry[4]{};  // stands right after the header: together they are a BITMAPINFO
+    BYTE* m_pBits = nullptr;
+    DWORD m_nLineWidth = 0;
+    HBITMAP m_hBitmap = nullptr;
+};
+
+}  // namespace DUI

@@ -1,0 +1,252 @@
+#include <qvui/render/background.h>
+
+#include <algorithm>
+
+#include <qvui/render/bitmap_functions.h>
+#include <qvui/render/render_engine.h>
+
+namespace DUI {
+namespace {
+
+int Width(const RECT& rect) { return rect.right - rect.left; }
+int Height(const RECT& rect) { return rect.bottom - rect.top; }
+
+// Clips a context to a region, within the clip region it has, for one scope. A context without one is left
+// alone.
+class RegionClip {
+public:
+    /// Takes ownership of the region.
+    RegionClip(HDC hdc, HRGN region) : m_hDC(hdc), m_hSaved(CreateRectRgn(0, 0, 0, 0))
+    {
+        m_isClipped = GetClipRgn(hdc, m_hSaved) == 1;
+        if (m_isClipped) {
+            CombineRgn(region, region, m_hSaved, RGN_AND);
+            SelectClipRgn(hdc, region);
+        }
+        DeleteObject(region);
+    }
+    RegionClip(const RegionClip&) = delete;
+    RegionClip& operator=(const RegionClip&) = delete;
+    ~RegionClip()
+    {
+        if (m_isClipped)
+            SelectClipRgn(m_hDC, m_hSaved);
+        DeleteObject(m_hSaved);
+    }
+
+private:
+    HDC m_hDC;
+    HRGN m_hSaved;
+    bool m_isClipped = false;
+};
+
+}  // namespace
+
+BOOL CDUIColorBK::IsEmpty() const { return IsOneColorEmpty() && IsTwoColorEmpty(); }
+
+void CDUIColorBK::SetBKColor(const CARGB& start, const CARGB& end, int vertical)
+{
+    m_start = start;
+    m_end = end;
+    m_nVertical = vertical;
+}
+
+void CDUIColorBK::SetBKColor(const CARGB& start, const CARGB& end, const CARGB& middle, double separator, int vertical)
+{
+    SetBKColor(start, end, vertical);
+    m_fSepPos = separator;
+    m_middle = middle;
+}
+
+void CDUIColorBK::GetBKColor(CARGB& start, CARGB& end, int& vertical) const
+{
+    start = m_start;
+    end = m_end;
+    vertical = m_nVertical;
+}
+
+void CDUIColorBK::GetBKCOlor(CARGB& start, CARGB& end, CARGB& middle, double& separator, int& vertical) const
+{
+    GetBKColor(start, end, vertical);
+    middle = m_middle;
+    separator = m_fSepPos;
+}
+
+void CDUIColorBK::DrawBK(HDC hdc, const RECT& rect)
+{
+    if (!IsTreeColorEmpty()) {
+        RECT first = rect;
+        RECT second = rect;
+        if (m_fSepPos >= 0) {
+            const double length = m_nVertical ? Height(rect) : Width(rect);
+            const int start = m_nVertical ? rect.top : rect.left;
+            const double offset = std::min(m_fSepPos > 1 ? m_fSepPos : length * m_fSepPos, 1e9);
+            const int split = start + static_cast<int>(offset);
+            (m_nVertical ? first.bottom : first.right) = split;
+            LONG& nearEdge = m_nVertical ? second.top : second.left;
+            LONG& farEdge = m_nVertical ? second.bottom : second.right;
+            nearEdge = split;
+            farEdge = std::max<LONG>(farEdge, split);
+        }
+        CDUIRenderEngine::DrawGradien(hdc, first, m_start, m_middle, m_nVertical);
+        CDUIRenderEngine::DrawGradien(hdc, second, m_middle, m_end, m_nVertical);
+    } else if (!IsTwoColorEmpty()) {
+        CDUIRenderEngine::DrawGradien(hdc, rect, m_start, m_end, m_nVertical);
+    } else if (!IsOneColorEmpty()) {
+        CDUIRenderEngine::FillRect(hdc, rect, m_color);
+    }
+}
+
+BOOL CDUIColorImageBK::IsEmpty() const { return CDUIColorBK::IsEmpty() && !m_pSkinImage; }
+
+void CDUIColorImageBK::DrawBK(HDC hdc, const RECT& rect)
+{
+    CDUIColorBK::DrawBK(hdc, rect);
+    if (m_pSkinImage && !m_pSkinImage->IsNull())
+        m_pSkinImage->DrawImage(hdc, rect, 0);
+}
+
+RECT CDUIColorImageBK::GetSkinImageRect(RECT rect) const
+{
+    if (!m_pSkinImage || m_pSkinImage->IsNull())
+        return rect;
+    const int width = m_pSkinImage->GetIconWidth();
+    const int height = m_pSkinImage->GetIconHeight();
+    const int left = rect.left + m_imagePos.x;
+    const int top = rect.top + m_imagePos.y;
+    const int right = rect.right - m_imagePos.x;
+    const int bottom = rect.bottom - m_imagePos.y;
+    RECT place = rect;
+    switch (m_imagePos.kind) {
+    case 0:
+        place = {left, top, left + width, top + height};
+        break;
+    case 1:
+        place = {left, bottom - height, left + width, bottom};
+        break;
+    case 2:
+        place = {right - width, top, right, top + height};
+        break;
+    case 3:
+        place = {right - width, bottom - height, right, bottom};
+        break;
+    case 4:
+        if (Width(rect) > width) {
+            place.left = rect.left + (Width(rect) - width) / 2;
+            place.right = place.left + width;
+        }
+        if (Height(rect) > height) {
+            place.top = rect.top + (Height(rect) - height) / 2;
+            place.bottom = place.top + height;
+        }
+        break;
+    default:
+        break;
+    }
+    RECT common;
+    if (!IntersectRect(&common, &place, &rect))
+        place = {place.left, place.top, place.left, place.top};
+    return place;
+}
+
+BOOL CDUIFrameBK::IsEmpty() const
+{
+    return CDUIColorImageBK::IsEmpty() && !IsColorFrameAvailable() && !IsImageFrameAvailable();
+}
+
+BOOL CDUIFrameBK::IsFrameEmpty() const
+{
+    return m_rcBorder.left == 0 && m_rcBorder.top == 0 && m_rcBorder.right == 0 && m_rcBorder.bottom == 0;
+}
+
+void CDUIFrameBK::SetFrameRound(int width, int height)
+{
+    m_nRoundWidth = width;
+    m_nRoundHeight = height;
+}
+
+void CDUIFrameBK::GetFrameRound(int& width, int& height) const
+{
+    width = m_nRoundWidth;
+    height = m_nRoundHeight;
+}
+
+void CDUIFrameBK::DrawBK(HDC hdc, const RECT& rect)
+{
+    if (IsImageFrameAvailable())
+        DrawImageFrame(hdc, rect);
+    else if (IsColorFrameAvailable())
+        DrawColorFrame(hdc, rect);
+    else
+        CDUIColorImageBK::DrawBK(hdc, rect);
+}
+
+void CDUIFrameBK::DrawImageFrame(HDC hdc, const RECT& rect)
+{
+    CDUIColorImageBK::DrawBK(hdc, rect);
+    const RECT inner{rect.left + m_rcBorder.left, rect.top + m_rcBorder.top, rect.right - m_rcBorder.right,
+                     rect.bottom - m_rcBorder.bottom};
+    if (IsRectEmpty(&inner)) {
+        m_pFrameImage->DrawImage(hdc, rect, 0);
+        return;
+    }
+    const HRGN ring = CreateRectRgnIndirect(&rect);
+    const HRGN hole = CreateRectRgnIndirect(&inner);
+    CombineRgn(ring, ring, hole, RGN_DIFF);
+    DeleteObject(hole);
+    const RegionClip clip(hdc, ring);
+    m_pFrameImage->DrawImage(hdc, rect, 0);
+}
+
+void CDUIFrameBK::DrawColorFrame(HDC hdc, const RECT& rect)
+{
+    if (m_nRoundWidth > 0 && m_nRoundHeight > 0) {
+        const RegionClip clip(hdc, CreateRoundRectRgn(rect.left, rect.top, rect.right, rect.bottom, m_nRoundWidth,
+                                                      m_nRoundHeight));
+        CDUIColorImageBK::DrawBK(hdc, rect);
+        CDUIRenderEngine::DrawRoundRectBorder(hdc, rect, m_nRoundWidth, m_nRoundHeight, m_rcBorder.top, m_frameColor);
+        return;
+    }
+    CDUIColorImageBK::DrawBK(hdc, rect);
+    const int right = rect.right - m_rcBorder.right;
+    const int bottom = rect.bottom - m_rcBorder.bottom;
+    CDUIRenderEngine::DrawLine(hdc, rect.left, rect.top, rect.right, rect.top, m_rcBorder.top, m_frameColor);
+    CDUIRenderEngine::DrawLine(hdc, rect.left, rect.top, rect.left, rect.bottom, m_rcBorder.left, m_frameColor);
+    CDUIRenderEngine::DrawLine(hdc, right, rect.top, right, rect.bottom, m_rcBorder.right, m_frameColor);
+    CDUIRenderEngine::DrawLine(hdc, rect.left, bottom, rect.right, bottom, m_rcBorder.bottom, m_frameColor);
+}
+
+HRGN CDUIFrameBK::CreateImageShape(HWND hwnd, const RECT& client)
+{
+    const HDC hdc = GetDC(hwnd);
+    HRGN shape = nullptr;
+    if (const HBITMAP icon = m_pFrameImage->GetIconBitmap(hdc, 0)) {
+        const HBITMAP stretched =
+            CBitmapCommonFunction::GetMiddleStretchBitmap(hdc, icon, SIZE{Width(client), Height(client)});
+        if (stretched) {
+            shape = CBitmapCommonFunction::BitmapToRgn(stretched, CARGB(255, 0, 255, 255), 0);
+            DeleteObject(stretched);
+        }
+        DeleteObject(icon);
+    }
+    ReleaseDC(hwnd, hdc);
+    return shape;
+}
+
+int CDUIFrameBK::SetWinFrameRgn(HWND hwnd)
+{
+    RECT client{};
+    if (!hwnd || !IsWindow(hwnd) || !GetClientRect(hwnd, &client))
+        return FALSE;
+    HRGN shape = nullptr;
+    if (IsImageFrameAvailable())
+        shape = CreateImageShape(hwnd, client);
+    else if (IsColorFrameAvailable() && m_nRoundWidth > 0 && m_nRoundHeight > 0)
+        shape = CreateRoundRectRgn(client.left, client.top, client.right, client.bottom, m_nRoundWidth, m_nRoundHeight);
+    if (!shape)
+        return FALSE;
+    SetWindowRgn(hwnd, shape, TRUE);
+    return TRUE;
+}
+
+}  // namespace DUI
