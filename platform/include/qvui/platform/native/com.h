@@ -2,6 +2,8 @@
 
 /// The few pieces of COM that the library uses: reference-counted interfaces and streams on memory.
 
+#include <cstring>
+
 #include <qvui/platform/native/types.h>
 
 struct GUID {
@@ -9,7 +11,7 @@ struct GUID {
     WORD Data2;
     WORD Data3;
     BYTE Data4[8];
-    bool operator==(const GUID&) const = default;
+    bool operator==(const GUID& other) const { return std::memcmp(this, &other, sizeof *this) == 0; }
 };
 using IID = GUID;
 using REFIID = const IID&;
