@@ -1,0 +1,185 @@
+#pragma once
+
+#include <initializer_list>
+#include <type_traits>
+#include <vector>
+
+#include <qvui/platform/cstring.h>
+
+namespace DUI {
+
+class CDUIControlBase;
+
+/// What kind of value a skin attribute takes; tools check values by it.
+enum class AttributeKind {
+    Text,          // any text
+    Character,     // the first character counts
+    StringId,      // a string id, or "#" and literal text
+    Boolean,       // "true" or anything else
+    Integer,       // decimal
+    IntPair,       // two decimals, one separator between
+    Rect,          // four decimals: left, top, right, bottom
+    Keywords,      // any of the keywords, searched as case-sensitive substrings
+    Choice,        // one of the keywords
+    Color,         // a literal colour or the name of one
+    ColorPair,     // two colours with a comma between
+    Image,         // names of the skin's entries
+    Cursor,
+    TextStyle,
+    FrameStyle,
+    ControlStyle,
+    ControlName,   // the name of a control of the same window
+    Ignored,       // accepted without effect
+};
+
+/// The kind of a value, what it is without the attribute, and the words it may hold ("one|two").
+struct AttributeSyntax {
+    AttributeSyntax(AttributeKind valueKind, const char* defaultText = "", const char* keywordText = "")
+        : kind(valueKind), defaultValue(defaultText), keywords(keywordText)
+    {
+    }
+
+    AttributeKind kind;
+    const char* defaultValue;
+    const char* keywords;
+};
+
+/// What a tool sees of one attribute.
+struct AttributeInfo {
+    const char* name;
+    AttributeSyntax syntax;
+    const char* description;
+};
+
+/// The attributes of one control class, as data. Names match without regard to case.
+class QVUI_API AttributeList {
+public:
+    const std::vector<AttributeInfo>& Infos() const { return m_infos; }
+    /// The position of an attribute in the list, -1 when the class has none of that name.
+    int Find(const CString& name) const;
+
+protected:
+    AttributeList() = default;
+    void Add(const AttributeInfo& info);
+
+private:
+    std::vector<AttributeInfo> m_infos;
+    std::vector<int> m_order;  // positions, sorted by name
+};
+
+/// Attributes with the functions that set them. A setter is a captureless lambda (Control&, const CString& value);
+/// one that returns false leaves the attribute to the base class, as if the class had none of that name.
+template <class Control>
+class AttributeTable : public AttributeList {
+public:
+    using Set = void (*)(Control&, const CString&);
+    using Try = bool (*)(Control&, const CString&);
+
+    struct Entry {
+        template <class Setter>
+        Entry(const char* name, AttributeSyntax syntax, const char* description, Setter setter)
+            : info{name, syntax, description}
+        {
+            if constexpr (std::is_same_v<decltype(+setter), Try>)
+                tryToSet = setter;
+            else
+                set = setter;
+        }
+
+        AttributeInfo info;
+        Set set = nullptr;
+        Try tryToSet = nullptr;
+    };
+
+    AttributeTable(std::initializer_list<Entry> entries) : m_entries(entries)
+    {
+        for (const Entry& entry : m_entries)
+            Add(entry.info);
+    }
+
+    /// Sets the attribute; false when the class has none of that name or its setter passes it on.
+    bool Apply(Control& control, const CString& name, const CString& value) const
+    {
+        const int index = Find(name);
+        if (index < 0)
+            return false;
+        const Entry& entry = m_entries[static_cast<std::size_t>(index)];
+        if (!entry.set)
+            return entry.tryToSet(control, value);
+        entry.set(control, value);
+        return true;
+    }
+
+private:
+    std::vector<Entry> m_entries;
+};
+
+/// One notification that a class sends.
+struct NotificationInfo {
+    const char* name;
+    const char* description;
+};
+
+/// What a tool, and GetInterface, know of a control class. Every class has one, from its static Class().
+class QVUI_API ControlClass {
+public:
+    /// `interfaces` are the names of the class itself; names it does not know go on to the base class unless
+    /// `passesNamesOn` is false.
+    ControlClass(const char* name, const ControlClass* base, const char* description,
+                 std::initializer_list<const char*> interfaces, const AttributeList* attributes = nullptr,
+                 std::initializer_list<NotificationInfo> notifications = {}, bool passesNamesOn = true);
+
+    /// Whether the class, or a base it passes names on to, answers to the interface name (any letter case).
+    bool Answers(const CString& interfaceName) const;
+
+    const char* Name() const { return m_name; }
+    const ControlClass* Base() const { return m_base; }
+    const char* Description() const { return m_description; }
+    const std::vector<const char*>& Interfaces() const { return m_interfaces; }
+    /// Null when the class has no attributes of its own.
+    const AttributeList* Attributes() const { return m_attributes; }
+    const std::vector<NotificationInfo>& Notifications() const { return m_notifications; }
+
+private:
+    const char* m_name;
+    const ControlClass* m_base;
+    const char* m_description;
+    std::vector<const char*> m_interfaces;
+    const AttributeList* m_attributes;
+    std::vector<NotificationInfo> m_notifications;
+    bool m_passesNamesOn;
+};
+
+// Reading attribute values.
+
+/// "true" in any letter case.
+QVUI_API BOOL IsTrue(const CString& value);
+/// Whether the text contains the word, by a case-sensitive search.
+QVUI_API bool HasWord(const CString& value, const char* word);
+/// The bits of every word that the text contains.
+struct WordBit {
+    const char* word;
+    DWORD bit;
+};
+QVUI_API DWORD FindWords(const CString& value, const WordBit* words, std::size_t count);
+/// The bit of the first word, in the table's order, that the text contains; 0 for none.
+QVUI_API DWORD FindFirstWord(const CString& value, const WordBit* words, std::size_t count);
+template <std::size_t N>
+DWORD FindWords(const CString& value, const WordBit (&words)[N])
+{
+    return FindWords(value, words, N);
+}
+template <std::size_t N>
+DWORD FindFirstWord(const CString& value, const WordBit (&words)[N])
+{
+    return FindFirstWord(value, words, N);
+}
+/// As atol; numbers out of the range of int saturate.
+QVUI_API int ReadInteger(const CString& value);
+/// Four numbers, each read one character after the end of the one before, from the first 127 characters; a
+/// missing number is 0.
+QVUI_API RECT ReadRect(const CString& value);
+/// Two numbers read in the same way.
+QVUI_API SIZE ReadPair(const CString& value);
+
+}  // namespace DUI

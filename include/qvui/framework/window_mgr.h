@@ -1,0 +1,261 @@
+#pragma once
+
+#include <functional>
+#include <map>
+#include <memory>
+#include <vector>
+
+#include <qvui/framework/control_base.h>
+#include <qvui/framework/control_builder.h>
+#include <qvui/framework/message_loop.h>
+#include <qvui/framework/notify_target.h>
+#include <qvui/render/background.h>
+#include <qvui/render/dib_section.h>
+#include <qvui/skin/skin_manager.h>
+
+namespace DUI {
+
+class CPPToolTip;
+
+/// The window's style word: how the application's window class treats the non-client area.
+enum DUINCSTYLE : DWORD {
+    DUINCSTYLE_LAYERED = 0x1,    // "layered"
+    DUINCSTYLE_CUSTOM_NC = 0x2,  // "custom_nc": the frame replaces the native non-client area
+    DUINCSTYLE_REGION_NC = 0x4,  // "region_nc": with custom_nc, the window is shaped by its frame
+    DUINCSTYLE_SIZE_NC = 0x8,    // "size_nc": with custom_nc, the frame has sizing borders
+};
+
+/// Hosts one control tree in one native window.
+///
+/// The application's window class creates the window and has a manager, usually by deriving from it. It calls
+/// CreateFromResource or CreateFromXML, then InitWindowMgr once the window exists and FinishWindowMgr before it
+/// goes; passes its messages to ProcessWindowMessage and maps WM_PAINT and WM_TIMER to OnPaint and OnTimer; adds
+/// the manager to the application's message loop as a filter and removes it at the end; and overrides
+/// OnDUINotify. The skin attributes of the "window" element are frame_style, client_margin, nc_style,
+/// caption_height and name.
+///
+/// A handler may do anything while it is called: remove or destroy its sender or the whole tree, switch the
+/// skin, close the window, delete the manager.
+class QVUI_API CDUIWindowMgr : public IDUIControlMgr,
+                               public IDUINotifyHandler,
+                               public IDUIControlBuilderCallback,
+                               public IDUIMessageFilter,
+                               public IDUIIdleHandler,
+                               public IDUISkinObserver {
+public:
+    CDUIWindowMgr();
+    CDUIWindowMgr(const CDUIWindowMgr&) = delete;
+    CDUIWindowMgr& operator=(const CDUIWindowMgr&) = delete;
+
+    // IDUIControlMgr
+    void SendNotify(const tagDUINotify& notify) override;
+    LRESULT OnControlRequest(tagDUINotify& request) override;
+    CDUIMessageLoop& GetMessageLoop() override { return m_messageLoop; }
+
+    virtual ~CDUIWindowMgr();
+    /// The client rectangle less the frame's borders and the client margin; FALSE without a window.
+    virtual BOOL GetDUIClientRect(RECT* prc);
+
+protected:
+    virtual void PaintFrameBkgnd(HDC hdc);
+    virtual void PaintClientArea(HDC hdc);
+
+public:
+    /// Whether the active window is the host window's top-level ancestor; FALSE for a host without one.
+    virtual BOOL IsNcActivate();
+
+    // The other bases
+    void OnDUINotify(const tagDUINotify& notify, BOOL& bHandled) override;
+    CRefPtr<IDUIControl> OnBuilderNewControl(const CString& tag) override;
+    void OnBuilderControlCreated(CRefPtr<IDUIControl> root) override;
+    void OnBuilderWindowAttribute(const CString& name, const CString& value) override;
+    BOOL PreTranslateMessage(MSG* pMsg) override;
+    BOOL OnIdle() override { return FALSE; }
+    void OnSkinUIDataChanged() override;
+
+    // Creating and finishing, in the order of calling
+    /// Builds the tree and lays it out in the window; FALSE, with no root, when no tree could be built.
+    BOOL CreateFromResource(const CString& name, HWND hWnd, RECT& rc);
+    BOOL CreateFromXML(const CString& xml, HWND hWnd, RECT& rc);
+    BOOL CreateFromRootControl(CRefPtr<IDUIControl> root, HWND hWnd, RECT& rc);
+    void InitWindowMgr();
+    void FinishWindowMgr();
+    /// Hands out the root as it is, still attached.
+    CRefPtr<IDUIControl> DetachRootControl();
+
+    /// Decodes and handles one message; TRUE when it is done with, `lResult` its result. Only map 0 exists.
+    BOOL ProcessWindowMessage(HWND hWnd, UINT uMsg, WPARAM wParam, LPARAM lParam, LRESULT& lResult,
+                              DWORD dwMsgMapID = 0);
+
+    // The window
+    HWND GetHWND() const { return m_hWnd; }
+    BOOL IsWindow() const;
+    DWORD GetStyle() const;
+    DWORD GetExStyle() const;
+    /// The rectangle given to the create operations.
+    const RECT& GetWindowRect() const { return m_rcWindow; }
+    IDUIControl* GetRootControl() const { return m_pRoot.GetPtr(); }
+    /// The first window above the host's parent or owner that is no child; null without one.
+    HWND GetMostTopParent() const;
+    /// 1 minimised, 2 maximised, else 4; plus 8 hidden, 0x10 disabled, 0x20 active; 0 without such a window.
+    DWORD GetMostTopParentStatus();
+    void LayoutRootControl();
+    void LockLayout(BOOL bLock) { m_bLayoutLocked = bLock; }
+
+    DWORD SetDUIStyle(DWORD remove, DWORD add);
+    DWORD GetDUIStyle() const { return m_dwDUIStyle; }
+    BOOL IsDUICustomNC() const { return HasDUIStyle(DUINCSTYLE_CUSTOM_NC); }
+    BOOL IsDUISetNCRgn() const { return HasDUIStyle(DUINCSTYLE_CUSTOM_NC | DUINCSTYLE_REGION_NC); }
+    BOOL IsDUINCSizable() const { return HasDUIStyle(DUINCSTYLE_CUSTOM_NC | DUINCSTYLE_SIZE_NC); }
+    /// Does not lay out again.
+    void SetClientRectMargin(RECT margin) { m_rcClientMargin = margin; }
+    RECT GetClietnRectMargin() const { return m_rcClientMargin; }
+    void SetCaptionHeight(int height) { m_nCaptionHeight = height; }
+    int GetCaptionHeight() const { return m_nCaptionHeight; }
+    void SetFrameBkgnd(CRefPtr<CDUIFrameBK> frame) { m_pFrameBK = frame; }
+    CRefPtr<CDUIFrameBK> GetFrameBkgnd() const { return m_pFrameBK; }
+
+    // Painting
+    BOOL Invalidate(BOOL bErase);
+    /// A layered window gets a posted WM_PAINT too, since invalidation alone gives it none.
+    BOOL InvalidateRect(const RECT* rect, BOOL bErase);
+    void InvalidateRgn(HRGN region, BOOL bErase);
+    /// Paints frame and controls through the back buffer.
+    void DoPaint(HDC hdc);
+    /// Whether a press on the control counts as one on the window itself.
+    BOOL IsTrasparentCtrl(IDUIControl* control);
+
+    // Finding controls; results are borrowed
+    IDUIControl* FindControl(POINT* pt);
+    IDUIControl* FindControl(POINT* pt, UINT flags);
+    /// By exact name, from a cache that `bRefresh` makes anew; it does not follow changes by itself.
+    IDUIControl* GetControlByName(const CString& name, BOOL bRefresh);
+    IDUIControl* GetControlByShortcut(char ch);
+    IDUIControl* GetControlByInterface(const char* name);
+    IDUIControl* GetFocusControl() const { return m_pFocus; }
+    BOOL SetControlAttribute(const CString& name, const CString& attribute, const CString& value, BOOL bRefresh);
+    BOOL EnableControl(const CString& name, BOOL bEnable);
+    BOOL ShowControl(const CString& name, BOOL bShow);
+    BOOL SetContrlText(const CString& name, const CString& text);
+    CString GetContrlText(const CString& name);
+    /// FALSE when there is no such control or it is no button.
+    BOOL SetButtonChecked(const CString& name, BOOL bCheck);
+
+    /// Calls a member function of `target` with every notification of the controls of that name that neither the
+    /// control nor OnDUINotify handled, in the order of adding. A target that goes removes its handlers itself.
+    template <class Target>
+    void AddNotifyHandler(const CString& name, Target* target, void (Target::*handler)(const tagDUINotify&))
+    {
+        AddHandler(name, target, [target, handler](const tagDUINotify& notify) { (target->*handler)(notify); });
+    }
+    /// Removes the target's handlers for the name.
+    void RemoveNotifyHandler(const CString& name, CDUINotifyTarget* target);
+    /// Removes all of the target's handlers.
+    void RemoveNotifyHandlers(CDUINotifyTarget* target);
+
+    /// Moves the focus to the next or previous tab stop; TRUE when something took it.
+    BOOL SetNextTabControl(BOOL bForward);
+    /// Moves the first tab bar's selection.
+    BOOL SetNextTabPage(BOOL bForward);
+
+protected:
+    CRefPtr<CDUIFrameBK> GetCurrentFrameBK() const { return m_pFrameBK; }
+
+    // Handlers. Those that ProcessWindowMessage does not map are for the application's window class to map.
+    LRESULT OnPaint(UINT uMsg, WPARAM wParam, LPARAM lParam, BOOL& bHandled);
+    LRESULT OnTimer(UINT uMsg, WPARAM wParam, LPARAM lParam, BOOL& bHandled);
+    LRESULT OnEraseBkgnd(UINT uMsg, WPARAM wParam, LPARAM lParam, BOOL& bHandled);
+    /// The hover control's tooltip, cut to 79 bytes, into a text buffer of at least 80.
+    LRESULT OnGetDispInfo(char* text, BOOL& bHandled);
+    LRESULT OnPreKeyDown(MSG* pMsg, BOOL& bHandled);
+
+private:
+    using Handler = LRESULT (CDUIWindowMgr::*)(UINT uMsg, WPARAM wParam, LPARAM lParam, BOOL& bHandled);
+    struct MessageEntry {
+        UINT message;
+        Handler handler;
+    };
+    static const MessageEntry kMessages[];
+    struct NotifyHandlerEntry {
+        CDUINotifyTarget* target;
+        std::function<void(const tagDUINotify&)> call;
+    };
+    using NotifyHandlerList = std::vector<std::shared_ptr<NotifyHandlerEntry>>;
+    class TabWalk;
+
+    LRESULT OnSize(UINT uMsg, WPARAM wParam, LPARAM lParam, BOOL& bHandled);
+    LRESULT OnMove(UINT uMsg, WPARAM wParam, LPARAM lParam, BOOL& bHandled);
+    LRESULT OnSetCursor(UINT uMsg, WPARAM wParam, LPARAM lParam, BOOL& bHandled);
+    LRESULT OnLButtonDown(UINT uMsg, WPARAM wParam, LPARAM lParam, BOOL& bHandled);
+    LRESULT OnLButtonUp(UINT uMsg, WPARAM wParam, LPARAM lParam, BOOL& bHandled);
+    LRESULT OnMouseMove(UINT uMsg, WPARAM wParam, LPARAM lParam, BOOL& bHandled);
+    LRESULT OnMouseLeave(UINT uMsg, WPARAM wParam, LPARAM lParam, BOOL& bHandled);
+    LRESULT OnLButtonDBClick(UINT uMsg, WPARAM wParam, LPARAM lParam, BOOL& bHandled);
+    LRESULT OnMouseWheel(UINT uMsg, WPARAM wParam, LPARAM lParam, BOOL& bHandled);
+    LRESULT OnContextMenu(UINT uMsg, WPARAM wParam, LPARAM lParam, BOOL& bHandled);
+    LRESULT OnKey(UINT uMsg, WPARAM wParam, LPARAM lParam, BOOL& bHandled);
+    LRESULT OnKillFocus(UINT uMsg, WPARAM wParam, LPARAM lParam, BOOL& bHandled);
+    LRESULT OnNcActivate(UINT uMsg, WPARAM wParam, LPARAM lParam, BOOL& bHandled);
+    LRESULT OnNcMouseMove(UINT uMsg, WPARAM wParam, LPARAM lParam, BOOL& bHandled);
+    LRESULT OnNotifyDisplayTooltip(UINT uMsg, WPARAM wParam, LPARAM lParam, BOOL& bHandled);
+
+    // Input
+    tagDUIEvent PointerEvent(UINT type, IDUIControl* sender, WPARAM wParam, LPARAM lParam);
+    void Deliver(IDUIControl* target, const tagDUIEvent& event, BOOL& bHandled);
+    void MoveHover(IDUIControl* found, tagDUIEvent& event, BOOL& bHandled);
+    bool ActivateNamed(const CString& name);
+    bool ActivateShortcut(char ch);
+    void TakeFocus(IDUIControl* control);
+
+    // Requests
+    LRESULT HandleUpdateRequest(const tagDUINotify& request);
+    LRESULT HandleFocusRequest(const tagDUINotify& request);
+    LRESULT HandleWindowRequest(tagDUINotify& request);
+    LRESULT HandleFindRequest(const tagDUINotify& request);
+    LRESULT HandleTimerRequest(const tagDUINotify& request);
+    LRESULT StartTimer(const DUITimerRecord& wanted);
+    LRESULT StopTimer(const DUITimerRecord& wanted);
+    std::size_t FindTimer(const IDUIControl* owner, UINT id) const;
+    void ClearTimer();
+
+    // The window
+    BOOL AdoptRoot(CRefPtr<IDUIControl> root, HWND hWnd);
+    bool HasDUIStyle(DWORD bits) const { return (m_dwDUIStyle & bits) == bits; }
+    void CheckDUIStyle();
+    void Broadcast(UINT type, WPARAM wParam, LPARAM lParam);
+    bool PrepareBackBuffer(int width, int height);
+    void RefreshNames();
+    void UpdateTooltipTool();
+
+    void AddHandler(const CString& name, CDUINotifyTarget* target, std::function<void(const tagDUINotify&)> call);
+    void CallHandlers(const CString& name, const tagDUINotify& notify);
+    friend class CDUINotifyTarget;
+
+    HWND m_hWnd = nullptr;
+    CRefPtr<IDUIControl> m_pRoot;
+    IDUIControl* m_pFocus = nullptr;
+    IDUIControl* m_pHover = nullptr;
+    IDUIControl* m_pCapture = nullptr;
+    POINT m_ptLast{-1, -1};
+    BOOL m_bTracking = FALSE;
+    std::vector<DUITimerRecord> m_timers;
+    std::map<CString, IDUIControl*, CStrLessCmp> m_names;
+    std::map<CString, NotifyHandlerList, CStrLessCmp> m_handlers;
+    CDUIMessageLoop m_messageLoop;
+    std::unique_ptr<CPPToolTip> m_pToolTip;
+    BOOL m_bLayoutLocked = FALSE;
+    bool m_isLayingOut = false;
+    bool m_isRelayoutPending = false;
+
+    RECT m_rcWindow{0, 0, 0, 0};
+    CRefPtr<CDUIFrameBK> m_pFrameBK;
+    RECT m_rcClientMargin{0, 0, 0, 0};
+    DWORD m_dwDUIStyle = 0;
+    int m_nCaptionHeight = 0;
+    CDibSection m_backBuffer;
+    bool m_isSkinObserver = false;
+    // Shared with calls in progress: false once the manager is gone.
+    std::shared_ptr<bool> m_pIsAlive;
+};
+
+}  // namespace DUI

@@ -1,0 +1,22 @@
+#pragma once
+
+#include <qvui/skin/skin_manager.h>
+
+/// What controls ask of the application's skin; each gives an empty result when there is no skin manager.
+namespace DUI::skin {
+
+/// Borrowed; null before the application is initialised.
+IDUISkinMgr* Manager();
+/// The shared image of that name; null when the skin lacks it.
+CDUIImageListPtr Image(const CString& name);
+CRefPtr<CDUIFrameBK> Frame(const CString& name);
+CARGB Color(const CString& text);
+/// The string of that id, or the text after a leading "#"; empty for an id that the skin lacks.
+CString String(const CString& id);
+
+/// Whether the image holds a picture.
+inline bool IsLoaded(const CDUIImageListPtr& image) { return image && !image->IsNull(); }
+/// The index when the image has such an icon, else 0.
+inline int IconIndex(const CDUIImageListPtr& image, int index) { return index < image->GetItemCount() ? index : 0; }
+
+}  // namespace DUI::skin
