@@ -57,7 +57,7 @@ function(qvui_test room)
     QVUI_TEST_DATA="${PROJECT_SOURCE_DIR}/tests")
   target_include_directories(test_${room} PRIVATE ${PROJECT_SOURCE_DIR}/src ${PROJECT_SOURCE_DIR}/platform
     ${PROJECT_SOURCE_DIR}/tests)
-  target_link_libraries(test_${room} PRIVATE qvui_flags qvui_warnings ${TEST_USES} qvui_gtest)
+  target_link_libraries(test_${room} PRIVATE qvui_flags qvui_warnings qvui_test_support ${TEST_USES} qvui_gtest)
   set_property(GLOBAL APPEND PROPERTY QVUI_TEST_PROGRAMS test_${room})
   add_test(NAME ${room} COMMAND test_${room})
 endfunction()

@@ -418,6 +418,22 @@ SHORT GetKeyState(int key)
 
 SHORT GetAsyncKeyState(int key) { return static_cast<SHORT>(IsKeyDown(key) ? 0x8000 : 0); }
 
+BOOL GetKeyboardState(BYTE* keys)
+{
+    for (std::size_t key = 0; key < State().keys.size(); ++key)
+        keys[key] = static_cast<BYTE>((State().keys[key] ? 0x80 : 0) | (State().toggled[key] ? 1 : 0));
+    return TRUE;
+}
+
+BOOL SetKeyboardState(BYTE* keys)
+{
+    for (std::size_t key = 0; key < State().keys.size(); ++key) {
+        State().keys[key] = (keys[key] & 0x80) != 0;
+        State().toggled[key] = (keys[key] & 1) != 0;
+    }
+    return TRUE;
+}
+
 BOOL GetCursorPos(POINT* point)
 {
     *point = State().pointer;

@@ -8,7 +8,7 @@
 namespace qvui::native {
 namespace {
 
-std::int64_t g_manualNow = 1'000'000'000;
+std::int64_t g_manualNow = 0;
 HeadlessDisplay* g_display = nullptr;
 
 std::int64_t ManualNow() { return g_manualNow; }
@@ -22,10 +22,7 @@ HeadlessDisplay::HeadlessDisplay() { g_display = this; }
 HeadlessDisplay::~HeadlessDisplay()
 {
     g_display = nullptr;
-    if (m_hasManualClock) {
-        SetClock(nullptr);
-        SetSleep(nullptr);
-    }
+    UseMachineClock();
 }
 
 HeadlessDisplay* TheHeadlessDisplay()
@@ -38,9 +35,16 @@ std::unique_ptr<Display> MakeHeadlessDisplay() { return std::make_unique<Headles
 
 void HeadlessDisplay::UseManualClock()
 {
-    m_hasManualClock = true;
+    // Time never goes back, whichever clock tells it.
+    g_manualNow = std::max(g_manualNow, Now());
     SetClock(ManualNow);
     SetSleep(ManualSleep);
+}
+
+void HeadlessDisplay::UseMachineClock()
+{
+    SetClock(nullptr);
+    SetSleep(nullptr);
 }
 
 void HeadlessDisplay::Advance(std::int64_t milliseconds) { g_manualNow += milliseconds * 1'000'000; }

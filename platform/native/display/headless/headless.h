@@ -18,6 +18,7 @@ public:
 
     /// Replaces the machine's clock by one that moves only when told, or when somebody waits for a timer.
     void UseManualClock();
+    void UseMachineClock();
     void Advance(std::int64_t milliseconds);
 
     void MovePointer(POINT screen);
@@ -67,7 +68,6 @@ private:
     std::string m_clipboard;
     int m_cursor = 32512;
     bool m_isCaptured = false;
-    bool m_hasManualClock = false;
 };
 
 /// The headless display in use; null when another driver is.

@@ -467,6 +467,8 @@ QVUI_PLATFORM BOOL TrackMouseEvent(TRACKMOUSEEVENT* track);
 QVUI_PLATFORM BOOL _TrackMouseEvent(TRACKMOUSEEVENT* track);
 QVUI_PLATFORM SHORT GetKeyState(int key);
 QVUI_PLATFORM SHORT GetAsyncKeyState(int key);
+QVUI_PLATFORM BOOL GetKeyboardState(BYTE* keys);
+QVUI_PLATFORM BOOL SetKeyboardState(BYTE* keys);
 QVUI_PLATFORM BOOL GetCursorPos(POINT* point);
 QVUI_PLATFORM BOOL SetCursorPos(int x, int y);
 QVUI_PLATFORM HCURSOR SetCursor(HCURSOR cursor);
