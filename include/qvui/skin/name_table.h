@@ -21,7 +21,7 @@ public:
     /// The value of that name, made empty when it is new.
     T& operator[](const CString& name) { return m_values[name]; }
     /// False, and nothing changes, when the name is there already.
-    bool Add(const CString& name, T value) { return m_values.emplace(name, std::move(value)).second; }
+    bool Add(const CString& name, T value) { return m_values.try_emplace(name, std::move(value)).second; }
 
     bool IsEmpty() const { return m_values.empty(); }
     void Clear() { m_values.clear(); }

@@ -91,6 +91,27 @@ protected:
     CRefPtr<CCursorObject> CreateCursor(CRefPtr<CResourceCursorData> record);
 
 private:
+    /// Which entries of which set a document may hold, and what reads one; the cursor's child is the entry.
+    struct SetKind {
+        const char* set;
+        const char* entry;
+        void (CResMgr::*read)(CXmlDocument& xml);
+    };
+    template <std::size_t Count>
+    int ReadSets(const CString& xml, const SetKind (&kinds)[Count]);
+    int Load(const CResourceFileInfo& info, int (CResMgr::*parse)(const CString&));
+
+    void ReadColor(CXmlDocument& xml);
+    void ReadCursor(CXmlDocument& xml);
+    void ReadFont(CXmlDocument& xml);
+    void ReadImage(CXmlDocument& xml);
+    void ReadMenuTemplate(CXmlDocument& xml);
+    void ReadWindowTemplate(CXmlDocument& xml);
+    void ReadPlugin(CXmlDocument& xml);
+    void ReadTextStyle(CXmlDocument& xml);
+    void ReadFrameStyle(CXmlDocument& xml);
+    void ReadControlStyle(CXmlDocument& xml);
+
     CResLoader m_loader;
     CNameTable<CString> m_strings;
     CNameTable<CString> m_controlStyles;

@@ -76,7 +76,8 @@ public:
     virtual int GetPlugin(const CString& name, CString& xml) = 0;
 };
 
-/// The skin manager. Added skins are asked in the order of their entry documents' texts.
+/// The skin manager. Added skins are asked in the byte order of their entry documents' texts. Since unknown
+/// fonts and text styles fall back to the defaults, those never come from an added skin.
 class QVUI_API CDUISkinMgr : public IDUISkinMgr {
 public:
     CDUISkinMgr() = default;
@@ -127,7 +128,7 @@ private:
     std::vector<CResourceFileInfo> m_templates;
     std::vector<CResourceFileInfo> m_skins;
     std::vector<CResourceFileInfo> m_styles;
-    std::map<CString, std::unique_ptr<IDUISkinMgr>, CStrLessCmp> m_addedSkins;
+    std::map<CString, std::unique_ptr<IDUISkinMgr>> m_addedSkins;  // by the entry document's text
     std::vector<IDUISkinObserver*> m_skinObservers;
     std::vector<IDUILanguageObserver*> m_languageObservers;
 };

@@ -1,0 +1,225 @@
+#include <qvui/skin/resource_loader.h>
+
+#include <algorithm>
+#include <memory>
+
+#include <qvui/foundation/trace.h>
+#include <qvui/skin/xml_document.h>
+
+#include "skin/resource_id.h"
+
+namespace DUI {
+namespace {
+
+constexpr char kSeparator = '\\';
+
+bool BeginsWith(std::string_view text, std::string_view what)
+{
+    return text.substr(0, what.size()) == what;
+}
+
+// Without the last directory; the one right under a drive stays.
+void CutLastDirectory(CString& path)
+{
+    constexpr int kDriveRoot = 2;
+    const int last = path.ReverseFind(kSeparator);
+    if (last != -1 && last != kDriveRoot)
+        path = path.Left(last);
+}
+
+CString ExecutableDirectory()
+{
+    char path[MAX_PATH] = "";
+    GetModuleFileNameA(nullptr, path, MAX_PATH);
+    path[MAX_PATH - 1] = '\0';
+    const CString executable(path);
+    return executable.Left(std::max(executable.ReverseFind(kSeparator), 0));
+}
+
+CString ResolvePath(const CString& name)
+{
+    return ResolveSkinPath(ExecutableDirectory().View(), name.View());
+}
+
+}  // namespace
+
+CString ResolveSkinPath(std::string_view executableDirectory, std::string_view name)
+{
+    CString base(executableDirectory);
+    CString slashed(name);
+    slashed.Replace("/", "\\");
+    std::string_view rest = slashed.View();
+    if (rest.size() > 2 && BeginsWith(rest, ".\\"))
+        rest.remove_prefix(2);
+    while (rest.size() > 3 && BeginsWith(rest, "..\\")) {
+        rest.remove_prefix(3);
+        CutLastDirectory(base);
+    }
+    if (rest.empty())
+        return base;
+    if (rest.front() != kSeparator)
+        base += kSeparator;
+    base.Append(rest.data(), static_cast<int>(rest.size()));
+    return base;
+}
+
+CResLoader::~CResLoader()
+{
+    FreeResDll();
+}
+
+// --- images
+// -------------------------------------------------------------------------------------------------
+
+CDUIImageListPtr CResLoader::LoadImageFromFile(const CString& path)
+{
+    auto list = std::make_shared<CDUIImageList>();
+    LoadImageFromFile(path, list);
+    return list;
+}
+
+int CResLoader::LoadImageFromFile(const CString& path, CDUIImageListPtr list)
+{
+    if (!list)
+        return 0;
+    if (list->CreateFromFile(ResolvePath(path)))
+        return 1;
+    CTrace::TraceError("CResLoader::LoadImageFromFile: failed to load image(%s)", path.GetString());
+    return 0;
+}
+
+CDUIImageListPtr CResLoader::LoadImageFromResource(HINSTANCE module, const CString& id, const CString& type)
+{
+    auto list = std::make_shared<CDUIImageList>();
+    if (!list->CreateFromResource(module, UINT{ResourceIdOf(id)}, type))
+        CTrace::TraceError("CResLoader::LoadImageFromResource: failed to load image(id-%s, type:%s)",
+                           id.GetString(), type.GetString());
+    return list;
+}
+
+CDUIImageListPtr CResLoader::LoadImageFromDll(const CString& module, const CString& id, const CString& type)
+{
+    const HINSTANCE instance = UseModule(LoadLibraryA(module));
+    return instance ? LoadImageFromResource(instance, id, type) : nullptr;
+}
+
+CDUIImageListPtr CResLoader::LoadImageFromExe(const CString& id, const CString& type)
+{
+    return LoadImageFromResource(GetModuleHandleA(nullptr), id, type);
+}
+
+CImage* CResLoader::LoadRawImage(const CString& path)
+{
+    auto image = std::make_unique<CImage>();
+    if (SUCCEEDED(image->Load(ResolvePath(path))))
+        return image.release();
+    CTrace::TraceError("CResLoader::LoadImageFromFile: failed to load image(%s)", path.GetString());
+    return nullptr;
+}
+
+// --- cursors
+// ------------------------------------------------------------------------------------------------
+
+CRefPtr<CCursorObject> CResLoader::LoadCursorFromFile(const CString& path)
+{
+    CRefPtr<CCursorObject> cursor(new CCursorObject);
+    if (!cursor->CreateFromFile(ResolvePath(path)))
+        CTrace::TraceError("CResLoader::LoadCursorFromFile: failed to load cursor(%s)", path.GetString());
+    return cursor;
+}
+
+CRefPtr<CCursorObject> CResLoader::LoadCursorFromResource(HINSTANCE module, const CString& id,
+                                                          const CString& type)
+{
+    CRefPtr<CCursorObject> cursor(new CCursorObject);
+    if (!cursor->CreateFromResource(module, id))
+        CTrace::TraceError("CResLoader::LoadCursorFromResource: failed to load cursor(id-%s, type:%s)",
+                           id.GetString(), type.GetString());
+    return cursor;
+}
+
+CRefPtr<CCursorObject> CResLoader::LoadCursorFromDll(const CString& module, const CString& id,
+                                                     const CString& type)
+{
+    const HINSTANCE instance = UseModule(LoadLibraryA(module));
+    return instance ? LoadCursorFromResource(instance, id, type) : CRefPtr<CCursorObject>();
+}
+
+CRefPtr<CCursorObject> CResLoader::LoadCursorFromExe(const CString& id, const CString& type)
+{
+    return LoadCursorFromResource(GetModuleHandleA(nullptr), id, type);
+}
+
+// --- documents
+// ----------------------------------------------------------------------------------------------
+
+int CResLoader::LoadXMLFromFile(const CString& path, CString& xml)
+{
+    const CString resolved = ResolvePath(path);
+    CString text;
+    CString log;
+    int flags = 0;
+    CXmlDocument document;
+    if (!CXmlDocument::ReadTextFile(resolved, text, log, flags) || !document.SetDocument(text)) {
+        CTrace::TraceError("CResLoader::LoadXMLFromFile: can not open file(%s)", resolved.GetString());
+        return 0;
+    }
+    xml = std::move(text);
+    return 1;
+}
+
+int CResLoader::LoadXMLFromDll(const CString& module, const CString& id, const CString& type, CString& xml)
+{
+    const HINSTANCE instance = UseModule(LoadLibraryA(module));
+    return instance ? LoadStringFromResource(instance, id, type, xml) : 0;
+}
+
+int CResLoader::LoadXMLFromExe(const CString& id, const CString& type, CString& xml)
+{
+    return LoadStringFromResource(GetModuleHandleA(nullptr), id, type, xml);
+}
+
+int CResLoader::LoadStringFromResource(HINSTANCE module, const CString& id, const CString& type,
+                                       CString& text)
+{
+    const HRSRC resource = FindResourceA(module, MAKEINTRESOURCEA(ResourceIdOf(id)), type);
+    const HGLOBAL loaded = resource ? LoadResource(module, resource) : nullptr;
+    if (!loaded)
+        return 0;
+    const auto* bytes = static_cast<const char*>(LockResource(loaded));
+    text = CString::FromUtf8({bytes, bytes ? SizeofResource(module, resource) : 0});
+    return 1;
+}
+
+// --- modules
+// ------------------------------------------------------------------------------------------------
+
+HINSTANCE CResLoader::LoadLibraryA(const CString& module)
+{
+    return ::LoadLibraryA(ResolvePath(module));
+}
+
+HINSTANCE CResLoader::GetResInstance(const CString& module)
+{
+    return UseModule(::LoadLibraryA(module));
+}
+
+HINSTANCE CResLoader::UseModule(HINSTANCE module)
+{
+    if (!module)
+        return nullptr;
+    // Loading the same module again gave a second reference; another module takes the place of the first.
+    if (m_hResModule)
+        FreeLibrary(m_hResModule);
+    m_hResModule = module;
+    return module;
+}
+
+void CResLoader::FreeResDll()
+{
+    if (m_hResModule)
+        FreeLibrary(m_hResModule);
+    m_hResModule = nullptr;
+}
+
+}  // namespace DUI

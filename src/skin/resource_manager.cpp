@@ -1,0 +1,354 @@
+#include <qvui/skin/resource_manager.h>
+
+#include <cstdio>
+#include <cstdlib>
+
+#include "skin/document_sets.h"
+
+namespace DUI {
+namespace {
+
+BOOL g_yaHeiEnabled = TRUE;
+
+enum class Source { None, File, Dll, Exe };
+
+Source SourceOf(const CString& configType)
+{
+    struct Entry {
+        const char* word;
+        Source source;
+    };
+    static constexpr Entry kSources[] = {{"dll", Source::Dll}, {"file", Source::File}, {"exe", Source::Exe}};
+    for (const Entry& entry : kSources)
+        if (EqualNoCase(configType.View(), entry.word))
+            return entry.source;
+    return Source::None;
+}
+
+IMAGE_DRAW_STYLE DrawStyleOf(const CString& word, IMAGE_DRAW_STYLE otherwise)
+{
+    struct Entry {
+        const char* word;
+        IMAGE_DRAW_STYLE style;
+    };
+    static constexpr Entry kStyles[] = {
+        {"stretch", DRAW_STYLE_STRETCH},
+        {"stretch_horz", DRAW_STYLE_STRETCH_HORZ},
+        {"stretch_vert", DRAW_STYLE_STRETCH_VERT},
+        {"squard", DRAW_STYLE_SQUARD},
+        {"tile", DRAW_STYLE_TILE},
+    };
+    for (const Entry& entry : kStyles)
+        if (EqualNoCase(word.View(), entry.word))
+            return entry.style;
+    return otherwise;
+}
+
+// The record's attributes that say how its picture is cut and drawn. A corner that is no pair counts as 0,0.
+void ApplyImageAttributes(CResourceImageData& record, CDUIImageList& list)
+{
+    if (const int count = std::atoi(record.m_strCount); count > 0)
+        list.SetItemCount(static_cast<DWORD>(count));
+    list.SetDrawStyle(DrawStyleOf(record.m_strDrawStyle, list.GetDrawStyle()));
+    if (!record.m_strCorner.IsEmpty()) {
+        int width = 0;
+        int height = 0;
+        record.m_strCorner.Trim();
+        const bool isPair = std::sscanf(record.m_strCorner, "%d,%d", &width, &height) == 2;
+        list.SetCornerSize(isPair ? width : 0, isPair ? height : 0);
+    }
+    if (EqualNoCase(record.m_strDirection.View(), "vert"))
+        list.SetImageDirection(1);
+}
+
+// The face's Chinese name, in the system code page or in the one that such skins are written in.
+bool IsYaHei(const CString& face)
+{
+    constexpr std::string_view kInCodePage936 = "\xCE\xA2\xC8\xED\xD1\xC5\xBA\xDA";
+    constexpr WCHAR kName[] = {0x5FAE, 0x8F6F, 0x96C5, 0x9ED1};
+    return face.View() == kInCodePage936 ||
+           face.ToWide() == std::basic_string<WCHAR>(kName, std::size(kName));
+}
+
+int Find(const CNameTable<CString>& table, const CString& name, CString& text)
+{
+    const CString* found = table.Find(name);
+    if (found)
+        text = *found;
+    return found != nullptr;
+}
+
+}  // namespace
+
+void CResMgr::SetYaHeiEnabled(BOOL enabled)
+{
+    g_yaHeiEnabled = enabled;
+}
+
+BOOL CResMgr::IsYaHeiEnabled()
+{
+    return g_yaHeiEnabled;
+}
+
+// --- loading and clearing
+// -----------------------------------------------------------------------------------
+
+int CResMgr::GetXMLByConfigInfo(const CResourceFileInfo& info, CString& xml)
+{
+    switch (SourceOf(info.m_strConfigType)) {
+        case Source::File:
+            return m_loader.LoadXMLFromFile(info.m_strFileName, xml);
+        case Source::Dll:
+            return m_loader.LoadXMLFromDll(info.m_strFileName, info.m_strResourceId, info.m_strResourceType,
+                                           xml);
+        case Source::Exe:
+            return m_loader.LoadXMLFromExe(info.m_strResourceId, info.m_strResourceType, xml);
+        case Source::None:
+            break;
+    }
+    return 0;
+}
+
+int CResMgr::Load(const CResourceFileInfo& info, int (CResMgr::*parse)(const CString&))
+{
+    CString xml;
+    if (!GetXMLByConfigInfo(info, xml) || xml.IsEmpty())
+        return 0;
+    return (this->*parse)(xml);
+}
+
+int CResMgr::LoadAllString(const CResourceFileInfo& info)
+{
+    return Load(info, &CResMgr::ParseAllString);
+}
+
+int CResMgr::LoadDUIResource(const CResourceFileInfo& info)
+{
+    return Load(info, &CResMgr::ParseDUIResource);
+}
+
+int CResMgr::LoadTemplateStyle(const CResourceFileInfo& info)
+{
+    return Load(info, &CResMgr::ParseTemplateStyle);
+}
+
+int CResMgr::LoadStyleResource(const CResourceFileInfo& info)
+{
+    return Load(info, &CResMgr::ParseStyleResource);
+}
+
+void CResMgr::ClearAllString()
+{
+    m_strings.Clear();
+}
+
+void CResMgr::ClearDUIResource()
+{
+    m_colors.Clear();
+    m_cursors.Clear();
+    m_fonts.Clear();
+    m_images.Clear();
+    m_pDefaultFont = {};
+}
+
+void CResMgr::ClearTemplate()
+{
+    m_controlStyles.Clear();
+    m_windowTemplates.Clear();
+    m_menuTemplates.Clear();
+    m_plugins.Clear();
+    m_textStyles.Clear();
+    m_frames.Clear();
+}
+
+void CResMgr::ClearStyleResource()
+{
+    m_textStyles.Clear();
+}
+
+void CResMgr::SetPackageFile(const CString& file)
+{
+    m_loader.SetPackageFileName(file);
+}
+
+// --- texts and colours
+// --------------------------------------------------------------------------------------
+
+int CResMgr::GetString(const CString& id, CString& text) const
+{
+    if (id[0] != '#')
+        return Find(m_strings, id, text);
+    text = id.Mid(1);
+    return 1;
+}
+
+int CResMgr::GetWindowTemplate(const CString& name, CString& xml) const
+{
+    return Find(m_windowTemplates, name, xml);
+}
+
+int CResMgr::GetMenuTemplate(const CString& name, CString& xml) const
+{
+    return Find(m_menuTemplates, name, xml);
+}
+
+int CResMgr::GetPlugin(const CString& name, CString& xml) const
+{
+    return Find(m_plugins, name, xml);
+}
+
+int CResMgr::GetControlStyle(const CString& name, CString& xml) const
+{
+    return Find(m_controlStyles, name, xml);
+}
+
+CARGB CResMgr::GetColor(const CString& name) const
+{
+    CARGB color;
+    GetColor(name, color);
+    return color;
+}
+
+int CResMgr::GetColor(const CString& name, CARGB& color) const
+{
+    if (GetColorFromString(name, color))
+        return 1;
+    const CARGB* found = m_colors.Find(name);
+    if (found)
+        color = *found;
+    return found != nullptr;
+}
+
+int CResMgr::GetColorFromString(const CString& text, CARGB& color) const
+{
+    return ParseColorLiteral(text, color);
+}
+
+// --- images
+// -------------------------------------------------------------------------------------------------
+
+CDUIImageListPtr CResMgr::GetImage(const CString& name, int share)
+{
+    const CRefPtr<CResourceImageData>* record = m_images.Find(name);
+    if (!record)
+        return nullptr;
+    if (!share)
+        return CreateImage(*record);
+    const CDUIImageListPtr& shared = (*record)->m_pImageList;
+    if (shared && !shared->IsNull())
+        return shared;
+    CDUIImageListPtr made = CreateImage(*record);
+    if (made && !made->IsNull())
+        (*record)->m_pImageList = made;
+    return made;
+}
+
+CDUIImageListPtr CResMgr::CreateImage(CRefPtr<CResourceImageData> record)
+{
+    CDUIImageListPtr list;
+    switch (SourceOf(record->m_strConfigType)) {
+        case Source::File:
+            list = m_loader.LoadImageFromFile(record->m_strFileName);
+            break;
+        case Source::Dll:
+            list = m_loader.LoadImageFromDll(record->m_strFileName, record->m_strResourceId,
+                                             record->m_strResourceType);
+            break;
+        case Source::Exe:
+            list = m_loader.LoadImageFromExe(record->m_strResourceId, record->m_strResourceType);
+            break;
+        case Source::None:
+            break;
+    }
+    if (list && !list->IsNull())
+        ApplyImageAttributes(*record.GetPtr(), *list);
+    return list;
+}
+
+// --- cursors
+// ------------------------------------------------------------------------------------------------
+
+CRefPtr<CCursorObject> CResMgr::GetCursor(const CString& name, int share)
+{
+    const CRefPtr<CResourceCursorData>* record = m_cursors.Find(name);
+    if (!record)
+        return {};
+    if (!share)
+        return CreateCursor(*record);
+    if ((*record)->m_pCursor.IsNull())
+        (*record)->m_pCursor = CreateCursor(*record);
+    return (*record)->m_pCursor;
+}
+
+CRefPtr<CCursorObject> CResMgr::CreateCursor(CRefPtr<CResourceCursorData> record)
+{
+    switch (SourceOf(record->m_strConfigType)) {
+        case Source::File:
+            return m_loader.LoadCursorFromFile(record->m_strFileName);
+        case Source::Dll:
+            return m_loader.LoadCursorFromDll(record->m_strFileName, record->m_strResourceId,
+                                              record->m_strResourceType);
+        case Source::Exe:
+            return m_loader.LoadCursorFromExe(record->m_strResourceId, record->m_strResourceType);
+        case Source::None:
+            break;
+    }
+    return {};
+}
+
+// --- fonts
+// --------------------------------------------------------------------------------------------------
+
+CRefPtr<CFontObject> CResMgr::GetFont(const CString& name, int share)
+{
+    const CRefPtr<CResourceFontData>* record = name.IsEmpty() ? nullptr : m_fonts.Find(name);
+    if (!record)
+        return GetDefaultFont();
+    if (!share)
+        return CreateFontA(*record);
+    if ((*record)->m_pFont.IsNull())
+        (*record)->m_pFont = CreateFontA(*record);
+    return (*record)->m_pFont;
+}
+
+CRefPtr<CFontObject> CResMgr::GetDefaultFont()
+{
+    if (!m_pDefaultFont.IsNull())
+        return m_pDefaultFont;
+    if (const CRefPtr<CResourceFontData>* first = m_fonts.First()) {
+        m_pDefaultFont = (*first)->m_pFont;
+        return m_pDefaultFont;
+    }
+    m_pDefaultFont = CRefPtr<CFontObject>(new CFontObject);
+    m_pDefaultFont->CreateFontA();
+    return m_pDefaultFont;
+}
+
+CRefPtr<CFontObject> CResMgr::CreateFontA(CRefPtr<CResourceFontData> record)
+{
+    constexpr int kHeaviest = 999;
+    CRefPtr<CFontObject> font(new CFontObject);
+    if (!record->m_strHeight.IsEmpty())
+        font->SetHeight(std::atoi(record->m_strHeight));
+    if (!record->m_strWeight.IsEmpty())
+        if (const int weight = std::atoi(record->m_strWeight); weight >= 0 && weight <= kHeaviest)
+            font->SetWeight(weight);
+    if (!record->m_strItalic.IsEmpty())
+        font->SetItalic(IsTrue(record->m_strItalic));
+    if (!record->m_strUnderline.IsEmpty())
+        font->SetUnderline(IsTrue(record->m_strUnderline));
+    if (!record->m_strStrikeout.IsEmpty())
+        font->SetStrikeout(IsTrue(record->m_strStrikeout));
+    CString face;
+    if (!record->m_strFaceName.IsEmpty() && GetString(record->m_strFaceName, face)) {
+        if (!g_yaHeiEnabled && IsYaHei(face)) {
+            face.Empty();
+            GetString("ids_def_font_txt_name", face);
+        }
+        font->SetFaceName(face);
+    }
+    font->CreateFontA();
+    return font;
+}
+
+}  // namespace DUI

@@ -1,0 +1,364 @@
+#include <qvui/skin/skin_manager.h>
+
+#include <algorithm>
+
+#include <qvui/foundation/trace.h>
+#include <qvui/skin/xml_document.h>
+
+namespace DUI {
+namespace {
+
+CResourceFileInfo ReadFileInfo(const CXmlDocument& xml)
+{
+    CResourceFileInfo info;
+    info.m_strName = xml.GetChildAttribute("name");
+    info.m_strConfigType = xml.GetChildAttribute("config_type");
+    info.m_strFileName = xml.GetChildAttribute("file_name");
+    info.m_strResourceId = xml.GetChildAttribute("resource_id");
+    info.m_strResourceType = xml.GetChildAttribute("resource_type");
+    return info;
+}
+
+// Hands every entry of the child element, a set, to `read`.
+template <class Read>
+void ReadEntries(CXmlDocument& xml, const char* entry, Read read)
+{
+    xml.IntoElement();
+    while (xml.FindChildElement(entry))
+        read(ReadFileInfo(xml));
+    xml.OutOfElement();
+}
+
+bool IsNamed(const CResourceFileInfo& info, const CString& name)
+{
+    return !name.IsEmpty() && info.m_strName == name;
+}
+
+bool EqualLanguage(const CString& left, const CString& right)
+{
+    return lstrcmpiA(left, right) == 0;
+}
+
+using Infos = std::vector<CResourceFileInfo>;
+
+const CResourceFileInfo* FindLanguage(const Infos& languages, const CString& type)
+{
+    const auto found = std::find_if(
+        languages.begin(), languages.end(),
+        [&](const CResourceFileInfo& language) { return EqualLanguage(language.m_strName, type); });
+    return found == languages.end() ? nullptr : &*found;
+}
+
+template <class Observer>
+int AddObserver(std::vector<Observer*>& observers, Observer* observer)
+{
+    if (observer && std::find(observers.begin(), observers.end(), observer) == observers.end())
+        observers.push_back(observer);
+    return 1;
+}
+
+// Calls every observer that was there at the start. One that unregisters before its turn comes, perhaps
+// because it is gone, is left out.
+template <class Observer, class Call>
+void Notify(const std::vector<Observer*>& observers, Call call)
+{
+    const std::vector<Observer*> copy = observers;
+    for (Observer* observer : copy)
+        if (std::find(observers.begin(), observers.end(), observer) != observers.end())
+            call(*observer);
+}
+
+bool IsAnswer(int found)
+{
+    return found != 0;
+}
+bool IsAnswer(const CARGB& color)
+{
+    return !color.IsEmpty();
+}
+bool IsAnswer(const CDUIImageListPtr& image)
+{
+    return image != nullptr;
+}
+template <class Object>
+bool IsAnswer(const CRefPtr<Object>& object)
+{
+    return !object.IsNull();
+}
+
+// The package's own result, or the first one of the added packages when it has none.
+template <class Skins, class Result, class Ask>
+Result FirstAnswer(const Skins& addedSkins, Result result, Ask ask)
+{
+    for (const auto& added : addedSkins) {
+        if (IsAnswer(result))
+            break;
+        result = ask(*added.second);
+    }
+    return result;
+}
+
+}  // namespace
+
+CDUISkinMgr::~CDUISkinMgr() = default;
+
+// --- loading
+// ------------------------------------------------------------------------------------------------
+
+int CDUISkinMgr::InitializeSkin(const CString& entryXml)
+{
+    const char* failure = nullptr;
+    if (!ParseEntryXML(entryXml))
+        failure = "CDUISkinMgr::InitializeSkin, ParseEntryXML failed";
+    else if (!LoadLanguage())
+        failure = "CDUISkinMgr::InitializeSkin, Load Language failed";
+    else if (!LoadDUIResource())
+        failure = "CDUISkinMgr::InitializeSkin, Load Resource failed";
+    else if (!LoadTemplateStyle())
+        failure = "CDUISkinMgr::InitializeSkin, Load template failed";
+    else if (!LoadStyleResource())
+        failure = "CDUISkinMgr::InitializeSkin, LoadStyleResource failed";
+    if (failure)
+        CTrace::TraceError("%s", failure);
+    return failure == nullptr;
+}
+
+// The sets are searched one behind the other, so one that stands too early is not seen.
+int CDUISkinMgr::ParseEntryXML(const CString& entryXml)
+{
+    CXmlDocument xml;
+    if (!xml.SetDocument(entryXml))
+        return 0;
+    m_languages.clear();
+    m_templates.clear();
+    if (xml.FindChildElement("language_set")) {
+        if (m_strLanguageType.IsEmpty())
+            m_strLanguageType = xml.GetChildAttribute("default");
+        ReadEntries(xml, "language", [&](CResourceFileInfo info) { m_languages.push_back(std::move(info)); });
+    }
+    if (xml.FindChildElement("skin_set")) {
+        m_currentSkin.m_strName = xml.GetChildAttribute("default");
+        ReadEntries(xml, "skin", [&](CResourceFileInfo info) {
+            if (IsNamed(info, m_currentSkin.m_strName))
+                m_currentSkin = info;
+            m_skins.push_back(std::move(info));
+        });
+    }
+    if (xml.FindChildElement("style_set"))
+        ReadEntries(xml, "style", [&](CResourceFileInfo info) {
+            if (IsNamed(info, m_currentSkin.m_strName))
+                m_currentStyle = info;
+            m_styles.push_back(std::move(info));
+        });
+    if (xml.FindChildElement("template_set"))
+        ReadEntries(xml, "template", [&](CResourceFileInfo info) { m_templates.push_back(std::move(info)); });
+    if (xml.FindChildElement("skin_package"))
+        m_resMgr.SetPackageFile(xml.GetChildAttribute("file"));
+    return 1;
+}
+
+int CDUISkinMgr::LoadLanguage()
+{
+    const CResourceFileInfo* language = nullptr;
+    if (!m_strLanguageType.IsEmpty())
+        language = FindLanguage(m_languages, m_strLanguageType);
+    else if (!m_languages.empty())
+        language = &m_languages.front();
+    if (!language)
+        return 0;
+    m_strLanguageType = language->m_strName;
+    return m_resMgr.LoadAllString(*language);
+}
+
+int CDUISkinMgr::LoadDUIResource()
+{
+    return m_resMgr.LoadDUIResource(m_currentSkin);
+}
+
+int CDUISkinMgr::LoadTemplateStyle()
+{
+    for (const CResourceFileInfo& info : m_templates)
+        m_resMgr.LoadTemplateStyle(info);
+    return 1;
+}
+
+int CDUISkinMgr::LoadStyleResource()
+{
+    return m_resMgr.LoadStyleResource(m_currentStyle);
+}
+
+void CDUISkinMgr::UninitializeSkin()
+{
+    m_resMgr.ClearAllString();
+    m_resMgr.ClearDUIResource();
+    m_resMgr.ClearTemplate();
+    m_languages.clear();
+    m_templates.clear();
+}
+
+// --- switching
+// ----------------------------------------------------------------------------------------------
+
+int CDUISkinMgr::SetLanguageType(const CString& type)
+{
+    if (EqualLanguage(type, m_strLanguageType))
+        return 0;
+    const CResourceFileInfo* language = FindLanguage(m_languages, type);
+    if (!language)
+        return 0;
+    // The caller's text may be one that a callback changes.
+    const CString newType = type;
+    const CString oldType = m_strLanguageType;
+    m_resMgr.ClearAllString();
+    m_resMgr.LoadAllString(*language);
+    m_strLanguageType = newType;
+    for (const auto& added : m_addedSkins)
+        added.second->SetLanguageType(newType);
+    Notify(m_languageObservers,
+           [&](IDUILanguageObserver& observer) { observer.OnLanguageTypeChanged(oldType, newType); });
+    return 1;
+}
+
+void CDUISkinMgr::SetSkinTyle(const CString& skin)
+{
+    if (skin == m_currentSkin.m_strName)
+        return;
+    const CString newSkin = skin;
+    for (const CResourceFileInfo& info : m_skins)
+        if (info.m_strName == newSkin)
+            m_currentSkin = info;
+    LoadDUIResource();
+    for (const CResourceFileInfo& info : m_styles)
+        if (info.m_strName == newSkin)
+            m_currentStyle = info;
+    LoadStyleResource();
+    for (const auto& added : m_addedSkins)
+        added.second->SetSkinTyle(newSkin);
+    NotifySkinChange();
+}
+
+void CDUISkinMgr::NotifySkinChange()
+{
+    Notify(m_skinObservers, [](IDUISkinObserver& observer) { observer.OnSkinUIDataChanged(); });
+}
+
+int CDUISkinMgr::AddSkinObserver(IDUISkinObserver* observer)
+{
+    return AddObserver(m_skinObservers, observer);
+}
+
+int CDUISkinMgr::RemoveSkinObserver(IDUISkinObserver* observer)
+{
+    std::erase(m_skinObservers, observer);
+    return 1;
+}
+
+int CDUISkinMgr::AddLanguageObserver(IDUILanguageObserver* observer)
+{
+    return AddObserver(m_languageObservers, observer);
+}
+
+int CDUISkinMgr::RemoveLanguageObserver(IDUILanguageObserver* observer)
+{
+    std::erase(m_languageObservers, observer);
+    return 1;
+}
+
+// --- added skins
+// --------------------------------------------------------------------------------------------
+
+int CDUISkinMgr::AddNewSkin(const CString& entryXml)
+{
+    std::unique_ptr<IDUISkinMgr>& added = m_addedSkins[entryXml];
+    if (added)
+        return 0;
+    added = std::make_unique<CDUISkinMgr>();
+    added->InitializeSkin(entryXml);
+    added->SetSkinTyle(m_currentSkin.m_strName);
+    return 1;
+}
+
+void CDUISkinMgr::RemoveSkin(const CString& entryXml)
+{
+    const auto found = m_addedSkins.find(entryXml);
+    if (found == m_addedSkins.end())
+        return;
+    found->second->UninitializeSkin();
+    m_addedSkins.erase(found);
+}
+
+// --- look-ups
+// -----------------------------------------------------------------------------------------------
+
+CDUIImageListPtr CDUISkinMgr::GetImage(const CString& name, int share)
+{
+    return FirstAnswer(m_addedSkins, m_resMgr.GetImage(name, share),
+                       [&](IDUISkinMgr& skin) { return skin.GetImage(name, share); });
+}
+
+CRefPtr<CCursorObject> CDUISkinMgr::GetCursor(const CString& name, int share)
+{
+    return FirstAnswer(m_addedSkins, m_resMgr.GetCursor(name, share),
+                       [&](IDUISkinMgr& skin) { return skin.GetCursor(name, share); });
+}
+
+CRefPtr<CFontObject> CDUISkinMgr::GetFont(const CString& name, int share)
+{
+    return FirstAnswer(m_addedSkins, m_resMgr.GetFont(name, share),
+                       [&](IDUISkinMgr& skin) { return skin.GetFont(name, share); });
+}
+
+CARGB CDUISkinMgr::GetColor(const CString& name)
+{
+    return FirstAnswer(m_addedSkins, m_resMgr.GetColor(name),
+                       [&](IDUISkinMgr& skin) { return skin.GetColor(name); });
+}
+
+DWORD CDUISkinMgr::GetRawColor(const CString& name)
+{
+    return GetColor(name).GetColor();
+}
+
+CRefPtr<CDUIFrameBK> CDUISkinMgr::GetFrameBK(const CString& name)
+{
+    return FirstAnswer(m_addedSkins, m_resMgr.GetFrameBK(name),
+                       [&](IDUISkinMgr& skin) { return skin.GetFrameBK(name); });
+}
+
+CRefPtr<CTextStyle> CDUISkinMgr::GetTextStyle(const CString& name)
+{
+    return FirstAnswer(m_addedSkins, m_resMgr.GetTextStyle(name),
+                       [&](IDUISkinMgr& skin) { return skin.GetTextStyle(name); });
+}
+
+int CDUISkinMgr::GetWindowTemplate(const CString& name, CString& xml)
+{
+    return FirstAnswer(m_addedSkins, m_resMgr.GetWindowTemplate(name, xml),
+                       [&](IDUISkinMgr& skin) { return skin.GetWindowTemplate(name, xml); });
+}
+
+int CDUISkinMgr::GetMenuTemplate(const CString& name, CString& xml)
+{
+    return FirstAnswer(m_addedSkins, m_resMgr.GetMenuTemplate(name, xml),
+                       [&](IDUISkinMgr& skin) { return skin.GetMenuTemplate(name, xml); });
+}
+
+int CDUISkinMgr::GetControlStyle(const CString& name, CString& xml)
+{
+    return FirstAnswer(m_addedSkins, m_resMgr.GetControlStyle(name, xml),
+                       [&](IDUISkinMgr& skin) { return skin.GetControlStyle(name, xml); });
+}
+
+int CDUISkinMgr::GetStringText(const CString& id, CString& text)
+{
+    return FirstAnswer(m_addedSkins, m_resMgr.GetString(id, text),
+                       [&](IDUISkinMgr& skin) { return skin.GetStringText(id, text); });
+}
+
+int CDUISkinMgr::GetPlugin(const CString& name, CString& xml)
+{
+    return FirstAnswer(m_addedSkins, m_resMgr.GetPlugin(name, xml),
+                       [&](IDUISkinMgr& skin) { return skin.GetPlugin(name, xml); });
+}
+
+}  // namespace DUI
