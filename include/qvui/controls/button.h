@@ -1,0 +1,103 @@
+#pragma once
+
+#include <qvui/framework/control_base.h>
+#include <qvui/render/image_list.h>
+
+namespace DUI {
+
+/// Button styles; the low byte places the icon, and its lowest bit counts.
+enum BTNSTYLE : DWORD {
+    BTNSTYLE_CENTER_ICON = 0x001,
+    BTNSTYLE_LEFT_ICON = 0x002,
+    BTNSTYLE_RIGHT_ICON = 0x004,
+    BTNSTYLE_TOP_ICON = 0x008,
+    BTNSTYLE_BOTTOM_ICON = 0x010,
+    BTNSTYLE_NO_TEXT = 0x100,         // the text is neither painted nor measured
+    BTNSTYLE_AUTO_FIT = 0x200,        // the size is that of the back image's icons
+    BTNSTYLE_VER_TEXT = 0x400,        // characters stand one below the other
+    BTNSTYLE_NO_DRAW_FOCUS = 0x1000,  // no focus rectangle
+};
+
+/// The look of a button: which icon of its strips it shows, and which colour and font of its text style.
+enum BTN_IMAGE_STATUS : int {
+    BTN_STATUS_NORMAL = 0,
+    BTN_STATUS_HOT = 1,
+    BTN_STATUS_PUSHED = 2,
+    BTN_STATUS_DISABLED = 3,
+};
+
+/// The images of a button. Copies share them; each may be null.
+struct CButtonUIData {
+    CDUIImageListPtr m_pBackImage;       // strip of the states' backgrounds
+    CDUIImageListPtr m_pIcon;            // strip of the states' icons; of a check button the one in use
+    CDUIImageListPtr m_pCheckedImage;    // check buttons: the icon while checked
+    CDUIImageListPtr m_pUncheckedImage;  // check buttons: the icon while not checked
+};
+
+/// A push button, and the base of every clickable control with images for its states.
+///
+/// A press and release inside it, or Space, activates it. Strips hold icons for normal, hot, pushed (also
+/// checked) and disabled; a strip that is too short shows its first icon instead.
+///
+/// Skin attributes: back_image, icon, button_style, focus, want_return.
+/// Notifications: DUINOTIFY_CLICK when it is activated.
+class QVUI_API CDUIButton : public CDUIControlBase {
+public:
+    CDUIButton();
+    ~CDUIButton() override;
+    static const ControlClass& Class();
+
+    void* GetInterface(const CString& name) override;
+    CRefPtr<IDUIControl> Clone() override;
+    BOOL Activate() override;
+    void SetAttribute(const CString& name, const CString& value) override;
+    /// Text and icon beside or over each other, and the margin; with BTNSTYLE_AUTO_FIT the back image's icon.
+    BOOL EstimateSize(SIZE available, SIZE& size) override;
+
+protected:
+    LRESULT ProcessEvent(const tagDUIEvent& event, BOOL& bHandled) override;
+    void PaintBkgnd(HDC hdc) override;
+    void PaintForgnd(HDC hdc) override;
+    void PaintText(HDC hdc) override;
+    void PaintBorder(HDC hdc) override;
+
+public:
+    /// Unchecking releases the button too.
+    virtual void SetCheck(BOOL bCheck);
+    /// DUISTATUS_CHECKED or 0.
+    virtual BOOL GetCheck();
+    /// Asks for no repaint.
+    virtual void SetButtonUIData(const CButtonUIData& data);
+    virtual const CButtonUIData& GetButtonUIData();
+    virtual void SetButtonStyle(DWORD style);
+    virtual DWORD GetButtonStyle();
+
+    BOOL IsHoverd() const { return (GetStatus() & DUISTATUS_HOT) != 0; }
+    BTN_IMAGE_STATUS GetImageStatus() const;
+    /// Where icon and text were last painted; empty when they were not.
+    const RECT& GetIconRect() const { return m_rcIcon; }
+    const RECT& GetTextRect() const { return m_rcText; }
+
+protected:
+    CDUIButton(const CDUIButton& other) = default;
+
+    /// Colour and font of the text style for a look; 4 counts as normal and 5 as pushed. A font that the
+    /// style lacks is its normal one. Black and null without a text style.
+    COLORREF GetTextColorByStatus(int status);
+    HFONT GetFontByStatus(int status);
+    CButtonUIData& UIData() { return m_uiData; }
+
+private:
+    static const AttributeTable<CDUIButton>& Attributes();
+
+    DWORD GetIconPlacement() const;
+    RECT GetIconPlace();
+    RECT GetTextPlace();
+
+    CButtonUIData m_uiData;
+    DWORD m_dwButtonStyle = 0;
+    RECT m_rcIcon{0, 0, 0, 0};
+    RECT m_rcText{0, 0, 0, 0};
+};
+
+}  // namespace DUI

@@ -1,0 +1,353 @@
+#include <qvui/controls/button.h>
+
+#include <qvui/render/render_engine.h>
+
+#include "controls/geometry.h"
+#include "controls/state_text.h"
+#include "framework/skin_access.h"
+
+namespace DUI {
+namespace {
+
+using namespace geometry;
+
+constexpr DWORD kIconBits = 0xFF;
+
+DWORD ParseButtonStyle(const CString& value)
+{
+    static constexpr WordBit kPlacements[] = {
+        {"center_icon", BTNSTYLE_CENTER_ICON}, {"left_icon", BTNSTYLE_LEFT_ICON},
+        {"right_icon", BTNSTYLE_RIGHT_ICON},   {"top_icon", BTNSTYLE_TOP_ICON},
+        {"bottom_icon", BTNSTYLE_BOTTOM_ICON},
+    };
+    static constexpr WordBit kFlags[] = {
+        {"no_text", BTNSTYLE_NO_TEXT},
+        {"auto_fit", BTNSTYLE_AUTO_FIT},
+        {"no_draw_focus", BTNSTYLE_NO_DRAW_FOCUS},
+        {"ver_text", BTNSTYLE_VER_TEXT},
+    };
+    return FindFirstWord(value, kPlacements) | FindWords(value, kFlags);
+}
+
+TextState TextStateOf(int status)
+{
+    switch (status) {
+        case BTN_STATUS_HOT:
+            return TextState::Hover;
+        case BTN_STATUS_PUSHED:
+        case 5:
+            return TextState::Select;
+        case BTN_STATUS_DISABLED:
+            return TextState::Disable;
+        default:
+            return TextState::Normal;
+    }
+}
+
+}  // namespace
+
+const AttributeTable<CDUIButton>& CDUIButton::Attributes()
+{
+    static const AttributeTable<CDUIButton> attributes{
+        {"back_image", AttributeKind::Image, "Background strip: normal, hot, pushed or checked, disabled.",
+         [](CDUIButton& button, const CString& value) { button.m_uiData.m_pBackImage = skin::Image(value); }},
+        {"icon", AttributeKind::Image, "Icon strip with the same states; button_style says where it stands.",
+         [](CDUIButton& button, const CString& value) { button.m_uiData.m_pIcon = skin::Image(value); }},
+        {"button_style",
+         {AttributeKind::Keywords, "",
+          "center_icon|left_icon|right_icon|top_icon|bottom_icon|no_text|auto_fit|no_draw_focus|ver_text"},
+         "Where the icon stands (the first of the five placements counts), whether the text is left out or "
+         "runs downwards, whether the button takes its back image's size, and whether it shows the focus.",
+         [](CDUIButton& button, const CString& value) { button.SetButtonStyle(ParseButtonStyle(value)); }},
+        {"focus",
+         {AttributeKind::Boolean, "false"},
+         "Takes the focus, or gives it up, when the window exists.",
+         [](CDUIButton& button, const CString& value) { button.SetFocus(IsTrue(value)); }},
+        {"want_return",
+         {AttributeKind::Boolean, "false"},
+         "Enter does not activate the window's \"ok\" button while this one has the focus.",
+         [](CDUIButton& button, const CString& value) {
+             button.ModifyStyle(DUISTYLE_WANTRETURN, IsTrue(value) ? DWORD{DUISTYLE_WANTRETURN} : 0);
+         }},
+    };
+    return attributes;
+}
+
+const ControlClass& CDUIButton::Class()
+{
+    static const ControlClass theClass(
+        "CDUIButton", &CDUIControlBase::Class(),
+        "A push button with a background, an icon and a text for each state.", {"button"}, &Attributes(),
+        {{"DUINOTIFY_CLICK", "The button was clicked, or Space was released on it."}});
+    return theClass;
+}
+
+CDUIButton::CDUIButton()
+{
+    ModifyStyle(0, DUISTYLE_TABSTOP | DUISTYLE_TOOLTIP);
+}
+
+CDUIButton::~CDUIButton() = default;
+
+void* CDUIButton::GetInterface(const CString& name)
+{
+    return Class().Answers(name) ? this : nullptr;
+}
+
+CRefPtr<IDUIControl> CDUIButton::Clone()
+{
+    return new CDUIButton(*this);
+}
+
+BOOL CDUIButton::Activate()
+{
+    if (!CDUIControlBase::Activate())
+        return FALSE;
+    SendNotify(DUINOTIFY_CLICK, 0, 0);
+    return TRUE;
+}
+
+void CDUIButton::SetAttribute(const CString& name, const CString& value)
+{
+    if (!Attributes().Apply(*this, name, value))
+        CDUIControlBase::SetAttribute(name, value);
+}
+
+BOOL CDUIButton::EstimateSize(SIZE, SIZE& size)
+{
+    if ((m_dwButtonStyle & BTNSTYLE_AUTO_FIT) && skin::IsLoaded(m_uiData.m_pBackImage)) {
+        size = IconSize(m_uiData.m_pBackImage);
+        return TRUE;
+    }
+    const SIZE icon = (m_dwButtonStyle & kIconBits) ? IconSize(m_uiData.m_pIcon) : SIZE{0, 0};
+    SIZE text{0, 0};
+    if (!(m_dwButtonStyle & BTNSTYLE_NO_TEXT) && !GetText().IsEmpty())
+        if (const HFONT font = GetFontByStatus(BTN_STATUS_NORMAL))
+            text = CDUIRenderEngine::GetTextIdealSize(GetText(), font, 0, DT_SINGLELINE);
+
+    LONGLONG width = text.cx;
+    LONGLONG height = text.cy;
+    if (icon.cx > 0 && icon.cy > 0) {
+        const DWORD placement = GetIconPlacement();
+        const bool isBeside = (placement & (BTNSTYLE_LEFT_ICON | BTNSTYLE_RIGHT_ICON)) != 0;
+        const bool isAboveOrBelow = (placement & (BTNSTYLE_TOP_ICON | BTNSTYLE_BOTTOM_ICON)) != 0;
+        width = isBeside ? width + GetPaddingWidth() + icon.cx : std::max<LONGLONG>(width, icon.cx);
+        height = isAboveOrBelow ? height + GetPaddingWidth() + icon.cy : std::max<LONGLONG>(height, icon.cy);
+    }
+    size = OuterSize(width, height, GetMargin(), GetFixedSize());
+    return TRUE;
+}
+
+LRESULT CDUIButton::ProcessEvent(const tagDUIEvent& event, BOOL& bHandled)
+{
+    if (IsEnabled()) {
+        const bool isSpace = event.wParam == VK_SPACE;
+        switch (event.Type) {
+            case DUIEVENT_LBUTTONDOWN:
+            case DUIEVENT_LBUTTONDBLCLK:
+                ModifyStatus(0, DUISTATUS_PUSHED);
+                break;
+            case DUIEVENT_LBUTTONUP: {
+                ModifyStatus(DUISTATUS_PUSHED, 0);
+                const RECT rect = GetControlRect();
+                if (PtInRect(&rect, event.ptMouse))
+                    Activate();
+                break;
+            }
+            case DUIEVENT_MOUSEENTER:
+                ModifyStatus(0, DUISTATUS_HOT);
+                break;
+            case DUIEVENT_MOUSELEAVE:
+                if (IsHoverd()) {
+                    ModifyStatus(DUISTATUS_HOT | DUISTATUS_PUSHED, 0);
+                    UpdateLayout(FALSE, nullptr);
+                }
+                break;
+            case DUIEVENT_KEYDOWN:
+                if (isSpace)
+                    ModifyStatus(0, DUISTATUS_PUSHED);
+                break;
+            case DUIEVENT_KEYUP:
+                if (isSpace) {
+                    ModifyStatus(DUISTATUS_PUSHED, 0);
+                    Activate();
+                }
+                break;
+            default:
+                break;
+        }
+    }
+    return CDUIControlBase::ProcessEvent(event, bHandled);
+}
+
+void CDUIButton::PaintBkgnd(HDC hdc)
+{
+    const CDUIImageListPtr& image = m_uiData.m_pBackImage;
+    if (skin::IsLoaded(image))
+        image->DrawImage(hdc, GetControlRect(), skin::IconIndex(image, GetImageStatus()));
+}
+
+void CDUIButton::PaintForgnd(HDC hdc)
+{
+    const CDUIImageListPtr& icon = m_uiData.m_pIcon;
+    m_rcIcon = {0, 0, 0, 0};
+    if (!skin::IsLoaded(icon) || !(m_dwButtonStyle & kIconBits))
+        return;
+    m_rcIcon = Intersection(GetIconPlace(), GetControlRect());
+    if (!IsRectEmpty(&m_rcIcon))
+        icon->DrawImage(hdc, m_rcIcon, skin::IconIndex(icon, GetImageStatus()));
+}
+
+void CDUIButton::PaintText(HDC hdc)
+{
+    m_rcText = {0, 0, 0, 0};
+    const CString& text = GetText();
+    const CRefPtr<CTextStyle> style = GetTextStyle();
+    if (text.IsEmpty() || (m_dwButtonStyle & BTNSTYLE_NO_TEXT) || style.IsNull())
+        return;
+    RECT place = Intersection(GetTextPlace(), GetControlRect());
+    if (IsRectEmpty(&place))
+        return;
+    const BTN_IMAGE_STATUS status = GetImageStatus();
+    const auto draw =
+        (m_dwButtonStyle & BTNSTYLE_VER_TEXT) ? &CDUIRenderEngine::DrawVText : &CDUIRenderEngine::DrawTextA;
+    SetBkMode(hdc, TRANSPARENT);
+    SetTextColor(hdc, GetTextColorByStatus(status));
+    const FontScope font(hdc, GetFontByStatus(status));
+    draw(hdc, text, text.GetLength(), &place, style->GetTextFormat());
+    m_rcText = place;
+}
+
+void CDUIButton::PaintBorder(HDC hdc)
+{
+    if (!GetFocus() || (m_dwButtonStyle & BTNSTYLE_NO_DRAW_FOCUS))
+        return;
+    const RECT inset = Shrink(GetControlRect(), {2, 2, 2, 2});
+    if (IsRectEmpty(&inset))
+        return;
+    const HGDIOBJ oldBrush = SelectObject(hdc, GetStockObject(NULL_BRUSH));
+    const HGDIOBJ oldPen = SelectObject(hdc, GetStockObject(NULL_PEN));
+    DrawFocusRect(hdc, &inset);
+    SelectObject(hdc, oldPen);
+    SelectObject(hdc, oldBrush);
+}
+
+void CDUIButton::SetCheck(BOOL bCheck)
+{
+    if (bCheck)
+        ModifyStatus(0, DUISTATUS_CHECKED);
+    else
+        ModifyStatus(DUISTATUS_CHECKED | DUISTATUS_PUSHED, 0);
+}
+
+BOOL CDUIButton::GetCheck()
+{
+    return static_cast<BOOL>(GetStatus() & DUISTATUS_CHECKED);
+}
+
+void CDUIButton::SetButtonUIData(const CButtonUIData& data)
+{
+    m_uiData = data;
+}
+
+const CButtonUIData& CDUIButton::GetButtonUIData()
+{
+    return m_uiData;
+}
+
+void CDUIButton::SetButtonStyle(DWORD style)
+{
+    if (style == m_dwButtonStyle)
+        return;
+    m_dwButtonStyle = style;
+    UpdateLayout(FALSE, nullptr);
+}
+
+DWORD CDUIButton::GetButtonStyle()
+{
+    return m_dwButtonStyle;
+}
+
+BTN_IMAGE_STATUS CDUIButton::GetImageStatus() const
+{
+    const DWORD status = GetStatus();
+    if (status & DUISTATUS_DISABLED)
+        return BTN_STATUS_DISABLED;
+    if (status & DUISTATUS_PUSHED)
+        return (status & DUISTATUS_HOT) ? BTN_STATUS_PUSHED : BTN_STATUS_HOT;
+    if (status & DUISTATUS_HOT)
+        return BTN_STATUS_HOT;
+    return (status & DUISTATUS_CHECKED) ? BTN_STATUS_PUSHED : BTN_STATUS_NORMAL;
+}
+
+COLORREF CDUIButton::GetTextColorByStatus(int status)
+{
+    return StateColor(GetTextStyle().GetPtr(), TextStateOf(status));
+}
+
+HFONT CDUIButton::GetFontByStatus(int status)
+{
+    return StateFont(GetTextStyle().GetPtr(), TextStateOf(status));
+}
+
+DWORD CDUIButton::GetIconPlacement() const
+{
+    // The bits stand in the order in which they count, so the lowest one wins.
+    const DWORD bits = m_dwButtonStyle & kIconBits;
+    return bits & (~bits + 1);
+}
+
+RECT CDUIButton::GetIconPlace()
+{
+    const RECT rect = GetControlRect();
+    const RECT margin = GetMargin();
+    const SIZE icon = IconSize(m_uiData.m_pIcon);
+    LONGLONG left = Centred(rect.left, rect.right, icon.cx);
+    LONGLONG top = Centred(rect.top, rect.bottom, icon.cy);
+    switch (GetIconPlacement()) {
+        case BTNSTYLE_CENTER_ICON:
+            break;
+        case BTNSTYLE_LEFT_ICON:
+            left = Wide(rect.left) + margin.left;
+            break;
+        case BTNSTYLE_RIGHT_ICON:
+            left = Wide(rect.right) - margin.right - icon.cx;
+            break;
+        case BTNSTYLE_TOP_ICON:
+            top = Wide(rect.top) + margin.top;
+            break;
+        case BTNSTYLE_BOTTOM_ICON:
+            top = Wide(rect.bottom) - margin.bottom - icon.cy;
+            break;
+        default:
+            return {0, 0, 0, 0};
+    }
+    return MakeRect(left, top, left + icon.cx, top + icon.cy);
+}
+
+RECT CDUIButton::GetTextPlace()
+{
+    RECT place = Shrink(GetControlRect(), GetMargin());
+    if (IsRectEmpty(&m_rcIcon))
+        return place;
+    const LONGLONG padding = GetPaddingWidth();
+    switch (GetIconPlacement()) {
+        case BTNSTYLE_LEFT_ICON:
+            place.left = Narrow(m_rcIcon.right + padding);
+            break;
+        case BTNSTYLE_RIGHT_ICON:
+            place.right = Narrow(m_rcIcon.left - padding);
+            break;
+        case BTNSTYLE_TOP_ICON:
+            place.top = Narrow(m_rcIcon.bottom + padding);
+            break;
+        case BTNSTYLE_BOTTOM_ICON:
+            place.bottom = Narrow(m_rcIcon.top - padding);
+            break;
+        default:
+            break;
+    }
+    return place;
+}
+
+}  // namespace DUI

@@ -1,0 +1,74 @@
+#pragma once
+
+#include <algorithm>
+#include <limits>
+
+#include <qvui/platform/platform.h>
+#include <qvui/render/image_list.h>
+
+/// Arithmetic on rectangles and sizes that skins give: any 32-bit numbers, so sums are made in 64 bits and
+/// results cut to 32.
+namespace DUI::geometry {
+
+inline LONGLONG Wide(LONG value)
+{
+    return value;
+}
+
+inline LONG Narrow(LONGLONG value)
+{
+    using Limits = std::numeric_limits<LONG>;
+    return static_cast<LONG>(std::clamp<LONGLONG>(value, Limits::min(), Limits::max()));
+}
+
+inline LONGLONG Width(const RECT& rect)
+{
+    return Wide(rect.right) - rect.left;
+}
+inline LONGLONG Height(const RECT& rect)
+{
+    return Wide(rect.bottom) - rect.top;
+}
+
+inline RECT MakeRect(LONGLONG left, LONGLONG top, LONGLONG right, LONGLONG bottom)
+{
+    return {Narrow(left), Narrow(top), Narrow(right), Narrow(bottom)};
+}
+
+/// The rectangle less a margin on each side.
+inline RECT Shrink(const RECT& rect, const RECT& margin)
+{
+    return MakeRect(Wide(rect.left) + margin.left, Wide(rect.top) + margin.top,
+                    Wide(rect.right) - margin.right, Wide(rect.bottom) - margin.bottom);
+}
+
+/// The common part; all zero when there is none.
+inline RECT Intersection(const RECT& left, const RECT& right)
+{
+    RECT result{0, 0, 0, 0};
+    IntersectRect(&result, &left, &right);
+    return result;
+}
+
+/// The start of `length` pixels in the middle of the span from `start` to `end`; `start` when they do not
+/// fit.
+inline LONGLONG Centred(LONG start, LONG end, LONGLONG length)
+{
+    const LONGLONG free = Wide(end) - start - length;
+    return free > 0 ? start + free / 2 : start;
+}
+
+/// The size of one icon; 0 by 0 without a picture.
+inline SIZE IconSize(const CDUIImageListPtr& image)
+{
+    return image && !image->IsNull() ? SIZE{image->GetIconWidth(), image->GetIconHeight()} : SIZE{0, 0};
+}
+
+/// A content's size with the margin around it, and in each direction the fixed size instead where it is set.
+inline SIZE OuterSize(LONGLONG width, LONGLONG height, const RECT& margin, const SIZE& fixed)
+{
+    return {fixed.cx ? fixed.cx : Narrow(width + margin.left + margin.right),
+            fixed.cy ? fixed.cy : Narrow(height + margin.top + margin.bottom)};
+}
+
+}  // namespace DUI::geometry

@@ -1,0 +1,33 @@
+#pragma once
+
+#include <qvui/skin/text_style.h>
+
+/// Text in the colour and font that a text style has for a control's state.
+namespace DUI {
+
+/// The four looks of a text style.
+enum class TextState { Normal, Hover, Select, Disable };
+
+/// Black without a style.
+COLORREF StateColor(const CTextStyle* style, TextState state);
+/// The style's normal font where it has none for the state; null without a style or font. Borrowed.
+HFONT StateFont(const CTextStyle* style, TextState state);
+
+/// Selects a font for its scope; null selects nothing.
+class FontScope {
+public:
+    FontScope(HDC hdc, HFONT font) : m_hDC(hdc), m_hOld(font ? SelectObject(hdc, font) : nullptr) {}
+    FontScope(const FontScope&) = delete;
+    FontScope& operator=(const FontScope&) = delete;
+    ~FontScope()
+    {
+        if (m_hOld)
+            SelectObject(m_hDC, m_hOld);
+    }
+
+private:
+    HDC m_hDC;
+    HGDIOBJ m_hOld;
+};
+
+}  // namespace DUI
