@@ -10,6 +10,13 @@ namespace {
 constexpr double kHueLimit = 359.0;
 constexpr double kLargestHue = 358.9999;
 
+// A share of full intensity, truncated. A share that is not a number is black: its conversion would be
+// undefined.
+unsigned char ByteOf(double share)
+{
+    return share == share ? static_cast<unsigned char>(static_cast<int>(share * 255)) : 0;
+}
+
 unsigned char Channel(double low, double high, double hue)
 {
     while (hue >= 360)
@@ -23,16 +30,18 @@ unsigned char Channel(double low, double high, double hue)
         value = high;
     else if (hue < 240)
         value = low + (high - low) * (240 - hue) / 60;
-    return static_cast<unsigned char>(static_cast<int>(value * 255));
+    return ByteOf(value);
 }
 
 }  // namespace
 
 void CARGB::SetColor(const char* hexadecimal)
 {
-    // strtoul saturates at its own width; the colour's width is 32 bits on every target.
-    const unsigned long long wide = std::strtoull(hexadecimal, nullptr, 16);
-    const auto value = static_cast<DWORD>(std::min(wide, 0xFFFFFFFFULL));
+    // strtoul saturates at its own width and lets a minus sign wrap around; a colour's width is 32 bits
+    // everywhere.
+    constexpr long long kAllOnes = 0xFFFFFFFF;
+    const long long wide = std::strtoll(hexadecimal, nullptr, 16);
+    const auto value = static_cast<DWORD>(wide < -kAllOnes || wide > kAllOnes ? kAllOnes : wide);
     m_alpha = static_cast<unsigned char>(value >> 24);
     m_red = static_cast<unsigned char>(value >> 16);
     m_green = static_cast<unsigned char>(value >> 8);
@@ -69,18 +78,25 @@ BOOL ParseColorLiteral(const CString& text, CARGB& color)
     return TRUE;
 }
 
-CHLSColor::CHLSColor(CARGB& color) : m_red(color.GetR()), m_green(color.GetG()), m_blue(color.GetB()) {}
+CHLSColor::CHLSColor(CARGB& color) : m_red(color.GetR()), m_green(color.GetG()), m_blue(color.GetB())
+{
+}
 
-CHLSColor::CHLSColor(unsigned char r, unsigned char g, unsigned char b) : m_red(r), m_green(g), m_blue(b) {}
+CHLSColor::CHLSColor(unsigned char r, unsigned char g, unsigned char b) : m_red(r), m_green(g), m_blue(b)
+{
+}
 
 CHLSColor::CHLSColor(DWORD colorref)
-    : m_red(static_cast<unsigned char>(colorref)), m_green(static_cast<unsigned char>(colorref >> 8)),
+    : m_red(static_cast<unsigned char>(colorref)),
+      m_green(static_cast<unsigned char>(colorref >> 8)),
       m_blue(static_cast<unsigned char>(colorref >> 16))
 {
 }
 
 CHLSColor::CHLSColor(double hue, double luminance, double saturation)
-    : m_luminance(luminance), m_saturation(saturation), m_hue(hue)
+    : m_luminance(luminance),
+      m_saturation(saturation),
+      m_hue(hue)
 {
     CorrectHLS();
 }
@@ -139,7 +155,7 @@ void CHLSColor::ToRGB()
 {
     CorrectHLS();
     if (m_saturation == 0) {
-        m_red = m_green = m_blue = static_cast<unsigned char>(m_luminance * 255);
+        m_red = m_green = m_blue = ByteOf(m_luminance);
         return;
     }
     const double high = m_luminance <= 0.5 ? m_luminance * (1 + m_saturation)

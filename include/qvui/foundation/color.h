@@ -9,7 +9,10 @@ class QVUI_API CARGB {
 public:
     CARGB() = default;
     CARGB(unsigned char r, unsigned char g, unsigned char b, unsigned char a)
-        : m_blue(b), m_green(g), m_red(r), m_alpha(a)
+        : m_blue(b),
+          m_green(g),
+          m_red(r),
+          m_alpha(a)
     {
     }
 
@@ -81,17 +84,22 @@ QVUI_API BOOL ParseColorLiteral(const CString& text, CARGB& color);
 /// one side and call ToHLS or ToRGB for the other. Conversions to bytes truncate.
 class QVUI_API CHLSColor {
 public:
+    /// Leaves every field uninitialised; the constructors from a colour leave hue, luminance and saturation
+    /// so.
     CHLSColor() {}
     CHLSColor(CARGB& color);
     CHLSColor(unsigned char r, unsigned char g, unsigned char b);
     CHLSColor(DWORD colorref);
+    /// Clamps the three, and leaves the bytes uninitialised.
     CHLSColor(double hue, double luminance, double saturation);
 
+    /// The COLORREF of the bytes.
     operator DWORD() const;
 
     /// Clamps luminance and saturation into 0..1 and hue into 0..358.9999; there is no wrap-around.
     void CorrectHLS();
     void ToHLS();
+    /// Corrects the three first.
     void ToRGB();
 
     unsigned char m_red;

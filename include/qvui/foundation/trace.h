@@ -6,13 +6,14 @@ namespace DUI {
 
 enum DUI_TRACE_LEVEL { DUI_TRACE_INFO, DUI_TRACE_WARNING, DUI_TRACE_ERROR };
 
-/// Receives every trace line, without a line end, on the thread that traces. The text is valid during the call.
+/// Receives every trace line, without a line end, on the thread that traces. The text is valid during the
+/// call.
 using TraceSink = void (*)(void* context, const char* text);
 
 /// Sends traces to `sink` from now on; null, the default, discards them.
 QVUI_API void SetTraceSink(TraceSink sink, void* context);
 
-/// Trace lines in printf's formats, at most 1023 bytes each.
+/// Trace lines in printf's formats, at most 1024 bytes each; the rest is cut off.
 class QVUI_API CTrace {
 public:
 #if defined(__GNUC__)
@@ -30,6 +31,7 @@ public:
 /// Names window messages in traces.
 class QVUI_API CWinMsgDebug {
 public:
+    /// Traces a message; the handle and the parameters are cut to 32 bits.
     static void OuputMsg(HWND hWnd, UINT uMsg, WPARAM wParam, LPARAM lParam);
 
 protected:
@@ -37,11 +39,12 @@ protected:
     static const char* DUIGetMessageName(UINT uMsg);
 };
 
-/// Measures an interval with the platform's high-resolution counter.
+/// Measures an interval with the platform's high-resolution counter. Not to be deleted through a pointer to a
+/// base: the destructor is not among the published virtual operations.
 class QVUI_API CTimeCalculator {
 public:
+    /// Both counts are the current one.
     CTimeCalculator();
-    virtual ~CTimeCalculator() = default;
 
     /// Takes the current count as the start; returns it.
     virtual LONGLONG Start();
@@ -63,10 +66,10 @@ public:
     explicit CTimeCostDebug(const char* label);
     CTimeCostDebug(const CTimeCostDebug&) = delete;
     CTimeCostDebug& operator=(const CTimeCostDebug&) = delete;
-    ~CTimeCostDebug() override;
+    ~CTimeCostDebug();
 
 private:
-    char m_szLabel[255];
+    char m_szLabel[255] = "";
 };
 
 }  // namespace DUI

@@ -1,0 +1,154 @@
+#include <qvui/foundation/ref_ptr.h>
+
+#include <gtest/gtest.h>
+
+#include <map>
+#include <memory>
+#include <type_traits>
+
+namespace {
+
+using DUI::CRefPtr;
+
+struct Base : DUI::CDUIObject {};
+
+struct Watched : Base {
+    explicit Watched(int& deletions) : m_deletions(&deletions) {}
+    ~Watched() override { ++*m_deletions; }
+
+    CRefPtr<Base> next;
+
+private:
+    int* m_deletions;
+};
+
+struct Record : DUI::CRefCountBase {
+    int value = 0;
+};
+
+}  // namespace
+
+TEST(RefPtr, LastHolderDeletesThroughTheMostDerivedDestructor)
+{
+    int deletions = 0;
+    {
+        auto* object = new Watched(deletions);
+        EXPECT_EQ(object->GetRefCount(), 0);
+        CRefPtr<Base> first(object);
+        EXPECT_EQ(object->GetRefCount(), 1);
+        {
+            const CRefPtr<Base> second(first);
+            EXPECT_TRUE(second == first);
+            EXPECT_EQ(object->GetRefCount(), 2);
+        }
+        EXPECT_EQ(object->GetRefCount(), 1);
+        CRefPtr<Base> moved(std::move(first));
+        EXPECT_TRUE(first.IsNull());
+        EXPECT_EQ(moved.GetPtr(), object);
+        EXPECT_EQ(object->GetRefCount(), 1);
+        EXPECT_EQ(deletions, 0);
+    }
+    EXPECT_EQ(deletions, 1);
+}
+
+TEST(RefPtr, AssignmentReleasesTheOldAndSharesTheNew)
+{
+    int deletions = 0;
+    auto* object = new Watched(deletions);
+    CRefPtr<Base> holder(object);
+    const CRefPtr<Base>& itself = holder;
+    holder = itself;
+    EXPECT_EQ(object->GetRefCount(), 1) << "to itself";
+
+    CRefPtr<Base> other(object);
+    other = holder;
+    EXPECT_EQ(object->GetRefCount(), 2) << "both hold the object already";
+
+    CRefPtr<Base> elsewhere(new Base);
+    other = elsewhere;
+    EXPECT_TRUE(other != holder);
+    EXPECT_EQ(object->GetRefCount(), 1);
+    EXPECT_EQ(elsewhere->GetRefCount(), 2);
+
+    holder = CRefPtr<Base>();
+    EXPECT_TRUE(holder.IsNull());
+    EXPECT_EQ(deletions, 1) << "emptied";
+}
+
+TEST(RefPtr, EmptyPointersCountNothing)
+{
+    CRefPtr<Base> empty(nullptr);
+    CRefPtr<Base> copy(empty);
+    copy = empty;
+    copy = CRefPtr<Base>();
+    EXPECT_TRUE(copy == empty);
+    EXPECT_TRUE(copy.IsNull());
+    EXPECT_EQ(copy.GetPtr(), nullptr);
+}
+
+TEST(RefPtr, SourceInsideTheReleasedObjectIsReadBeforeTheRelease)
+{
+    // A list is walked by assigning from the element that the assignment deletes.
+    int deletions = 0;
+    auto* tail = new Watched(deletions);
+    CRefPtr<Watched> head(new Watched(deletions));
+    head->next = CRefPtr<Base>(tail);
+    CRefPtr<Base> walker(head.GetPtr());
+    head = CRefPtr<Watched>();
+    walker = static_cast<Watched*>(walker.GetPtr())->next;
+    EXPECT_EQ(walker.GetPtr(), tail);
+    EXPECT_EQ(tail->GetRefCount(), 1);
+    EXPECT_EQ(deletions, 1);
+}
+
+TEST(RefCount, CopiesOfObjectsStartUnownedAndCopiesOfRecordsTakeTheCount)
+{
+    Base object;
+    for (int i = 1; i <= 5; ++i)
+        EXPECT_EQ(object.AddRefCount(), i);
+    Base copy(object);
+    EXPECT_EQ(copy.GetRefCount(), 0);
+    copy.AddRefCount();
+    copy = object;
+    EXPECT_EQ(copy.GetRefCount(), 1) << "assignment keeps the target's count";
+    EXPECT_EQ(object.SubRefCount(), 4);
+
+    Record record;
+    record.AddRefCount();
+    Record taken;
+    taken = record;
+    EXPECT_EQ(taken.GetRefCount(), 1);
+    taken.ResetRefCount();
+    EXPECT_EQ(taken.SubRefCount(), -1) << "nothing is deleted here";
+    EXPECT_FALSE(std::is_polymorphic_v<DUI::CRefCountBase>);
+}
+
+TEST(RefCount, KnowsHowManyObjectsLive)
+{
+    const std::size_t before = DUI::CRefCountBase::GetLiveCount();
+    {
+        const CRefPtr<Record> held(new Record);
+        const Record copy(*held.GetPtr());
+        EXPECT_EQ(DUI::CRefCountBase::GetLiveCount(), before + 2);
+    }
+    EXPECT_EQ(DUI::CRefCountBase::GetLiveCount(), before);
+}
+
+TEST(NoCopy, ForbidsCopies)
+{
+    struct Single : DUI::CNoCopy {};
+    EXPECT_FALSE(std::is_copy_constructible_v<Single>);
+    EXPECT_FALSE(std::is_copy_assignable_v<Single>);
+    EXPECT_TRUE(std::is_default_constructible_v<Single>);
+}
+
+TEST(StrLessCmp, TellsLetterCaseApart)
+{
+    std::map<CString, int, CStrLessCmp> names;
+    names["Button"] = 1;
+    names["button"] = 2;
+    names["button"] = 3;
+    EXPECT_EQ(names.size(), 2U);
+    EXPECT_EQ(names["Button"], 1);
+    EXPECT_EQ(names["button"], 3);
+}
