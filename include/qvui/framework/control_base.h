@@ -83,6 +83,7 @@ public:
     DWORD GetUserData() const override { return m_dwUserData; }
     void SetVisible(BOOL bVisible) override;
     void OnParentVisibleStatusChange(BOOL bVisible) override;
+    /// FALSE for a null child, one that is here already, and one that would hold itself.
     BOOL AddControl(CRefPtr<IDUIControl> child) override;
     /// TRUE also for a control that is no child.
     BOOL RemoveControl(CRefPtr<IDUIControl> child) override;
@@ -163,10 +164,14 @@ protected:
     CDUIControlBase& operator=(const CDUIControlBase&) = delete;
 
     CRefPtr<IDUIControl> ChildAt(std::size_t index) const { return m_children[index]; }
+    /// What SetControlRect begins with in a class that places its children itself.
+    void StoreControlRect(const RECT& rect) { m_rcControl = rect; }
 
 private:
     LRESULT Request(UINT code, WPARAM wParam, LPARAM lParam);
     bool IsChild(const IDUIControl* child) const;
+    /// Whether `other` is this control or one of its ancestors.
+    bool IsInside(const IDUIControl* other) const;
 
     CString m_strName;
     CString m_strText;
