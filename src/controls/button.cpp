@@ -4,6 +4,7 @@
 
 #include "controls/geometry.h"
 #include "controls/state_text.h"
+#include "framework/control_guard.h"
 #include "framework/skin_access.h"
 
 namespace DUI {
@@ -44,15 +45,22 @@ TextState TextStateOf(int status)
     }
 }
 
-}  // namespace
+void SetImage(CDUIButton& button, CDUIImageListPtr CButtonUIData::*which, const CString& name)
+{
+    CButtonUIData data = button.GetButtonUIData();
+    data.*which = skin::Image(name);
+    button.SetButtonUIData(data);
+}
 
-const AttributeTable<CDUIButton>& CDUIButton::Attributes()
+const AttributeTable<CDUIButton>& Attributes()
 {
     static const AttributeTable<CDUIButton> attributes{
         {"back_image", AttributeKind::Image, "Background strip: normal, hot, pushed or checked, disabled.",
-         [](CDUIButton& button, const CString& value) { button.m_uiData.m_pBackImage = skin::Image(value); }},
+         [](CDUIButton& button, const CString& value) {
+             SetImage(button, &CButtonUIData::m_pBackImage, value);
+         }},
         {"icon", AttributeKind::Image, "Icon strip with the same states; button_style says where it stands.",
-         [](CDUIButton& button, const CString& value) { button.m_uiData.m_pIcon = skin::Image(value); }},
+         [](CDUIButton& button, const CString& value) { SetImage(button, &CButtonUIData::m_pIcon, value); }},
         {"button_style",
          {AttributeKind::Keywords, "",
           "center_icon|left_icon|right_icon|top_icon|bottom_icon|no_text|auto_fit|no_draw_focus|ver_text"},
@@ -72,6 +80,8 @@ const AttributeTable<CDUIButton>& CDUIButton::Attributes()
     };
     return attributes;
 }
+
+}  // namespace
 
 const ControlClass& CDUIButton::Class()
 {
@@ -140,6 +150,7 @@ BOOL CDUIButton::EstimateSize(SIZE, SIZE& size)
 
 LRESULT CDUIButton::ProcessEvent(const tagDUIEvent& event, BOOL& bHandled)
 {
+    const ControlGuard keep(this);
     if (IsEnabled()) {
         const bool isSpace = event.wParam == VK_SPACE;
         switch (event.Type) {

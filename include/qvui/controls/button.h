@@ -88,8 +88,6 @@ protected:
     CButtonUIData& UIData() { return m_uiData; }
 
 private:
-    static const AttributeTable<CDUIButton>& Attributes();
-
     DWORD GetIconPlacement() const;
     RECT GetIconPlace();
     RECT GetTextPlace();
