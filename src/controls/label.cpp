@@ -1,0 +1,142 @@
+#include <qvui/controls/label.h>
+
+#include <qvui/render/render_engine.h>
+
+#include "controls/geometry.h"
+#include "controls/image_drawing.h"
+#include "controls/state_text.h"
+#include "framework/skin_access.h"
+
+namespace DUI {
+
+using namespace geometry;
+
+const AttributeTable<CDUILabel>& CDUILabel::LabelAttributes()
+{
+    static const AttributeTable<CDUILabel> attributes{
+        {"enable_shadowtext",
+         {AttributeKind::Boolean, "false"},
+         "\"true\" draws a shadow of the text, one pixel to the right and down; other values change nothing.",
+         [](CDUILabel& label, const CString& value) {
+             if (IsTrue(value))
+                 label.m_bShadow = true;
+         }},
+        {"shadowtext_color",
+         {AttributeKind::Color, "#FF000000"},
+         "The shadow's colour.",
+         [](CDUILabel& label, const CString& value) { label.m_shadowColor = skin::Color(value).GetColor(); }},
+        {"back_image", AttributeKind::Image, "The image behind the text, in the content rectangle.",
+         [](CDUILabel& label, const CString& value) { label.m_pBackImage = skin::Image(value); }},
+    };
+    return attributes;
+}
+
+const ControlClass& CDUILabel::Class()
+{
+    static const ControlClass theClass("CDUILabel", &CDUIControlBase::Class(),
+                                       "A text, with a shadow when wanted, over a background image.",
+                                       {"label"}, &LabelAttributes());
+    return theClass;
+}
+
+CDUILabel::~CDUILabel() = default;
+
+void* CDUILabel::GetInterface(const CString& name)
+{
+    return Class().Answers(name) ? this : nullptr;
+}
+
+CRefPtr<IDUIControl> CDUILabel::Clone()
+{
+    return new CDUILabel(*this);
+}
+
+void CDUILabel::SetAttribute(const CString& name, const CString& value)
+{
+    if (!LabelAttributes().Apply(*this, name, value))
+        CDUIControlBase::SetAttribute(name, value);
+}
+
+BOOL CDUILabel::EstimateSize(SIZE, SIZE& size)
+{
+    const CRefPtr<CTextStyle> style = GetTextStyle();
+    if (GetText().IsEmpty() || style.IsNull() || style->GetNormalFont().IsNull())
+        return FALSE;
+    const SIZE text = CDUIRenderEngine::GetTextIdealSize(GetText(), style->GetNormalFont()->GetFont(), 0,
+                                                         style->GetTextFormat());
+    size = OuterSize(text.cx, text.cy, {0, 0, 0, 0}, GetFixedSize());
+    return TRUE;
+}
+
+LRESULT CDUILabel::ProcessEvent(const tagDUIEvent& event, BOOL& bHandled)
+{
+    if (IsEnabled()) {
+        switch (event.Type) {
+            case DUIEVENT_LBUTTONDOWN:
+            case DUIEVENT_LBUTTONDBLCLK:
+                ModifyStatus(0, DUISTATUS_PUSHED);
+                break;
+            case DUIEVENT_LBUTTONUP:
+                ModifyStatus(DUISTATUS_PUSHED, 0);
+                break;
+            case DUIEVENT_MOUSEENTER:
+                ModifyStatus(0, DUISTATUS_HOT);
+                break;
+            case DUIEVENT_MOUSELEAVE:
+                ModifyStatus(DUISTATUS_HOT, 0);
+                break;
+            default:
+                break;
+        }
+    }
+    return CDUIControlBase::ProcessEvent(event, bHandled);
+}
+
+void CDUILabel::PaintBkgnd(HDC hdc)
+{
+    if (!skin::IsLoaded(m_pBackImage))
+        return;
+    const RECT content = GetContentRect();
+    const CDUIRenderClip clip(hdc, content);
+    const HalftoneScope smooth(hdc);
+    m_pBackImage->DrawImage(hdc, content, 0);
+}
+
+void CDUILabel::PaintText(HDC hdc)
+{
+    const CString& text = GetText();
+    const CRefPtr<CTextStyle> style = GetTextStyle();
+    if (text.IsEmpty() || style.IsNull())
+        return;
+    const FontScope font(hdc, GetFontByStatus());
+    SetBkMode(hdc, TRANSPARENT);
+    const auto draw = [&](COLORREF color, RECT rect) {
+        SetTextColor(hdc, color);
+        CDUIRenderEngine::DrawTextA(hdc, text, text.GetLength(), &rect, style->GetTextFormat());
+    };
+    const RECT content = GetContentRect();
+    if (m_bShadow)
+        draw(m_shadowColor, Shrink(content, {1, 1, -1, -1}));
+    draw(GetLabelTextColor(), content);
+}
+
+COLORREF CDUILabel::GetLabelTextColor()
+{
+    const DWORD status = GetStatus();
+    const TextState state = (status & DUISTATUS_DISABLED) ? TextState::Disable
+                            : (status & DUISTATUS_HOT)    ? TextState::Hover
+                                                          : TextState::Normal;
+    return StateColor(GetTextStyle().GetPtr(), state);
+}
+
+HFONT CDUILabel::GetFontByStatus()
+{
+    const DWORD status = GetStatus();
+    const TextState state = (status & DUISTATUS_DISABLED) ? TextState::Disable
+                            : (status & DUISTATUS_PUSHED) ? TextState::Select
+                            : (status & DUISTATUS_HOT)    ? TextState::Hover
+                                                          : TextState::Normal;
+    return StateFont(GetTextStyle().GetPtr(), state);
+}
+
+}  // namespace DUI
