@@ -46,7 +46,13 @@ struct NM_TOOLTIP_DISPLAY {
     TOOLTIP_INFO* ti;
 };
 
-/// The tooltip window: appears when the pointer rests on a tool, in its own colours, with marked-up text.
+/// The tooltip window: appears when the pointer rests on a tool, in its own colours, with marked-up text. It
+/// belongs to a host window, never takes the focus or the mouse, and shows while one of the host's windows is
+/// active and the host is enabled.
+///
+/// While it shows, it asks its owner again at every move of the pointer; when the text is another one it hides,
+/// and the new text shows after the shorter delay. A press, a key, the wheel and the end of its stay put it away
+/// until the pointer comes to a tool, or to a part of one, with another text.
 class QVUI_API CPPToolTip {
 public:
     CPPToolTip();
@@ -54,35 +60,41 @@ public:
     CPPToolTip& operator=(const CPPToolTip&) = delete;
     ~CPPToolTip();
 
-    /// Makes the hidden window, owned by `hParent`; FALSE when it exists already or cannot be made.
+    /// Makes the hidden window, owned by `hParent`, which gets its notifications; FALSE when it exists already or
+    /// cannot be made.
     BOOL Create(HWND hParent);
     void DestroyWindow();
+    /// Null before Create, after DestroyWindow and when the host window has gone.
     HWND GetHWND() const;
     /// The id that its notifications carry.
     int GetDlgCtrlID() const;
 
-    /// Adds a tool: a rectangle of a window (client coordinates). An empty text is asked for at display time.
+    /// Adds a tool: a rectangle of a window and of what its child windows cover of it (client coordinates), or
+    /// replaces the one with the same window and id. An empty text is asked for at display time. Where tools
+    /// overlap, the earlier one counts.
     void AddTool(HWND hWnd, const CString& text, const RECT& bounds, UINT_PTR id);
     void DelTool(HWND hWnd, UINT_PTR id);
 
     /// To be called with every message before it is dispatched: moves start the delay, presses, keys and the
     /// wheel hide the tooltip.
     void RelayEvent(MSG* pMsg);
+    /// Hides it until the pointer moves and rests again.
     void HideTooltip();
     BOOL IsTooltipVisible() const;
 
-    /// Milliseconds that the pointer rests before the tooltip shows (500), that it stays (5000), and before the
-    /// next tool's tooltip shows after one was shown (100).
+    /// Milliseconds that the pointer rests before the tooltip shows (500), that it stays (5000; 0 for as long as
+    /// the pointer does), and before the next tooltip shows when one has just been shown (100).
     void SetDelayTime(int initial, int autoPop, int reshow);
-    /// The background without colours from the owner.
+    /// The background without colours from the owner: RGB(169,209,236).
     void SetBkColor(const CARGB& color);
-    /// Pixels between border and text, and the distance from the pointer.
+    /// Pixels between border and text (5 and 5).
     void SetMargin(int horizontal, int vertical);
+    /// Pixels from the pointer's hot spot sideways (5), and from its picture up or down (10).
     void SetOffset(int x, int y);
 
 private:
     class Window;
-    std::unique_ptr<Window> m_pWindow;
+    std::shared_ptr<Window> m_pWindow;  // outlives its own calls to the owner, which may destroy the tooltip
 };
 
 }  // namespace DUI

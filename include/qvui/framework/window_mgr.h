@@ -3,6 +3,7 @@
 #include <functional>
 #include <map>
 #include <memory>
+#include <unordered_map>
 #include <vector>
 
 #include <qvui/framework/control_base.h>
@@ -46,6 +47,8 @@ public:
     CDUIWindowMgr();
     CDUIWindowMgr(const CDUIWindowMgr&) = delete;
     CDUIWindowMgr& operator=(const CDUIWindowMgr&) = delete;
+    /// The skin attributes of the "window" element.
+    static const AttributeList& WindowAttributes();
 
     // IDUIControlMgr
     void SendNotify(const tagDUINotify& notify) override;
@@ -176,12 +179,19 @@ private:
         Handler handler;
     };
     static const MessageEntry kMessages[];
+    struct RequestEntry {
+        UINT code;
+        LRESULT (CDUIWindowMgr::*handler)(tagDUINotify& request);
+    };
+    static const RequestEntry kRequests[];
     struct NotifyHandlerEntry {
         CDUINotifyTarget* target;
         std::function<void(const tagDUINotify&)> call;
     };
     using NotifyHandlerList = std::vector<std::shared_ptr<NotifyHandlerEntry>>;
-    class TabWalk;
+    /// A control that a handler of this manager works with: it stays alive meanwhile, and is null from the
+    /// moment it leaves the tree or the manager goes.
+    class Target;
 
     LRESULT OnSize(UINT uMsg, WPARAM wParam, LPARAM lParam, BOOL& bHandled);
     LRESULT OnMove(UINT uMsg, WPARAM wParam, LPARAM lParam, BOOL& bHandled);
@@ -201,18 +211,29 @@ private:
 
     // Input
     tagDUIEvent PointerEvent(UINT type, IDUIControl* sender, WPARAM wParam, LPARAM lParam);
-    void Deliver(IDUIControl* target, const tagDUIEvent& event, BOOL& bHandled);
-    void MoveHover(IDUIControl* found, tagDUIEvent& event, BOOL& bHandled);
-    bool ActivateNamed(const CString& name);
+    /// False when the manager has gone meanwhile.
+    bool Deliver(IDUIControl* target, const tagDUIEvent& event, BOOL& bHandled);
+    bool RouteMove(tagDUIEvent event, BOOL& bHandled);
+    bool MoveHover(Target& found, const tagDUIEvent& move, BOOL& bHandled);
+    bool EndHover(BOOL& bHandled);
+    bool LoseFocus(IDUIControl* sender, tagDUIEvent event, BOOL& bHandled);
+    bool IsOwnMessage(const MSG& message) const;
     bool ActivateShortcut(char ch);
-    void TakeFocus(IDUIControl* control);
+    bool ActivateControl(IDUIControl* control);
+    bool OnPreReturn();
+    bool OnPreEscape(const MSG& message);
+    /// Gives the focus from the present control to this one, which may be null.
+    void MoveFocus(IDUIControl* control);
+    bool FocusBeyondTree(BOOL bForward, IDUIControl* lastTabStop);
 
     // Requests
-    LRESULT HandleUpdateRequest(const tagDUINotify& request);
-    LRESULT HandleFocusRequest(const tagDUINotify& request);
+    LRESULT HandleUpdateRequest(tagDUINotify& request);
+    LRESULT HandleFocusRequest(tagDUINotify& request);
     LRESULT HandleWindowRequest(tagDUINotify& request);
-    LRESULT HandleFindRequest(const tagDUINotify& request);
-    LRESULT HandleTimerRequest(const tagDUINotify& request);
+    LRESULT HandleLockRequest(tagDUINotify& request);
+    LRESULT HandleFindRequest(tagDUINotify& request);
+    LRESULT HandleStatusRequest(tagDUINotify& request);
+    LRESULT HandleTimerRequest(tagDUINotify& request);
     LRESULT StartTimer(const DUITimerRecord& wanted);
     LRESULT StopTimer(const DUITimerRecord& wanted);
     std::size_t FindTimer(const IDUIControl* owner, UINT id) const;
@@ -221,14 +242,21 @@ private:
     // The window
     BOOL AdoptRoot(CRefPtr<IDUIControl> root, HWND hWnd);
     bool HasDUIStyle(DWORD bits) const { return (m_dwDUIStyle & bits) == bits; }
+    /// Whether the window has a native caption.
+    bool HasCaption() const { return (GetStyle() & WS_CAPTION) == WS_CAPTION; }
     void CheckDUIStyle();
-    void Broadcast(UINT type, WPARAM wParam, LPARAM lParam);
-    bool PrepareBackBuffer(int width, int height);
+    bool Broadcast(UINT type, WPARAM wParam, LPARAM lParam);
+    bool PrepareBackBuffer(const RECT& client);
     void RefreshNames();
+    void ForgetNames();
+    void CreateTooltip();
     void UpdateTooltipTool();
+    /// A control left the tree: nothing here may point to it any more.
+    void Forget(const IDUIControl* control);
 
     void AddHandler(const CString& name, CDUINotifyTarget* target, std::function<void(const tagDUINotify&)> call);
     void CallHandlers(const CString& name, const tagDUINotify& notify);
+    void ForgetAllHandlers();
     friend class CDUINotifyTarget;
 
     HWND m_hWnd = nullptr;
@@ -239,7 +267,9 @@ private:
     POINT m_ptLast{-1, -1};
     BOOL m_bTracking = FALSE;
     std::vector<DUITimerRecord> m_timers;
-    std::map<CString, IDUIControl*, CStrLessCmp> m_names;
+    using NameCache = std::map<CString, IDUIControl*, CStrLessCmp>;
+    NameCache m_names;
+    std::unordered_map<const IDUIControl*, NameCache::iterator> m_namePlaces;
     std::map<CString, NotifyHandlerList, CStrLessCmp> m_handlers;
     CDUIMessageLoop m_messageLoop;
     std::unique_ptr<CPPToolTip> m_pToolTip;
@@ -254,8 +284,8 @@ private:
     int m_nCaptionHeight = 0;
     CDibSection m_backBuffer;
     bool m_isSkinObserver = false;
-    // Shared with calls in progress: false once the manager is gone.
-    std::shared_ptr<bool> m_pIsAlive;
+    bool m_isAttached = false;
+    std::vector<Target*> m_targets;  // of the calls in progress
 };
 
 }  // namespace DUI

@@ -1,0 +1,61 @@
+#include <qvui/framework/app.h>
+
+#include "framework/control_styles.h"
+
+namespace DUI {
+namespace {
+
+CDUIApp g_app;
+
+// Where the platform has a class that hosts ActiveX controls, windows of that class can be created after this.
+void RegisterActiveXHost()
+{
+    using InitializeHost = BOOL(WINAPI*)();
+    const HMODULE module = LoadLibraryA("atl.dll");
+    if (!module)
+        return;
+    const auto initialize = reinterpret_cast<InitializeHost>(GetProcAddress(module, "AtlAxWinInit"));
+    if (initialize)
+        initialize();
+    RegisterWindowMessageA("WM_ATLGETHOST");
+    RegisterWindowMessageA("WM_ATLGETCONTROL");
+}
+
+}  // namespace
+
+BOOL CDUIApp::m_bEanbleYahi = FALSE;
+
+CDUIApp::CDUIApp() = default;
+
+CDUIApp::~CDUIApp() = default;
+
+BOOL CDUIApp::Init(const CString& strSkinEntry, BOOL bEnableYahei)
+{
+    CoInitialize(nullptr);
+    RegisterActiveXHost();
+    m_bEanbleYahi = bEnableYahei;
+    CResMgr::SetYaHeiEnabled(bEnableYahei);
+    if (!m_pSkinMgr)
+        m_pSkinMgr = std::make_unique<CDUISkinMgr>();
+    if (!m_pFactory)
+        m_pFactory = std::make_unique<CDUIControlFactory>();
+    return m_pSkinMgr->InitializeSkin(strSkinEntry) && m_pFactory->InitializeFactory();
+}
+
+void CDUIApp::Term()
+{
+    if (m_pFactory) {
+        m_pFactory->UninitializeFactory();
+        m_pFactory.reset();
+    }
+    if (m_pSkinMgr) {
+        m_pSkinMgr->UninitializeSkin();
+        m_pSkinMgr.reset();
+    }
+    ForgetControlStyles();
+    CoUninitialize();
+}
+
+}  // namespace DUI
+
+DUI::IDUIApp* WINAPI DUIGetAppInstance() { return &DUI::g_app; }

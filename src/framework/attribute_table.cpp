@@ -1,0 +1,119 @@
+#include <qvui/framework/attribute_table.h>
+
+#include <algorithm>
+#include <climits>
+#include <cstdlib>
+#include <cstring>
+
+namespace DUI {
+namespace {
+
+constexpr std::size_t kLongestList = 127;
+
+char Lower(char letter) { return letter >= 'A' && letter <= 'Z' ? static_cast<char>(letter + ('a' - 'A')) : letter; }
+
+// Negative, 0 or positive; ASCII letters of either case are equal.
+int CompareNames(std::string_view left, std::string_view right)
+{
+    const std::size_t common = std::min(left.size(), right.size());
+    for (std::size_t i = 0; i < common; ++i)
+        if (const int difference = Lower(left[i]) - Lower(right[i]))
+            return difference;
+    return left.size() < right.size() ? -1 : left.size() > right.size();
+}
+
+// On both targets, whatever the width of long there: a number out of the range of int saturates.
+int Saturate(long long number)
+{
+    return static_cast<int>(std::clamp<long long>(number, INT_MIN, INT_MAX));
+}
+
+void ReadNumbers(const CString& value, int* numbers, int count)
+{
+    char text[kLongestList + 1]{};
+    std::memcpy(text, value.GetString(), std::min(kLongestList, value.View().size()));
+    const char* at = text;
+    const char* const end = text + std::strlen(text);
+    for (int i = 0; i < count && at <= end; ++i) {
+        char* stop = nullptr;
+        numbers[i] = Saturate(std::strtoll(at, &stop, 10));
+        at = stop + 1;
+    }
+}
+
+}  // namespace
+
+void AttributeList::Add(const AttributeInfo& info)
+{
+    const auto place = std::lower_bound(m_order.begin(), m_order.end(), info.name, [this](int index, const char* name) {
+        return CompareNames(m_infos[static_cast<std::size_t>(index)].name, name) < 0;
+    });
+    m_order.insert(place, static_cast<int>(m_infos.size()));
+    m_infos.push_back(info);
+}
+
+int AttributeList::Find(const CString& name) const
+{
+    const auto place = std::lower_bound(m_order.begin(), m_order.end(), name.View(), [this](int index, std::string_view wanted) {
+        return CompareNames(m_infos[static_cast<std::size_t>(index)].name, wanted) < 0;
+    });
+    if (place == m_order.end() || CompareNames(m_infos[static_cast<std::size_t>(*place)].name, name.View()) != 0)
+        return -1;
+    return *place;
+}
+
+ControlClass::ControlClass(const char* name, const ControlClass* base, const char* description,
+                           std::initializer_list<const char*> interfaces, const AttributeList* attributes,
+                           std::initializer_list<NotificationInfo> notifications, bool passesNamesOn)
+    : m_name(name), m_base(base), m_description(description), m_interfaces(interfaces), m_attributes(attributes),
+      m_notifications(notifications), m_passesNamesOn(passesNamesOn)
+{
+}
+
+bool ControlClass::Answers(const CString& interfaceName) const
+{
+    for (const ControlClass* known = this; known; known = known->m_passesNamesOn ? known->m_base : nullptr)
+        for (const char* own : known->m_interfaces)
+            if (EqualNoCase(own, interfaceName.View()))
+                return true;
+    return false;
+}
+
+BOOL IsTrue(const CString& value) { return EqualNoCase(value.View(), "true"); }
+
+bool HasWord(const CString& value, const char* word) { return value.Find(word) >= 0; }
+
+DWORD FindWords(const CString& value, const WordBit* words, std::size_t count)
+{
+    DWORD bits = 0;
+    for (std::size_t i = 0; i < count; ++i)
+        if (HasWord(value, words[i].word))
+            bits |= words[i].bit;
+    return bits;
+}
+
+DWORD FindFirstWord(const CString& value, const WordBit* words, std::size_t count)
+{
+    const WordBit* const end = words + count;
+    const WordBit* const found =
+        std::find_if(words, end, [&value](const WordBit& entry) { return HasWord(value, entry.word); });
+    return found == end ? 0 : found->bit;
+}
+
+int ReadInteger(const CString& value) { return Saturate(std::strtoll(value, nullptr, 10)); }
+
+RECT ReadRect(const CString& value)
+{
+    int numbers[4]{};
+    ReadNumbers(value, numbers, 4);
+    return {numbers[0], numbers[1], numbers[2], numbers[3]};
+}
+
+SIZE ReadPair(const CString& value)
+{
+    int numbers[2]{};
+    ReadNumbers(value, numbers, 2);
+    return {numbers[0], numbers[1]};
+}
+
+}  // namespace DUI

@@ -1,0 +1,463 @@
+#include <qvui/framework/control_base.h>
+
+#include <algorithm>
+
+#include "framework/control_guard.h"
+#include "framework/control_styles.h"
+#include "framework/skin_access.h"
+
+namespace DUI {
+namespace {
+
+constexpr WordBit kStretchWords[] = {{"move_x", DUIEXSTYLE_MOVE_X},
+                                     {"move_y", DUIEXSTYLE_MOVE_Y},
+                                     {"size_x", DUIEXSTYLE_SIZE_X},
+                                     {"size_y", DUIEXSTYLE_SIZE_Y},
+                                     {"group", DUIEXSTYLE_GROUP}};
+constexpr WordBit kDockWords[] = {{"dock_left", DUIEXSTYLE_DOCK_LEFT},
+                                  {"dock_right", DUIEXSTYLE_DOCK_RIGHT},
+                                  {"dock_top", DUIEXSTYLE_DOCK_TOP},
+                                  {"dock_bottom", DUIEXSTYLE_DOCK_BOTTOM}};
+constexpr DWORD kDockBits =
+    DUIEXSTYLE_DOCK_LEFT | DUIEXSTYLE_DOCK_RIGHT | DUIEXSTYLE_DOCK_TOP | DUIEXSTYLE_DOCK_BOTTOM;
+
+void SetStyleBit(CDUIControlBase& control, DWORD bit, bool isOn)
+{
+    control.ModifyStyle(isOn ? 0 : bit, isOn ? bit : 0);
+}
+
+const AttributeTable<CDUIControlBase>& Attributes()
+{
+    using Base = CDUIControlBase;
+    static const AttributeTable<Base> table{
+        {"position", AttributeKind::Rect, "Left, top, right and bottom edge in the window, in pixels.",
+         [](Base& control, const CString& value) { control.SetControlRect(ReadRect(value)); }},
+        {"text", AttributeKind::StringId, "The text that is shown.",
+         [](Base& control, const CString& value) { control.SetText(skin::String(value)); }},
+        {"tooltip", AttributeKind::StringId, "The text of the tooltip; it may hold markup.",
+         [](Base& control, const CString& value) {
+             control.SetTooltip(skin::String(value));
+             control.ModifyStyle(0, DUISTYLE_TOOLTIP);
+         }},
+        {"shortcut", AttributeKind::Character, "The key that, with Alt, gives the control the focus and activates it.",
+         [](Base& control, const CString& value) {
+             if (!value.IsEmpty())
+                 control.SetShortcut(value[0]);
+         }},
+        {"name", AttributeKind::Text, "The name by which the application finds the control.",
+         [](Base& control, const CString& value) { control.SetName(value); }},
+        {"visible", {AttributeKind::Boolean, "true"}, "Whether the control is shown.",
+         [](Base& control, const CString& value) { SetStyleBit(control, DUISTYLE_VISIBLE, IsTrue(value)); }},
+        {"transparent", {AttributeKind::Boolean, "false"}, "Whether the pointer passes through to what is behind.",
+         [](Base& control, const CString& value) { SetStyleBit(control, DUISTYLE_TRANSPARENT, IsTrue(value)); }},
+        {"enable", {AttributeKind::Boolean, "true"}, "\"false\" disables the control.",
+         [](Base& control, const CString& value) {
+             control.CDUIControlBase::SetEnable(!EqualNoCase(value.View(), "false"));
+         }},
+        {"tab_stop", {AttributeKind::Boolean, "false"}, "Whether a press and the Tab key give the control the focus.",
+         [](Base& control, const CString& value) { SetStyleBit(control, DUISTYLE_TABSTOP, IsTrue(value)); }},
+        {"margin", {AttributeKind::Rect, "0,0,0,0"}, "Space kept free inside the left, top, right and bottom edge.",
+         [](Base& control, const CString& value) { control.SetMargin(ReadRect(value)); }},
+        {"padding", {AttributeKind::Integer, "0"}, "Space between the control's parts or children, in pixels.",
+         [](Base& control, const CString& value) { control.SetPaddingWidth(ReadInteger(value)); }},
+        {"width", {AttributeKind::Integer, "0"}, "The width that a layout gives the control; 0: not fixed.",
+         [](Base& control, const CString& value) { control.SetFixedWidth(ReadInteger(value)); }},
+        {"height", {AttributeKind::Integer, "0"}, "The height that a layout gives the control; 0: not fixed.",
+         [](Base& control, const CString& value) { control.SetFixedHeight(ReadInteger(value)); }},
+        {"text_style", AttributeKind::TextStyle, "Font, colours and alignment of the text.",
+         [](Base& control, const CString& value) { control.SetTextStyle(skin::Manager()->GetTextStyle(value)); }},
+        {"cursor", AttributeKind::Cursor, "The pointer's shape over the control.",
+         [](Base& control, const CString& value) {
+             control.ModifyStyle(0, DUISTYLE_CURSOR);
+             control.SetCursor(skin::Manager()->GetCursor(value, TRUE));
+         }},
+        {"stretch", {AttributeKind::Keywords, "", "move_x|move_y|size_x|size_y|group"},
+         "Anchoring marks for the application; words add to those set before.",
+         [](Base& control, const CString& value) { control.ModifyExStyle(0, FindWords(value, kStretchWords)); }},
+        {"dock_style", {AttributeKind::Choice, "", "dock_left|dock_right|dock_top|dock_bottom"},
+         "The edge of a dock layout that the control stands at.",
+         [](Base& control, const CString& value) {
+             if (const DWORD bit = FindFirstWord(value, kDockWords))
+                 control.ModifyExStyle(kDockBits, bit);
+         }},
+        {"user_data", {AttributeKind::Integer, "0"}, "A number for the application.",
+         [](Base& control, const CString& value) { control.SetUserData(static_cast<DWORD>(ReadInteger(value))); }},
+        {"control_style", AttributeKind::ControlStyle, "A named set of attributes that is applied here.",
+         [](Base& control, const CString& value) { control.ApplyControlStyle(value); }},
+    };
+    return table;
+}
+
+// Runs over children that the calls may add, remove or destroy.
+template <class Call>
+void ForEachChild(const std::vector<CRefPtr<IDUIControl>>& children, Call call)
+{
+    for (std::size_t i = 0; i < children.size(); ++i) {
+        const CRefPtr<IDUIControl> child = children[i];
+        call(child);
+    }
+}
+
+}  // namespace
+
+const ControlClass& CDUIControlBase::Class()
+{
+    static const ControlClass info("CDUIControlBase", nullptr, "What every control has.", {"control_base", "control"},
+                                   &Attributes(),
+                                   {{"DUINOTIFY_CREATED", "The control was attached to a window."},
+                                    {"DUINOTIFY_DESTROYED", "The control was detached from its window."}});
+    return info;
+}
+
+CDUIControlBase::CDUIControlBase(const CDUIControlBase& other)
+    : IDUIControl(other), m_strName(other.m_strName), m_strText(other.m_strText), m_strTooltip(other.m_strTooltip),
+      m_dwStyle(other.m_dwStyle), m_dwExStyle(other.m_dwExStyle), m_dwStatus(other.m_dwStatus),
+      m_chShortcut(other.m_chShortcut), m_rcControl(other.m_rcControl), m_rcMargin(other.m_rcMargin),
+      m_szFixed(other.m_szFixed), m_nPaddingWidth(other.m_nPaddingWidth), m_pTextStyle(other.m_pTextStyle),
+      m_pCursor(other.m_pCursor), m_dwUserData(other.m_dwUserData)
+{
+    // Not AddControl: its hooks are those of a class that is not constructed yet.
+    m_children.reserve(other.m_children.size());
+    for (const CRefPtr<IDUIControl>& child : other.m_children) {
+        m_children.push_back(child->Clone());
+        m_children.back()->SetParent(this);
+    }
+}
+
+CDUIControlBase::~CDUIControlBase() { CDUIControlBase::RemoveAllControl(); }
+
+// --- the window --------------------------------------------------------------------------------------------
+
+void CDUIControlBase::AttachWindow(IDUIControlMgr* pMgr)
+{
+    ForEachChild(m_children, [pMgr](const CRefPtr<IDUIControl>& child) { child->AttachWindow(pMgr); });
+    m_pMgr = pMgr;
+    SendNotify(DUINOTIFY_CREATED, 0, 0);
+}
+
+void CDUIControlBase::DetachWindow()
+{
+    ForEachChild(m_children, [](const CRefPtr<IDUIControl>& child) { child->DetachWindow(); });
+    SendNotify(DUINOTIFY_DESTROYED, 0, 0);
+    m_pMgr = nullptr;
+}
+
+LRESULT CDUIControlBase::Request(UINT code, WPARAM wParam, LPARAM lParam)
+{
+    if (!m_pMgr)
+        return 0;
+    tagDUINotify request{code, this, wParam, lParam, nullptr};
+    return m_pMgr->OnControlRequest(request);
+}
+
+void CDUIControlBase::SetFocus(BOOL bFocus) { Request(DUIREQUEST_FOCUS, bFocus ? 1 : 2, 0); }
+
+IDUIControl* CDUIControlBase::GetFocusControl()
+{
+    return reinterpret_cast<IDUIControl*>(Request(DUIREQUEST_FOCUS, 3, 0));
+}
+
+void CDUIControlBase::UpdateLayout(BOOL bNeedLayout, RECT* prcInvalid)
+{
+    Request(DUIREQUEST_UPDATE, bNeedLayout ? 1 : 0, reinterpret_cast<LPARAM>(prcInvalid));
+}
+
+void CDUIControlBase::LockLayout(BOOL bLock) { Request(DUIREQUEST_LOCKLAYOUT, static_cast<WPARAM>(bLock), 0); }
+
+HWND CDUIControlBase::GetManagerWnd(BOOL bTopLevel)
+{
+    tagDUINotify request{DUIREQUEST_GETWINDOW, this, static_cast<WPARAM>(bTopLevel ? 2 : 1), 0, nullptr};
+    if (m_pMgr)
+        m_pMgr->OnControlRequest(request);
+    return reinterpret_cast<HWND>(request.lParam);
+}
+
+DWORD CDUIControlBase::GetManagerWndStatus()
+{
+    tagDUINotify request{DUIREQUEST_WINDOWSTATUS, this, 0, 0, nullptr};
+    if (m_pMgr)
+        m_pMgr->OnControlRequest(request);
+    return static_cast<DWORD>(request.wParam);
+}
+
+IDUIControl* CDUIControlBase::GetSiblingControl(const CString& name)
+{
+    return reinterpret_cast<IDUIControl*>(
+        Request(DUIREQUEST_FINDCONTROL, 2, reinterpret_cast<LPARAM>(name.GetString())));
+}
+
+IDUIControl* CDUIControlBase::GetSiblingControl(POINT point)
+{
+    return reinterpret_cast<IDUIControl*>(Request(DUIREQUEST_FINDCONTROL, 1, reinterpret_cast<LPARAM>(&point)));
+}
+
+BOOL CDUIControlBase::SetTimer(UINT id, UINT elapse)
+{
+    DUITimerRecord timer{this, nullptr, id, elapse, 0};
+    return m_pMgr && Request(DUIREQUEST_TIMER, 1, reinterpret_cast<LPARAM>(&timer)) == 0;
+}
+
+void CDUIControlBase::KillTimer(UINT id)
+{
+    DUITimerRecord timer{this, nullptr, id, 0, 0};
+    Request(DUIREQUEST_TIMER, 2, reinterpret_cast<LPARAM>(&timer));
+}
+
+BOOL CDUIControlBase::SendNotify(UINT code, WPARAM wParam, LPARAM lParam, IDUIControl* pSender)
+{
+    if (!m_pMgr)
+        return FALSE;
+    return SendNotify(tagDUINotify{code, pSender ? pSender : this, wParam, lParam, GetManagerWnd(FALSE)});
+}
+
+BOOL CDUIControlBase::SendNotify(const tagDUINotify& notify)
+{
+    if (!m_pMgr)
+        return FALSE;
+    const ControlGuard keep(this);
+    m_pMgr->SendNotify(notify);
+    return TRUE;
+}
+
+// --- state -------------------------------------------------------------------------------------------------
+
+void* CDUIControlBase::GetInterface(const CString& name) { return Class().Answers(name) ? this : nullptr; }
+
+CRefPtr<IDUIControl> CDUIControlBase::Clone() { return new CDUIControlBase(*this); }
+
+BOOL CDUIControlBase::Activate() { return IsVisible(FALSE) && IsEnabled(); }
+
+void CDUIControlBase::SetText(const CString& text)
+{
+    if (m_strText.CompareNoCase(text) == 0)
+        return;
+    m_strText = text;
+    UpdateLayout(FALSE, nullptr);
+}
+
+void CDUIControlBase::SetControlRect(const RECT& rect)
+{
+    m_rcControl = rect;
+    if (!m_children.empty())
+        ChildAt(0)->SetControlRect(GetContentRect());
+    UpdateLayout(FALSE, nullptr);
+}
+
+void CDUIControlBase::SetTextStyle(CRefPtr<CTextStyle> style) { m_pTextStyle = std::move(style); }
+
+CRefPtr<CTextStyle> CDUIControlBase::GetTextStyle()
+{
+    if (m_pTextStyle.IsNull())
+        if (IDUISkinMgr* const manager = skin::Manager())
+            m_pTextStyle = manager->GetTextStyle("");
+    return m_pTextStyle;
+}
+
+void CDUIControlBase::SetCursor(CRefPtr<CCursorObject> cursor) { m_pCursor = std::move(cursor); }
+
+CRefPtr<CCursorObject> CDUIControlBase::GetCursor() { return m_pCursor; }
+
+void CDUIControlBase::SetAttribute(const CString& name, const CString& value)
+{
+    if (skin::Manager())
+        Attributes().Apply(*this, name, value);
+}
+
+void CDUIControlBase::ModifyStatus(DWORD remove, DWORD add)
+{
+    const DWORD status = (m_dwStatus & ~remove) | add;
+    if (status == m_dwStatus)
+        return;
+    m_dwStatus = status;
+    UpdateLayout(FALSE, nullptr);
+}
+
+void CDUIControlBase::ModifyStyle(DWORD remove, DWORD add)
+{
+    const DWORD style = (m_dwStyle & ~remove) | add;
+    const DWORD changed = style ^ m_dwStyle;
+    if (!changed)
+        return;
+    m_dwStyle = style;
+    UpdateLayout((changed & DUISTYLE_VISIBLE) != 0, nullptr);
+}
+
+void CDUIControlBase::ModifyExStyle(DWORD remove, DWORD add)
+{
+    const DWORD style = (m_dwExStyle & ~remove) | add;
+    if (style == m_dwExStyle)
+        return;
+    m_dwExStyle = style;
+    UpdateLayout(FALSE, nullptr);
+}
+
+BOOL CDUIControlBase::EstimateSize(SIZE, SIZE& size)
+{
+    size = m_szFixed;
+    return TRUE;
+}
+
+BOOL CDUIControlBase::IsVisible(BOOL bCheckParents) const
+{
+    if (!(m_dwStyle & DUISTYLE_VISIBLE))
+        return FALSE;
+    return bCheckParents && m_pParent ? m_pParent->IsVisible(bCheckParents) : TRUE;
+}
+
+void CDUIControlBase::SetEnable(BOOL bEnable)
+{
+    constexpr DWORD kDisabled = DUISTATUS_DISABLED;
+    ModifyStatus(bEnable ? kDisabled : 0, bEnable ? 0 : kDisabled);
+}
+
+void CDUIControlBase::SetVisible(BOOL bVisible)
+{
+    SetStyleBit(*this, DUISTYLE_VISIBLE, bVisible != FALSE);
+    OnParentVisibleStatusChange(bVisible);
+}
+
+void CDUIControlBase::OnParentVisibleStatusChange(BOOL bVisible)
+{
+    ForEachChild(m_children,
+                 [bVisible](const CRefPtr<IDUIControl>& child) { child->OnParentVisibleStatusChange(bVisible); });
+}
+
+void CDUIControlBase::SetMargin(RECT margin)
+{
+    m_rcMargin = margin;
+    UpdateLayout(TRUE, nullptr);
+}
+
+void CDUIControlBase::SetPaddingWidth(int width)
+{
+    if (m_nPaddingWidth == width)
+        return;
+    m_nPaddingWidth = width;
+    UpdateLayout(TRUE, nullptr);
+}
+
+void CDUIControlBase::SetFixedWidth(int width)
+{
+    if (m_szFixed.cx == width)
+        return;
+    m_szFixed.cx = width;
+    UpdateLayout(TRUE, nullptr);
+}
+
+void CDUIControlBase::SetFixedHeight(int height)
+{
+    if (m_szFixed.cy == height)
+        return;
+    m_szFixed.cy = height;
+    UpdateLayout(TRUE, nullptr);
+}
+
+RECT CDUIControlBase::GetContentRect()
+{
+    // Margins come from skins: the sums are made where they cannot overflow.
+    const auto inset = [](LONG edge, LONGLONG by) {
+        return static_cast<LONG>(std::clamp<LONGLONG>(edge + by, -0x7FFFFFFF, 0x7FFFFFFF));
+    };
+    const RECT content{inset(m_rcControl.left, m_rcMargin.left), inset(m_rcControl.top, m_rcMargin.top),
+                       inset(m_rcControl.right, -LONGLONG{m_rcMargin.right}),
+                       inset(m_rcControl.bottom, -LONGLONG{m_rcMargin.bottom})};
+    if (IsRectEmpty(&content))
+        return {m_rcControl.left, m_rcControl.top, m_rcControl.left, m_rcControl.top};
+    return content;
+}
+
+// --- the skin ----------------------------------------------------------------------------------------------
+
+BOOL CDUIControlBase::ApplyControlStyle(const CString& name)
+{
+    IDUISkinMgr* const manager = skin::Manager();
+    if (!manager)
+        return FALSE;
+    m_strControlStyle = name;
+    CString xml;
+    if (!manager->GetControlStyle(name, xml))
+        return FALSE;
+    const std::shared_ptr<const StyleAttributes> attributes = ReadControlStyle(xml);
+    if (!attributes)
+        return FALSE;
+    for (const StyleAttribute& attribute : *attributes)
+        SetAttribute(attribute.name, attribute.value);
+    return TRUE;
+}
+
+void CDUIControlBase::OnSkinChanged()
+{
+    const CString style = m_strControlStyle;
+    ApplyControlStyle(style);
+    ForEachChild(m_children, [](const CRefPtr<IDUIControl>& child) { child->OnSkinChanged(); });
+}
+
+// --- events ------------------------------------------------------------------------------------------------
+
+void CDUIControlBase::SubclassControl(IDUIControl* pTarget, BOOL bSubclass)
+{
+    if (auto* const target = InterfaceOf<CDUIControlBase>(pTarget, "control_base"))
+        target->m_pSubclass = bSubclass ? this : nullptr;
+}
+
+LRESULT CDUIControlBase::OnDUIEvent(const tagDUIEvent& event, BOOL& bHandled)
+{
+    bHandled = FALSE;
+    const LRESULT result = PreTranslateEvent(event, bHandled);
+    return bHandled ? result : ProcessEvent(event, bHandled);
+}
+
+void CDUIControlBase::OnDUINotify(const tagDUINotify& notify, BOOL&)
+{
+    if (notify.nCode == DUINOTIFY_CREATED)
+        OnCreate();
+    else if (notify.nCode == DUINOTIFY_DESTROYED)
+        OnDestroy();
+}
+
+void CDUIControlBase::OnDestroy() { ModifyStatus(DUISTATUS_HOT, 0); }
+
+LRESULT CDUIControlBase::PreTranslateEvent(const tagDUIEvent& event, BOOL& bHandled)
+{
+    return m_pSubclass ? m_pSubclass->OnDUIEvent(event, bHandled) : 0;
+}
+
+LRESULT CDUIControlBase::ProcessEvent(const tagDUIEvent& event, BOOL&)
+{
+    switch (event.Type) {
+    case DUIEVENT_SETCURSOR:
+        if (!m_pCursor.IsNull())
+            ::SetCursor(m_pCursor->GetCursor());
+        break;
+    case DUIEVENT_TIMER:
+        OnTimer(static_cast<int>(event.wParam));
+        break;
+    case DUIEVENT_SETFOCUS:
+        ModifyStatus(0, DUISTATUS_FOCUSED);
+        break;
+    case DUIEVENT_KILLFOCUS:
+        ModifyStatus(DUISTATUS_FOCUSED, 0);
+        break;
+    case DUIEVENT_MOUSEWHEEL:
+        OnMouseWheel(event);
+        break;
+    case DUIEVENT_VSCROLL:
+        OnVertialSBEvent(event);
+        break;
+    case DUIEVENT_HSCROLL:
+        OnHorizontalSBEvent(event);
+        break;
+    default:
+        break;
+    }
+    return 0;
+}
+
+void CDUIControlBase::BroadcastEvent(const tagDUIEvent& event)
+{
+    ForEachChild(m_children, [&event](const CRefPtr<IDUIControl>& child) { child->BroadcastEvent(event); });
+    BOOL bHandled = FALSE;
+    OnDUIEvent(event, bHandled);
+}
+
+}  // namespace DUI

@@ -1,0 +1,465 @@
+#include <qvui/framework/tool_tip.h>
+
+#include <algorithm>
+#include <utility>
+#include <vector>
+
+#include <qvui/render/render_engine.h>
+
+#include "framework/tool_tip_placement.h"
+
+namespace DUI {
+namespace {
+
+constexpr char kClassName[] = "QvuiToolTip";
+constexpr int kControlId = 0x7474;
+
+enum Timer : UINT_PTR { kTimerShow = 1, kTimerHide = 2, kTimerWatch = 3 };
+// How often a shown tooltip looks whether its host moved, lost the activation or the pointer.
+constexpr UINT kWatchPeriod = 100;
+
+bool SamePoint(POINT left, POINT right) { return left.x == right.x && left.y == right.y; }
+
+bool IsPartOf(HWND window, HWND tool) { return window && (window == tool || IsChild(tool, window)); }
+
+}  // namespace
+
+/// The native window and everything it knows. Calls into it hold it, since the owner may destroy the tooltip
+/// from inside a notification.
+class CPPToolTip::Window : public std::enable_shared_from_this<CPPToolTip::Window> {
+public:
+    BOOL Create(HWND host);
+    void Destroy();
+    void Relay(const MSG& message);
+    void Hide();
+    bool IsVisible() const { return m_isVisible; }
+    HWND Handle() const { return m_hWnd; }
+
+    void AddTool(const TOOLTIP_INFO& info, HWND window);
+    void DelTool(HWND window, UINT_PTR id);
+
+    int m_initialDelay = 500;
+    int m_stay = 5000;
+    int m_reshowDelay = 100;
+    COLORREF m_background = RGB(169, 209, 236);
+    SIZE m_margin{5, 5};
+    SIZE m_offset{5, 10};
+
+private:
+    struct Tool {
+        HWND window;
+        TOOLTIP_INFO info;
+    };
+
+    static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
+    static bool RegisterWindowClass();
+    LRESULT OnMessage(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
+    void OnTimer(UINT_PTR id);
+    void OnMove(const MSG& message);
+    void OnDelayPassed();
+    void Watch();
+    void Paint();
+
+    const Tool* ToolAt(HWND window, POINT screen) const;
+    bool IsToolUnder(POINT screen) const;
+    bool IsHostReady() const;
+    bool Ask(POINT screen, TOOLTIP_INFO& answer);
+    void StartDelay();
+    void Leave();
+    void Dismiss();
+    void Show(POINT pointer);
+    SIZE MeasureText() const;
+
+    HWND m_hWnd = nullptr;
+    HWND m_host = nullptr;
+    std::vector<Tool> m_tools;
+
+    HWND m_toolWindow = nullptr;  // of the tool under the pointer
+    UINT_PTR m_toolId = 0;
+    POINT m_pointer{};
+    TOOLTIP_INFO m_shown;  // the last answer, of what shows or was dismissed
+    RECT m_hostPlace{};
+    bool m_isVisible = false;
+    bool m_isDismissed = false;  // until the answer is another one
+    bool m_isWarm = false;       // a tooltip has just been left for the next tool
+    DWORD m_hiddenAt = 0;
+};
+
+bool CPPToolTip::Window::RegisterWindowClass()
+{
+    WNDCLASSEXA windowClass{};
+    windowClass.cbSize = sizeof windowClass;
+    if (GetClassInfoExA(GetModuleHandleA(nullptr), kClassName, &windowClass))
+        return true;
+    windowClass = {};
+    windowClass.cbSize = sizeof windowClass;
+    windowClass.style = CS_DROPSHADOW;
+    windowClass.lpfnWndProc = &Window::Procedure;
+    windowClass.hInstance = GetModuleHandleA(nullptr);
+    windowClass.hCursor = LoadCursorA(nullptr, IDC_ARROW);
+    windowClass.lpszClassName = kClassName;
+    return RegisterClassExA(&windowClass) != 0;
+}
+
+BOOL CPPToolTip::Window::Create(HWND host)
+{
+    if (m_hWnd || !IsWindow(host) || !RegisterWindowClass())
+        return FALSE;
+    m_host = host;
+    m_hWnd = CreateWindowExA(WS_EX_TOOLWINDOW | WS_EX_TOPMOST | WS_EX_NOACTIVATE, kClassName, "", WS_POPUP, 0, 0, 0, 0,
+                             host, nullptr, GetModuleHandleA(nullptr), this);
+    return m_hWnd != nullptr;
+}
+
+void CPPToolTip::Window::Destroy()
+{
+    if (m_hWnd)
+        ::DestroyWindow(m_hWnd);
+}
+
+LRESULT CALLBACK CPPToolTip::Window::Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam)
+{
+    if (message == WM_NCCREATE) {
+        const auto* const creation = reinterpret_cast<const CREATESTRUCTA*>(lParam);
+        SetWindowLongPtrA(window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(creation->lpCreateParams));
+    }
+    auto* const self = reinterpret_cast<Window*>(GetWindowLongPtrA(window, GWLP_USERDATA));
+    if (!self)
+        return DefWindowProcA(window, message, wParam, lParam);
+    const std::shared_ptr<Window> keep = self->shared_from_this();
+    return keep->OnMessage(window, message, wParam, lParam);
+}
+
+LRESULT CPPToolTip::Window::OnMessage(HWND window, UINT message, WPARAM wParam, LPARAM lParam)
+{
+    switch (message) {
+    case WM_NCHITTEST:
+        return HTTRANSPARENT;
+    case WM_MOUSEACTIVATE:
+        return MA_NOACTIVATE;
+    case WM_ERASEBKGND:
+        return 1;
+    case WM_PAINT:
+        Paint();
+        return 0;
+    case WM_TIMER:
+        OnTimer(static_cast<UINT_PTR>(wParam));
+        return 0;
+    case WM_ACTIVATEAPP:
+        if (!wParam)
+            Leave();
+        return 0;
+    case WM_NCDESTROY:
+        SetWindowLongPtrA(window, GWLP_USERDATA, 0);
+        m_hWnd = nullptr;
+        m_toolWindow = nullptr;
+        m_isVisible = m_isDismissed = m_isWarm = false;
+        break;
+    default:
+        break;
+    }
+    return DefWindowProcA(window, message, wParam, lParam);
+}
+
+void CPPToolTip::Window::OnTimer(UINT_PTR id)
+{
+    switch (id) {
+    case kTimerShow:
+        KillTimer(m_hWnd, kTimerShow);
+        OnDelayPassed();
+        break;
+    case kTimerHide:
+        Dismiss();
+        break;
+    case kTimerWatch:
+        Watch();
+        break;
+    default:
+        break;
+    }
+}
+
+void CPPToolTip::Window::Relay(const MSG& message)
+{
+    if (!m_hWnd)
+        return;
+    switch (message.message) {
+    case WM_MOUSEMOVE:
+        OnMove(message);
+        break;
+    case WM_MOUSELEAVE:
+    case WM_NCMOUSELEAVE:
+    case WM_NCMOUSEMOVE:
+        Leave();
+        break;
+    case WM_LBUTTONDOWN:
+    case WM_RBUTTONDOWN:
+    case WM_MBUTTONDOWN:
+    case WM_LBUTTONDBLCLK:
+    case WM_RBUTTONDBLCLK:
+    case WM_MBUTTONDBLCLK:
+    case WM_NCLBUTTONDOWN:
+    case WM_NCRBUTTONDOWN:
+    case WM_MOUSEWHEEL:
+    case WM_MOUSEHWHEEL:
+    case WM_KEYDOWN:
+    case WM_SYSKEYDOWN:
+        Dismiss();
+        break;
+    default:
+        break;
+    }
+}
+
+void CPPToolTip::Window::OnMove(const MSG& message)
+{
+    POINT screen{static_cast<short>(LOWORD(message.lParam)), static_cast<short>(HIWORD(message.lParam))};
+    ClientToScreen(message.hwnd, &screen);
+    const Tool* const tool = ToolAt(message.hwnd, screen);
+    const bool isSameTool = tool && tool->window == m_toolWindow && tool->info.nIDTool == m_toolId;
+    // Showing and hiding a window makes a move to the place where the pointer is already.
+    if (isSameTool && SamePoint(screen, m_pointer))
+        return;
+    m_pointer = screen;
+    if (!isSameTool)
+        Leave();
+    if (!tool || message.wParam & (MK_LBUTTON | MK_RBUTTON | MK_MBUTTON))
+        return;
+    m_toolWindow = tool->window;
+    m_toolId = tool->info.nIDTool;
+    if (m_isVisible || m_isDismissed) {
+        TOOLTIP_INFO answer;
+        if (!Ask(screen, answer) || answer.sTooltip == m_shown.sTooltip)
+            return;
+        m_isDismissed = false;
+        if (m_isVisible) {
+            Hide();
+            m_isWarm = true;
+        }
+    }
+    StartDelay();
+}
+
+void CPPToolTip::Window::StartDelay()
+{
+    const bool isWarm = m_isWarm && GetTickCount() - m_hiddenAt < static_cast<DWORD>(m_initialDelay);
+    SetTimer(m_hWnd, kTimerShow, static_cast<UINT>(isWarm ? m_reshowDelay : m_initialDelay), nullptr);
+}
+
+void CPPToolTip::Window::OnDelayPassed()
+{
+    POINT pointer{};
+    if (m_isVisible || !m_toolWindow || !GetCursorPos(&pointer))
+        return;
+    if (!IsToolUnder(pointer) || !IsHostReady())
+        return;
+    TOOLTIP_INFO answer;
+    if (!Ask(pointer, answer) || answer.sTooltip.IsEmpty())
+        return;
+    m_shown = std::move(answer);
+    m_pointer = pointer;
+    Show(pointer);
+}
+
+void CPPToolTip::Window::Watch()
+{
+    RECT place{};
+    POINT pointer{};
+    const bool isInPlace = IsHostReady() && GetWindowRect(m_host, &place) && EqualRect(&place, &m_hostPlace);
+    if (!isInPlace || (GetCursorPos(&pointer) && !IsToolUnder(pointer)))
+        Leave();
+}
+
+const CPPToolTip::Window::Tool* CPPToolTip::Window::ToolAt(HWND window, POINT screen) const
+{
+    for (const Tool& tool : m_tools) {
+        POINT client = screen;
+        if (IsPartOf(window, tool.window) && ScreenToClient(tool.window, &client) &&
+            PtInRect(&tool.info.rectBounds, client))
+            return &tool;
+    }
+    return nullptr;
+}
+
+bool CPPToolTip::Window::IsToolUnder(POINT screen) const
+{
+    HWND window = WindowFromPoint(screen);
+    // A tooltip in a corner of the screen may lie under the pointer.
+    if (window == m_hWnd)
+        window = m_toolWindow;
+    const Tool* const tool = ToolAt(window, screen);
+    return tool && tool->window == m_toolWindow && tool->info.nIDTool == m_toolId;
+}
+
+bool CPPToolTip::Window::IsHostReady() const
+{
+    const HWND root = GetAncestor(m_host, GA_ROOT);
+    const HWND active = GetActiveWindow();
+    return active && GetAncestor(active, GA_ROOTOWNER) == GetAncestor(m_host, GA_ROOTOWNER) &&
+           IsWindowVisible(m_host) && IsWindowEnabled(root) && !IsIconic(root);
+}
+
+bool CPPToolTip::Window::Ask(POINT screen, TOOLTIP_INFO& answer)
+{
+    const auto tool = std::find_if(m_tools.begin(), m_tools.end(), [this](const Tool& candidate) {
+        return candidate.window == m_toolWindow && candidate.info.nIDTool == m_toolId;
+    });
+    if (tool == m_tools.end())
+        return false;
+    answer = tool->info;
+    NM_TOOLTIP_DISPLAY notification{{m_hWnd, kControlId, TOOLTIP_DISPLAY}, screen, tool->window, &answer};
+    SendMessageA(m_host, WM_NOTIFY, kControlId, reinterpret_cast<LPARAM>(&notification));
+    return m_hWnd != nullptr;
+}
+
+void CPPToolTip::Window::Leave()
+{
+    const bool wasVisible = m_isVisible;
+    Hide();
+    if (wasVisible)
+        m_isWarm = true;
+    m_toolWindow = nullptr;
+    m_isDismissed = false;
+}
+
+void CPPToolTip::Window::Dismiss()
+{
+    if (!m_toolWindow || m_isDismissed)
+        return;
+    // What must not show again is what the pointer is on, also when it has not shown yet.
+    TOOLTIP_INFO answer;
+    if (!m_isVisible) {
+        if (!Ask(m_pointer, answer))
+            return;
+        m_shown = std::move(answer);
+    }
+    Hide();
+    m_isDismissed = true;
+}
+
+void CPPToolTip::Window::Hide()
+{
+    if (!m_hWnd)
+        return;
+    KillTimer(m_hWnd, kTimerShow);
+    m_isWarm = m_isWarm && !m_isVisible;
+    if (!m_isVisible)
+        return;
+    KillTimer(m_hWnd, kTimerHide);
+    KillTimer(m_hWnd, kTimerWatch);
+    m_isVisible = false;
+    m_hiddenAt = GetTickCount();
+    ShowWindow(m_hWnd, SW_HIDE);
+}
+
+SIZE CPPToolTip::Window::MeasureText() const
+{
+    const HDC screen = GetDC(nullptr);
+    const HGDIOBJ font = SelectObject(screen, GetStockObject(DEFAULT_GUI_FONT));
+    RECT text{0, 0, GetSystemMetrics(SM_CXSCREEN) / 2, 0};
+    DrawTextA(screen, m_shown.sTooltip, -1, &text, DT_CALCRECT | DT_WORDBREAK | DT_NOPREFIX);
+    SelectObject(screen, font);
+    ReleaseDC(nullptr, screen);
+    return {text.right, text.bottom};
+}
+
+void CPPToolTip::Window::Show(POINT pointer)
+{
+    SIZE size = MeasureText();
+    size = {size.cx + 2 * (m_margin.cx + 1), size.cy + 2 * (m_margin.cy + 1)};
+    const RECT area{0, 0, GetSystemMetrics(SM_CXSCREEN), GetSystemMetrics(SM_CYSCREEN)};
+    const POINT corner = PlaceToolTip({area, pointer, size, m_offset});
+    GetWindowRect(m_host, &m_hostPlace);
+    m_isVisible = true;
+    m_isWarm = false;
+    if (m_stay > 0)
+        SetTimer(m_hWnd, kTimerHide, static_cast<UINT>(m_stay), nullptr);
+    SetTimer(m_hWnd, kTimerWatch, kWatchPeriod, nullptr);
+    SetWindowPos(m_hWnd, HWND_TOPMOST, corner.x, corner.y, size.cx, size.cy, SWP_NOACTIVATE | SWP_SHOWWINDOW);
+    InvalidateRect(m_hWnd, nullptr, FALSE);
+    UpdateWindow(m_hWnd);
+}
+
+void CPPToolTip::Window::Paint()
+{
+    PAINTSTRUCT paint;
+    const HDC hdc = BeginPaint(m_hWnd, &paint);
+    RECT client{};
+    GetClientRect(m_hWnd, &client);
+    CARGB background;
+    background.SetColor((m_shown.nMask & TOOLTIP_MASK_COLORS) ? m_shown.crBegin : m_background);
+    CDUIRenderEngine::FillRect(hdc, client, background);
+    CDUIRenderEngine::DrawRectangleBorder(hdc, client, {1, 1, 1, 1}, CARGB(118, 118, 118, 255));
+    const HGDIOBJ font = SelectObject(hdc, GetStockObject(DEFAULT_GUI_FONT));
+    SetBkMode(hdc, TRANSPARENT);
+    SetTextColor(hdc, RGB(0, 0, 0));
+    InflateRect(&client, -(m_margin.cx + 1), -(m_margin.cy + 1));
+    DrawTextA(hdc, m_shown.sTooltip, -1, &client, DT_WORDBREAK | DT_NOPREFIX);
+    SelectObject(hdc, font);
+    EndPaint(m_hWnd, &paint);
+}
+
+void CPPToolTip::Window::AddTool(const TOOLTIP_INFO& info, HWND window)
+{
+    for (Tool& tool : m_tools) {
+        if (tool.window == window && tool.info.nIDTool == info.nIDTool) {
+            tool.info = info;
+            return;
+        }
+    }
+    m_tools.push_back({window, info});
+}
+
+void CPPToolTip::Window::DelTool(HWND window, UINT_PTR id)
+{
+    std::erase_if(m_tools, [=](const Tool& tool) { return tool.window == window && tool.info.nIDTool == id; });
+}
+
+CPPToolTip::CPPToolTip() : m_pWindow(std::make_shared<Window>()) {}
+
+CPPToolTip::~CPPToolTip() { DestroyWindow(); }
+
+BOOL CPPToolTip::Create(HWND hParent) { return m_pWindow->Create(hParent); }
+
+void CPPToolTip::DestroyWindow() { m_pWindow->Destroy(); }
+
+HWND CPPToolTip::GetHWND() const { return m_pWindow->Handle(); }
+
+int CPPToolTip::GetDlgCtrlID() const { return kControlId; }
+
+void CPPToolTip::AddTool(HWND hWnd, const CString& text, const RECT& bounds, UINT_PTR id)
+{
+    TOOLTIP_INFO info;
+    info.nIDTool = id;
+    info.rectBounds = bounds;
+    info.sTooltip = text;
+    m_pWindow->AddTool(info, hWnd);
+}
+
+void CPPToolTip::DelTool(HWND hWnd, UINT_PTR id) { m_pWindow->DelTool(hWnd, id); }
+
+void CPPToolTip::RelayEvent(MSG* pMsg)
+{
+    const std::shared_ptr<Window> keep = m_pWindow;
+    if (pMsg)
+        keep->Relay(*pMsg);
+}
+
+void CPPToolTip::HideTooltip() { m_pWindow->Hide(); }
+
+BOOL CPPToolTip::IsTooltipVisible() const { return m_pWindow->IsVisible(); }
+
+void CPPToolTip::SetDelayTime(int initial, int autoPop, int reshow)
+{
+    m_pWindow->m_initialDelay = std::max(initial, 0);
+    m_pWindow->m_stay = std::max(autoPop, 0);
+    m_pWindow->m_reshowDelay = std::max(reshow, 0);
+}
+
+void CPPToolTip::SetBkColor(const CARGB& color) { m_pWindow->m_background = color.GetColor(); }
+
+void CPPToolTip::SetMargin(int horizontal, int vertical) { m_pWindow->m_margin = {horizontal, vertical}; }
+
+void CPPToolTip::SetOffset(int x, int y) { m_pWindow->m_offset = {x, y}; }
+
+}  // namespace DUI

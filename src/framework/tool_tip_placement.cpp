@@ -1,0 +1,35 @@
+#include "framework/tool_tip_placement.h"
+
+#include <algorithm>
+
+namespace DUI {
+namespace {
+
+// The place between two edges that is nearest to the wanted one; the first edge wins.
+LONG Shift(LONG wanted, LONG extent, LONG first, LONG last) { return std::max(first, std::min(wanted, last - extent)); }
+
+}  // namespace
+
+POINT PlaceToolTip(const ToolTipPlacement& placement)
+{
+    const RECT& area = placement.workArea;
+    const POINT& pointer = placement.pointer;
+    const SIZE& size = placement.size;
+    const SIZE& offset = placement.offset;
+    POINT corner{Shift(pointer.x + offset.cx, size.cx, area.left, area.right),
+                 pointer.y + kPointerPicture + offset.cy};
+    if (corner.y + size.cy <= area.bottom)
+        return {corner.x, std::max(corner.y, area.top)};
+    corner.y = pointer.y - offset.cy - size.cy;
+    if (corner.y >= area.top)
+        return {corner.x, Shift(corner.y, size.cy, area.top, area.bottom)};
+
+    corner.y = Shift(pointer.y, size.cy, area.top, area.bottom);
+    const LONG right = pointer.x + kPointerPicture + offset.cx;
+    const LONG left = pointer.x - offset.cx - size.cx;
+    if (right + size.cx <= area.right)
+        return {right, corner.y};
+    return {left >= area.left ? left : corner.x, corner.y};
+}
+
+}  // namespace DUI

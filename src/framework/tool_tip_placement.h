@@ -1,0 +1,23 @@
+#pragma once
+
+#include <qvui/platform/platform.h>
+
+namespace DUI {
+
+/// Where a tooltip stands beside the pointer.
+struct ToolTipPlacement {
+    RECT workArea{};  // of the screen that the pointer is on
+    POINT pointer{};  // its hot spot
+    SIZE size{};      // of the tooltip
+    SIZE offset{};    // from the hot spot sideways, and from the pointer's picture downwards
+};
+
+/// What the pointer's picture covers below its hot spot, in pixels.
+inline constexpr int kPointerPicture = 12;
+
+/// The tooltip's upper left corner on the screen: below the pointer; above it when it would leave the work area
+/// there; beside it when there is room neither below nor above. It is shifted sideways into the work area, whose
+/// upper left corner stays visible when the tooltip is larger.
+POINT PlaceToolTip(const ToolTipPlacement& placement);
+
+}  // namespace DUI
