@@ -4,6 +4,7 @@
 
 #include "framework/control_guard.h"
 #include "framework/control_styles.h"
+#include "framework/scroll_bars.h"
 #include "framework/skin_access.h"
 
 namespace DUI {
@@ -390,6 +391,10 @@ void CDUIControlBase::OnSkinChanged()
     const CString style = m_strControlStyle;
     ApplyControlStyle(style);
     ForEachChild(m_children, [](const CRefPtr<IDUIControl>& child) { child->OnSkinChanged(); });
+    // Scroll bars are no children, and they have styles too.
+    for (IDUIControl* const bar : {HorizontalScrollBarOf(*this), VerticalScrollBarOf(*this)})
+        if (bar)
+            bar->OnSkinChanged();
 }
 
 // --- events ------------------------------------------------------------------------------------------------
