@@ -1,0 +1,80 @@
+#pragma once
+
+#include <type_traits>
+
+#include <qvui/controls/scroll_bar.h>
+#include <qvui/framework/app.h>
+
+#include "controls/geometry.h"
+
+/// The scroll bar that a scrolling container keeps beside its content. It is none of the container's
+/// children: the container makes it when it is attached to a window, places it, and releases it when it is
+/// detached.
+namespace DUI::owned_scroll_bar {
+
+template <class ScrollBar>
+inline constexpr bool kIsVertical = std::is_same_v<ScrollBar, CDUIVerticalSB>;
+
+/// The bar for a copy of the container; null when the container has none.
+template <class ScrollBar>
+CRefPtr<ScrollBar> Clone(const CRefPtr<ScrollBar>& bar)
+{
+    if (bar.IsNull())
+        return nullptr;
+    const CRefPtr<IDUIControl> copy = bar->Clone();
+    return InterfaceOf<ScrollBar>(copy.GetPtr(), "scrollbar");
+}
+
+/// A new bar from the application's factory; null when the factory makes none.
+template <class ScrollBar>
+CRefPtr<ScrollBar> Create()
+{
+    IDUIControlFactory* const factory = DUIGetAppInstance()->GetControlFactory();
+    if (!factory)
+        return nullptr;
+    const CRefPtr<IDUIControl> bar =
+        factory->NewControl(kIsVertical<ScrollBar> ? "vert_scrollbar" : "horz_scrollbar");
+    return InterfaceOf<ScrollBar>(bar.GetPtr(), "scrollbar");
+}
+
+/// For the container's OnCreate: the bar joins the window and reports to the container.
+template <class ScrollBar>
+void Attach(const CRefPtr<ScrollBar>& bar, CDUIControlBase& container)
+{
+    if (bar.IsNull())
+        return;
+    bar->AttachWindow(container.GetControlMgr());
+    bar->SetScrollOwner(&container);
+}
+
+/// For the container's OnDestroy: the bar leaves the window, and the container lets go of it.
+template <class ScrollBar>
+void Release(CRefPtr<ScrollBar>& bar)
+{
+    const CRefPtr<ScrollBar> released = std::move(bar);
+    if (released.IsNull())
+        return;
+    released->DetachWindow();
+    released->SetScrollOwner(static_cast<IDUIControl*>(nullptr));
+}
+
+/// Puts a visible bar at the right (or bottom) edge of the content rectangle and takes its breadth off it.
+/// The result is the bar's position, 0 without a visible bar.
+template <class ScrollBar>
+int Reserve(ScrollBar* bar, RECT& content)
+{
+    if (!bar || !bar->IsVisible(FALSE))
+        return 0;
+    SCROLLINFO info{};
+    bar->GetScrollBarInfo(&info);
+    RECT place = content;
+    if constexpr (kIsVertical<ScrollBar>)
+        place.left = content.right = geometry::Narrow(geometry::Wide(content.right) - bar->GetFixedSize().cx);
+    else
+        place.top = content.bottom =
+            geometry::Narrow(geometry::Wide(content.bottom) - bar->GetFixedSize().cy);
+    bar->SetControlRect(place);
+    return info.nPos;
+}
+
+}  // namespace DUI::owned_scroll_bar

@@ -1,0 +1,63 @@
+#pragma once
+
+#include <qvui/controls/scroll_bar.h>
+
+#include "controls/geometry.h"
+
+/// The two directions along which a container lines up its children. Everything that differs between a
+/// horizontal and a vertical layout or bar is here.
+namespace DUI::axis {
+
+struct Horizontal {
+    using ScrollBar = CDUIHorizontalSB;
+    static constexpr bool kIsVertical = false;
+    static constexpr const char* kScrollBarStyle = "cs_h_scrollbar";
+    static constexpr int kBackwardKey = VK_LEFT;
+    static constexpr int kForwardKey = VK_RIGHT;
+
+    static LONG Start(const RECT& rect) { return rect.left; }
+    static LONGLONG Length(const RECT& rect) { return geometry::Width(rect); }
+    static LONG Along(SIZE size) { return size.cx; }
+    /// A size of the given length that spans the rectangle in the other direction.
+    static SIZE Across(const RECT& rect, LONG length)
+    {
+        return {length, geometry::Narrow(geometry::Height(rect))};
+    }
+    /// A part of the rectangle that spans it in the other direction.
+    static RECT Part(const RECT& rect, LONGLONG start, LONGLONG length)
+    {
+        return {geometry::Narrow(start), rect.top, geometry::Narrow(start + length), rect.bottom};
+    }
+    static ScrollBar* ScrollBarOf(CDUIControlBase& container) { return container.GetHorizontalSB(); }
+    static void ReportContent(CDUIControlBase& container, const RECT& view, LONGLONG length)
+    {
+        container.ProcessHorizontalSB(view, geometry::Narrow(length), 0);
+    }
+};
+
+struct Vertical {
+    using ScrollBar = CDUIVerticalSB;
+    static constexpr bool kIsVertical = true;
+    static constexpr const char* kScrollBarStyle = "cs_v_scrollbar";
+    static constexpr int kBackwardKey = VK_UP;
+    static constexpr int kForwardKey = VK_DOWN;
+
+    static LONG Start(const RECT& rect) { return rect.top; }
+    static LONGLONG Length(const RECT& rect) { return geometry::Height(rect); }
+    static LONG Along(SIZE size) { return size.cy; }
+    static SIZE Across(const RECT& rect, LONG length)
+    {
+        return {geometry::Narrow(geometry::Width(rect)), length};
+    }
+    static RECT Part(const RECT& rect, LONGLONG start, LONGLONG length)
+    {
+        return {rect.left, geometry::Narrow(start), rect.right, geometry::Narrow(start + length)};
+    }
+    static ScrollBar* ScrollBarOf(CDUIControlBase& container) { return container.GetVerticalSB(); }
+    static void ReportContent(CDUIControlBase& container, const RECT& view, LONGLONG length)
+    {
+        container.ProcessVerticalSB(view, geometry::Narrow(length), 0);
+    }
+};
+
+}  // namespace DUI::axis

@@ -1,0 +1,49 @@
+#include <qvui/layout/canvas.h>
+
+#include "framework/skin_access.h"
+
+namespace DUI {
+namespace {
+
+const AttributeTable<CDUICanvas>& Attributes()
+{
+    static const AttributeTable<CDUICanvas> table{
+        {"frame_style", AttributeKind::FrameStyle, "The frame behind the children, within the margin.",
+         [](CDUICanvas& canvas, const CString& value) { canvas.SetFrameBK(skin::Frame(value)); }},
+    };
+    return table;
+}
+
+}  // namespace
+
+const ControlClass& CDUICanvas::Class()
+{
+    static const ControlClass info("CDUICanvas", &CDUIControlBase::Class(),
+                                   "A container with a frame; its first child fills it.", {"canvas"},
+                                   &Attributes());
+    return info;
+}
+
+void* CDUICanvas::GetInterface(const CString& name)
+{
+    return Class().Answers(name) ? this : nullptr;
+}
+
+CRefPtr<IDUIControl> CDUICanvas::Clone()
+{
+    return new CDUICanvas(*this);
+}
+
+void CDUICanvas::SetAttribute(const CString& name, const CString& value)
+{
+    if (!Attributes().Apply(*this, name, value))
+        CDUIControlBase::SetAttribute(name, value);
+}
+
+void CDUICanvas::PaintBkgnd(HDC hdc)
+{
+    if (!m_pFrameBK.IsNull() && !m_pFrameBK->IsEmpty())
+        m_pFrameBK->DrawBK(hdc, GetContentRect());
+}
+
+}  // namespace DUI

@@ -1,0 +1,23 @@
+#pragma once
+
+#include <vector>
+
+#include <qvui/framework/control.h>
+
+namespace DUI::layout {
+
+/// Children as they are when a layout begins: held, so that a child may change the container while it is
+/// placed.
+using Children = std::vector<CRefPtr<IDUIControl>>;
+
+Children AllChildren(const IDUIControl& container);
+/// Those that are visible themselves.
+Children VisibleChildren(const IDUIControl& container);
+
+/// What the child asks for in a space; 0 by 0 for a child that does not say.
+SIZE AskSize(IDUIControl& child, SIZE available);
+
+/// Gives every child, visible or not, the same rectangle.
+void PlaceAll(const IDUIControl& container, const RECT& rect);
+
+}  // namespace DUI::layout
