@@ -37,7 +37,10 @@ void CDUIAnimation::StopAnimation(int nAnimationID)
         m_pOwner->KillTimer(static_cast<UINT>(animation->nAnimationID));
 }
 
-BOOL CDUIAnimation::IsAnimationRunning(int nAnimationID) { return !GetAnimationByID(nAnimationID).IsNull(); }
+BOOL CDUIAnimation::IsAnimationRunning(int nAnimationID)
+{
+    return !GetAnimationByID(nAnimationID).IsNull();
+}
 
 int CDUIAnimation::GetCurrentFrame(int nAnimationID)
 {
@@ -85,15 +88,25 @@ void CDUIAnimation::OnAnimationElapse(int nAnimationID)
 
 CRefPtr<CAnimationData> CDUIAnimation::GetAnimationByID(int nAnimationID)
 {
-    const auto found = std::find_if(m_animations.begin(), m_animations.end(),
-                                    [nAnimationID](const auto& entry) { return entry->nAnimationID == nAnimationID; });
+    const auto found =
+        std::find_if(m_animations.begin(), m_animations.end(),
+                     [nAnimationID](const auto& entry) { return entry->nAnimationID == nAnimationID; });
     return found == m_animations.end() ? CRefPtr<CAnimationData>() : *found;
 }
 
-CRefPtr<IDUIControl> CDUIAnimationControl::Clone() { return new CDUIAnimationControl(*this); }
+CRefPtr<IDUIControl> CDUIAnimationControl::Clone()
+{
+    return new CDUIAnimationControl(*this);
+}
 
-void CDUIAnimationControl::OnTimer(int id) { OnAnimationElapse(id); }
+void CDUIAnimationControl::OnTimer(int id)
+{
+    OnAnimationElapse(id);
+}
 
-void CDUIAnimationControl::OnDestroy() { StopAnimation(0); }
+void CDUIAnimationControl::OnDestroy()
+{
+    StopAnimation(0);
+}
 
 }  // namespace DUI

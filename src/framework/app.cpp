@@ -7,7 +7,8 @@ namespace {
 
 CDUIApp g_app;
 
-// Where the platform has a class that hosts ActiveX controls, windows of that class can be created after this.
+// Where the platform has a class that hosts ActiveX controls, windows of that class can be created after
+// this.
 void RegisterActiveXHost()
 {
     using InitializeHost = BOOL(WINAPI*)();
@@ -58,4 +59,7 @@ void CDUIApp::Term()
 
 }  // namespace DUI
 
-DUI::IDUIApp* WINAPI DUIGetAppInstance() { return &DUI::g_app; }
+DUI::IDUIApp* WINAPI DUIGetAppInstance()
+{
+    return &DUI::g_app;
+}

@@ -10,7 +10,10 @@ namespace {
 
 constexpr std::size_t kLongestList = 127;
 
-char Lower(char letter) { return letter >= 'A' && letter <= 'Z' ? static_cast<char>(letter + ('a' - 'A')) : letter; }
+char Lower(char letter)
+{
+    return letter >= 'A' && letter <= 'Z' ? static_cast<char>(letter + ('a' - 'A')) : letter;
+}
 
 // Negative, 0 or positive; ASCII letters of either case are equal.
 int CompareNames(std::string_view left, std::string_view right)
@@ -45,19 +48,22 @@ void ReadNumbers(const CString& value, int* numbers, int count)
 
 void AttributeList::Add(const AttributeInfo& info)
 {
-    const auto place = std::lower_bound(m_order.begin(), m_order.end(), info.name, [this](int index, const char* name) {
-        return CompareNames(m_infos[static_cast<std::size_t>(index)].name, name) < 0;
-    });
+    const auto place =
+        std::lower_bound(m_order.begin(), m_order.end(), info.name, [this](int index, const char* name) {
+            return CompareNames(m_infos[static_cast<std::size_t>(index)].name, name) < 0;
+        });
     m_order.insert(place, static_cast<int>(m_infos.size()));
     m_infos.push_back(info);
 }
 
 int AttributeList::Find(const CString& name) const
 {
-    const auto place = std::lower_bound(m_order.begin(), m_order.end(), name.View(), [this](int index, std::string_view wanted) {
-        return CompareNames(m_infos[static_cast<std::size_t>(index)].name, wanted) < 0;
-    });
-    if (place == m_order.end() || CompareNames(m_infos[static_cast<std::size_t>(*place)].name, name.View()) != 0)
+    const auto place = std::lower_bound(
+        m_order.begin(), m_order.end(), name.View(), [this](int index, std::string_view wanted) {
+            return CompareNames(m_infos[static_cast<std::size_t>(index)].name, wanted) < 0;
+        });
+    if (place == m_order.end() ||
+        CompareNames(m_infos[static_cast<std::size_t>(*place)].name, name.View()) != 0)
         return -1;
     return *place;
 }
@@ -65,8 +71,13 @@ int AttributeList::Find(const CString& name) const
 ControlClass::ControlClass(const char* name, const ControlClass* base, const char* description,
                            std::initializer_list<const char*> interfaces, const AttributeList* attributes,
                            std::initializer_list<NotificationInfo> notifications, bool passesNamesOn)
-    : m_name(name), m_base(base), m_description(description), m_interfaces(interfaces), m_attributes(attributes),
-      m_notifications(notifications), m_passesNamesOn(passesNamesOn)
+    : m_name(name),
+      m_base(base),
+      m_description(description),
+      m_interfaces(interfaces),
+      m_attributes(attributes),
+      m_notifications(notifications),
+      m_passesNamesOn(passesNamesOn)
 {
 }
 
@@ -79,9 +90,15 @@ bool ControlClass::Answers(const CString& interfaceName) const
     return false;
 }
 
-BOOL IsTrue(const CString& value) { return EqualNoCase(value.View(), "true"); }
+BOOL IsTrue(const CString& value)
+{
+    return EqualNoCase(value.View(), "true");
+}
 
-bool HasWord(const CString& value, const char* word) { return value.Find(word) >= 0; }
+bool HasWord(const CString& value, const char* word)
+{
+    return value.Find(word) >= 0;
+}
 
 DWORD FindWords(const CString& value, const WordBit* words, std::size_t count)
 {
@@ -100,7 +117,10 @@ DWORD FindFirstWord(const CString& value, const WordBit* words, std::size_t coun
     return found == end ? 0 : found->bit;
 }
 
-int ReadInteger(const CString& value) { return Saturate(std::strtoll(value, nullptr, 10)); }
+int ReadInteger(const CString& value)
+{
+    return Saturate(std::strtoll(value, nullptr, 10));
+}
 
 RECT ReadRect(const CString& value)
 {

@@ -40,49 +40,78 @@ const AttributeTable<CDUIControlBase>& Attributes()
              control.SetTooltip(skin::String(value));
              control.ModifyStyle(0, DUISTYLE_TOOLTIP);
          }},
-        {"shortcut", AttributeKind::Character, "The key that, with Alt, gives the control the focus and activates it.",
+        {"shortcut", AttributeKind::Character,
+         "The key that, with Alt, gives the control the focus and activates it.",
          [](Base& control, const CString& value) {
              if (!value.IsEmpty())
                  control.SetShortcut(value[0]);
          }},
         {"name", AttributeKind::Text, "The name by which the application finds the control.",
          [](Base& control, const CString& value) { control.SetName(value); }},
-        {"visible", {AttributeKind::Boolean, "true"}, "Whether the control is shown.",
+        {"visible",
+         {AttributeKind::Boolean, "true"},
+         "Whether the control is shown.",
          [](Base& control, const CString& value) { SetStyleBit(control, DUISTYLE_VISIBLE, IsTrue(value)); }},
-        {"transparent", {AttributeKind::Boolean, "false"}, "Whether the pointer passes through to what is behind.",
-         [](Base& control, const CString& value) { SetStyleBit(control, DUISTYLE_TRANSPARENT, IsTrue(value)); }},
-        {"enable", {AttributeKind::Boolean, "true"}, "\"false\" disables the control.",
+        {"transparent",
+         {AttributeKind::Boolean, "false"},
+         "Whether the pointer passes through to what is behind.",
+         [](Base& control, const CString& value) {
+             SetStyleBit(control, DUISTYLE_TRANSPARENT, IsTrue(value));
+         }},
+        {"enable",
+         {AttributeKind::Boolean, "true"},
+         "\"false\" disables the control.",
          [](Base& control, const CString& value) {
              control.CDUIControlBase::SetEnable(!EqualNoCase(value.View(), "false"));
          }},
-        {"tab_stop", {AttributeKind::Boolean, "false"}, "Whether a press and the Tab key give the control the focus.",
+        {"tab_stop",
+         {AttributeKind::Boolean, "false"},
+         "Whether a press and the Tab key give the control the focus.",
          [](Base& control, const CString& value) { SetStyleBit(control, DUISTYLE_TABSTOP, IsTrue(value)); }},
-        {"margin", {AttributeKind::Rect, "0,0,0,0"}, "Space kept free inside the left, top, right and bottom edge.",
+        {"margin",
+         {AttributeKind::Rect, "0,0,0,0"},
+         "Space kept free inside the left, top, right and bottom edge.",
          [](Base& control, const CString& value) { control.SetMargin(ReadRect(value)); }},
-        {"padding", {AttributeKind::Integer, "0"}, "Space between the control's parts or children, in pixels.",
+        {"padding",
+         {AttributeKind::Integer, "0"},
+         "Space between the control's parts or children, in pixels.",
          [](Base& control, const CString& value) { control.SetPaddingWidth(ReadInteger(value)); }},
-        {"width", {AttributeKind::Integer, "0"}, "The width that a layout gives the control; 0: not fixed.",
+        {"width",
+         {AttributeKind::Integer, "0"},
+         "The width that a layout gives the control; 0: not fixed.",
          [](Base& control, const CString& value) { control.SetFixedWidth(ReadInteger(value)); }},
-        {"height", {AttributeKind::Integer, "0"}, "The height that a layout gives the control; 0: not fixed.",
+        {"height",
+         {AttributeKind::Integer, "0"},
+         "The height that a layout gives the control; 0: not fixed.",
          [](Base& control, const CString& value) { control.SetFixedHeight(ReadInteger(value)); }},
         {"text_style", AttributeKind::TextStyle, "Font, colours and alignment of the text.",
-         [](Base& control, const CString& value) { control.SetTextStyle(skin::Manager()->GetTextStyle(value)); }},
+         [](Base& control, const CString& value) {
+             control.SetTextStyle(skin::Manager()->GetTextStyle(value));
+         }},
         {"cursor", AttributeKind::Cursor, "The pointer's shape over the control.",
          [](Base& control, const CString& value) {
              control.ModifyStyle(0, DUISTYLE_CURSOR);
              control.SetCursor(skin::Manager()->GetCursor(value, TRUE));
          }},
-        {"stretch", {AttributeKind::Keywords, "", "move_x|move_y|size_x|size_y|group"},
+        {"stretch",
+         {AttributeKind::Keywords, "", "move_x|move_y|size_x|size_y|group"},
          "Anchoring marks for the application; words add to those set before.",
-         [](Base& control, const CString& value) { control.ModifyExStyle(0, FindWords(value, kStretchWords)); }},
-        {"dock_style", {AttributeKind::Choice, "", "dock_left|dock_right|dock_top|dock_bottom"},
+         [](Base& control, const CString& value) {
+             control.ModifyExStyle(0, FindWords(value, kStretchWords));
+         }},
+        {"dock_style",
+         {AttributeKind::Choice, "", "dock_left|dock_right|dock_top|dock_bottom"},
          "The edge of a dock layout that the control stands at.",
          [](Base& control, const CString& value) {
              if (const DWORD bit = FindFirstWord(value, kDockWords))
                  control.ModifyExStyle(kDockBits, bit);
          }},
-        {"user_data", {AttributeKind::Integer, "0"}, "A number for the application.",
-         [](Base& control, const CString& value) { control.SetUserData(static_cast<DWORD>(ReadInteger(value))); }},
+        {"user_data",
+         {AttributeKind::Integer, "0"},
+         "A number for the application.",
+         [](Base& control, const CString& value) {
+             control.SetUserData(static_cast<DWORD>(ReadInteger(value)));
+         }},
         {"control_style", AttributeKind::ControlStyle, "A named set of attributes that is applied here.",
          [](Base& control, const CString& value) { control.ApplyControlStyle(value); }},
     };
@@ -103,19 +132,29 @@ void ForEachChild(const std::vector<CRefPtr<IDUIControl>>& children, Call call)
 
 const ControlClass& CDUIControlBase::Class()
 {
-    static const ControlClass info("CDUIControlBase", nullptr, "What every control has.", {"control_base", "control"},
-                                   &Attributes(),
+    static const ControlClass info("CDUIControlBase", nullptr, "What every control has.",
+                                   {"control_base", "control"}, &Attributes(),
                                    {{"DUINOTIFY_CREATED", "The control was attached to a window."},
                                     {"DUINOTIFY_DESTROYED", "The control was detached from its window."}});
     return info;
 }
 
 CDUIControlBase::CDUIControlBase(const CDUIControlBase& other)
-    : IDUIControl(other), m_strName(other.m_strName), m_strText(other.m_strText), m_strTooltip(other.m_strTooltip),
-      m_dwStyle(other.m_dwStyle), m_dwExStyle(other.m_dwExStyle), m_dwStatus(other.m_dwStatus),
-      m_chShortcut(other.m_chShortcut), m_rcControl(other.m_rcControl), m_rcMargin(other.m_rcMargin),
-      m_szFixed(other.m_szFixed), m_nPaddingWidth(other.m_nPaddingWidth), m_pTextStyle(other.m_pTextStyle),
-      m_pCursor(other.m_pCursor), m_dwUserData(other.m_dwUserData)
+    : IDUIControl(other),
+      m_strName(other.m_strName),
+      m_strText(other.m_strText),
+      m_strTooltip(other.m_strTooltip),
+      m_dwStyle(other.m_dwStyle),
+      m_dwExStyle(other.m_dwExStyle),
+      m_dwStatus(other.m_dwStatus),
+      m_chShortcut(other.m_chShortcut),
+      m_rcControl(other.m_rcControl),
+      m_rcMargin(other.m_rcMargin),
+      m_szFixed(other.m_szFixed),
+      m_nPaddingWidth(other.m_nPaddingWidth),
+      m_pTextStyle(other.m_pTextStyle),
+      m_pCursor(other.m_pCursor),
+      m_dwUserData(other.m_dwUserData)
 {
     // Not AddControl: its hooks are those of a class that is not constructed yet.
     m_children.reserve(other.m_children.size());
@@ -125,7 +164,10 @@ CDUIControlBase::CDUIControlBase(const CDUIControlBase& other)
     }
 }
 
-CDUIControlBase::~CDUIControlBase() { CDUIControlBase::RemoveAllControl(); }
+CDUIControlBase::~CDUIControlBase()
+{
+    CDUIControlBase::RemoveAllControl();
+}
 
 // --- the window --------------------------------------------------------------------------------------------
 
@@ -151,7 +193,10 @@ LRESULT CDUIControlBase::Request(UINT code, WPARAM wParam, LPARAM lParam)
     return m_pMgr->OnControlRequest(request);
 }
 
-void CDUIControlBase::SetFocus(BOOL bFocus) { Request(DUIREQUEST_FOCUS, bFocus ? 1 : 2, 0); }
+void CDUIControlBase::SetFocus(BOOL bFocus)
+{
+    Request(DUIREQUEST_FOCUS, bFocus ? 1 : 2, 0);
+}
 
 IDUIControl* CDUIControlBase::GetFocusControl()
 {
@@ -163,7 +208,10 @@ void CDUIControlBase::UpdateLayout(BOOL bNeedLayout, RECT* prcInvalid)
     Request(DUIREQUEST_UPDATE, bNeedLayout ? 1 : 0, reinterpret_cast<LPARAM>(prcInvalid));
 }
 
-void CDUIControlBase::LockLayout(BOOL bLock) { Request(DUIREQUEST_LOCKLAYOUT, static_cast<WPARAM>(bLock), 0); }
+void CDUIControlBase::LockLayout(BOOL bLock)
+{
+    Request(DUIREQUEST_LOCKLAYOUT, static_cast<WPARAM>(bLock), 0);
+}
 
 HWND CDUIControlBase::GetManagerWnd(BOOL bTopLevel)
 {
@@ -189,7 +237,8 @@ IDUIControl* CDUIControlBase::GetSiblingControl(const CString& name)
 
 IDUIControl* CDUIControlBase::GetSiblingControl(POINT point)
 {
-    return reinterpret_cast<IDUIControl*>(Request(DUIREQUEST_FINDCONTROL, 1, reinterpret_cast<LPARAM>(&point)));
+    return reinterpret_cast<IDUIControl*>(
+        Request(DUIREQUEST_FINDCONTROL, 1, reinterpret_cast<LPARAM>(&point)));
 }
 
 BOOL CDUIControlBase::SetTimer(UINT id, UINT elapse)
@@ -222,11 +271,20 @@ BOOL CDUIControlBase::SendNotify(const tagDUINotify& notify)
 
 // --- state -------------------------------------------------------------------------------------------------
 
-void* CDUIControlBase::GetInterface(const CString& name) { return Class().Answers(name) ? this : nullptr; }
+void* CDUIControlBase::GetInterface(const CString& name)
+{
+    return Class().Answers(name) ? this : nullptr;
+}
 
-CRefPtr<IDUIControl> CDUIControlBase::Clone() { return new CDUIControlBase(*this); }
+CRefPtr<IDUIControl> CDUIControlBase::Clone()
+{
+    return new CDUIControlBase(*this);
+}
 
-BOOL CDUIControlBase::Activate() { return IsVisible(FALSE) && IsEnabled(); }
+BOOL CDUIControlBase::Activate()
+{
+    return IsVisible(FALSE) && IsEnabled();
+}
 
 void CDUIControlBase::SetText(const CString& text)
 {
@@ -244,7 +302,10 @@ void CDUIControlBase::SetControlRect(const RECT& rect)
     UpdateLayout(FALSE, nullptr);
 }
 
-void CDUIControlBase::SetTextStyle(CRefPtr<CTextStyle> style) { m_pTextStyle = std::move(style); }
+void CDUIControlBase::SetTextStyle(CRefPtr<CTextStyle> style)
+{
+    m_pTextStyle = std::move(style);
+}
 
 CRefPtr<CTextStyle> CDUIControlBase::GetTextStyle()
 {
@@ -254,9 +315,15 @@ CRefPtr<CTextStyle> CDUIControlBase::GetTextStyle()
     return m_pTextStyle;
 }
 
-void CDUIControlBase::SetCursor(CRefPtr<CCursorObject> cursor) { m_pCursor = std::move(cursor); }
+void CDUIControlBase::SetCursor(CRefPtr<CCursorObject> cursor)
+{
+    m_pCursor = std::move(cursor);
+}
 
-CRefPtr<CCursorObject> CDUIControlBase::GetCursor() { return m_pCursor; }
+CRefPtr<CCursorObject> CDUIControlBase::GetCursor()
+{
+    return m_pCursor;
+}
 
 void CDUIControlBase::SetAttribute(const CString& name, const CString& value)
 {
@@ -319,8 +386,9 @@ void CDUIControlBase::SetVisible(BOOL bVisible)
 
 void CDUIControlBase::OnParentVisibleStatusChange(BOOL bVisible)
 {
-    ForEachChild(m_children,
-                 [bVisible](const CRefPtr<IDUIControl>& child) { child->OnParentVisibleStatusChange(bVisible); });
+    ForEachChild(m_children, [bVisible](const CRefPtr<IDUIControl>& child) {
+        child->OnParentVisibleStatusChange(bVisible);
+    });
 }
 
 void CDUIControlBase::SetMargin(RECT margin)
@@ -420,7 +488,10 @@ void CDUIControlBase::OnDUINotify(const tagDUINotify& notify, BOOL&)
         OnDestroy();
 }
 
-void CDUIControlBase::OnDestroy() { ModifyStatus(DUISTATUS_HOT, 0); }
+void CDUIControlBase::OnDestroy()
+{
+    ModifyStatus(DUISTATUS_HOT, 0);
+}
 
 LRESULT CDUIControlBase::PreTranslateEvent(const tagDUIEvent& event, BOOL& bHandled)
 {
@@ -430,30 +501,30 @@ LRESULT CDUIControlBase::PreTranslateEvent(const tagDUIEvent& event, BOOL& bHand
 LRESULT CDUIControlBase::ProcessEvent(const tagDUIEvent& event, BOOL&)
 {
     switch (event.Type) {
-    case DUIEVENT_SETCURSOR:
-        if (!m_pCursor.IsNull())
-            ::SetCursor(m_pCursor->GetCursor());
-        break;
-    case DUIEVENT_TIMER:
-        OnTimer(static_cast<int>(event.wParam));
-        break;
-    case DUIEVENT_SETFOCUS:
-        ModifyStatus(0, DUISTATUS_FOCUSED);
-        break;
-    case DUIEVENT_KILLFOCUS:
-        ModifyStatus(DUISTATUS_FOCUSED, 0);
-        break;
-    case DUIEVENT_MOUSEWHEEL:
-        OnMouseWheel(event);
-        break;
-    case DUIEVENT_VSCROLL:
-        OnVertialSBEvent(event);
-        break;
-    case DUIEVENT_HSCROLL:
-        OnHorizontalSBEvent(event);
-        break;
-    default:
-        break;
+        case DUIEVENT_SETCURSOR:
+            if (!m_pCursor.IsNull())
+                ::SetCursor(m_pCursor->GetCursor());
+            break;
+        case DUIEVENT_TIMER:
+            OnTimer(static_cast<int>(event.wParam));
+            break;
+        case DUIEVENT_SETFOCUS:
+            ModifyStatus(0, DUISTATUS_FOCUSED);
+            break;
+        case DUIEVENT_KILLFOCUS:
+            ModifyStatus(DUISTATUS_FOCUSED, 0);
+            break;
+        case DUIEVENT_MOUSEWHEEL:
+            OnMouseWheel(event);
+            break;
+        case DUIEVENT_VSCROLL:
+            OnVertialSBEvent(event);
+            break;
+        case DUIEVENT_HSCROLL:
+            OnHorizontalSBEvent(event);
+            break;
+        default:
+            break;
     }
     return 0;
 }

@@ -69,7 +69,8 @@ CRefPtr<IDUIControl> CDUIControlBuilder::CreateFromXML(const CString& xml)
     return root;
 }
 
-CRefPtr<IDUIControl> CDUIControlBuilder::BuildElement(IDUIControlFactory& factory, const CXmlDocument& document) const
+CRefPtr<IDUIControl> CDUIControlBuilder::BuildElement(IDUIControlFactory& factory,
+                                                      const CXmlDocument& document) const
 {
     const CString tag = document.GetTagName();
     CRefPtr<IDUIControl> control = factory.NewControl(tag);

@@ -5,7 +5,10 @@
 
 namespace DUI {
 
-CDUIControlFactory::~CDUIControlFactory() { FreeTextServices(); }
+CDUIControlFactory::~CDUIControlFactory()
+{
+    FreeTextServices();
+}
 
 BOOL CDUIControlFactory::InitializeFactory()
 {
@@ -50,14 +53,18 @@ BOOL CDUIControlFactory::GetPlugin(const CString& name, CString& fileName, CStri
     IDUISkinMgr* const manager = DUIGetAppInstance()->GetSkinMgr();
     CString xml;
     CXmlDocument document;
-    if (!manager || !manager->GetPlugin(name, xml) || !document.SetDocument(xml) || !document.FindElement("plugin"))
+    if (!manager || !manager->GetPlugin(name, xml) || !document.SetDocument(xml) ||
+        !document.FindElement("plugin"))
         return FALSE;
     fileName = document.GetAttribute("file_name");
     entryFunction = document.GetAttribute("entry_function");
     return TRUE;
 }
 
-CRefPtr<IDUIControl> CDUIControlFactory::CreateFromPlugin(const CString&) { return nullptr; }
+CRefPtr<IDUIControl> CDUIControlFactory::CreateFromPlugin(const CString&)
+{
+    return nullptr;
+}
 
 void CDUIControlFactory::FreeTextServices()
 {

@@ -8,7 +8,10 @@ namespace DUI {
 /// owns stays nobody's.
 class ControlGuard {
 public:
-    explicit ControlGuard(CDUIObject* object) : m_pObject(object && object->GetRefCount() > 0 ? object : nullptr) {}
+    explicit ControlGuard(CDUIObject* object)
+        : m_pObject(object && object->GetRefCount() > 0 ? object : nullptr)
+    {
+    }
 
 private:
     CRefPtr<CDUIObject> m_pObject;

@@ -47,6 +47,9 @@ std::shared_ptr<const StyleAttributes> ReadControlStyle(const CString& xml)
     return cache[std::string(xml.View())] = Parse(xml);
 }
 
-void ForgetControlStyles() { TheCache().clear(); }
+void ForgetControlStyles()
+{
+    TheCache().clear();
+}
 
 }  // namespace DUI

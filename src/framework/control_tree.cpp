@@ -23,9 +23,9 @@ bool IsShownIn(IDUIControl& control, const RECT& rcPaint)
 // The parent pointer answers for every control that was never here, so that adding costs nothing per child.
 bool CDUIControlBase::IsChild(const IDUIControl* child) const
 {
-    return child->GetParent() == this && std::any_of(m_children.begin(), m_children.end(), [child](const auto& entry) {
-               return entry.GetPtr() == child;
-           });
+    return child->GetParent() == this &&
+           std::any_of(m_children.begin(), m_children.end(),
+                       [child](const auto& entry) { return entry.GetPtr() == child; });
 }
 
 bool CDUIControlBase::IsInside(const IDUIControl* other) const
@@ -124,7 +124,8 @@ void CDUIControlBase::RemoveAllControl()
 
 IDUIControl* CDUIControlBase::GetControlByIndex(int index) const
 {
-    return index < 0 || index >= GetControlCount() ? nullptr : m_children[static_cast<std::size_t>(index)].GetPtr();
+    return index < 0 || index >= GetControlCount() ? nullptr
+                                                   : m_children[static_cast<std::size_t>(index)].GetPtr();
 }
 
 int CDUIControlBase::GetControlIndex(CRefPtr<IDUIControl> child)

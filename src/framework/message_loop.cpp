@@ -51,7 +51,10 @@ BOOL CDUIMessageLoop::AddMessageFilter(IDUIMessageFilter* pFilter)
     return TRUE;
 }
 
-void CDUIMessageLoop::RemoveMessageFilter(IDUIMessageFilter* pFilter) { RemoveAll(m_filters, pFilter); }
+void CDUIMessageLoop::RemoveMessageFilter(IDUIMessageFilter* pFilter)
+{
+    RemoveAll(m_filters, pFilter);
+}
 
 BOOL CDUIMessageLoop::AddIdleHandler(IDUIIdleHandler* pHandler)
 {
@@ -59,7 +62,10 @@ BOOL CDUIMessageLoop::AddIdleHandler(IDUIIdleHandler* pHandler)
     return TRUE;
 }
 
-void CDUIMessageLoop::RemoveIdleHandler(IDUIIdleHandler* pHandler) { RemoveAll(m_idleHandlers, pHandler); }
+void CDUIMessageLoop::RemoveIdleHandler(IDUIIdleHandler* pHandler)
+{
+    RemoveAll(m_idleHandlers, pHandler);
+}
 
 int CDUIMessageLoop::Run()
 {
@@ -90,13 +96,13 @@ BOOL CDUIMessageLoop::IsIdleMessage(MSG* pMsg)
 {
     constexpr UINT kSystemTimer = 0x0118;
     switch (pMsg->message) {
-    case WM_MOUSEMOVE:
-    case WM_NCMOUSEMOVE:
-    case WM_PAINT:
-    case kSystemTimer:
-        return FALSE;
-    default:
-        return TRUE;
+        case WM_MOUSEMOVE:
+        case WM_NCMOUSEMOVE:
+        case WM_PAINT:
+        case kSystemTimer:
+            return FALSE;
+        default:
+            return TRUE;
     }
 }
 

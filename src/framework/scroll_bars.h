@@ -4,8 +4,8 @@
 
 namespace DUI {
 
-/// A scrolling container's bars as the controls that they are, or null. Scroll bars are made of buttons, so the
-/// room that has both defines these.
+/// A scrolling container's bars as the controls that they are, or null. Scroll bars are made of buttons, so
+/// the room that has both defines these.
 IDUIControl* VerticalScrollBarOf(CDUIControlBase& container);
 IDUIControl* HorizontalScrollBarOf(CDUIControlBase& container);
 

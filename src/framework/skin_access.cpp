@@ -4,7 +4,10 @@
 
 namespace DUI::skin {
 
-IDUISkinMgr* Manager() { return DUIGetAppInstance()->GetSkinMgr(); }
+IDUISkinMgr* Manager()
+{
+    return DUIGetAppInstance()->GetSkinMgr();
+}
 
 CDUIImageListPtr Image(const CString& name)
 {

@@ -15,8 +15,14 @@ CARGB Color(const CString& text);
 CString String(const CString& id);
 
 /// Whether the image holds a picture.
-inline bool IsLoaded(const CDUIImageListPtr& image) { return image && !image->IsNull(); }
+inline bool IsLoaded(const CDUIImageListPtr& image)
+{
+    return image && !image->IsNull();
+}
 /// The index when the image has such an icon, else 0.
-inline int IconIndex(const CDUIImageListPtr& image, int index) { return index < image->GetItemCount() ? index : 0; }
+inline int IconIndex(const CDUIImageListPtr& image, int index)
+{
+    return index < image->GetItemCount() ? index : 0;
+}
 
 }  // namespace DUI::skin

@@ -15,9 +15,9 @@ struct ToolTipPlacement {
 /// What the pointer's picture covers below its hot spot, in pixels.
 inline constexpr int kPointerPicture = 12;
 
-/// The tooltip's upper left corner on the screen: below the pointer; above it when it would leave the work area
-/// there; beside it when there is room neither below nor above. It is shifted sideways into the work area, whose
-/// upper left corner stays visible when the tooltip is larger.
+/// The tooltip's upper left corner on the screen: below the pointer; above it when it would leave the work
+/// area there; beside it when there is room neither below nor above. It is shifted sideways into the work
+/// area, whose upper left corner stays visible when the tooltip is larger.
 POINT PlaceToolTip(const ToolTipPlacement& placement);
 
 }  // namespace DUI

@@ -21,8 +21,14 @@ constexpr WordBit kStyleWords[] = {{"layered", DUINCSTYLE_LAYERED},
                                    {"size_nc", DUINCSTYLE_SIZE_NC}};
 constexpr UINT_PTR kClientTool = 1;
 
-int Width(const RECT& rect) { return rect.right - rect.left; }
-int Height(const RECT& rect) { return rect.bottom - rect.top; }
+int Width(const RECT& rect)
+{
+    return rect.right - rect.left;
+}
+int Height(const RECT& rect)
+{
+    return rect.bottom - rect.top;
+}
 
 RECT Shrunk(const RECT& rect, const RECT& by)
 {
@@ -37,12 +43,18 @@ const AttributeList& CDUIWindowMgr::WindowAttributes()
     static const AttributeTable<Manager> table{
         {"frame_style", AttributeKind::FrameStyle, "What is painted behind all controls.",
          [](Manager& manager, const CString& value) { manager.SetFrameBkgnd(skin::Frame(value)); }},
-        {"client_margin", {AttributeKind::Rect, "0,0,0,0"}, "Space between the frame and the root control.",
+        {"client_margin",
+         {AttributeKind::Rect, "0,0,0,0"},
+         "Space between the frame and the root control.",
          [](Manager& manager, const CString& value) { manager.SetClientRectMargin(ReadRect(value)); }},
-        {"nc_style", {AttributeKind::Keywords, "", "layered|custom_nc|region_nc|size_nc"},
+        {"nc_style",
+         {AttributeKind::Keywords, "", "layered|custom_nc|region_nc|size_nc"},
          "How the window's frame behaves; words add to those set before.",
-         [](Manager& manager, const CString& value) { manager.SetDUIStyle(0, FindWords(value, kStyleWords)); }},
-        {"caption_height", {AttributeKind::Integer, "0"},
+         [](Manager& manager, const CString& value) {
+             manager.SetDUIStyle(0, FindWords(value, kStyleWords));
+         }},
+        {"caption_height",
+         {AttributeKind::Integer, "0"},
          "Height of the part at the top by which a window with custom_nc is dragged, in pixels.",
          [](Manager& manager, const CString& value) { manager.SetCaptionHeight(ReadInteger(value)); }},
         {"name", AttributeKind::Text, "The template's name.", [](Manager&, const CString&) {}},
@@ -150,9 +162,14 @@ CRefPtr<IDUIControl> CDUIWindowMgr::DetachRootControl()
     return root;
 }
 
-CRefPtr<IDUIControl> CDUIWindowMgr::OnBuilderNewControl(const CString&) { return nullptr; }
+CRefPtr<IDUIControl> CDUIWindowMgr::OnBuilderNewControl(const CString&)
+{
+    return nullptr;
+}
 
-void CDUIWindowMgr::OnBuilderControlCreated(CRefPtr<IDUIControl>) {}
+void CDUIWindowMgr::OnBuilderControlCreated(CRefPtr<IDUIControl>)
+{
+}
 
 void CDUIWindowMgr::OnBuilderWindowAttribute(const CString& name, const CString& value)
 {
@@ -183,7 +200,10 @@ void CDUIWindowMgr::UpdateTooltipTool()
 
 // --- the window --------------------------------------------------------------------------------------------
 
-BOOL CDUIWindowMgr::IsWindow() const { return m_hWnd && ::IsWindow(m_hWnd); }
+BOOL CDUIWindowMgr::IsWindow() const
+{
+    return m_hWnd && ::IsWindow(m_hWnd);
+}
 
 DWORD CDUIWindowMgr::GetStyle() const
 {
@@ -380,7 +400,8 @@ void CDUIWindowMgr::DoPaint(HDC hdc)
     RECT box{};
     if (!IsWindow() || !GetClientRect(m_hWnd, &client))
         return;
-    if (GetClipBox(hdc, &box) == NULLREGION || !IntersectRect(&box, &box, &client) || !PrepareBackBuffer(client))
+    if (GetClipBox(hdc, &box) == NULLREGION || !IntersectRect(&box, &box, &client) ||
+        !PrepareBackBuffer(client))
         return;
     const HDC memory = CreateCompatibleDC(hdc);
     const HGDIOBJ old = SelectObject(memory, m_backBuffer.GetBitmap());
@@ -400,7 +421,8 @@ bool CDUIWindowMgr::PrepareBackBuffer(const RECT& client)
     const BITMAPINFOHEADER& header = *m_backBuffer.GetDibHeader();
     if (!m_backBuffer.IsNull() && header.biWidth >= Width(client) && header.biHeight >= Height(client))
         return true;
-    return m_backBuffer.Create(static_cast<DWORD>(Width(client)), static_cast<DWORD>(Height(client)), 32) != FALSE;
+    return m_backBuffer.Create(static_cast<DWORD>(Width(client)), static_cast<DWORD>(Height(client)), 32) !=
+           FALSE;
 }
 
 void CDUIWindowMgr::PaintFrameBkgnd(HDC hdc)

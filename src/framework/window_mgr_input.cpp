@@ -17,7 +17,10 @@ constexpr UINT kInDocumentOrder = kReachable | DUIFIND_ME_FIRST;
 constexpr const char* kLayoutContainers[] = {"tile_layout", "dock_layout", "frame_panel",  "tab_layout",
                                              "horz_layout", "vert_layout", "dialog_layout"};
 
-bool Answers(IDUIControl* control, const char* name) { return control && control->GetInterface(name); }
+bool Answers(IDUIControl* control, const char* name)
+{
+    return control && control->GetInterface(name);
+}
 
 bool IsLayoutContainer(IDUIControl* control)
 {
@@ -36,7 +39,10 @@ IDUIControl* ContainsPoint(IDUIControl* control, void* data)
     return PtInRect(&rect, *static_cast<const POINT*>(data)) ? control : nullptr;
 }
 
-char Upper(char character) { return static_cast<char>(std::toupper(static_cast<unsigned char>(character))); }
+char Upper(char character)
+{
+    return static_cast<char>(std::toupper(static_cast<unsigned char>(character)));
+}
 
 }  // namespace
 
@@ -45,7 +51,11 @@ WORD DUIKeyState()
     constexpr struct {
         int key;
         WORD flag;
-    } kKeys[] = {{VK_CONTROL, MK_CONTROL}, {VK_LBUTTON, MK_LBUTTON}, {VK_RBUTTON, MK_RBUTTON}, {VK_SHIFT, MK_SHIFT}, {VK_MENU, 0x20}};
+    } kKeys[] = {{VK_CONTROL, MK_CONTROL},
+                 {VK_LBUTTON, MK_LBUTTON},
+                 {VK_RBUTTON, MK_RBUTTON},
+                 {VK_SHIFT, MK_SHIFT},
+                 {VK_MENU, 0x20}};
     WORD state = 0;
     for (const auto& entry : kKeys)
         if (GetKeyState(entry.key) < 0)
@@ -80,8 +90,9 @@ BOOL CDUIWindowMgr::ProcessWindowMessage(HWND, UINT uMsg, WPARAM wParam, LPARAM 
 {
     if (dwMsgMapID != 0)
         return FALSE;
-    const auto* const entry = std::find_if(std::begin(kMessages), std::end(kMessages),
-                                           [uMsg](const MessageEntry& known) { return known.message == uMsg; });
+    const auto* const entry =
+        std::find_if(std::begin(kMessages), std::end(kMessages),
+                     [uMsg](const MessageEntry& known) { return known.message == uMsg; });
     if (entry == std::end(kMessages))
         return FALSE;
     BOOL bHandled = TRUE;
@@ -103,7 +114,10 @@ tagDUIEvent CDUIWindowMgr::PointerEvent(UINT type, IDUIControl* sender, WPARAM w
     return {type, sender, m_ptLast, 0, LOWORD(wParam), wParam, lParam};
 }
 
-IDUIControl* CDUIWindowMgr::FindControl(POINT* pt) { return FindControl(pt, kUnderPointer); }
+IDUIControl* CDUIWindowMgr::FindControl(POINT* pt)
+{
+    return FindControl(pt, kUnderPointer);
+}
 
 IDUIControl* CDUIWindowMgr::FindControl(POINT* pt, UINT flags)
 {
@@ -291,7 +305,8 @@ LRESULT CDUIWindowMgr::OnMouseWheel(UINT, WPARAM wParam, LPARAM lParam, BOOL& bH
     if (!target)
         return 1;
     BOOL bEventHandled = FALSE;
-    Deliver(target, {DUIEVENT_MOUSEWHEEL, m_pFocus, m_ptLast, 0, LOWORD(wParam), wParam, lParam}, bEventHandled);
+    Deliver(target, {DUIEVENT_MOUSEWHEEL, m_pFocus, m_ptLast, 0, LOWORD(wParam), wParam, lParam},
+            bEventHandled);
     return 0;
 }
 
@@ -330,9 +345,12 @@ LRESULT CDUIWindowMgr::OnKey(UINT uMsg, WPARAM wParam, LPARAM lParam, BOOL& bHan
     bHandled = FALSE;
     if (!m_pFocus)
         return 0;
-    const UINT type = uMsg == WM_KEYDOWN ? DUIEVENT_KEYDOWN : uMsg == WM_KEYUP ? DUIEVENT_KEYUP : DUIEVENT_CHAR;
+    const UINT type = uMsg == WM_KEYDOWN ? DUIEVENT_KEYDOWN
+                      : uMsg == WM_KEYUP ? DUIEVENT_KEYUP
+                                         : DUIEVENT_CHAR;
     BOOL bEventHandled = FALSE;
-    Deliver(m_pFocus, {type, m_pFocus, m_ptLast, static_cast<char>(wParam), DUIKeyState(), wParam, lParam}, bEventHandled);
+    Deliver(m_pFocus, {type, m_pFocus, m_ptLast, static_cast<char>(wParam), DUIKeyState(), wParam, lParam},
+            bEventHandled);
     bHandled = uMsg != WM_KEYDOWN || wParam == VK_TAB;
     return 0;
 }
@@ -374,20 +392,20 @@ LRESULT CDUIWindowMgr::OnPreKeyDown(MSG* pMsg, BOOL& bHandled)
     const auto isDown = [](int key) { return GetKeyState(key) < 0; };
     bHandled = FALSE;
     switch (pMsg->wParam) {
-    case VK_TAB:
-        if (isDown(VK_LCONTROL) || isDown(VK_RCONTROL))
-            bHandled = SetNextTabPage(!isDown(VK_SHIFT));
-        else
-            bHandled = SetNextTabControl(!isDown(VK_SHIFT));
-        break;
-    case VK_RETURN:
-        bHandled = OnPreReturn();
-        break;
-    case VK_ESCAPE:
-        bHandled = OnPreEscape(*pMsg);
-        break;
-    default:
-        break;
+        case VK_TAB:
+            if (isDown(VK_LCONTROL) || isDown(VK_RCONTROL))
+                bHandled = SetNextTabPage(!isDown(VK_SHIFT));
+            else
+                bHandled = SetNextTabControl(!isDown(VK_SHIFT));
+            break;
+        case VK_RETURN:
+            bHandled = OnPreReturn();
+            break;
+        case VK_ESCAPE:
+            bHandled = OnPreEscape(*pMsg);
+            break;
+        default:
+            break;
     }
     return 0;
 }
@@ -406,7 +424,8 @@ bool CDUIWindowMgr::OnPreEscape(const MSG& message)
     IDUIControl* const cancel = GetControlByName("cancel", FALSE);
     if (m_pFocus && m_pFocus != cancel) {
         BOOL bEventHandled = FALSE;
-        LoseFocus(nullptr, {DUIEVENT_KILLFOCUS, nullptr, {0, 0}, 0, VK_ESCAPE, VK_ESCAPE, message.lParam}, bEventHandled);
+        LoseFocus(nullptr, {DUIEVENT_KILLFOCUS, nullptr, {0, 0}, 0, VK_ESCAPE, VK_ESCAPE, message.lParam},
+                  bEventHandled);
         return true;
     }
     return cancel && ActivateControl(cancel);

@@ -28,9 +28,9 @@ const CDUIWindowMgr::RequestEntry CDUIWindowMgr::kRequests[] = {
 
 LRESULT CDUIWindowMgr::OnControlRequest(tagDUINotify& request)
 {
-    const auto* const entry = std::find_if(std::begin(kRequests), std::end(kRequests), [&request](const RequestEntry& known) {
-        return known.code == request.nCode;
-    });
+    const auto* const entry =
+        std::find_if(std::begin(kRequests), std::end(kRequests),
+                     [&request](const RequestEntry& known) { return known.code == request.nCode; });
     return entry == std::end(kRequests) ? kRefused : (this->*entry->handler)(request);
 }
 
@@ -117,21 +117,21 @@ LRESULT CDUIWindowMgr::HandleTimerRequest(tagDUINotify& request)
     if (!IsWindow() || !wanted)
         return kRefused;
     switch (request.wParam) {
-    case 1:
-        return StartTimer(*wanted);
-    case 2:
-        return StopTimer(*wanted);
-    default:
-        return kRefused;
+        case 1:
+            return StartTimer(*wanted);
+        case 2:
+            return StopTimer(*wanted);
+        default:
+            return kRefused;
     }
 }
 
 // The position of a running timer; the list's size when it does not run.
 std::size_t CDUIWindowMgr::FindTimer(const IDUIControl* owner, UINT id) const
 {
-    const auto found = std::find_if(m_timers.begin(), m_timers.end(), [owner, id](const DUITimerRecord& timer) {
-        return timer.pOwner == owner && timer.nTimerID == id;
-    });
+    const auto found = std::find_if(
+        m_timers.begin(), m_timers.end(),
+        [owner, id](const DUITimerRecord& timer) { return timer.pOwner == owner && timer.nTimerID == id; });
     return static_cast<std::size_t>(found - m_timers.begin());
 }
 
@@ -233,7 +233,8 @@ void CDUIWindowMgr::Forget(const IDUIControl* control)
 void CDUIWindowMgr::AddHandler(const CString& name, CDUINotifyTarget* target,
                                std::function<void(const tagDUINotify&)> call)
 {
-    m_handlers[name].push_back(std::make_shared<NotifyHandlerEntry>(NotifyHandlerEntry{target, std::move(call)}));
+    m_handlers[name].push_back(
+        std::make_shared<NotifyHandlerEntry>(NotifyHandlerEntry{target, std::move(call)}));
     std::vector<CDUIWindowMgr*>& managers = target->m_managers;
     if (std::find(managers.begin(), managers.end(), this) == managers.end())
         managers.push_back(this);

@@ -8,7 +8,10 @@ namespace DUI {
 
 class CDUIWindowMgr::Target {
 public:
-    Target(CDUIWindowMgr& manager, IDUIControl* control) : m_pMgr(&manager), m_pKeep(control), m_pControl(control)
+    Target(CDUIWindowMgr& manager, IDUIControl* control)
+        : m_pMgr(&manager),
+          m_pKeep(control),
+          m_pControl(control)
     {
         manager.m_targets.push_back(this);
     }

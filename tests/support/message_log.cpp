@@ -43,7 +43,7 @@ std::string MessageName(UINT message)
     return digits;
 }
 
-std::vector<LoggedMessage> MessageLog::Only(std::initializer_list<UINT> numbers) const
+std::vector<LoggedMessage> MessageLog::Only(const std::vector<UINT>& numbers) const
 {
     std::vector<LoggedMessage> chosen;
     for (const LoggedMessage& message : m_messages)
@@ -52,7 +52,7 @@ std::vector<LoggedMessage> MessageLog::Only(std::initializer_list<UINT> numbers)
     return chosen;
 }
 
-std::vector<std::string> MessageLog::Lines(std::initializer_list<UINT> numbers) const
+std::vector<std::string> MessageLog::Lines(const std::vector<UINT>& numbers) const
 {
     std::vector<std::string> lines;
     for (const LoggedMessage& message : Only(numbers))

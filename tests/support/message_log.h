@@ -1,6 +1,6 @@
 #pragma once
 
-#include <initializer_list>
+#include <utility>
 #include <string>
 #include <vector>
 
@@ -28,9 +28,9 @@ public:
 
     const std::vector<LoggedMessage>& All() const { return m_messages; }
     /// The messages with one of these numbers.
-    std::vector<LoggedMessage> Only(std::initializer_list<UINT> numbers) const;
+    std::vector<LoggedMessage> Only(const std::vector<UINT>& numbers) const;
     /// The same as lines "name WM_SIZE". Compare these: the targets differ in messages that nobody asked about.
-    std::vector<std::string> Lines(std::initializer_list<UINT> numbers) const;
+    std::vector<std::string> Lines(const std::vector<UINT>& numbers) const;
     /// How many messages have this number.
     int Count(UINT number) const { return static_cast<int>(Only({number}).size()); }
 

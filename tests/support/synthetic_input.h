@@ -1,31 +1,18 @@
 #pragma once
 
-/// Native target only: the headless display's pointer, keyboard and clock. Put tests that include this into
-/// files named *_native.cpp, which CMake leaves out of the windows build.
-
-#include <cstdint>
 #include <string>
 
 #include <qvui/platform/platform.h>
 
-#include "native/display/headless/headless.h"
-
 namespace qvui::test {
 
-/// While it lives, time stands still unless it is told to pass, or something waits for a timer.
-class ManualClock {
-public:
-    ManualClock() { native::TheHeadlessDisplay()->UseManualClock(); }
-    ManualClock(const ManualClock&) = delete;
-    ManualClock& operator=(const ManualClock&) = delete;
-    ~ManualClock() { native::TheHeadlessDisplay()->UseMachineClock(); }
-
-    void Advance(std::int64_t milliseconds) { native::TheHeadlessDisplay()->Advance(milliseconds); }
-};
-
-/// Input as a person would give it: it enters at the display and takes the whole way through hit tests,
-/// capture, activation and focus. Points are screen coordinates. Every operation dispatches what it caused
-/// before it returns. At its end every key and button that it holds is released.
+/// Input as a person would give it: it enters below the message queue and takes the whole way through hit
+/// tests, capture, activation and focus. Points are screen coordinates. Every operation dispatches what it
+/// caused before it returns. At its end every key and button that it holds is released.
+///
+/// On native it enters at the headless display, and ManualClock (manual_clock.h) says when. On windows it enters
+/// where the system's own drivers put it: the pointer belongs to the whole desktop, so tests that need exact
+/// times or exact numbers of moves are native only.
 class SyntheticInput {
 public:
     SyntheticInput() = default;
@@ -41,15 +28,11 @@ public:
     SyntheticInput& KeyDown(int virtualKey);
     SyntheticInput& KeyUp(int virtualKey);
     SyntheticInput& PressKey(int virtualKey) { return KeyDown(virtualKey).KeyUp(virtualKey); }
-    /// Text from the keyboard or an input method, UTF-8.
-    SyntheticInput& Type(const std::string& utf8);
 
     /// A point of a window's client area on the screen.
     static POINT At(HWND window, int x, int y);
 
 private:
-    SyntheticInput& Dispatch();
-
     bool m_isDown[256] = {};
 };
 

@@ -30,15 +30,16 @@ struct CAnimationData : CRefCountBase {
     BOOL bFirstLoop = TRUE;
 };
 
-/// The animations of one control. An animation's id is a timer id of that control and must differ from its other
-/// timers' ids; id 0 can be started, and stopped only together with all others.
+/// The animations of one control. An animation's id is a timer id of that control and must differ from its
+/// other timers' ids; id 0 can be started, and stopped only together with all others.
 class QVUI_API CDUIAnimation : public IDUIAnimation {
 public:
     /// The owner is not counted and outlives this.
     explicit CDUIAnimation(IDUIControl* pOwner) : m_pOwner(pOwner) {}
 
-    /// Steps frames 0 to `nTotalFrame`, `nElapse` milliseconds apart; a looping one goes on with frame 1. FALSE
-    /// for an id that runs already, for numbers that are not positive, and when the timer cannot be started.
+    /// Steps frames 0 to `nTotalFrame`, `nElapse` milliseconds apart; a looping one goes on with frame 1.
+    /// FALSE for an id that runs already, for numbers that are not positive, and when the timer cannot be
+    /// started.
     BOOL StartAnimation(int nElapse, int nTotalFrame, int nAnimationID, BOOL bLoop) override;
     /// 0 stops all. OnAnimationStop is not called.
     void StopAnimation(int nAnimationID) override;

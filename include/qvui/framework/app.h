@@ -31,8 +31,8 @@ public:
     CDUIApp& operator=(const CDUIApp&) = delete;
     ~CDUIApp() override;
 
-    /// Loads the skin package whose entry document's text this is, then registers the built-in controls. FALSE
-    /// when either fails; what was made so far stays until Term.
+    /// Loads the skin package whose entry document's text this is, then registers the built-in controls.
+    /// FALSE when either fails; what was made so far stays until Term.
     BOOL Init(const CString& strSkinEntry, BOOL bEnableYahei) override;
     /// Releases skin and factory. Windows and their controls must be gone.
     void Term() override;

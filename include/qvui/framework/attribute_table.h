@@ -12,30 +12,32 @@ class CDUIControlBase;
 
 /// What kind of value a skin attribute takes; tools check values by it.
 enum class AttributeKind {
-    Text,          // any text
-    Character,     // the first character counts
-    StringId,      // a string id, or "#" and literal text
-    Boolean,       // "true" or anything else
-    Integer,       // decimal
-    IntPair,       // two decimals, one separator between
-    Rect,          // four decimals: left, top, right, bottom
-    Keywords,      // any of the keywords, searched as case-sensitive substrings
-    Choice,        // one of the keywords
-    Color,         // a literal colour or the name of one
-    ColorPair,     // two colours with a comma between
-    Image,         // names of the skin's entries
+    Text,       // any text
+    Character,  // the first character counts
+    StringId,   // a string id, or "#" and literal text
+    Boolean,    // "true" or anything else
+    Integer,    // decimal
+    IntPair,    // two decimals, one separator between
+    Rect,       // four decimals: left, top, right, bottom
+    Keywords,   // any of the keywords, searched as case-sensitive substrings
+    Choice,     // one of the keywords
+    Color,      // a literal colour or the name of one
+    ColorPair,  // two colours with a comma between
+    Image,      // names of the skin's entries
     Cursor,
     TextStyle,
     FrameStyle,
     ControlStyle,
-    ControlName,   // the name of a control of the same window
-    Ignored,       // accepted without effect
+    ControlName,  // the name of a control of the same window
+    Ignored,      // accepted without effect
 };
 
 /// The kind of a value, what it is without the attribute, and the words it may hold ("one|two").
 struct AttributeSyntax {
     AttributeSyntax(AttributeKind valueKind, const char* defaultText = "", const char* keywordText = "")
-        : kind(valueKind), defaultValue(defaultText), keywords(keywordText)
+        : kind(valueKind),
+          defaultValue(defaultText),
+          keywords(keywordText)
     {
     }
 
@@ -67,8 +69,9 @@ private:
     std::vector<int> m_order;  // positions, sorted by name
 };
 
-/// Attributes with the functions that set them. A setter is a captureless lambda (Control&, const CString& value);
-/// one that returns false leaves the attribute to the base class, as if the class had none of that name.
+/// Attributes with the functions that set them. A setter is a captureless lambda (Control&, const CString&
+/// value); one that returns false leaves the attribute to the base class, as if the class had none of that
+/// name.
 template <class Control>
 class AttributeTable : public AttributeList {
 public:

@@ -25,7 +25,8 @@ enum DUIEVENT_TYPE : UINT {
     DUIEVENT_MOUSELEAVE = 12,
     DUIEVENT_MOUSEMOVE = 13,
     DUIEVENT_MOUSEWHEEL = 14,
-    DUIEVENT_BUTTONDOWN_ELSEWHERE = 15,  // a left press landed on another control while this one kept the focus
+    DUIEVENT_BUTTONDOWN_ELSEWHERE =
+        15,  // a left press landed on another control while this one kept the focus
     DUIEVENT_CONTEXTMENU = 17,
     DUIEVENT_KEYDOWN = 19,
     DUIEVENT_KEYUP = 20,
@@ -55,12 +56,13 @@ enum DUINOTIFY_CODE : UINT {
 
 /// Request codes, from a control to its window manager, in a tagDUINotify's nCode.
 enum DUIREQUEST_CODE : UINT {
-    DUIREQUEST_UPDATE = 1,       // wParam nonzero: a new layout; lParam: a RECT* to repaint, or null for the sender
-    DUIREQUEST_FOCUS = 2,        // wParam 1 take, 2 give up, 3 ask: the result is the focus control
-    DUIREQUEST_GETWINDOW = 3,    // wParam 1 the host window, 2 its top-level ancestor; the HWND comes in lParam
-    DUIREQUEST_FINDCONTROL = 4,  // wParam 2 by name (lParam const char*), 1 by point (lParam POINT*)
-    DUIREQUEST_LOCKLAYOUT = 5,   // wParam nonzero locks
-    DUIREQUEST_TIMER = 10,       // wParam 1 start, 2 stop; lParam a DUITimerRecord*; 0 on success
+    DUIREQUEST_UPDATE =
+        1,                 // wParam nonzero: a new layout; lParam: a RECT* to repaint, or null for the sender
+    DUIREQUEST_FOCUS = 2,  // wParam 1 take, 2 give up, 3 ask: the result is the focus control
+    DUIREQUEST_GETWINDOW = 3,  // wParam 1 the host window, 2 its top-level ancestor; the HWND comes in lParam
+    DUIREQUEST_FINDCONTROL = 4,    // wParam 2 by name (lParam const char*), 1 by point (lParam POINT*)
+    DUIREQUEST_LOCKLAYOUT = 5,     // wParam nonzero locks
+    DUIREQUEST_TIMER = 10,         // wParam 1 start, 2 stop; lParam a DUITimerRecord*; 0 on success
     DUIREQUEST_WINDOWSTATUS = 11,  // the top-level window's status word comes in wParam
 };
 
@@ -165,8 +167,8 @@ protected:
 using FindControlProc = IDUIControl* (*)(IDUIControl* control, void* data);
 
 /// A windowless control: a rectangle in its host window's client area that paints itself, receives events,
-/// sends notifications and holds an ordered list of children. Controls are counted: a parent owns its children,
-/// and pointers that operations return are borrowed. CDUIControlBase says what each operation does.
+/// sends notifications and holds an ordered list of children. Controls are counted: a parent owns its
+/// children, and pointers that operations return are borrowed. CDUIControlBase says what each operation does.
 class QVUI_API IDUIControl : public CDUIObject, public IDUIEventHandler, public IDUINotifyHandler {
 public:
     IDUIControl() = default;

@@ -18,8 +18,8 @@ class CDUIVerticalSB;
 /// detached; a control gets its own first (OnCreate, OnDestroy). On attaching and detaching, children come
 /// before their parent.
 ///
-/// Rectangles are client coordinates of the host window, in pixels. What needs a window or a skin manager does
-/// nothing without one. A copy takes the source's user data with its other fields.
+/// Rectangles are client coordinates of the host window, in pixels. What needs a window or a skin manager
+/// does nothing without one. A copy takes the source's user data with its other fields.
 class QVUI_API CDUIControlBase : public IDUIControl {
 public:
     CDUIControlBase() = default;
@@ -55,7 +55,8 @@ public:
     void SetCursor(CRefPtr<CCursorObject> cursor) override;
     CRefPtr<CCursorObject> GetCursor() override;
     void SetAttribute(const CString& name, const CString& value) override;
-    /// Asks the window for a repaint of `prcInvalid`, or of the control when null, after a new layout when asked.
+    /// Asks the window for a repaint of `prcInvalid`, or of the control when null, after a new layout when
+    /// asked.
     void UpdateLayout(BOOL bNeedLayout, RECT* prcInvalid) override;
     void ModifyStatus(DWORD remove, DWORD add) override;
     DWORD GetStatus() const override { return m_dwStatus; }
@@ -65,7 +66,8 @@ public:
     DWORD GetExStyle() const override { return m_dwExStyle; }
     /// The fixed size; TRUE.
     BOOL EstimateSize(SIZE available, SIZE& size) override;
-    /// Background, foreground, text and border, then the children and scroll bars within the content rectangle.
+    /// Background, foreground, text and border, then the children and scroll bars within the content
+    /// rectangle.
     void DoPaint(HDC hdc, const RECT& rcPaint) override;
     /// Milliseconds; FALSE when not attached or when the id runs already.
     BOOL SetTimer(UINT id, UINT elapse) override;
@@ -148,8 +150,8 @@ public:
     /// Sets every attribute of a control style of the skin, and remembers the name for skin changes.
     BOOL ApplyControlStyle(const CString& name);
 
-    /// Hands the size of the content to the scroll bar, which shows, hides or updates itself; TRUE when it was
-    /// shown or hidden. `nExtra` is added to the range.
+    /// Hands the size of the content to the scroll bar, which shows, hides or updates itself; TRUE when it
+    /// was shown or hidden. `nExtra` is added to the range.
     int ProcessVerticalSB(RECT rcView, int nContent, int nExtra);
     int ProcessHorizontalSB(RECT rcView, int nContent, int nExtra);
     void OnVertialSBEvent(const tagDUIEvent& event);

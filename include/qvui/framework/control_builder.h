@@ -16,7 +16,8 @@ public:
     virtual void OnBuilderControlCreated(CRefPtr<IDUIControl> root) = 0;
     /// Each attribute of the "window" element, before any control exists.
     virtual void OnBuilderWindowAttribute(const CString& name, const CString& value) = 0;
-    /// Links a child to its parent; the default makes it an item of a combo box and a child of everything else.
+    /// Links a child to its parent; the default makes it an item of a combo box and a child of everything
+    /// else.
     virtual BOOL OnAddChildControl(CRefPtr<IDUIControl> parent, CRefPtr<IDUIControl> child);
 
 protected:
@@ -34,8 +35,8 @@ protected:
 
 /// Builds a control tree from a window template: a "window" element whose first child element is the root.
 /// Attributes reach a control before it has a parent; an element whose tag nobody knows is left out with all
-/// that is under it, and so is one nested more than 1000 levels deep (a trace line says so), which keeps every
-/// walk of the tree within the stack. Every failure gives null.
+/// that is under it, and so is one nested more than 1000 levels deep (a trace line says so), which keeps
+/// every walk of the tree within the stack. Every failure gives null.
 class QVUI_API CDUIControlBuilder {
 public:
     /// The callback, which may be null, outlives the builder.

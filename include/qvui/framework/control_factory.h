@@ -34,8 +34,8 @@ public:
     /// Registers the built-in controls with the application's factory; FALSE when there is none yet.
     BOOL InitializeFactory() override;
     void UninitializeFactory() override;
-    /// A tag that is taken keeps its first creator, and the result is TRUE all the same. FALSE for an empty tag
-    /// or a null creator.
+    /// A tag that is taken keeps its first creator, and the result is TRUE all the same. FALSE for an empty
+    /// tag or a null creator.
     BOOL RegisterControl(const CString& tag, ControlCreator creator) override;
     BOOL UnregisterControl(const CString& tag) override;
     /// Null for a tag that nobody registered.

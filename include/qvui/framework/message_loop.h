@@ -24,8 +24,8 @@ protected:
     ~IDUIIdleHandler() = default;
 };
 
-/// A message loop with filters and idle handlers, none of which it owns. A filter or handler may remove itself
-/// or others while it is called.
+/// A message loop with filters and idle handlers, none of which it owns. A filter or handler may remove
+/// itself or others while it is called.
 class QVUI_API CDUIMessageLoop {
 public:
     CDUIMessageLoop() = default;

@@ -29,8 +29,8 @@ private:
 /// What a control that answers "tab_bar" gives for the name.
 class QVUI_API IDUITabBar {
 public:
-    /// Selects the next or previous item and, when asked, sends the tab-activation notification; TRUE when the
-    /// selection moved.
+    /// Selects the next or previous item and, when asked, sends the tab-activation notification; TRUE when
+    /// the selection moved.
     virtual BOOL MoveSelection(BOOL bForward, BOOL bNotify) = 0;
 
 protected:

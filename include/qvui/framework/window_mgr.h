@@ -29,11 +29,11 @@ enum DUINCSTYLE : DWORD {
 /// Hosts one control tree in one native window.
 ///
 /// The application's window class creates the window and has a manager, usually by deriving from it. It calls
-/// CreateFromResource or CreateFromXML, then InitWindowMgr once the window exists and FinishWindowMgr before it
-/// goes; passes its messages to ProcessWindowMessage and maps WM_PAINT and WM_TIMER to OnPaint and OnTimer; adds
-/// the manager to the application's message loop as a filter and removes it at the end; and overrides
-/// OnDUINotify. The skin attributes of the "window" element are frame_style, client_margin, nc_style,
-/// caption_height and name.
+/// CreateFromResource or CreateFromXML, then InitWindowMgr once the window exists and FinishWindowMgr before
+/// it goes; passes its messages to ProcessWindowMessage and maps WM_PAINT and WM_TIMER to OnPaint and
+/// OnTimer; adds the manager to the application's message loop as a filter and removes it at the end; and
+/// overrides OnDUINotify. The skin attributes of the "window" element are frame_style, client_margin,
+/// nc_style, caption_height and name.
 ///
 /// A handler may do anything while it is called: remove or destroy its sender or the whole tree, switch the
 /// skin, close the window, delete the manager.
@@ -136,7 +136,8 @@ public:
     IDUIControl* GetControlByShortcut(char ch);
     IDUIControl* GetControlByInterface(const char* name);
     IDUIControl* GetFocusControl() const { return m_pFocus; }
-    BOOL SetControlAttribute(const CString& name, const CString& attribute, const CString& value, BOOL bRefresh);
+    BOOL SetControlAttribute(const CString& name, const CString& attribute, const CString& value,
+                             BOOL bRefresh);
     BOOL EnableControl(const CString& name, BOOL bEnable);
     BOOL ShowControl(const CString& name, BOOL bShow);
     BOOL SetContrlText(const CString& name, const CString& text);
@@ -144,12 +145,14 @@ public:
     /// FALSE when there is no such control or it is no button.
     BOOL SetButtonChecked(const CString& name, BOOL bCheck);
 
-    /// Calls a member function of `target` with every notification of the controls of that name that neither the
-    /// control nor OnDUINotify handled, in the order of adding. A target that goes removes its handlers itself.
+    /// Calls a member function of `target` with every notification of the controls of that name that neither
+    /// the control nor OnDUINotify handled, in the order of adding. A target that goes removes its handlers
+    /// itself.
     template <class Target>
     void AddNotifyHandler(const CString& name, Target* target, void (Target::*handler)(const tagDUINotify&))
     {
-        AddHandler(name, target, [target, handler](const tagDUINotify& notify) { (target->*handler)(notify); });
+        AddHandler(name, target,
+                   [target, handler](const tagDUINotify& notify) { (target->*handler)(notify); });
     }
     /// Removes the target's handlers for the name.
     void RemoveNotifyHandler(const CString& name, CDUINotifyTarget* target);
@@ -254,7 +257,8 @@ private:
     /// A control left the tree: nothing here may point to it any more.
     void Forget(const IDUIControl* control);
 
-    void AddHandler(const CString& name, CDUINotifyTarget* target, std::function<void(const tagDUINotify&)> call);
+    void AddHandler(const CString& name, CDUINotifyTarget* target,
+                    std::function<void(const tagDUINotify&)> call);
     void CallHandlers(const CString& name, const tagDUINotify& notify);
     void ForgetAllHandlers();
     friend class CDUINotifyTarget;

@@ -1,14 +1,10 @@
 #include "support/synthetic_input.h"
 
+#include "support/input_source.h"
 #include "support/platform_window.h"
 
 namespace qvui::test {
 namespace {
-
-native::HeadlessDisplay& Display()
-{
-    return *native::TheHeadlessDisplay();
-}
 
 bool IsButton(int key)
 {
@@ -21,60 +17,54 @@ SyntheticInput::~SyntheticInput()
 {
     for (int key = 0; key < 256; ++key)
         if (m_isDown[key])
-            IsButton(key) ? Display().Button(key, false) : Display().Key(key, false);
+            IsButton(key) ? InjectButton(key, false) : InjectKey(key, false);
     Pump();
-}
-
-SyntheticInput& SyntheticInput::Dispatch()
-{
-    Pump();
-    return *this;
 }
 
 SyntheticInput& SyntheticInput::MoveTo(POINT screen)
 {
-    Display().MovePointer(screen);
-    return Dispatch();
+    InjectMove(screen);
+    Pump();
+    return *this;
 }
 
 SyntheticInput& SyntheticInput::Press(int button)
 {
     m_isDown[button & 0xFF] = true;
-    Display().Button(button, true);
-    return Dispatch();
+    InjectButton(button, true);
+    Pump();
+    return *this;
 }
 
 SyntheticInput& SyntheticInput::Release(int button)
 {
     m_isDown[button & 0xFF] = false;
-    Display().Button(button, false);
-    return Dispatch();
+    InjectButton(button, false);
+    Pump();
+    return *this;
 }
 
 SyntheticInput& SyntheticInput::Wheel(int notches)
 {
-    Display().Wheel(notches * static_cast<int>(WHEEL_DELTA));
-    return Dispatch();
+    InjectWheel(notches * static_cast<int>(WHEEL_DELTA));
+    Pump();
+    return *this;
 }
 
 SyntheticInput& SyntheticInput::KeyDown(int virtualKey)
 {
     m_isDown[virtualKey & 0xFF] = true;
-    Display().Key(virtualKey, true);
-    return Dispatch();
+    InjectKey(virtualKey, true);
+    Pump();
+    return *this;
 }
 
 SyntheticInput& SyntheticInput::KeyUp(int virtualKey)
 {
     m_isDown[virtualKey & 0xFF] = false;
-    Display().Key(virtualKey, false);
-    return Dispatch();
-}
-
-SyntheticInput& SyntheticInput::Type(const std::string& utf8)
-{
-    Display().Type(utf8);
-    return Dispatch();
+    InjectKey(virtualKey, false);
+    Pump();
+    return *this;
 }
 
 POINT SyntheticInput::At(HWND window, int x, int y)
