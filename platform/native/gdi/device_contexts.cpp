@@ -18,12 +18,17 @@ HandleTable<DeviceContext, 5>& Contexts()
 [[maybe_unused]] const bool g_counted =
     RegisterLiveCount(&LiveCounts::deviceContexts, [] { return Contexts().LiveCount(); });
 
-RECT BoundsOf(const Surface& surface) { return {0, 0, surface.width, surface.height}; }
+RECT BoundsOf(const Surface& surface)
+{
+    return {0, 0, surface.width, surface.height};
+}
 
 }  // namespace
 
 DeviceContext::DeviceContext(std::shared_ptr<Surface> target, POINT originInSurface, Region visibleRegion)
-    : m_target(std::move(target)), m_origin(originInSurface), m_visible(std::move(visibleRegion))
+    : m_target(std::move(target)),
+      m_origin(originInSurface),
+      m_visible(std::move(visibleRegion))
 {
     state.brush = static_cast<HBRUSH>(GetStockObject(WHITE_BRUSH));
     state.brushObject = FindGdiObject<BrushObject>(state.brush);
@@ -52,7 +57,10 @@ const Region& DeviceContext::Drawable()
     return *m_drawable;
 }
 
-RECT DeviceContext::VisibleBounds() const { return m_visible.Bounds(); }
+RECT DeviceContext::VisibleBounds() const
+{
+    return m_visible.Bounds();
+}
 
 void DeviceContext::SetClip(std::optional<Region> clip)
 {
@@ -79,7 +87,10 @@ void CloseDeviceContext(HDC dc)
         context->bitmapObject->selectedInto = nullptr;
 }
 
-DeviceContext* LookUpContext(HDC dc) { return Contexts().Peek(dc); }
+DeviceContext* LookUpContext(HDC dc)
+{
+    return Contexts().Peek(dc);
+}
 
 }  // namespace qvui::native
 
@@ -134,13 +145,13 @@ namespace {
 HGDIOBJ SelectBitmap(HDC dc, DeviceContext& context, HBITMAP handle, std::shared_ptr<BitmapObject> bitmap)
 {
     // A bitmap belongs to one memory context at a time.
-    if (!context.isMemory || (bitmap->selectedInto && bitmap->selectedInto != dc && LookUpContext(bitmap->selectedInto)))
+    if (!context.isMemory ||
+        (bitmap->selectedInto && bitmap->selectedInto != dc && LookUpContext(bitmap->selectedInto)))
         return nullptr;
-    static const HBITMAP kPlaceholder = CreateBitmap(1, 1, 1, 32, nullptr);
-    const HBITMAP previous = context.state.bitmap ? context.state.bitmap : kPlaceholder;
+    const HBITMAP previous = context.state.bitmap ? context.state.bitmap : StockBitmap();
     if (context.bitmapObject)
         context.bitmapObject->selectedInto = nullptr;
-    if (handle == kPlaceholder) {
+    if (bitmap->isStock) {
         context.bitmapObject.reset();
         context.state.bitmap = nullptr;
         context.Retarget(Surface::Create(1, 1, 32, false));
@@ -162,19 +173,21 @@ HGDIOBJ SelectObject(HDC dc, HGDIOBJ object)
     if (!context || !found)
         return nullptr;
     switch (found->kind) {
-    case GdiKind::Bitmap:
-        return SelectBitmap(dc, *context, static_cast<HBITMAP>(object), std::static_pointer_cast<BitmapObject>(found));
-    case GdiKind::Brush:
-        context->state.brushObject = std::static_pointer_cast<BrushObject>(found);
-        return std::exchange(context->state.brush, static_cast<HBRUSH>(object));
-    case GdiKind::Pen:
-        context->state.penObject = std::static_pointer_cast<PenObject>(found);
-        return std::exchange(context->state.pen, static_cast<HPEN>(object));
-    case GdiKind::Font:
-        context->state.fontObject = found;
-        return std::exchange(context->state.font, static_cast<HFONT>(object));
-    case GdiKind::Region:
-        return reinterpret_cast<HGDIOBJ>(static_cast<INT_PTR>(SelectClipRgn(dc, static_cast<HRGN>(object))));
+        case GdiKind::Bitmap:
+            return SelectBitmap(dc, *context, static_cast<HBITMAP>(object),
+                                std::static_pointer_cast<BitmapObject>(found));
+        case GdiKind::Brush:
+            context->state.brushObject = std::static_pointer_cast<BrushObject>(found);
+            return std::exchange(context->state.brush, static_cast<HBRUSH>(object));
+        case GdiKind::Pen:
+            context->state.penObject = std::static_pointer_cast<PenObject>(found);
+            return std::exchange(context->state.pen, static_cast<HPEN>(object));
+        case GdiKind::Font:
+            context->state.fontObject = found;
+            return std::exchange(context->state.font, static_cast<HFONT>(object));
+        case GdiKind::Region:
+            return reinterpret_cast<HGDIOBJ>(
+                static_cast<INT_PTR>(SelectClipRgn(dc, static_cast<HRGN>(object))));
     }
     return nullptr;
 }
@@ -182,19 +195,28 @@ HGDIOBJ SelectObject(HDC dc, HGDIOBJ object)
 int GetDeviceCaps(HDC, int index)
 {
     switch (index) {
-    case BITSPIXEL:
-        return 32;
-    case LOGPIXELSX:
-    case LOGPIXELSY:
-        return 96;
-    default:
-        return 0;
+        case BITSPIXEL:
+            return 32;
+        case LOGPIXELSX:
+        case LOGPIXELSY:
+            return 96;
+        default:
+            return 0;
     }
 }
 
-// --- clipping -----------------------------------------------------------------------------------------------
+BOOL GdiFlush()
+{
+    return TRUE;
+}
 
-int SelectClipRgn(HDC dc, HRGN region) { return ExtSelectClipRgn(dc, region, RGN_COPY); }
+// --- clipping
+// -----------------------------------------------------------------------------------------------
+
+int SelectClipRgn(HDC dc, HRGN region)
+{
+    return ExtSelectClipRgn(dc, region, RGN_COPY);
+}
 
 int ExtSelectClipRgn(HDC dc, HRGN region, int mode)
 {
@@ -212,22 +234,22 @@ int ExtSelectClipRgn(HDC dc, HRGN region, int mode)
     if (mode != RGN_COPY) {
         Region old = context->state.clip.value_or(Region(context->VisibleBounds()));
         switch (mode) {
-        case RGN_AND:
-            if (context->state.clip)
-                clip.Intersect(old);
-            break;
-        case RGN_OR:
-            clip.Unite(old);
-            break;
-        case RGN_XOR:
-            clip.ExclusiveOr(old);
-            break;
-        case RGN_DIFF:
-            old.Subtract(clip);
-            clip = old;
-            break;
-        default:
-            return ERROR;
+            case RGN_AND:
+                if (context->state.clip)
+                    clip.Intersect(old);
+                break;
+            case RGN_OR:
+                clip.Unite(old);
+                break;
+            case RGN_XOR:
+                clip.ExclusiveOr(old);
+                break;
+            case RGN_DIFF:
+                old.Subtract(clip);
+                clip = old;
+                break;
+            default:
+                return ERROR;
         }
     }
     const int complexity = clip.Complexity();
@@ -293,7 +315,8 @@ BOOL RectVisible(HDC dc, const RECT* rect)
     return context && context->Drawable().Meets(context->ToSurface(*rect));
 }
 
-// --- plain state --------------------------------------------------------------------------------------------
+// --- plain state
+// --------------------------------------------------------------------------------------------
 
 namespace {
 
@@ -324,14 +347,38 @@ BOOL ExchangePoint(HDC dc, POINT ContextState::*field, POINT value, POINT* previ
 
 }  // namespace
 
-COLORREF SetBkColor(HDC dc, COLORREF colour) { return Exchange(dc, &ContextState::backColour, colour, CLR_INVALID); }
-COLORREF GetBkColor(HDC dc) { return Read(dc, &ContextState::backColour, CLR_INVALID); }
-int SetBkMode(HDC dc, int mode) { return Exchange(dc, &ContextState::backMode, mode, 0); }
-int GetBkMode(HDC dc) { return Read(dc, &ContextState::backMode, 0); }
-COLORREF SetTextColor(HDC dc, COLORREF colour) { return Exchange(dc, &ContextState::textColour, colour, CLR_INVALID); }
-COLORREF GetTextColor(HDC dc) { return Read(dc, &ContextState::textColour, CLR_INVALID); }
-int SetStretchBltMode(HDC dc, int mode) { return Exchange(dc, &ContextState::stretchMode, mode, 0); }
-int GetStretchBltMode(HDC dc) { return Read(dc, &ContextState::stretchMode, 0); }
+COLORREF SetBkColor(HDC dc, COLORREF colour)
+{
+    return Exchange(dc, &ContextState::backColour, colour, CLR_INVALID);
+}
+COLORREF GetBkColor(HDC dc)
+{
+    return Read(dc, &ContextState::backColour, CLR_INVALID);
+}
+int SetBkMode(HDC dc, int mode)
+{
+    return Exchange(dc, &ContextState::backMode, mode, 0);
+}
+int GetBkMode(HDC dc)
+{
+    return Read(dc, &ContextState::backMode, 0);
+}
+COLORREF SetTextColor(HDC dc, COLORREF colour)
+{
+    return Exchange(dc, &ContextState::textColour, colour, CLR_INVALID);
+}
+COLORREF GetTextColor(HDC dc)
+{
+    return Read(dc, &ContextState::textColour, CLR_INVALID);
+}
+int SetStretchBltMode(HDC dc, int mode)
+{
+    return Exchange(dc, &ContextState::stretchMode, mode, 0);
+}
+int GetStretchBltMode(HDC dc)
+{
+    return Read(dc, &ContextState::stretchMode, 0);
+}
 BOOL SetBrushOrgEx(HDC dc, int x, int y, POINT* previous)
 {
     return ExchangePoint(dc, &ContextState::brushOrigin, {x, y}, previous);

@@ -168,12 +168,7 @@ HGDIOBJ StockFont(int index)
     constexpr int kLastFont = 17;
     if (index < kFirstFont || index > kLastFont)
         return nullptr;
-    static const HGDIOBJ font = [] {
-        auto object = std::make_shared<FontObject>(DefaultDescription());
-        object->isStock = true;
-        CountStockObject();
-        return AddGdiObject(std::move(object));
-    }();
+    static const HGDIOBJ font = AddStockObject(std::make_shared<FontObject>(DefaultDescription()));
     return font;
 }
 

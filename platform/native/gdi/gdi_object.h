@@ -16,7 +16,8 @@ class GdiObject {
 public:
     explicit GdiObject(GdiKind objectKind) : kind(objectKind) {}
     virtual ~GdiObject() = default;
-    /// Answers GetObjectA: fills in at most `size` bytes; the bytes written, or the record's size without a buffer.
+    /// Answers GetObjectA: fills in at most `size` bytes; the bytes written, or the record's size without a
+    /// buffer.
     virtual int Describe(int size, void* buffer) const;
 
     const GdiKind kind;
@@ -25,7 +26,9 @@ public:
 
 struct BitmapObject : GdiObject {
     BitmapObject(std::shared_ptr<Surface> pixels, bool section)
-        : GdiObject(GdiKind::Bitmap), surface(std::move(pixels)), isSection(section)
+        : GdiObject(GdiKind::Bitmap),
+          surface(std::move(pixels)),
+          isSection(section)
     {
     }
     int Describe(int size, void* buffer) const override;
@@ -37,6 +40,7 @@ struct BitmapObject : GdiObject {
 
 struct BrushObject : GdiObject {
     BrushObject() : GdiObject(GdiKind::Brush) {}
+    int Describe(int size, void* buffer) const override;
 
     bool isNull = false;
     COLORREF colour = 0;
@@ -45,9 +49,13 @@ struct BrushObject : GdiObject {
 
 struct PenObject : GdiObject {
     PenObject(int penStyle, int penWidth, COLORREF penColour)
-        : GdiObject(GdiKind::Pen), style(penStyle), width(penWidth), colour(penColour)
+        : GdiObject(GdiKind::Pen),
+          style(penStyle),
+          width(penWidth),
+          colour(penColour)
     {
     }
+    int Describe(int size, void* buffer) const override;
 
     int style;
     int width;
@@ -83,8 +91,11 @@ constexpr COLORREF ColourOf(std::uint32_t pixel)
     return RGB(static_cast<int>(pixel >> 16), static_cast<int>(pixel >> 8), static_cast<int>(pixel));
 }
 
-/// Leaves one more stock object out of the live count.
-void CountStockObject();
+/// The handle of a new object that is never deleted and that the live count leaves out.
+HGDIOBJ AddStockObject(std::shared_ptr<GdiObject> object);
+
+/// The bitmap that a memory context holds until another one is selected.
+HBITMAP StockBitmap();
 
 /// A stock font's handle; null for an index that is no font.
 HGDIOBJ StockFont(int index);

@@ -12,15 +12,8 @@ namespace {
 
 std::size_t g_stockCount = 0;
 
-[[maybe_unused]] const bool g_counted = RegisterLiveCount(
-    &LiveCounts::gdiObjects, [] { return GdiObjects().LiveCount() - g_stockCount; });
-
-HGDIOBJ AddStock(std::shared_ptr<GdiObject> object)
-{
-    object->isStock = true;
-    ++g_stockCount;
-    return AddGdiObject(std::move(object));
-}
+[[maybe_unused]] const bool g_counted =
+    RegisterLiveCount(&LiveCounts::gdiObjects, [] { return GdiObjects().LiveCount() - g_stockCount; });
 
 std::shared_ptr<BrushObject> SolidBrush(COLORREF colour)
 {
@@ -29,16 +22,29 @@ std::shared_ptr<BrushObject> SolidBrush(COLORREF colour)
     return brush;
 }
 
+// Copies as much of a record as fits into `buffer`; without one answers its size.
+int Answer(const void* record, std::size_t recordSize, int size, void* buffer)
+{
+    if (!buffer)
+        return static_cast<int>(recordSize);
+    const std::size_t count = std::min(recordSize, static_cast<std::size_t>(std::max(size, 0)));
+    std::memcpy(buffer, record, count);
+    return static_cast<int>(count);
+}
+
 std::array<HGDIOBJ, 9> MakeStock()
 {
     auto hollow = std::make_shared<BrushObject>();
     hollow->isNull = true;
-    return {AddStock(SolidBrush(RGB(255, 255, 255))), AddStock(SolidBrush(RGB(192, 192, 192))),
-            AddStock(SolidBrush(RGB(128, 128, 128))), AddStock(SolidBrush(RGB(64, 64, 64))),
-            AddStock(SolidBrush(RGB(0, 0, 0))),       AddStock(hollow),
-            AddStock(std::make_shared<PenObject>(PS_SOLID, 1, RGB(255, 255, 255))),
-            AddStock(std::make_shared<PenObject>(PS_SOLID, 1, RGB(0, 0, 0))),
-            AddStock(std::make_shared<PenObject>(PS_NULL, 1, RGB(0, 0, 0)))};
+    return {AddStockObject(SolidBrush(RGB(255, 255, 255))),
+            AddStockObject(SolidBrush(RGB(192, 192, 192))),
+            AddStockObject(SolidBrush(RGB(128, 128, 128))),
+            AddStockObject(SolidBrush(RGB(64, 64, 64))),
+            AddStockObject(SolidBrush(RGB(0, 0, 0))),
+            AddStockObject(hollow),
+            AddStockObject(std::make_shared<PenObject>(PS_SOLID, 1, RGB(255, 255, 255))),
+            AddStockObject(std::make_shared<PenObject>(PS_SOLID, 1, RGB(0, 0, 0))),
+            AddStockObject(std::make_shared<PenObject>(PS_NULL, 1, RGB(0, 0, 0)))};
 }
 
 }  // namespace
@@ -49,30 +55,64 @@ HandleTable<GdiObject, 4>& GdiObjects()
     return objects;
 }
 
-HGDIOBJ AddGdiObject(std::shared_ptr<GdiObject> object) { return GdiObjects().Insert(std::move(object)); }
+HGDIOBJ AddGdiObject(std::shared_ptr<GdiObject> object)
+{
+    return GdiObjects().Insert(std::move(object));
+}
 
-void CountStockObject() { ++g_stockCount; }
+HGDIOBJ AddStockObject(std::shared_ptr<GdiObject> object)
+{
+    object->isStock = true;
+    ++g_stockCount;
+    return AddGdiObject(std::move(object));
+}
 
-int GdiObject::Describe(int, void*) const { return 0; }
+HBITMAP StockBitmap()
+{
+    static const HGDIOBJ bitmap =
+        AddStockObject(std::make_shared<BitmapObject>(Surface::Create(1, 1, 32, false), false));
+    return static_cast<HBITMAP>(bitmap);
+}
+
+int GdiObject::Describe(int, void*) const
+{
+    return 0;
+}
 
 int BitmapObject::Describe(int size, void* buffer) const
 {
     const int rowBytes = static_cast<int>(std::abs(surface->stride));
+    // The stock bitmap, which every fresh memory context holds, is known as a monochrome one.
+    const auto bits = static_cast<WORD>(isStock ? 1 : surface->bitsPerPixel);
     DIBSECTION section{};
-    section.dsBm = {0,    surface->width, surface->height, rowBytes, 1, static_cast<WORD>(surface->bitsPerPixel),
-                    nullptr};
-    section.dsBmih = {sizeof(BITMAPINFOHEADER), surface->width, surface->stride < 0 ? surface->height : -surface->height,
-                      1, static_cast<WORD>(surface->bitsPerPixel), BI_RGB,
-                      static_cast<DWORD>(rowBytes) * static_cast<DWORD>(surface->height), 0, 0, 0, 0};
+    section.dsBm = {0, surface->width, surface->height, rowBytes, 1, bits, nullptr};
+    section.dsBmih = {sizeof(BITMAPINFOHEADER),
+                      surface->width,
+                      surface->height,
+                      1,
+                      bits,
+                      BI_RGB,
+                      static_cast<DWORD>(rowBytes) * static_cast<DWORD>(surface->height),
+                      0,
+                      0,
+                      0,
+                      0};
     if (isSection)
         section.dsBm.bmBits = surface->storage.data();
-    const int available = static_cast<int>(isSection && size >= static_cast<int>(sizeof section) ? sizeof section
-                                                                                                 : sizeof(BITMAP));
-    if (!buffer)
-        return static_cast<int>(sizeof(BITMAP));
-    const int count = std::min(size, available);
-    std::memcpy(buffer, &section, static_cast<std::size_t>(std::max(count, 0)));
-    return count;
+    const bool isWhole = isSection && size >= static_cast<int>(sizeof section);
+    return Answer(&section, isWhole ? sizeof section : sizeof section.dsBm, buffer ? size : 0, buffer);
+}
+
+int BrushObject::Describe(int size, void* buffer) const
+{
+    const LOGBRUSH description{isNull ? BS_NULL : pattern ? BS_PATTERN : BS_SOLID, colour, 0};
+    return Answer(&description, sizeof description, size, buffer);
+}
+
+int PenObject::Describe(int size, void* buffer) const
+{
+    const LOGPEN description{static_cast<UINT>(style), {width, 0}, colour};
+    return Answer(&description, sizeof description, size, buffer);
 }
 
 }  // namespace qvui::native
@@ -113,7 +153,10 @@ HBITMAP CreateBitmap(int width, int height, UINT, UINT bitCount, const void* bit
     return static_cast<HBITMAP>(AddGdiObject(std::make_shared<BitmapObject>(std::move(surface), false)));
 }
 
-HBITMAP CreateCompatibleBitmap(HDC, int width, int height) { return CreateBitmap(width, height, 1, 32, nullptr); }
+HBITMAP CreateCompatibleBitmap(HDC, int width, int height)
+{
+    return CreateBitmap(width, height, 1, 32, nullptr);
+}
 
 HBITMAP CreateDIBSection(HDC, const BITMAPINFO* info, UINT, void** bits, HANDLE, DWORD)
 {
@@ -132,7 +175,10 @@ HBITMAP CreateDIBSection(HDC, const BITMAPINFO* info, UINT, void** bits, HANDLE,
     return static_cast<HBITMAP>(AddGdiObject(std::make_shared<BitmapObject>(std::move(surface), true)));
 }
 
-HBRUSH CreateSolidBrush(COLORREF colour) { return static_cast<HBRUSH>(AddGdiObject(SolidBrush(colour))); }
+HBRUSH CreateSolidBrush(COLORREF colour)
+{
+    return static_cast<HBRUSH>(AddGdiObject(SolidBrush(colour)));
+}
 
 HBRUSH CreatePatternBrush(HBITMAP bitmap)
 {

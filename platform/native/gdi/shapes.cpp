@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <numeric>
 #include <span>
 
 #include "native/gdi/device_context.h"
@@ -15,130 +16,174 @@ constexpr int kDot[] = {3, 3};
 constexpr int kDashDot[] = {9, 6, 3, 6};
 constexpr int kDashDotDot[] = {9, 3, 3, 3, 3, 3};
 
+// The lengths of a pen's dashes and gaps; none for a solid pen, which every wide one is.
 std::span<const int> DashesOf(const PenObject& pen)
 {
     switch (pen.width > 1 ? PS_SOLID : pen.style) {
-    case PS_DASH:
-        return kDash;
-    case PS_DOT:
-        return kDot;
-    case PS_DASHDOT:
-        return kDashDot;
-    case PS_DASHDOTDOT:
-        return kDashDotDot;
-    default:
-        return {};
+        case PS_DASH:
+            return kDash;
+        case PS_DOT:
+            return kDot;
+        case PS_DASHDOT:
+            return kDashDot;
+        case PS_DASHDOTDOT:
+            return kDashDotDot;
+        default:
+            return {};
     }
 }
 
-// Whether the pixel at `phase` of the dash pattern is drawn; gaps alternate with dashes.
-bool IsDash(std::span<const int> dashes, int phase)
-{
-    int total = 0;
-    for (const int dash : dashes)
-        total += dash;
-    phase %= total;
-    bool isOn = true;
-    for (const int dash : dashes) {
-        if (phase < dash)
-            return isOn;
-        phase -= dash;
-        isOn = !isOn;
+// Draws the pixels of a thin line one after the other; the gaps of dashes take the background colour, or
+// none.
+class ThinStroke {
+public:
+    ThinStroke(DeviceContext& context, const PenObject& pen, int phase)
+        : m_context(context),
+          m_dashes(DashesOf(pen)),
+          m_ink(PixelOf(pen.colour)),
+          m_period(std::accumulate(m_dashes.begin(), m_dashes.end(), 0)),
+          m_phase(phase)
+    {
     }
-    return true;
-}
 
-void PutPixel(DeviceContext& context, int x, int y, std::uint32_t pixel)
-{
-    if (context.Drawable().Contains(x, y))
-        context.Target().Set(x, y, pixel);
-}
+    void Put(int x, int y)
+    {
+        const bool isInk = IsInk();
+        ++m_phase;
+        if ((isInk || m_context.state.backMode == OPAQUE) && m_context.Drawable().Contains(x, y))
+            m_context.Target().Set(x, y, isInk ? m_ink : PixelOf(m_context.state.backColour));
+    }
+    // Passes over pixels that cannot show.
+    void Skip(std::int64_t count)
+    {
+        if (m_period > 0)
+            m_phase = static_cast<int>((m_phase + count) % m_period);
+    }
+    bool IsDashed() const { return m_period > 0; }
+    int Phase() const { return m_phase; }
 
-// The square of a wide pen around a point; from three pixels on its corners are cut.
-void Stamp(DeviceContext& context, int x, int y, int width, std::uint32_t pixel)
-{
-    const int left = x - width / 2;
-    const int top = y - width / 2;
-    const int cut = width >= 3 ? 1 : 0;
-    FillPixels(context, {left + cut, top, left + width - cut, top + width}, pixel);
-    if (cut)
-        FillPixels(context, {left, top + 1, left + width, top + width - 1}, pixel);
-}
+private:
+    bool IsInk()
+    {
+        if (m_period == 0)
+            return true;
+        m_phase %= m_period;
+        int rest = m_phase;
+        std::size_t dash = 0;
+        while (rest >= m_dashes[dash])
+            rest -= m_dashes[dash++];
+        return dash % 2 == 0;
+    }
 
-// Visits each pixel of a line: one per step along the major axis, the nearest minor coordinate, ties to the
-// smaller one.
-template <class Visit>
-void WalkLine(POINT from, POINT to, bool includeEnd, Visit visit)
-{
-    const std::int64_t dx = static_cast<std::int64_t>(to.x) - from.x;
-    const std::int64_t dy = static_cast<std::int64_t>(to.y) - from.y;
-    const bool steep = std::abs(dy) > std::abs(dx);
-    const std::int64_t major = steep ? dy : dx;
-    const std::int64_t minor = steep ? dx : dy;
-    const std::int64_t length = std::abs(major);
-    for (std::int64_t i = 0; i < length + (includeEnd ? 1 : 0); ++i) {
-        // ceil(minor * i / length - 1/2): nearest, ties towards minus infinity
-        const std::int64_t numerator = length == 0 ? 0 : 2 * minor * i - length;
-        const std::int64_t divisor = length == 0 ? 1 : 2 * length;
+    DeviceContext& m_context;
+    std::span<const int> m_dashes;
+    std::uint32_t m_ink;
+    int m_period;
+    int m_phase;
+};
+
+// The pixels of a line: one per step along the major axis, at the nearest minor coordinate, ties to the
+// smaller.
+class LineSteps {
+public:
+    LineSteps(POINT from, POINT to)
+        : m_from(from),
+          m_isSteep(std::abs(Difference(from.y, to.y)) > std::abs(Difference(from.x, to.x))),
+          m_major(m_isSteep ? Difference(from.y, to.y) : Difference(from.x, to.x)),
+          m_minor(m_isSteep ? Difference(from.x, to.x) : Difference(from.y, to.y))
+    {
+    }
+
+    std::int64_t Length() const { return std::abs(m_major); }
+    POINT At(std::int64_t step) const
+    {
+        const std::int64_t along = m_major < 0 ? -step : step;
         const std::int64_t across =
-            numerator >= 0 ? (numerator + divisor - 1) / divisor : -((-numerator) / divisor);
-        const std::int64_t along = major < 0 ? -i : i;
-        const int x = from.x + static_cast<int>(steep ? across : along);
-        const int y = from.y + static_cast<int>(steep ? along : across);
-        visit(x, y);
+            Length() == 0 ? 0 : CeilDivide(2 * m_minor * step - Length(), 2 * Length());
+        return {m_from.x + static_cast<int>(m_isSteep ? across : along),
+                m_from.y + static_cast<int>(m_isSteep ? along : across)};
     }
-}
+    // The steps [first, last) of 0 … `count` whose major coordinate lies inside `bounds`.
+    std::pair<std::int64_t, std::int64_t> Inside(const RECT& bounds, std::int64_t count) const
+    {
+        const std::int64_t start = m_isSteep ? m_from.y : m_from.x;
+        const std::int64_t low = m_isSteep ? bounds.top : bounds.left;
+        const std::int64_t high = m_isSteep ? bounds.bottom : bounds.right;
+        const std::int64_t first = m_major < 0 ? start - high + 1 : low - start;
+        const std::int64_t last = m_major < 0 ? start - low + 1 : high - start;
+        return {std::clamp<std::int64_t>(first, 0, count), std::clamp<std::int64_t>(last, 0, count)};
+    }
 
-// Only the part of a line near the drawable area needs walking: coordinates may be absurd.
-constexpr int kFarthest = 1 << 20;
+private:
+    static std::int64_t Difference(int from, int to) { return static_cast<std::int64_t>(to) - from; }
+    static std::int64_t CeilDivide(std::int64_t value, std::int64_t divisor)
+    {
+        return value >= 0 ? (value + divisor - 1) / divisor : -(-value / divisor);
+    }
+
+    POINT m_from;
+    bool m_isSteep;
+    std::int64_t m_major;
+    std::int64_t m_minor;
+};
+
+// Coordinates may be absurd; beyond this nothing shows, and below it the arithmetic of LineSteps cannot
+// overflow.
+constexpr int kFarthest = 1 << 28;
 POINT Bounded(POINT point)
 {
     return {std::clamp(point.x, -kFarthest, kFarthest), std::clamp(point.y, -kFarthest, kFarthest)};
 }
 
-void DrawAxisLine(DeviceContext& context, POINT from, POINT to, int width, std::uint32_t pixel)
+RECT Inset(const RECT& rect, int by)
 {
-    const RECT span = Normalised({from.x, from.y, to.x, to.y});
-    const int low = width / 2;
-    const int cut = width >= 3 ? 1 : 0;
-    const RECT whole{span.left - low, span.top - low, span.right - low + width, span.bottom - low + width};
-    FillPixels(context, {whole.left + cut, whole.top, whole.right - cut, whole.bottom}, pixel);
-    if (cut)
-        FillPixels(context, {whole.left, whole.top + 1, whole.right, whole.bottom - 1}, pixel);
+    return {rect.left + by, rect.top + by, rect.right - by, rect.bottom - by};
+}
+
+// What a square pen covers on its way between two points of one row or column: from three pixels on without
+// the corners.
+Region StampedPath(const RECT& span, int width)
+{
+    const RECT whole{span.left - width / 2, span.top - width / 2, span.right - width / 2 + width,
+                     span.bottom - width / 2 + width};
+    if (width < 3)
+        return Region(whole);
+    const RECT parts[] = {{whole.left + 1, whole.top, whole.right - 1, whole.bottom},
+                          {whole.left, whole.top + 1, whole.right, whole.bottom - 1}};
+    return Region::Of(parts);
+}
+
+void FillWithInk(DeviceContext& context, const Region& region, const PenObject& pen)
+{
+    for (const pixman_box32_t& box : region.Boxes())
+        FillPixels(context, {box.x1, box.y1, box.x2, box.y2}, PixelOf(pen.colour));
 }
 
 void DrawWideLine(DeviceContext& context, POINT from, POINT to, const PenObject& pen)
 {
-    const std::uint32_t pixel = PixelOf(pen.colour);
-    if (from.x == to.x || from.y == to.y)
-        DrawAxisLine(context, from, to, pen.width, pixel);
-    else
-        WalkLine(from, to, true, [&](int x, int y) { Stamp(context, x, y, pen.width, pixel); });
-}
-
-void DrawThinLine(DeviceContext& context, POINT from, POINT to, const PenObject& pen)
-{
-    const std::uint32_t pixel = PixelOf(pen.colour);
-    const std::span<const int> dashes = DashesOf(pen);
-    if (dashes.empty()) {
-        if (from.y == to.y) {
-            const int step = to.x < from.x ? 1 : 0;
-            FillPixels(context, Normalised({from.x + step, from.y, to.x + step, from.y + 1}), pixel);
-        } else if (from.x == to.x) {
-            const int step = to.y < from.y ? 1 : 0;
-            FillPixels(context, Normalised({from.x, from.y + step, from.x + 1, to.y + step}), pixel);
-        } else {
-            WalkLine(from, to, false, [&](int x, int y) { PutPixel(context, x, y, pixel); });
-        }
+    if (from.x == to.x || from.y == to.y) {
+        FillWithInk(context, StampedPath(Normalised({from.x, from.y, to.x, to.y}), pen.width), pen);
         return;
     }
-    const bool fillsGaps = context.state.backMode == OPAQUE;
-    WalkLine(from, to, false, [&](int x, int y) {
-        if (IsDash(dashes, context.state.dashPhase++))
-            PutPixel(context, x, y, pixel);
-        else if (fillsGaps)
-            PutPixel(context, x, y, PixelOf(context.state.backColour));
-    });
+    const LineSteps steps(from, to);
+    const auto [first, last] =
+        steps.Inside(Inset(context.Drawable().Bounds(), -pen.width), steps.Length() + 1);
+    for (std::int64_t step = first; step < last; ++step) {
+        const POINT at = steps.At(step);
+        FillWithInk(context, StampedPath({at.x, at.y, at.x, at.y}, pen.width), pen);
+    }
+}
+
+void DrawThinLine(DeviceContext& context, POINT from, POINT to, ThinStroke& stroke)
+{
+    const LineSteps steps(from, to);
+    const auto [first, last] = steps.Inside(context.Drawable().Bounds(), steps.Length());
+    stroke.Skip(first);
+    for (std::int64_t step = first; step < last; ++step) {
+        const POINT at = steps.At(step);
+        stroke.Put(at.x, at.y);
+    }
+    stroke.Skip(steps.Length() - std::max(first, last));
 }
 
 struct Outline {
@@ -146,22 +191,43 @@ struct Outline {
     Region inner;  // what the pen leaves to the brush
 };
 
-void DrawOutlined(DeviceContext& context, const Outline& shape)
+void FillInside(DeviceContext& context, const Region& inner)
 {
-    if (context.state.brushObject && !context.state.brushObject->isNull)
-        FillRegion(context, shape.inner, *context.state.brushObject);
-    if (context.state.penObject->style == PS_NULL)
-        return;
-    Region ring = shape.whole;
-    ring.Subtract(shape.inner);
-    BrushObject ink;
-    ink.colour = context.state.penObject->colour;
-    FillRegion(context, ring, ink);
+    if (context.state.brushObject)
+        FillRegion(context, inner, *context.state.brushObject);
 }
 
-RECT Inset(const RECT& rect, int by) { return {rect.left + by, rect.top + by, rect.right - by, rect.bottom - by}; }
+void DrawOutlined(DeviceContext& context, const Outline& shape)
+{
+    FillInside(context, shape.inner);
+    Region ring = shape.whole;
+    ring.Subtract(shape.inner);
+    FillWithInk(context, ring, *context.state.penObject);
+}
 
-// A one-pixel rounded outline must stay connected diagonally, so each row reaches to where the row above began.
+// From the top right corner counter-clockwise.
+void DrawDashedRectangle(DeviceContext& context, const RECT& rect, ThinStroke& stroke)
+{
+    FillInside(context, Region(Inset(rect, 1)));
+    const LONG right = rect.right - 1;
+    const LONG bottom = rect.bottom - 1;
+    const POINT corners[] = {{right, rect.top}, {rect.left, rect.top}, {rect.left, bottom}, {right, bottom}};
+    for (std::size_t i = 0; i < std::size(corners); ++i)
+        DrawThinLine(context, corners[i], corners[(i + 1) % std::size(corners)], stroke);
+}
+
+void FillWithoutPen(DeviceContext& context, const RECT& rect)
+{
+    FillInside(context, Region({rect.left, rect.top, rect.right - 1, rect.bottom - 1}));
+}
+
+bool IsSquare(int cornerWidth, int cornerHeight)
+{
+    return CornerInsets(cornerWidth, cornerHeight).empty();
+}
+
+// A one-pixel rounded outline must stay connected diagonally, so each row reaches to where the row above
+// began.
 Region ThinRoundInner(const RECT& rect, int width, int height)
 {
     const std::vector<int> insets =
@@ -181,6 +247,17 @@ Region ThinRoundInner(const RECT& rect, int width, int height)
     return Region::Of(rows);
 }
 
+// A wide solid pen is centred on the edge, one inside the frame stays within it.
+Outline RoundOutline(const RECT& rect, int width, int height, const PenObject& pen)
+{
+    if (pen.width <= 1)
+        return {Region::RoundRect(rect, width, height), ThinRoundInner(rect, width, height)};
+    const int outwards = pen.style == PS_INSIDEFRAME ? 0 : pen.width / 2;
+    const int inwards = pen.width - outwards;
+    return {Region::RoundRect(Inset(rect, -outwards), width + 2 * outwards, height + 2 * outwards),
+            Region::RoundRect(Inset(rect, inwards), width - 2 * inwards, height - 2 * inwards)};
+}
+
 }  // namespace
 
 BOOL LineTo(HDC dc, int x, int y)
@@ -194,10 +271,15 @@ BOOL LineTo(HDC dc, int x, int y)
     context->state.position = {x, y};
     if (pen->style == PS_NULL)
         return TRUE;
+    ThinStroke stroke(*context, *pen, context->state.dashPhase);
     if (pen->width > 1)
         DrawWideLine(*context, from, to, *pen);
+    else if (from.y == to.y && from.x != to.x && !stroke.IsDashed())
+        FillPixels(*context, {std::min(from.x, to.x + 1), from.y, std::max(to.x, from.x + 1), from.y + 1},
+                   PixelOf(pen->colour));
     else
-        DrawThinLine(*context, from, to, *pen);
+        DrawThinLine(*context, from, to, stroke);
+    context->state.dashPhase = stroke.Phase();
     return TRUE;
 }
 
@@ -206,19 +288,25 @@ BOOL Rectangle(HDC dc, int left, int top, int right, int bottom)
     DeviceContext* context = LookUpContext(dc);
     if (!context)
         return FALSE;
-    RECT rect = context->ToSurface(Normalised({left, top, right, bottom}));
-    const PenObject& pen = *context->state.penObject;
-    if (pen.style == PS_NULL) {
-        --rect.right;
-        --rect.bottom;
-        DrawOutlined(*context, {Region(rect), Region(rect)});
+    const RECT rect = context->ToSurface(Normalised({left, top, right, bottom}));
+    if (IsEmptyRect(rect))
         return TRUE;
+    const PenObject& pen = *context->state.penObject;
+    ThinStroke stroke(*context, pen, 0);
+    if (pen.style == PS_NULL) {
+        FillWithoutPen(*context, rect);
+    } else if (stroke.IsDashed()) {
+        DrawDashedRectangle(*context, rect, stroke);
+    } else if (pen.width <= 1 || pen.style == PS_INSIDEFRAME) {
+        DrawOutlined(*context, {Region(rect), Region(Inset(rect, std::max(pen.width, 1)))});
+    } else {
+        const RECT corners{rect.left, rect.top, rect.right - 1, rect.bottom - 1};
+        const int low = pen.width / 2;
+        const int high = pen.width - low;
+        DrawOutlined(*context,
+                     {StampedPath(corners, pen.width), Region({corners.left + high, corners.top + high,
+                                                               corners.right - low, corners.bottom - low})});
     }
-    const int width = std::max(pen.width, 1);
-    // A wide solid pen is centred on the edge; one inside the frame stays within it.
-    const int outwards = pen.style == PS_INSIDEFRAME || width == 1 ? 0 : width / 2;
-    const RECT whole = Inset(rect, -outwards);
-    DrawOutlined(*context, {Region(whole), Region(Inset(whole, width))});
     return TRUE;
 }
 
@@ -230,21 +318,14 @@ BOOL RoundRect(HDC dc, int left, int top, int right, int bottom, int width, int 
     const RECT rect = context->ToSurface(Normalised({left, top, right, bottom}));
     if (IsEmptyRect(rect))
         return TRUE;
+    width = std::min(std::abs(width), rect.right - rect.left);
+    height = std::min(std::abs(height), rect.bottom - rect.top);
+    if (IsSquare(width, height))
+        return Rectangle(dc, left, top, right, bottom);
     const PenObject& pen = *context->state.penObject;
-    width = std::abs(width);
-    height = std::abs(height);
-    if (pen.style == PS_NULL) {
-        const Region whole = Region::RoundRect(rect, width, height);
-        DrawOutlined(*context, {whole, whole});
-        return TRUE;
-    }
-    const int penWidth = std::max(pen.width, 1);
-    const int outwards = pen.style == PS_INSIDEFRAME || penWidth == 1 ? 0 : penWidth / 2;
-    const RECT outer = Inset(rect, -outwards);
-    const Region inner = penWidth == 1
-                             ? ThinRoundInner(rect, width, height)
-                             : Region::RoundRect(Inset(outer, penWidth), width + 2 * (outwards - penWidth),
-                                                 height + 2 * (outwards - penWidth));
-    DrawOutlined(*context, {Region::RoundRect(outer, width + 2 * outwards, height + 2 * outwards), inner});
+    if (pen.style == PS_NULL)
+        FillInside(*context, Region::RoundRect(rect, width, height));
+    else
+        DrawOutlined(*context, RoundOutline(rect, width, height, pen));
     return TRUE;
 }

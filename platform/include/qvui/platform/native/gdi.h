@@ -88,6 +88,9 @@ struct LOGBRUSH {
     ULONG_PTR lbHatch;
 };
 
+inline constexpr UINT BS_SOLID = 0;
+inline constexpr UINT BS_NULL = 1;
+inline constexpr UINT BS_PATTERN = 3;
 inline constexpr DWORD BI_RGB = 0;
 inline constexpr UINT DIB_RGB_COLORS = 0;
 inline constexpr DWORD SRCCOPY = 0x00CC0020;
@@ -152,6 +155,8 @@ QVUI_PLATFORM int GetObjectA(HANDLE object, int size, LPVOID buffer);
 QVUI_PLATFORM BOOL DeleteObject(HGDIOBJ object);
 QVUI_PLATFORM HGDIOBJ GetStockObject(int index);
 QVUI_PLATFORM int GetDeviceCaps(HDC dc, int index);
+/// Finishes pending drawing, so that a section's bits may be read or written; nothing is ever pending here.
+QVUI_PLATFORM BOOL GdiFlush();
 
 QVUI_PLATFORM HBITMAP CreateBitmap(int width, int height, UINT planes, UINT bitCount, const void* bits);
 QVUI_PLATFORM HBITMAP CreateCompatibleBitmap(HDC dc, int width, int height);

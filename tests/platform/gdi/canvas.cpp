@@ -1,0 +1,94 @@
+#include "platform/gdi/canvas.h"
+
+#include <cstdlib>
+#include <cstring>
+
+Canvas::Canvas(int width, int height, int bitsPerPixel)
+    : m_dc(CreateCompatibleDC(nullptr)),
+      m_width(width),
+      m_height(std::abs(height)),
+      m_bytes(bitsPerPixel / 8),
+      m_isTopDown(height < 0)
+{
+    const BITMAPINFO info = BitmapInfo(width, height, bitsPerPixel);
+    void* bits = nullptr;
+    m_bitmap = CreateDIBSection(nullptr, &info, DIB_RGB_COLORS, &bits, nullptr, 0);
+    m_bits = static_cast<std::uint8_t*>(bits);
+    m_previous = SelectObject(m_dc, m_bitmap);
+}
+
+Canvas::~Canvas()
+{
+    SelectObject(m_dc, m_previous);
+    DeleteObject(m_bitmap);
+    DeleteDC(m_dc);
+}
+
+std::uint8_t* Canvas::Address(int x, int y) const
+{
+    const std::ptrdiff_t stride = (static_cast<std::ptrdiff_t>(m_width) * m_bytes + 3) / 4 * 4;
+    return m_bits + stride * (m_isTopDown ? y : m_height - 1 - y) + static_cast<std::ptrdiff_t>(x) * m_bytes;
+}
+
+std::uint32_t Canvas::At(int x, int y) const
+{
+    GdiFlush();
+    std::uint32_t pixel = 0;
+    std::memcpy(&pixel, Address(x, y), static_cast<std::size_t>(m_bytes));
+    return pixel;
+}
+
+void Canvas::Set(int x, int y, std::uint32_t pixel)
+{
+    GdiFlush();
+    std::memcpy(Address(x, y), &pixel, static_cast<std::size_t>(m_bytes));
+}
+
+void Canvas::Paint(const std::function<std::uint32_t(int x, int y)>& pixelAt)
+{
+    for (int y = 0; y < m_height; ++y)
+        for (int x = 0; x < m_width; ++x)
+            Set(x, y, pixelAt(x, y));
+}
+
+void Canvas::Fill(std::uint32_t pixel)
+{
+    Paint([pixel](int, int) { return pixel; });
+}
+
+std::vector<std::uint32_t> Canvas::Pixels() const
+{
+    std::vector<std::uint32_t> pixels;
+    for (int y = 0; y < m_height; ++y)
+        for (int x = 0; x < m_width; ++x)
+            pixels.push_back(At(x, y));
+    return pixels;
+}
+
+std::string Canvas::Picture(std::uint32_t background) const
+{
+    std::string picture;
+    for (int y = 0; y < m_height; ++y) {
+        for (int x = 0; x < m_width; ++x)
+            picture += At(x, y) == background ? '.' : '#';
+        picture += '\n';
+    }
+    return picture;
+}
+
+BITMAPINFO BitmapInfo(int width, int height, int bitsPerPixel)
+{
+    BITMAPINFO info{};
+    info.bmiHeader.biSize = sizeof info.bmiHeader;
+    info.bmiHeader.biWidth = width;
+    info.bmiHeader.biHeight = height;
+    info.bmiHeader.biPlanes = 1;
+    info.bmiHeader.biBitCount = static_cast<WORD>(bitsPerPixel);
+    return info;
+}
+
+std::string RectText(const RECT& rect)
+{
+    return std::to_string(rect.left) + "," + std::to_string(rect.top) + "," + std::to_string(rect.right) +
+           "," + std::to_string(rect.bottom);
+}

@@ -1,0 +1,90 @@
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <string>
+#include <vector>
+
+#include <qvui/platform/platform.h>
+
+#include "platform/platform_test.h"
+
+/// A memory context that draws on a DIB section, whose pixels are read and written as AARRGGBB, top row
+/// first.
+class Canvas {
+public:
+    /// All pixels start as 0. A negative height makes a top-down section.
+    Canvas(int width, int height, int bitsPerPixel = 32);
+    Canvas(const Canvas&) = delete;
+    Canvas& operator=(const Canvas&) = delete;
+    ~Canvas();
+
+    operator HDC() const { return m_dc; }
+    HBITMAP Bitmap() const { return m_bitmap; }
+    int Width() const { return m_width; }
+    int Height() const { return m_height; }
+
+    std::uint32_t At(int x, int y) const;
+    void Set(int x, int y, std::uint32_t pixel);
+    /// Sets every pixel to what `pixelAt` answers for it.
+    void Paint(const std::function<std::uint32_t(int x, int y)>& pixelAt);
+    void Fill(std::uint32_t pixel);
+    std::vector<std::uint32_t> Pixels() const;
+    /// One line of text per row; '#' where the pixel is not `background`.
+    std::string Picture(std::uint32_t background = 0) const;
+
+private:
+    std::uint8_t* Address(int x, int y) const;
+
+    HDC m_dc;
+    HBITMAP m_bitmap = nullptr;
+    HGDIOBJ m_previous = nullptr;
+    std::uint8_t* m_bits = nullptr;
+    int m_width;
+    int m_height;
+    int m_bytes;
+    bool m_isTopDown;
+};
+
+/// A GDI object that is deleted at the end of its scope; selected into `dc` until then when one is given.
+template <class Handle>
+class Scoped {
+public:
+    explicit Scoped(Handle handle) : m_handle(handle) {}
+    Scoped(HDC dc, Handle handle) : m_handle(handle), m_dc(dc), m_previous(SelectObject(dc, handle)) {}
+    Scoped(const Scoped&) = delete;
+    Scoped& operator=(const Scoped&) = delete;
+    ~Scoped()
+    {
+        if (m_dc)
+            SelectObject(m_dc, m_previous);
+        DeleteObject(m_handle);
+    }
+    operator Handle() const { return m_handle; }
+
+private:
+    Handle m_handle;
+    HDC m_dc = nullptr;
+    HGDIOBJ m_previous = nullptr;
+};
+template <class Handle>
+Scoped(Handle) -> Scoped<Handle>;
+template <class Handle>
+Scoped(HDC, Handle) -> Scoped<Handle>;
+
+/// A 32- or 24-bit BITMAPINFO; a negative height is top-down.
+BITMAPINFO BitmapInfo(int width, int height, int bitsPerPixel);
+
+/// The platform's rounding division by 255.
+constexpr std::uint32_t Over255(std::uint32_t value)
+{
+    return (value + 127) / 255;
+}
+
+/// Channel 0 (blue) to 3 (alpha) of a pixel.
+constexpr std::uint32_t Channel(std::uint32_t pixel, int channel)
+{
+    return (pixel >> (8 * channel)) & 0xFF;
+}
+
+std::string RectText(const RECT& rect);

@@ -1,0 +1,250 @@
+// Regions, and the clip of a context.
+
+#include <cstring>
+
+#include "platform/gdi/canvas.h"
+
+namespace {
+
+bool SameRect(const RECT& a, const RECT& b)
+{
+    return EqualRect(&a, &b) != FALSE;
+}
+
+// The rectangles {0,0,4,4} and {10,0,14,4}: a complex region.
+HRGN TwoSquares()
+{
+    const HRGN region = CreateRectRgn(0, 0, 4, 4);
+    const Scoped second(CreateRectRgn(10, 0, 14, 4));
+    CombineRgn(region, region, second, RGN_OR);
+    return region;
+}
+
+HRGN OfRects(const std::vector<RECT>& rects)
+{
+    std::vector<char> buffer(sizeof(RGNDATAHEADER) + rects.size() * sizeof(RECT));
+    RGNDATAHEADER header{
+        sizeof(RGNDATAHEADER), RDH_RECTANGLES, static_cast<DWORD>(rects.size()), 0, {0, 0, 100, 100}};
+    std::memcpy(buffer.data(), &header, sizeof header);
+    if (!rects.empty())
+        std::memcpy(buffer.data() + sizeof header, rects.data(), rects.size() * sizeof(RECT));
+    return ExtCreateRegion(nullptr, static_cast<DWORD>(buffer.size()),
+                           reinterpret_cast<const RGNDATA*>(buffer.data()));
+}
+
+void ExpectClip(HDC dc, int complexity, const RECT& box, const char* name)
+{
+    RECT found{7, 7, 7, 7};
+    EXPECT_EQ(GetClipBox(dc, &found), complexity) << name;
+    EXPECT_PRED2(SameRect, found, box) << name << ' ' << RectText(found);
+}
+
+}  // namespace
+
+using Regions = PlatformTest;
+
+TEST_F(Regions, Combine)
+{
+    struct Case {
+        const char* name;
+        RECT first, second;
+        int mode;
+        int complexity;
+        RECT box;
+    };
+    const std::vector<Case> cases{
+        {"overlap", {0, 0, 4, 4}, {2, 2, 6, 6}, RGN_AND, SIMPLEREGION, {2, 2, 4, 4}},
+        {"no overlap", {0, 0, 2, 2}, {2, 0, 4, 2}, RGN_AND, NULLREGION, {0, 0, 0, 0}},
+        {"neighbours", {0, 0, 2, 2}, {2, 0, 4, 2}, RGN_OR, SIMPLEREGION, {0, 0, 4, 2}},
+        {"corners", {0, 0, 2, 2}, {2, 2, 4, 4}, RGN_OR, COMPLEXREGION, {0, 0, 4, 4}},
+        {"hole", {0, 0, 6, 6}, {2, 2, 4, 4}, RGN_DIFF, COMPLEXREGION, {0, 0, 6, 6}},
+        {"cut off", {0, 0, 6, 6}, {3, 0, 9, 6}, RGN_DIFF, SIMPLEREGION, {0, 0, 3, 6}},
+        {"all gone", {2, 2, 3, 3}, {0, 0, 9, 9}, RGN_DIFF, NULLREGION, {0, 0, 0, 0}},
+        {"exclusive", {0, 0, 4, 2}, {2, 0, 6, 2}, RGN_XOR, COMPLEXREGION, {0, 0, 6, 2}},
+        {"copy", {1, 1, 4, 2}, {2, 0, 6, 2}, RGN_COPY, SIMPLEREGION, {1, 1, 4, 2}},
+    };
+    for (const Case& c : cases) {
+        const Scoped first(CreateRectRgnIndirect(&c.first));
+        const Scoped second(CreateRectRgnIndirect(&c.second));
+        const Scoped result(CreateRectRgn(50, 50, 60, 60));
+        EXPECT_EQ(CombineRgn(result, first, second, c.mode), c.complexity) << c.name;
+        RECT box{7, 7, 7, 7};
+        EXPECT_EQ(GetRgnBox(result, &box), c.complexity) << c.name;
+        EXPECT_PRED2(SameRect, box, c.box) << c.name << ' ' << RectText(box);
+        EXPECT_EQ(CombineRgn(first, first, second, c.mode), c.complexity) << c.name << ", onto itself";
+        EXPECT_TRUE(EqualRgn(first, result)) << c.name;
+    }
+    const Scoped region(CreateRectRgn(0, 0, 1, 1));
+    EXPECT_EQ(CombineRgn(region, region, nullptr, RGN_OR), ERROR);
+    EXPECT_EQ(CombineRgn(nullptr, region, region, RGN_OR), ERROR);
+}
+
+TEST_F(Regions, KnowTheirPoints)
+{
+    const Scoped inverted(CreateRectRgn(5, 4, 1, 2));
+    RECT box{};
+    EXPECT_EQ(GetRgnBox(inverted, &box), SIMPLEREGION);
+    EXPECT_PRED2(SameRect, box, (RECT{1, 2, 5, 4})) << RectText(box);
+    EXPECT_TRUE(PtInRegion(inverted, 1, 2));
+    EXPECT_TRUE(PtInRegion(inverted, 4, 3));
+    EXPECT_FALSE(PtInRegion(inverted, 5, 3));
+    EXPECT_FALSE(PtInRegion(inverted, 4, 4));
+    const Scoped squares(TwoSquares());
+    EXPECT_FALSE(PtInRegion(squares, 7, 1));
+    struct Case {
+        RECT rect;
+        BOOL meets;
+    };
+    for (const Case& c : {Case{{4, 0, 10, 4}, FALSE}, Case{{3, 3, 5, 5}, TRUE}, Case{{5, 5, 3, 3}, TRUE}})
+        EXPECT_EQ(RectInRegion(squares, &c.rect), c.meets) << RectText(c.rect);
+    EXPECT_EQ(OffsetRgn(squares, 1, 2), COMPLEXREGION);
+    GetRgnBox(squares, &box);
+    EXPECT_PRED2(SameRect, box, (RECT{1, 2, 15, 6})) << RectText(box);
+    EXPECT_TRUE(SetRectRgn(squares, 3, 3, 1, 1));
+    EXPECT_EQ(GetRgnBox(squares, &box), SIMPLEREGION);
+    EXPECT_PRED2(SameRect, box, (RECT{1, 1, 3, 3})) << RectText(box);
+}
+
+TEST_F(Regions, AreMadeFromRectanglesAndGiveThemBack)
+{
+    struct Case {
+        const char* name;
+        std::vector<RECT> rects;
+        int complexity;
+        std::vector<RECT> parts;
+    };
+    const std::vector<Case> cases{
+        {"one", {{1, 2, 3, 4}}, SIMPLEREGION, {{1, 2, 3, 4}}},
+        {"overlapping", {{0, 0, 4, 2}, {2, 0, 6, 2}}, SIMPLEREGION, {{0, 0, 6, 2}}},
+        {"unsorted", {{5, 5, 6, 6}, {0, 0, 1, 1}}, COMPLEXREGION, {{0, 0, 1, 1}, {5, 5, 6, 6}}},
+        {"bands", {{0, 0, 3, 3}, {1, 1, 5, 2}}, COMPLEXREGION, {{0, 0, 3, 1}, {0, 1, 5, 2}, {0, 2, 3, 3}}},
+        {"empty ones", {{2, 2, 2, 5}, {0, 0, 1, 1}}, SIMPLEREGION, {{0, 0, 1, 1}}},
+    };
+    for (const Case& c : cases) {
+        const Scoped region(OfRects(c.rects));
+        RECT box{};
+        EXPECT_EQ(GetRgnBox(region, &box), c.complexity) << c.name;
+        const DWORD size = GetRegionData(region, 0, nullptr);
+        ASSERT_EQ(size, sizeof(RGNDATAHEADER) + c.parts.size() * sizeof(RECT)) << c.name;
+        std::vector<char> buffer(size);
+        auto* data = reinterpret_cast<RGNDATA*>(buffer.data());
+        EXPECT_EQ(GetRegionData(region, size, data), size) << c.name;
+        EXPECT_EQ(data->rdh.nCount, c.parts.size()) << c.name;
+        EXPECT_PRED2(SameRect, data->rdh.rcBound, box) << c.name;
+        EXPECT_EQ(std::memcmp(data->Buffer, c.parts.data(), c.parts.size() * sizeof(RECT)), 0) << c.name;
+    }
+    const Scoped none(OfRects({}));
+    RECT box{1, 1, 1, 1};
+    EXPECT_EQ(GetRgnBox(none, &box), NULLREGION);
+}
+
+using Clipping = PlatformTest;
+
+TEST_F(Clipping, HasTheStatesOfItsTable)
+{
+    struct Case {
+        const char* name;
+        std::vector<RECT> clip;
+        int complexity;  // of the box
+        RECT box;
+    };
+    const std::vector<Case> cases{
+        {"rectangle, partly outside", {{-5, 5, 10, 90}}, SIMPLEREGION, {0, 5, 10, 20}},
+        {"two rectangles", {{1, 1, 3, 3}, {20, 10, 90, 90}}, COMPLEXREGION, {1, 1, 30, 20}},
+        {"outside", {{100, 100, 110, 110}}, NULLREGION, {0, 0, 0, 0}},
+        {"empty", {}, NULLREGION, {0, 0, 0, 0}},
+    };
+    Canvas canvas(30, 20);
+    const Scoped copy(CreateRectRgn(3, 3, 5, 5));
+    EXPECT_EQ(GetClipRgn(canvas, copy), 0);
+    RECT box{};
+    GetRgnBox(copy, &box);
+    EXPECT_PRED2(SameRect, box, (RECT{3, 3, 5, 5})) << "untouched";
+    ExpectClip(canvas, SIMPLEREGION, {0, 0, 30, 20}, "no clip");
+    for (const Case& c : cases) {
+        const Scoped region(OfRects(c.clip));
+        EXPECT_EQ(SelectClipRgn(canvas, region), GetRgnBox(region, &box)) << c.name;
+        EXPECT_EQ(GetClipRgn(canvas, copy), 1) << c.name;
+        EXPECT_TRUE(EqualRgn(copy, region)) << c.name;
+        OffsetRgn(region, 1, 1);  // the context has a copy
+        EXPECT_EQ(GetClipBox(canvas, &box), c.complexity) << c.name;
+        if (c.complexity != NULLREGION) {
+            EXPECT_PRED2(SameRect, box, c.box) << c.name << ' ' << RectText(box);
+        }
+    }
+    EXPECT_EQ(SelectClipRgn(canvas, nullptr), SIMPLEREGION);
+    EXPECT_EQ(GetClipRgn(canvas, copy), 0);
+    EXPECT_EQ(ExtSelectClipRgn(canvas, nullptr, RGN_COPY), SIMPLEREGION);
+    EXPECT_EQ(ExtSelectClipRgn(canvas, nullptr, RGN_AND), ERROR);
+}
+
+TEST_F(Clipping, CombinesWithNoClipAsWithTheSurface)
+{
+    struct Case {
+        const char* name;
+        int mode;
+        int complexity;
+        const char* picture;
+    };
+    const std::vector<Case> cases{
+        {"and", RGN_AND, SIMPLEREGION, "......\n..####\n"},
+        {"or", RGN_OR, COMPLEXREGION, "######\n######\n"},
+        {"difference", RGN_DIFF, COMPLEXREGION, "######\n##....\n"},
+        {"copy", RGN_COPY, SIMPLEREGION, "......\n..####\n"},
+    };
+    for (const Case& c : cases) {
+        Canvas canvas(6, 2);
+        const Scoped region(CreateRectRgn(2, 1, 8, 2));
+        EXPECT_EQ(ExtSelectClipRgn(canvas, region, c.mode), c.complexity) << c.name;
+        PatBlt(canvas, 0, 0, 6, 2, WHITENESS);
+        EXPECT_EQ(canvas.Picture(), c.picture) << c.name;
+    }
+}
+
+TEST_F(Clipping, TakesRectanglesInLogicalAndRegionsInDeviceCoordinates)
+{
+    Canvas canvas(10, 10);
+    SetViewportOrgEx(canvas, 3, 2, nullptr);
+    EXPECT_EQ(IntersectClipRect(canvas, 0, 0, 4, 4), SIMPLEREGION);
+    ExpectClip(canvas, SIMPLEREGION, {0, 0, 4, 4}, "logical");
+    const Scoped region(CreateRectRgn(0, 0, 0, 0));
+    GetClipRgn(canvas, region);
+    RECT box{};
+    GetRgnBox(region, &box);
+    EXPECT_PRED2(SameRect, box, (RECT{3, 2, 7, 6})) << RectText(box);
+    EXPECT_EQ(ExcludeClipRect(canvas, 0, 0, 4, 1), SIMPLEREGION);
+    ExpectClip(canvas, SIMPLEREGION, {0, 1, 4, 4}, "top cut off");
+    EXPECT_EQ(ExcludeClipRect(canvas, 1, 2, 2, 3), COMPLEXREGION);
+    const RECT inHole{1, 2, 2, 3};
+    const RECT atEdge{3, 3, 9, 9};
+    EXPECT_FALSE(RectVisible(canvas, &inHole));
+    EXPECT_TRUE(RectVisible(canvas, &atEdge));
+    SelectClipRgn(canvas, region);
+    ExpectClip(canvas, SIMPLEREGION, {0, 0, 4, 4}, "device");
+    EXPECT_EQ(IntersectClipRect(canvas, 50, 50, 60, 60), NULLREGION);
+}
+
+TEST_F(Clipping, IsSavedAndRestoredWithTheRestOfTheState)
+{
+    Canvas canvas(10, 10);
+    EXPECT_FALSE(RestoreDC(canvas, -1));
+    SetTextColor(canvas, RGB(1, 2, 3));
+    IntersectClipRect(canvas, 1, 1, 9, 9);
+    EXPECT_EQ(SaveDC(canvas), 1);
+    IntersectClipRect(canvas, 2, 2, 3, 3);
+    SetTextColor(canvas, RGB(4, 5, 6));
+    SetViewportOrgEx(canvas, 5, 5, nullptr);
+    EXPECT_EQ(SaveDC(canvas), 2);
+    SelectClipRgn(canvas, nullptr);
+    SetBkMode(canvas, TRANSPARENT);
+    EXPECT_EQ(SaveDC(canvas), 3);
+    EXPECT_FALSE(RestoreDC(canvas, 4));
+    EXPECT_TRUE(RestoreDC(canvas, -2));
+    ExpectClip(canvas, SIMPLEREGION, {-3, -3, -2, -2}, "second level");
+    EXPECT_EQ(GetTextColor(canvas), RGB(4, 5, 6));
+    EXPECT_EQ(GetBkMode(canvas), OPAQUE);
+    EXPECT_TRUE(RestoreDC(canvas, 1));
+    ExpectClip(canvas, SIMPLEREGION, {1, 1, 9, 9}, "first level");
+    EXPECT_EQ(GetTextColor(canvas), RGB(1, 2, 3));
+    EXPECT_FALSE(RestoreDC(canvas, 1)) << "levels above the restored one are gone";
+}
