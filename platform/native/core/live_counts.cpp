@@ -14,6 +14,12 @@ std::vector<Registration>& Registrations()
     return registrations;
 }
 
+LiveCounts& LeftOut()
+{
+    static LiveCounts counts;
+    return counts;
+}
+
 }  // namespace
 
 bool RegisterLiveCount(std::size_t LiveCounts::*family, CountFunction count)
@@ -26,8 +32,13 @@ LiveCounts CountLiveObjects()
 {
     LiveCounts counts;
     for (const auto& [family, count] : Registrations())
-        counts.*family = count();
+        counts.*family = count() - LeftOut().*family;
     return counts;
+}
+
+void LeaveOutOfLiveCounts(std::size_t LiveCounts::*family, std::size_t count)
+{
+    LeftOut().*family += count;
 }
 
 }  // namespace qvui::native

@@ -23,4 +23,7 @@ LiveCounts CountLiveObjects();
 using CountFunction = std::size_t (*)();
 bool RegisterLiveCount(std::size_t LiveCounts::*family, CountFunction count);
 
+/// Objects that are kept for the life of the process are no leaks.
+void LeaveOutOfLiveCounts(std::size_t LiveCounts::*family, std::size_t count);
+
 }  // namespace qvui::native
