@@ -5,11 +5,10 @@
 #include <qvui/render/bitmap_functions.h>
 #include <qvui/render/render_engine.h>
 
+#include "render/rectangles.h"
+
 namespace DUI {
 namespace {
-
-int Width(const RECT& rect) { return rect.right - rect.left; }
-int Height(const RECT& rect) { return rect.bottom - rect.top; }
 
 // Clips a context to a region, within the clip region it has, for one scope. A context without one is left
 // alone.
@@ -42,7 +41,10 @@ private:
 
 }  // namespace
 
-BOOL CDUIColorBK::IsEmpty() const { return IsOneColorEmpty() && IsTwoColorEmpty(); }
+BOOL CDUIColorBK::IsEmpty() const
+{
+    return IsOneColorEmpty() && IsTwoColorEmpty();
+}
 
 void CDUIColorBK::SetBKColor(const CARGB& start, const CARGB& end, int vertical)
 {
@@ -51,7 +53,8 @@ void CDUIColorBK::SetBKColor(const CARGB& start, const CARGB& end, int vertical)
     m_nVertical = vertical;
 }
 
-void CDUIColorBK::SetBKColor(const CARGB& start, const CARGB& end, const CARGB& middle, double separator, int vertical)
+void CDUIColorBK::SetBKColor(const CARGB& start, const CARGB& end, const CARGB& middle, double separator,
+                             int vertical)
 {
     SetBKColor(start, end, vertical);
     m_fSepPos = separator;
@@ -81,7 +84,7 @@ void CDUIColorBK::DrawBK(HDC hdc, const RECT& rect)
             const double length = m_nVertical ? Height(rect) : Width(rect);
             const int start = m_nVertical ? rect.top : rect.left;
             const double offset = std::min(m_fSepPos > 1 ? m_fSepPos : length * m_fSepPos, 1e9);
-            const int split = start + static_cast<int>(offset);
+            const int split = WrappingSum(start, static_cast<int>(offset));
             (m_nVertical ? first.bottom : first.right) = split;
             LONG& nearEdge = m_nVertical ? second.top : second.left;
             LONG& farEdge = m_nVertical ? second.bottom : second.right;
@@ -97,7 +100,10 @@ void CDUIColorBK::DrawBK(HDC hdc, const RECT& rect)
     }
 }
 
-BOOL CDUIColorImageBK::IsEmpty() const { return CDUIColorBK::IsEmpty() && !m_pSkinImage; }
+BOOL CDUIColorImageBK::IsEmpty() const
+{
+    return CDUIColorBK::IsEmpty() && !m_pSkinImage;
+}
 
 void CDUIColorImageBK::DrawBK(HDC hdc, const RECT& rect)
 {
@@ -112,36 +118,35 @@ RECT CDUIColorImageBK::GetSkinImageRect(RECT rect) const
         return rect;
     const int width = m_pSkinImage->GetIconWidth();
     const int height = m_pSkinImage->GetIconHeight();
-    const int left = rect.left + m_imagePos.x;
-    const int top = rect.top + m_imagePos.y;
-    const int right = rect.right - m_imagePos.x;
-    const int bottom = rect.bottom - m_imagePos.y;
+    const RECT inner = Deflated(rect, {m_imagePos.x, m_imagePos.y, m_imagePos.x, m_imagePos.y});
+    const int fromRight = WrappingDifference(inner.right, width);
+    const int fromBottom = WrappingDifference(inner.bottom, height);
     RECT place = rect;
     switch (m_imagePos.kind) {
-    case 0:
-        place = {left, top, left + width, top + height};
-        break;
-    case 1:
-        place = {left, bottom - height, left + width, bottom};
-        break;
-    case 2:
-        place = {right - width, top, right, top + height};
-        break;
-    case 3:
-        place = {right - width, bottom - height, right, bottom};
-        break;
-    case 4:
-        if (Width(rect) > width) {
-            place.left = rect.left + (Width(rect) - width) / 2;
-            place.right = place.left + width;
-        }
-        if (Height(rect) > height) {
-            place.top = rect.top + (Height(rect) - height) / 2;
-            place.bottom = place.top + height;
-        }
-        break;
-    default:
-        break;
+        case 0:
+            place = {inner.left, inner.top, WrappingSum(inner.left, width), WrappingSum(inner.top, height)};
+            break;
+        case 1:
+            place = {inner.left, fromBottom, WrappingSum(inner.left, width), inner.bottom};
+            break;
+        case 2:
+            place = {fromRight, inner.top, inner.right, WrappingSum(inner.top, height)};
+            break;
+        case 3:
+            place = {fromRight, fromBottom, inner.right, inner.bottom};
+            break;
+        case 4:
+            if (Width(rect) > width) {
+                place.left = WrappingSum(rect.left, (Width(rect) - width) / 2);
+                place.right = WrappingSum(place.left, width);
+            }
+            if (Height(rect) > height) {
+                place.top = WrappingSum(rect.top, (Height(rect) - height) / 2);
+                place.bottom = WrappingSum(place.top, height);
+            }
+            break;
+        default:
+            break;
     }
     RECT common;
     if (!IntersectRect(&common, &place, &rect))
@@ -184,8 +189,7 @@ void CDUIFrameBK::DrawBK(HDC hdc, const RECT& rect)
 void CDUIFrameBK::DrawImageFrame(HDC hdc, const RECT& rect)
 {
     CDUIColorImageBK::DrawBK(hdc, rect);
-    const RECT inner{rect.left + m_rcBorder.left, rect.top + m_rcBorder.top, rect.right - m_rcBorder.right,
-                     rect.bottom - m_rcBorder.bottom};
+    const RECT inner = Deflated(rect, m_rcBorder);
     if (IsRectEmpty(&inner)) {
         m_pFrameImage->DrawImage(hdc, rect, 0);
         return;
@@ -201,17 +205,19 @@ void CDUIFrameBK::DrawImageFrame(HDC hdc, const RECT& rect)
 void CDUIFrameBK::DrawColorFrame(HDC hdc, const RECT& rect)
 {
     if (m_nRoundWidth > 0 && m_nRoundHeight > 0) {
-        const RegionClip clip(hdc, CreateRoundRectRgn(rect.left, rect.top, rect.right, rect.bottom, m_nRoundWidth,
-                                                      m_nRoundHeight));
+        const RegionClip clip(hdc, CreateRoundRectRgn(rect.left, rect.top, rect.right, rect.bottom,
+                                                      m_nRoundWidth, m_nRoundHeight));
         CDUIColorImageBK::DrawBK(hdc, rect);
-        CDUIRenderEngine::DrawRoundRectBorder(hdc, rect, m_nRoundWidth, m_nRoundHeight, m_rcBorder.top, m_frameColor);
+        CDUIRenderEngine::DrawRoundRectBorder(hdc, rect, m_nRoundWidth, m_nRoundHeight, m_rcBorder.top,
+                                              m_frameColor);
         return;
     }
     CDUIColorImageBK::DrawBK(hdc, rect);
-    const int right = rect.right - m_rcBorder.right;
-    const int bottom = rect.bottom - m_rcBorder.bottom;
+    const int right = WrappingDifference(rect.right, m_rcBorder.right);
+    const int bottom = WrappingDifference(rect.bottom, m_rcBorder.bottom);
     CDUIRenderEngine::DrawLine(hdc, rect.left, rect.top, rect.right, rect.top, m_rcBorder.top, m_frameColor);
-    CDUIRenderEngine::DrawLine(hdc, rect.left, rect.top, rect.left, rect.bottom, m_rcBorder.left, m_frameColor);
+    CDUIRenderEngine::DrawLine(hdc, rect.left, rect.top, rect.left, rect.bottom, m_rcBorder.left,
+                               m_frameColor);
     CDUIRenderEngine::DrawLine(hdc, right, rect.top, right, rect.bottom, m_rcBorder.right, m_frameColor);
     CDUIRenderEngine::DrawLine(hdc, rect.left, bottom, rect.right, bottom, m_rcBorder.bottom, m_frameColor);
 }
@@ -242,10 +248,12 @@ int CDUIFrameBK::SetWinFrameRgn(HWND hwnd)
     if (IsImageFrameAvailable())
         shape = CreateImageShape(hwnd, client);
     else if (IsColorFrameAvailable() && m_nRoundWidth > 0 && m_nRoundHeight > 0)
-        shape = CreateRoundRectRgn(client.left, client.top, client.right, client.bottom, m_nRoundWidth, m_nRoundHeight);
+        shape = CreateRoundRectRgn(client.left, client.top, client.right, client.bottom, m_nRoundWidth,
+                                   m_nRoundHeight);
     if (!shape)
         return FALSE;
-    SetWindowRgn(hwnd, shape, TRUE);
+    if (!SetWindowRgn(hwnd, shape, TRUE))
+        DeleteObject(shape);  // else it is the window's from now on
     return TRUE;
 }
 

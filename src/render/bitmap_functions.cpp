@@ -1,19 +1,19 @@
 #include <qvui/render/bitmap_functions.h>
 
 #include <algorithm>
-#include <cstring>
 
 #include <qvui/render/dib_section.h>
 
 #include "render/memory_context.h"
+#include "render/rectangles.h"
 
 namespace DUI {
 namespace {
 
-int Width(const RECT& rect) { return rect.right - rect.left; }
-int Height(const RECT& rect) { return rect.bottom - rect.top; }
-
-BLENDFUNCTION PerPixel(unsigned char alpha) { return {AC_SRC_OVER, 0, alpha, AC_SRC_ALPHA}; }
+BLENDFUNCTION PerPixel(unsigned char alpha)
+{
+    return {AC_SRC_OVER, 0, alpha, AC_SRC_ALPHA};
+}
 
 // The rectangle of the bitmap's own size in the middle; a rectangle that is smaller stays as it is.
 RECT Centred(HBITMAP bitmap, RECT rect)
@@ -40,7 +40,8 @@ int MiddleStretched(HDC hdc, HBITMAP bitmap, const RECT& rect, Draw draw)
         return FALSE;
     if (Width(rect) <= size.cx && Height(rect) <= size.cy)
         return draw(bitmap);
-    const HBITMAP stretched = CBitmapCommonFunction::GetMiddleStretchBitmap(hdc, bitmap, SIZE{Width(rect), Height(rect)});
+    const HBITMAP stretched =
+        CBitmapCommonFunction::GetMiddleStretchBitmap(hdc, bitmap, SIZE{Width(rect), Height(rect)});
     if (!stretched)
         return FALSE;
     const int result = draw(stretched);
@@ -66,7 +67,7 @@ unsigned char CBitmapCommonFunction::GetBitmapBitCount(HBITMAP bitmap)
     return static_cast<unsigned char>(description.bmBitsPixel);
 }
 
-HBITMAP CBitmapCommonFunction::GetSubBitmap(HDC hdc, HBITMAP bitmap, RECT& rect)
+HBITMAP CBitmapCommonFunction::GetSubBitmap(HDC, HBITMAP bitmap, RECT& rect)
 {
     SIZE size{};
     if (IsRectEmpty(&rect) || !GetBitmapSize(bitmap, size))
@@ -74,11 +75,12 @@ HBITMAP CBitmapCommonFunction::GetSubBitmap(HDC hdc, HBITMAP bitmap, RECT& rect)
     rect.right = std::min(rect.right, size.cx);
     rect.bottom = std::min(rect.bottom, size.cy);
     CDibSection part;
-    if (IsRectEmpty(&rect) || !part.Create(static_cast<DWORD>(Width(rect)), static_cast<DWORD>(Height(rect)), 32))
+    if (IsRectEmpty(&rect) ||
+        !part.Create(static_cast<DWORD>(Width(rect)), static_cast<DWORD>(Height(rect)), 32))
         return nullptr;
     {
-        const MemoryContext source(hdc, bitmap);
-        const MemoryContext target(hdc, part.GetBitmap());
+        const MemoryContext source(bitmap);
+        const MemoryContext target(part.GetBitmap());
         BitBlt(target.Get(), 0, 0, Width(rect), Height(rect), source.Get(), rect.left, rect.top, SRCCOPY);
     }
     return part.Detach();
@@ -89,9 +91,9 @@ int CBitmapCommonFunction::DrawBitmap(HDC hdc, HBITMAP bitmap, const RECT& rect)
     SIZE size{};
     if (!hdc || !GetBitmapSize(bitmap, size))
         return FALSE;
-    const MemoryContext memory(hdc, bitmap);
-    return BitBlt(hdc, rect.left, rect.top, std::min<int>(size.cx, Width(rect)), std::min<int>(size.cy, Height(rect)),
-                  memory.Get(), 0, 0, SRCCOPY);
+    const MemoryContext memory(bitmap);
+    return BitBlt(hdc, rect.left, rect.top, std::min<int>(size.cx, Width(rect)),
+                  std::min<int>(size.cy, Height(rect)), memory.Get(), 0, 0, SRCCOPY);
 }
 
 int CBitmapCommonFunction::StretchBitmap(HDC hdc, HBITMAP bitmap, const RECT& rect)
@@ -99,8 +101,9 @@ int CBitmapCommonFunction::StretchBitmap(HDC hdc, HBITMAP bitmap, const RECT& re
     SIZE size{};
     if (!hdc || !GetBitmapSize(bitmap, size))
         return FALSE;
-    const MemoryContext memory(hdc, bitmap);
-    return StretchBlt(hdc, rect.left, rect.top, Width(rect), Height(rect), memory.Get(), 0, 0, size.cx, size.cy, SRCCOPY);
+    const MemoryContext memory(bitmap);
+    return StretchBlt(hdc, rect.left, rect.top, Width(rect), Height(rect), memory.Get(), 0, 0, size.cx,
+                      size.cy, SRCCOPY);
 }
 
 int CBitmapCommonFunction::AlphaBlend(HDC hdc, HBITMAP bitmap, const RECT& rect, unsigned char alpha)
@@ -108,20 +111,22 @@ int CBitmapCommonFunction::AlphaBlend(HDC hdc, HBITMAP bitmap, const RECT& rect,
     SIZE size{};
     if (!GetBitmapSize(bitmap, size))
         return FALSE;
-    const MemoryContext memory(hdc, bitmap);
-    return ::AlphaBlend(hdc, rect.left, rect.top, Width(rect), Height(rect), memory.Get(), 0, 0, size.cx, size.cy,
-                        PerPixel(alpha));
+    const MemoryContext memory(bitmap);
+    return ::AlphaBlend(hdc, rect.left, rect.top, Width(rect), Height(rect), memory.Get(), 0, 0, size.cx,
+                        size.cy, PerPixel(alpha));
 }
 
-int CBitmapCommonFunction::AlphaBlendWithoutStretch(HDC hdc, HBITMAP bitmap, const RECT& rect, unsigned char alpha)
+int CBitmapCommonFunction::AlphaBlendWithoutStretch(HDC hdc, HBITMAP bitmap, const RECT& rect,
+                                                    unsigned char alpha)
 {
     SIZE size{};
     if (!GetBitmapSize(bitmap, size))
         return FALSE;
     const int width = std::min<int>(size.cx, Width(rect));
     const int height = std::min<int>(size.cy, Height(rect));
-    const MemoryContext memory(hdc, bitmap);
-    return ::AlphaBlend(hdc, rect.left, rect.top, width, height, memory.Get(), 0, 0, width, height, PerPixel(alpha));
+    const MemoryContext memory(bitmap);
+    return ::AlphaBlend(hdc, rect.left, rect.top, width, height, memory.Get(), 0, 0, width, height,
+                        PerPixel(alpha));
 }
 
 int CBitmapCommonFunction::TransparentBlt(HDC hdc, HBITMAP bitmap, const RECT& rect, const CARGB& key)
@@ -129,20 +134,22 @@ int CBitmapCommonFunction::TransparentBlt(HDC hdc, HBITMAP bitmap, const RECT& r
     SIZE size{};
     if (!GetBitmapSize(bitmap, size))
         return FALSE;
-    const MemoryContext memory(hdc, bitmap);
-    return ::TransparentBlt(hdc, rect.left, rect.top, Width(rect), Height(rect), memory.Get(), 0, 0, size.cx, size.cy,
-                            key.GetColor());
+    const MemoryContext memory(bitmap);
+    return ::TransparentBlt(hdc, rect.left, rect.top, Width(rect), Height(rect), memory.Get(), 0, 0, size.cx,
+                            size.cy, key.GetColor());
 }
 
-int CBitmapCommonFunction::TransparentBltWithoutStretch(HDC hdc, HBITMAP bitmap, const RECT& rect, const CARGB& key)
+int CBitmapCommonFunction::TransparentBltWithoutStretch(HDC hdc, HBITMAP bitmap, const RECT& rect,
+                                                        const CARGB& key)
 {
     SIZE size{};
     if (!GetBitmapSize(bitmap, size))
         return FALSE;
     const int width = std::min<int>(size.cx, Width(rect));
     const int height = std::min<int>(size.cy, Height(rect));
-    const MemoryContext memory(hdc, bitmap);
-    return ::TransparentBlt(hdc, rect.left, rect.top, width, height, memory.Get(), 0, 0, width, height, key.GetColor());
+    const MemoryContext memory(bitmap);
+    return ::TransparentBlt(hdc, rect.left, rect.top, width, height, memory.Get(), 0, 0, width, height,
+                            key.GetColor());
 }
 
 int CBitmapCommonFunction::DrawBitmapInCenter(HDC hdc, HBITMAP bitmap, const RECT& rect)
@@ -175,7 +182,7 @@ HBITMAP CBitmapCommonFunction::GetMiddleStretchBitmap(HDC hdc, HBITMAP bitmap, i
     SIZE size{};
     if (!GetBitmapSize(bitmap, size))
         return nullptr;
-    // Written for one axis: `Along` swaps the roles of x and y.
+    // Written for one axis: `along` places a stretch of it.
     const int half = (vertical ? size.cy : size.cx) / 2;
     const int whole = vertical ? size.cy : size.cx;
     const int breadth = vertical ? size.cx : size.cy;
@@ -192,7 +199,7 @@ HBITMAP CBitmapCommonFunction::GetMiddleStretchBitmap(HDC hdc, HBITMAP bitmap, i
     const auto lengthwise = static_cast<DWORD>(std::max(length, 0));
     if (result.Create(vertical ? static_cast<DWORD>(breadth) : lengthwise,
                       vertical ? lengthwise : static_cast<DWORD>(breadth), 32)) {
-        const MemoryContext memory(hdc, result.GetBitmap());
+        const MemoryContext memory(result.GetBitmap());
         DrawBitmap(memory.Get(), head, along(0, half - 1));
         FillBitmap(memory.Get(), middle, along(half - 1, length - half + 1));
         DrawBitmap(memory.Get(), tail, along(length - half + 1, length));
@@ -232,16 +239,19 @@ int CBitmapCommonFunction::MiddleStretchDraw(HDC hdc, HBITMAP bitmap, const RECT
     return MiddleStretched(hdc, bitmap, rect, [&](HBITMAP drawn) { return DrawBitmap(hdc, drawn, rect); });
 }
 
-int CBitmapCommonFunction::MiddleStretchAlphaBlend(HDC hdc, HBITMAP bitmap, const RECT& rect, unsigned char alpha)
+int CBitmapCommonFunction::MiddleStretchAlphaBlend(HDC hdc, HBITMAP bitmap, const RECT& rect,
+                                                   unsigned char alpha)
 {
     return MiddleStretched(hdc, bitmap, rect,
                            [&](HBITMAP drawn) { return AlphaBlendWithoutStretch(hdc, drawn, rect, alpha); });
 }
 
-int CBitmapCommonFunction::MiddleStretchTransparentBlt(HDC hdc, HBITMAP bitmap, const RECT& rect, const CARGB& key)
+int CBitmapCommonFunction::MiddleStretchTransparentBlt(HDC hdc, HBITMAP bitmap, const RECT& rect,
+                                                       const CARGB& key)
 {
-    return MiddleStretched(hdc, bitmap, rect,
-                           [&](HBITMAP drawn) { return TransparentBltWithoutStretch(hdc, drawn, rect, key); });
+    return MiddleStretched(hdc, bitmap, rect, [&](HBITMAP drawn) {
+        return TransparentBltWithoutStretch(hdc, drawn, rect, key);
+    });
 }
 
 int CBitmapCommonFunction::UpdateLayeredWindow(HWND hwnd, HDC hdcDst, POINT* ptDst, SIZE* size, HDC hdcSrc,
@@ -254,139 +264,6 @@ int CBitmapCommonFunction::UpdateLayeredWindow(HWND hwnd, HDC hdcDst, POINT* ptD
     const auto function =
         reinterpret_cast<Function>(reinterpret_cast<void*>(GetProcAddress(module, "UpdateLayeredWindow")));
     return function ? function(hwnd, hdcDst, ptDst, size, hdcSrc, ptSrc, key, blend, flags) : FALSE;
-}
-
-// --- regions from colour keys -------------------------------------------------------------------------------
-
-namespace {
-
-// Rectangles on their way to becoming a region, a few thousand at a time: one call with all of them would make
-// the platform sort a very long list.
-class RegionBuilder {
-public:
-    RegionBuilder() { Grow(); }
-    RegionBuilder(const RegionBuilder&) = delete;
-    RegionBuilder& operator=(const RegionBuilder&) = delete;
-    ~RegionBuilder()
-    {
-        if (m_hBuffer) {
-            GlobalUnlock(m_hBuffer);
-            GlobalFree(m_hBuffer);
-        }
-    }
-
-    void Add(const RECT& rect)
-    {
-        if (m_pData && m_pData->rdh.nCount >= m_nCapacity)
-            Grow();
-        if (!m_pData)
-            return;
-        reinterpret_cast<RECT*>(m_pData->Buffer)[m_pData->rdh.nCount++] = rect;
-        RECT& bound = m_pData->rdh.rcBound;
-        bound = {std::min(bound.left, rect.left), std::min(bound.top, rect.top), std::max(bound.right, rect.right),
-                 std::max(bound.bottom, rect.bottom)};
-        if (m_pData->rdh.nCount == kMostAtOnce)
-            Flush();
-    }
-
-    HRGN Finish()
-    {
-        if (m_pData)
-            Flush();
-        return m_hRegion ? m_hRegion : CreateRectRgn(0, 0, 0, 0);
-    }
-
-private:
-    static constexpr DWORD kStep = 100;
-    static constexpr DWORD kMostAtOnce = 2000;
-
-    void Grow()
-    {
-        const DWORD capacity = m_nCapacity + kStep;
-        const SIZE_T size = sizeof(RGNDATAHEADER) + sizeof(RECT) * capacity;
-        if (m_hBuffer)
-            GlobalUnlock(m_hBuffer);
-        const HGLOBAL grown =
-            m_hBuffer ? GlobalReAlloc(m_hBuffer, size, GMEM_MOVEABLE) : GlobalAlloc(GMEM_MOVEABLE, size);
-        m_pData = grown ? static_cast<RGNDATA*>(GlobalLock(grown)) : nullptr;
-        if (!grown)
-            return;
-        m_hBuffer = grown;
-        if (m_nCapacity == 0)
-            Restart();
-        m_nCapacity = capacity;
-    }
-
-    void Restart() { m_pData->rdh = {sizeof(RGNDATAHEADER), RDH_RECTANGLES, 0, 0, {0x7FFFFFFF, 0x7FFFFFFF, 0, 0}}; }
-
-    void Flush()
-    {
-        if (m_pData->rdh.nCount == 0)
-            return;
-        const HRGN part = ExtCreateRegion(nullptr, static_cast<DWORD>(sizeof(RGNDATAHEADER) + sizeof(RECT) * m_nCapacity), m_pData);
-        if (m_hRegion) {
-            CombineRgn(m_hRegion, m_hRegion, part, RGN_OR);
-            DeleteObject(part);
-        } else {
-            m_hRegion = part;
-        }
-        Restart();
-    }
-
-    HGLOBAL m_hBuffer = nullptr;
-    RGNDATA* m_pData = nullptr;
-    DWORD m_nCapacity = 0;
-    HRGN m_hRegion = nullptr;
-};
-
-// Which pixels count as transparent: each channel between a low and a high bound.
-struct ColourBounds {
-    ColourBounds(const CARGB& color, DWORD tolerance)
-        : low{color.GetB(), color.GetG(), color.GetR()},
-          high{Sum(color.GetB(), tolerance >> 16), Sum(color.GetG(), tolerance >> 8), Sum(color.GetR(), tolerance)}
-    {
-    }
-    bool Hold(const BYTE* pixel) const
-    {
-        return pixel[0] >= low[0] && pixel[0] <= high[0] && pixel[1] >= low[1] && pixel[1] <= high[1] &&
-               pixel[2] >= low[2] && pixel[2] <= high[2];
-    }
-    static BYTE Sum(BYTE channel, DWORD tolerance)
-    {
-        return static_cast<BYTE>(std::min<DWORD>(255, channel + (tolerance & 0xFF)));
-    }
-
-    BYTE low[3];
-    BYTE high[3];
-};
-
-}  // namespace
-
-HRGN CBitmapCommonFunction::BitmapToRgn(HBITMAP bitmap, const CARGB& color, DWORD tolerance)
-{
-    SIZE size{};
-    CDibSection pixels;
-    if (!GetBitmapSize(bitmap, size) ||
-        !pixels.Create(static_cast<DWORD>(size.cx), static_cast<DWORD>(size.cy), 32))
-        return nullptr;
-    {
-        const MemoryContext source(nullptr, bitmap);
-        const MemoryContext target(nullptr, pixels.GetBitmap());
-        BitBlt(target.Get(), 0, 0, size.cx, size.cy, source.Get(), 0, 0, SRCCOPY);
-    }
-    const ColourBounds transparent(color, tolerance);
-    RegionBuilder builder;
-    for (int y = 0; y < size.cy; ++y) {
-        const BYTE* row = pixels.GetBits() + static_cast<std::size_t>(size.cy - 1 - y) * pixels.GetLineWidth();
-        for (int x = 0; x < size.cx; ++x) {
-            const int start = x;
-            while (x < size.cx && !transparent.Hold(row + 4 * x))
-                ++x;
-            if (x > start)
-                builder.Add({start, y, x, y + 1});
-        }
-    }
-    return builder.Finish();
 }
 
 }  // namespace DUI

@@ -6,10 +6,14 @@
 #include <qvui/render/bitmap_functions.h>
 
 #include "render/memory_context.h"
+#include "render/rectangles.h"
 
 namespace DUI {
 
-CDibSection::CDibSection(const CDibSection& other) : CDUIObject(other) { other.CopyTo(this); }
+CDibSection::CDibSection(const CDibSection& other) : CDUIObject(other)
+{
+    other.CopyTo(this);
+}
 
 CDibSection& CDibSection::operator=(const CDibSection& other)
 {
@@ -17,15 +21,19 @@ CDibSection& CDibSection::operator=(const CDibSection& other)
     return *this;
 }
 
-CDibSection::~CDibSection() { DeleteObject(); }
+CDibSection::~CDibSection()
+{
+    DeleteObject();
+}
 
 BOOL CDibSection::Create(DWORD width, DWORD height, WORD bitCount)
 {
     DeleteObject();
     constexpr DWORD kLargest = 0x7FFFFFFF;
-    if (width == 0 || height == 0 || width > kLargest || height > kLargest)
+    const ULONGLONG lineWidth = (static_cast<ULONGLONG>(bitCount) * width + 31) / 8 / 4 * 4;
+    if (width == 0 || height == 0 || width > kLargest || height > kLargest || lineWidth > kLargest / height)
         return FALSE;
-    m_nLineWidth = static_cast<DWORD>((static_cast<ULONGLONG>(bitCount) * width + 31) / 8 / 4 * 4);
+    m_nLineWidth = static_cast<DWORD>(lineWidth);
     m_header = {};
     m_header.biSize = sizeof m_header;
     m_header.biWidth = static_cast<LONG>(width);
@@ -46,7 +54,8 @@ BOOL CDibSection::Create(HBITMAP bitmap, WORD bitCount)
     constexpr WORD kShallow = 24;
     constexpr WORD kDeep = 32;
     if (!CBitmapCommonFunction::GetBitmapSize(bitmap, size) ||
-        !Create(static_cast<DWORD>(size.cx), static_cast<DWORD>(size.cy), bitCount < kShallow ? kShallow : kDeep)) {
+        !Create(static_cast<DWORD>(size.cx), static_cast<DWORD>(size.cy),
+                bitCount < kShallow ? kShallow : kDeep)) {
         DeleteObject();
         return FALSE;
     }
@@ -106,9 +115,15 @@ BOOL CDibSection::Transfer(CDibSection* src)
     return TRUE;
 }
 
-CDibSection* CDibSection::NewObject() const { return new CDibSection; }
+CDibSection* CDibSection::NewObject() const
+{
+    return new CDibSection;
+}
 
-CDibSection* CDibSection::Clone() const { return new CDibSection(*this); }
+CDibSection* CDibSection::Clone() const
+{
+    return new CDibSection(*this);
+}
 
 std::size_t CDibSection::PixelOffset(int x, int y, int fromTop) const
 {
@@ -143,8 +158,8 @@ BOOL CDibSection::Draw(HDC hdc, int x, int y) const
         return FALSE;
     SetStretchBltMode(hdc, COLORONCOLOR);
     const auto height = static_cast<UINT>(m_header.biHeight);
-    return SetDIBitsToDevice(hdc, x, y, static_cast<DWORD>(m_header.biWidth), height, 0, 0, 0, height, m_pBits, Info(),
-                             DIB_RGB_COLORS) != 0;
+    return SetDIBitsToDevice(hdc, x, y, static_cast<DWORD>(m_header.biWidth), height, 0, 0, 0, height,
+                             m_pBits, Info(), DIB_RGB_COLORS) != 0;
 }
 
 BOOL CDibSection::Stretch(HDC hdc, const RECT& rect) const
@@ -152,17 +167,17 @@ BOOL CDibSection::Stretch(HDC hdc, const RECT& rect) const
     if (IsNull() || !hdc)
         return FALSE;
     SetStretchBltMode(hdc, COLORONCOLOR);
-    return StretchDIBits(hdc, rect.left, rect.top, rect.right - rect.left, rect.bottom - rect.top, 0, 0,
-                         m_header.biWidth, m_header.biHeight, m_pBits, Info(), DIB_RGB_COLORS, SRCCOPY) != 0;
+    return StretchDIBits(hdc, rect.left, rect.top, Width(rect), Height(rect), 0, 0, m_header.biWidth,
+                         m_header.biHeight, m_pBits, Info(), DIB_RGB_COLORS, SRCCOPY) != 0;
 }
 
 BOOL CDibSection::AlphaBlend(HDC hdc, const RECT& rect, int perPixel, unsigned char alpha)
 {
     if (IsNull() || !hdc)
         return FALSE;
-    const MemoryContext memory(hdc, m_hBitmap);
+    const MemoryContext memory(m_hBitmap);
     const BLENDFUNCTION blend{AC_SRC_OVER, 0, alpha, static_cast<BYTE>(perPixel ? AC_SRC_ALPHA : 0)};
-    return ::AlphaBlend(hdc, rect.left, rect.top, rect.right - rect.left, rect.bottom - rect.top, memory.Get(), 0, 0,
+    return ::AlphaBlend(hdc, rect.left, rect.top, Width(rect), Height(rect), memory.Get(), 0, 0,
                         m_header.biWidth, m_header.biHeight, blend);
 }
 
@@ -170,9 +185,9 @@ BOOL CDibSection::TransparentBlt(HDC hdc, const RECT& rect, DWORD keyColor)
 {
     if (IsNull() || !hdc)
         return FALSE;
-    const MemoryContext memory(hdc, m_hBitmap);
-    return ::TransparentBlt(hdc, rect.left, rect.top, rect.right - rect.left, rect.bottom - rect.top, memory.Get(), 0,
-                            0, m_header.biWidth, m_header.biHeight, keyColor);
+    const MemoryContext memory(m_hBitmap);
+    return ::TransparentBlt(hdc, rect.left, rect.top, Width(rect), Height(rect), memory.Get(), 0, 0,
+                            m_header.biWidth, m_header.biHeight, keyColor);
 }
 
 BOOL CDibSection::SaveAsBmpFile(const char* path) const

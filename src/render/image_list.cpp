@@ -1,17 +1,17 @@
 #include <qvui/render/image_list.h>
 
+#include <algorithm>
+#include <climits>
 #include <cstring>
 
 #include <qvui/render/bitmap_functions.h>
 #include <qvui/render/dib_section.h>
 
 #include "render/memory_context.h"
+#include "render/rectangles.h"
 
 namespace DUI {
 namespace {
-
-int Width(const RECT& rect) { return rect.right - rect.left; }
-int Height(const RECT& rect) { return rect.bottom - rect.top; }
 
 // Draws one part of a bitmap with the operation that the bitmap's transparency asks for.
 void DrawPart(HDC hdc, const RECT& dest, HDC memory, const RECT& source, const CImage& image)
@@ -23,19 +23,49 @@ void DrawPart(HDC hdc, const RECT& dest, HDC memory, const RECT& source, const C
                        sourceWidth, sourceHeight, image.GetTransparentColor());
     } else if (image.GetHasAlphaChannel()) {
         const BLENDFUNCTION blend{AC_SRC_OVER, 0, 255, AC_SRC_ALPHA};
-        AlphaBlend(hdc, dest.left, dest.top, Width(dest), Height(dest), memory, source.left, source.top, sourceWidth,
-                   sourceHeight, blend);
+        AlphaBlend(hdc, dest.left, dest.top, Width(dest), Height(dest), memory, source.left, source.top,
+                   sourceWidth, sourceHeight, blend);
     } else {
-        StretchBlt(hdc, dest.left, dest.top, Width(dest), Height(dest), memory, source.left, source.top, sourceWidth,
-                   sourceHeight, SRCCOPY);
+        StretchBlt(hdc, dest.left, dest.top, Width(dest), Height(dest), memory, source.left, source.top,
+                   sourceWidth, sourceHeight, SRCCOPY);
     }
 }
+
+struct Cell {
+    int column;
+    int row;
+};
+
+// The column and row limits of a rectangle cut into nine: outer edge, corner, corner, outer edge.
+struct Grid {
+    int x[4];
+    int y[4];
+
+    RECT Place(const Cell& cell) const
+    {
+        return {x[cell.column], y[cell.row], x[cell.column + 1], y[cell.row + 1]};
+    }
+};
+
+Grid GridOf(const RECT& rect, int cornerWidth, int cornerHeight)
+{
+    const RECT inner = Deflated(rect, {cornerWidth, cornerHeight, cornerWidth, cornerHeight});
+    return {{rect.left, inner.left, inner.right, rect.right},
+            {rect.top, inner.top, inner.bottom, rect.bottom}};
+}
+
+// The published orders. Where parts overlap in a small rectangle, the later wins.
+constexpr int kCapsFirst[3] = {0, 2, 1};
+constexpr Cell kCornersFirst[9] = {{0, 0}, {2, 0}, {1, 0}, {0, 2}, {2, 2}, {0, 1}, {2, 1}, {1, 2}, {1, 1}};
 
 }  // namespace
 
 CDUIImage::CDUIImage(const CDUIImage& other)
-    : CDUIObject(other), m_pImage(other.m_pImage), m_nCornerWidth(other.m_nCornerWidth),
-      m_nCornerHeight(other.m_nCornerHeight), m_nDrawStyle(other.m_nDrawStyle)
+    : CDUIObject(other),
+      m_pImage(other.m_pImage),
+      m_nCornerWidth(other.m_nCornerWidth),
+      m_nCornerHeight(other.m_nCornerHeight),
+      m_nDrawStyle(other.m_nDrawStyle)
 {
 }
 
@@ -43,13 +73,16 @@ CDUIImage& CDUIImage::operator=(const CDUIImage& other) = default;
 
 CDUIImage::~CDUIImage() = default;
 
-std::shared_ptr<CDUIImage> CDUIImage::CloneObject() const { return std::make_shared<CDUIImage>(*this); }
+std::shared_ptr<CDUIImage> CDUIImage::CloneObject() const
+{
+    return std::make_shared<CDUIImage>(*this);
+}
 
 BOOL CDUIImage::CreateFromFile(const char* path)
 {
     if (!m_pImage)
         m_pImage = std::make_shared<CImage>();
-    if (FAILED(m_pImage->Load(path)))
+    if (FAILED(m_pImage->Load(path ? path : "")))
         return FALSE;
     Premultiply();
     return TRUE;
@@ -57,10 +90,11 @@ BOOL CDUIImage::CreateFromFile(const char* path)
 
 BOOL CDUIImage::CreateFromStream(const unsigned char* data, DWORD size)
 {
-    const HGLOBAL block = GlobalAlloc(GMEM_MOVEABLE, size);
+    // A block of no bytes could be neither locked nor read.
+    const HGLOBAL block = GlobalAlloc(GMEM_MOVEABLE, std::max<DWORD>(size, 1));
     if (!block)
         return FALSE;
-    if (size > 0)
+    if (data)
         std::memcpy(GlobalLock(block), data, size);
     GlobalUnlock(block);
     IStream* stream = nullptr;
@@ -109,13 +143,25 @@ void CDUIImage::SetCornerSize(int width, int height)
     m_nCornerHeight = height;
 }
 
-int CDUIImage::GetWidth() const { return m_pImage ? m_pImage->GetWidth() : -1; }
+int CDUIImage::GetWidth() const
+{
+    return m_pImage ? m_pImage->GetWidth() : -1;
+}
 
-int CDUIImage::GetHeight() const { return m_pImage ? m_pImage->GetHeight() : -1; }
+int CDUIImage::GetHeight() const
+{
+    return m_pImage ? m_pImage->GetHeight() : -1;
+}
 
-BOOL CDUIImage::IsNull() const { return !m_pImage || m_pImage->IsNull(); }
+BOOL CDUIImage::IsNull() const
+{
+    return !m_pImage || m_pImage->IsNull();
+}
 
-void CDUIImage::Destory() { m_pImage.reset(); }
+void CDUIImage::Destory()
+{
+    m_pImage.reset();
+}
 
 void CDUIImage::DrawImage(HDC hdc, const RECT& dest)
 {
@@ -132,7 +178,8 @@ void CDUIImage::DrawImage(HDC hdc, const RECT& dest, const RECT& source)
                               2 * static_cast<LONGLONG>(m_nCornerHeight) <= Height(source);
     if (m_nDrawStyle == DRAW_STYLE_TILE) {
         DrawTiled(hdc, dest);
-    } else if ((m_nDrawStyle == DRAW_STYLE_STRETCH_HORZ || m_nDrawStyle == DRAW_STYLE_STRETCH_VERT) && hasCorner) {
+    } else if ((m_nDrawStyle == DRAW_STYLE_STRETCH_HORZ || m_nDrawStyle == DRAW_STYLE_STRETCH_VERT) &&
+               hasCorner) {
         DrawThreeParts(hdc, dest, source, m_nDrawStyle == DRAW_STYLE_STRETCH_VERT);
     } else if (m_nDrawStyle == DRAW_STYLE_SQUARD && hasNineParts) {
         DrawNineParts(hdc, dest, source);
@@ -144,61 +191,57 @@ void CDUIImage::DrawImage(HDC hdc, const RECT& dest, const RECT& source)
 
 void CDUIImage::DrawParts(HDC hdc, const Part* parts, int count)
 {
-    const MemoryContext memory(hdc, *m_pImage);
+    const MemoryContext memory(*m_pImage);
     for (int i = 0; i < count; ++i)
         DrawPart(hdc, parts[i].dest, memory.Get(), parts[i].source, *m_pImage);
 }
 
 void CDUIImage::DrawThreeParts(HDC hdc, const RECT& dest, const RECT& source, bool vertical)
 {
-    const int cap = m_nCornerWidth;
-    const auto slice = [vertical](const RECT& rect, int from, int to) {
-        return vertical ? RECT{rect.left, rect.top + from, rect.right, rect.top + to}
-                        : RECT{rect.left + from, rect.top, rect.left + to, rect.bottom};
+    const Grid from = GridOf(source, m_nCornerWidth, m_nCornerWidth);
+    const Grid to = GridOf(dest, m_nCornerWidth, m_nCornerWidth);
+    const auto slice = [vertical](const Grid& grid, int index) {
+        return vertical ? RECT{grid.x[0], grid.y[index], grid.x[3], grid.y[index + 1]}
+                        : RECT{grid.x[index], grid.y[0], grid.x[index + 1], grid.y[3]};
     };
-    const int from = vertical ? Height(source) : Width(source);
-    const int to = vertical ? Height(dest) : Width(dest);
-    const Part parts[] = {
-        {slice(source, 0, cap), slice(dest, 0, cap)},
-        {slice(source, from - cap, from), slice(dest, to - cap, to)},
-        {slice(source, cap, from - cap), slice(dest, cap, to - cap)},
-    };
+    Part parts[3];
+    std::transform(std::begin(kCapsFirst), std::end(kCapsFirst), parts, [&](int index) {
+        return Part{slice(from, index), slice(to, index)};
+    });
     DrawParts(hdc, parts, 3);
 }
 
 void CDUIImage::DrawNineParts(HDC hdc, const RECT& dest, const RECT& source)
 {
-    // Column and row limits of one rectangle: outer edge, corner, corner, outer edge.
-    struct Grid {
-        int x[4];
-        int y[4];
-        RECT Cell(int column, int row) const { return {x[column], y[row], x[column + 1], y[row + 1]}; }
-    };
-    const auto gridOf = [this](const RECT& rect) {
-        return Grid{{rect.left, rect.left + m_nCornerWidth, rect.right - m_nCornerWidth, rect.right},
-                    {rect.top, rect.top + m_nCornerHeight, rect.bottom - m_nCornerHeight, rect.bottom}};
-    };
-    const Grid from = gridOf(source);
-    const Grid to = gridOf(dest);
-    // Corners and edges in the published order: where parts overlap in a small rectangle, the later wins.
-    constexpr int kOrder[9][2] = {{0, 0}, {2, 0}, {1, 0}, {0, 2}, {2, 2}, {0, 1}, {2, 1}, {1, 2}, {1, 1}};
+    const Grid from = GridOf(source, m_nCornerWidth, m_nCornerHeight);
+    const Grid to = GridOf(dest, m_nCornerWidth, m_nCornerHeight);
     Part parts[9];
-    for (int i = 0; i < 9; ++i)
-        parts[i] = {from.Cell(kOrder[i][0], kOrder[i][1]), to.Cell(kOrder[i][0], kOrder[i][1])};
+    std::transform(std::begin(kCornersFirst), std::end(kCornersFirst), parts, [&](const Cell& cell) {
+        return Part{from.Place(cell), to.Place(cell)};
+    });
     DrawParts(hdc, parts, 9);
 }
 
 void CDUIImage::DrawTiled(HDC hdc, const RECT& dest)
 {
+    // Tiles that the clipping hides are left out, however long the row is.
+    RECT box{};
+    if (GetClipBox(hdc, &box) == ERROR)
+        return;
     const RECT whole{0, 0, GetWidth(), GetHeight()};
-    const MemoryContext memory(hdc, *m_pImage);
-    for (LONGLONG x = dest.left; x < dest.right; x += whole.right) {
+    const LONGLONG hidden = std::max<LONGLONG>(0, static_cast<LONGLONG>(box.left) - dest.left) / whole.right;
+    const LONG end = std::min(dest.right, box.right);
+    const MemoryContext memory(*m_pImage);
+    for (LONGLONG x = dest.left + hidden * whole.right; x < end; x += whole.right) {
         const auto left = static_cast<LONG>(x);
-        DrawPart(hdc, {left, dest.top, left + whole.right, dest.top + whole.bottom}, memory.Get(), whole, *m_pImage);
+        const RECT tile{left, dest.top, WrappingSum(left, whole.right), WrappingSum(dest.top, whole.bottom)};
+        DrawPart(hdc, tile, memory.Get(), whole, *m_pImage);
     }
 }
 
-CDUIImageList::CDUIImageList(const CDUIImageList& other) : CDUIImage(other), m_nItemCount(other.m_nItemCount) {}
+CDUIImageList::CDUIImageList(const CDUIImageList& other) : CDUIImage(other), m_nItemCount(other.m_nItemCount)
+{
+}
 
 CDUIImageList& CDUIImageList::operator=(const CDUIImageList& other)
 {
@@ -206,6 +249,11 @@ CDUIImageList& CDUIImageList::operator=(const CDUIImageList& other)
     m_nItemCount = other.m_nItemCount ? other.m_nItemCount : 1;
     m_nDirection = other.m_nDirection;
     return *this;
+}
+
+void CDUIImageList::SetItemCount(DWORD count)
+{
+    m_nItemCount = static_cast<int>(std::clamp<DWORD>(count, 1, INT_MAX));
 }
 
 int CDUIImageList::GetIconWidth() const
@@ -249,8 +297,8 @@ HBITMAP CDUIImageList::GetIconBitmap(HDC, int index)
     if (!section.Create(static_cast<DWORD>(Width(icon)), static_cast<DWORD>(Height(icon)), 32))
         return nullptr;
     {
-        const MemoryContext target(nullptr, section.GetBitmap());
-        const MemoryContext source(nullptr, *GetRawImage());
+        const MemoryContext target(section.GetBitmap());
+        const MemoryContext source(*GetRawImage());
         DrawPart(target.Get(), {0, 0, Width(icon), Height(icon)}, source.Get(), icon, *GetRawImage());
     }
     return section.Detach();

@@ -1,14 +1,13 @@
 #include <qvui/render/render_engine.h>
 
-#include <qvui/render/dib_section.h>
+#include <algorithm>
+#include <cstring>
 
 #include "render/memory_context.h"
+#include "render/rectangles.h"
 
 namespace DUI {
 namespace {
-
-int Width(const RECT& rect) { return rect.right - rect.left; }
-int Height(const RECT& rect) { return rect.bottom - rect.top; }
 
 // Selects an object for one scope.
 class Selection {
@@ -23,11 +22,18 @@ private:
     HGDIOBJ m_hOld;
 };
 
+// Widths come from skins; no surface shows a difference beyond this.
+int UsefulPenWidth(int width)
+{
+    constexpr int kWidest = 0x7FFF;
+    return std::clamp(width, -kWidest, kWidest);
+}
+
 void Stroke(HDC hdc, int style, int x1, int y1, int x2, int y2, int penWidth, const CARGB& color)
 {
     if (penWidth == 0)
         return;
-    const HPEN pen = CreatePen(style, penWidth, color.GetColor());
+    const HPEN pen = CreatePen(style, UsefulPenWidth(penWidth), color.GetColor());
     {
         const Selection selected(hdc, pen);
         MoveToEx(hdc, x1, y1, nullptr);
@@ -47,26 +53,28 @@ void CDUIRenderEngine::FillRect(HDC hdc, const RECT& rect, const CARGB& color)
         ExtTextOutA(hdc, 0, 0, ETO_OPAQUE, &rect, nullptr, 0, nullptr);
         return;
     }
-    CDibSection pixel;
-    if (!pixel.Create(1, 1, 32))
+    static KeptSurface pixel(1, 1);
+    BYTE* const bytes = pixel.Pixels();
+    if (!bytes)
         return;
-    pixel.SetPixel(0, 0, color, FALSE);
-    pixel.AlphaBlend(hdc, rect, TRUE, color.GetA());
+    color.WriteToDIB4(bytes);
+    const BLENDFUNCTION blend{AC_SRC_OVER, 0, color.GetA(), AC_SRC_ALPHA};
+    AlphaBlend(hdc, rect.left, rect.top, Width(rect), Height(rect), pixel.Context(), 0, 0, 1, 1, blend);
 }
 
 void CDUIRenderEngine::DrawRectangleBorder(HDC hdc, const RECT& rect, const RECT& widths, const CARGB& color)
 {
-    if (widths.left + widths.right >= Width(rect) || widths.top + widths.bottom >= Height(rect)) {
+    if (static_cast<LONGLONG>(widths.left) + widths.right >= Width(rect) ||
+        static_cast<LONGLONG>(widths.top) + widths.bottom >= Height(rect)) {
         FillRect(hdc, rect, color);
         return;
     }
     // Top and bottom run the full width and the sides lie between, so no pixel is painted twice.
-    const int top = rect.top + widths.top;
-    const int bottom = rect.bottom - widths.bottom;
-    FillRect(hdc, {rect.left, top, rect.left + widths.left, bottom}, color);
-    FillRect(hdc, {rect.right - widths.right, top, rect.right, bottom}, color);
-    FillRect(hdc, {rect.left, rect.top, rect.right, top}, color);
-    FillRect(hdc, {rect.left, bottom, rect.right, rect.bottom}, color);
+    const RECT inner = Deflated(rect, widths);
+    FillRect(hdc, {rect.left, inner.top, inner.left, inner.bottom}, color);
+    FillRect(hdc, {inner.right, inner.top, rect.right, inner.bottom}, color);
+    FillRect(hdc, {rect.left, rect.top, rect.right, inner.top}, color);
+    FillRect(hdc, {rect.left, inner.bottom, rect.right, rect.bottom}, color);
 }
 
 void CDUIRenderEngine::DrawRoundRectBorder(HDC hdc, const RECT& rect, int ellipseWidth, int ellipseHeight,
@@ -74,7 +82,7 @@ void CDUIRenderEngine::DrawRoundRectBorder(HDC hdc, const RECT& rect, int ellips
 {
     if (penWidth <= 0 || IsRectEmpty(&rect))
         return;
-    const HPEN pen = CreatePen(PS_INSIDEFRAME, penWidth, color.GetColor());
+    const HPEN pen = CreatePen(PS_INSIDEFRAME, UsefulPenWidth(penWidth), color.GetColor());
     {
         const Selection selectedPen(hdc, pen);
         const Selection selectedBrush(hdc, GetStockObject(NULL_BRUSH));
@@ -83,7 +91,8 @@ void CDUIRenderEngine::DrawRoundRectBorder(HDC hdc, const RECT& rect, int ellips
     DeleteObject(pen);
 }
 
-void CDUIRenderEngine::DrawGradien(HDC hdc, const RECT& rect, const CARGB& from, const CARGB& to, int vertical)
+void CDUIRenderEngine::DrawGradien(HDC hdc, const RECT& rect, const CARGB& from, const CARGB& to,
+                                   int vertical)
 {
     if (IsRectEmpty(&rect))
         return;
@@ -93,13 +102,40 @@ void CDUIRenderEngine::DrawGradien(HDC hdc, const RECT& rect, const CARGB& from,
         GradientFill(hdc, rect, from.GetColor(), to.GetColor(), vertical);
         return;
     }
-    CDibSection buffer;
-    if (!buffer.Create(static_cast<DWORD>(Width(rect)), static_cast<DWORD>(Height(rect)), 32))
+    BlendGradient(hdc, rect, from, to, static_cast<BYTE>(alpha), vertical);
+}
+
+// All columns of a vertical gradient are alike, and all rows of a horizontal one. So one strip of it,
+// stretched across, blends to the same pixels as the whole; and only what the clipping lets through is
+// blended.
+void CDUIRenderEngine::BlendGradient(HDC hdc, const RECT& rect, const CARGB& from, const CARGB& to,
+                                     BYTE alpha, int vertical)
+{
+    constexpr int kStrip = 4096;
+    static KeptSurface column(1, kStrip);
+    static KeptSurface row(kStrip, 1);
+    const HDC strip = (vertical ? column : row).Context();
+    RECT box{};
+    RECT visible{};
+    if (!strip || GetClipBox(hdc, &box) == ERROR || !IntersectRect(&visible, &rect, &box))
         return;
-    const MemoryContext memory(hdc, buffer.GetBitmap());
-    GradientFill(memory.Get(), {0, 0, Width(rect), Height(rect)}, from.GetColor(), to.GetColor(), vertical);
-    const BLENDFUNCTION blend{AC_SRC_OVER, 0, static_cast<BYTE>(alpha), AC_SRC_ALPHA};
-    AlphaBlend(hdc, rect.left, rect.top, Width(rect), Height(rect), memory.Get(), 0, 0, Width(rect), Height(rect), blend);
+    const BLENDFUNCTION blend{AC_SRC_OVER, 0, alpha, AC_SRC_ALPHA};
+    const int end = vertical ? visible.bottom : visible.right;
+    for (int start = vertical ? visible.top : visible.left; start < end;
+         start += std::min(kStrip, end - start)) {
+        const int length = std::min(kStrip, end - start);
+        if (vertical) {
+            const RECT whole{0, WrappingDifference(rect.top, start), 1,
+                             WrappingDifference(rect.bottom, start)};
+            GradientFill(strip, whole, from.GetColor(), to.GetColor(), vertical);
+            AlphaBlend(hdc, visible.left, start, Width(visible), length, strip, 0, 0, 1, length, blend);
+        } else {
+            const RECT whole{WrappingDifference(rect.left, start), 0, WrappingDifference(rect.right, start),
+                             1};
+            GradientFill(strip, whole, from.GetColor(), to.GetColor(), vertical);
+            AlphaBlend(hdc, start, visible.top, length, Height(visible), strip, 0, 0, length, 1, blend);
+        }
+    }
 }
 
 void CDUIRenderEngine::GradientFill(HDC hdc, const RECT& rect, DWORD from, DWORD to, int vertical)
@@ -107,8 +143,12 @@ void CDUIRenderEngine::GradientFill(HDC hdc, const RECT& rect, DWORD from, DWORD
     // Alpha is full at both ends, so that a translucent gradient is opaque before its constant alpha applies.
     constexpr USHORT kOpaque = 0xFF00;
     const auto vertex = [](LONG x, LONG y, DWORD color) {
-        return TRIVERTEX{x, y, static_cast<USHORT>(GetRValue(color) << 8), static_cast<USHORT>(GetGValue(color) << 8),
-                         static_cast<USHORT>(GetBValue(color) << 8), kOpaque};
+        return TRIVERTEX{x,
+                         y,
+                         static_cast<USHORT>(GetRValue(color) << 8),
+                         static_cast<USHORT>(GetGValue(color) << 8),
+                         static_cast<USHORT>(GetBValue(color) << 8),
+                         kOpaque};
     };
     TRIVERTEX vertices[] = {vertex(rect.left, rect.top, from), vertex(rect.right, rect.bottom, to)};
     GRADIENT_RECT mesh{0, 1};
@@ -121,7 +161,8 @@ SIZE CDUIRenderEngine::GetTextIdealSize(const CString& text, HFONT font, int wid
     RECT rect{0, 0, width, 0};
     {
         const Selection selected(screen, font);
-        ::DrawTextA(screen, text, text.GetLength(), &rect, (format & ~DT_WORDBREAK) | DT_CALCRECT | DT_SINGLELINE);
+        ::DrawTextA(screen, text, text.GetLength(), &rect,
+                    (format & ~DT_WORDBREAK) | DT_CALCRECT | DT_SINGLELINE);
     }
     ReleaseDC(nullptr, screen);
     return {Width(rect), Height(rect)};
@@ -132,39 +173,42 @@ int CDUIRenderEngine::DrawTextA(HDC hdc, const char* text, int length, RECT* rec
     return ::DrawTextA(hdc, text, length, rect, format);
 }
 
+namespace {
+
+// The length in bytes of the piece of a vertical text that starts at `text`: a run of ASCII, or one
+// character.
+int PieceLength(const char* text, const char* end)
+{
+    const auto isAscii = [](char byte) { return static_cast<unsigned char>(byte) < 0x80; };
+    if (isAscii(*text))
+        return static_cast<int>(std::find_if_not(text, end, isAscii) - text);
+    if (GetACP() == CP_UTF8)
+        return CharacterLength(text, end);
+    return static_cast<int>(std::min<std::ptrdiff_t>(2, end - text));
+}
+
+}  // namespace
+
 int CDUIRenderEngine::DrawVText(HDC hdc, const char* text, int, RECT* rect, UINT format)
 {
     if (!rect || !text)
         return 0;
-    struct Piece {
-        const char* start;
-        int length;
-    };
-    const CString whole(text);
-    const char* const end = text + whole.GetLength();
-    const auto isAscii = [](char character) { return static_cast<unsigned char>(character) < 0x80; };
-    const auto pieceAt = [&](const char* at) {
-        if (!isAscii(*at))
-            return Piece{at, CharacterLength(at, end)};
-        const char* next = at;
-        while (next < end && isAscii(*next))
-            ++next;
-        return Piece{at, static_cast<int>(next - at)};
-    };
+    const char* const end = text + std::strlen(text);
     int count = 0;
-    for (const char* at = text; at < end; at += pieceAt(at).length)
+    for (const char* at = text; at < end; at += PieceLength(at, end))
         ++count;
     constexpr int kGap = 2;
     TEXTMETRICA metrics{};
     GetTextMetricsA(hdc, &metrics);
     const int step = metrics.tmHeight - metrics.tmInternalLeading + kGap;
     const int total = count * step;
-    int top = rect->top + (rect->bottom - total - rect->top) / 2;
-    for (const char* at = text; at < end; top += step) {
-        const Piece piece = pieceAt(at);
-        RECT line{rect->left, top, rect->right, top + step};
-        ::DrawTextA(hdc, piece.start, piece.length, &line, format);
-        at += piece.length;
+    int top =
+        WrappingSum(rect->top, WrappingDifference(WrappingDifference(rect->bottom, total), rect->top) / 2);
+    for (const char* at = text; at < end; top = WrappingSum(top, step)) {
+        const int length = PieceLength(at, end);
+        RECT line{rect->left, top, rect->right, WrappingSum(top, step)};
+        ::DrawTextA(hdc, at, length, &line, format);
+        at += length;
     }
     return total;
 }

@@ -20,7 +20,8 @@ public:
 
     void SetBKColor(const CARGB& color) { m_color = color; }
     void SetBKColor(const CARGB& start, const CARGB& end, int vertical);
-    void SetBKColor(const CARGB& start, const CARGB& end, const CARGB& middle, double separator, int vertical);
+    void SetBKColor(const CARGB& start, const CARGB& end, const CARGB& middle, double separator,
+                    int vertical);
     CARGB GetBKColor() const { return m_color; }
     void GetBKColor(CARGB& start, CARGB& end, int& vertical) const;
     void GetBKCOlor(CARGB& start, CARGB& end, CARGB& middle, double& separator, int& vertical) const;
@@ -44,7 +45,8 @@ private:
     double m_fSepPos = 0.5;
 };
 
-/// Where an image stands: 0 left top, 1 left bottom, 2 right top, 3 right bottom, 4 centre, and offsets inwards.
+/// Where an image stands: 0 left top, 1 left bottom, 2 right top, 3 right bottom, 4 centre, and offsets
+/// inwards.
 struct CFrameBKImagePos {
     int kind = 0;
     int x = 0;
@@ -88,8 +90,12 @@ public:
 
     BOOL IsFrameEmpty() const;
     BOOL IsColorFrameAvailable() const { return !IsFrameEmpty() && !m_frameColor.IsEmpty(); }
-    BOOL IsImageFrameAvailable() const { return !IsFrameEmpty() && m_pFrameImage && !m_pFrameImage->IsNull(); }
-    /// Shapes a window like the frame: cut from the frame image's magenta, or rounded. FALSE leaves the window.
+    BOOL IsImageFrameAvailable() const
+    {
+        return !IsFrameEmpty() && m_pFrameImage && !m_pFrameImage->IsNull();
+    }
+    /// Shapes a window like the frame: cut from the frame image's magenta, or rounded. FALSE leaves the
+    /// window.
     int SetWinFrameRgn(HWND hwnd);
 
 private:

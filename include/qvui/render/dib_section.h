@@ -5,8 +5,8 @@
 
 namespace DUI {
 
-/// Owns one device-independent bitmap section, rows bottom-up, each padded to 4 bytes. Pixels are blue, green,
-/// red (and alpha); nothing is premultiplied here: what is stored is what was written.
+/// Owns one device-independent bitmap section, rows bottom-up, each padded to 4 bytes. Pixels are blue,
+/// green, red (and alpha); nothing is premultiplied here: what is stored is what was written.
 class QVUI_API CDibSection : public CDUIObject {
 public:
     CDibSection() = default;
@@ -14,7 +14,8 @@ public:
     CDibSection& operator=(const CDibSection& other);
     ~CDibSection() override;
 
-    /// Discards any bitmap; FALSE, with the section empty, for a zero size or when there is no memory.
+    /// Discards any bitmap; FALSE, with the section empty, for a zero size, for 2 GB and more, or when the
+    /// platform makes no bitmap of that depth.
     BOOL Create(DWORD width, DWORD height, WORD bitCount);
     /// A copy of a bitmap's pixels, 24 bits deep when less than 24 are asked for, else 32.
     BOOL Create(HBITMAP bitmap, WORD bitCount);
@@ -24,7 +25,8 @@ public:
     void DeleteObject();
     /// Clears every field without deleting anything.
     void Reset();
-    /// The bitmap, which the caller owns from now on; header and bits are stale until the next Create or Reset.
+    /// The bitmap, which the caller owns from now on; header and bits are stale until the next Create or
+    /// Reset.
     HBITMAP Detach();
     BOOL CopyTo(CDibSection* dest) const;
     /// Takes over another section's bitmap and leaves it empty.
@@ -34,21 +36,29 @@ public:
     CDibSection* Clone() const;
 
     HBITMAP GetBitmap() const { return m_hBitmap; }
+    /// The bottom row's first byte.
     BYTE* GetBits() const { return m_pBits; }
+    /// Bytes per row.
     DWORD GetLineWidth() const { return m_nLineWidth; }
     WORD GetBitCount() const { return m_header.biBitCount; }
+    BITMAPINFOHEADER* GetDibHeader() { return &m_header; }
     const BITMAPINFOHEADER* GetDibHeader() const { return &m_header; }
+    /// Bytes per pixel.
     int GetPixelWidth() const { return m_header.biBitCount / 8; }
 
-    /// The caller keeps x and y inside; row 0 is the top with `fromTop`, else the bottom. Depths other than 24
-    /// and 32 read empty and write nothing.
+    /// The caller keeps x and y inside; row 0 is the top with `fromTop`, else the bottom. Depths other than
+    /// 24 and 32 read empty and write nothing.
     CARGB GetPixel(int x, int y, int fromTop) const;
     BOOL SetPixel(int x, int y, const CARGB& color, int fromTop);
 
-    /// Each draws the whole image and returns FALSE for an empty section or a null context.
+    /// Each draws the whole image and returns FALSE for an empty section or a null context. Draw keeps the
+    /// image's size, the others scale it into the rectangle; these two set the context's stretch mode to
+    /// COLORONCOLOR.
     BOOL Draw(HDC hdc, int x, int y) const;
     BOOL Stretch(HDC hdc, const RECT& rect) const;
+    /// With `perPixel` the image's own alpha counts too, and its colours are taken as premultiplied.
     BOOL AlphaBlend(HDC hdc, const RECT& rect, int perPixel, unsigned char alpha);
+    /// Leaves out the pixels of the key colour, a COLORREF.
     BOOL TransparentBlt(HDC hdc, const RECT& rect, DWORD keyColor);
 
     /// Writes a .bmp file; TRUE when every byte was written.

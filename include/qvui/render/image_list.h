@@ -78,11 +78,13 @@ public:
     CDUIImageList(const CDUIImageList& other);
     CDUIImageList& operator=(const CDUIImageList& other);
 
-    void SetItemCount(DWORD count) { m_nItemCount = count ? static_cast<int>(count) : 1; }
+    /// Icons in the strip; 0 means 1.
+    void SetItemCount(DWORD count);
     int GetItemCount() const { return m_nItemCount; }
     /// Nonzero: icons stand one above the other.
     void SetImageDirection(int vertical) { m_nDirection = vertical; }
     int GetImageDirection() const { return m_nDirection; }
+    /// The size of one icon in pixels; 0 when there are more icons than pixels.
     int GetIconWidth() const;
     int GetIconHeight() const;
 

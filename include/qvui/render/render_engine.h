@@ -13,26 +13,29 @@ public:
     CDUIRenderEngine& operator=(const CDUIRenderEngine&) { return *this; }
 
     static void FillRect(HDC hdc, const RECT& rect, const CARGB& color);
-    /// A border band inside `rect`; `widths` are the four thicknesses. Bands that would meet fill the rectangle.
+    /// A border band inside `rect`; `widths` are the four thicknesses. Bands that would meet fill the
+    /// rectangle.
     static void DrawRectangleBorder(HDC hdc, const RECT& rect, const RECT& widths, const CARGB& color);
-    static void DrawRoundRectBorder(HDC hdc, const RECT& rect, int ellipseWidth, int ellipseHeight, int penWidth,
-                                    const CARGB& color);
+    static void DrawRoundRectBorder(HDC hdc, const RECT& rect, int ellipseWidth, int ellipseHeight,
+                                    int penWidth, const CARGB& color);
     static void DrawGradien(HDC hdc, const RECT& rect, const CARGB& from, const CARGB& to, int vertical);
     /// The extent of the text on one line, whatever the format says.
     static SIZE GetTextIdealSize(const CString& text, HFONT font, int width, UINT format);
     static int DrawTextA(HDC hdc, const char* text, int length, RECT* rect, UINT format);
-    /// Each double-byte character (each non-ASCII one, in UTF-8) and each run of ASCII on a line of its own, the
-    /// block centred vertically. Returns the height drawn.
+    /// Each double-byte character (each non-ASCII one, in UTF-8) and each run of ASCII on a line of its own,
+    /// the block centred vertically. Returns the height drawn.
     static int DrawVText(HDC hdc, const char* text, int length, RECT* rect, UINT format);
     static void DrawLine(HDC hdc, int x1, int y1, int x2, int y2, int penWidth, const CARGB& color);
     static void DrawDashLine(HDC hdc, int x1, int y1, int x2, int y2, int penWidth, const CARGB& color);
 
 private:
     static void GradientFill(HDC hdc, const RECT& rect, DWORD from, DWORD to, int vertical);
+    static void BlendGradient(HDC hdc, const RECT& rect, const CARGB& from, const CARGB& to, BYTE alpha,
+                              int vertical);
 };
 
 /// Narrows a context's clipping to a rectangle (device coordinates) for its scope; afterwards the clipping is
-/// the old clip box.
+/// the old clip box. Not copyable: a copy would restore the clipping and delete both regions a second time.
 class QVUI_API CDUIRenderClip {
 public:
     CDUIRenderClip(HDC hdc, const RECT& rect);

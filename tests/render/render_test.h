@@ -1,0 +1,65 @@
+#pragma once
+
+#include <qvui/foundation/ref_ptr.h>
+#include <qvui/render/dib_section.h>
+
+#include <gtest/gtest.h>
+
+#include <cstdint>
+#include <ostream>
+#include <string>
+
+#include "platform/gdi/canvas.h"
+#include "support/leak_check.h"
+
+namespace DUI {
+
+inline void PrintTo(const CDibSection& section, std::ostream* out)
+{
+    *out << "a section of " << section.GetDibHeader()->biWidth << " x " << section.GetDibHeader()->biHeight;
+}
+
+}  // namespace DUI
+
+/// A test that fails when it leaves an object of the platform or a counted object behind.
+class RenderTest : public testing::Test {
+protected:
+    ~RenderTest() override { EXPECT_EQ(DUI::CRefCountBase::GetLiveCount(), m_counted) << "counted objects"; }
+
+private:
+    qvui::test::LeakCheck m_leaks;
+    std::size_t m_counted = DUI::CRefCountBase::GetLiveCount();
+};
+
+/// A colour from AARRGGBB.
+inline DUI::CARGB Argb(std::uint32_t color)
+{
+    return {static_cast<unsigned char>(color >> 16), static_cast<unsigned char>(color >> 8),
+            static_cast<unsigned char>(color), static_cast<unsigned char>(color >> 24)};
+}
+
+/// AARRGGBB of a colour.
+inline std::uint32_t Bits(const DUI::CARGB& color)
+{
+    return color.GetB() | (static_cast<std::uint32_t>(color.GetG()) << 8) |
+           (static_cast<std::uint32_t>(color.GetR()) << 16) |
+           (static_cast<std::uint32_t>(color.GetA()) << 24);
+}
+
+/// What the platform's blend makes of one pixel: per-pixel alpha times the constant alpha, premultiplied.
+/// Only for pixels whose sums stay below 256.
+inline std::uint32_t Blended(std::uint32_t source, std::uint32_t destination, std::uint32_t alpha)
+{
+    const std::uint32_t rest = 255 - Over255(Channel(source, 3) * alpha);
+    std::uint32_t pixel = 0;
+    for (int channel = 0; channel < 4; ++channel)
+        pixel |= (Over255(Channel(source, channel) * alpha) + Over255(Channel(destination, channel) * rest))
+                 << (8 * channel);
+    return pixel;
+}
+
+/// Whether a point lies in a rectangle.
+inline bool Holds(const RECT& rect, int x, int y)
+{
+    return x >= rect.left && x < rect.right && y >= rect.top && y < rect.bottom;
+}
