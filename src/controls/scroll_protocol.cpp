@@ -1,0 +1,169 @@
+#include <limits>
+
+#include <qvui/controls/scroll_bar.h>
+
+#include "controls/geometry.h"
+#include "framework/control_guard.h"
+#include "framework/scroll_bars.h"
+
+// How scrolling containers and their bars work together: the operations of CDUIControlBase that need the bars.
+
+namespace DUI {
+namespace {
+
+using namespace geometry;
+
+bool IsShown(const CDUIScrollBarBase* bar)
+{
+    return bar && bar->IsVisible(FALSE);
+}
+
+int ShowContent(CDUIControlBase& container, CDUIScrollBarBase* bar, LONGLONG viewLength, int content, int extra)
+{
+    if (!bar)
+        return FALSE;
+    const LONGLONG overflow = content - viewLength;
+    const bool wasShown = IsShown(bar);
+    if (overflow <= 0 && !wasShown)
+        return FALSE;
+    const ControlGuard keep(&container);
+    const ControlGuard keepBar(bar);
+    if (overflow <= 0) {
+        bar->ModifyStyle(DUISTYLE_VISIBLE, 0);
+        container.UpdateLayout(TRUE, nullptr);
+        return TRUE;
+    }
+    if (!wasShown)
+        bar->ModifyStyle(0, DUISTYLE_VISIBLE);
+    SCROLLINFO info{};
+    info.cbSize = sizeof(info);
+    info.fMask = wasShown ? SIF_RANGE | SIF_PAGE : SIF_ALL;
+    info.nMax = Narrow(overflow + extra);
+    info.nPage = static_cast<UINT>(Narrow(viewLength));
+    bar->SetScrollBarInfo(&info);
+    if (wasShown)
+        return FALSE;
+    container.UpdateLayout(TRUE, nullptr);
+    return TRUE;
+}
+
+int PositionOf(CDUIScrollBarBase& bar)
+{
+    SCROLLINFO info{};
+    bar.GetScrollBarInfo(&info);
+    return info.nPos;
+}
+
+void MoveTo(CDUIControlBase& container, CDUIScrollBarBase& bar, LONGLONG position)
+{
+    const ControlGuard keep(&container);
+    SCROLLINFO info{};
+    info.cbSize = sizeof(info);
+    info.fMask = SIF_POS;
+    info.nPos = Narrow(position);
+    bar.SetScrollBarInfo(&info);
+    container.UpdateLayout(TRUE, nullptr);
+}
+
+void ScrollByEvent(CDUIControlBase& container, CDUIScrollBarBase* bar, LONGLONG page, const tagDUIEvent& event)
+{
+    if (!bar)
+        return;
+    LONGLONG position = PositionOf(*bar);
+    switch (event.wParam) {
+        case SB_LINEUP:
+            position -= container.GetScrollLineStep();
+            break;
+        case SB_LINEDOWN:
+            position += container.GetScrollLineStep();
+            break;
+        case SB_PAGEUP:
+            position -= page;
+            break;
+        case SB_PAGEDOWN:
+            position += page;
+            break;
+        case SB_THUMBTRACK:
+            position = event.lParam;
+            break;
+        default:
+            return;
+    }
+    MoveTo(container, *bar, position);
+}
+
+/// The bar that the wheel moves; null when neither is shown.
+CDUIScrollBarBase* WheelBarOf(CDUIControlBase& container)
+{
+    CDUIScrollBarBase* const vertical = container.GetVerticalSB();
+    CDUIScrollBarBase* const bar = IsShown(vertical) ? vertical : container.GetHorizontalSB();
+    return IsShown(bar) ? bar : nullptr;
+}
+
+struct WheelSearch {
+    const IDUIControl* above;
+    POINT point;
+};
+
+IDUIControl* FindWheelTarget(IDUIControl* control, void* data)
+{
+    const auto& search = *static_cast<const WheelSearch*>(data);
+    const RECT rect = control->GetControlRect();
+    if (control == search.above || !PtInRect(&rect, search.point))
+        return nullptr;
+    auto* const container = InterfaceOf<CDUIControlBase>(control, "control_base");
+    return container && WheelBarOf(*container) ? control : nullptr;
+}
+
+}  // namespace
+
+IDUIControl* VerticalScrollBarOf(CDUIControlBase& container)
+{
+    return container.GetVerticalSB();
+}
+
+IDUIControl* HorizontalScrollBarOf(CDUIControlBase& container)
+{
+    return container.GetHorizontalSB();
+}
+
+int CDUIControlBase::ProcessVerticalSB(RECT rcView, int nContent, int nExtra)
+{
+    return ShowContent(*this, GetVerticalSB(), Height(rcView), nContent, nExtra);
+}
+
+int CDUIControlBase::ProcessHorizontalSB(RECT rcView, int nContent, int nExtra)
+{
+    return ShowContent(*this, GetHorizontalSB(), Width(rcView), nContent, nExtra);
+}
+
+void CDUIControlBase::OnVertialSBEvent(const tagDUIEvent& event)
+{
+    ScrollByEvent(*this, GetVerticalSB(), Height(GetControlRect()), event);
+}
+
+void CDUIControlBase::OnHorizontalSBEvent(const tagDUIEvent& event)
+{
+    ScrollByEvent(*this, GetHorizontalSB(), Width(GetControlRect()), event);
+}
+
+void CDUIControlBase::OnMouseWheel(const tagDUIEvent& event)
+{
+    if (CDUIScrollBarBase* const bar = WheelBarOf(*this)) {
+        const bool isUp = static_cast<short>(HIWORD(event.wParam)) > 0;
+        MoveTo(*this, *bar, LONGLONG{PositionOf(*bar)} + (isUp ? -GetScrollLineStep() : GetScrollLineStep()));
+        return;
+    }
+    // The window gives the wheel to the outermost control. What cannot scroll passes it on to the outermost
+    // container below the pointer that can.
+    WheelSearch search{this, event.ptMouse};
+    IDUIControl* const target =
+        FindControl(FindWheelTarget, &search, DUIFIND_VISIBLE | DUIFIND_ENABLED | DUIFIND_ME_FIRST);
+    if (!target)
+        return;
+    const ControlGuard keep(target);
+    BOOL bHandled = FALSE;
+    target->OnDUIEvent(event, bHandled);
+}
+
+}  // namespace DUI
