@@ -1,0 +1,70 @@
+#pragma once
+
+#include <qvui/controls/scroll_bar.h>
+#include <qvui/layout/canvas.h>
+
+namespace DUI {
+
+class QVUI_API IDUITileLayout : public CDUICanvas {
+public:
+    /// 0, and every negative number: as many as the width holds. Asks for no layout.
+    virtual void SetColumnCount(int count) = 0;
+    /// What was set; the number that a layout worked out is not kept.
+    virtual int GetColumnCount() const = 0;
+
+protected:
+    IDUITileLayout() = default;
+    IDUITileLayout(const IDUITileLayout& other) = default;
+};
+
+/// Places its visible children in columns of equal width, row by row. A row is as high as its highest child,
+/// or as the layout's own "height". Without column_count there are as many columns as it takes for the widest
+/// child to reach the right edge. "padding" is the gap between columns. Content that is too high scrolls,
+/// with a scroll bar in the skin's control style "cs_v_scrollbar".
+///
+/// Skin attributes: column_count, padding_height, vscroll_style.
+class QVUI_API CDUITileLayout : public IDUITileLayout {
+public:
+    CDUITileLayout();
+    static const ControlClass& Class();
+
+    void* GetInterface(const CString& name) override;
+    CRefPtr<IDUIControl> Clone() override;
+    void SetControlRect(const RECT& rect) override;
+    void SetAttribute(const CString& name, const CString& value) override;
+
+    /// Borrowed; there is one while the layout is attached to a window.
+    CDUIVerticalSB* GetVerticalSB() override { return m_pScrollBar.GetPtr(); }
+
+protected:
+    /// The copy has a scroll bar of its own when the source has one.
+    CDUITileLayout(const CDUITileLayout& other);
+
+    void OnCreate() override;
+    void OnDestroy() override;
+
+public:
+    void SetColumnCount(int count) override { m_nColumnCount = count < 0 ? 0 : count; }
+    int GetColumnCount() const override { return m_nColumnCount; }
+
+    /// Scrolls a layout whose column count is set to 1 so that the child's bottom edge stands at the
+    /// layout's, or to the top. Other layouts, and those without a visible scroll bar, stay as they are.
+    void MakeSureControlVisible(IDUIControl* child);
+
+    /// The gap between rows, in pixels. Asks for no layout.
+    void SetRowGap(int gap) { m_nRowGap = gap; }
+    int GetRowGap() const { return m_nRowGap; }
+
+protected:
+    /// The number of columns in a rectangle when none is set; 0 without a visible child.
+    int CalculateColumnCount(RECT& rect);
+
+private:
+    void Repaint();
+
+    CRefPtr<CDUIVerticalSB> m_pScrollBar;
+    int m_nColumnCount = 0;
+    int m_nRowGap = 0;
+};
+
+}  // namespace DUI

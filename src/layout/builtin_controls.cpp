@@ -1,0 +1,68 @@
+#include <qvui/controls/button.h>
+#include <qvui/controls/check_button.h>
+#include <qvui/controls/hyper_link.h>
+#include <qvui/controls/label.h>
+#include <qvui/controls/picture_box.h>
+#include <qvui/controls/progress_bar.h>
+#include <qvui/controls/scroll_bar.h>
+#include <qvui/controls/track_bar.h>
+#include <qvui/framework/control_factory.h>
+#include <qvui/layout/dialog_layout.h>
+#include <qvui/layout/dock_layout.h>
+#include <qvui/layout/frame_panel.h>
+#include <qvui/layout/linear_layout.h>
+#include <qvui/layout/padding_panel.h>
+#include <qvui/layout/split.h>
+#include <qvui/layout/tab_layout.h>
+#include <qvui/layout/tile_layout.h>
+
+// Here, in the last room, because it names the controls of all rooms.
+
+namespace DUI {
+namespace {
+
+template <class Control>
+IDUIControl* Make()
+{
+    return new Control;
+}
+
+template <class Control>
+BuiltinControl Tag(const char* tag)
+{
+    return {tag, &Make<Control>, &Control::Class};
+}
+
+}  // namespace
+
+const std::vector<BuiltinControl>& BuiltinControls()
+{
+    static const std::vector<BuiltinControl> controls{
+        Tag<CDUIHorizontalLayout>("horz_layout"),
+        Tag<CDUIVerticalLayout>("vert_layout"),
+        Tag<CDUITileLayout>("tile_layout"),
+        Tag<CDUIDialogLayout>("dialog_layout"),
+        Tag<CDUIDockLayout>("dock_layout"),
+        Tag<CDUIVerticalSplit>("vert_split"),
+        Tag<CDUIHorizontalSplit>("horz_split"),
+        Tag<CDUICanvas>("canvas"),
+        Tag<CDUIPaddingPanel>("padding_panel"),
+        Tag<CDUIFramePanel>("frame_panel"),
+        Tag<CDUIButton>("button"),
+        Tag<CDUIRadioButton>("radio_button"),
+        Tag<CDUICheckBox>("check_box"),
+        Tag<CDUILabel>("label"),
+        Tag<CDUIHyperLink>("hyperlink"),
+        Tag<CDUIVerticalSB>("vert_scrollbar"),
+        Tag<CDUIHorizontalSB>("horz_scrollbar"),
+        Tag<CDUIVerticalProgressBar>("vert_progressbar"),
+        Tag<CDUIHorizontalProgressBar>("horz_progressbar"),
+        Tag<CDUIVerticalTrackBar>("vert_trackbar"),
+        Tag<CDUIHorizontalTrackBar>("horz_trackbar"),
+        Tag<CDUITabLayout>("tab_layout"),
+        Tag<CDUIPictureBox>("picturebox"),
+    };
+    return controls;
+}
+
+}  // namespace DUI

@@ -1,0 +1,185 @@
+#include <qvui/layout/tile_layout.h>
+
+#include <algorithm>
+
+#include "controls/owned_scroll_bar.h"
+#include "layout/children.h"
+#include "layout/tile_grid.h"
+
+namespace DUI {
+namespace {
+
+using namespace geometry;
+using namespace layout;
+
+constexpr int kScrollBarWidth = 7;
+// The height that a tile is offered: as much as it wants.
+constexpr LONG kUnlimited = 32767;
+
+const AttributeTable<CDUITileLayout>& Attributes()
+{
+    static const AttributeTable<CDUITileLayout> table{
+        {"column_count",
+         {AttributeKind::Integer, "0"},
+         "The number of columns; 0: as many as the width holds.",
+         [](CDUITileLayout& tiles, const CString& value) { tiles.SetColumnCount(ReadInteger(value)); }},
+        {"padding_height",
+         {AttributeKind::Integer, "0"},
+         "The gap between rows, in pixels.",
+         [](CDUITileLayout& tiles, const CString& value) { tiles.SetRowGap(ReadInteger(value)); }},
+        {"vscroll_style", AttributeKind::ControlStyle,
+         "The style of the scroll bar that the layout has; a bar made later has \"cs_v_scrollbar\".",
+         [](CDUITileLayout& tiles, const CString& value) {
+             if (CDUIVerticalSB* const bar = tiles.GetVerticalSB())
+                 bar->SetAttribute("control_style", value);
+         }},
+    };
+    return table;
+}
+
+// Empty numbers will do for rows of a given height.
+std::vector<LONG> AskHeights(const Children& tiles, LONG columnWidth, bool isNeeded)
+{
+    std::vector<LONG> heights(tiles.size(), 0);
+    for (std::size_t i = 0; isNeeded && i < tiles.size(); ++i) {
+        SIZE size{0, 0};
+        if (tiles[i]->EstimateSize({columnWidth, kUnlimited}, size))
+            heights[i] = size.cy;
+    }
+    return heights;
+}
+
+}  // namespace
+
+const ControlClass& CDUITileLayout::Class()
+{
+    static const ControlClass info("CDUITileLayout", &CDUICanvas::Class(),
+                                   "Places its children in columns of equal width, and scrolls.",
+                                   {"tile_layout"}, &Attributes());
+    return info;
+}
+
+CDUITileLayout::CDUITileLayout()
+{
+    ModifyStyle(0, DUISTYLE_TRANSPARENT);
+}
+
+CDUITileLayout::CDUITileLayout(const CDUITileLayout& other)
+    : IDUITileLayout(other),
+      m_pScrollBar(owned_scroll_bar::Clone(other.m_pScrollBar)),
+      m_nColumnCount(other.m_nColumnCount),
+      m_nRowGap(other.m_nRowGap)
+{
+    ModifyStyle(0, DUISTYLE_TRANSPARENT);
+}
+
+void* CDUITileLayout::GetInterface(const CString& name)
+{
+    return Class().Answers(name) ? this : nullptr;
+}
+
+CRefPtr<IDUIControl> CDUITileLayout::Clone()
+{
+    return new CDUITileLayout(*this);
+}
+
+void CDUITileLayout::SetAttribute(const CString& name, const CString& value)
+{
+    if (!Attributes().Apply(*this, name, value))
+        CDUICanvas::SetAttribute(name, value);
+}
+
+void CDUITileLayout::SetControlRect(const RECT& rect)
+{
+    StoreControlRect(rect);
+    if (GetControlCount() == 0)
+        return;
+    TileGrid grid;
+    grid.view = GetContentRect();
+    grid.position = owned_scroll_bar::Reserve(GetVerticalSB(), grid.view);
+    if (IsRectEmpty(&grid.view)) {
+        PlaceAll(*this, grid.view);
+        return;
+    }
+    grid.columns = m_nColumnCount > 0 ? m_nColumnCount : CalculateColumnCount(grid.view);
+    if (grid.columns == 0)
+        return;
+    grid.columnGap = GetPaddingWidth();
+    grid.rowGap = m_nRowGap;
+    grid.rowHeight = GetFixedSize().cy;
+
+    const Children tiles = VisibleChildren(*this);
+    const LONG columnWidth = ColumnWidth(Width(grid.view), grid.columns, grid.columnGap);
+    const TilePlaces places = PlaceTiles(grid, AskHeights(tiles, columnWidth, grid.rowHeight == 0));
+    for (std::size_t i = 0; i < tiles.size(); ++i)
+        tiles[i]->SetControlRect(places.rects[i]);
+    ProcessVerticalSB(grid.view, Narrow(places.content), 0);
+    Repaint();
+}
+
+int CDUITileLayout::CalculateColumnCount(RECT& rect)
+{
+    const SIZE available{Narrow(Width(rect)), Narrow(Height(rect))};
+    const Children tiles = VisibleChildren(*this);
+    LONG widest = 0;
+    for (const CRefPtr<IDUIControl>& tile : tiles) {
+        SIZE size{0, 0};
+        if (tile->EstimateSize(available, size))
+            widest = std::max(widest, size.cx);
+    }
+    return CountColumns(Width(rect), widest, GetPaddingWidth(), static_cast<int>(tiles.size()));
+}
+
+// At once: while it is scrolled, the content must not lag behind the scroll bar.
+void CDUITileLayout::Repaint()
+{
+    const HWND window = GetManagerWnd(FALSE);
+    if (!IsWindow(window))
+        return;
+    const RECT content = GetContentRect();
+    InvalidateRect(window, &content, FALSE);
+    UpdateWindow(window);
+}
+
+void CDUITileLayout::MakeSureControlVisible(IDUIControl* child)
+{
+    if (m_nColumnCount != 1)
+        return;
+    LONGLONG bottom = 0;
+    const int count = GetControlCount();
+    int index = 0;
+    for (; index < count; ++index) {
+        IDUIControl* const tile = GetControlByIndex(index);
+        bottom += Height(tile->GetControlRect()) + (index + 1 < count ? m_nRowGap : 0);
+        if (tile == child)
+            break;
+    }
+    CDUIVerticalSB* const bar = GetVerticalSB();
+    if (index == count || !bar || !bar->IsVisible(FALSE))
+        return;
+    SCROLLINFO info{};
+    info.cbSize = sizeof info;
+    info.fMask = SIF_POS;
+    info.nPos = Narrow(std::max<LONGLONG>(0, bottom - Height(GetControlRect())));
+    bar->SetScrollBarInfo(&info);
+    UpdateLayout(TRUE, nullptr);
+}
+
+void CDUITileLayout::OnCreate()
+{
+    if (m_pScrollBar.IsNull())
+        m_pScrollBar = owned_scroll_bar::Create<CDUIVerticalSB>();
+    if (m_pScrollBar.IsNull())
+        return;
+    m_pScrollBar->SetFixedWidth(kScrollBarWidth);
+    m_pScrollBar->SetAttribute("control_style", "cs_v_scrollbar");
+    owned_scroll_bar::Attach(m_pScrollBar, *this);
+}
+
+void CDUITileLayout::OnDestroy()
+{
+    owned_scroll_bar::Release(m_pScrollBar);
+    IDUITileLayout::OnDestroy();
+}
+
+}  // namespace DUI
