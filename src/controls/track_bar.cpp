@@ -135,8 +135,15 @@ CDUITrackBarBase::CDUITrackBarBase(const CDUITrackBarBase& other)
 
 CDUITrackBarBase::~CDUITrackBarBase()
 {
-    // A tree that goes while it is attached has had no OnDestroy, and somebody else may hold the thumb.
-    SubclassControl(CDUITrackBarBase::GetThumbButton(), FALSE);
+    ListenToThumb(nullptr);
+}
+
+// Holds the thumb as long as it knows this bar: an application may take the thumb away and keep it.
+void CDUITrackBarBase::ListenToThumb(CRefPtr<CDUITrackBarThumb> thumb)
+{
+    SubclassControl(m_pHeard.GetPtr(), FALSE);
+    m_pHeard = std::move(thumb);
+    SubclassControl(m_pHeard.GetPtr(), TRUE);
 }
 
 CRefPtr<IDUIControl> CDUIHorizontalTrackBar::Clone()
@@ -152,13 +159,13 @@ CRefPtr<IDUIControl> CDUIVerticalTrackBar::Clone()
 void CDUITrackBarBase::OnCreate()
 {
     CDUIControlBase::OnCreate();
-    SubclassControl(GetThumbButton(), TRUE);
+    ListenToThumb(GetThumbButton());
 }
 
 void CDUITrackBarBase::OnDestroy()
 {
     EndDrag();
-    SubclassControl(GetThumbButton(), FALSE);
+    ListenToThumb(nullptr);
     CDUIControlBase::OnDestroy();
 }
 

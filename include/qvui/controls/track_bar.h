@@ -91,6 +91,7 @@ private:
 
     bool HandleEvent(const tagDUIEvent& event);
     bool MoveByKey(WPARAM key);
+    void ListenToThumb(CRefPtr<CDUITrackBarThumb> thumb);
     void StartDrag();
     void EndDrag();
 
@@ -98,6 +99,7 @@ private:
     RECT GetFilledRect();
     void PaintPercent(HDC hdc);
 
+    CRefPtr<CDUITrackBarThumb> m_pHeard;  // the thumb whose events come here first
     CTrackBarUIData m_uiData;
     int m_nMin = 0;
     int m_nMax = 0;
