@@ -1,10 +1,7 @@
-#include <limits>
-
 #include <qvui/controls/scroll_bar.h>
 
 #include "controls/geometry.h"
 #include "framework/control_guard.h"
-#include "framework/scroll_bars.h"
 
 // How scrolling containers and their bars work together: the operations of CDUIControlBase that need the bars.
 
@@ -116,16 +113,6 @@ IDUIControl* FindWheelTarget(IDUIControl* control, void* data)
 }
 
 }  // namespace
-
-IDUIControl* VerticalScrollBarOf(CDUIControlBase& container)
-{
-    return container.GetVerticalSB();
-}
-
-IDUIControl* HorizontalScrollBarOf(CDUIControlBase& container)
-{
-    return container.GetHorizontalSB();
-}
 
 int CDUIControlBase::ProcessVerticalSB(RECT rcView, int nContent, int nExtra)
 {
