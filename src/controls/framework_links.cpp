@@ -1,9 +1,16 @@
 #include <qvui/controls/button.h>
+#include <qvui/controls/scroll_bar.h>
 #include <qvui/framework/window_mgr.h>
 
-// What the window manager declares and only a room that knows buttons can define.
+#include "framework/scroll_bars.h"
+
+// What the framework declares and only a room that knows buttons and scroll bars can define.
 
 namespace DUI {
+
+IDUIControl* VerticalScrollBarOf(CDUIControlBase& container) { return container.GetVerticalSB(); }
+
+IDUIControl* HorizontalScrollBarOf(CDUIControlBase& container) { return container.GetHorizontalSB(); }
 
 BOOL CDUIWindowMgr::SetButtonChecked(const CString& name, BOOL bCheck)
 {
