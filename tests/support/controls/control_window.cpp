@@ -50,6 +50,8 @@ ControlWindow::ControlWindow(SIZE client, DUI::CRefPtr<DUI::IDUIControl> root) :
 
 void ControlWindow::Start()
 {
+    // A pointer that the last window left here would make a control hot.
+    SetCursorPos(GetSystemMetrics(SM_CXSCREEN) - 1, GetSystemMetrics(SM_CYSCREEN) - 1);
     InitWindowMgr();
     // Controls that made scroll bars when they were attached are laid out with them.
     LayoutRootControl();
@@ -104,8 +106,9 @@ void ControlWindow::OnDUINotify(const DUI::tagDUINotify& notify, BOOL& bHandled)
         m_noticed.push_back({notify.nCode, notify.pSender ? notify.pSender->GetName().GetString() : "",
                              notify.wParam, notify.lParam});
     CDUIWindowMgr::OnDUINotify(notify, bHandled);
-    if (m_onNotify)
-        std::function<void(const DUI::tagDUINotify&)>(m_onNotify)(notify);
+    // A copy: the call may end this object.
+    if (const auto call = m_onNotify)
+        call(notify);
 }
 
 std::vector<Noticed> ControlWindow::TakeNotifications()
