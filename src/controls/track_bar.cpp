@@ -186,8 +186,9 @@ void CDUITrackBarBase::SetTooltip(const CString& tooltip)
 
 void CDUITrackBarBase::SetControlRect(const RECT& rect)
 {
-    CDUIControlBase::SetControlRect(rect);
+    StoreControlRect(rect);
     PlaceThumb();
+    UpdateLayout(FALSE, nullptr);
 }
 
 void CDUITrackBarBase::SetAttribute(const CString& name, const CString& value)

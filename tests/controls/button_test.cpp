@@ -1,0 +1,371 @@
+#include <qvui/controls/button.h>
+#include <qvui/render/render_engine.h>
+
+#include "controls/big_text.h"
+#include "controls/pixels.h"
+#include "support/controls/control_test.h"
+
+namespace qvui::test {
+namespace {
+
+using namespace DUI;
+
+class Button : public ControlTest {
+public:
+    Button() : ControlTest(BigText()) {}
+};
+
+CDUIButton* RootButton(ControlWindow& window)
+{
+    return dynamic_cast<CDUIButton*>(window.GetRootControl());
+}
+
+const Noticed kClick{DUINOTIFY_CLICK, "b", 0, 0};
+
+TEST_F(Button, ShowsImageColourAndFontOfItsState)
+{
+    struct Case {
+        const char* name;
+        DWORD status;
+        std::uint32_t image;
+        std::uint32_t text;
+        bool isSmall;
+    };
+    constexpr DWORD kHot = DUISTATUS_HOT, kPushed = DUISTATUS_PUSHED, kChecked = DUISTATUS_CHECKED;
+    const Case cases[] = {
+        {"normal", 0, kRed, kWhite, false},
+        {"hot, without a font of its own", kHot, kGreen, kCyan, false},
+        {"pushed", kPushed | kHot, kBlue, kYellow, true},
+        {"pushed, and the pointer has left", kPushed, kGreen, kCyan, false},
+        {"checked", kChecked, kBlue, kYellow, true},
+        {"checked and hot", kChecked | kHot, kGreen, kCyan, false},
+        {"focused changes nothing", DUISTATUS_FOCUSED, kRed, kWhite, false},
+        {"disabled wins", DUISTATUS_DISABLED | kChecked | kPushed | kHot, kGrey, kMagenta, false},
+    };
+    ControlWindow window({100, 60}, R"(<button back_image="strip" text="#HH" text_style="big"/>)");
+    const LONG bigHeight = [&window] {
+        const RECT text = BoundsOf(window.Paint(), kWhite);
+        return text.bottom - text.top;
+    }();
+    for (const Case& c : cases) {
+        RootButton(window)->ModifyStatus(0xFFFFFFFF, c.status);
+        const ClientPixels pixels = window.Paint();
+        EXPECT_EQ(pixels.At(98, 58), c.image) << c.name;
+        const RECT text = BoundsOf(pixels, c.text);
+        EXPECT_FALSE(IsRectEmpty(&text)) << c.name;
+        EXPECT_EQ(text.bottom - text.top < bigHeight, c.isSmall) << c.name;
+    }
+}
+
+TEST_F(Button, AStripThatIsTooShortShowsItsFirstIcon)
+{
+    ControlWindow window({40, 40}, R"(<button back_image="strip2" icon="dot" button_style="center_icon"/>)");
+    RootButton(window)->SetEnable(FALSE);
+    const ClientPixels pixels = window.Paint();
+    EXPECT_EQ(pixels.At(1, 1), kRed);
+    EXPECT_EQ(Bounds(pixels, kBlue), "16,16,24,24");
+}
+
+TEST_F(Button, PlacesIconAndText)
+{
+    struct Case {
+        const char* style;
+        const char* icon;
+        const char* text;
+    };
+    // 100x60 with the margin 3,4,5,6, an icon of 20x20 and 7 pixels of padding.
+    const Case cases[] = {
+        {"", "0,0,0,0", "3,4,95,54"},
+        {"center_icon", "40,20,60,40", "3,4,95,54"},
+        {"left_icon", "3,20,23,40", "30,4,95,54"},
+        {"right_icon", "75,20,95,40", "3,4,68,54"},
+        {"top_icon", "40,4,60,24", "3,31,95,54"},
+        {"bottom_icon", "40,34,60,54", "3,4,95,27"},
+        {"bottom_icon, right_icon, left_icon", "3,20,23,40", "30,4,95,54"},
+        {"Left_icon", "0,0,0,0", "3,4,95,54"},
+        {"left_icon no_text", "3,20,23,40", "0,0,0,0"},
+    };
+    ControlWindow window(
+        {100, 60},
+        OnBlue(R"(<button icon="strip" text="#H" text_style="big" padding="7" margin="3,4,5,6"/>)"));
+    CDUIButton* const button = RootButton(window);
+    for (const Case& c : cases) {
+        button->SetAttribute("button_style", c.style);
+        const ClientPixels pixels = window.Paint();
+        EXPECT_EQ(Text(button->GetIconRect()), c.icon) << c.style;
+        EXPECT_EQ(Text(button->GetTextRect()), c.text) << c.style;
+        EXPECT_EQ(Bounds(pixels, kRed), c.icon) << c.style;
+        const RECT drawn = BoundsOf(pixels, kWhite);
+        RECT inside{};
+        IntersectRect(&inside, &drawn, &button->GetTextRect());
+        EXPECT_EQ(Text(inside), Text(drawn)) << c.style << ": text is drawn in its rectangle only";
+    }
+}
+
+TEST_F(Button, CutsAnIconThatDoesNotFit)
+{
+    ControlWindow window({12, 10}, R"(<button icon="strip" button_style="center_icon"/>)");
+    window.Paint();
+    EXPECT_EQ(Text(RootButton(window)->GetIconRect()), "0,0,12,10");
+}
+
+TEST_F(Button, VerticalTextStandsInOneColumn)
+{
+    ControlWindow window({200, 200}, OnBlue(R"(<button text="#中文" text_style="big"/>)"));
+    const RECT flat = BoundsOf(window.Paint(), kWhite);
+    RootButton(window)->SetAttribute("button_style", "ver_text");
+    const RECT upright = BoundsOf(window.Paint(), kWhite);
+    EXPECT_LT(upright.right - upright.left, flat.right - flat.left);
+    EXPECT_GT(upright.bottom - upright.top, flat.bottom - flat.top);
+}
+
+TEST_F(Button, EstimatesItsSize)
+{
+    struct Case {
+        const char* name;
+        const char* attributes;
+        SIZE (*expected)(SIZE text);
+    };
+    const Case cases[] = {
+        {"nothing but margins", R"(margin="1,2,3,4")",
+         [](SIZE) {
+             return SIZE{4, 6};
+         }},
+        {"text", R"(text="#Save")", [](SIZE t) { return t; }},
+        {"an icon that is not placed", R"(text="#Save" icon="strip")", [](SIZE t) { return t; }},
+        {"icon at the left", R"(text="#Save" icon="strip" button_style="left_icon" padding="7")",
+         [](SIZE t) {
+             return SIZE{t.cx + 27, std::max<LONG>(t.cy, 20)};
+         }},
+        {"icon at the right", R"(text="#Save" icon="strip" button_style="right_icon")",
+         [](SIZE t) {
+             return SIZE{t.cx + 20, std::max<LONG>(t.cy, 20)};
+         }},
+        {"icon above", R"(text="#Save" icon="strip" button_style="top_icon" padding="7")",
+         [](SIZE t) {
+             return SIZE{std::max<LONG>(t.cx, 20), t.cy + 27};
+         }},
+        {"icon below", R"(text="#Save" icon="strip" button_style="bottom_icon")",
+         [](SIZE t) {
+             return SIZE{std::max<LONG>(t.cx, 20), t.cy + 20};
+         }},
+        {"icon in the middle", R"(text="#Save" icon="strip" button_style="center_icon" padding="7")",
+         [](SIZE t) {
+             return SIZE{std::max<LONG>(t.cx, 20), std::max<LONG>(t.cy, 20)};
+         }},
+        {"icon without text",
+         R"(text="#Save" icon="strip" button_style="left_icon no_text" margin="1,2,3,4")",
+         [](SIZE) {
+             return SIZE{24, 26};
+         }},
+        {"the back image alone counts for nothing", R"(back_image="strip")",
+         [](SIZE) {
+             return SIZE{0, 0};
+         }},
+        {"auto fit ignores all else",
+         R"(back_image="strip" text="#Save" button_style="auto_fit" width="7" margin="1,2,3,4")",
+         [](SIZE) {
+             return SIZE{20, 20};
+         }},
+        {"auto fit without an image", R"(text="#Save" button_style="auto_fit")", [](SIZE t) { return t; }},
+        {"fixed width", R"(text="#Save" width="300" margin="1,2,3,4")",
+         [](SIZE t) {
+             return SIZE{300, t.cy + 6};
+         }},
+        {"fixed height", R"(text="#Save" height="1")",
+         [](SIZE t) {
+             return SIZE{t.cx, 1};
+         }},
+    };
+    const HFONT font = Skin().Manager().GetTextStyle("normal")->GetNormalFont()->GetFont();
+    const SIZE text = CDUIRenderEngine::GetTextIdealSize("Save", font, 0, DT_SINGLELINE);
+    for (const Case& c : cases) {
+        ControlWindow window({50, 50}, std::string("<button text_style=\"normal\" ") + c.attributes + "/>");
+        SIZE size{-1, -1};
+        EXPECT_TRUE(RootButton(window)->EstimateSize({0, 0}, size)) << c.name;
+        EXPECT_EQ(size.cx, c.expected(text).cx) << c.name;
+        EXPECT_EQ(size.cy, c.expected(text).cy) << c.name;
+    }
+}
+
+TEST_F(Button, ParsesItsStyle)
+{
+    struct Case {
+        const char* value;
+        DWORD style;
+    };
+    const Case cases[] = {
+        {"center_icon", BTNSTYLE_CENTER_ICON},
+        {"bottom_icon,top_icon", BTNSTYLE_TOP_ICON},
+        {"left_icon|auto_fit|no_draw_focus", BTNSTYLE_LEFT_ICON | BTNSTYLE_AUTO_FIT | BTNSTYLE_NO_DRAW_FOCUS},
+        {"ver_text no_text", BTNSTYLE_VER_TEXT | BTNSTYLE_NO_TEXT},
+        {"NO_TEXT", 0},
+        {"", 0},
+    };
+    ControlWindow window({50, 50}, "<button/>");
+    CDUIButton* const button = RootButton(window);
+    for (const Case& c : cases) {
+        button->SetAttribute("Button_Style", c.value);
+        EXPECT_EQ(button->GetButtonStyle(), c.style) << c.value;
+    }
+}
+
+TEST_F(Button, WantReturnChangesOneBitOnly)
+{
+    ControlWindow window({50, 50}, R"(<button want_return="TRUE"/>)");
+    CDUIButton* const button = RootButton(window);
+    constexpr DWORD kNew = DUISTYLE_VISIBLE | DUISTYLE_TABSTOP | DUISTYLE_TOOLTIP;
+    EXPECT_EQ(button->GetStyle(), kNew | DUISTYLE_WANTRETURN);
+    button->SetAttribute("want_return", "yes");
+    EXPECT_EQ(button->GetStyle(), kNew);
+}
+
+TEST_F(Button, ClicksOnReleaseInside)
+{
+    struct Case {
+        const char* name;
+        void (*play)(MessagePointer&);
+        std::size_t clicks;
+        DWORD status;
+    };
+    constexpr DWORD kFocused = DUISTATUS_FOCUSED;
+    const Case cases[] = {
+        {"click",
+         [](MessagePointer& p) {
+             p.Click({10, 10});
+         },
+         1, kFocused | DUISTATUS_HOT},
+        {"double click",
+         [](MessagePointer& p) {
+             p.DoubleClick({10, 10});
+         },
+         2, kFocused | DUISTATUS_HOT},
+        {"held",
+         [](MessagePointer& p) {
+             p.Press({10, 10});
+         },
+         0, kFocused | DUISTATUS_HOT | DUISTATUS_PUSHED},
+        {"dragged out",
+         [](MessagePointer& p) {
+             p.Press({10, 10}).MoveTo({10, -5});
+         },
+         0, kFocused},
+        {"released outside",
+         [](MessagePointer& p) {
+             p.Press({10, 10}).MoveTo({90, 10}).Release();
+         },
+         0, kFocused},
+        {"released at its right edge",
+         [](MessagePointer& p) {
+             p.Press({10, 10}).MoveTo({50, 10}).Release();
+         },
+         0, kFocused},
+        {"out and back",
+         [](MessagePointer& p) {
+             p.Press({10, 10}).MoveTo({90, 10}).MoveTo({49, 10}).Release();
+         },
+         1, kFocused | DUISTATUS_HOT},
+        {"pressed outside",
+         [](MessagePointer& p) {
+             p.Press({90, 10}).MoveTo({10, 10}).Release();
+         },
+         0, 0},
+        {"the right button",
+         [](MessagePointer& p) {
+             p.MoveTo({10, 10}).PressRight().ReleaseRight();
+         },
+         0, DUISTATUS_HOT},
+        {"left the window",
+         [](MessagePointer& p) {
+             p.MoveTo({10, 10}).Leave();
+         },
+         0, 0},
+    };
+    for (const Case& c : cases) {
+        CRefPtr<IDUIControl> root = new CDUIControlBase;
+        root->SetMargin({0, 0, 50, 0});
+        CRefPtr<IDUIControl> button = new CDUIButton;
+        button->SetName("b");
+        root->AddControl(button);
+        ControlWindow window({100, 20}, root);
+        c.play(window.mouse);
+        EXPECT_EQ(window.TakeNotifications(), std::vector<Noticed>(c.clicks, kClick)) << c.name;
+        EXPECT_EQ(button->GetStatus(), c.status) << c.name;
+    }
+}
+
+TEST_F(Button, SpaceClicksAndEnterDoesNot)
+{
+    ControlWindow window({50, 50}, R"(<button name="b"/>)");
+    CDUIButton* const button = RootButton(window);
+    button->SetFocus(TRUE);
+    SendMessageA(window.Handle(), WM_KEYDOWN, VK_SPACE, 0);
+    EXPECT_EQ(button->GetStatus(), static_cast<DWORD>(DUISTATUS_FOCUSED | DUISTATUS_PUSHED));
+    EXPECT_TRUE(window.TakeNotifications().empty()) << "the key is still down";
+    SendMessageA(window.Handle(), WM_KEYUP, VK_SPACE, 0);
+    EXPECT_EQ(button->GetStatus(), static_cast<DWORD>(DUISTATUS_FOCUSED));
+    EXPECT_EQ(window.TakeNotifications(), std::vector<Noticed>{kClick});
+    window.keys.Press(VK_RETURN);
+    EXPECT_TRUE(window.TakeNotifications().empty());
+}
+
+TEST_F(Button, DisabledIgnoresPointerAndKeys)
+{
+    ControlWindow window({50, 50}, R"(<button name="b" enable="false"/>)");
+    CDUIButton* const button = RootButton(window);
+    BOOL bHandled = FALSE;
+    // The manager sends a disabled control few events; an application may send any.
+    for (const UINT type :
+         {DUIEVENT_MOUSEENTER, DUIEVENT_LBUTTONDOWN, DUIEVENT_LBUTTONUP, DUIEVENT_KEYDOWN, DUIEVENT_KEYUP})
+        button->OnDUIEvent({type, button, {10, 10}, ' ', 0, VK_SPACE, 0}, bHandled);
+    window.mouse.Click({10, 10});
+    EXPECT_TRUE(window.TakeNotifications().empty());
+    EXPECT_EQ(button->GetStatus(), static_cast<DWORD>(DUISTATUS_DISABLED));
+    EXPECT_FALSE(button->Activate());
+    button->SetEnable(TRUE);
+    button->SetVisible(FALSE);
+    EXPECT_FALSE(button->Activate());
+}
+
+TEST_F(Button, DrawsTheFocusTwoPixelsInside)
+{
+    ControlWindow window({50, 30}, R"(<button back_image="strip"/>)");
+    CDUIButton* const button = RootButton(window);
+    const ClientPixels plain = window.Paint();
+    button->SetFocus(TRUE);
+    EXPECT_EQ(Difference(plain, window.Paint()), "2,2,48,28");
+    button->SetAttribute("button_style", "no_draw_focus");
+    EXPECT_EQ(Difference(plain, window.Paint()), "0,0,0,0");
+}
+
+TEST_F(Button, TheFocusAttributeTakesAndGivesUp)
+{
+    ControlWindow window({50, 30}, "<button/>");
+    CDUIButton* const button = RootButton(window);
+    button->SetAttribute("focus", "True");
+    EXPECT_EQ(window.GetFocusControl(), button);
+    button->SetAttribute("focus", "no");
+    EXPECT_EQ(window.GetFocusControl(), nullptr);
+}
+
+TEST_F(Button, UncheckingReleasesIt)
+{
+    ControlWindow window({50, 30}, "<button/>");
+    CDUIButton* const button = RootButton(window);
+    button->ModifyStatus(0, DUISTATUS_PUSHED | DUISTATUS_HOT);
+    button->SetCheck(TRUE);
+    EXPECT_EQ(button->GetCheck(), 4);
+    button->SetCheck(FALSE);
+    EXPECT_EQ(button->GetStatus(), static_cast<DWORD>(DUISTATUS_HOT));
+}
+
+TEST_F(Button, FollowsTheSkin)
+{
+    ControlWindow window({20, 20}, R"(<button control_style="blue_button"/>)");
+    EXPECT_EQ(window.Paint().At(1, 1), kRed);
+    Skin().Manager().SetSkinTyle("dark");
+    EXPECT_EQ(window.Paint().At(1, 1), kGrey);
+}
+
+}  // namespace
+}  // namespace qvui::test

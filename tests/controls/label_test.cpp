@@ -1,0 +1,183 @@
+#include <qvui/controls/hyper_link.h>
+#include <qvui/render/render_engine.h>
+
+#include "controls/big_text.h"
+#include "controls/pixels.h"
+#include "support/controls/control_test.h"
+
+namespace qvui::test {
+namespace {
+
+using namespace DUI;
+
+class Label : public ControlTest {
+public:
+    Label() : ControlTest(BigText()) {}
+};
+
+IDUIControl* Root(ControlWindow& window)
+{
+    return window.GetRootControl();
+}
+
+TEST_F(Label, ShowsColourAndFontOfItsState)
+{
+    struct Case {
+        const char* name;
+        DWORD status;
+        std::uint32_t color;
+        bool isSmall;
+    };
+    const Case cases[] = {
+        {"normal", 0, kWhite, false},
+        {"hot", DUISTATUS_HOT, kCyan, false},
+        {"a press changes the font alone", DUISTATUS_PUSHED, kWhite, true},
+        {"pressed and hot", DUISTATUS_PUSHED | DUISTATUS_HOT, kCyan, true},
+        {"disabled wins", DUISTATUS_DISABLED | DUISTATUS_PUSHED | DUISTATUS_HOT, kMagenta, false},
+    };
+    for (const char* tag : {"label", "hyperlink"}) {
+        ControlWindow window({100, 60}, OnBlue(std::string("<") + tag + R"( text="#HH" text_style="big"/>)"));
+        const RECT big = BoundsOf(window.Paint(), kWhite);
+        for (const Case& c : cases) {
+            Root(window)->ModifyStatus(0xFFFFFFFF, c.status);
+            const RECT text = BoundsOf(window.Paint(), c.color);
+            EXPECT_FALSE(IsRectEmpty(&text)) << tag << ": " << c.name;
+            EXPECT_EQ(text.bottom - text.top < big.bottom - big.top, c.isSmall) << tag << ": " << c.name;
+        }
+    }
+}
+
+TEST_F(Label, FollowsThePointerUnlessDisabled)
+{
+    ControlWindow window({50, 20}, R"(<label text="#x"/>)");
+    window.mouse.MoveTo({5, 5});
+    EXPECT_EQ(Root(window)->GetStatus(), static_cast<DWORD>(DUISTATUS_HOT));
+    window.mouse.Press();
+    EXPECT_EQ(Root(window)->GetStatus(), static_cast<DWORD>(DUISTATUS_HOT | DUISTATUS_PUSHED));
+    window.mouse.Release().Leave();
+    EXPECT_EQ(Root(window)->GetStatus(), 0u);
+    Root(window)->SetEnable(FALSE);
+    window.mouse.Click({5, 5});
+    EXPECT_EQ(Root(window)->GetStatus(), static_cast<DWORD>(DUISTATUS_DISABLED));
+    EXPECT_TRUE(window.TakeNotifications().empty());
+}
+
+TEST_F(Label, DrawsAShadowOnePixelAside)
+{
+    ControlWindow window(
+        {100, 60}, OnBlue(R"(<label text="#H" text_style="big" margin="10,5,0,0" shadowtext_color="red"/>)"));
+    const RECT text = BoundsOf(window.Paint(), kWhite);
+    EXPECT_GE(text.left, 10);
+    EXPECT_GE(text.top, 5);
+    EXPECT_EQ(Bounds(window.Paint(), kRed), "0,0,0,0");
+    // Once on, it stays on.
+    for (const char* value : {"True", "false"}) {
+        Root(window)->SetAttribute("enable_shadowtext", value);
+        Root(window)->UpdateLayout(FALSE, nullptr);
+        const ClientPixels pixels = window.Paint();
+        EXPECT_EQ(Bounds(pixels, kWhite), Text(text)) << value;
+        const RECT shadow = BoundsOf(pixels, kRed);
+        EXPECT_EQ(shadow.right, text.right + 1) << value;
+        EXPECT_EQ(shadow.bottom, text.bottom + 1) << value;
+    }
+}
+
+TEST_F(Label, FillsItsContentWithTheImage)
+{
+    ControlWindow window({60, 40}, R"(<label back_image="strip2" margin="5,6,7,8"/>)");
+    EXPECT_EQ(Bounds(window.Paint(), kRed), "5,6,53,32");
+    SIZE size{-1, -2};
+    EXPECT_FALSE(Root(window)->EstimateSize({0, 0}, size)) << "an image without text has no size";
+    EXPECT_EQ(size.cy, -2);
+}
+
+TEST_F(Label, EstimatesItsTextOnOneLineWithoutTheMargin)
+{
+    const HFONT font = Skin().Manager().GetTextStyle("big")->GetNormalFont()->GetFont();
+    const SIZE text = CDUIRenderEngine::GetTextIdealSize("one two", font, 0, DT_SINGLELINE);
+    struct Case {
+        const char* attributes;
+        SIZE expected;
+    };
+    const Case cases[] = {
+        {R"(margin="5,6,7,8")", text},
+        {R"(width="9")", {9, text.cy}},
+        {R"(height="300")", {text.cx, 300}},
+    };
+    for (const Case& c : cases) {
+        ControlWindow window(
+            {60, 40}, std::string("<label text=\"#one two\" text_style=\"big\" ") + c.attributes + "/>");
+        SIZE size{};
+        EXPECT_TRUE(Root(window)->EstimateSize({1, 1}, size)) << c.attributes;
+        EXPECT_EQ(size.cx, c.expected.cx) << c.attributes;
+        EXPECT_EQ(size.cy, c.expected.cy) << c.attributes;
+    }
+}
+
+class HyperLink : public ControlTest {};
+
+CDUIHyperLink* RootLink(ControlWindow& window)
+{
+    return dynamic_cast<CDUIHyperLink*>(window.GetRootControl());
+}
+
+TEST_F(HyperLink, ReportsAClickInside)
+{
+    CRefPtr<IDUIControl> root = new CDUIControlBase;
+    root->SetMargin({0, 0, 50, 0});
+    CRefPtr<IDUIControl> link = new CDUIHyperLink;
+    link->SetName("more");
+    root->AddControl(link);
+    ControlWindow window({100, 20}, root);
+    window.mouse.Click({10, 10});
+    EXPECT_EQ(window.TakeNotifications(), (std::vector<Noticed>{{DUINOTIFY_LINKCLICK, "more", 0, 0}}));
+    EXPECT_EQ(window.GetFocusControl(), link.GetPtr());
+    EXPECT_EQ(link->GetStatus(), static_cast<DWORD>(DUISTATUS_FOCUSED | DUISTATUS_HOT)) << "released again";
+    window.mouse.Press({10, 10}).MoveTo({90, 10}).Release();
+    EXPECT_TRUE(window.TakeNotifications().empty());
+    link->SetEnable(FALSE);
+    EXPECT_FALSE(link->Activate());
+}
+
+TEST_F(HyperLink, ShowsTheHandWhateverItsCursor)
+{
+    ControlWindow window({50, 20}, "<hyperlink/>");
+    window.mouse.MoveTo({10, 10});
+    ::SetCursor(LoadCursorA(nullptr, IDC_ARROW));
+    SendMessageA(window.Handle(), WM_SETCURSOR, reinterpret_cast<WPARAM>(window.Handle()),
+                 MAKELPARAM(HTCLIENT, WM_MOUSEMOVE));
+    EXPECT_EQ(::GetCursor(), LoadCursorA(nullptr, IDC_HAND));
+}
+
+TEST_F(HyperLink, TheLinkIsTheTooltipUnlessThereIsOne)
+{
+    struct Case {
+        const char* attributes;
+        const char* tooltip;
+    };
+    const Case cases[] = {
+        {R"(href="a.htm")", "a.htm"},
+        {R"(tooltip="#help" href="a.htm")", "help"},
+        {R"(href="a.htm" tooltip="#help")", "help"},
+        {R"(href="b.htm" href2="" HREF="a.htm")", "b.htm"},
+    };
+    for (const Case& c : cases) {
+        ControlWindow window({50, 20}, std::string("<hyperlink ") + c.attributes + "/>");
+        EXPECT_EQ(RootLink(window)->GetTooltip(), c.tooltip) << c.attributes;
+        EXPECT_EQ(RootLink(window)->GetHyperLink(), "a.htm") << c.attributes;
+    }
+}
+
+TEST_F(HyperLink, AnswersToItsOwnNameAlone)
+{
+    ControlWindow window({50, 20}, R"(<hyperlink transparent="false"/>)");
+    CDUIHyperLink* const link = RootLink(window);
+    EXPECT_EQ(link->GetInterface("Hyper_Link"), link);
+    for (const char* name : {"label", "control_base", "control", "hyperlink", ""})
+        EXPECT_EQ(link->GetInterface(name), nullptr) << name;
+    EXPECT_EQ(link->GetStyle(),
+              static_cast<DWORD>(DUISTYLE_VISIBLE | DUISTYLE_CURSOR | DUISTYLE_TABSTOP | DUISTYLE_TOOLTIP));
+}
+
+}  // namespace
+}  // namespace qvui::test
