@@ -1,0 +1,209 @@
+#include "framework/probe.h"
+#include "support/controls/control_test.h"
+
+namespace qvui::test {
+namespace {
+
+using namespace DUI;
+
+class ControlTree : public ControlTest {
+protected:
+    ControlTree() { Probe::Register(); }
+
+    static CRefPtr<IDUIControl> Make(const char* name, RECT rect = {0, 0, 0, 0})
+    {
+        CRefPtr<IDUIControl> control(new Probe(name));
+        control->SetControlRect(rect);
+        return control;
+    }
+    /// A window with a root and three children a, b and c side by side.
+    std::unique_ptr<ControlWindow> ThreeChildren()
+    {
+        return std::make_unique<ControlWindow>(SIZE{90, 30},
+                                               "<probe name='root'><probe name='filler'/>"
+                                               "<probe name='a' position='0,0,30,30'/>"
+                                               "<probe name='b' position='30,0,60,30'/>"
+                                               "<probe name='c' position='60,0,90,30'/></probe>");
+    }
+};
+
+TEST_F(ControlTree, RefusesNullDoubleAndCircularChildren)
+{
+    const CRefPtr<IDUIControl> root = Make("root");
+    const CRefPtr<IDUIControl> child = Make("child");
+    EXPECT_FALSE(root->AddControl(CRefPtr<IDUIControl>()));
+    EXPECT_FALSE(root->AddControl(root));
+    EXPECT_TRUE(root->AddControl(child));
+    EXPECT_FALSE(root->AddControl(child));
+    EXPECT_FALSE(child->AddControl(root));
+    EXPECT_EQ(root->GetControlCount(), 1);
+    EXPECT_EQ(child->GetParent(), root.GetPtr());
+    EXPECT_EQ(root->GetParent(), nullptr);
+}
+
+TEST_F(ControlTree, RefusesIndexesThatAreNotThere)
+{
+    const CRefPtr<IDUIControl> root = Make("root");
+    const CRefPtr<IDUIControl> first = Make("first");
+    EXPECT_FALSE(root->AddControlAt(0, first));
+    EXPECT_EQ(first->GetParent(), nullptr);
+    root->AddControl(first);
+    const CRefPtr<IDUIControl> second = Make("second");
+    EXPECT_FALSE(root->AddControlAt(1, second));
+    EXPECT_FALSE(root->AddControlAt(-1, second));
+    EXPECT_TRUE(root->AddControlAt(0, second));
+    EXPECT_EQ(root->GetControlByIndex(0), second.GetPtr());
+    EXPECT_EQ(root->GetControlIndex(first), 1);
+    EXPECT_FALSE(root->RemoveControlAt(2));
+    EXPECT_EQ(root->GetControlByIndex(-1), nullptr);
+    EXPECT_EQ(root->GetControlByIndex(2), nullptr);
+    EXPECT_TRUE(root->SetControlIndex(second, 0));
+    EXPECT_FALSE(root->SetControlIndex(first, 1));
+    EXPECT_EQ(root->GetControlCount(), 1);
+    EXPECT_EQ(first->GetParent(), nullptr);
+}
+
+TEST_F(ControlTree, FindsNeighboursAndTakesStrangersForIndexMinusOne)
+{
+    const CRefPtr<IDUIControl> root = Make("root");
+    const CRefPtr<IDUIControl> first = Make("first");
+    const CRefPtr<IDUIControl> second = Make("second");
+    root->AddControl(first);
+    root->AddControl(second);
+    auto& base = static_cast<CDUIControlBase&>(*root.GetPtr());
+    EXPECT_EQ(base.GetNextSiblingControl(first), second.GetPtr());
+    EXPECT_EQ(base.GetNextSiblingControl(second), nullptr);
+    EXPECT_EQ(base.GetPrevSiblingControl(first), nullptr);
+    EXPECT_EQ(base.GetNextSiblingControl(root), first.GetPtr());
+    EXPECT_TRUE(root->RemoveControl(Make("stranger")));
+    EXPECT_EQ(root->GetControlCount(), 2);
+}
+
+TEST_F(ControlTree, TellsChildrenBeforeParentsThatTheyComeAndGo)
+{
+    auto window = ThreeChildren();
+    const std::vector<std::string> created{"filler create", "a create", "b create", "c create",
+                                           "root create"};
+    EXPECT_EQ(Without(Probe::Take(), {"ground", "text", "border", "WINDOW"}), created);
+    window->LogLifetimes(true);
+    IDUIControl* const root = window->Find("root");
+    const CRefPtr<IDUIControl> late = Make("late");
+    late->AddControl(Make("inner"));
+    root->AddControl(late);
+    root->RemoveControl(late);
+    EXPECT_EQ(late->GetParent(), nullptr);
+    EXPECT_EQ(Probe::Take(),
+              (std::vector<std::string>{"inner create", "late create", "inner destroy", "late destroy"}));
+    EXPECT_EQ(window->TakeNotifications(), (std::vector<Noticed>{{DUINOTIFY_CREATED, "inner", 0, 0},
+                                                                 {DUINOTIFY_CREATED, "late", 0, 0},
+                                                                 {DUINOTIFY_DESTROYED, "inner", 0, 0},
+                                                                 {DUINOTIFY_DESTROYED, "late", 0, 0}}));
+    root->RemoveAllControl();
+    EXPECT_EQ(Probe::Take(),
+              (std::vector<std::string>{"filler destroy", "a destroy", "b destroy", "c destroy"}));
+    EXPECT_EQ(root->GetControlCount(), 0);
+}
+
+struct FindCase {
+    const char* name;
+    POINT point;
+    UINT flags;
+    const char* expected;
+};
+
+IDUIControl* ContainsPoint(IDUIControl* control, void* data)
+{
+    const RECT rect = control->GetControlRect();
+    return PtInRect(&rect, *static_cast<const POINT*>(data)) ? control : nullptr;
+}
+
+TEST_F(ControlTree, FindsTheDeepestOrTheOutermostControl)
+{
+    const CRefPtr<IDUIControl> root = Make("root", {0, 0, 100, 100});
+    root->AddControl(Make("filler"));
+    const CRefPtr<IDUIControl> box = Make("box", {10, 10, 60, 60});
+    root->AddControl(box);
+    box->SetAttribute("transparent", "true");
+    box->AddControl(Make("inner filler"));
+    box->AddControl(Make("inside", {20, 20, 30, 30}));
+    box->AddControl(Make("outside", {70, 70, 80, 80}));
+    const CRefPtr<IDUIControl> overlapping = Make("late", {25, 25, 40, 40});
+    root->AddControl(overlapping);
+    const CRefPtr<IDUIControl> hidden = Make("hidden", {50, 50, 55, 55});
+    hidden->SetVisible(FALSE);
+    root->AddControl(hidden);
+    const CRefPtr<IDUIControl> disabled = Make("disabled", {80, 0, 100, 20});
+    disabled->SetEnable(FALSE);
+    root->AddControl(disabled);
+    const FindCase cases[] = {
+        {"a child of a transparent box", {22, 22}, DUIFIND_VISIBLE | DUIFIND_HITTEST, "inside"},
+        {"the box itself", {12, 12}, DUIFIND_VISIBLE | DUIFIND_HITTEST, "root"},
+        {"the lower index of two", {27, 27}, DUIFIND_VISIBLE | DUIFIND_HITTEST, "inside"},
+        {"a child outside its parent", {75, 75}, DUIFIND_VISIBLE | DUIFIND_HITTEST, "outside"},
+        {"a hidden one", {52, 52}, DUIFIND_VISIBLE | DUIFIND_HITTEST, "root"},
+        {"a hidden one that counts", {52, 52}, DUIFIND_HITTEST, "hidden"},
+        {"a disabled one", {90, 10}, DUIFIND_VISIBLE | DUIFIND_ENABLED | DUIFIND_HITTEST, "root"},
+        {"a disabled one that counts", {90, 10}, DUIFIND_VISIBLE | DUIFIND_HITTEST, "disabled"},
+        {"the outermost", {22, 22}, DUIFIND_VISIBLE | DUIFIND_HITTEST | DUIFIND_ME_FIRST, "root"},
+        {"beyond everything", {100, 100}, DUIFIND_VISIBLE | DUIFIND_HITTEST, nullptr},
+    };
+    for (const FindCase& c : cases) {
+        POINT point = c.point;
+        IDUIControl* const found = root->FindControl(&ContainsPoint, &point, c.flags);
+        EXPECT_STREQ(found ? found->GetName().GetString() : nullptr, c.expected) << c.name;
+    }
+}
+
+TEST_F(ControlTree, OffersContainersTwiceInDocumentOrder)
+{
+    const CRefPtr<IDUIControl> root = Make("root");
+    root->AddControl(Make("a"));
+    root->AddControl(Make("b"));
+    std::vector<std::string> offered;
+    const auto write = [](IDUIControl* control, void* data) -> IDUIControl* {
+        static_cast<std::vector<std::string>*>(data)->push_back(control->GetName().GetString());
+        return nullptr;
+    };
+    root->FindControl(write, &offered, DUIFIND_ME_FIRST);
+    EXPECT_EQ(offered, (std::vector<std::string>{"root", "a", "a", "b", "b", "root"}));
+}
+
+TEST_F(ControlTree, PaintsInOrderAndOnlyWhatMeetsThePaintRectangle)
+{
+    auto window = ThreeChildren();
+    window->Paint();
+    Probe::Take();
+    RECT changed{35, 5, 40, 10};
+    window->Find("b")->UpdateLayout(FALSE, &changed);
+    window->Paint();
+    EXPECT_EQ(Probe::Take(), (std::vector<std::string>{
+                                 "root background", "root foreground", "root text", "root border",
+                                 "filler background", "filler foreground", "filler text", "filler border",
+                                 "b background", "b foreground", "b text", "b border"}));
+    const RECT clip = window->Find<Probe>("b")->lastPaint;
+    EXPECT_EQ(clip.left, 35);
+    EXPECT_EQ(clip.right, 40);
+}
+
+TEST_F(ControlTree, AsksParentsForVisibilityOnlyWhenTold)
+{
+    auto window = ThreeChildren();
+    window->Find("root")->SetVisible(FALSE);
+    EXPECT_TRUE(window->Find("a")->IsVisible(FALSE));
+    EXPECT_FALSE(window->Find("a")->IsVisible(TRUE));
+}
+
+TEST_F(ControlTree, SurvivesChildrenThatLeaveWhileTheyAreTold)
+{
+    auto window = ThreeChildren();
+    const CRefPtr<IDUIControl> root(window->Find("root"));
+    window->OnNotify([&root](const tagDUINotify& notify) {
+        if (notify.nCode == DUINOTIFY_DESTROYED && notify.pSender->GetName() == "a")
+            root->RemoveAllControl();
+    });
+    root->RemoveControlAt(root->GetControlIndex(window->Find("a")));
+    EXPECT_EQ(root->GetControlCount(), 0);
+}
+
+}  // namespace
+}  // namespace qvui::test

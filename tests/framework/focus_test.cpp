@@ -1,0 +1,208 @@
+#include "framework/probe.h"
+#include "support/controls/control_test.h"
+
+namespace qvui::test {
+namespace {
+
+using namespace DUI;
+using Lines = std::vector<std::string>;
+
+class Focus : public ControlTest {
+protected:
+    Focus() { Probe::Register(); }
+
+    void Open(const char* children)
+    {
+        window = std::make_unique<ControlWindow>(SIZE{120, 30},
+                                                 std::string("<probe name='root'>") + children + "</probe>");
+        Probe::Take();
+    }
+    std::string Focused() const
+    {
+        return window->GetFocusControl() ? window->GetFocusControl()->GetName().GetString() : "-";
+    }
+    /// The names that get the focus one after another.
+    std::string Walk(bool isForward, int steps)
+    {
+        std::string names;
+        for (int i = 0; i < steps; ++i) {
+            if (!window->SetNextTabControl(isForward))
+                return names + "|";
+            names += Focused();
+        }
+        return names;
+    }
+
+    std::unique_ptr<ControlWindow> window;
+};
+
+TEST_F(Focus, WalksTabStopsInDocumentOrderAndAround)
+{
+    Open(
+        "<probe name='a' tab_stop='true'/><probe name='x'/>"
+        "<probe name='b' tab_stop='true'><probe name='c' tab_stop='true'/></probe>"
+        "<probe name='off' tab_stop='true' enable='false'/><probe name='gone' tab_stop='true' "
+        "visible='false'/>"
+        "<probe name='d' tab_stop='true'/>");
+    window->Find("b")->SetFocus(TRUE);
+    EXPECT_EQ(Walk(true, 1), "c");
+    window->Find("c")->ModifyStyle(DUISTYLE_TABSTOP, 0);
+    window->Find("a")->SetFocus(TRUE);
+    EXPECT_EQ(Walk(true, 4), "bdab");
+    EXPECT_EQ(Walk(false, 3), "adb");
+}
+
+TEST_F(Focus, MovesNowhereWithoutTabStops)
+{
+    Open("<probe name='a'/>");
+    EXPECT_TRUE(window->SetNextTabControl(TRUE));
+    EXPECT_EQ(Focused(), "-");
+}
+
+TEST_F(Focus, GoesOnToANativeTabStop)
+{
+    Open("<probe name='a' tab_stop='true'/>");
+    PlatformWindowOptions options;
+    options.place = {0, 0, 10, 10};
+    options.style = WS_CHILD | WS_TABSTOP;
+    options.parent = window->Handle();
+    const PlatformWindow native(options);
+    SetActiveWindow(window->Handle());
+    EXPECT_EQ(Walk(true, 1), "a");
+    EXPECT_TRUE(window->SetNextTabControl(TRUE));
+    EXPECT_EQ(Focused(), "-");
+    EXPECT_EQ(::GetFocus(), native.Handle());
+}
+
+TEST_F(Focus, TellsTheLoserThenTheTaker)
+{
+    Open("<probe name='a'/><probe name='b'/><probe name='off' enable='false'/>");
+    window->Find("a")->SetFocus(TRUE);
+    window->Find("a")->SetFocus(TRUE);
+    window->Find("b")->SetFocus(TRUE);
+    EXPECT_EQ(TakeEvents(), (Lines{"a SETFOCUS self", "a KILLFOCUS self", "b SETFOCUS self"}));
+    window->Find("off")->SetFocus(TRUE);
+    EXPECT_EQ(TakeEvents(), (Lines{"b KILLFOCUS self"}));
+    EXPECT_EQ(Focused(), "-");
+    window->Find("b")->SetFocus(TRUE);
+    window->Find("a")->SetFocus(FALSE);
+    EXPECT_EQ(Focused(), "-");
+    window->Find("b")->SetFocus(TRUE);
+    SendMessageA(window->Handle(), WM_KILLFOCUS, 0, 0);
+    EXPECT_EQ(Focused(), "-");
+}
+
+TEST_F(Focus, SendsKeysToTheFocusControl)
+{
+    Open("<probe name='a'/>");
+    LRESULT result = 0;
+    EXPECT_FALSE(window->ProcessWindowMessage(window->Handle(), WM_KEYUP, 'X', 0, result));
+    window->Find("a")->SetFocus(TRUE);
+    TakeEvents();
+    EXPECT_FALSE(window->ProcessWindowMessage(window->Handle(), WM_KEYDOWN, 'X', 0, result));
+    EXPECT_TRUE(window->ProcessWindowMessage(window->Handle(), WM_KEYDOWN, VK_TAB, 0, result));
+    EXPECT_TRUE(window->ProcessWindowMessage(window->Handle(), WM_CHAR, 'x', 0, result));
+    EXPECT_TRUE(window->ProcessWindowMessage(window->Handle(), WM_KEYUP, 'X', 0, result));
+    EXPECT_EQ(TakeEvents(), (Lines{"a KEYDOWN self", "a KEYDOWN self", "a CHAR self", "a KEYUP self"}));
+    EXPECT_EQ(window->Find<Probe>("a")->lastEvent.chKey, 'X');
+}
+
+TEST_F(Focus, ActivatesOkOnEnterUnlessTheFocusWantsIt)
+{
+    Open("<probe name='ok'/><probe name='a'/>");
+    EXPECT_TRUE(window->Translate(WM_KEYDOWN, VK_RETURN));
+    window->Find("a")->SetFocus(TRUE);
+    EXPECT_TRUE(window->Translate(WM_KEYDOWN, VK_RETURN));
+    window->Find("a")->ModifyStyle(0, DUISTYLE_WANTRETURN);
+    EXPECT_FALSE(window->Translate(WM_KEYDOWN, VK_RETURN));
+    window->Find("ok")->SetFocus(TRUE);
+    EXPECT_FALSE(window->Translate(WM_KEYDOWN, VK_RETURN));
+    EXPECT_EQ(Without(TakeEvents(), {"FOCUS", "KEY"}), (Lines{"ok activate", "ok activate"}));
+}
+
+TEST_F(Focus, TakesTheFocusAwayOnTheFirstEscapeAndCancelsOnTheNext)
+{
+    Open("<probe name='cancel'/><probe name='a'/>");
+    window->Find("a")->SetFocus(TRUE);
+    TakeEvents();
+    EXPECT_TRUE(window->Translate(WM_KEYDOWN, VK_ESCAPE));
+    EXPECT_EQ(TakeEvents(), (Lines{"a KILLFOCUS -"}));
+    EXPECT_EQ(window->Find<Probe>("a")->lastEvent.wParam, 0x1Bu);
+    EXPECT_EQ(window->Find<Probe>("a")->lastEvent.wKeyState, 0x1Bu);
+    EXPECT_TRUE(window->Translate(WM_KEYDOWN, VK_ESCAPE));
+    EXPECT_EQ(TakeEvents(), (Lines{"cancel activate"}));
+    window->Find("root")->RemoveControl(window->Find("cancel"));
+    EXPECT_FALSE(window->Translate(WM_KEYDOWN, VK_ESCAPE));
+}
+
+TEST_F(Focus, ActivatesShortcutsOfReachableControls)
+{
+    Open(
+        "<probe name='off' shortcut='s' enable='false'/><probe name='a' shortcut='s'/><probe name='b' "
+        "shortcut='S'/>");
+    EXPECT_TRUE(window->Translate(WM_SYSCHAR, 's'));
+    EXPECT_EQ(TakeEvents(), (Lines{"a SETFOCUS self", "a activate"}));
+    EXPECT_FALSE(window->Translate(WM_SYSCHAR, 'x'));
+    EXPECT_EQ(window->GetControlByShortcut('S'), window->Find("a"));
+    EXPECT_EQ(window->GetControlByShortcut('s'), nullptr);
+}
+
+TEST_F(Focus, LeavesTheKeysOfOtherWindowsAlone)
+{
+    Open("<probe name='ok'/>");
+    const PlatformWindow other;
+    MSG message{other.Handle(), WM_KEYDOWN, VK_RETURN, 0, 0, {}};
+    EXPECT_FALSE(window->PreTranslateMessage(&message));
+    EXPECT_EQ(TakeEvents(), Lines{});
+}
+
+TEST_F(Focus, AsksItsOwnLoopsFiltersFirst)
+{
+    struct Filter : IDUIMessageFilter {
+        BOOL PreTranslateMessage(MSG* message) override
+        {
+            ++seen;
+            return message->wParam == VK_RETURN;
+        }
+        int seen = 0;
+    } filter;
+    Open("<probe name='ok'/>");
+    window->GetMessageLoop().AddMessageFilter(&filter);
+    EXPECT_TRUE(window->Translate(WM_KEYDOWN, VK_RETURN));
+    EXPECT_EQ(filter.seen, 1);
+    EXPECT_EQ(TakeEvents(), Lines{});
+    window->GetMessageLoop().RemoveMessageFilter(&filter);
+}
+
+TEST_F(Focus, LetsTheTabKeyDecideByItsModifiers)
+{
+    struct Bar : Probe, IDUITabBar {
+        using Probe::Probe;
+        void* GetInterface(const CString& name) override
+        {
+            return name == "tab_bar" ? static_cast<IDUITabBar*>(this) : Probe::GetInterface(name);
+        }
+        BOOL MoveSelection(BOOL bForward, BOOL bNotify) override
+        {
+            Write(std::string("move ") + (bForward ? "forward" : "back") + (bNotify ? " and tell" : ""));
+            return TRUE;
+        }
+    };
+    Open("<probe name='a' tab_stop='true'/><probe name='b' tab_stop='true'/>");
+    EXPECT_FALSE(window->SetNextTabPage(TRUE));
+    window->Find("root")->AddControl(new Bar("bar"));
+    TakeEvents();
+    EXPECT_TRUE(window->Translate(WM_KEYDOWN, VK_TAB));
+    EXPECT_EQ(Focused(), "a");
+    window->keys.Hold(VK_SHIFT);
+    EXPECT_TRUE(window->Translate(WM_KEYDOWN, VK_TAB));
+    EXPECT_EQ(Focused(), "b");
+    window->keys.LetGo(VK_SHIFT);
+    window->keys.Hold(VK_LCONTROL);
+    EXPECT_TRUE(window->Translate(WM_KEYDOWN, VK_TAB));
+    window->keys.LetGo(VK_LCONTROL);
+    EXPECT_EQ(Without(TakeEvents(), {"FOCUS", "KEY"}), (Lines{"move forward and tell"}));
+}
+
+}  // namespace
+}  // namespace qvui::test

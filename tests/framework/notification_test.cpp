@@ -1,0 +1,223 @@
+#include <qvui/framework/app.h>
+
+#include "framework/probe.h"
+#include "support/controls/control_test.h"
+
+namespace qvui::test {
+namespace {
+
+using namespace DUI;
+
+struct Listener : CDUINotifyTarget {
+    explicit Listener(const char* listenerName) : name(listenerName) {}
+    void OnAny(const tagDUINotify& notify)
+    {
+        Probe::Write(std::string(name) + " hears " + notify.pSender->GetName().GetString());
+        if (then)
+            then();
+    }
+
+    const char* name;
+    std::function<void()> then;
+};
+
+class Notifications : public ControlTest {
+protected:
+    Notifications()
+    {
+        Probe::Register();
+        window = std::make_unique<ControlWindow>(SIZE{60, 30},
+                                                 "<probe name='root'><probe name='filler' visible='false'/>"
+                                                 "<probe name='a' position='0,0,30,30'>"
+                                                 "<probe name='inner' position='0,0,30,30'/></probe>"
+                                                 "<probe name='b' position='30,0,60,30'/></probe>");
+        Probe::Take();
+    }
+    void Send(const char* name) { window->Find<Probe>(name)->SendNotify(DUINOTIFY_CLICK, 0, 0); }
+
+    std::unique_ptr<ControlWindow> window;
+};
+
+TEST_F(Notifications, ReachHandlersOfTheSendersNameInOrder)
+{
+    Listener first("first"), second("second");
+    window->AddNotifyHandler("a", &first, &Listener::OnAny);
+    window->AddNotifyHandler("a", &second, &Listener::OnAny);
+    window->AddNotifyHandler("b", &second, &Listener::OnAny);
+    Send("a");
+    EXPECT_EQ(Probe::Take(), (std::vector<std::string>{"first hears a", "second hears a"}));
+    window->RemoveNotifyHandler("a", &first);
+    Send("a");
+    Send("b");
+    EXPECT_EQ(Probe::Take(), (std::vector<std::string>{"second hears a", "second hears b"}));
+    window->RemoveNotifyHandlers(&second);
+    Send("b");
+    EXPECT_EQ(Probe::Take(), std::vector<std::string>{});
+}
+
+TEST_F(Notifications, StopWhenTheWindowHandledThem)
+{
+    struct Deaf : ControlWindow {
+        using ControlWindow::ControlWindow;
+        void OnDUINotify(const tagDUINotify&, BOOL& bHandled) override { bHandled = TRUE; }
+    };
+    Deaf deaf({20, 20}, "<probe name='a'/>");
+    Listener listener("listener");
+    deaf.AddNotifyHandler("a", &listener, &Listener::OnAny);
+    deaf.Find<Probe>("a")->SendNotify(DUINOTIFY_CLICK, 0, 0);
+    EXPECT_EQ(Without(Probe::Take(), {"ground", "text", "border", "create"}), std::vector<std::string>{});
+}
+
+TEST_F(Notifications, AreNotSentToListenersThatAreGone)
+{
+    auto first = std::make_unique<Listener>("first");
+    auto second = std::make_unique<Listener>("second");
+    Listener third("third");
+    for (Listener* const listener : {first.get(), second.get(), &third})
+        window->AddNotifyHandler("a", listener, &Listener::OnAny);
+    first->then = [&second] { second.reset(); };
+    Send("a");
+    EXPECT_EQ(Probe::Take(), (std::vector<std::string>{"first hears a", "third hears a"}));
+    first.reset();
+    Send("a");
+    EXPECT_EQ(Probe::Take(), (std::vector<std::string>{"third hears a"}));
+    window.reset();  // third outlives its window
+}
+
+struct Deed {
+    const char* name;
+    std::function<void(ControlWindow&)> act;
+};
+
+// What a handler may do while a control is in the middle of something; nothing may be touched afterwards that
+// is gone. The address sanitizer is the judge.
+TEST_F(Notifications, MayDoAnythingInAHandler)
+{
+    const std::vector<Deed> deeds{
+        {"remove the sender", [](ControlWindow& w) { w.Find("a")->RemoveControl(w.Find("inner")); }},
+        {"remove the parent", [](ControlWindow& w) { w.Find("root")->RemoveControl(w.Find("a")); }},
+        {"remove everything", [](ControlWindow& w) { w.Find("root")->RemoveAllControl(); }},
+        {"finish the tree", [](ControlWindow& w) { w.FinishWindowMgr(); }},
+        {"close the window", [](ControlWindow& w) { w.Close(); }},
+        {"end the manager", [this](ControlWindow&) { window.reset(); }},
+        {"build another tree",
+         [](ControlWindow& w) {
+             RECT rect{};
+             w.FinishWindowMgr();
+             w.CreateFromXML("<window><probe name='other'/></window>", w.Handle(), rect);
+             w.InitWindowMgr();
+         }},
+        {"replace the tree without finishing",
+         [](ControlWindow& w) {
+             RECT rect{};
+             w.CreateFromXML("<window><probe name='other'/></window>", w.Handle(), rect);
+         }},
+        {"switch the skin", [this](ControlWindow&) { Skin().Manager().SetSkinTyle("dark"); }},
+        {"open a window",
+         [](ControlWindow&) {
+             ControlWindow({20, 20}, "<probe/>").Paint();
+         }},
+    };
+    const UINT moments[] = {DUIEVENT_MOUSEENTER, DUIEVENT_MOUSEMOVE,   DUIEVENT_MOUSELEAVE, DUIEVENT_SETFOCUS,
+                            DUIEVENT_KILLFOCUS,  DUIEVENT_LBUTTONDOWN, DUIEVENT_LBUTTONUP,  DUIEVENT_KEYDOWN,
+                            DUIEVENT_TIMER,      DUIEVENT_WINDOWSIZE};
+    for (const Deed& deed : deeds)
+        for (const UINT moment : moments) {
+            SCOPED_TRACE(std::string(deed.name) + " at event " + std::to_string(moment));
+            window =
+                std::make_unique<ControlWindow>(SIZE{60, 30},
+                                                "<probe name='root'><probe name='filler' visible='false'/>"
+                                                "<probe name='a' position='0,0,30,30'><probe name='inner' "
+                                                "position='0,0,30,30' tab_stop='true'/></probe>"
+                                                "<probe name='b' position='30,0,60,30'/></probe>");
+            ControlWindow& host = *window;
+            auto* const inner = host.Find<Probe>("inner");
+            bool isDone = false;
+            inner->onEvent = [&](const tagDUIEvent& event, BOOL&) {
+                if (event.Type != moment || isDone)
+                    return;
+                isDone = true;
+                deed.act(host);
+            };
+            const auto act = [this](auto step) {
+                if (window && window->IsWindow())
+                    step(*window);
+            };
+            act([](ControlWindow& w) { w.mouse.MoveTo({45, 15}).MoveTo({15, 15}); });
+            act([](ControlWindow& w) { w.mouse.Press(); });
+            act([](ControlWindow& w) { w.mouse.Release(); });
+            act([](ControlWindow& w) { w.keys.Press('X'); });
+            act([&](ControlWindow& w) {
+                if (!isDone) {
+                    inner->SetTimer(1, 1000);
+                    w.Fire(inner, 1);
+                }
+            });
+            act([](ControlWindow& w) { w.Resize({70, 30}); });
+            act([](ControlWindow& w) { w.mouse.MoveTo({45, 15}); });
+            act([](ControlWindow& w) { w.SetNextTabControl(TRUE); });
+            act([](ControlWindow& w) { SendMessageA(w.Handle(), WM_KILLFOCUS, 0, 0); });
+            EXPECT_TRUE(isDone);
+            window.reset();
+        }
+}
+
+TEST_F(Notifications, ForgetControlsThatLeaveWhateverAnOverrideDoes)
+{
+    struct Deaf : ControlWindow {
+        using ControlWindow::ControlWindow;
+        void OnDUINotify(const tagDUINotify&, BOOL& bHandled) override { bHandled = TRUE; }
+    };
+    Deaf deaf({60, 30},
+              "<probe name='root'><probe name='filler' visible='false'/><probe name='a' "
+              "position='0,0,60,30' tab_stop='true'/></probe>");
+    deaf.mouse.Press({15, 15});
+    auto* const a = deaf.Find<Probe>("a");
+    EXPECT_TRUE(a->SetTimer(1, 1000));
+    EXPECT_EQ(deaf.GetFocusControl(), a);
+    deaf.GetRootControl()->RemoveControl(a);
+    EXPECT_EQ(deaf.GetFocusControl(), nullptr);
+    deaf.mouse.MoveTo({20, 15}).Release();
+    SendMessageA(deaf.Handle(), WM_TIMER, 1, 0);
+}
+
+TEST_F(Notifications, KnowNoOtherRequests)
+{
+    tagDUINotify request{99, window->Find("a"), 0, 0, nullptr};
+    EXPECT_EQ(window->OnControlRequest(request), 1);
+}
+
+TEST_F(Notifications, NumberTimersFromTheSmallestFreeId)
+{
+    auto* const a = window->Find<Probe>("a");
+    auto* const b = window->Find<Probe>("b");
+    EXPECT_TRUE(a->SetTimer(7, 1000));
+    EXPECT_FALSE(a->SetTimer(7, 1000));
+    EXPECT_TRUE(b->SetTimer(7, 1000));
+    SendMessageA(window->Handle(), WM_TIMER, 2, 0);
+    a->KillTimer(7);
+    EXPECT_TRUE(b->SetTimer(8, 1000));
+    SendMessageA(window->Handle(), WM_TIMER, 1, 0);
+    SendMessageA(window->Handle(), WM_TIMER, 3, 0);
+    EXPECT_EQ(TakeEvents(),
+              (std::vector<std::string>{"b TIMER self", "b timer 7", "b TIMER self", "b timer 8"}));
+    DUITimerRecord unknown{a, nullptr, 7, 0, 0};
+    tagDUINotify stop{DUIREQUEST_TIMER, a, 2, reinterpret_cast<LPARAM>(&unknown), nullptr};
+    EXPECT_EQ(window->OnControlRequest(stop), 1);
+}
+
+TEST_F(Notifications, RefuseTheTimerAfterTheLastId)
+{
+    auto* const a = window->Find<Probe>("a");
+    for (UINT id = 1; id <= 1023; ++id)
+        ASSERT_TRUE(a->SetTimer(id, 60000)) << id;
+    EXPECT_FALSE(a->SetTimer(1024, 60000));
+    a->KillTimer(500);
+    EXPECT_TRUE(a->SetTimer(1024, 60000));
+    TakeEvents();
+    SendMessageA(window->Handle(), WM_TIMER, 500, 0);
+    EXPECT_EQ(TakeEvents(), (std::vector<std::string>{"a TIMER self", "a timer 1024"}));
+}
+
+}  // namespace
+}  // namespace qvui::test

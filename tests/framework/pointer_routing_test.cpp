@@ -1,0 +1,214 @@
+#include "framework/probe.h"
+#include "support/controls/control_test.h"
+
+namespace qvui::test {
+namespace {
+
+using namespace DUI;
+using Lines = std::vector<std::string>;
+
+// The root fills the window; a, b and c stand side by side in it, 30 pixels wide, and leave the right end
+// free.
+constexpr const char* kRow =
+    "<probe name='root'><probe name='filler' visible='false'/>"
+    "<probe name='a' position='0,0,30,30'/>"
+    "<probe name='b' position='30,0,60,30'/>"
+    "<probe name='c' position='60,0,90,30'/></probe>";
+
+class PointerRouting : public ControlTest {
+protected:
+    PointerRouting()
+    {
+        Probe::Register();
+        Open(kRow);
+    }
+
+    void Open(const char* xml)
+    {
+        window.reset();
+        window = std::make_unique<ControlWindow>(SIZE{120, 30}, xml);
+        // Where the system's pointer happens to stand is no part of a test.
+        window->mouse.MoveTo({110, 15});
+        Probe::Take();
+    }
+    bool IsHandled(UINT message, POINT point, WPARAM wParam = 0)
+    {
+        LRESULT result = 0;
+        return window->ProcessWindowMessage(window->Handle(), message, wParam, MAKELPARAM(point.x, point.y),
+                                            result) != FALSE;
+    }
+
+    std::unique_ptr<ControlWindow> window;
+};
+
+TEST_F(PointerRouting, LeavesEntersAndMovesInThisOrder)
+{
+    window->mouse.MoveTo({15, 15});
+    EXPECT_EQ(TakeEvents(), (Lines{"root LEAVE a", "a ENTER -", "a MOVE self"}));
+    window->mouse.MoveTo({45, 10});
+    EXPECT_EQ(TakeEvents(), (Lines{"a LEAVE b", "b ENTER -", "b MOVE self"}));
+    window->mouse.MoveTo({46, 10});
+    EXPECT_EQ(TakeEvents(), (Lines{"b MOVE self"}));
+    const tagDUIEvent& move = window->Find<Probe>("b")->lastEvent;
+    EXPECT_EQ(move.ptMouse.x, 46);
+    EXPECT_EQ(move.ptMouse.y, 10);
+    SendMessageA(window->Handle(), WM_MOUSELEAVE, 0, 0);
+    EXPECT_EQ(TakeEvents(), (Lines{"b LEAVE -"}));
+    SendMessageA(window->Handle(), WM_MOUSELEAVE, 0, 0);
+    EXPECT_EQ(TakeEvents(), Lines{});
+}
+
+TEST_F(PointerRouting, EndsTheHoverOverTheNonClientArea)
+{
+    window->mouse.MoveTo({15, 15});
+    TakeEvents();
+    SendMessageA(window->Handle(), WM_NCMOUSEMOVE, HTCAPTION, 0);
+    EXPECT_EQ(TakeEvents(), (Lines{"a LEAVE -"}));
+}
+
+TEST_F(PointerRouting, KeepsMovesWithTheControlThatWasPressed)
+{
+    window->mouse.Press({15, 15});
+    TakeEvents();
+    window->mouse.MoveTo({45, 15});
+    EXPECT_EQ(TakeEvents(), (Lines{"a LEAVE b", "a MOVE -"}));
+    window->mouse.MoveTo({75, 15});
+    EXPECT_EQ(TakeEvents(), (Lines{"a MOVE -"}));
+    window->mouse.MoveTo({20, 15});
+    EXPECT_EQ(TakeEvents(), (Lines{"a ENTER -", "a MOVE -"}));
+    window->mouse.MoveTo({45, 15});
+    TakeEvents();
+    window->mouse.Release();
+    EXPECT_EQ(TakeEvents(), Lines{});
+    window->mouse.MoveTo({46, 15});
+    EXPECT_EQ(TakeEvents(), (Lines{"b ENTER -", "b MOVE self"}));
+}
+
+TEST_F(PointerRouting, ReleasesToThePressedControlWhenItIsStillUnderThePointer)
+{
+    window->mouse.Press({15, 15}).Release();
+    EXPECT_EQ(TakeEvents(), (Lines{"root LEAVE a", "a ENTER -", "a MOVE self", "a DOWN self", "a UP self"}));
+    SendMessageA(window->Handle(), WM_LBUTTONUP, 0, MAKELPARAM(15, 15));
+    EXPECT_EQ(TakeEvents(), Lines{});
+}
+
+TEST_F(PointerRouting, PassesDisabledControlsOnPressesAndMeetsThemOnReleases)
+{
+    window->Find("b")->SetEnable(FALSE);
+    SendMessageA(window->Handle(), WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(45, 15));
+    EXPECT_EQ(TakeEvents(), (Lines{"root DOWN self"}));
+    SendMessageA(window->Handle(), WM_LBUTTONUP, 0, MAKELPARAM(45, 15));
+    EXPECT_EQ(TakeEvents(), Lines{});
+}
+
+TEST_F(PointerRouting, LeavesPressesOnContainersToTheApplication)
+{
+    Open(
+        "<probe name='root' answers='vert_layout'><probe name='filler' visible='false'/>"
+        "<probe name='a' position='0,0,30,30'/></probe>");
+    EXPECT_TRUE(IsHandled(WM_LBUTTONDOWN, {15, 15}, MK_LBUTTON));
+    EXPECT_FALSE(IsHandled(WM_LBUTTONUP, {15, 15}));
+    EXPECT_FALSE(IsHandled(WM_LBUTTONDOWN, {60, 15}, MK_LBUTTON));
+    EXPECT_TRUE(IsHandled(WM_LBUTTONUP, {60, 15}));
+    TakeEvents();
+    SendMessageA(window->Handle(), WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(60, 15));
+    SendMessageA(window->Handle(), WM_LBUTTONUP, 0, MAKELPARAM(60, 15));
+    EXPECT_EQ(TakeEvents(), (Lines{"root DOWN self"}));
+    EXPECT_FALSE(IsHandled(WM_LBUTTONDOWN, {200, 15}, MK_LBUTTON));
+    EXPECT_TRUE(window->IsTrasparentCtrl(nullptr));
+    EXPECT_TRUE(window->IsTrasparentCtrl(window->Find("root")));
+    EXPECT_FALSE(window->IsTrasparentCtrl(window->Find("a")));
+}
+
+TEST_F(PointerRouting, TellsTheFocusWhenAPressLandsElsewhere)
+{
+    window->Find("a")->SetFocus(TRUE);
+    TakeEvents();
+    window->Find<Probe>("b")->onEvent = [this](const tagDUIEvent& event, BOOL&) {
+        if (event.Type == DUIEVENT_LBUTTONDOWN)
+            window->Find("c")->SetFocus(TRUE);
+    };
+    EXPECT_FALSE(IsHandled(WM_LBUTTONDOWN, {45, 15}, MK_LBUTTON));
+    EXPECT_EQ(TakeEvents(), (Lines{"a KILLFOCUS b", "b DOWN self", "c SETFOCUS self", "c ELSEWHERE b"}));
+    EXPECT_EQ(window->Find<Probe>("a")->lastEvent.ptMouse.x, 45);
+}
+
+TEST_F(PointerRouting, FocusesTabStopsBeforeTheyHearOfThePress)
+{
+    window->Find("a")->ModifyStyle(0, DUISTYLE_TABSTOP);
+    window->mouse.MoveTo({15, 15});
+    TakeEvents();
+    window->mouse.Press();
+    EXPECT_EQ(TakeEvents(), (Lines{"a SETFOCUS self", "a DOWN self"}));
+    window->mouse.Release();
+    TakeEvents();
+    window->mouse.DoubleClick({75, 15});
+    EXPECT_EQ(Without(TakeEvents(), {"MOVE", "ENTER", "LEAVE"}),
+              (Lines{"a KILLFOCUS c", "c DOWN self", "c UP self", "c DBLCLK self", "c UP self"}));
+}
+
+TEST_F(PointerRouting, GivesThumbsEveryMoveAndTheirRelease)
+{
+    Open(
+        "<probe name='root'><probe name='filler' visible='false'/>"
+        "<probe name='thumb' answers='SBThumButton' position='0,0,30,30'/>"
+        "<probe name='b' position='30,0,60,30'/></probe>");
+    window->mouse.Press({15, 15}).MoveTo({45, 15});
+    EXPECT_EQ(Without(TakeEvents(), {"root"}),
+              (Lines{"thumb ENTER -", "thumb MOVE self", "thumb DOWN self", "thumb MOVE -"}));
+    EXPECT_TRUE(IsHandled(WM_MOUSEMOVE, {46, 15}, MK_LBUTTON));
+    TakeEvents();
+    window->mouse.Release();
+    EXPECT_EQ(TakeEvents(), (Lines{"thumb UP self"}));
+}
+
+TEST_F(PointerRouting, KeepsTheCaptureOfARichEditAfterTheRelease)
+{
+    Open(
+        "<probe name='root'><probe name='filler' visible='false'/>"
+        "<probe name='edit' answers='richedit' position='0,0,30,30'/></probe>");
+    window->mouse.Press({15, 15}).Release();
+    TakeEvents();
+    window->mouse.MoveTo({100, 15});
+    EXPECT_EQ(Without(TakeEvents(), {"LEAVE"}), (Lines{"edit MOVE -"}));
+}
+
+TEST_F(PointerRouting, TurnsTheWheelToTheOutermostControlAndOnlyWithAFocus)
+{
+    window->mouse.MoveTo({15, 15});
+    TakeEvents();
+    window->mouse.Wheel(1);
+    EXPECT_EQ(TakeEvents(), Lines{});
+    window->Find("c")->SetFocus(TRUE);
+    TakeEvents();
+    window->mouse.Wheel(-2);
+    EXPECT_EQ(TakeEvents(), (Lines{"root WHEEL c"}));
+    EXPECT_EQ(static_cast<short>(HIWORD(window->Find<Probe>("root")->lastEvent.wParam)), -2 * 120);
+}
+
+TEST_F(PointerRouting, AsksForCursorsAndContextMenusWhereThePointerIs)
+{
+    window->mouse.MoveTo({45, 15});
+    window->Find("b")->ModifyStyle(0, DUISTYLE_CURSOR);
+    TakeEvents();
+    EXPECT_TRUE(
+        SendMessageA(window->Handle(), WM_SETCURSOR, reinterpret_cast<WPARAM>(window->Handle()), HTCLIENT));
+    EXPECT_EQ(TakeEvents(), (Lines{"b SETCURSOR self"}));
+    POINT point{70, 15};
+    ClientToScreen(window->Handle(), &point);
+    LRESULT result = 0;
+    window->ProcessWindowMessage(window->Handle(), WM_CONTEXTMENU, 0, MAKELPARAM(point.x, point.y), result);
+    EXPECT_EQ(TakeEvents(), (Lines{"c CONTEXTMENU self"}));
+    EXPECT_EQ(window->Find<Probe>("c")->lastEvent.ptMouse.x, 70);
+}
+
+TEST_F(PointerRouting, HandlesNothingOfOtherMessageMaps)
+{
+    LRESULT result = 0;
+    EXPECT_FALSE(window->ProcessWindowMessage(window->Handle(), WM_ERASEBKGND, 0, 0, result, 1));
+    EXPECT_TRUE(window->ProcessWindowMessage(window->Handle(), WM_ERASEBKGND, 0, 0, result));
+    EXPECT_FALSE(window->ProcessWindowMessage(window->Handle(), WM_CLOSE, 0, 0, result));
+}
+
+}  // namespace
+}  // namespace qvui::test

@@ -1,0 +1,150 @@
+#include "framework/probe.h"
+
+#include <algorithm>
+
+#include <qvui/framework/app.h>
+
+namespace qvui::test {
+namespace {
+
+using namespace DUI;
+
+std::vector<std::string>& TheLog()
+{
+    static std::vector<std::string> log;
+    return log;
+}
+
+const char* EventName(UINT type)
+{
+    constexpr struct {
+        UINT type;
+        const char* name;
+    } kNames[] = {{DUIEVENT_SETCURSOR, "SETCURSOR"},
+                  {DUIEVENT_TIMER, "TIMER"},
+                  {DUIEVENT_SETFOCUS, "SETFOCUS"},
+                  {DUIEVENT_KILLFOCUS, "KILLFOCUS"},
+                  {DUIEVENT_WINDOWSIZE, "WINDOWSIZE"},
+                  {DUIEVENT_WINDOWMOVE, "WINDOWMOVE"},
+                  {DUIEVENT_LBUTTONDOWN, "DOWN"},
+                  {DUIEVENT_LBUTTONUP, "UP"},
+                  {DUIEVENT_LBUTTONDBLCLK, "DBLCLK"},
+                  {DUIEVENT_MOUSEENTER, "ENTER"},
+                  {DUIEVENT_MOUSELEAVE, "LEAVE"},
+                  {DUIEVENT_MOUSEMOVE, "MOVE"},
+                  {DUIEVENT_MOUSEWHEEL, "WHEEL"},
+                  {DUIEVENT_BUTTONDOWN_ELSEWHERE, "ELSEWHERE"},
+                  {DUIEVENT_CONTEXTMENU, "CONTEXTMENU"},
+                  {DUIEVENT_KEYDOWN, "KEYDOWN"},
+                  {DUIEVENT_KEYUP, "KEYUP"},
+                  {DUIEVENT_CHAR, "CHAR"}};
+    const auto* const found = std::find_if(std::begin(kNames), std::end(kNames),
+                                           [type](const auto& entry) { return entry.type == type; });
+    return found == std::end(kNames) ? "?" : found->name;
+}
+
+}  // namespace
+
+const ControlClass& Probe::Class()
+{
+    static const ControlClass info("Probe", &CDUIControlBase::Class(), "Writes down what happens to it.",
+                                   {"probe"});
+    return info;
+}
+
+void Probe::Register()
+{
+    DUIGetAppInstance()->GetControlFactory()->RegisterControl("probe",
+                                                              []() -> IDUIControl* { return new Probe; });
+    TheLog().clear();
+}
+
+std::vector<std::string> Probe::Take()
+{
+    return std::exchange(TheLog(), {});
+}
+
+void Probe::Write(const std::string& line)
+{
+    TheLog().push_back(line);
+}
+
+Probe::~Probe()
+{
+    if (onDestroyed)
+        onDestroyed();
+}
+
+void* Probe::GetInterface(const CString& name)
+{
+    return Class().Answers(name) || (!m_answers.IsEmpty() && EqualNoCase(m_answers.View(), name.View()))
+               ? this
+               : nullptr;
+}
+
+void Probe::SetAttribute(const CString& name, const CString& value)
+{
+    if (EqualNoCase(name.View(), "answers"))
+        m_answers = value;
+    else
+        CDUIControlBase::SetAttribute(name, value);
+}
+
+BOOL Probe::Activate()
+{
+    Write(Line("activate"));
+    if (onActivate)
+        onActivate();
+    return CDUIControlBase::Activate();
+}
+
+void Probe::SetControlRect(const RECT& rect)
+{
+    CDUIControlBase::SetControlRect(rect);
+    if (onRect)
+        onRect(rect);
+}
+
+void Probe::OnDestroy()
+{
+    Write(Line("destroy"));
+    CDUIControlBase::OnDestroy();
+}
+
+LRESULT Probe::ProcessEvent(const tagDUIEvent& event, BOOL& bHandled)
+{
+    lastEvent = event;
+    const std::string sender = !event.pSender          ? "-"
+                               : event.pSender == this ? "self"
+                                                       : event.pSender->GetName().GetString();
+    Write(Line(EventName(event.Type)) + " " + sender);
+    if (onEvent) {
+        const auto call = onEvent;  // the call may replace or end what it belongs to
+        call(event, bHandled);
+    }
+    return CDUIControlBase::ProcessEvent(event, bHandled);
+}
+
+void Probe::PaintBkgnd(HDC hdc)
+{
+    ++paints;
+    GetClipBox(hdc, &lastPaint);
+    Write(Line("background"));
+}
+
+std::vector<std::string> Without(std::vector<std::string> lines, std::initializer_list<const char*> words)
+{
+    const auto hasWord = [words](const std::string& line) {
+        return std::any_of(words.begin(), words.end(),
+                           [&line](const char* word) { return line.find(word) != std::string::npos; });
+    };
+    lines.erase(std::remove_if(lines.begin(), lines.end(), hasWord), lines.end());
+    return lines;
+}
+
+std::vector<std::string> TakeEvents()
+{
+    return Without(Probe::Take(), {"background", "foreground", " text", "border", "create", "destroy"});
+}
+
+}  // namespace qvui::test

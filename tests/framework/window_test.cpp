@@ -1,0 +1,261 @@
+#include <qvui/framework/app.h>
+
+#include "framework/probe.h"
+#include "support/controls/control_test.h"
+
+namespace qvui::test {
+namespace {
+
+using namespace DUI;
+
+std::string Text(const RECT& rect)
+{
+    return std::to_string(rect.left) + "," + std::to_string(rect.top) + "," + std::to_string(rect.right) +
+           "," + std::to_string(rect.bottom);
+}
+
+class WindowMgr : public ControlTest {
+protected:
+    WindowMgr() { Probe::Register(); }
+};
+
+TEST_F(WindowMgr, KeepsMarginAndBordersFreeAroundTheRoot)
+{
+    const struct {
+        const char* name;
+        const char* attributes;
+        const char* expected;
+    } cases[] = {
+        {"nothing", "", "0,0,300,200"},
+        {"margin", "client_margin='10,20,10,20'", "10,20,290,180"},
+        {"borders", "frame_style='framed'", "2,2,298,198"},
+        {"both", "frame_style='framed' CLIENT_MARGIN='1,2,3,4'", "3,4,295,194"},
+        {"unknown frame", "frame_style='none'", "0,0,300,200"},
+        {"too much", "frame_style='framed' client_margin='200,10,200,10'", "202,12,202,12"},
+    };
+    for (const auto& c : cases) {
+        ControlWindow window({300, 200},
+                             std::string("<window ") + c.attributes + "><probe name='root'/></window>");
+        EXPECT_EQ(Text(window.Find("root")->GetControlRect()), c.expected) << c.name;
+    }
+}
+
+TEST_F(WindowMgr, AddsStyleWordsAndNeverRemovesThem)
+{
+    ControlWindow window({50, 50},
+                         "<window nc_style='custom_nc|size_nc' caption_height='30'><probe/></window>");
+    EXPECT_TRUE(window.IsDUICustomNC());
+    EXPECT_TRUE(window.IsDUINCSizable());
+    EXPECT_FALSE(window.IsDUISetNCRgn());
+    EXPECT_EQ(window.GetCaptionHeight(), 30);
+    window.OnBuilderWindowAttribute("nc_style", "region_nc LAYERED");
+    EXPECT_EQ(window.GetDUIStyle(), 0xEu);
+    EXPECT_EQ(window.SetDUIStyle(DUINCSTYLE_CUSTOM_NC, 0), 0xCu);
+    EXPECT_FALSE(window.IsDUINCSizable());
+}
+
+TEST_F(WindowMgr, PaintsTheFrameThenTheTreeAndOnlyWhatChanged)
+{
+    ControlWindow window({60, 40},
+                         "<window frame_style='framed'><probe name='root'><probe name='filler'/>"
+                         "<probe name='child' position='10,10,20,20'/></probe></window>");
+    EXPECT_EQ(window.Paint().At(30, 30), 0x0000FFu);
+    EXPECT_EQ(window.Paint().At(0, 20), 0xFF0000u);
+    Probe::Take();
+    auto* const child = window.Find<Probe>("child");
+    const int before = child->paints;
+    window.Paint();
+    EXPECT_EQ(child->paints, before);
+    child->UpdateLayout(FALSE, nullptr);
+    EXPECT_EQ(Text(window.Invalid()), "10,10,20,20");
+    window.Paint();
+    EXPECT_EQ(child->paints, before + 1);
+    EXPECT_EQ(Text(child->lastPaint), "10,10,20,20");
+}
+
+TEST_F(WindowMgr, LaysOutAndPaintsAnewWhenItsSizeChanges)
+{
+    ControlWindow window(
+        {60, 40}, "<window frame_style='blue'><probe name='root'><probe name='child'/></probe></window>");
+    window.Paint();
+    Probe::Take();
+    window.Resize({100, 80});
+    EXPECT_EQ(Without(Probe::Take(), {"MOVE", "background", "foreground", "text", "border"}),
+              (std::vector<std::string>{"child WINDOWSIZE root", "root WINDOWSIZE self"}));
+    EXPECT_EQ(Text(window.Find("root")->GetControlRect()), "0,0,100,80");
+    EXPECT_EQ(window.Paint().At(99, 79), 0x0000FFu);
+    window.Resize({30, 20});
+    EXPECT_EQ(window.Paint().At(29, 19), 0x0000FFu);
+}
+
+TEST_F(WindowMgr, RunsOneMoreLayoutWhenOneIsAskedForMeanwhile)
+{
+    ControlWindow window({60, 40}, "<probe name='root'/>");
+    auto* const root = window.Find<Probe>("root");
+    int layouts = 0;
+    root->onRect = [&](const RECT&) {
+        if (++layouts <= 2)
+            root->UpdateLayout(TRUE, nullptr);
+        RECT part{0, 0, 1, 1};
+        root->UpdateLayout(FALSE, &part);
+    };
+    window.Validate();
+    window.LayoutRootControl();
+    EXPECT_EQ(layouts, 3);
+    EXPECT_EQ(Text(window.Invalid()), "0,0,0,0");
+}
+
+TEST_F(WindowMgr, DropsUpdatesWhileTheLayoutIsLocked)
+{
+    ControlWindow window({60, 40}, "<probe name='root'/>");
+    auto* const root = window.Find<Probe>("root");
+    int layouts = 0;
+    root->onRect = [&layouts](const RECT&) { ++layouts; };
+    window.Validate();
+    root->LockLayout(TRUE);
+    root->UpdateLayout(TRUE, nullptr);
+    EXPECT_EQ(layouts, 0);
+    EXPECT_EQ(Text(window.Invalid()), "0,0,0,0");
+    root->LockLayout(FALSE);
+    root->UpdateLayout(TRUE, nullptr);
+    EXPECT_EQ(layouts, 1);
+}
+
+TEST_F(WindowMgr, PostsAPaintMessageForLayeredWindows)
+{
+    ControlWindow window({60, 40}, "<probe name='root'/>");
+    Pump();
+    MSG message{};
+    window.Invalidate(TRUE);
+    window.Validate();
+    EXPECT_FALSE(PeekMessageA(&message, window.Handle(), WM_PAINT, WM_PAINT, PM_REMOVE));
+    SetWindowLongA(window.Handle(), GWL_EXSTYLE, static_cast<LONG>(window.GetExStyle() | WS_EX_LAYERED));
+    window.Invalidate(TRUE);
+    window.Validate();
+    EXPECT_TRUE(PeekMessageA(&message, window.Handle(), WM_PAINT, WM_PAINT, PM_REMOVE));
+}
+
+TEST_F(WindowMgr, FollowsTheSkinWithItsControlStylesAndPixels)
+{
+    SkinAdditions additions;
+    additions.frameStyles = "<frame_style name='paper' back_color='paper'/>";
+    UseSkin(additions);
+    Probe::Register();
+    ControlWindow window(
+        {60, 40}, "<window frame_style='paper'><probe name='root' control_style='blue_button'/></window>");
+    EXPECT_EQ(window.Paint().At(5, 5), 0xFFFFFFu);
+    Skin().Manager().SetSkinTyle("dark");
+    EXPECT_EQ(window.Paint().At(5, 5), 0x000000u);
+}
+
+TEST_F(WindowMgr, DrawsItsOwnActivationOnlyWithoutANativeCaption)
+{
+    ControlWindow window({60, 40}, "<probe name='root'/>");
+    LRESULT result = -1;
+    EXPECT_TRUE(window.ProcessWindowMessage(window.Handle(), WM_NCACTIVATE, FALSE, 0, result));
+    EXPECT_EQ(result, TRUE);
+    EXPECT_TRUE(window.ProcessWindowMessage(window.Handle(), WM_NCACTIVATE, TRUE, 0, result));
+    EXPECT_EQ(result, FALSE);
+    SetWindowLongA(window.Handle(), GWL_STYLE, static_cast<LONG>(window.GetStyle() | WS_CAPTION));
+    EXPECT_FALSE(window.ProcessWindowMessage(window.Handle(), WM_NCACTIVATE, TRUE, 0, result));
+}
+
+TEST_F(WindowMgr, FindsControlsByNameFromACacheThatIsToldWhenToRefresh)
+{
+    ControlWindow window({60, 40},
+                         "<probe name='root'><probe name='twin' text='#first'/>"
+                         "<probe name='twin' text='#second' visible='false'/></probe>");
+    IDUIControl* const first = window.GetControlByName("twin", TRUE);
+    EXPECT_EQ(first->GetText(), "first");
+    EXPECT_EQ(window.GetControlByName("Twin", FALSE), nullptr);
+    EXPECT_EQ(window.GetControlByName("", TRUE), nullptr);
+    first->SetName("renamed");
+    EXPECT_EQ(window.GetControlByName("twin", FALSE), first);
+    EXPECT_EQ(window.GetControlByName("twin", TRUE)->GetText(), "second");
+    window.GetRootControl()->RemoveControl(window.GetControlByName("renamed", FALSE));
+    EXPECT_EQ(window.GetControlByName("renamed", FALSE), nullptr);
+
+    EXPECT_TRUE(window.SetContrlText("twin", "changed"));
+    EXPECT_EQ(window.GetContrlText("twin"), "changed");
+    EXPECT_TRUE(window.EnableControl("twin", FALSE));
+    EXPECT_TRUE(window.ShowControl("twin", TRUE));
+    EXPECT_TRUE(window.SetControlAttribute("twin", "width", "33", FALSE));
+    IDUIControl* const twin = window.Find("twin");
+    EXPECT_FALSE(twin->IsEnabled());
+    EXPECT_TRUE(twin->IsVisible(FALSE));
+    EXPECT_EQ(twin->GetFixedSize().cx, 33);
+    EXPECT_FALSE(window.SetContrlText("nobody", ""));
+    EXPECT_FALSE(window.SetButtonChecked("twin", TRUE));
+    EXPECT_EQ(window.GetControlByInterface("probe"), window.GetRootControl());
+    EXPECT_EQ(window.GetControlByInterface(nullptr), nullptr);
+}
+
+TEST_F(WindowMgr, ChecksButtonsByName)
+{
+    ControlWindow window({60, 40}, "<check_box name='box'/>");
+    EXPECT_TRUE(window.SetButtonChecked("box", TRUE));
+    EXPECT_TRUE(window.Find("box")->GetStatus() & DUISTATUS_CHECKED);
+}
+
+TEST_F(WindowMgr, ClimbsToTheTopLevelParentOfItsHost)
+{
+    ControlWindow alone({20, 20}, "<probe name='root'/>");
+    EXPECT_EQ(alone.GetMostTopParent(), nullptr);
+    EXPECT_EQ(alone.GetMostTopParentStatus(), 0u);
+    EXPECT_FALSE(alone.IsNcActivate());
+    const PlatformWindow top;
+    PlatformWindowOptions options;
+    options.style = WS_CHILD;
+    options.parent = top.Handle();
+    const PlatformWindow middle(options);
+    options.parent = middle.Handle();
+    const PlatformWindow host(options);
+    CDUIWindowMgr manager;
+    RECT rect{};
+    EXPECT_TRUE(manager.CreateFromRootControl(new Probe("root"), host.Handle(), rect));
+    EXPECT_EQ(manager.GetMostTopParent(), top.Handle());
+    SetActiveWindow(top.Handle());
+    EXPECT_EQ(manager.GetMostTopParentStatus(), 0x24u);
+    EnableWindow(top.Handle(), FALSE);
+    EXPECT_EQ(manager.GetMostTopParentStatus() & 0x10u, 0x10u);
+}
+
+TEST_F(WindowMgr, StartsFinishesAndStartsAgain)
+{
+    const PlatformWindow host;
+    CDUIWindowMgr manager;
+    RECT rect{1, 2, 3, 4};
+    EXPECT_FALSE(manager.CreateFromXML("broken", host.Handle(), rect));
+    EXPECT_EQ(manager.GetRootControl(), nullptr);
+    EXPECT_TRUE(manager.CreateFromXML("<window><probe name='one'/></window>", host.Handle(), rect));
+    EXPECT_EQ(Text(manager.GetWindowRect()), "1,2,3,4");
+    EXPECT_FALSE(manager.CreateFromRootControl(CRefPtr<IDUIControl>(), host.Handle(), rect));
+    manager.InitWindowMgr();
+    manager.FinishWindowMgr();
+    manager.FinishWindowMgr();
+    EXPECT_TRUE(manager.CreateFromXML("<window><probe name='two'/></window>", host.Handle(), rect));
+    manager.InitWindowMgr();
+    EXPECT_EQ(Without(Probe::Take(), {"WINDOW"}),
+              (std::vector<std::string>{"one create", "one destroy", "two create"}));
+    const CRefPtr<IDUIControl> root = manager.DetachRootControl();
+    manager.FinishWindowMgr();
+    EXPECT_EQ(Probe::Take(), std::vector<std::string>{});
+    root->DetachWindow();
+}
+
+TEST_F(WindowMgr, TellsTheTooltipWhatTheControlUnderThePointerSays)
+{
+    ControlWindow window({60, 40}, "<probe name='root' tooltip='#a long text'/>");
+    window.mouse.MoveTo({10, 10});
+    char text[80]{};
+    BOOL bHandled = FALSE;
+    struct Reach : ControlWindow {
+        using ControlWindow::OnGetDispInfo;
+    };
+    (window.*&Reach::OnGetDispInfo)(text, bHandled);
+    EXPECT_STREQ(text, "a long text");
+    EXPECT_TRUE(bHandled);
+}
+
+}  // namespace
+}  // namespace qvui::test
