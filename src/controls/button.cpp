@@ -77,6 +77,10 @@ const AttributeTable<CDUIButton>& Attributes()
          [](CDUIButton& button, const CString& value) {
              button.ModifyStyle(DUISTYLE_WANTRETURN, IsTrue(value) ? DWORD{DUISTYLE_WANTRETURN} : 0);
          }},
+        {"toolbar_style",
+         {AttributeKind::Choice, "", "check"},
+         "\"check\": each click checks or unchecks the button, as on a tool bar.",
+         [](CDUIButton& button, const CString& value) { button.SetToolCheck(HasWord(value, "check")); }},
     };
     return attributes;
 }
@@ -113,7 +117,10 @@ BOOL CDUIButton::Activate()
 {
     if (!CDUIControlBase::Activate())
         return FALSE;
+    const ControlGuard keep(this);
     SendNotify(DUINOTIFY_CLICK, 0, 0);
+    if (m_isToolCheck)
+        SetCheck(!GetCheck());
     return TRUE;
 }
 

@@ -29,6 +29,8 @@ const AttributeTable<CDUICheckButton>& Attributes()
          [](CDUICheckButton& button, const CString& value) {
              SetStateImage(button, &CButtonUIData::m_pUncheckedImage, button.GetCheck() == 0, value);
          }},
+        {"toolbar_style", AttributeKind::Ignored, "Check buttons have check states of their own.",
+         [](CDUICheckButton&, const CString&) {}},
     };
     return attributes;
 }

@@ -39,7 +39,9 @@ struct CButtonUIData {
 /// A press and release inside it, or Space, activates it. Strips hold icons for normal, hot, pushed (also
 /// checked) and disabled; a strip that is too short shows its first icon instead.
 ///
-/// Skin attributes: back_image, icon, button_style, focus, want_return.
+/// With toolbar_style "check", as on a tool bar, each click turns the check state over, after its notification.
+///
+/// Skin attributes: back_image, icon, button_style, focus, want_return, toolbar_style.
 /// Notifications: DUINOTIFY_CLICK when it is activated.
 class QVUI_API CDUIButton : public CDUIControlBase {
 public:
@@ -72,6 +74,10 @@ public:
     virtual void SetButtonStyle(DWORD style);
     virtual DWORD GetButtonStyle();
 
+    /// Whether a click turns the check state over.
+    void SetToolCheck(bool isToolCheck) { m_isToolCheck = isToolCheck; }
+    bool IsToolCheck() const { return m_isToolCheck; }
+
     BOOL IsHoverd() const { return (GetStatus() & DUISTATUS_HOT) != 0; }
     BTN_IMAGE_STATUS GetImageStatus() const;
     /// Where icon and text were last painted; empty when they were not.
@@ -96,6 +102,7 @@ private:
     DWORD m_dwButtonStyle = 0;
     RECT m_rcIcon{0, 0, 0, 0};
     RECT m_rcText{0, 0, 0, 0};
+    bool m_isToolCheck = false;
 };
 
 }  // namespace DUI
