@@ -37,16 +37,29 @@ const AttributeTable<CDUITileLayout>& Attributes()
     return table;
 }
 
-// Empty numbers will do for rows of a given height.
-std::vector<LONG> AskHeights(const Children& tiles, LONG columnWidth, bool isNeeded)
+// What the tiles ask for; nothing needs asking when the rows' height is given.
+std::vector<LONG> AskHeights(const Children& tiles, LONG columnWidth, LONG rowHeight)
 {
-    std::vector<LONG> heights(tiles.size(), 0);
-    for (std::size_t i = 0; isNeeded && i < tiles.size(); ++i) {
+    std::vector<LONG> heights(tiles.size(), rowHeight);
+    for (std::size_t i = 0; rowHeight == 0 && i < tiles.size(); ++i) {
         SIZE size{0, 0};
         if (tiles[i]->EstimateSize({columnWidth, kUnlimited}, size))
             heights[i] = size.cy;
     }
     return heights;
+}
+
+TilePlaces Arrange(CDUITileLayout& layout, const RECT& view, int position, int columns, const Children& tiles)
+{
+    TileGrid grid;
+    grid.view = view;
+    grid.position = position;
+    grid.columns = columns;
+    grid.columnGap = layout.GetPaddingWidth();
+    grid.rowGap = layout.GetRowGap();
+    grid.rowHeight = layout.GetFixedSize().cy;
+    const LONG columnWidth = ColumnWidth(Width(view), columns, grid.columnGap);
+    return PlaceTiles(grid, AskHeights(tiles, columnWidth, grid.rowHeight));
 }
 
 }  // namespace
@@ -94,27 +107,45 @@ void CDUITileLayout::SetControlRect(const RECT& rect)
     StoreControlRect(rect);
     if (GetControlCount() == 0)
         return;
-    TileGrid grid;
-    grid.view = GetContentRect();
-    grid.position = owned_scroll_bar::Reserve(GetVerticalSB(), grid.view);
-    if (IsRectEmpty(&grid.view)) {
-        PlaceAll(*this, grid.view);
+    RECT view = GetContentRect();
+    const int position = owned_scroll_bar::Reserve(GetVerticalSB(), view);
+    if (IsRectEmpty(&view)) {
+        PlaceAll(*this, view);
         return;
     }
-    grid.columns = m_nColumnCount > 0 ? m_nColumnCount : CalculateColumnCount(grid.view);
-    if (grid.columns == 0)
+    const int columns = ColumnsIn(view);
+    if (columns == 0)
         return;
-    grid.columnGap = GetPaddingWidth();
-    grid.rowGap = m_nRowGap;
-    grid.rowHeight = GetFixedSize().cy;
-
     const Children tiles = VisibleChildren(*this);
-    const LONG columnWidth = ColumnWidth(Width(grid.view), grid.columns, grid.columnGap);
-    const TilePlaces places = PlaceTiles(grid, AskHeights(tiles, columnWidth, grid.rowHeight == 0));
+    const TilePlaces places = Arrange(*this, view, position, columns, tiles);
     for (std::size_t i = 0; i < tiles.size(); ++i)
         tiles[i]->SetControlRect(places.rects[i]);
-    ProcessVerticalSB(grid.view, Narrow(places.content), 0);
+    ReportContent(view, Narrow(places.content));
     Repaint();
+}
+
+int CDUITileLayout::ColumnsIn(RECT& view)
+{
+    return m_nColumnCount > 0 ? m_nColumnCount : CalculateColumnCount(view);
+}
+
+// More columns may make the content higher, when a high tile comes to stand among low ones. Content that fits
+// beside the scroll bar and not without it keeps the bar, or showing and hiding it would never come to an
+// end.
+void CDUITileLayout::ReportContent(const RECT& view, int content)
+{
+    RECT whole = GetContentRect();
+    const bool fitsBesideBar = content <= Height(view) && whole.right != view.right;
+    if (fitsBesideBar &&
+        Arrange(*this, whole, 0, ColumnsIn(whole), VisibleChildren(*this)).content > Height(whole)) {
+        SCROLLINFO info{};
+        info.cbSize = sizeof info;
+        info.fMask = SIF_RANGE | SIF_PAGE;
+        info.nPage = static_cast<UINT>(Height(view));
+        GetVerticalSB()->SetScrollBarInfo(&info);
+        return;
+    }
+    ProcessVerticalSB(view, content, 0);
 }
 
 int CDUITileLayout::CalculateColumnCount(RECT& rect)

@@ -60,6 +60,8 @@ protected:
     int CalculateColumnCount(RECT& rect);
 
 private:
+    int ColumnsIn(RECT& view);
+    void ReportContent(const RECT& view, int content);
     void Repaint();
 
     CRefPtr<CDUIVerticalSB> m_pScrollBar;
