@@ -69,7 +69,9 @@ void HelloWindow::Show()
         std::printf("control %s %d %d %d %d\n", name, static_cast<int>(rect.left), static_cast<int>(rect.top),
                     static_cast<int>(rect.right), static_cast<int>(rect.bottom));
     }
-    std::puts("ready");
+    POINT origin{0, 0};
+    ClientToScreen(m_hWindow, &origin);
+    std::printf("client %d %d\nready\n", static_cast<int>(origin.x), static_cast<int>(origin.y));
     std::fflush(stdout);
 }
 

@@ -4,7 +4,8 @@
 #include <utility>
 #include <vector>
 
-#include <qvui/render/render_engine.h>
+#include <qvui/framework/draw_manager.h>
+#include <qvui/framework/html_drawer.h>
 
 #include "framework/tool_tip_placement.h"
 
@@ -17,6 +18,7 @@ constexpr int kControlId = 0x7474;
 enum Timer : UINT_PTR { kTimerShow = 1, kTimerHide = 2, kTimerWatch = 3 };
 // How often a shown tooltip looks whether its host moved, lost the activation or the pointer.
 constexpr UINT kWatchPeriod = 100;
+constexpr int kBorderShade = -40;
 
 bool SamePoint(POINT left, POINT right) { return left.x == right.x && left.y == right.y; }
 
@@ -42,6 +44,8 @@ public:
     int m_stay = 5000;
     int m_reshowDelay = 100;
     COLORREF m_background = RGB(169, 209, 236);
+    COLORREF m_textColor = RGB(0, 0, 0);
+    int m_corner = 0;
     SIZE m_margin{5, 5};
     SIZE m_offset{5, 10};
 
@@ -68,7 +72,6 @@ private:
     void Leave();
     void Dismiss();
     void Show(POINT pointer);
-    SIZE MeasureText() const;
 
     HWND m_hWnd = nullptr;
     HWND m_host = nullptr;
@@ -77,6 +80,7 @@ private:
     HWND m_toolWindow = nullptr;  // of the tool under the pointer
     UINT_PTR m_toolId = 0;
     POINT m_pointer{};
+    CPPHtmlDrawer m_drawer;
     TOOLTIP_INFO m_shown;  // the last answer, of what shows or was dismissed
     RECT m_hostPlace{};
     bool m_isVisible = false;
@@ -352,22 +356,13 @@ void CPPToolTip::Window::Hide()
     ShowWindow(m_hWnd, SW_HIDE);
 }
 
-SIZE CPPToolTip::Window::MeasureText() const
-{
-    const HDC screen = GetDC(nullptr);
-    const HGDIOBJ font = SelectObject(screen, GetStockObject(DEFAULT_GUI_FONT));
-    RECT text{0, 0, GetSystemMetrics(SM_CXSCREEN) / 2, 0};
-    DrawTextA(screen, m_shown.sTooltip, -1, &text, DT_CALCRECT | DT_WORDBREAK | DT_NOPREFIX);
-    SelectObject(screen, font);
-    ReleaseDC(nullptr, screen);
-    return {text.right, text.bottom};
-}
-
 void CPPToolTip::Window::Show(POINT pointer)
 {
-    SIZE size = MeasureText();
-    size = {size.cx + 2 * (m_margin.cx + 1), size.cy + 2 * (m_margin.cy + 1)};
-    const RECT area{0, 0, GetSystemMetrics(SM_CXSCREEN), GetSystemMetrics(SM_CYSCREEN)};
+    const RECT area = WorkAreaAt(pointer);
+    const SIZE frame{2 * (m_margin.cx + 1), 2 * (m_margin.cy + 1)};
+    m_drawer.SetText(m_shown.sTooltip);
+    const SIZE text = m_drawer.Measure(nullptr, (area.right - area.left) / 2, area.bottom - area.top - frame.cy);
+    const SIZE size{text.cx + frame.cx, std::min(text.cy + frame.cy, area.bottom - area.top)};
     const POINT corner = PlaceToolTip({area, pointer, size, m_offset});
     GetWindowRect(m_host, &m_hostPlace);
     m_isVisible = true;
@@ -375,6 +370,9 @@ void CPPToolTip::Window::Show(POINT pointer)
     if (m_stay > 0)
         SetTimer(m_hWnd, kTimerHide, static_cast<UINT>(m_stay), nullptr);
     SetTimer(m_hWnd, kTimerWatch, kWatchPeriod, nullptr);
+    // The window owns the region that it is given.
+    SetWindowRgn(m_hWnd,
+                 m_corner > 0 ? CreateRoundRectRgn(0, 0, size.cx + 1, size.cy + 1, m_corner, m_corner) : nullptr, FALSE);
     SetWindowPos(m_hWnd, HWND_TOPMOST, corner.x, corner.y, size.cx, size.cy, SWP_NOACTIVATE | SWP_SHOWWINDOW);
     InvalidateRect(m_hWnd, nullptr, FALSE);
     UpdateWindow(m_hWnd);
@@ -386,16 +384,16 @@ void CPPToolTip::Window::Paint()
     const HDC hdc = BeginPaint(m_hWnd, &paint);
     RECT client{};
     GetClientRect(m_hWnd, &client);
-    CARGB background;
-    background.SetColor((m_shown.nMask & TOOLTIP_MASK_COLORS) ? m_shown.crBegin : m_background);
-    CDUIRenderEngine::FillRect(hdc, client, background);
-    CDUIRenderEngine::DrawRectangleBorder(hdc, client, {1, 1, 1, 1}, CARGB(118, 118, 118, 255));
-    const HGDIOBJ font = SelectObject(hdc, GetStockObject(DEFAULT_GUI_FONT));
-    SetBkMode(hdc, TRANSPARENT);
-    SetTextColor(hdc, RGB(0, 0, 0));
+    const bool hasColors = (m_shown.nMask & TOOLTIP_MASK_COLORS) != 0;
+    const COLORREF last = hasColors ? m_shown.crEnd : m_background;
+    if (hasColors)
+        CPPDrawManager::FillEffect(hdc, client, m_shown.nEffect, m_shown.crBegin, m_shown.crMid, m_shown.crEnd);
+    else
+        CPPDrawManager::FillEffect(hdc, client, TOOLTIP_EFFECT_SOLID, m_background, m_background, m_background);
+    CPPDrawManager::DrawBorder(hdc, client, m_corner, CPPDrawManager::Shade(last, kBorderShade));
     InflateRect(&client, -(m_margin.cx + 1), -(m_margin.cy + 1));
-    DrawTextA(hdc, m_shown.sTooltip, -1, &client, DT_WORDBREAK | DT_NOPREFIX);
-    SelectObject(hdc, font);
+    m_drawer.SetTextColor((m_shown.nMask & TOOLTIP_MASK_TEXT_COLOR) ? m_shown.crText : m_textColor);
+    m_drawer.Draw(hdc, client);
     EndPaint(m_hWnd, &paint);
 }
 
@@ -458,7 +456,14 @@ void CPPToolTip::SetDelayTime(int initial, int autoPop, int reshow)
 
 void CPPToolTip::SetBkColor(const CARGB& color) { m_pWindow->m_background = color.GetColor(); }
 
-void CPPToolTip::SetMargin(int horizontal, int vertical) { m_pWindow->m_margin = {horizontal, vertical}; }
+void CPPToolTip::SetTextColor(const CARGB& color) { m_pWindow->m_textColor = color.GetColor(); }
+
+void CPPToolTip::SetCorner(int diameter) { m_pWindow->m_corner = std::max(diameter, 0); }
+
+void CPPToolTip::SetMargin(int horizontal, int vertical)
+{
+    m_pWindow->m_margin = {std::max(horizontal, 0), std::max(vertical, 0)};
+}
 
 void CPPToolTip::SetOffset(int x, int y) { m_pWindow->m_offset = {x, y}; }
 

@@ -32,4 +32,13 @@ POINT PlaceToolTip(const ToolTipPlacement& placement)
     return {left >= area.left ? left : corner.x, corner.y};
 }
 
+RECT WorkAreaAt(POINT screen)
+{
+    MONITORINFO monitor{};
+    monitor.cbSize = sizeof monitor;
+    if (GetMonitorInfoA(MonitorFromPoint(screen, MONITOR_DEFAULTTONEAREST), &monitor))
+        return monitor.rcWork;
+    return {0, 0, GetSystemMetrics(SM_CXSCREEN), GetSystemMetrics(SM_CYSCREEN)};
+}
+
 }  // namespace DUI

@@ -20,4 +20,7 @@ inline constexpr int kPointerPicture = 12;
 /// area, whose upper left corner stays visible when the tooltip is larger.
 POINT PlaceToolTip(const ToolTipPlacement& placement);
 
+/// The work area of the screen that a point is on, or nearest to.
+RECT WorkAreaAt(POINT screen);
+
 }  // namespace DUI

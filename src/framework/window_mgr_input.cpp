@@ -491,7 +491,10 @@ BOOL CDUIWindowMgr::SetNextTabControl(BOOL bForward)
 // The focus is at the end of the tree: another native window's turn, or the tree's other end.
 bool CDUIWindowMgr::FocusBeyondTree(BOOL bForward, IDUIControl* lastTabStop)
 {
-    const HWND next = IsWindow() ? GetNextDlgTabItem(m_hWnd, m_hWnd, !bForward) : nullptr;
+    HWND next = IsWindow() ? GetNextDlgTabItem(m_hWnd, m_hWnd, !bForward) : nullptr;
+    // Without native tab stops some platforms answer with the window itself and some with nothing.
+    if (!next && IsWindow())
+        next = m_hWnd;
     if (!next)
         return false;
     if (next != m_hWnd) {

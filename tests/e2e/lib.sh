@@ -28,6 +28,7 @@ on_own_display() {
 
 # start COMMAND... : runs the application in the background.
 start() {
+    : >"$scratch/out"
     "$@" >"$scratch/out" 2>"$scratch/err" </dev/null &
     application=$!
 }
@@ -54,27 +55,45 @@ find_window() {
     fail "no window \"$1\" on the display"
 }
 
-# press_control WINDOW NAME : presses the middle of the control, whose rectangle the application printed.
+# client_point X Y : prints the screen coordinates of a point of the client area, whose origin the application
+# printed; a window may have a frame around it.
+client_point() {
+    local left top
+    read -r left top < <(tr -d '\r' <"$scratch/out" | sed -n 's/^client //p' | tail -1)
+    [[ -n ${top:-} ]] || fail "the application printed no client origin"
+    printf '%d %d' $((left + $1)) $((top + $2))
+}
+
+# press_control NAME : presses the middle of the control, whose rectangle the application printed.
 press_control() {
     local left top right bottom
-    read -r left top right bottom < <(tr -d '\r' <"$scratch/out" | sed -n "s/^control $2 //p" | tail -1)
-    [[ -n ${bottom:-} ]] || fail "the application printed no rectangle of \"$2\""
-    xdotool mousemove --window "$1" $(((left + right) / 2)) $(((top + bottom) / 2)) click 1
+    read -r left top right bottom < <(tr -d '\r' <"$scratch/out" | sed -n "s/^control $1 //p" | tail -1)
+    [[ -n ${bottom:-} ]] || fail "the application printed no rectangle of \"$1\""
+    # shellcheck disable=SC2046
+    xdotool mousemove $(client_point $(((left + right) / 2)) $(((top + bottom) / 2))) click 1
 }
 
-# colour_at WINDOW X Y : prints the pixel as hexadecimal digits.
+# colour_at X Y : prints the pixel of the client area as hexadecimal digits.
 colour_at() {
-    import -silent -window "$1" -crop "1x1+$2+$3" -depth 8 rgb:- | od -An -tx1 | tr -d ' \n'
+    local x y
+    read -r x y < <(client_point "$1" "$2")
+    import -silent -window root -crop "1x1+$x+$y" -depth 8 rgb:- | od -An -tx1 | tr -d ' \n'
 }
 
-# wait_for_colour WINDOW X Y COLOUR
+# wait_for_colour X Y COLOUR
 wait_for_colour() {
     local attempt
     for ((attempt = 0; attempt < 200; ++attempt)); do
-        [[ $(colour_at "$1" "$2" "$3") == "$4" ]] && return 0
+        [[ $(colour_at "$1" "$2") == "$3" ]] && return 0
         sleep 0.05
     done
-    fail "the pixel at $2,$3 is $(colour_at "$1" "$2" "$3"), not $4"
+    fail "the pixel at $1,$2 is $(colour_at "$1" "$2"), not $3"
+}
+
+# press_keys WINDOW KEYS : gives the window the keyboard and types as a person does.
+press_keys() {
+    xdotool windowfocus "$1"
+    xdotool key "$2"
 }
 
 # expect_exit STATUS : waits for the application's end.

@@ -66,13 +66,14 @@ int ButtonOf(Uint8 button)
 
 class SdlDisplay final : public Display {
 public:
+    /// The connection to the screen ends with the process, as this driver does. Closing it through SDL would
+    /// make X report, and end the process with an error for, a wake-up that SDL sent to a window just closed.
     ~SdlDisplay() override
     {
         for (const auto& [number, cursor] : m_cursors)
             SDL_FreeCursor(cursor);
         if (m_ownCursor)
             SDL_FreeCursor(m_ownCursor);
-        SDL_QuitSubSystem(SDL_INIT_VIDEO);
     }
 
     void Open(HWND window, const RECT& screen, const SurfaceOptions& options) override
@@ -190,6 +191,18 @@ public:
         SDL_Rect bounds{0, 0, 1024, 768};
         SDL_GetDisplayUsableBounds(0, &bounds);
         return {bounds.w, bounds.h};
+    }
+    std::vector<Screen> Screens() override
+    {
+        const auto toRect = [](const SDL_Rect& rect) { return RECT{rect.x, rect.y, rect.x + rect.w, rect.y + rect.h}; };
+        std::vector<Screen> screens;
+        for (int i = 0; i < SDL_GetNumVideoDisplays(); ++i) {
+            SDL_Rect bounds{};
+            SDL_Rect usable{};
+            if (SDL_GetDisplayBounds(i, &bounds) == 0 && SDL_GetDisplayUsableBounds(i, &usable) == 0)
+                screens.push_back({toRect(bounds), toRect(usable)});
+        }
+        return screens.empty() ? Display::Screens() : screens;
     }
 
 private:
