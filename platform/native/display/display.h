@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <memory>
 #include <string>
+#include <vector>
 
 #include <qvui/platform/native/kernel.h>
 #include <qvui/platform/native/user.h>
@@ -18,6 +19,12 @@ struct SurfaceOptions {
     bool isSizable = false;
     bool isPopup = false;  // takes no place in a task list and no focus by itself
     std::string title;     // UTF-8
+};
+
+/// One of the screens that the desktop spans.
+struct Screen {
+    RECT bounds{};
+    RECT workArea{};  // without what belongs to the desktop itself, like its task bar
 };
 
 /// What a display driver reports; coordinates are screen pixels. The user layer implements it.
@@ -68,6 +75,12 @@ public:
     /// Reports input until there was some or `milliseconds` (-1: no limit) have passed.
     virtual void Wait(int milliseconds, InputSink& sink) = 0;
     virtual SIZE ScreenSize() = 0;
+    /// The main screen first; never empty.
+    virtual std::vector<Screen> Screens()
+    {
+        const SIZE size = ScreenSize();
+        return {{{0, 0, size.cx, size.cy}, {0, 0, size.cx, size.cy}}};
+    }
 };
 
 /// The driver in use; chosen at the first call.

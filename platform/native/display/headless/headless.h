@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "native/display/display.h"
@@ -60,11 +61,15 @@ public:
     void SetClipboardText(const std::string& utf8) override { m_clipboard = utf8; }
     void Wait(int milliseconds, InputSink& sink) override;
     SIZE ScreenSize() override { return {1920, 1080}; }
+    std::vector<Screen> Screens() override { return m_screens.empty() ? Display::Screens() : m_screens; }
+    /// Spans the desktop over these screens; none for the one that is there otherwise.
+    void UseScreens(std::vector<Screen> screens) { m_screens = std::move(screens); }
 
 private:
     Shown* Find(HWND window);
 
     std::vector<Shown> m_windows;
+    std::vector<Screen> m_screens;
     std::string m_clipboard;
     int m_cursor = 32512;
     bool m_isCaptured = false;

@@ -286,6 +286,10 @@ inline constexpr DWORD ULW_ALPHA = 2;
 inline constexpr DWORD ULW_OPAQUE = 4;
 inline constexpr UINT CF_TEXT = 1;
 inline constexpr UINT CF_UNICODETEXT = 13;
+inline constexpr DWORD MONITOR_DEFAULTTONULL = 0;
+inline constexpr DWORD MONITOR_DEFAULTTOPRIMARY = 1;
+inline constexpr DWORD MONITOR_DEFAULTTONEAREST = 2;
+inline constexpr DWORD MONITORINFOF_PRIMARY = 1;
 inline constexpr DWORD LWA_COLORKEY = 1;
 inline constexpr DWORD LWA_ALPHA = 2;
 inline constexpr UINT WHEEL_DELTA = 120;
@@ -368,6 +372,12 @@ struct MINMAXINFO {
 struct NCCALCSIZE_PARAMS {
     RECT rgrc[3];
     WINDOWPOS* lppos;
+};
+struct MONITORINFO {
+    DWORD cbSize;
+    RECT rcMonitor;
+    RECT rcWork;
+    DWORD dwFlags;
 };
 struct TRACKMOUSEEVENT {
     DWORD cbSize;
@@ -477,6 +487,8 @@ QVUI_PLATFORM HCURSOR LoadCursorA(HINSTANCE module, LPCSTR name);
 QVUI_PLATFORM HANDLE LoadImageA(HINSTANCE module, LPCSTR name, UINT type, int width, int height, UINT flags);
 QVUI_PLATFORM BOOL DestroyCursor(HCURSOR cursor);
 QVUI_PLATFORM int GetSystemMetrics(int index);
+QVUI_PLATFORM HMONITOR MonitorFromPoint(POINT screen, DWORD flags);
+QVUI_PLATFORM BOOL GetMonitorInfoA(HMONITOR monitor, MONITORINFO* info);
 QVUI_PLATFORM UINT GetDoubleClickTime();
 QVUI_PLATFORM DWORD GetSysColor(int index);
 
