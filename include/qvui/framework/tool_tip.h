@@ -16,11 +16,13 @@ struct TOOLTIP_INFO {
     COLORREF crBegin = 0;
     COLORREF crMid = 0;
     COLORREF crEnd = 0;
+    COLORREF crText = 0;
 };
 
 /// Bits of TOOLTIP_INFO::nMask.
 enum TOOLTIP_MASK : UINT {
-    TOOLTIP_MASK_COLORS = 0x10,
+    TOOLTIP_MASK_COLORS = 0x10,      // crBegin, crMid and crEnd, with nEffect
+    TOOLTIP_MASK_TEXT_COLOR = 0x20,  // crText
 };
 
 /// How a tooltip's background runs through its three colours.
@@ -87,6 +89,10 @@ public:
     void SetDelayTime(int initial, int autoPop, int reshow);
     /// The background without colours from the owner: RGB(169,209,236).
     void SetBkColor(const CARGB& color);
+    /// The text's colour without one from the owner: black.
+    void SetTextColor(const CARGB& color);
+    /// The diameter of the corners' curves, in pixels; 0, as at first, for square corners.
+    void SetCorner(int diameter);
     /// Pixels between border and text (5 and 5).
     void SetMargin(int horizontal, int vertical);
     /// Pixels from the pointer's hot spot sideways (5), and from its picture up or down (10).
