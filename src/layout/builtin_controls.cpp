@@ -2,6 +2,7 @@
 #include <qvui/controls/check_button.h>
 #include <qvui/controls/hyper_link.h>
 #include <qvui/controls/label.h>
+#include <qvui/controls/list_box.h>
 #include <qvui/controls/picture_box.h>
 #include <qvui/controls/progress_bar.h>
 #include <qvui/controls/scroll_bar.h>
@@ -59,6 +60,8 @@ const std::vector<BuiltinControl>& BuiltinControls()
         Tag<CDUIHorizontalProgressBar>("horz_progressbar"),
         Tag<CDUIVerticalTrackBar>("vert_trackbar"),
         Tag<CDUIHorizontalTrackBar>("horz_trackbar"),
+        Tag<CDUIListBox>("listbox"),
+        Tag<CDUIListItem>("list_icontext_item"),
         Tag<CDUITabLayout>("tab_layout"),
         Tag<CDUIPictureBox>("picturebox"),
     };

@@ -1,0 +1,331 @@
+#include <qvui/controls/list_box.h>
+
+#include "controls/geometry.h"
+#include "controls/owned_scroll_bar.h"
+#include "controls/row_container.h"
+#include "controls/row_index.h"
+#include "framework/control_guard.h"
+
+// The items of a list box and their places; what it does with them is in list_box_input.cpp.
+
+namespace DUI {
+namespace {
+
+using namespace geometry;
+
+constexpr int kScrollBarWidth = 9;  // until the bar's control style says otherwise
+
+RowIndex::Row RowOf(CDUIListItem& item)
+{
+    return {item.GetFixedSize().cy, item.IsVisible(FALSE) != FALSE};
+}
+
+}  // namespace
+
+const AttributeTable<CDUIListBox>& CDUIListBox::Attributes()
+{
+    static const AttributeTable<CDUIListBox> table{
+        {"select_expand", {AttributeKind::Boolean, "false"}, "Whether the selected item has its expanded height.",
+         [](CDUIListBox& list, const CString& value) { list.SetSelectExpand(IsTrue(value)); }},
+        {"hover_expand", {AttributeKind::Boolean, "false"},
+         "Whether the item below the pointer has its expanded height.",
+         [](CDUIListBox& list, const CString& value) { list.SetHoverExpand(IsTrue(value)); }},
+    };
+    return table;
+}
+
+const ControlClass& CDUIListBox::Class()
+{
+    static const ControlClass theClass(
+        "CDUIListBox", &CDUIControlBase::Class(),
+        "A list of items, one below the other, of which one can be selected. It shows the scroll bar "
+        "\"cs_v_scrollbar\" when they do not fit.",
+        {"listbox"}, &Attributes(),
+        {{"DUINOTIFY_LISTBOX", "lParam is the item; wParam 1 it was clicked, 2 double-clicked, 3 selected, 4 the "
+                               "pointer entered it."}});
+    return theClass;
+}
+
+CDUIListBox::CDUIListBox() : m_pRows(std::make_unique<RowIndex>())
+{
+    CDUIControlBase::ModifyStyle(0, DUISTYLE_TABSTOP);
+}
+
+CDUIListBox::CDUIListBox(const CDUIListBox& other)
+    : CDUIControlBase(other), m_pScrollBar(owned_scroll_bar::Clone(other.m_pScrollBar)),
+      m_nTopIndex(other.m_nTopIndex), m_nLastIndex(other.m_nLastIndex), m_nTotalHeight(other.m_nTotalHeight),
+      m_nExtraExpandHeight(other.m_nExtraExpandHeight), m_nCurSel(other.m_nCurSel),
+      m_nHoverExpand(other.m_nHoverExpand), m_bSelectExpand(other.m_bSelectExpand),
+      m_bHoverExpand(other.m_bHoverExpand), m_bHoverSelect(other.m_bHoverSelect),
+      m_pRows(std::make_unique<RowIndex>())
+{
+    if (!m_pScrollBar.IsNull())
+        m_pScrollBar->SetScrollOwner(this);
+    // The base class took the children over without the hooks of this one.
+    for (int i = 0; i < GetControlCount(); ++i) {
+        CDUIListItem* const item = ItemAt(i);
+        item->m_pList = this;
+        item->m_nPlace = i;
+        m_pRows->Append(RowOf(*item));
+    }
+}
+
+CDUIListBox::~CDUIListBox()
+{
+    if (!m_pScrollBar.IsNull())
+        m_pScrollBar->SetScrollOwner(static_cast<IDUIControl*>(nullptr));
+    for (int i = 0; i < GetControlCount(); ++i)
+        ItemAt(i)->m_pList = nullptr;
+}
+
+void* CDUIListBox::GetInterface(const CString& name)
+{
+    return Class().Answers(name) ? this : nullptr;
+}
+
+CRefPtr<IDUIControl> CDUIListBox::Clone()
+{
+    return new CDUIListBox(*this);
+}
+
+void CDUIListBox::SetAttribute(const CString& name, const CString& value)
+{
+    if (!Attributes().Apply(*this, name, value))
+        CDUIControlBase::SetAttribute(name, value);
+}
+
+int CDUIListBox::GetScrollLineStep()
+{
+    CDUIListItem* const first = ItemAt(0);
+    return first ? first->GetHeight(FALSE) : CDUIControlBase::GetScrollLineStep();
+}
+
+void CDUIListBox::OnCreate()
+{
+    CDUIControlBase::OnCreate();
+    if (m_pScrollBar.IsNull())
+        m_pScrollBar = owned_scroll_bar::Create<CDUIVerticalSB>();
+    if (!m_pScrollBar.IsNull()) {
+        m_pScrollBar->SetFixedWidth(kScrollBarWidth);
+        m_pScrollBar->SetAttribute("control_style", "cs_v_scrollbar");
+        owned_scroll_bar::Attach(m_pScrollBar, *this);
+    }
+    CheckInitGroupStatus();
+}
+
+void CDUIListBox::OnDestroy()
+{
+    owned_scroll_bar::Release(m_pScrollBar);
+    m_nHoverExpand = -1;
+    CDUIControlBase::OnDestroy();
+}
+
+// --- items -------------------------------------------------------------------------------------------------
+
+CDUIListItem* CDUIListBox::ItemAt(int index) const
+{
+    // BeforeAddControl lets nothing else in.
+    return static_cast<CDUIListItem*>(CDUIControlBase::GetControlByIndex(index));
+}
+
+int CDUIListBox::PlaceOf(CDUIListItem& item)
+{
+    if (item.m_pList != this)
+        return -1;
+    item.m_nPlace = row_container::FindChildNear(*this, &item, item.m_nPlace);
+    return item.m_nPlace;
+}
+
+int CDUIListBox::GetControlIndex(CRefPtr<IDUIControl> child)
+{
+    auto* const item = InterfaceOf<CDUIListItem>(child.GetPtr(), "listItem");
+    return item ? PlaceOf(*item) : -1;
+}
+
+bool CDUIListBox::TakeRow(CDUIListItem& item)
+{
+    const int place = PlaceOf(item);
+    if (place < 0 || m_pRows->At(place) == RowOf(item))
+        return false;
+    m_pRows->Set(place, RowOf(item));
+    m_isArranged = false;
+    return true;
+}
+
+bool CDUIListBox::IsInView(CDUIListItem& item)
+{
+    return GetVisibleItemIndex(&item) >= 0;
+}
+
+int CDUIListBox::GetVisibleItemIndex(IDUIControl* control)
+{
+    auto* const item = InterfaceOf<CDUIListItem>(control, "listItem");
+    const int place = item ? PlaceOf(*item) : -1;
+    return place >= m_nTopIndex && place <= m_nLastIndex ? place : -1;
+}
+
+BOOL CDUIListBox::BeforeAddControl(CRefPtr<IDUIControl> child)
+{
+    return InterfaceOf<CDUIListItem>(child.GetPtr(), "listItem") ? CDUIControlBase::BeforeAddControl(child) : FALSE;
+}
+
+void CDUIListBox::AfterAddControl(CRefPtr<IDUIControl> child)
+{
+    auto* const item = static_cast<CDUIListItem*>(child.GetPtr());
+    item->m_pList = this;
+    item->m_nPlace = GetControlCount() - 1;
+    const int place = PlaceOf(*item);
+    m_pRows->Insert(place, RowOf(*item));
+    const bool isAppended = place == GetControlCount() - 1;
+    // Where an item is put in between, those in view may move.
+    m_isArranged = m_isArranged && isAppended;
+    if (!GetControlMgr())
+        return;
+    const ControlGuard keep(this);
+    child->AttachWindow(GetControlMgr());
+    if (const int now = PlaceOf(*item); isAppended && now >= 0)
+        NoteAppended(now);
+    else
+        UpdateLayout(TRUE, nullptr);
+}
+
+void CDUIListBox::NoteAppended(int index)
+{
+    // What cannot be seen needs no layout of the window: without a place for the list there is nothing to lay
+    // out, and below a full view only the scroll range grows.
+    const RECT rect = GetControlRect();
+    const bool isBelowView = m_isArranged && m_isViewFull && index > m_nLastIndex;
+    if (IsRectEmpty(&rect) || (m_isArranged && !m_pRows->At(index).isShown))
+        return;
+    if (!isBelowView)
+        UpdateLayout(TRUE, nullptr);
+    else
+        ProcessVerticalSB(GetContentRect(), CalculateTotalHeight(), m_nExtraExpandHeight);
+}
+
+void CDUIListBox::BeforeRemoveControl(CRefPtr<IDUIControl> child)
+{
+    CDUIControlBase::BeforeRemoveControl(child);
+    m_nRemoving = GetControlIndex(child);
+}
+
+void CDUIListBox::AfterRemoveControl(CRefPtr<IDUIControl> child)
+{
+    if (m_nRemoving >= 0 && m_nRemoving < m_pRows->Count())
+        m_pRows->Remove(m_nRemoving);
+    m_nRemoving = -1;
+    m_isArranged = false;
+    CDUIControlBase::AfterRemoveControl(child);
+}
+
+void CDUIListBox::RemoveAllControl()
+{
+    const ControlGuard keep(this);
+    CDUIControlBase::RemoveAllControl();
+    m_pRows->Clear();
+    m_nCurSel = -1;
+    m_isArranged = false;
+    UpdateLayout(TRUE, nullptr);
+}
+
+CRefPtr<IDUIControl> CDUIListBox::AddString(const CString& text, const CString& style)
+{
+    const CRefPtr<IDUIControl> item = new CDUIListItem;
+    item->SetText(text);
+    item->SetAttribute("control_style", style);
+    return AddControl(item) ? item : nullptr;
+}
+
+// --- layout ------------------------------------------------------------------------------------------------
+
+int CDUIListBox::CalculateTotalHeight()
+{
+    m_nTotalHeight = Narrow(m_pRows->TotalHeight());
+    return m_nTotalHeight;
+}
+
+void CDUIListBox::CalculateTopIndex()
+{
+    if (m_pScrollBar.IsNull() || !m_pScrollBar->IsVisible(FALSE)) {
+        m_nTopIndex = 0;
+        return;
+    }
+    SCROLLINFO info{};
+    m_pScrollBar->GetScrollBarInfo(&info);
+    const int top = m_pRows->RowAt(info.nPos);
+    m_nTopIndex = top >= 0 ? top : std::clamp(m_nTopIndex, 0, std::max(m_pRows->Count() - 1, 0));
+}
+
+void CDUIListBox::SetControlRect(const RECT& rect)
+{
+    StoreControlRect(rect);
+    if (IsRectEmpty(&rect))
+        return;
+    const ControlGuard keep(this);
+    CalculateTotalHeight();
+    LockLayout(TRUE);
+    RECT view = GetContentRect();
+    ProcessVerticalSB(view, m_nTotalHeight, m_nExtraExpandHeight);
+    owned_scroll_bar::Reserve(m_pScrollBar.GetPtr(), view);
+    CalculateTopIndex();
+    PlaceItems(view);
+    LockLayout(FALSE);
+}
+
+void CDUIListBox::PlaceItems(const RECT& view)
+{
+    m_isArranged = true;
+    m_isViewFull = false;
+    m_nLastIndex = m_nTopIndex;
+    LONGLONG y = view.top;
+    for (int i = m_pRows->NextShown(m_nTopIndex - 1); i >= 0 && !m_isViewFull; i = m_pRows->NextShown(i)) {
+        const LONGLONG bottom = y + std::max(m_pRows->At(i).height, 0);
+        ItemAt(i)->SetControlRect(MakeRect(view.left, y, view.right, bottom));
+        m_nLastIndex = i;
+        m_isViewFull = bottom - view.top >= Height(view);
+        y = bottom;
+    }
+}
+
+// --- painting and searching --------------------------------------------------------------------------------
+
+template <class Visit>
+void CDUIListBox::ForEachInView(bool withHidden, Visit visit)
+{
+    int i = withHidden ? m_nTopIndex : m_pRows->NextShown(m_nTopIndex - 1);
+    while (i >= 0 && i <= m_nLastIndex && i < GetControlCount()) {
+        const CRefPtr<IDUIControl> item = ItemAt(i);
+        if (!visit(*item.GetPtr()))
+            return;
+        i = withHidden ? i + 1 : m_pRows->NextShown(i);
+    }
+}
+
+void CDUIListBox::DoPaint(HDC hdc, const RECT& rcPaint)
+{
+    PaintBkgnd(hdc);
+    PaintForgnd(hdc);
+    PaintText(hdc);
+    PaintBorder(hdc);
+    row_container::Paint(*this, hdc, rcPaint, [&] {
+        ForEachInView(false, [&](IDUIControl& item) {
+            if (row_container::IsToPaint(item, rcPaint))
+                item.DoPaint(hdc, rcPaint);
+            return true;
+        });
+    });
+}
+
+IDUIControl* CDUIListBox::FindControl(FindControlProc proc, void* pData, UINT flags)
+{
+    return row_container::Find(*this, proc, pData, flags, [&] {
+        IDUIControl* found = nullptr;
+        ForEachInView(!(flags & DUIFIND_VISIBLE), [&](IDUIControl& item) {
+            found = item.FindControl(proc, pData, flags);
+            return found == nullptr;
+        });
+        return found;
+    });
+}
+
+}  // namespace DUI

@@ -1,0 +1,212 @@
+#include <qvui/controls/list_box.h>
+
+#include "controls/geometry.h"
+#include "controls/row_index.h"
+#include "framework/control_guard.h"
+
+// What a list box does on input: selection, expanding, groups and keys.
+
+namespace DUI {
+namespace {
+
+enum ListNotification : WPARAM { kClicked = 1, kDoubleClicked = 2, kSelected = 3, kEntered = 4 };
+
+CDUIListItem* ItemOf(const tagDUIEvent& event)
+{
+    return InterfaceOf<CDUIListItem>(event.pSender, "listItem");
+}
+
+LPARAM AsParam(IDUIControl* item)
+{
+    return reinterpret_cast<LPARAM>(item);
+}
+
+}  // namespace
+
+LRESULT CDUIListBox::ProcessEvent(const tagDUIEvent& event, BOOL& bHandled)
+{
+    struct Entry {
+        UINT type;
+        void (CDUIListBox::*handler)(const tagDUIEvent&);
+    };
+    static constexpr Entry kHandlers[] = {
+        {DUIEVENT_KEYDOWN, &CDUIListBox::OnKeyDown},        {DUIEVENT_ITEMCLICK, &CDUIListBox::OnItemClick},
+        {DUIEVENT_ITEMDBLCLICK, &CDUIListBox::OnItemDBClick}, {DUIEVENT_ITEMHOVER, &CDUIListBox::OnItemHover},
+        {DUIEVENT_ITEMLEAVE, &CDUIListBox::OnItemHover},
+    };
+    for (const Entry& entry : kHandlers) {
+        if (entry.type == event.Type) {
+            const ControlGuard keep(this);
+            bHandled = TRUE;
+            (this->*entry.handler)(event);
+            return 0;
+        }
+    }
+    return CDUIControlBase::ProcessEvent(event, bHandled);
+}
+
+int CDUIListBox::SetCurSel(int index)
+{
+    if (index == m_nCurSel)
+        return 1;
+    const ControlGuard keep(this);
+    CDUIListItem* const old = ItemAt(m_nCurSel);
+    m_nCurSel = -1;
+    if (old && !old->GetGroup()) {
+        old->SetSelect(0);
+        if (m_bSelectExpand)
+            old->SetExpand(0);
+    }
+    if (CDUIListItem* const item = ItemAt(index)) {
+        m_nCurSel = index;
+        if (!item->GetGroup()) {
+            item->SetSelect(1);
+            if (m_bSelectExpand)
+                item->SetExpand(1);
+            SendNotify(DUINOTIFY_LISTBOX, kSelected, AsParam(item));
+        }
+    }
+    UpdateLayout(TRUE, nullptr);
+    return 1;
+}
+
+int CDUIListBox::SetTopIndex(int index)
+{
+    CDUIListItem* const item = ItemAt(index);
+    if (!item || !item->IsVisible(FALSE) || m_pScrollBar.IsNull() || !m_pScrollBar->IsVisible(FALSE))
+        return 0;
+    SCROLLINFO info{};
+    info.cbSize = sizeof(info);
+    info.fMask = SIF_POS;
+    info.nPos = geometry::Narrow(m_pRows->OffsetOf(index));
+    m_pScrollBar->SetScrollBarInfo(&info);
+    UpdateLayout(TRUE, nullptr);
+    return 1;
+}
+
+int CDUIListBox::ExpandItem(int index, int bExpand)
+{
+    CDUIListItem* const item = ItemAt(index);
+    if (!item || !item->IsVisible(FALSE))
+        return 0;
+    if (item->GetGroup()) {
+        ExpandGroup(index, bExpand);
+        return 1;
+    }
+    item->SetExpand(bExpand);
+    UpdateLayout(TRUE, nullptr);
+    return 1;
+}
+
+// --- the pointer -------------------------------------------------------------------------------------------
+
+void CDUIListBox::OnItemClick(const tagDUIEvent& event)
+{
+    CDUIListItem* const item = ItemOf(event);
+    if (!item)
+        return;
+    const ControlGuard keep(item);
+    SendNotify(DUINOTIFY_LISTBOX, kClicked, AsParam(item));
+    // The handler may have taken the item out.
+    const int place = PlaceOf(*item);
+    if (place < 0)
+        return;
+    if (item->GetGroup())
+        ExpandGroup(place, !item->GetExpand());
+    else
+        SetCurSel(GetVisibleItemIndex(item));
+}
+
+void CDUIListBox::OnItemDBClick(const tagDUIEvent& event)
+{
+    if (CDUIListItem* const item = ItemOf(event))
+        SendNotify(DUINOTIFY_LISTBOX, kDoubleClicked, AsParam(item));
+}
+
+void CDUIListBox::OnItemHover(const tagDUIEvent& event)
+{
+    CDUIListItem* const item = ItemOf(event);
+    if (!item || item->GetGroup())
+        return;
+    const ControlGuard keep(item);
+    const bool isEntered = event.Type == DUIEVENT_ITEMHOVER;
+    if (isEntered)
+        SendNotify(DUINOTIFY_LISTBOX, kEntered, AsParam(item));
+    const int hovered = isEntered ? GetVisibleItemIndex(item) : -1;
+    if (hovered != m_nHoverExpand)
+        SetCurHoverExpand(hovered);
+    if (m_bHoverSelect && hovered != -1 && hovered != m_nCurSel)
+        SetCurSel(hovered);
+}
+
+void CDUIListBox::SetCurHoverExpand(int index)
+{
+    if (index == m_nHoverExpand)
+        return;
+    CDUIListItem* const old = m_bHoverExpand ? ItemAt(m_nHoverExpand) : nullptr;
+    m_nHoverExpand = -1;
+    if (old)
+        old->SetExpand(0);
+    // Without the flag no height changes, and the items have repainted themselves.
+    if (!m_bHoverExpand)
+        return;
+    if (CDUIListItem* const item = ItemAt(index)) {
+        m_nHoverExpand = index;
+        item->SetExpand(1);
+    }
+    UpdateLayout(TRUE, nullptr);
+}
+
+// --- keys --------------------------------------------------------------------------------------------------
+
+void CDUIListBox::OnKeyDown(const tagDUIEvent& event)
+{
+    int next = -1;
+    if (event.wParam == VK_LEFT || event.wParam == VK_UP)
+        next = m_pRows->PreviousShown(m_nCurSel);
+    else if (event.wParam == VK_RIGHT || event.wParam == VK_DOWN)
+        next = m_pRows->NextShown(m_nCurSel);
+    if (next < 0)
+        return;
+    SetCurSel(next);
+    if (next < m_nTopIndex || next >= m_nLastIndex)
+        SetTopIndex(next);
+}
+
+// --- groups ------------------------------------------------------------------------------------------------
+
+void CDUIListBox::CheckInitGroupStatus()
+{
+    const ControlGuard keep(this);
+    LockLayout(TRUE);
+    const CDUIListItem* header = nullptr;
+    for (int i = 0; CDUIListItem* const item = ItemAt(i); ++i) {
+        item->m_nPlace = i;
+        if (item->GetGroup())
+            header = item;
+        else if (header)
+            item->ModifyStyle(DUISTYLE_VISIBLE, header->m_bExpand ? DWORD{DUISTYLE_VISIBLE} : 0);
+    }
+    LockLayout(FALSE);
+    UpdateLayout(TRUE, nullptr);
+}
+
+void CDUIListBox::ExpandGroup(int header, int bExpand)
+{
+    CDUIListItem* const group = ItemAt(header);
+    if (!group || !group->IsVisible(FALSE) || !group->GetGroup() || !group->GetExpand() == !bExpand)
+        return;
+    const ControlGuard keep(this);
+    LockLayout(TRUE);
+    for (int i = header + 1; CDUIListItem* const item = ItemAt(i); ++i) {
+        if (item->GetGroup())
+            break;
+        item->m_nPlace = i;
+        item->ModifyStyle(DUISTYLE_VISIBLE, bExpand ? DWORD{DUISTYLE_VISIBLE} : 0);
+    }
+    group->SetExpand(bExpand);
+    LockLayout(FALSE);
+    UpdateLayout(TRUE, nullptr);
+}
+
+}  // namespace DUI
