@@ -22,18 +22,13 @@ private:
     HGDIOBJ m_hOld;
 };
 
-// Widths come from skins; no surface shows a difference beyond this.
-int UsefulPenWidth(int width)
-{
-    constexpr int kWidest = 0x7FFF;
-    return std::clamp(width, -kWidest, kWidest);
-}
-
 void Stroke(HDC hdc, int style, int x1, int y1, int x2, int y2, int penWidth, const CARGB& color)
 {
     if (penWidth == 0)
         return;
-    const HPEN pen = CreatePen(style, UsefulPenWidth(penWidth), color.GetColor());
+    // Widths come from skins; no surface shows a difference beyond this.
+    constexpr int kWidest = 0x7FFF;
+    const HPEN pen = CreatePen(style, std::clamp(penWidth, -kWidest, kWidest), color.GetColor());
     {
         const Selection selected(hdc, pen);
         MoveToEx(hdc, x1, y1, nullptr);
@@ -82,7 +77,9 @@ void CDUIRenderEngine::DrawRoundRectBorder(HDC hdc, const RECT& rect, int ellips
 {
     if (penWidth <= 0 || IsRectEmpty(&rect))
         return;
-    const HPEN pen = CreatePen(PS_INSIDEFRAME, UsefulPenWidth(penWidth), color.GetColor());
+    // A pen of half the rectangle fills it; a wider one might leave it.
+    const int widest = std::max(1, std::min(Width(rect), Height(rect)) / 2);
+    const HPEN pen = CreatePen(PS_INSIDEFRAME, std::min(penWidth, widest), color.GetColor());
     {
         const Selection selectedPen(hdc, pen);
         const Selection selectedBrush(hdc, GetStockObject(NULL_BRUSH));

@@ -1,0 +1,470 @@
+#include <qvui/render/image_list.h>
+
+#include <climits>
+#include <fstream>
+#include <functional>
+#include <iterator>
+
+#include "render/render_test.h"
+#include "support/screenshot.h"
+
+using DUI::CDUIImage;
+using DUI::CDUIImageList;
+
+namespace {
+
+using PixelAt = std::function<std::uint32_t(int x, int y)>;
+
+// A pixel that tells where it stands.
+std::uint32_t PlacePixel(int x, int y)
+{
+    return static_cast<std::uint32_t>(0x00010000 * (20 * x + 20) + 0x00000100 * (20 * y + 20) + 0x55);
+}
+
+std::uint32_t TranslucentPixel(int x, int y)
+{
+    return PlacePixel(x, y) | (static_cast<std::uint32_t>(30 * x + 3 * y) << 24);
+}
+
+std::uint32_t KeyedPixel(int x, int y)
+{
+    return (x + y) % 3 == 0 ? 0x00FF00FFU : PlacePixel(x, y);
+}
+
+std::uint32_t Premultiplied(std::uint32_t pixel)
+{
+    const std::uint32_t alpha = Channel(pixel, 3);
+    std::uint32_t result = alpha << 24;
+    for (int channel = 0; channel < 3; ++channel)
+        result |= Channel(pixel, channel) * alpha / 255 << (8 * channel);
+    return result;
+}
+
+// Writes a picture file: 32 bits with straight alpha, or 24 bits.
+std::string WritePicture(const char* name, int width, int height, bool hasAlpha, const PixelAt& pixelAt)
+{
+    CImage image;
+    image.Create(width, height, hasAlpha ? 32 : 24);
+    image.SetHasAlphaChannel(hasAlpha);
+    for (int y = 0; y < height; ++y)
+        for (int x = 0; x < width; ++x)
+            for (int channel = 0; channel < (hasAlpha ? 4 : 3); ++channel)
+                static_cast<std::uint8_t*>(image.GetPixelAddress(x, y))[channel] =
+                    static_cast<std::uint8_t>(Channel(pixelAt(x, y), channel));
+    const std::string path = qvui::test::OutputPath(name);
+    EXPECT_EQ(image.Save(path.c_str()), S_OK);
+    return path;
+}
+
+std::vector<unsigned char> FileBytes(const std::string& path)
+{
+    std::ifstream file(path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), {}};
+}
+
+std::uint32_t StoredPixel(const CDUIImage& image, int x, int y)
+{
+    const auto* bytes = static_cast<const std::uint8_t*>(image.GetRawImage()->GetPixelAddress(x, y));
+    std::uint32_t pixel = 0;
+    for (int channel = 0; channel < image.GetRawImage()->GetBPP() / 8; ++channel)
+        pixel |= static_cast<std::uint32_t>(bytes[channel]) << (8 * channel);
+    return pixel;
+}
+
+}  // namespace
+
+using Image = RenderTest;
+
+TEST_F(Image, LoadsPremultiplied)
+{
+    const std::string path = WritePicture("translucent.png", 2, 2, true,
+                                          [](int x, int y) { return x + y ? 0xFF010203U : 0x803264C8U; });
+    CDUIImage image;
+    EXPECT_TRUE(image.IsNull());
+    EXPECT_EQ(image.GetWidth(), -1);
+    EXPECT_EQ(image.GetHeight(), -1);
+    ASSERT_TRUE(image.CreateFromFile(path.c_str()));
+    EXPECT_FALSE(image.IsNull());
+    EXPECT_EQ(image.GetWidth(), 2);
+    EXPECT_EQ(StoredPixel(image, 0, 0), 0x80193264U) << "(50, 100, 200) at alpha 128";
+    EXPECT_EQ(StoredPixel(image, 1, 1), 0xFF010203U);
+
+    ASSERT_TRUE(image.CreateFromFile(WritePicture("opaque.png", 2, 2, false, PlacePixel).c_str()));
+    EXPECT_EQ(image.GetRawImage()->GetBPP(), 24);
+    EXPECT_EQ(StoredPixel(image, 1, 0), PlacePixel(1, 0));
+    image.Destory();
+    EXPECT_TRUE(image.IsNull());
+}
+
+TEST_F(Image, FilesReachEveryCopyAndStreamsOnlyOne)
+{
+    const std::string small = WritePicture("small.png", 2, 2, false, PlacePixel);
+    const std::string large = WritePicture("large.png", 5, 3, true, TranslucentPixel);
+    CDUIImage image;
+    ASSERT_TRUE(image.CreateFromFile(small.c_str()));
+    image.SetDrawStyle(DUI::DRAW_STYLE_TILE);
+    image.SetCornerSize(3, 4);
+    CDUIImage copy(image);
+    const std::shared_ptr<CDUIImage> clone = image.CloneObject();
+    EXPECT_EQ(clone->GetDrawStyle(), DUI::DRAW_STYLE_TILE);
+    EXPECT_EQ(clone->GetCornerHeight(), 4);
+
+    ASSERT_TRUE(copy.CreateFromFile(large.c_str()));
+    EXPECT_EQ(image.GetWidth(), 5) << "one picture, shared";
+    EXPECT_EQ(clone->GetWidth(), 5);
+
+    const std::vector<unsigned char> bytes = FileBytes(small);
+    ASSERT_TRUE(copy.CreateFromStream(bytes.data(), static_cast<DWORD>(bytes.size())));
+    EXPECT_EQ(copy.GetWidth(), 2);
+    EXPECT_EQ(image.GetWidth(), 5) << "a picture of its own";
+}
+
+TEST_F(Image, BrokenPicturesAreNoPictures)
+{
+    const std::vector<unsigned char> whole =
+        FileBytes(WritePicture("whole.png", 9, 9, true, TranslucentPixel));
+    CDUIImage image;
+    for (std::size_t size = 0; size < whole.size(); size += 7) {
+        const std::vector<unsigned char> part(whole.begin(),
+                                              whole.begin() + static_cast<std::ptrdiff_t>(size));
+        EXPECT_FALSE(image.CreateFromStream(part.data(), static_cast<DWORD>(size))) << size;
+        EXPECT_TRUE(image.IsNull()) << size;
+    }
+    EXPECT_FALSE(image.CreateFromStream(nullptr, 0));
+    EXPECT_FALSE(image.CreateFromFile(qvui::test::OutputPath("there-is-none.png").c_str()));
+    EXPECT_FALSE(image.CreateFromFile(nullptr));
+    EXPECT_FALSE(image.CreateFromResource(GetModuleHandleA(nullptr), "NO_SUCH", "PNG"));
+    EXPECT_FALSE(image.CreateFromResource(GetModuleHandleA(nullptr), 4711U, "PNG"));
+    EXPECT_TRUE(image.IsNull());
+    Canvas canvas(2, 2);
+    image.DrawImage(canvas, {0, 0, 2, 2});
+    EXPECT_EQ(canvas.Picture(), "..\n..\n");
+}
+
+using ImageList = RenderTest;
+
+TEST_F(ImageList, CutsTheStripIntoIcons)
+{
+    struct Probe : CDUIImageList {
+        using CDUIImageList::GetIconRect;
+    };
+    struct Case {
+        const char* name;
+        DWORD count;
+        int direction, index;
+        int width, height;
+        const char* rect;  // null when there is none
+    };
+    const std::vector<Case> cases{
+        {"side by side", 3, 0, 2, 20, 20, "40,0,60,20"},
+        {"one above the other", 2, 1, 1, 60, 10, "0,10,60,20"},
+        {"any nonzero direction", 2, 7, 0, 60, 10, "0,0,60,10"},
+        {"rest is lost", 7, 0, 6, 8, 20, "48,0,56,20"},
+        {"none means one", 0, 0, 0, 60, 20, "0,0,60,20"},
+        {"more icons than pixels", 61, 0, 0, 0, 20, nullptr},
+        {"as many as it gets", 0xFFFFFFFF, 1, 0, 60, 0, nullptr},
+    };
+    Probe list;
+    ASSERT_TRUE(list.CreateFromFile(WritePicture("strip.png", 60, 20, false, PlacePixel).c_str()));
+    for (const Case& c : cases) {
+        list.SetItemCount(c.count);
+        list.SetImageDirection(c.direction);
+        EXPECT_EQ(list.GetIconWidth(), c.width) << c.name;
+        EXPECT_EQ(list.GetIconHeight(), c.height) << c.name;
+        RECT rect{};
+        EXPECT_EQ(list.GetIconRect(c.index, rect), c.rect != nullptr) << c.name;
+        EXPECT_EQ(RectText(rect), c.rect ? c.rect : "0,0,0,0") << c.name;
+        Canvas canvas(2, 1);
+        list.DrawImage(canvas, {0, 0, 2, 1}, c.index);
+        EXPECT_EQ(canvas.Picture(), c.rect ? "##\n" : "..\n") << c.name;
+    }
+}
+
+TEST_F(ImageList, CopiesAreHorizontalAndAssignmentsKeepTheDirection)
+{
+    CDUIImageList list;
+    list.SetItemCount(4);
+    list.SetImageDirection(1);
+    list.SetDrawStyle(DUI::DRAW_STYLE_SQUARD);
+    const CDUIImageList copy(list);
+    EXPECT_EQ(copy.GetImageDirection(), 0);
+    EXPECT_EQ(copy.GetItemCount(), 4);
+    CDUIImageList assigned;
+    assigned = list;
+    EXPECT_EQ(assigned.GetImageDirection(), 1);
+    EXPECT_EQ(assigned.GetItemCount(), 4);
+    EXPECT_EQ(assigned.GetDrawStyle(), DUI::DRAW_STYLE_SQUARD);
+}
+
+namespace {
+
+struct Part {
+    RECT dest;
+    RECT source;
+};
+
+// The picture's three kinds, each drawn by an operation of its own.
+struct Kind {
+    const char* name;
+    bool hasAlpha;
+    COLORREF key;
+    PixelAt pixelAt;
+};
+const Kind kKinds[] = {
+    {"plain", false, CLR_INVALID, PlacePixel},
+    {"alpha", true, CLR_INVALID, TranslucentPixel},
+    {"keyed", false, RGB(255, 0, 255), KeyedPixel},
+};
+
+constexpr std::uint32_t kBackground = 0x00101010;
+
+// Point sampling of one axis: the centre when enlarging, ties to the left.
+int Enlarged(int position, int from, int to)
+{
+    return ((2 * position + 1) * from + 2 * to - 1) / (2 * to) - 1;
+}
+
+std::uint32_t Drawn(const Kind& kind, std::uint32_t source, std::uint32_t destination)
+{
+    if (kind.key != CLR_INVALID)
+        return source == 0xFF00FF ? destination & 0xFFFFFF : source;
+    return kind.hasAlpha ? Blended(Premultiplied(source), destination, 255) : source;
+}
+
+// Draws one part on a model of the canvas. Only a plain copy draws inverted rectangles, mirrored.
+void DrawModel(std::vector<std::uint32_t>& model, int width, const Kind& kind, const Part& part)
+{
+    int w = part.dest.right - part.dest.left;
+    int h = part.dest.bottom - part.dest.top;
+    const bool isPlain = !kind.hasAlpha && kind.key == CLR_INVALID;
+    if (!isPlain && (w < 0 || h < 0))
+        return;
+    const int left = w < 0 ? part.dest.left + w + 1 : part.dest.left;
+    const int top = h < 0 ? part.dest.top + h + 1 : part.dest.top;
+    const bool mirrorX = w < 0;
+    const bool mirrorY = h < 0;
+    w = std::abs(w);
+    h = std::abs(h);
+    const int height = static_cast<int>(model.size()) / width;
+    for (int y = 0; y < h; ++y)
+        for (int x = 0; x < w; ++x) {
+            if (left + x < 0 || left + x >= width || top + y < 0 || top + y >= height)
+                continue;
+            const int sx = Enlarged(mirrorX ? w - 1 - x : x, part.source.right - part.source.left, w);
+            const int sy = Enlarged(mirrorY ? h - 1 - y : y, part.source.bottom - part.source.top, h);
+            std::uint32_t& pixel = model[static_cast<std::size_t>((top + y) * width + left + x)];
+            pixel = Drawn(kind, kind.pixelAt(part.source.left + sx, part.source.top + sy), pixel);
+        }
+}
+
+struct StyleCase {
+    const char* name;
+    DUI::IMAGE_DRAW_STYLE style;
+    SIZE corner;
+    RECT dest;
+    std::vector<Part> parts;  // in the order in which they are drawn
+};
+
+// Every case draws the 8 x 8 picture on a canvas of 24 x 20.
+const std::vector<StyleCase> kStyleCases{
+    {"no style fills", DUI::DRAW_STYLE_NORMAL, {3, 3}, {1, 2, 17, 18}, {{{1, 2, 17, 18}, {0, 0, 8, 8}}}},
+    {"stretch fills", DUI::DRAW_STYLE_STRETCH, {3, 3}, {1, 2, 20, 18}, {{{1, 2, 20, 18}, {0, 0, 8, 8}}}},
+    {"three columns",
+     DUI::DRAW_STYLE_STRETCH_HORZ,
+     {2, 3},
+     {1, 2, 20, 13},
+     {{{1, 2, 3, 13}, {0, 0, 2, 8}}, {{18, 2, 20, 13}, {6, 0, 8, 8}}, {{3, 2, 18, 13}, {2, 0, 6, 8}}}},
+    {"columns without a corner",
+     DUI::DRAW_STYLE_STRETCH_HORZ,
+     {0, 0},
+     {0, 0, 24, 20},
+     {{{0, 0, 24, 20}, {0, 0, 8, 8}}}},
+    {"columns with a height alone",
+     DUI::DRAW_STYLE_STRETCH_HORZ,
+     {0, 6},
+     {0, 0, 24, 20},
+     {{{0, 0, 24, 20}, {0, 0, 8, 8}}}},
+    {"columns narrower than the caps",
+     DUI::DRAW_STYLE_STRETCH_HORZ,
+     {3, 0},
+     {10, 2, 14, 13},
+     {{{10, 2, 13, 13}, {0, 0, 3, 8}}, {{11, 2, 14, 13}, {5, 0, 8, 8}}, {{13, 2, 11, 13}, {3, 0, 5, 8}}}},
+    {"three rows of the corner's width",
+     DUI::DRAW_STYLE_STRETCH_VERT,
+     {2, 4},
+     {1, 2, 20, 18},
+     {{{1, 2, 20, 4}, {0, 0, 8, 2}}, {{1, 16, 20, 18}, {0, 6, 8, 8}}, {{1, 4, 20, 16}, {0, 2, 8, 6}}}},
+    {"rows with a height alone",
+     DUI::DRAW_STYLE_STRETCH_VERT,
+     {0, 6},
+     {1, 2, 20, 18},
+     {{{1, 2, 20, 18}, {0, 0, 8, 8}}}},
+    {"rows lower than the caps",
+     DUI::DRAW_STYLE_STRETCH_VERT,
+     {3, 0},
+     {1, 10, 20, 14},
+     {{{1, 10, 20, 13}, {0, 0, 8, 3}}, {{1, 11, 20, 14}, {0, 5, 8, 8}}, {{1, 13, 20, 11}, {0, 3, 8, 5}}}},
+    {"nine parts",
+     DUI::DRAW_STYLE_SQUARD,
+     {2, 3},
+     {1, 2, 20, 18},
+     {{{1, 2, 3, 5}, {0, 0, 2, 3}},
+      {{18, 2, 20, 5}, {6, 0, 8, 3}},
+      {{3, 2, 18, 5}, {2, 0, 6, 3}},
+      {{1, 15, 3, 18}, {0, 5, 2, 8}},
+      {{18, 15, 20, 18}, {6, 5, 8, 8}},
+      {{1, 5, 3, 15}, {0, 3, 2, 5}},
+      {{18, 5, 20, 15}, {6, 3, 8, 5}},
+      {{3, 15, 18, 18}, {2, 5, 6, 8}},
+      {{3, 5, 18, 15}, {2, 3, 6, 5}}}},
+    {"corners alone",
+     DUI::DRAW_STYLE_SQUARD,
+     {4, 4},
+     {2, 2, 10, 10},
+     {{{2, 2, 6, 6}, {0, 0, 4, 4}},
+      {{6, 2, 10, 6}, {4, 0, 8, 4}},
+      {{2, 6, 6, 10}, {0, 4, 4, 8}},
+      {{6, 6, 10, 10}, {4, 4, 8, 8}}}},
+    {"smaller than the corners",
+     DUI::DRAW_STYLE_SQUARD,
+     {3, 3},
+     {8, 8, 12, 12},
+     {{{8, 8, 11, 11}, {0, 0, 3, 3}},
+      {{9, 8, 12, 11}, {5, 0, 8, 3}},
+      {{11, 8, 9, 11}, {3, 0, 5, 3}},
+      {{8, 9, 11, 12}, {0, 5, 3, 8}},
+      {{9, 9, 12, 12}, {5, 5, 8, 8}},
+      {{8, 11, 11, 9}, {0, 3, 3, 5}},
+      {{9, 11, 12, 9}, {5, 3, 8, 5}},
+      {{11, 9, 9, 12}, {3, 5, 5, 8}},
+      {{11, 11, 9, 9}, {3, 3, 5, 5}}}},
+    {"corner wider than half the icon",
+     DUI::DRAW_STYLE_SQUARD,
+     {5, 1},
+     {1, 2, 20, 18},
+     {{{1, 2, 20, 18}, {0, 0, 8, 8}}}},
+    {"corner higher than half the icon",
+     DUI::DRAW_STYLE_SQUARD,
+     {1, 5},
+     {1, 2, 20, 18},
+     {{{1, 2, 20, 18}, {0, 0, 8, 8}}}},
+    {"no corner", DUI::DRAW_STYLE_SQUARD, {0, 0}, {1, 2, 20, 18}, {{{1, 2, 20, 18}, {0, 0, 8, 8}}}},
+    {"one row of tiles",
+     DUI::DRAW_STYLE_TILE,
+     {3, 3},
+     {1, 3, 18, 5},
+     {{{1, 3, 9, 11}, {0, 0, 8, 8}}, {{9, 3, 17, 11}, {0, 0, 8, 8}}, {{17, 3, 25, 11}, {0, 0, 8, 8}}}},
+    {"tiles from far away",
+     DUI::DRAW_STYLE_TILE,
+     {0, 0},
+     {-2147483640, 1, INT_MAX, 5},
+     {{{-8, 1, 0, 9}, {0, 0, 8, 8}},
+      {{0, 1, 8, 9}, {0, 0, 8, 8}},
+      {{8, 1, 16, 9}, {0, 0, 8, 8}},
+      {{16, 1, 24, 9}, {0, 0, 8, 8}}}},
+};
+
+}  // namespace
+
+TEST_F(ImageList, DrawsEveryStyleWithEveryOperation)
+{
+    constexpr int kWidth = 24;
+    constexpr int kHeight = 20;
+    for (const Kind& kind : kKinds) {
+        CDUIImageList list;
+        ASSERT_TRUE(
+            list.CreateFromFile(WritePicture("style.png", 8, 8, kind.hasAlpha, kind.pixelAt).c_str()));
+        ASSERT_EQ(list.GetRawImage()->GetHasAlphaChannel() != 0, kind.hasAlpha);
+        list.GetRawImage()->SetTransparentColor(kind.key);
+        for (const StyleCase& c : kStyleCases) {
+            list.SetDrawStyle(c.style);
+            list.SetCornerSize(c.corner.cx, c.corner.cy);
+            Canvas canvas(kWidth, kHeight);
+            canvas.Fill(kBackground);
+            SetStretchBltMode(canvas, COLORONCOLOR);
+            list.DrawImage(canvas, c.dest, 0);
+            std::vector<std::uint32_t> model(kWidth * kHeight, kBackground);
+            for (const Part& part : c.parts)
+                DrawModel(model, kWidth, kind, part);
+            for (int y = 0; y < kHeight; ++y)
+                for (int x = 0; x < kWidth; ++x)
+                    ASSERT_EQ(canvas.At(x, y) & 0xFFFFFF,
+                              model[static_cast<std::size_t>(y * kWidth + x)] & 0xFFFFFF)
+                        << kind.name << ", " << c.name << " at " << x << "," << y;
+        }
+    }
+}
+
+TEST_F(ImageList, DrawsOneIconAndNothingIntoEmptyRectangles)
+{
+    CDUIImageList list;
+    ASSERT_TRUE(list.CreateFromFile(WritePicture("icons.png", 8, 4, false, PlacePixel).c_str()));
+    list.SetItemCount(2);
+    Canvas canvas(4, 4);
+    list.DrawImage(canvas, {0, 0, 4, 4}, 1);
+    for (int y = 0; y < 4; ++y)
+        for (int x = 0; x < 4; ++x)
+            EXPECT_EQ(canvas.At(x, y) & 0xFFFFFF, PlacePixel(4 + x, y));
+    canvas.Fill(0);
+    for (const RECT& rect : {RECT{1, 1, 1, 3}, RECT{3, 3, 1, 1}, RECT{0, 3, 4, 1}})
+        list.DrawImage(canvas, rect, 0);
+    EXPECT_EQ(canvas.Picture(), "....\n....\n....\n....\n");
+
+    list.DrawImage(canvas, RECT{0, 0, 4, 4});
+    EXPECT_NE(canvas.At(3, 0), PlacePixel(3, 0)) << "the whole picture, not an icon";
+}
+
+TEST_F(ImageList, SurvivesCornersAndPlacesFromBrokenSkins)
+{
+    for (const Kind& kind : kKinds) {
+        CDUIImageList list;
+        ASSERT_TRUE(
+            list.CreateFromFile(WritePicture("broken.png", 8, 8, kind.hasAlpha, kind.pixelAt).c_str()));
+        list.GetRawImage()->SetTransparentColor(kind.key);
+        Canvas canvas(4, 4);
+        SetStretchBltMode(canvas, COLORONCOLOR);
+        for (int style = 0; style <= DUI::DRAW_STYLE_TILE + 1; ++style)
+            for (const SIZE& corner : {SIZE{-3, -3}, SIZE{30000, 30000}, SIZE{-30000, 1}})
+                for (const RECT& rect : {RECT{0, 0, 4, 4}, RECT{-20000, -20000, 20000, 20000}}) {
+                    list.SetDrawStyle(static_cast<DUI::IMAGE_DRAW_STYLE>(style));
+                    list.SetCornerSize(corner.cx, corner.cy);
+                    list.DrawImage(canvas, rect, 0);
+                }
+    }
+}
+
+TEST_F(ImageList, GivesOneIconAsABitmap)
+{
+    for (const Kind& kind : kKinds) {
+        CDUIImageList list;
+        EXPECT_EQ(list.GetIconBitmap(nullptr, 0), nullptr);
+        EXPECT_EQ(list.GetIconRgn(), nullptr);
+        ASSERT_TRUE(
+            list.CreateFromFile(WritePicture("bitmap.png", 8, 4, kind.hasAlpha, kind.pixelAt).c_str()));
+        list.GetRawImage()->SetTransparentColor(kind.key);
+        list.SetItemCount(2);
+        for (const int index : {-1, 2, INT_MAX})
+            EXPECT_EQ(list.GetIconBitmap(nullptr, index), nullptr) << index;
+        const Scoped bitmap(list.GetIconBitmap(nullptr, 1));
+        DUI::CDibSection section;
+        ASSERT_TRUE(section.Create(bitmap, 32));
+        EXPECT_EQ(section.GetDibHeader()->biWidth, 4);
+        for (int y = 0; y < 4; ++y)
+            for (int x = 0; x < 4; ++x) {
+                const std::uint32_t expected = Drawn(kind, kind.pixelAt(4 + x, y), 0);
+                EXPECT_EQ(Bits(section.GetPixel(x, y, TRUE)) & 0xFFFFFF, expected & 0xFFFFFF) << kind.name;
+            }
+    }
+}
+
+TEST_F(ImageList, GivesTheFirstIconsShape)
+{
+    CDUIImageList list;
+    const auto pixelAt = [](int x, int y) { return x == y || x >= 4 ? 0xFF00FFU : PlacePixel(x, y); };
+    ASSERT_TRUE(list.CreateFromFile(WritePicture("shape.png", 8, 4, false, pixelAt).c_str()));
+    list.SetItemCount(2);
+    const Scoped region(list.GetIconRgn());
+    for (int y = 0; y < 4; ++y)
+        for (int x = 0; x < 8; ++x)
+            EXPECT_EQ(PtInRegion(region, x, y) != 0, x != y && x < 4) << x << "," << y;
+}
