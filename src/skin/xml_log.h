@@ -1,47 +1,69 @@
 #pragma once
 
+#include <initializer_list>
+#include <string>
 #include <string_view>
 
 #include <qvui/platform/cstring.h>
 
 namespace DUI {
 
-/// Adds one event to a result log, unless the log is long already. Arguments are pairs of attribute names and
-/// values ("offset", "12").
+/// Adds events to a result log: one empty element each, named by the event's word. A log that is longer than
+/// 999 bytes takes no more.
 class XmlLog {
 public:
+    struct Attribute {
+        Attribute(const char* attribute, std::string_view text) : name(attribute), value(text) {}
+        Attribute(const char* attribute, std::size_t number) : name(attribute), value(std::to_string(number))
+        {
+        }
+        const char* name;
+        std::string value;
+    };
+
     explicit XmlLog(CString& log) : m_log(log) {}
 
-    void Add(std::string_view word) { AddWith(word, {}); }
-    void Add(std::string_view word, const char* name, std::size_t number)
+    bool IsFull() const
     {
-        CString attributes;
-        attributes.Format(" %s=\"%zu\"", name, number);
-        AddWith(word, attributes);
+        constexpr int kFull = 999;
+        return m_log.GetLength() > kFull;
     }
-    void Add(std::string_view word, const char* name, std::string_view text, const char* numberName, std::size_t number)
+
+    void Add(std::string_view word, std::initializer_list<Attribute> attributes = {})
     {
-        CString attributes;
-        attributes.Format(" %s=\"%.*s\" %s=\"%zu\"", name, static_cast<int>(text.size()), text.data(), numberName, number);
-        AddWith(word, attributes);
-    }
-    void Add(std::string_view word, const char* name, std::string_view text)
-    {
-        CString attributes;
-        attributes.Format(" %s=\"%.*s\"", name, static_cast<int>(text.size()), text.data());
-        AddWith(word, attributes);
+        if (IsFull())
+            return;
+        std::string event("<");
+        event += word;
+        for (const Attribute& attribute : attributes)
+            event.append(" ")
+                .append(attribute.name)
+                .append("=\"")
+                .append(Escape(attribute.value))
+                .append("\"");
+        event += "/>\r\n";
+        m_log.Append(event.data(), static_cast<int>(event.size()));
     }
 
 private:
-    void AddWith(std::string_view word, const CString& attributes)
+    static std::string Escape(std::string_view text)
     {
-        constexpr int kFull = 999;
-        if (m_log.GetLength() > kFull)
-            return;
-        m_log += '<';
-        m_log.Append(word.data(), static_cast<int>(word.size()));
-        m_log += attributes;
-        m_log += "/>\r\n";
+        std::string escaped;
+        for (const char character : text)
+            switch (character) {
+                case '&':
+                    escaped += "&amp;";
+                    break;
+                case '<':
+                    escaped += "&lt;";
+                    break;
+                case '"':
+                    escaped += "&quot;";
+                    break;
+                default:
+                    escaped += character;
+            }
+        return escaped;
     }
 
     CString& m_log;

@@ -11,6 +11,7 @@
 #include <qvui/skin/xml_document.h>
 
 #include "skin/xml_log.h"
+#include "skin/xml_scan.h"
 #include "skin/xml_tables.h"
 
 namespace DUI {
@@ -47,43 +48,55 @@ bool ReadBytes(LPCSTR path, std::string& bytes)
     return !std::ferror(file.get());
 }
 
-// A value after `name` in a tag: name, blanks, "=", quote, value.
-std::string QuotedValue(std::string_view tag, std::string_view name)
+std::string LowerAscii(std::string_view text)
 {
-    const std::size_t at = tag.find(name);
-    if (at == std::string_view::npos)
-        return {};
-    const std::size_t open = tag.find_first_of("\"'", at + name.size());
-    const std::size_t close = open == std::string_view::npos ? open : tag.find(tag[open], open + 1);
-    return close == std::string_view::npos ? std::string() : std::string(tag.substr(open + 1, close - open - 1));
-}
-
-// The encoding that the text itself names, in an XML declaration or in an HTML head.
-std::string DeclaredEncoding(std::string_view start)
-{
-    if (start.substr(0, 5) == "<?xml")
-        return QuotedValue(start.substr(0, start.find("?>")), "encoding");
-    std::string lower(start);
+    std::string lower(text);
     std::transform(lower.begin(), lower.end(), lower.begin(),
                    [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c + 32) : c; });
-    if (lower.find("<html") == std::string::npos)
-        return {};
-    for (std::size_t at = lower.find("<meta"); at != std::string::npos; at = lower.find("<meta", at + 1)) {
-        const std::string_view tag = std::string_view(lower).substr(at, lower.find('>', at) - at);
-        if (QuotedValue(tag, "http-equiv") != "content-type")
+    return lower;
+}
+
+// The character set in an HTML head: <meta http-equiv="Content-Type" content="text/html; charset=...">.
+std::string HtmlCharset(std::string_view start)
+{
+    constexpr std::string_view kCharset = "charset=";
+    const std::string html = LowerAscii(start);
+    const std::size_t head = html.find("<head", html.find("<html"));
+    const std::string_view inHead = std::string_view(html).substr(0, html.find("</head"));
+    for (std::size_t at = inHead.find("<meta", head); at != std::string::npos;
+         at = inHead.find("<meta", at + 1)) {
+        const std::string_view tag = inHead.substr(at, inHead.find('>', at) - at);
+        if (FindXmlAttribute(tag, "http-equiv") != "content-type")
             continue;
-        const std::string content = QuotedValue(tag, "content");
-        const std::size_t charset = content.find("charset=");
-        if (charset != std::string::npos)
-            return content.substr(charset + 8, content.find_first_of("; ", charset) - charset - 8);
+        const std::string_view content = FindXmlAttribute(tag, "content");
+        if (const std::size_t charset = content.find(kCharset); charset != std::string::npos) {
+            const std::string_view name = content.substr(charset + kCharset.size());
+            return std::string(name.substr(0, name.find_first_of("; ")));
+        }
     }
     return {};
+}
+
+// The encoding that the text itself names.
+std::string DeclaredEncoding(std::string_view start)
+{
+    constexpr std::string_view kDeclaration = "<?xml";
+    if (start.substr(0, kDeclaration.size()) == kDeclaration && SkipXmlName(start, 2) == kDeclaration.size())
+        return std::string(FindXmlAttribute(start.substr(0, start.find("?>")).substr(1), "encoding"));
+    return HtmlCharset(start);
 }
 
 bool IsUtf8(const std::string& bytes)
 {
     return bytes.empty() || MultiByteToWideChar(CP_UTF8, MB_ERR_INVALID_CHARS, bytes.data(),
                                                 static_cast<int>(bytes.size()), nullptr, 0) > 0;
+}
+
+// Encodings of more than 8 bits. A text that was read byte by byte cannot be in one, whatever it says.
+bool IsWide(int codePage)
+{
+    constexpr int kWide[] = {1200, 1201, 12000, 12001, 65005, 65006};
+    return std::find(std::begin(kWide), std::end(kWide), codePage) != std::end(kWide);
 }
 
 using WideText = std::basic_string<WCHAR>;
@@ -95,7 +108,8 @@ CString ToSystem(const WideText& wide, XmlLog& log)
     const int length = static_cast<int>(wide.size());
     const bool canAsk = GetACP() != CP_UTF8;
     BOOL lost = FALSE;
-    const int size = WideCharToMultiByte(CP_ACP, 0, wide.data(), length, nullptr, 0, nullptr, canAsk ? &lost : nullptr);
+    const int size =
+        WideCharToMultiByte(CP_ACP, 0, wide.data(), length, nullptr, 0, nullptr, canAsk ? &lost : nullptr);
     std::string text(static_cast<std::size_t>(std::max(size, 0)), '\0');
     WideCharToMultiByte(CP_ACP, 0, wide.data(), length, text.data(), size, nullptr, canAsk ? &lost : nullptr);
     if (lost)
@@ -118,7 +132,7 @@ WideText WideOf(const std::string& bytes, bool isBigEndian, XmlLog& log)
     if (isBigEndian)
         log.Add("endian_swap");
     if (nulls > 0)
-        log.Add("nulls_removed", "count", nulls);
+        log.Add("nulls_removed", {{"count", nulls}});
     return wide;
 }
 
@@ -127,7 +141,7 @@ CString FromEightBit(std::string bytes, std::string encoding, XmlLog& log)
     const std::size_t before = bytes.size();
     std::erase(bytes, '\0');
     if (bytes.size() != before)
-        log.Add("nulls_removed", "count", before - bytes.size());
+        log.Add("nulls_removed", {{"count", before - bytes.size()}});
     if (encoding.empty()) {
         log.Add("utf8_detection");
         if (IsUtf8(bytes))
@@ -136,7 +150,7 @@ CString FromEightBit(std::string bytes, std::string encoding, XmlLog& log)
     const int codePage = FindCodePage(encoding);
     const auto target = static_cast<int>(GetACP());
     // An unknown encoding never converts; an empty one stands for the system's.
-    if (codePage <= 0 || codePage == target || bytes.empty())
+    if (codePage <= 0 || codePage == target || IsWide(codePage) || bytes.empty())
         return CString(std::move(bytes));
     const int length = static_cast<int>(bytes.size());
     const int size = MultiByteToWideChar(static_cast<UINT>(codePage), 0, bytes.data(), length, nullptr, 0);
@@ -144,7 +158,7 @@ CString FromEightBit(std::string bytes, std::string encoding, XmlLog& log)
         return CString(std::move(bytes));
     WideText wide(static_cast<std::size_t>(size), WCHAR());
     MultiByteToWideChar(static_cast<UINT>(codePage), 0, bytes.data(), length, wide.data(), size);
-    log.Add("converted_to", "encoding", std::to_string(target), "length", wide.size());
+    log.Add("converted_to", {{"encoding", std::to_string(target)}, {"length", wide.size()}});
     return ToSystem(wide, log);
 }
 
@@ -155,7 +169,7 @@ bool CXmlDocument::ReadTextFile(LPCSTR path, CString& text, CString& result, int
     XmlLog log(result);
     std::string bytes;
     if (!ReadBytes(path, bytes)) {
-        log.Add("file_error", "msg", path ? path : "");
+        log.Add("file_error", {{"msg", std::string_view(path ? path : "")}});
         return false;
     }
     std::string encoding;
@@ -164,7 +178,7 @@ bool CXmlDocument::ReadTextFile(LPCSTR path, CString& text, CString& result, int
             encoding = mark.encoding;
             flags |= mark.flag;
             bytes.erase(0, mark.bytes.size());
-            log.Add("bom", "encoding", encoding);
+            log.Add("bom", {{"encoding", encoding}});
             break;
         }
     if (encoding.empty()) {
@@ -172,14 +186,14 @@ bool CXmlDocument::ReadTextFile(LPCSTR path, CString& text, CString& result, int
         if (encoding.empty() && !bytes.empty() && bytes[0] == '<')
             encoding = "UTF-8";
     }
-    log.Add("read", "encoding", encoding, "length", bytes.size());
+    log.Add("read", {{"encoding", encoding}, {"length", bytes.size()}});
     const bool isWide = flags & (kUtf16LeFile | kUtf16BeFile);
     if (!isWide) {
         text = FromEightBit(std::move(bytes), std::move(encoding), log);
         return true;
     }
     const WideText wide = WideOf(bytes, (flags & kUtf16BeFile) != 0, log);
-    log.Add("converted_to", "encoding", std::to_string(GetACP()), "length", wide.size());
+    log.Add("converted_to", {{"encoding", std::to_string(GetACP())}, {"length", wide.size()}});
     text = ToSystem(wide, log);
     return true;
 }

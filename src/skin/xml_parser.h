@@ -1,0 +1,54 @@
+#pragma once
+
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+#include <qvui/skin/xml_document.h>
+
+#include "skin/xml_log.h"
+
+namespace DUI {
+
+/// Builds the index of a document in one pass over its text. Time and memory are linear in the text whatever
+/// it holds, and nothing recurses.
+class CXmlDocument::Parser {
+public:
+    explicit Parser(CXmlDocument& document);
+    void Run();
+
+private:
+    /// An open element, and the last of its children so far.
+    struct Level {
+        std::uint32_t element;
+        std::uint32_t lastChild;
+    };
+
+    void ParseConstruct();
+    void ParseExclamation();
+    void SkipTo(std::string_view end, std::size_t openerLength, const char* word);
+    void SkipDocumentType();
+    void ParseStartTag();
+    void AddElement(std::size_t tagLength, bool isEmpty);
+    void ParseEndTag();
+    bool IsOpen(std::string_view name);
+    void CloseUnended(std::size_t end);
+    void Leave();
+    void CheckRoot();
+    /// Logs a problem where the parser stands and marks the document.
+    void Report(const char* word);
+    void Report(const char* word, std::string_view tag, std::size_t offset);
+
+    CXmlDocument& m_document;
+    std::vector<Element>& m_elements;
+    std::string_view m_text;
+    XmlLog m_log;
+    std::size_t m_at = 0;
+    std::vector<Level> m_levels;  // the document first, the innermost open element last
+    // How many elements of each name are open. Kept only once an end tag has not matched the innermost
+    // element.
+    std::unordered_map<std::string_view, std::size_t> m_openNames;
+    bool m_countsNames = false;
+};
+
+}  // namespace DUI
