@@ -1,0 +1,46 @@
+#pragma once
+
+// Benchmarks that compare: every pair in one run, and the ratio of their times behind the table.
+
+#include <cstdio>
+#include <map>
+#include <string>
+#include <vector>
+
+#include <benchmark/benchmark.h>
+
+namespace qvui::bench {
+
+/// Prints as the console does and keeps the shortest processor time of every benchmark.
+class RatioReporter : public benchmark::ConsoleReporter {
+public:
+    void ReportRuns(const std::vector<Run>& runs) override
+    {
+        ConsoleReporter::ReportRuns(runs);
+        for (const Run& run : runs) {
+            if (run.error_occurred || run.run_type != Run::RT_Iteration)
+                continue;
+            const double time = run.GetAdjustedCPUTime();
+            const auto [entry, isNew] = m_times.emplace(run.run_name.function_name, time);
+            if (!isNew && time < entry->second)
+                entry->second = time;
+        }
+    }
+
+    /// "ours takes 1.20 times the time of theirs (at most 2.00)"; nothing when one of them did not run.
+    void PrintRatio(const char* ours, const char* theirs, double most) const
+    {
+        const auto left = m_times.find(ours);
+        const auto right = m_times.find(theirs);
+        if (left == m_times.end() || right == m_times.end())
+            return;
+        const double ratio = left->second / right->second;
+        std::printf("%s takes %.2f times the time of %s (at most %.2f%s)\n", ours, ratio, theirs, most,
+                    ratio <= most ? "" : ": MISSED");
+    }
+
+private:
+    std::map<std::string, double> m_times;
+};
+
+}  // namespace qvui::bench
