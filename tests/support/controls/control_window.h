@@ -79,6 +79,7 @@ public:
 private:
     explicit ControlWindow(SIZE client);
     void Start();
+    void PumpWithoutPointer();
     std::optional<LRESULT> Answer(const LoggedMessage& message);
 
     std::vector<Noticed> m_noticed;
@@ -86,6 +87,7 @@ private:
     std::map<UINT, int> m_requests;
     std::function<void(const DUI::tagDUINotify&)> m_onNotify;
     bool m_logsLifetimes = false;
+    bool m_ignoresPointer = false;
 };
 
 }  // namespace qvui::test
