@@ -1,6 +1,6 @@
 #pragma once
 
-#include <qvui/controls/scroll_bar.h>
+#include <qvui/layout/linear_layout.h>
 
 #include "controls/geometry.h"
 
@@ -59,5 +59,20 @@ struct Vertical {
         container.ProcessVerticalSB(view, geometry::Narrow(length), 0);
     }
 };
+
+template <class Layout>
+struct OfLayout;
+template <>
+struct OfLayout<CDUIHorizontalLayout> {
+    using Axis = Horizontal;
+};
+template <>
+struct OfLayout<CDUIVerticalLayout> {
+    using Axis = Vertical;
+};
+
+/// The axis of a class that is a horizontal or a vertical layout.
+template <class Layout>
+using Of = typename OfLayout<Layout>::Axis;
 
 }  // namespace DUI::axis

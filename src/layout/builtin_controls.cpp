@@ -14,8 +14,11 @@
 #include <qvui/layout/linear_layout.h>
 #include <qvui/layout/padding_panel.h>
 #include <qvui/layout/split.h>
+#include <qvui/layout/tab_bar.h>
+#include <qvui/layout/tab_item.h>
 #include <qvui/layout/tab_layout.h>
 #include <qvui/layout/tile_layout.h>
+#include <qvui/layout/tool_bar.h>
 
 // Here, in the last room, because it names the controls of all rooms.
 
@@ -63,7 +66,13 @@ const std::vector<BuiltinControl>& BuiltinControls()
         Tag<CDUIListBox>("listbox"),
         Tag<CDUIListItem>("list_icontext_item"),
         Tag<CDUITabLayout>("tab_layout"),
+        Tag<CDUITabItem>("tab_item"),
+        Tag<CDUITabBar<CDUIHorizontalLayout>>("horz_tabbar"),
+        Tag<CDUITabBar<CDUIVerticalLayout>>("vert_tabbar"),
+        Tag<CDUIToolBar<CDUIHorizontalLayout>>("horz_toolbar"),
+        Tag<CDUIToolBar<CDUIVerticalLayout>>("vert_toolbar"),
         Tag<CDUIPictureBox>("picturebox"),
+        Tag<CDUIToolBarSeparator>("toolbar_separator"),
     };
     return controls;
 }

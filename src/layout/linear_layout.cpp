@@ -1,9 +1,6 @@
 #include <qvui/layout/linear_layout.h>
 
-#include "controls/owned_scroll_bar.h"
-#include "layout/axis.h"
-#include "layout/children.h"
-#include "layout/linear_spans.h"
+#include "layout/linear_placing.h"
 
 namespace DUI {
 namespace {
@@ -20,42 +17,6 @@ const AttributeTable<Layout>& Attributes()
          [](Layout& layout, const CString& value) { layout.SetEnableScroll(IsTrue(value)); }},
     };
     return table;
-}
-
-template <class Axis>
-LinearSpans Measure(const RECT& content, int position, int gap, const Children& children)
-{
-    const Line line{LONGLONG{Axis::Start(content)} - position, Axis::Length(content), gap};
-    LinearSpans spans = DivideLine(line, children.size(), [&](std::size_t child, LONG available) {
-        return Axis::Along(AskSize(*children[child].GetPtr(), Axis::Across(content, available)));
-    });
-    FillLine(line, spans);
-    return spans;
-}
-
-template <class Axis>
-void Place(const RECT& content, const Children& children, const LinearSpans& spans)
-{
-    for (std::size_t i = 0; i < children.size(); ++i)
-        children[i]->SetControlRect(Axis::Part(content, spans.spans[i].start, spans.spans[i].length));
-}
-
-template <class Axis>
-void LayOut(CDUICanvas& layout)
-{
-    if (layout.GetControlCount() == 0)
-        return;
-    RECT content = layout.GetContentRect();
-    const int position = owned_scroll_bar::Reserve(Axis::ScrollBarOf(layout), content);
-    if (IsRectEmpty(&content)) {
-        PlaceAll(layout, content);
-        return;
-    }
-    const Children children = VisibleChildren(layout);
-    const LinearSpans spans = Measure<Axis>(content, position, layout.GetPaddingWidth(), children);
-    Place<Axis>(content, children, spans);
-    Axis::ReportContent(layout, content, spans.content);
-    layout.UpdateLayout(FALSE, nullptr);
 }
 
 template <class Axis>
@@ -105,7 +66,7 @@ CRefPtr<IDUIControl> CDUIHorizontalLayout::Clone()
 void CDUIHorizontalLayout::SetControlRect(const RECT& rect)
 {
     StoreControlRect(rect);
-    LayOut<axis::Horizontal>(*this);
+    LayOutLine<axis::Horizontal>(*this, Leftover::ToLastChild);
 }
 
 void CDUIHorizontalLayout::SetAttribute(const CString& name, const CString& value)
@@ -159,7 +120,7 @@ CRefPtr<IDUIControl> CDUIVerticalLayout::Clone()
 void CDUIVerticalLayout::SetControlRect(const RECT& rect)
 {
     StoreControlRect(rect);
-    LayOut<axis::Vertical>(*this);
+    LayOutLine<axis::Vertical>(*this, Leftover::ToLastChild);
 }
 
 void CDUIVerticalLayout::SetAttribute(const CString& name, const CString& value)

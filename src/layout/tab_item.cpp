@@ -1,0 +1,112 @@
+#include <qvui/layout/tab_item.h>
+
+#include "framework/control_guard.h"
+
+namespace DUI {
+namespace {
+
+const AttributeTable<CDUITabItem>& Attributes()
+{
+    static const AttributeTable<CDUITabItem> table{
+        {"tab_stop",
+         {AttributeKind::Boolean, "true"},
+         "Whether the keyboard reaches the tab; of a bar's tabs, the Tab key stops at the selected one.",
+         [](CDUITabItem& item, const CString& value) { item.AllowTabStop(IsTrue(value) != FALSE); }},
+    };
+    return table;
+}
+
+// What the parent hears of an event; 0 for nothing.
+UINT ItemEventOf(UINT type)
+{
+    switch (type) {
+        case DUIEVENT_LBUTTONDOWN:
+            return DUIEVENT_ITEMCLICK;
+        case DUIEVENT_LBUTTONDBLCLK:
+            return DUIEVENT_ITEMDBLCLICK;
+        case DUIEVENT_MOUSEENTER:
+            return DUIEVENT_ITEMHOVER;
+        case DUIEVENT_MOUSELEAVE:
+            return DUIEVENT_ITEMLEAVE;
+        case DUIEVENT_KEYDOWN:
+            return DUIEVENT_KEYDOWN;
+        default:
+            return 0;
+    }
+}
+
+}  // namespace
+
+const ControlClass& CDUITabItem::Class()
+{
+    static const ControlClass info("CDUITabItem", &CDUIButton::Class(),
+                                   "A tab of a tab bar; it shows its pushed look while it is selected.",
+                                   {"tab_item"}, &Attributes(),
+                                   {{"DUINOTIFY_TABACTIVATE", "The tab was selected; wParam is 1."}});
+    return info;
+}
+
+void* CDUITabItem::GetInterface(const CString& name)
+{
+    return Class().Answers(name) ? this : nullptr;
+}
+
+CRefPtr<IDUIControl> CDUITabItem::Clone()
+{
+    return new CDUITabItem(*this);
+}
+
+void CDUITabItem::SetAttribute(const CString& name, const CString& value)
+{
+    if (!Attributes().Apply(*this, name, value))
+        CDUIButton::SetAttribute(name, value);
+}
+
+void CDUITabItem::AllowTabStop(bool isAllowed)
+{
+    m_isTabStopAllowed = isAllowed;
+    // A bar has taken the bit from those of its tabs that are not selected.
+    if (!isAllowed || !GetParent() || GetCheck())
+        ModifyStyle(DUISTYLE_TABSTOP, isAllowed ? DWORD{DUISTYLE_TABSTOP} : 0);
+}
+
+void CDUITabItem::MakeTabStop(bool isTabStop)
+{
+    ModifyStyle(DUISTYLE_TABSTOP, isTabStop && m_isTabStopAllowed ? DWORD{DUISTYLE_TABSTOP} : 0);
+}
+
+BOOL CDUITabItem::Activate()
+{
+    if (!CDUIControlBase::Activate())
+        return FALSE;
+    // A click selects with the press already, and ends here.
+    if (!GetCheck())
+        TellParent(DUIEVENT_ITEMCLICK, tagDUIEvent{});
+    return TRUE;
+}
+
+LRESULT CDUITabItem::ProcessEvent(const tagDUIEvent& event, BOOL& bHandled)
+{
+    const ControlGuard keep(this);
+    const LRESULT result = CDUIButton::ProcessEvent(event, bHandled);
+    const UINT type = IsEnabled() ? ItemEventOf(event.Type) : 0;
+    if (type != 0)
+        TellParent(type, event);
+    // The window focuses what is a tab stop before the press, which this tab may have become by it.
+    if (type == DUIEVENT_ITEMCLICK && (GetStyle() & DUISTYLE_TABSTOP))
+        SetFocus(TRUE);
+    return result;
+}
+
+void CDUITabItem::TellParent(UINT type, tagDUIEvent event)
+{
+    IDUIControl* const parent = GetParent();
+    if (!parent)
+        return;
+    event.Type = type;
+    event.pSender = this;
+    BOOL bHandled = FALSE;
+    parent->OnDUIEvent(event, bHandled);
+}
+
+}  // namespace DUI

@@ -1,0 +1,335 @@
+#include <qvui/layout/tool_bar.h>
+
+#include <qvui/render/render_engine.h>
+
+#include "framework/control_guard.h"
+#include "framework/skin_access.h"
+#include "layout/linear_placing.h"
+#include "layout/tool_bar_colors.h"
+#include "layout/tool_bar_items.h"
+
+namespace DUI {
+namespace {
+
+constexpr int kSeparatorSpace = 9;
+// What the thin line leaves of the bar's breadth at either end, as a divisor.
+constexpr int kLineInset = 5;
+
+CDUIToolBarSeparator* AsSeparator(IDUIControl* control)
+{
+    return InterfaceOf<CDUIToolBarSeparator>(control, "toolbar_separator");
+}
+
+template <class Layout>
+const AttributeTable<CDUIToolBar<Layout>>& Attributes()
+{
+    using Bar = CDUIToolBar<Layout>;
+    static const AttributeTable<Bar> table{
+        {"separator_image", AttributeKind::Image,
+         "The image of the bar's separators; without one, a thin line.",
+         [](Bar& bar, const CString& value) { bar.SetSeparatorImage(skin::Image(value)); }},
+        {"overflow_image", AttributeKind::Image,
+         "Strip for the button that lists what does not fit: normal, hot, pushed, disabled; without one, an "
+         "arrowhead.",
+         [](Bar& bar, const CString& value) { bar.SetOverflowImage(skin::Image(value)); }},
+        {"overflow_frame", AttributeKind::FrameStyle, "The frame of that list.",
+         [](Bar& bar, const CString& value) { bar.SetOverflowFrame(skin::Frame(value)); }},
+        {"overflow_item_style", AttributeKind::ControlStyle,
+         "The style of that list's entries, which are buttons; without one they look like the items "
+         "themselves.",
+         [](Bar& bar, const CString& value) { bar.SetOverflowItemStyle(value); }},
+        {"enable_scroll", AttributeKind::Ignored, "A tool bar lists what does not fit instead of scrolling.",
+         [](Bar&, const CString&) {}},
+    };
+    return table;
+}
+
+// Separators learn the bar's look on the way.
+template <class Axis>
+std::vector<layout::ToolItem> Measure(const layout::Children& children, const RECT& content,
+                                      const CDUIImageListPtr& separatorImage)
+{
+    std::vector<layout::ToolItem> items;
+    items.reserve(children.size());
+    const SIZE available = Axis::Across(content, geometry::Narrow(Axis::Length(content)));
+    for (const CRefPtr<IDUIControl>& child : children) {
+        CDUIToolBarSeparator* const separator = AsSeparator(child.GetPtr());
+        if (separator)
+            separator->SetLook(separatorImage, Axis::kIsVertical);
+        items.push_back({std::max<LONG>(0, Axis::Along(layout::AskSize(*child.GetPtr(), available))),
+                         separator != nullptr});
+    }
+    return items;
+}
+
+template <class Axis>
+void LayOutTools(CDUICanvas& bar, ToolBarItems& tools)
+{
+    const RECT content = bar.GetContentRect();
+    const layout::Children children = layout::VisibleChildren(bar);
+    const layout::Line line{Axis::Start(content), Axis::Length(content), bar.GetPaddingWidth()};
+    SIZE button{0, 0};
+    tools.OverflowButton().EstimateSize({0, 0}, button);
+    const layout::ToolBarPlan plan = layout::PlanToolBar(
+        line, Measure<Axis>(children, content, tools.GetLook().separator), Axis::Along(button));
+    for (std::size_t i = 0; i < children.size(); ++i)
+        children[i]->SetControlRect(Axis::Part(content, plan.items[i].start, plan.items[i].length));
+    tools.SetOverflow(plan.overflows, plan.overflows ? Axis::Part(content, plan.overflowButton.start,
+                                                                  plan.overflowButton.length)
+                                                     : RECT{0, 0, 0, 0});
+    bar.UpdateLayout(FALSE, nullptr);
+}
+
+template <class Layout>
+std::unique_ptr<ToolBarItems> MakeItems(CDUIToolBar<Layout>& bar)
+{
+    using Axis = axis::Of<Layout>;
+    return std::make_unique<ToolBarItems>(bar, Axis::kIsVertical,
+                                          ToolBarItems::Keys{Axis::kBackwardKey, Axis::kForwardKey});
+}
+
+}  // namespace
+
+// --- separators --------------------------------------------------------------------------------------------
+
+const ControlClass& CDUIToolBarSeparator::Class()
+{
+    static const ControlClass info("CDUIToolBarSeparator", &CDUIControlBase::Class(),
+                                   "A line between the items of a tool bar.", {"toolbar_separator"});
+    return info;
+}
+
+CDUIToolBarSeparator::CDUIToolBarSeparator()
+{
+    ModifyStyle(0, DUISTYLE_TRANSPARENT);
+}
+
+void* CDUIToolBarSeparator::GetInterface(const CString& name)
+{
+    return Class().Answers(name) ? this : nullptr;
+}
+
+CRefPtr<IDUIControl> CDUIToolBarSeparator::Clone()
+{
+    return new CDUIToolBarSeparator(*this);
+}
+
+void CDUIToolBarSeparator::SetLook(CDUIImageListPtr image, bool isBarVertical)
+{
+    m_pImage = std::move(image);
+    m_isBarVertical = isBarVertical;
+}
+
+BOOL CDUIToolBarSeparator::EstimateSize(SIZE, SIZE& size)
+{
+    const SIZE image =
+        skin::IsLoaded(m_pImage) ? geometry::IconSize(m_pImage) : SIZE{kSeparatorSpace, kSeparatorSpace};
+    size = geometry::OuterSize(image.cx, image.cy, GetMargin(), GetFixedSize());
+    return TRUE;
+}
+
+void CDUIToolBarSeparator::PaintForgnd(HDC hdc)
+{
+    using namespace geometry;
+    const RECT rect = GetContentRect();
+    if (skin::IsLoaded(m_pImage)) {
+        const SIZE size = IconSize(m_pImage);
+        const LONGLONG left = Centred(rect.left, rect.right, size.cx);
+        const LONGLONG top = Centred(rect.top, rect.bottom, size.cy);
+        const RECT place = Intersection(rect, MakeRect(left, top, left + size.cx, top + size.cy));
+        m_pImage->DrawImage(hdc, place, 0);
+        return;
+    }
+    RECT line = rect;
+    if (m_isBarVertical) {
+        line.top = Narrow(Centred(rect.top, rect.bottom, 1));
+        line.bottom = line.top + 1;
+        InflateRect(&line, -Narrow(Width(rect) / kLineInset), 0);
+    } else {
+        line.left = Narrow(Centred(rect.left, rect.right, 1));
+        line.right = line.left + 1;
+        InflateRect(&line, 0, -Narrow(Height(rect) / kLineInset));
+    }
+    CDUIRenderEngine::FillRect(hdc, line, LineColor());
+}
+
+// --- the bar -----------------------------------------------------------------------------------------------
+
+template <class Layout>
+const ControlClass& CDUIToolBar<Layout>::Class()
+{
+    static const ControlClass info(axis::Of<Layout>::kIsVertical ? "CDUIToolBar<CDUIVerticalLayout>"
+                                                                 : "CDUIToolBar<CDUIHorizontalLayout>",
+                                   &Layout::Class(), "Tools in a line; a list shows those that do not fit.",
+                                   {}, &Attributes<Layout>());
+    return info;
+}
+
+template <class Layout>
+CDUIToolBar<Layout>::CDUIToolBar() : m_pItems(MakeItems(*this))
+{
+}
+
+template <class Layout>
+CDUIToolBar<Layout>::CDUIToolBar(const CDUIToolBar& other) : Layout(other),
+                                                             m_pItems(MakeItems(*this))
+{
+    m_pItems->SetLook(other.m_pItems->GetLook());
+    m_pItems->CopyTabStops(*other.m_pItems);
+}
+
+template <class Layout>
+CDUIToolBar<Layout>::~CDUIToolBar() = default;
+
+template <class Layout>
+CRefPtr<IDUIControl> CDUIToolBar<Layout>::Clone()
+{
+    return new CDUIToolBar(*this);
+}
+
+template <class Layout>
+void CDUIToolBar<Layout>::SetControlRect(const RECT& rect)
+{
+    this->StoreControlRect(rect);
+    LayOutTools<axis::Of<Layout>>(*this, *m_pItems);
+}
+
+template <class Layout>
+void CDUIToolBar<Layout>::SetAttribute(const CString& name, const CString& value)
+{
+    if (!Attributes<Layout>().Apply(*this, name, value))
+        Layout::SetAttribute(name, value);
+}
+
+template <class Layout>
+void CDUIToolBar<Layout>::DoPaint(HDC hdc, const RECT& rcPaint)
+{
+    Layout::DoPaint(hdc, rcPaint);
+    ToolBarOverflow& button = m_pItems->OverflowButton();
+    const RECT place = button.GetControlRect();
+    RECT common;
+    if (!IntersectRect(&common, &place, &rcPaint))
+        return;
+    const CDUIRenderClip clip(hdc, this->GetContentRect());
+    button.DoPaint(hdc, rcPaint);
+}
+
+// The overflow button is found after the items, as the last of them.
+template <class Layout>
+IDUIControl* CDUIToolBar<Layout>::FindControl(FindControlProc proc, void* pData, UINT flags)
+{
+    // Before a walk that looks for tab stops: items may have been hidden or disabled since the last layout.
+    if ((flags & DUIFIND_ENABLED) && !(flags & DUIFIND_HITTEST))
+        m_pItems->EnsureTabStop();
+    if (IDUIControl* const found = Layout::FindControl(proc, pData, flags))
+        return found;
+    const bool isSkipped = ((flags & DUIFIND_VISIBLE) && !this->IsVisible(FALSE)) ||
+                           ((flags & DUIFIND_ENABLED) && !this->IsEnabled());
+    return isSkipped || !m_pItems->IsOverflowing()
+               ? nullptr
+               : m_pItems->OverflowButton().FindControl(proc, pData, flags);
+}
+
+template <class Layout>
+void CDUIToolBar<Layout>::RemoveAllControl()
+{
+    m_pItems->ReleaseChildren();
+    Layout::RemoveAllControl();
+}
+
+template <class Layout>
+void CDUIToolBar<Layout>::OnCreate()
+{
+    Layout::OnCreate();
+    m_pItems->OnCreate();
+}
+
+template <class Layout>
+void CDUIToolBar<Layout>::OnDestroy()
+{
+    m_pItems->OnDestroy();
+    Layout::OnDestroy();
+}
+
+template <class Layout>
+LRESULT CDUIToolBar<Layout>::ProcessEvent(const tagDUIEvent& event, BOOL& bHandled)
+{
+    if (event.Type == DUIEVENT_WINDOWSIZE || event.Type == DUIEVENT_WINDOWMOVE)
+        m_pItems->CloseMenu();
+    return Layout::ProcessEvent(event, bHandled);
+}
+
+template <class Layout>
+void CDUIToolBar<Layout>::AfterAddControl(CRefPtr<IDUIControl> child)
+{
+    const ControlGuard keep(this);
+    Layout::AfterAddControl(child);
+    if (!child.IsNull() && child->GetParent() == this)
+        m_pItems->OnAdded(*child.GetPtr());
+}
+
+template <class Layout>
+void CDUIToolBar<Layout>::AfterRemoveControl(CRefPtr<IDUIControl> child)
+{
+    const ControlGuard keep(this);
+    if (!child.IsNull() && child->GetParent() == this)
+        m_pItems->OnRemoved(*child.GetPtr());
+    Layout::AfterRemoveControl(child);
+}
+
+// --- its look ----------------------------------------------------------------------------------------------
+
+template <class Layout>
+void CDUIToolBar<Layout>::SetSeparatorImage(CDUIImageListPtr image)
+{
+    ToolBarItems::Look look = m_pItems->GetLook();
+    look.separator = std::move(image);
+    m_pItems->SetLook(look);
+}
+
+template <class Layout>
+void CDUIToolBar<Layout>::SetOverflowImage(CDUIImageListPtr image)
+{
+    ToolBarItems::Look look = m_pItems->GetLook();
+    look.overflow = std::move(image);
+    m_pItems->SetLook(look);
+}
+
+template <class Layout>
+void CDUIToolBar<Layout>::SetOverflowFrame(CRefPtr<CDUIFrameBK> frame)
+{
+    ToolBarItems::Look look = m_pItems->GetLook();
+    look.frame = std::move(frame);
+    m_pItems->SetLook(look);
+}
+
+template <class Layout>
+void CDUIToolBar<Layout>::SetOverflowItemStyle(const CString& style)
+{
+    ToolBarItems::Look look = m_pItems->GetLook();
+    look.itemStyle = style;
+    m_pItems->SetLook(look);
+}
+
+template <class Layout>
+BOOL CDUIToolBar<Layout>::IsOverflowing() const
+{
+    return m_pItems->IsOverflowing();
+}
+
+template <class Layout>
+BOOL CDUIToolBar<Layout>::OpenOverflow()
+{
+    return m_pItems->OpenMenu();
+}
+
+template <class Layout>
+void CDUIToolBar<Layout>::CloseOverflow()
+{
+    m_pItems->CloseMenu();
+}
+
+template class CDUIToolBar<CDUIHorizontalLayout>;
+template class CDUIToolBar<CDUIVerticalLayout>;
+
+}  // namespace DUI

@@ -1,0 +1,88 @@
+#pragma once
+
+#include <memory>
+#include <set>
+#include <vector>
+
+#include <qvui/layout/canvas.h>
+
+#include "layout/tool_bar_menu.h"
+#include "layout/tool_bar_overflow.h"
+#include "layout/tool_bar_plan.h"
+
+namespace DUI {
+
+/// What horizontal and vertical tool bars share apart from their direction: the overflow button and its menu,
+/// and the keyboard. It belongs to one bar and goes with it.
+class ToolBarItems {
+public:
+    struct Keys {
+        WPARAM backward;
+        WPARAM forward;
+    };
+    struct Look {
+        CDUIImageListPtr separator;
+        CDUIImageListPtr overflow;
+        CRefPtr<CDUIFrameBK> frame;
+        CString itemStyle;
+    };
+
+    ToolBarItems(CDUICanvas& bar, bool isVertical, Keys keys);
+    ToolBarItems(const ToolBarItems&) = delete;
+    ToolBarItems& operator=(const ToolBarItems&) = delete;
+    ~ToolBarItems();
+
+    /// Makes the children of this bar, copies of another one's, the tab stops that those were before the
+    /// keyboard took them over.
+    void CopyTabStops(const ToolBarItems& other);
+
+    // The bar's hooks
+    void OnCreate();
+    void OnDestroy();
+    void OnAdded(IDUIControl& child);
+    void OnRemoved(IDUIControl& child);
+    void ReleaseChildren();
+
+    const Look& GetLook() const { return m_look; }
+    void SetLook(const Look& look);
+
+    /// What the bar found in its last layout.
+    void SetOverflow(bool overflows, const RECT& place);
+    bool IsOverflowing() const { return m_overflows; }
+    ToolBarOverflow& OverflowButton() { return *m_overflow.GetPtr(); }
+
+    bool OpenMenu();
+    void CloseMenu();
+
+    /// Keeps one usable item a tab stop.
+    void EnsureTabStop();
+
+private:
+    class Watcher;
+
+    void Take(IDUIControl& item);
+    void Release(IDUIControl& item);
+    bool IsOurs(const IDUIControl* item) const { return m_keyboardItems.count(item) != 0; }
+    bool IsUsable(IDUIControl& item) const;
+    std::vector<IDUIControl*> UsableItems() const;
+    std::vector<IDUIControl*> AllItems() const;
+    void MakeTabStop(const IDUIControl* chosen);
+    bool HandleKey(IDUIControl& item, const tagDUIEvent& event);
+    void OnItemEvent(const tagDUIEvent& event, BOOL& bHandled);
+    ToolBarMenu::Items ItemsWithoutRoom() const;
+    void OnActivateOverflow();
+
+    CDUICanvas& m_bar;
+    bool m_isVertical;
+    Keys m_keys;
+    Look m_look;
+    CRefPtr<ToolBarOverflow> m_overflow;
+    bool m_overflows = false;
+    bool m_wasOpenAtPress = false;
+    CRefPtr<Watcher> m_watcher;
+    std::set<const IDUIControl*>
+        m_keyboardItems;  // those that were tab stops when the keyboard took them over
+    std::shared_ptr<ToolBarMenu> m_menu;
+};
+
+}  // namespace DUI

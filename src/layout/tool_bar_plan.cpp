@@ -1,0 +1,80 @@
+#include "layout/tool_bar_plan.h"
+
+#include <algorithm>
+
+#include "controls/geometry.h"
+
+namespace DUI::layout {
+namespace {
+
+LONGLONG TotalLength(const Line& line, const std::vector<ToolItem>& items)
+{
+    LONGLONG total = items.empty() ? 0 : -LONGLONG{line.gap};
+    for (const ToolItem& item : items)
+        total += LONGLONG{item.length} + line.gap;
+    return total;
+}
+
+// How many items stand before a place; a separator at the end of them divides nothing.
+std::size_t CountFitting(const Line& line, const std::vector<ToolItem>& items, LONGLONG end)
+{
+    std::size_t count = 0;
+    for (LONGLONG used = 0; count < items.size(); ++count) {
+        used += items[count].length;
+        if (used > end)
+            break;
+        used += line.gap;
+    }
+    while (count > 0 && items[count - 1].isSeparator)
+        --count;
+    return count;
+}
+
+LONG BesideAnchor(LONG areaStart, LONG areaEnd, LONG anchorStart, LONG anchorEnd, LONG length)
+{
+    const bool fitsAfter = anchorEnd + length <= areaEnd;
+    const bool fitsBefore = anchorStart - length >= areaStart;
+    return !fitsAfter && fitsBefore ? anchorStart - length : anchorEnd;
+}
+
+LONG KeptInside(LONG areaStart, LONG areaEnd, LONG start, LONG length)
+{
+    return std::max(areaStart, std::min(start, areaEnd - length));
+}
+
+}  // namespace
+
+ToolBarPlan PlanToolBar(const Line& line, const std::vector<ToolItem>& items, LONG overflowButton)
+{
+    ToolBarPlan plan;
+    plan.overflows = TotalLength(line, items) > line.length;
+    if (!plan.overflows) {
+        plan.items =
+            DivideLine(line, items.size(), [&items](std::size_t i, LONG) { return items[i].length; }).spans;
+        return plan;
+    }
+    const LONGLONG lineEnd = line.start + line.length;
+    const LONGLONG buttonStart = std::max(line.start, lineEnd - overflowButton);
+    plan.overflowButton = {buttonStart, lineEnd - buttonStart};
+    const std::size_t shown = CountFitting(line, items, buttonStart - line.gap - line.start);
+    plan.items.assign(items.size(), Span{lineEnd, 0});
+    LONGLONG start = line.start;
+    for (std::size_t i = 0; i < shown; ++i) {
+        plan.items[i] = {start, items[i].length};
+        start += LONGLONG{items[i].length} + line.gap;
+    }
+    return plan;
+}
+
+POINT PlaceMenu(const RECT& area, const RECT& anchor, SIZE menu, bool opensSideways)
+{
+    POINT corner{anchor.left, anchor.top};
+    if (opensSideways)
+        corner.x = BesideAnchor(area.left, area.right, anchor.left, anchor.right, menu.cx);
+    else
+        corner.y = BesideAnchor(area.top, area.bottom, anchor.top, anchor.bottom, menu.cy);
+    return {KeptInside(area.left, area.right, corner.x, menu.cx),
+            KeptInside(area.top, area.bottom, corner.y, menu.cy)};
+}
+
+}  // namespace DUI::layout
