@@ -66,5 +66,20 @@ TEST_F(HostileValues, NoControlTrips)
     }
 }
 
+TEST_F(HostileValues, AMegabyteOfTextIsMeasuredAndPainted)
+{
+    const std::string text = "#" + std::string(1 << 20, 'W');
+    for (const char* tag : {"button", "check_box", "label", "hyperlink"}) {
+        ControlWindow window({50, 40}, std::string("<") + tag + "/>");
+        IDUIControl* const control = window.GetRootControl();
+        control->SetAttribute("text", text.c_str());
+        control->SetAttribute("enable_shadowtext", "true");
+        SIZE size{};
+        EXPECT_TRUE(control->EstimateSize({50, 40}, size)) << tag;
+        EXPECT_GT(size.cx, 50) << tag;
+        window.Paint();
+    }
+}
+
 }  // namespace
 }  // namespace qvui::test

@@ -39,7 +39,8 @@ struct CButtonUIData {
 /// A press and release inside it, or Space, activates it. Strips hold icons for normal, hot, pushed (also
 /// checked) and disabled; a strip that is too short shows its first icon instead.
 ///
-/// With toolbar_style "check", as on a tool bar, each click turns the check state over, after its notification.
+/// With toolbar_style "check", as on a tool bar, each click turns the check state over, after its
+/// notification.
 ///
 /// Skin attributes: back_image, icon, button_style, focus, want_return, toolbar_style.
 /// Notifications: DUINOTIFY_CLICK when it is activated.
