@@ -1,0 +1,189 @@
+// Text files in every encoding that they may say or show they are in.
+
+#include <qvui/skin/xml_document.h>
+
+#include <map>
+
+#include "skin/code_page.h"
+#include "skin/skin_test.h"
+
+using namespace std::string_literals;
+
+namespace {
+
+// A file as the reader saw it.
+struct ReadResult {
+    bool isRead = false;
+    std::string text;
+    std::vector<std::string> words;
+    std::string log;
+    int flags = 0;
+};
+
+ReadResult Read(const std::string& file)
+{
+    CString text;
+    CString log;
+    ReadResult result;
+    result.isRead =
+        DUI::CXmlDocument::ReadTextFile(SkinFolder::LibraryPath(file).c_str(), text, log, result.flags);
+    result.text = text.View();
+    result.log = log.View();
+    DUI::CXmlDocument xml;
+    EXPECT_TRUE(xml.SetDocument("<log>" + log + "</log>")) << log.GetString();
+    while (xml.FindChildElement())
+        result.words.emplace_back(xml.GetChildTagName());
+    return result;
+}
+
+// UTF-16 of a text of which every byte is one character.
+std::string Wide(const std::string& text, bool isBigEndian)
+{
+    std::string bytes;
+    for (const char character : text)
+        bytes += isBigEndian ? std::string{'\0', character} : std::string{character, '\0'};
+    return bytes;
+}
+
+}  // namespace
+
+class XmlTextFile : public SkinTest {};
+
+TEST_F(XmlTextFile, IsConvertedToTheSystemCodePage)
+{
+    // "<a>" + the two characters of "Chinese" + "</a>" after a declaration, in each encoding.
+    struct Case {
+        const char* name;
+        std::string declaration;
+        std::string open, content, close;  // the bytes of the rest
+        int flags;
+    };
+    const std::string utf8 = "\xE4\xB8\xAD\xE6\x96\x87";
+    const std::string gbk = "\xD6\xD0\xCE\xC4";
+    const std::vector<Case> cases{
+        {"UTF-8 with a mark", "\xEF\xBB\xBF", "<a>", utf8, "</a>", 4},
+        {"UTF-8 with a mark that contradicts", "\xEF\xBB\xBF<?xml encoding='gbk'?>", "<a>", utf8, "</a>", 4},
+        {"UTF-8 declared", "<?xml version=\"1.0\" encoding=\"UTF-8\"?>", "<a>", utf8, "</a>", 0},
+        {"UTF-8 because it begins with a bracket", "", "<a>", utf8, "</a>", 0},
+        {"UTF-8 recognised", " ", "<a>", utf8, "</a>", 0},
+        {"gb2312 declared", "<?xml version='1.0' encoding='gb2312'?>", "<a>", gbk, "</a>", 0},
+        {"GBK declared without quotes", "<?xml encoding=GBK ?>", "<a>", gbk, "</a>", 0},
+        {"in an HTML head",
+         "<html><head><meta name='x'><meta http-equiv=\"Content-Type\" content=\"text/html; "
+         "charset=gb2312\"></head>"
+         "</html>",
+         "<a>", gbk, "</a>", 0},
+        {"UTF-16LE with a mark", "\xFF\xFE", Wide("<a>", false), "\x2D\x4E\x87\x65", Wide("</a>", false), 1},
+        {"UTF-16BE with a mark", "\xFE\xFF", Wide("<a>", true), "\x4E\x2D\x65\x87", Wide("</a>", true), 128},
+    };
+    const std::map<UINT, std::string> contents{{65001, utf8}, {936, gbk}, {1252, "??"}};
+    for (const UINT page : CodePages()) {
+        const auto content = contents.find(page);
+        if (content == contents.end())
+            continue;
+        const CodePage system(page);
+        for (const Case& c : cases) {
+            folder.Write("text.xml", c.declaration + c.open + c.content + c.close);
+            const ReadResult result = Read("text.xml");
+            EXPECT_TRUE(result.isRead) << c.name;
+            EXPECT_TRUE(result.text.ends_with("<a>" + content->second + "</a>"))
+                << c.name << ": " << result.text;
+            EXPECT_EQ(result.flags, c.flags) << c.name;
+        }
+    }
+}
+
+TEST_F(XmlTextFile, LogsWhatItDid)
+{
+    struct Case {
+        const char* name;
+        std::string bytes;
+        std::string text;
+        std::vector<std::string> words;  // in code page 65001
+    };
+    const std::vector<Case> cases{
+        {"empty", "", "", {"read", "utf8_detection"}},
+        {"plain", "<a/>", "<a/>", {"read"}},
+        {"recognised", "a", "a", {"read", "utf8_detection"}},
+        {"marked", "\xEF\xBB\xBF<a/>", "<a/>", {"bom", "read"}},
+        {"a mark alone", "\xFF\xFE", "", {"bom", "read", "converted_to"}},
+        {"zero bytes", "<a>\0\0x</a>"s, "<a>x</a>", {"read", "nulls_removed"}},
+        {"zero units", "\xFF\xFE<\0\0\0a\0/\0>\0"s, "<a/>", {"bom", "read", "nulls_removed", "converted_to"}},
+        {"big-endian", "\xFE\xFF\0<\0a\0/\0>"s, "<a/>", {"bom", "read", "endian_swap", "converted_to"}},
+        {"half a unit at the end", "\xFF\xFE<\0a\0/\0>\0x"s, "<a/>", {"bom", "read", "converted_to"}},
+        {"another code page",
+         "<?xml encoding='latin1'?>\xE9",
+         "<?xml encoding='latin1'?>\xC3\xA9",
+         {"read", "converted_to"}},
+        {"an unknown encoding never converts",
+         "<?xml encoding='nonsense'?>\xE9",
+         "<?xml encoding='nonsense'?>\xE9",
+         {"read"}},
+        {"a wide encoding of a text of bytes",
+         "<?xml encoding='utf-16'?>x",
+         "<?xml encoding='utf-16'?>x",
+         {"read"}},
+        {"no encoding and no UTF-8", "\xE9", "\xE9", {"read", "utf8_detection"}},
+        {"an instruction is no declaration",
+         "<?xmls encoding='latin1'?>\xC3\xA9",
+         "<?xmls encoding='latin1'?>\xC3\xA9",
+         {"read"}},
+        {"declared too far behind",
+         "<?xml " + std::string(1020, ' ') + "encoding='latin1'?>\xC3\xA9",
+         "<?xml " + std::string(1020, ' ') + "encoding='latin1'?>\xC3\xA9",
+         {"read"}},
+    };
+    for (const UINT page : CodePages()) {
+        if (page != 65001)
+            continue;
+        const CodePage system(page);
+        for (const Case& c : cases) {
+            folder.Write("text.xml", c.bytes);
+            const ReadResult result = Read("text.xml");
+            EXPECT_TRUE(result.isRead) << c.name;
+            EXPECT_EQ(result.text, c.text) << c.name;
+            EXPECT_EQ(result.words, c.words) << c.name << ": " << result.log;
+        }
+    }
+}
+
+TEST_F(XmlTextFile, TellsOfLostCharacters)
+{
+    folder.Write("text.xml", "<?xml encoding='utf-8'?><a>\xE4\xB8\xAD</a>");
+    for (const UINT page : CodePages()) {
+        if (page != 1252)
+            continue;
+        const CodePage system(page);
+        const ReadResult result = Read("text.xml");
+        EXPECT_EQ(result.text, "<?xml encoding='utf-8'?><a>?</a>");
+        EXPECT_EQ(result.words, (std::vector<std::string>{"read", "converted_to", "conversion_loss"}));
+        EXPECT_NE(result.log.find("<converted_to encoding=\"1252\""), std::string::npos) << result.log;
+    }
+}
+
+TEST_F(XmlTextFile, AsciiIsTheSameEverywhere)
+{
+    const std::string text = "<?xml version=\"1.0\" encoding=\"us-ascii\"?>\r\n<a b=\"1\"/>";
+    folder.Write("plain.xml", text);
+    folder.Write("wide.xml", "\xFF\xFE" + Wide(text, false));
+    for (const UINT page : CodePages()) {
+        const CodePage system(page);
+        EXPECT_EQ(Read("plain.xml").text, text);
+        EXPECT_EQ(Read("wide.xml").text, text);
+    }
+}
+
+TEST_F(XmlTextFile, ThatCannotBeOpenedIsAnError)
+{
+    CString text("before");
+    CString log("<before/>");
+    int flags = 0;
+    const std::string path = SkinFolder::LibraryPath("a&b.xml");
+    EXPECT_FALSE(DUI::CXmlDocument::ReadTextFile(path.c_str(), text, log, flags));
+    EXPECT_STREQ(text, "before");
+    EXPECT_TRUE(log.View().starts_with("<before/><file_error msg=\"")) << "the log is appended to";
+    EXPECT_NE(log.View().find("a&amp;b.xml"), std::string_view::npos);
+    EXPECT_FALSE(DUI::CXmlDocument::ReadTextFile(nullptr, text, log, flags));
+    EXPECT_FALSE(DUI::CXmlDocument::ReadTextFile(SkinFolder::LibraryPath("").c_str(), text, log, flags))
+        << "a folder";
+}
