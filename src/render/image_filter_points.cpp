@@ -1,0 +1,296 @@
+// The filters that compute each pixel from itself. Their inner loops run over bytes or whole pixels without
+// calls and branches, so that compilers turn them into vector instructions.
+
+#include <array>
+#include <cstdint>
+
+#include <qvui/render/image_filter.h>
+
+#include "render/image_rows.h"
+
+namespace DUI {
+namespace {
+
+constexpr std::uint32_t kColorBits = 0x00FFFFFF;
+constexpr std::uint32_t kAlphaBits = 0xFF000000;
+
+std::uint32_t PixelOf(const CARGB& color)
+{
+    BYTE pixel[4];
+    color.WriteToDIB4(pixel);
+    return LoadPixel(pixel);
+}
+
+void WritePixel(BYTE* pixel, int pixelSize, const CARGB& color)
+{
+    if (pixelSize == 4)
+        color.WriteToDIB4(pixel);
+    else
+        color.WriteToDIB3(pixel);
+}
+
+// A fraction that bytes are multiplied with, the result truncated, as a whole number and the high half of a
+// 16-bit product. A channel that is kept has the fraction 1, or 0 where the result is a change.
+struct Fraction {
+    std::uint16_t whole = 0;
+    std::uint16_t part = 0;
+
+    // Exact for every byte: the rounded-up part adds less than 256 / 65536 to a product that ends in
+    // hundredths.
+    static Fraction OfPercent(int percent)
+    {
+        constexpr int kMostWhole = 255;  // takes every byte but 0 to the limit, as more would
+        return {static_cast<std::uint16_t>(std::min(percent / 100, kMostWhole)),
+                static_cast<std::uint16_t>((percent % 100 * 0x10000 + 99) / 100)};
+    }
+    std::uint32_t Of(std::uint32_t byte) const { return byte * whole + (byte * part >> 16); }
+};
+
+// The fractions of as many bytes as a vector holds, a whole number of 32-bit pixels.
+constexpr int kLanes = 16;
+struct Fractions {
+    std::uint16_t whole[kLanes];
+    std::uint16_t part[kLanes];
+};
+
+Fractions FractionsOf(Fraction color, Fraction alpha, int pixelSize)
+{
+    Fractions fractions{};
+    for (int i = 0; i < kLanes; ++i) {
+        const Fraction& fraction = pixelSize == 4 && i % 4 == 3 ? alpha : color;
+        fractions.whole[i] = fraction.whole;
+        fractions.part[i] = fraction.part;
+    }
+    return fractions;
+}
+
+// Calls change(index of the byte, lane) for each byte of a row, in groups that have a fixed length.
+template <class Change>
+void ForEachLane(int bytes, Change change)
+{
+    int i = 0;
+    for (; i + kLanes <= bytes; i += kLanes)
+        for (int lane = 0; lane < kLanes; ++lane)
+            change(i + lane, lane);
+    for (int lane = 0; i + lane < bytes; ++lane)
+        change(i + lane, lane);
+}
+
+// (blue + green + red) / 3. The factor is exact for sums of three bytes.
+std::uint32_t MeanOf(std::uint32_t blue, std::uint32_t green, std::uint32_t red)
+{
+    return (blue + green + red) * 683 >> 11;
+}
+
+// Sets blue, green and red of each pixel of a row to tone(their mean).
+template <class Tone>
+void ReplaceByTone(BYTE* row, int count, int pixelSize, Tone tone)
+{
+    if (pixelSize == 4) {
+        for (int x = 0; x < count; ++x) {
+            const std::uint32_t pixel = LoadPixel(row + 4 * x);
+            const std::uint32_t mean = MeanOf(pixel & 0xFF, (pixel >> 8) & 0xFF, (pixel >> 16) & 0xFF);
+            StorePixel(row + 4 * x, (pixel & kAlphaBits) | tone(mean) * 0x010101);
+        }
+        return;
+    }
+    for (int x = 0; x < count; ++x) {
+        BYTE* const pixel = row + 3 * x;
+        pixel[0] = pixel[1] = pixel[2] = static_cast<BYTE>(tone(MeanOf(pixel[0], pixel[1], pixel[2])));
+    }
+}
+
+}  // namespace
+
+int CFillIColorFilter::Process(CDibSection* section, const CARGB& color, RECT* rect)
+{
+    if (!HasPixels(section))
+        return FALSE;
+    const int pixelSize = section->GetPixelWidth();
+    const BYTE* first = nullptr;
+    ForEachRow(*section, PartOf(*section, rect), [&](BYTE* row, int count) {
+        if (first) {
+            std::memcpy(row, first, static_cast<std::size_t>(count) * pixelSize);
+            return;
+        }
+        for (int x = 0; x < count; ++x)
+            WritePixel(row + static_cast<std::ptrdiff_t>(x) * pixelSize, pixelSize, color);
+        first = row;
+    });
+    return TRUE;
+}
+
+int CStrippleImageFilter::Process(CDibSection* section, const CARGB& color, unsigned long spacing, RECT* rect)
+{
+    if (!HasPixels(section) || spacing == 0)
+        return FALSE;
+    const RECT part = PartOf(*section, rect);
+    const int pixelSize = section->GetPixelWidth();
+    const unsigned long long step = spacing;
+    // Rows start at the part's left; dots count from the image's.
+    const auto left = static_cast<unsigned long long>(part.left);
+    const unsigned long long firstDot = (left + step - 1) / step * step - left;
+    auto y = static_cast<unsigned long long>(part.top);
+    ForEachRow(*section, part, [&](BYTE* row, int count) {
+        if (y++ % step != 0)
+            return;
+        for (unsigned long long x = firstDot; x < static_cast<unsigned long long>(count); x += step)
+            WritePixel(row + x * pixelSize, pixelSize, color);
+    });
+    return TRUE;
+}
+
+int CGrayScaleImageFilter::Process(CDibSection* section, RECT* rect)
+{
+    if (!HasPixels(section))
+        return FALSE;
+    const int pixelSize = section->GetPixelWidth();
+    ForEachRow(*section, PartOf(*section, rect), [pixelSize](BYTE* row, int count) {
+        ReplaceByTone(row, count, pixelSize, [](std::uint32_t mean) { return mean; });
+    });
+    return TRUE;
+}
+
+int CWhiteBlackImageFilter::Process(CDibSection* section, RECT* rect, unsigned char threshold)
+{
+    if (!HasPixels(section))
+        return FALSE;
+    const int pixelSize = section->GetPixelWidth();
+    ForEachRow(*section, PartOf(*section, rect), [pixelSize, threshold](BYTE* row, int count) {
+        ReplaceByTone(row, count, pixelSize,
+                      [threshold](std::uint32_t mean) { return mean > threshold ? 255U : 0U; });
+    });
+    return TRUE;
+}
+
+int CBrightenImageFilter::Process(CDibSection* section, short amount, RECT* rect)
+{
+    if (!HasPixels(section))
+        return FALSE;
+    const int pixelSize = section->GetPixelWidth();
+    const Fractions fractions =
+        FractionsOf(Fraction::OfPercent(std::max(0, amount + 100)), Fraction::OfPercent(100), pixelSize);
+    ForEachRow(*section, PartOf(*section, rect), [&fractions, pixelSize](BYTE* row, int count) {
+        ForEachLane(count * pixelSize, [row, &fractions](int i, int lane) {
+            const Fraction fraction{fractions.whole[lane], fractions.part[lane]};
+            row[i] = static_cast<BYTE>(std::min<std::uint32_t>(255, fraction.Of(row[i])));
+        });
+    });
+    return TRUE;
+}
+
+int CFadeImageFilter::Process(CDibSection* section, const CDibSection* other, short percent)
+{
+    if (!HasPixels(section) || !HasPixels(other) || WidthOf(*section) != WidthOf(*other) ||
+        HeightOf(*section) != HeightOf(*other) || section->GetPixelWidth() != other->GetPixelWidth())
+        return FALSE;
+    const int pixelSize = section->GetPixelWidth();
+    const Fractions fractions =
+        FractionsOf(Fraction::OfPercent(std::clamp<int>(percent, 0, 100)), {}, pixelSize);
+    int y = 0;
+    ForEachRow(*section, [&](BYTE* row, int count) {
+        const BYTE* const towards = RowFromTop(*other, y++);
+        ForEachLane(count * pixelSize, [row, towards, &fractions](int i, int lane) {
+            const int difference = towards[i] - row[i];
+            const Fraction fraction{fractions.whole[lane], fractions.part[lane]};
+            const auto change =
+                static_cast<int>(fraction.Of(static_cast<std::uint32_t>(std::abs(difference))));
+            row[i] = static_cast<BYTE>(row[i] + (difference < 0 ? -change : change));
+        });
+    });
+    return TRUE;
+}
+
+int CNegativeImageFilter::Process(CDibSection* section)
+{
+    if (!HasPixels(section))
+        return FALSE;
+    const int pixelSize = section->GetPixelWidth();
+    ForEachRow(*section, [pixelSize](BYTE* row, int count) {
+        if (pixelSize == 4) {
+            for (int x = 0; x < count; ++x)
+                StorePixel(row + 4 * x, LoadPixel(row + 4 * x) ^ kColorBits);
+            return;
+        }
+        for (int i = 0; i < 3 * count; ++i)
+            row[i] = static_cast<BYTE>(255 - row[i]);
+    });
+    return TRUE;
+}
+
+int CReplaceColourFilter::Process(CDibSection* section, const CARGB& from, const CARGB& to)
+{
+    if (!HasPixels(section))
+        return FALSE;
+    const int pixelSize = section->GetPixelWidth();
+    const std::uint32_t old = PixelOf(from);
+    const std::uint32_t replacement = PixelOf(to);
+    ForEachRow(*section, [&](BYTE* row, int count) {
+        if (pixelSize == 4) {
+            for (int x = 0; x < count; ++x) {
+                const std::uint32_t pixel = LoadPixel(row + 4 * x);
+                StorePixel(row + 4 * x, pixel == old ? replacement : pixel);
+            }
+            return;
+        }
+        for (BYTE* pixel = row; pixel < row + 3 * count; pixel += 3)
+            if (pixel[0] == from.GetB() && pixel[1] == from.GetG() && pixel[2] == from.GetR())
+                to.WriteToDIB3(pixel);
+    });
+    return TRUE;
+}
+
+// --- contrast
+// -----------------------------------------------------------------------------------------------
+
+void CContrastFilter::IncreaseContrast(unsigned char& channel, int low, int high, float factor)
+{
+    if (channel <= low)
+        channel = 0;
+    else if (channel >= high)
+        channel = 255;
+    else
+        channel =
+            static_cast<unsigned char>(static_cast<long long>(static_cast<float>(channel - low) / factor));
+}
+
+void CContrastFilter::DecreaseContrast(unsigned char& channel, int amount, float factor)
+{
+    channel =
+        static_cast<unsigned char>(static_cast<long long>(static_cast<float>(channel) / factor) - amount);
+}
+
+void CContrastFilter::ChangeContrast(int amount, CARGB& color)
+{
+    const double span = 255 + 2.0 * (amount < 0 ? amount : -static_cast<double>(amount));
+    for (unsigned char* channel : {&color.GetR(), &color.GetG(), &color.GetB()}) {
+        if (amount < 0)
+            DecreaseContrast(*channel, amount, static_cast<float>(255 / span));
+        else
+            IncreaseContrast(*channel, amount, 255 - amount, static_cast<float>(span / 255));
+    }
+}
+
+int CContrastFilter::Process(CDibSection* section, int amount)
+{
+    if (!HasPixels(section))
+        return FALSE;
+    // A channel's result depends on the channel alone.
+    std::array<BYTE, 256> result;
+    for (std::size_t value = 0; value < result.size(); ++value) {
+        const auto byte = static_cast<BYTE>(value);
+        CARGB color(byte, byte, byte, 0);
+        ChangeContrast(amount, color);
+        result[value] = color.GetR();
+    }
+    const int pixelSize = section->GetPixelWidth();
+    ForEachRow(*section, [&result, pixelSize](BYTE* row, int count) {
+        for (BYTE* pixel = row; pixel < row + static_cast<std::ptrdiff_t>(count) * pixelSize;
+             pixel += pixelSize)
+            for (int channel = 0; channel < 3; ++channel)
+                pixel[channel] = result[pixel[channel]];
+    });
+    return TRUE;
+}
+
+}  // namespace DUI

@@ -1,0 +1,594 @@
+#include <qvui/render/image_filter.h>
+
+#include <climits>
+#include <cstdlib>
+#include <functional>
+#include <optional>
+#include <string>
+
+#include "render/filter_reference.h"
+#include "render/render_test.h"
+
+using namespace DUI;
+
+namespace {
+
+constexpr SIZE kSizes[] = {{1, 1}, {1, 6}, {6, 1},  {2, 2},   {2, 7},  {7, 2},
+                           {3, 3}, {5, 5}, {17, 9}, {33, 31}, {67, 40}};
+
+using Operation = std::function<int(CDibSection& section)>;
+using Reference = std::function<Model(const Model& source)>;
+
+// Compares an operation with its reference on random pictures of all sizes and both depths.
+void ExpectSame(const std::string& name, const Operation& operation, const Reference& reference)
+{
+    std::mt19937 random(12345);
+    for (const int bitCount : {24, 32})
+        for (const SIZE& size : kSizes) {
+            Model source(size.cx, size.cy, bitCount);
+            source.Randomise(random);
+            CDibSection section;
+            source.Store(section);
+            EXPECT_TRUE(operation(section)) << name;
+            const Model expected = reference(source);
+            const Model actual(section);
+            ASSERT_EQ(actual.BitCount(), bitCount) << name;
+            ASSERT_EQ(actual.Width(), expected.Width()) << name;
+            ASSERT_EQ(actual.Height(), expected.Height()) << name;
+            for (int y = 0; y < expected.Height(); ++y)
+                for (int x = 0; x < expected.Width(); ++x)
+                    ASSERT_EQ(actual.At(x, y), expected.At(x, y))
+                        << name << ", " << size.cx << " x " << size.cy << ", " << bitCount << " bits, at "
+                        << x << "," << y;
+        }
+}
+
+using ChangePixel = std::function<void(Model::Channels& pixel, int x, int y)>;
+
+Reference EveryPixel(const ChangePixel& change)
+{
+    return [change](const Model& source) {
+        Model result = source;
+        for (int y = 0; y < source.Height(); ++y)
+            for (int x = 0; x < source.Width(); ++x)
+                change(result.At(x, y), x, y);
+        return result;
+    };
+}
+
+Reference EveryColorByte(const std::function<int(int value)>& change)
+{
+    return EveryPixel([change](Model::Channels& pixel, int, int) {
+        for (std::size_t channel = 0; channel < 3; ++channel)
+            pixel[channel] = change(pixel[channel]);
+    });
+}
+
+// The rectangles that limit an operation, and "none".
+const std::optional<RECT> kParts[] = {
+    std::nullopt,
+    RECT{0, 0, 3, 2},
+    RECT{1, 1, 5, 4},
+    RECT{2, 0, 900, 900},
+    RECT{0, 3, INT_MAX, INT_MAX},
+    RECT{-4, -2, 3, 3},
+    RECT{2, 2, 2, 9},
+    RECT{5, 5, 1, 1},
+    RECT{50, 0, 60, 9},
+    RECT{INT_MIN, INT_MIN, 0, 0},
+};
+
+// As ExpectSame, limited to each of the parts, whose right and bottom must be lowered to the picture's.
+void ExpectSameInParts(const std::string& name,
+                       const std::function<int(CDibSection& section, RECT* rect)>& operation,
+                       const ChangePixel& change)
+{
+    for (const std::optional<RECT>& part : kParts) {
+        const std::string partName = name + (part ? " in " + RectText(*part) : "");
+        ExpectSame(
+            partName,
+            [&](CDibSection& section) {
+                RECT rect = part.value_or(RECT{});
+                const int result = operation(section, part ? &rect : nullptr);
+                if (part) {
+                    EXPECT_EQ(rect.left, part->left);
+                    EXPECT_EQ(rect.top, part->top);
+                    EXPECT_EQ(rect.right, std::min(part->right, section.GetDibHeader()->biWidth));
+                    EXPECT_EQ(rect.bottom, std::min(part->bottom, section.GetDibHeader()->biHeight));
+                }
+                return result;
+            },
+            EveryPixel([&](Model::Channels& pixel, int x, int y) {
+                if (!part || Holds(*part, x, y))
+                    change(pixel, x, y);
+            }));
+    }
+}
+
+int MeanOf(const Model::Channels& pixel)
+{
+    return (pixel[0] + pixel[1] + pixel[2]) / 3;
+}
+
+void SetTone(Model::Channels& pixel, int tone)
+{
+    pixel[0] = pixel[1] = pixel[2] = tone;
+}
+
+}  // namespace
+
+using Convolution = RenderTest;
+
+TEST_F(Convolution, BuiltInKernelsFollowTheirWeights)
+{
+    struct Case {
+        const char* name;
+        Convolute_Type type;
+        int (*shortcut)(CDibSection*);
+        KernelModel kernel;
+    };
+    const Case cases[] = {
+        {"smooth", CONVOLUTE_SMOOTH, nullptr, {{{1, 1, 1}, {1, 1, 1}, {1, 1, 1}}, 9, 0, false}},
+        {"Gaussian",
+         CONVOLUTE_GUASIAN_SMOOTH,
+         CGaussImageFilter::Process,
+         {{{0, 1, 0}, {1, 4, 1}, {0, 1, 0}}, 8, 0, false}},
+        {"sharpening",
+         CONVOLUTE_SHARPENING,
+         CSharpenImageFilter::Process,
+         {{{0, -1, 0}, {-1, 9, -1}, {0, -1, 0}}, 5, 0, true}},
+        {"Laplacian",
+         CONVOLUTE_LAPLASIAN,
+         CEdgeImageFilter::Process,
+         {{{-1, -1, -1}, {-1, 8, -1}, {-1, -1, -1}}, 1, 128, true}},
+        {"emboss 135",
+         CONVOLUTE_EMBOSS_135,
+         CEmbossImageFilter::Process,
+         {{{1, 0, 0}, {0, 0, 0}, {0, 0, -1}}, 1, 128, true}},
+        {"emboss 90", CONVOLUTE_EMBOSS_90, nullptr, {{{0, 1, 0}, {0, 0, 0}, {0, -1, 0}}, 2, 128, true}},
+    };
+    for (const Case& c : cases) {
+        // A picture too low for the kernel is no success.
+        const auto checked = [&c](const auto& process) {
+            return [&c, process](CDibSection& section) {
+                const bool isFiltered = section.GetDibHeader()->biHeight >= 3;
+                EXPECT_EQ(process(section), isFiltered ? TRUE : FALSE) << c.name;
+                return TRUE;
+            };
+        };
+        const Reference reference = [&c](const Model& source) { return Convoluted(source, c.kernel); };
+        ExpectSame(c.name, checked([&c](CDibSection& s) { return CConvoluteFilter::Process(&s, c.type); }),
+                   reference);
+        if (c.shortcut)
+            ExpectSame(c.name, checked([&c](CDibSection& s) { return c.shortcut(&s); }), reference);
+    }
+}
+
+namespace {
+
+const char* szOdd = "Odd";
+
+// Weights whose sums wrap without a clamp, and leave 16 bits.
+using OddKernel = CDib33Filter<3, -7, 11, 200, -900, 40, 5, 6, 77, 7, -3, 0, &szOdd>;
+
+// Counts the calls that an application's kernel gets.
+struct CountingKernel : CDibFilter {
+    explicit CountingKernel(int half) : CDibFilter(half) {}
+    unsigned char Kernel(unsigned char* src, int pixelSize, int lineWidth) override
+    {
+        ++calls;
+        const int reach = GetHalf();
+        return static_cast<unsigned char>(src[-reach * lineWidth - reach * pixelSize] ^
+                                          src[reach * lineWidth + reach * pixelSize]);
+    }
+    int calls = 0;
+};
+
+}  // namespace
+
+TEST_F(Convolution, ApplicationsBringTheirKernels)
+{
+    OddKernel odd;
+    EXPECT_STREQ(OddKernel::GetName(), "Odd");
+    const KernelModel oddModel{{{3, -7, 11}, {200, -900, 40}, {5, 6, 77}}, 7, -3, false};
+    ExpectSame(
+        "odd",
+        [&odd](CDibSection& section) {
+            CConvoluteFilter::Process(&section, &odd);
+            return TRUE;
+        },
+        [&oddModel](const Model& source) { return Convoluted(source, oddModel); });
+
+    for (const int half : {0, 1, 2, 5, 40, INT_MAX, -3}) {
+        CountingKernel kernel(half);
+        const int reach = std::max(half, 0);
+        EXPECT_EQ(kernel.GetHalf(), reach);
+        ExpectSame(
+            "half " + std::to_string(half),
+            [&](CDibSection& section) {
+                kernel.calls = 0;
+                const long long width = section.GetDibHeader()->biWidth - 2LL * reach;
+                const long long height = section.GetDibHeader()->biHeight - 2LL * reach;
+                EXPECT_EQ(CConvoluteFilter::Process(&section, &kernel), height > 0 ? TRUE : FALSE);
+                EXPECT_EQ(kernel.calls, width > 0 && height > 0 ? 3 * width * height : 0);
+                return TRUE;
+            },
+            [reach](const Model& source) {
+                Model result = source;
+                for (int y = reach; y < source.Height() - static_cast<long long>(reach); ++y)
+                    for (int x = reach; x < source.Width() - static_cast<long long>(reach); ++x)
+                        for (std::size_t channel = 0; channel < 3; ++channel)
+                            result.At(x, y)[channel] = source.At(x - reach, y + reach)[channel] ^
+                                                       source.At(x + reach, y - reach)[channel];
+                return result;
+            });
+    }
+}
+
+TEST_F(Convolution, FailsWithoutAKernel)
+{
+    CDibSection section;
+    section.Create(5, 5, 32);
+    CDibFilter* const none = nullptr;
+    EXPECT_FALSE(CConvoluteFilter::Process(&section, none));
+    for (const int type : {0, 7, -1, INT_MAX})
+        EXPECT_FALSE(CConvoluteFilter::Process(&section, static_cast<Convolute_Type>(type))) << type;
+}
+
+TEST_F(Convolution, BuiltInKernelsHaveTheirPublishedNames)
+{
+    EXPECT_STREQ(szSmooth, "Smooth");
+    EXPECT_STREQ(szGuasianSmooth, "Guasian Smooth");
+    EXPECT_STREQ(szSharpening, "Sharpening");
+    EXPECT_STREQ(szLaplasian, "Laplasian");
+    EXPECT_STREQ(szEmboss135, "Emboss 135");
+    EXPECT_STREQ(szEmboss90, "Emboss 90_50%");
+}
+
+using PointFilter = RenderTest;
+
+TEST_F(PointFilter, FillsAndDots)
+{
+    const CARGB color(10, 20, 30, 40);
+    const auto paint = [](Model::Channels& pixel, int bitCount) {
+        pixel = {30, 20, 10, bitCount == 32 ? 40 : 0};
+    };
+    for (const int bitCount : {24, 32}) {
+        Model source(9, 7, bitCount);
+        for (const std::optional<RECT>& part : kParts)
+            for (const unsigned long spacing : {1UL, 2UL, 3UL, 8UL, 100UL, ULONG_MAX}) {
+                Model filled = source;
+                Model dotted = source;
+                for (int y = 0; y < 7; ++y)
+                    for (int x = 0; x < 9; ++x) {
+                        if (part && !Holds(*part, x, y))
+                            continue;
+                        paint(filled.At(x, y), bitCount);
+                        if (x % static_cast<long long>(spacing & LONG_MAX) == 0 &&
+                            y % static_cast<long long>(spacing & LONG_MAX) == 0)
+                            paint(dotted.At(x, y), bitCount);
+                    }
+                CDibSection section;
+                source.Store(section);
+                RECT rect = part.value_or(RECT{});
+                EXPECT_TRUE(CStrippleImageFilter::Process(&section, color, spacing, part ? &rect : nullptr));
+                EXPECT_EQ(Model(section), dotted) << spacing << " in " << RectText(rect);
+                rect = part.value_or(RECT{});
+                EXPECT_TRUE(CFillIColorFilter::Process(&section, color, part ? &rect : nullptr));
+                EXPECT_EQ(Model(section), filled) << RectText(rect);
+            }
+        CDibSection section;
+        source.Store(section);
+        EXPECT_FALSE(CStrippleImageFilter::Process(&section, color, 0, nullptr));
+        EXPECT_EQ(Model(section), source);
+    }
+}
+
+TEST_F(PointFilter, GreyScaleAndBlackAndWhite)
+{
+    ExpectSameInParts(
+        "grey",
+        [](CDibSection& section, RECT* rect) { return CGrayScaleImageFilter::Process(&section, rect); },
+        [](Model::Channels& pixel, int, int) { SetTone(pixel, MeanOf(pixel)); });
+    for (const int threshold : {0, 1, 127, 254, 255})
+        ExpectSameInParts(
+            "threshold " + std::to_string(threshold),
+            [threshold](CDibSection& section, RECT* rect) {
+                return CWhiteBlackImageFilter::Process(&section, rect, static_cast<unsigned char>(threshold));
+            },
+            [threshold](Model::Channels& pixel, int, int) {
+                SetTone(pixel, MeanOf(pixel) > threshold ? 255 : 0);
+            });
+}
+
+TEST_F(PointFilter, MeansAreExactForEverySum)
+{
+    CDibSection section;
+    section.Create(766, 1, 32);
+    for (int sum = 0; sum < 766; ++sum)
+        section.SetPixel(
+            sum, 0,
+            CARGB(static_cast<BYTE>(std::clamp(sum - 510, 0, 255)),
+                  static_cast<BYTE>(std::clamp(sum - 255, 0, 255)), static_cast<BYTE>(std::min(sum, 255)), 7),
+            TRUE);
+    CGrayScaleImageFilter::Process(&section, nullptr);
+    for (int sum = 0; sum < 766; ++sum)
+        ASSERT_EQ(section.GetPixel(sum, 0, TRUE).GetG(), sum / 3) << sum;
+}
+
+namespace {
+
+// A row with every byte value in each colour channel.
+Model AllBytes(int bitCount)
+{
+    Model model(256, 1, bitCount);
+    for (int value = 0; value < 256; ++value)
+        model.At(value, 0) = {value, 255 - value, (value * 7) % 256, bitCount == 32 ? value : 0};
+    return model;
+}
+
+// Compares an operation on every byte value.
+void ExpectForAllBytes(const std::string& name, const Operation& operation,
+                       const std::function<int(int)>& change)
+{
+    for (const int bitCount : {24, 32}) {
+        const Model source = AllBytes(bitCount);
+        CDibSection section;
+        source.Store(section);
+        ASSERT_TRUE(operation(section)) << name;
+        ASSERT_EQ(Model(section), EveryColorByte(change)(source)) << name << ", " << bitCount << " bits";
+    }
+}
+
+}  // namespace
+
+TEST_F(PointFilter, BrightnessIsExactForEveryAmount)
+{
+    for (int amount = -150; amount < 600; ++amount)
+        ExpectForAllBytes(
+            std::to_string(amount),
+            [amount](CDibSection& s) {
+                return CBrightenImageFilter::Process(&s, static_cast<short>(amount), nullptr);
+            },
+            [amount](int value) { return std::clamp(value * (amount + 100) / 100, 0, 255); });
+    for (const int amount : {SHRT_MIN, -1000, 25399, 25400, 25500, SHRT_MAX})
+        ExpectForAllBytes(
+            std::to_string(amount),
+            [amount](CDibSection& s) {
+                return CBrightenImageFilter::Process(&s, static_cast<short>(amount), nullptr);
+            },
+            [amount](int value) { return std::clamp(value * (amount + 100) / 100, 0, 255); });
+    ExpectSameInParts(
+        "brightness",
+        [](CDibSection& section, RECT* rect) { return CBrightenImageFilter::Process(&section, 50, rect); },
+        [](Model::Channels& pixel, int, int) {
+            for (std::size_t channel = 0; channel < 3; ++channel)
+                pixel[channel] = std::min(pixel[channel] * 150 / 100, 255);
+        });
+}
+
+TEST_F(PointFilter, NegativeAndContrast)
+{
+    ExpectSame(
+        "negative", [](CDibSection& section) { return CNegativeImageFilter::Process(&section); },
+        EveryColorByte([](int value) { return 255 - value; }));
+    for (const int amount : {0, 1, 64, 100, 126, 127, -1, -64, -100, -127})
+        ExpectForAllBytes(
+            "contrast " + std::to_string(amount),
+            [amount](CDibSection& section) { return CContrastFilter::Process(&section, amount); },
+            [amount](int value) { return Contrasted(value, amount); });
+    ExpectSame(
+        "contrast", [](CDibSection& section) { return CContrastFilter::Process(&section, 30); },
+        EveryColorByte([](int value) { return Contrasted(value, 30); }));
+
+    CDibSection section;
+    section.Create(3, 3, 24);
+    for (const int amount : {128, INT_MAX, -128, INT_MIN})
+        EXPECT_TRUE(CContrastFilter::Process(&section, amount)) << "no trap: " << amount;
+}
+
+TEST_F(PointFilter, ContrastHasUsableParts)
+{
+    CARGB color(64, 65, 191, 9);
+    CContrastFilter::ChangeContrast(64, color);
+    EXPECT_EQ(Bits(color), 0x090002FFU) << "64 and below, 65, 191 and above";
+    CARGB unchanged(0, 100, 255, 9);
+    CContrastFilter::ChangeContrast(0, unchanged);
+    EXPECT_EQ(Bits(unchanged), 0x090064FFU);
+    CARGB shrunk(0, 100, 255, 9);
+    CContrastFilter::ChangeContrast(-50, shrunk);
+    EXPECT_EQ(shrunk.GetR(), 50);
+    EXPECT_EQ(shrunk.GetB(), 205);
+    unsigned char channel = 70;
+    CContrastFilter::IncreaseContrast(channel, 20, 200, 0.5F);
+    EXPECT_EQ(channel, 100);
+    CContrastFilter::DecreaseContrast(channel, -3, 2.0F);
+    EXPECT_EQ(channel, 53);
+}
+
+TEST_F(PointFilter, ReplacesOneColour)
+{
+    const CARGB from(1, 2, 3, 4);
+    const CARGB to(5, 6, 7, 8);
+    const std::vector<Model::Channels> pixels{
+        {3, 2, 1, 4}, {3, 2, 1, 5}, {3, 2, 0, 4}, {1, 2, 3, 4}, {3, 2, 1, 4}};
+    for (const int bitCount : {24, 32}) {
+        Model source(static_cast<int>(pixels.size()), 1, bitCount);
+        Model expected = source;
+        for (int x = 0; x < source.Width(); ++x) {
+            Model::Channels pixel = pixels[static_cast<std::size_t>(x)];
+            const bool isColor =
+                pixel[0] == 3 && pixel[1] == 2 && pixel[2] == 1 && (bitCount == 24 || pixel[3] == 4);
+            Model::Channels replaced = isColor ? Model::Channels{7, 6, 5, 8} : pixel;
+            if (bitCount == 24)
+                pixel[3] = replaced[3] = 0;
+            source.At(x, 0) = pixel;
+            expected.At(x, 0) = replaced;
+        }
+        CDibSection section;
+        source.Store(section);
+        EXPECT_TRUE(CReplaceColourFilter::Process(&section, from, to));
+        EXPECT_EQ(Model(section), expected) << bitCount;
+    }
+}
+
+TEST_F(PointFilter, FadesTowardsTheOtherPicture)
+{
+    for (const int bitCount : {24, 32})
+        for (int percent = -1; percent <= 101; ++percent) {
+            // Every pair of bytes would be 65536 pixels; every seventh difference will do.
+            Model from(256, 37, bitCount);
+            Model towards = from;
+            Model expected = from;
+            const int share = std::clamp(percent, 0, 100);
+            for (int y = 0; y < from.Height(); ++y)
+                for (int x = 0; x < 256; ++x) {
+                    const int other = y * 7 % 256;
+                    const int alpha = bitCount == 32 ? x ^ y : 0;
+                    from.At(x, y) = {x, other, x, alpha};
+                    towards.At(x, y) = {other, x, 255 - x, bitCount == 32 ? 77 : 0};
+                    expected.At(x, y) = {x + share * (other - x) / 100, other + share * (x - other) / 100,
+                                         x + share * (255 - 2 * x) / 100, alpha};
+                }
+            CDibSection section, other;
+            from.Store(section);
+            towards.Store(other);
+            ASSERT_TRUE(CFadeImageFilter::Process(&section, &other, static_cast<short>(percent)));
+            ASSERT_EQ(Model(section), expected) << percent << ", " << bitCount << " bits";
+        }
+}
+
+TEST_F(PointFilter, FadingNeedsTwoAlike)
+{
+    CDibSection section, wider, higher, shallower, empty;
+    section.Create(3, 3, 32);
+    wider.Create(4, 3, 32);
+    higher.Create(3, 4, 32);
+    shallower.Create(3, 3, 24);
+    for (const CDibSection* other : {&wider, &higher, &shallower, &empty, static_cast<CDibSection*>(nullptr)})
+        EXPECT_FALSE(CFadeImageFilter::Process(&section, other, 50));
+    EXPECT_FALSE(CFadeImageFilter::Process(&empty, &section, 50));
+    EXPECT_TRUE(CFadeImageFilter::Process(&section, &section, 50));
+}
+
+TEST_F(PointFilter, HueAndSaturationAreScaled)
+{
+    for (const int amount : {0, 10, 100, -50, -100, -300, 37, SHRT_MAX, SHRT_MIN}) {
+        const double factor = (amount + 100.0) / 100.0;
+        ExpectSame(
+            "hue " + std::to_string(amount),
+            [amount](CDibSection& section) {
+                return CHueChangeFilter::Process(&section, static_cast<short>(amount));
+            },
+            EveryPixel([factor](Model::Channels& pixel, int, int) { pixel = HlsScaled(pixel, factor, 1); }));
+        ExpectSame(
+            "saturation " + std::to_string(amount),
+            [amount](CDibSection& section) {
+                return CSaturationChangeFilter::Process(&section, static_cast<short>(amount));
+            },
+            EveryPixel([factor](Model::Channels& pixel, int, int) { pixel = HlsScaled(pixel, 1, factor); }));
+    }
+}
+
+using Geometry = RenderTest;
+
+TEST_F(Geometry, MirrorsFlipsAndTurns)
+{
+    ExpectSame(
+        "mirror", [](CDibSection& section) { return CMirrorImageFilter::Process(&section); },
+        [](const Model& source) {
+            Model result = source;
+            for (int y = 0; y < source.Height(); ++y)
+                for (int x = 0; x < source.Width(); ++x)
+                    result.At(x, y) = source.At(source.Width() - 1 - x, y);
+            return result;
+        });
+    ExpectSame(
+        "flip", [](CDibSection& section) { return CFlipImageFilter::Process(&section); },
+        [](const Model& source) {
+            Model result = source;
+            for (int y = 0; y < source.Height(); ++y)
+                for (int x = 0; x < source.Width(); ++x)
+                    result.At(x, y) = source.At(x, source.Height() - 1 - y);
+            return result;
+        });
+    ExpectSame(
+        "left", [](CDibSection& section) { return CRotateLeftFilter::Process(&section); }, RotatedLeft);
+    ExpectSame(
+        "right", [](CDibSection& section) { return CRotateRightFilter::Process(&section); },
+        [](const Model& source) { return RotatedLeft(RotatedLeft(RotatedLeft(source))); });
+}
+
+TEST_F(Geometry, PixelizesFromTheBottomLeft)
+{
+    for (const int size : {INT_MIN, 0, 1, 2, 3, 7, 40, INT_MAX})
+        ExpectSame(
+            "blocks of " + std::to_string(size),
+            [size](CDibSection& section) { return CPixelizeImageFilter::Process(&section, size); },
+            [size](const Model& source) { return Pixelized(source, size); });
+    unsigned char bytes[2] = {1, 3};
+    CPixelizeImageFilter::FillAverageColor(bytes, 2, 2, 1, 1);
+    CPixelizeImageFilter::FillAverageColor(bytes, 2, 3, 0, 1);
+    EXPECT_EQ(bytes[0] + bytes[1], 4) << "other pixels, and none, are left alone";
+}
+
+TEST_F(Geometry, CutsRectanglesOut)
+{
+    std::mt19937 random(5);
+    for (const int bitCount : {24, 32}) {
+        Model source(9, 7, bitCount);
+        source.Randomise(random);
+        CDibSection section;
+        source.Store(section);
+        for (const std::optional<RECT>& part : kParts) {
+            const RECT whole{0, 0, 9, 7};
+            RECT inside{};
+            const RECT wanted = part.value_or(whole);
+            IntersectRect(&inside, &wanted, &whole);
+            CDibSection target;
+            target.Create(1, 1, 24);
+            RECT rect = wanted;
+            const bool isCut = CSelectImageFilter::Process(&section, &target, part ? &rect : nullptr) != 0;
+            EXPECT_EQ(isCut, !IsRectEmpty(&inside)) << RectText(wanted);
+            EXPECT_EQ(rect.right, std::min<LONG>(wanted.right, 9));
+            if (!isCut) {
+                EXPECT_EQ(target.GetDibHeader()->biWidth, 1) << "left alone";
+                continue;
+            }
+            Model expected(inside.right - inside.left, inside.bottom - inside.top, bitCount);
+            for (int y = 0; y < expected.Height(); ++y)
+                for (int x = 0; x < expected.Width(); ++x)
+                    expected.At(x, y) = source.At(inside.left + x, inside.top + y);
+            EXPECT_EQ(Model(target), expected) << RectText(wanted);
+        }
+        EXPECT_FALSE(CSelectImageFilter::Process(&section, &section, nullptr));
+        EXPECT_FALSE(CSelectImageFilter::Process(&section, nullptr, nullptr));
+        EXPECT_EQ(Model(section), source);
+    }
+}
+
+TEST(ImageFilter, FailsWithoutPixels)
+{
+    CDibSection target;
+    target.Create(1, 1, 32);
+    CDibSection empty;
+    for (CDibSection* section : {&empty, static_cast<CDibSection*>(nullptr)}) {
+        const CARGB color;
+        EXPECT_FALSE(
+            CConvoluteFilter::Process(section, CONVOLUTE_SMOOTH) || CSharpenImageFilter::Process(section) ||
+            CGaussImageFilter::Process(section) || CEmbossImageFilter::Process(section) ||
+            CEdgeImageFilter::Process(section) || CFillIColorFilter::Process(section, color, nullptr) ||
+            CStrippleImageFilter::Process(section, color, 1, nullptr) ||
+            CGrayScaleImageFilter::Process(section, nullptr) ||
+            CWhiteBlackImageFilter::Process(section, nullptr, 9) ||
+            CBrightenImageFilter::Process(section, 9, nullptr) ||
+            CFadeImageFilter::Process(section, &target, 9) || CNegativeImageFilter::Process(section) ||
+            CReplaceColourFilter::Process(section, color, color) ||
+            CSelectImageFilter::Process(section, &target, nullptr) || CMirrorImageFilter::Process(section) ||
+            CFlipImageFilter::Process(section) || CRotateLeftFilter::Process(section) ||
+            CRotateRightFilter::Process(section) || CContrastFilter::Process(section, 9) ||
+            CPixelizeImageFilter::Process(section, 9) || CHueChangeFilter::Process(section, 9) ||
+            CSaturationChangeFilter::Process(section, 9));
+    }
+    EXPECT_FALSE(target.IsNull());
+}
