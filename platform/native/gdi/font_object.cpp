@@ -1,0 +1,189 @@
+#include "native/gdi/font_object.h"
+
+#include <pango/pangoft2.h>
+
+#include <algorithm>
+#include <cmath>
+#include <cstring>
+
+#include "native/kernel/code_pages.h"
+
+namespace qvui::native {
+namespace {
+
+constexpr double kScreenResolution = 96.0;
+constexpr std::size_t kMostLines = 512;
+constexpr std::size_t kLongestCachedLine = 4096;
+constexpr int kDefaultHeight = -12;
+
+PangoContext* SharedContext()
+{
+    static PangoContext* const context = [] {
+        PangoFontMap* map = pango_ft2_font_map_new();
+        pango_ft2_font_map_set_resolution(PANGO_FT2_FONT_MAP(map), kScreenResolution, kScreenResolution);
+        PangoContext* created = pango_font_map_create_context(map);
+        g_object_unref(map);
+        pango_context_set_round_glyph_positions(created, TRUE);
+        return created;
+    }();
+    return context;
+}
+
+int Pixels(int units) { return static_cast<int>(std::lround(static_cast<double>(units) / PANGO_SCALE)); }
+
+struct Heights {
+    int ascent;
+    int descent;
+    int average;
+};
+
+Heights Measure(const PangoFontDescription* font)
+{
+    PangoFontMetrics* metrics = pango_context_get_metrics(SharedContext(), font, nullptr);
+    const Heights heights{Pixels(pango_font_metrics_get_ascent(metrics)),
+                          Pixels(pango_font_metrics_get_descent(metrics)),
+                          Pixels(pango_font_metrics_get_approximate_char_width(metrics))};
+    pango_font_metrics_unref(metrics);
+    return heights;
+}
+
+LOGFONTA DefaultDescription()
+{
+    LOGFONTA description{};
+    description.lfHeight = kDefaultHeight;
+    description.lfWeight = FW_NORMAL;
+    description.lfCharSet = DEFAULT_CHARSET;
+    std::strcpy(description.lfFaceName, "DejaVu Sans");
+    return description;
+}
+
+}  // namespace
+
+FontObject::FontObject(const LOGFONTA& description) : GdiObject(GdiKind::Font), m_description(description)
+{
+    m_description.lfFaceName[LF_FACESIZE - 1] = '\0';
+}
+
+FontObject::~FontObject() = default;
+
+int FontObject::Describe(int size, void* buffer) const
+{
+    if (!buffer)
+        return static_cast<int>(sizeof m_description);
+    const int count = std::clamp(size, 0, static_cast<int>(sizeof m_description));
+    std::memcpy(buffer, &m_description, static_cast<std::size_t>(count));
+    return count;
+}
+
+void FontObject::Load()
+{
+    m_isLoaded = true;
+    m_font.reset(pango_font_description_new());
+    const std::string face = SystemToUtf8(m_description.lfFaceName);
+    pango_font_description_set_family(m_font.get(), face.empty() ? "Sans" : face.c_str());
+    pango_font_description_set_weight(
+        m_font.get(), static_cast<PangoWeight>(m_description.lfWeight > 0 ? m_description.lfWeight : FW_NORMAL));
+    if (m_description.lfItalic)
+        pango_font_description_set_style(m_font.get(), PANGO_STYLE_ITALIC);
+    const int height = std::clamp(m_description.lfHeight == 0 ? kDefaultHeight : m_description.lfHeight, -2000, 2000);
+    double em = std::abs(height);
+    if (height > 0) {
+        // The height of a cell: scaled from what this face's cell is at a size large enough to round well.
+        constexpr int kProbe = 200;
+        pango_font_description_set_absolute_size(m_font.get(), kProbe * PANGO_SCALE);
+        const Heights probe = Measure(m_font.get());
+        em = static_cast<double>(height) * kProbe / std::max(probe.ascent + probe.descent, 1);
+    }
+    pango_font_description_set_absolute_size(m_font.get(), em * PANGO_SCALE);
+    const Heights heights = Measure(m_font.get());
+    m_metrics.tmAscent = heights.ascent;
+    m_metrics.tmDescent = heights.descent;
+    m_metrics.tmHeight = heights.ascent + heights.descent;
+    m_metrics.tmInternalLeading = std::max(0, m_metrics.tmHeight - static_cast<int>(std::lround(em)));
+    m_metrics.tmAveCharWidth = heights.average;
+    m_metrics.tmMaxCharWidth = 2 * m_metrics.tmHeight;
+    m_metrics.tmWeight = m_description.lfWeight > 0 ? m_description.lfWeight : FW_NORMAL;
+    m_metrics.tmItalic = m_description.lfItalic;
+    m_metrics.tmUnderlined = m_description.lfUnderline;
+    m_metrics.tmStruckOut = m_description.lfStrikeOut;
+    m_metrics.tmCharSet = m_description.lfCharSet;
+    m_metrics.tmDigitizedAspectX = m_metrics.tmDigitizedAspectY = static_cast<LONG>(kScreenResolution);
+}
+
+const TEXTMETRICA& FontObject::Metrics()
+{
+    if (!m_isLoaded)
+        Load();
+    return m_metrics;
+}
+
+const ShapedLine& FontObject::Shape(std::string_view utf8)
+{
+    if (!m_isLoaded)
+        Load();
+    if (const auto known = m_index.find(utf8); known != m_index.end()) {
+        m_lines.splice(m_lines.begin(), m_lines, known->second);
+        return m_lines.front().line;
+    }
+    if (m_lines.size() >= kMostLines || (!m_lines.empty() && m_lines.front().text.size() > kLongestCachedLine)) {
+        const auto victim = m_lines.size() >= kMostLines ? std::prev(m_lines.end()) : m_lines.begin();
+        m_index.erase(victim->text);
+        m_lines.erase(victim);
+    }
+    Entry& entry = m_lines.emplace_front();
+    entry.text = utf8;
+    m_index[entry.text] = m_lines.begin();
+    PangoLayout* layout = pango_layout_new(SharedContext());
+    entry.line.layout.reset(layout);
+    pango_layout_set_single_paragraph_mode(layout, TRUE);
+    pango_layout_set_font_description(layout, m_font.get());
+    pango_layout_set_text(layout, entry.text.data(), static_cast<int>(entry.text.size()));
+    std::vector<int>& widths = entry.line.widths;
+    widths.assign(entry.text.size() + 1, 0);
+    int last = 0;
+    PangoLayoutLine* line = pango_layout_get_line_readonly(layout, 0);
+    // Widths grow along the text; a run from right to left counts by its visual extent as it is passed.
+    for (GSList* item = line->runs; item; item = item->next) {
+        const auto* run = static_cast<const PangoGlyphItem*>(item->data);
+        const int count = run->item->num_chars;
+        std::vector<int> logical(static_cast<std::size_t>(count));
+        pango_glyph_item_get_logical_widths(const_cast<PangoGlyphItem*>(run), entry.text.c_str(), logical.data());
+        const char* at = entry.text.c_str() + run->item->offset;
+        for (const int width : logical) {
+            const char* next = g_utf8_next_char(at);
+            last += width;
+            for (const char* byte = at + 1; byte <= next; ++byte)
+                widths[static_cast<std::size_t>(byte - entry.text.c_str())] =
+                    byte == next ? Pixels(last) : Pixels(last - width);
+            at = next;
+        }
+    }
+    widths.back() = std::max(Pixels(last), widths.back());
+    return entry.line;
+}
+
+HGDIOBJ StockFont(int index)
+{
+    constexpr int kFirstFont = 10;
+    constexpr int kLastFont = 17;
+    if (index < kFirstFont || index > kLastFont)
+        return nullptr;
+    static const HGDIOBJ font = AddStockObject(std::make_shared<FontObject>(DefaultDescription()));
+    return font;
+}
+
+std::shared_ptr<FontObject> FontOf(const ContextState& state)
+{
+    if (auto font = std::dynamic_pointer_cast<FontObject>(state.fontObject))
+        return font;
+    return FindGdiObject<FontObject>(GetStockObject(SYSTEM_FONT));
+}
+
+}  // namespace qvui::native
+
+using namespace qvui::native;
+
+HFONT CreateFontIndirectA(const LOGFONTA* description)
+{
+    return description ? static_cast<HFONT>(AddGdiObject(std::make_shared<FontObject>(*description))) : nullptr;
+}
