@@ -29,6 +29,7 @@ void PrintTo(const Noticed& noticed, std::ostream* out);
 /// A control tree in a real window of the platform, on both targets: it is built from a template, attached,
 /// laid out and shown, receives raw messages, and is finished and destroyed with the object.
 class ControlWindow : public DUI::CDUIWindowMgr {
+    bool m_ignoresPointer = false;             // before the window, whose first messages ask for it
     std::unique_ptr<PlatformWindow> m_window;  // before the pointer and the keys, which speak to it
 
 public:
@@ -87,7 +88,6 @@ private:
     std::map<UINT, int> m_requests;
     std::function<void(const DUI::tagDUINotify&)> m_onNotify;
     bool m_logsLifetimes = false;
-    bool m_ignoresPointer = false;
 };
 
 }  // namespace qvui::test
