@@ -79,15 +79,18 @@ BOOL CDUITabItem::Activate()
 {
     if (!CDUIControlBase::Activate())
         return FALSE;
-    // A click selects with the press already, and ends here.
-    if (!GetCheck())
-        TellParent(DUIEVENT_ITEMCLICK, tagDUIEvent{});
+    TellParent(DUIEVENT_ITEMCLICK, tagDUIEvent{});
     return TRUE;
 }
 
 LRESULT CDUITabItem::ProcessEvent(const tagDUIEvent& event, BOOL& bHandled)
 {
     const ControlGuard keep(this);
+    // The press has selected the tab. Its release must not do so again: another one may be selected by now.
+    if (event.Type == DUIEVENT_LBUTTONUP) {
+        ModifyStatus(DUISTATUS_PUSHED, 0);
+        return CDUIControlBase::ProcessEvent(event, bHandled);
+    }
     const LRESULT result = CDUIButton::ProcessEvent(event, bHandled);
     const UINT type = IsEnabled() ? ItemEventOf(event.Type) : 0;
     if (type != 0)

@@ -1,0 +1,386 @@
+#include <qvui/layout/tab_bar.h>
+#include <qvui/layout/tab_layout.h>
+
+#include "layout/shapes.h"
+#include "support/controls/control_test.h"
+
+namespace qvui::test {
+namespace {
+
+using namespace DUI;
+using Strings = std::vector<std::string>;
+using Horizontal = CDUITabBar<CDUIHorizontalLayout>;
+
+class TabBar : public ControlTest {
+protected:
+    // Four tabs of 50 pixels over four pages, each with a button; the second tab is hidden, the third
+    // disabled.
+    static std::string Window(const std::string& barAttributes = "", const std::string& pagesAttributes = "")
+    {
+        return "<vert_layout><horz_tabbar name=\"bar\" height=\"20\" " + barAttributes + R"(>
+            <tab_item name="one" width="50"/><tab_item name="two" width="50" visible="false"/>
+            <tab_item name="three" width="50" enable="false"/><tab_item name="four" width="50"/>
+            <tab_item name="five" width="50"/></horz_tabbar>
+            <tab_layout name="pages" )" +
+               pagesAttributes +
+               R"(><button name="p1"/><button name="p2"/><button name="p3"/><button name="p4"/>
+            <button name="p5"/></tab_layout></vert_layout>)";
+    }
+    static Horizontal& Bar(ControlWindow& window) { return *window.Find<Horizontal>("bar"); }
+    static int Page(ControlWindow& window) { return window.Find<CDUITabLayout>("pages")->GetSelectIndex(); }
+    static std::string Focus(ControlWindow& window)
+    {
+        return window.GetFocusControl() ? std::string(window.GetFocusControl()->GetName()) : "";
+    }
+    // The names of the bar's children that are checked, and of those that are tab stops.
+    static std::string WithBit(ControlWindow& window, bool isStatus, DWORD bit)
+    {
+        std::string names;
+        for (int i = 0; i < Bar(window).GetControlCount(); ++i) {
+            IDUIControl* const item = Bar(window).GetControlByIndex(i);
+            if ((isStatus ? item->GetStatus() : item->GetStyle()) & bit)
+                names += std::string(names.empty() ? "" : " ") + item->GetName().GetString();
+        }
+        return names;
+    }
+    static std::string Selected(ControlWindow& window) { return WithBit(window, true, DUISTATUS_CHECKED); }
+    static std::string TabStops(ControlWindow& window) { return WithBit(window, false, DUISTYLE_TABSTOP); }
+    // "one four" for the notifications of those tabs.
+    static std::string Activated(ControlWindow& window)
+    {
+        std::string names;
+        for (const Noticed& noticed : window.TakeNotifications()) {
+            EXPECT_EQ(noticed, (Noticed{DUINOTIFY_TABACTIVATE, noticed.sender, 1, 0}));
+            names += (names.empty() ? "" : " ") + noticed.sender;
+        }
+        return names;
+    }
+};
+
+TEST_F(TabBar, GivesTabsTheLengthTheyAskFor)
+{
+    ControlWindow window({400, 100}, Window("padding=\"2\""));
+    EXPECT_EQ(PlacesOf(Bar(window)), "0,0,50,20 0,0,0,0 52,0,102,20 104,0,154,20 156,0,206,20");
+    Bar(window).AddControl(new Brick);
+    EXPECT_EQ(Text(Bar(window).GetControlByIndex(5)->GetControlRect()), "208,0,400,20")
+        << "a flexible child takes the rest";
+}
+
+TEST_F(TabBar, APressSelectsATabAndItsPage)
+{
+    ControlWindow window({400, 100}, Window());
+    EXPECT_EQ(Selected(window), "one");
+    EXPECT_EQ(Activated(window), "") << "the first selection is nobody's doing";
+
+    window.mouse.Click({110, 10});
+    EXPECT_EQ(Selected(window), "four");
+    EXPECT_EQ(Page(window), 3);
+    EXPECT_EQ(Focus(window), "four");
+    EXPECT_EQ(Activated(window), "four");
+    window.mouse.Click({110, 10}).DoubleClick({110, 10});
+    EXPECT_EQ(Activated(window), "") << "selected already";
+    window.mouse.Click({60, 10});
+    EXPECT_EQ(Selected(window), "four") << "the third is disabled";
+
+    window.mouse.Press({10, 10});
+    EXPECT_EQ(Activated(window), "one") << "with the press already";
+    window.mouse.MoveTo({300, 80}).Release();
+    EXPECT_EQ(Selected(window), "one");
+    window.Find("five")->Activate();
+    EXPECT_EQ(Activated(window), "five") << "as a shortcut does";
+    EXPECT_FALSE(window.Find("three")->Activate());
+    EXPECT_EQ(Selected(window), "five");
+}
+
+TEST_F(TabBar, KeysMoveTheSelectionAndTheFocus)
+{
+    struct Case {
+        const char* name;
+        int key;
+        const char* from;
+        const char* to;
+    };
+    const Case cases[] = {
+        {"forward, past hidden and disabled ones", VK_RIGHT, "one", "four"},
+        {"backward", VK_LEFT, "four", "one"},
+        {"round at the end", VK_RIGHT, "five", "one"},
+        {"round at the start", VK_LEFT, "one", "five"},
+        {"first", VK_HOME, "five", "one"},
+        {"last", VK_END, "one", "five"},
+        {"not across the bar", VK_DOWN, "one", "one"},
+        {"no other key", VK_RETURN, "one", "one"},
+    };
+    for (const Case& c : cases) {
+        ControlWindow window({400, 100}, Window());
+        window.Find(c.from)->Activate();
+        window.Find(c.from)->SetFocus(TRUE);
+        window.TakeNotifications();
+        window.keys.Press(c.key);
+        EXPECT_EQ(Selected(window), c.to) << c.name;
+        EXPECT_EQ(Focus(window), c.to) << c.name;
+        EXPECT_EQ(TabStops(window), c.to) << c.name;
+        EXPECT_EQ(Activated(window), std::string(c.to) == c.from ? "" : c.to) << c.name;
+    }
+    ControlWindow window({400, 100},
+                         R"(<vert_tabbar name="v"><tab_item name="a"/><tab_item name="b"/></vert_tabbar>)");
+    window.Find("a")->SetFocus(TRUE);
+    window.keys.Press(VK_RIGHT);
+    EXPECT_EQ(Focus(window), "a");
+    window.keys.Press(VK_DOWN);
+    EXPECT_EQ(Focus(window), "b");
+    window.keys.Press(VK_UP);
+    EXPECT_EQ(Focus(window), "a");
+}
+
+TEST_F(TabBar, CtrlTabSwitchesPagesFromAnywhere)
+{
+    ControlWindow window({400, 100}, Window());
+    window.keys.Hold(VK_LCONTROL);
+    EXPECT_TRUE(window.Translate(WM_KEYDOWN, VK_TAB));
+    EXPECT_EQ(Activated(window), "four");
+    EXPECT_EQ(Focus(window), "") << "there was no focus";
+    window.Find("p4")->SetFocus(TRUE);
+    EXPECT_TRUE(window.Translate(WM_KEYDOWN, VK_TAB));
+    EXPECT_EQ(Activated(window), "five");
+    EXPECT_EQ(Focus(window), "five") << "the page that had it is hidden";
+    window.keys.Hold(VK_SHIFT);
+    EXPECT_TRUE(window.Translate(WM_KEYDOWN, VK_TAB));
+    EXPECT_EQ(Activated(window), "four");
+    EXPECT_EQ(Page(window), 3);
+    window.keys.LetGo(VK_SHIFT).LetGo(VK_LCONTROL);
+
+    for (const char* name : {"one", "five"})
+        window.Find(name)->SetEnable(FALSE);
+    EXPECT_FALSE(Bar(window).MoveSelection(TRUE, TRUE)) << "no other tab can be selected";
+    window.Find("four")->SetEnable(FALSE);
+    EXPECT_FALSE(Bar(window).MoveSelection(FALSE, TRUE));
+}
+
+TEST_F(TabBar, TheTabKeyStopsAtOneTab)
+{
+    ControlWindow window({400, 100}, Window("select_index=\"4\""));
+    EXPECT_EQ(TabStops(window), "five");
+    window.Translate(WM_KEYDOWN, VK_TAB);
+    EXPECT_EQ(Focus(window), "five");
+    window.Translate(WM_KEYDOWN, VK_TAB);
+    EXPECT_EQ(Focus(window), "p5");
+    window.Translate(WM_KEYDOWN, VK_TAB);
+    EXPECT_EQ(Focus(window), "five");
+
+    window.Find("p5")->SetFocus(TRUE);
+    window.Find("five")->SetVisible(FALSE);
+    window.Translate(WM_KEYDOWN, VK_TAB);
+    EXPECT_EQ(Focus(window), "one") << "the selected tab is hidden";
+    EXPECT_EQ(Selected(window), "five");
+
+    window.Find("one")->SetAttribute("tab_stop", "false");
+    window.Find("one")->Activate();
+    EXPECT_EQ(TabStops(window), "");
+    window.Find("p1")->SetFocus(TRUE);
+    window.mouse.Click({10, 10});
+    EXPECT_EQ(Focus(window), "");
+}
+
+TEST_F(TabBar, BeginsWithItsIndexOrItsTabLayouts)
+{
+    struct Case {
+        const char* name;
+        const char* bar;
+        const char* pages;
+        const char* selected;
+        int page;
+    };
+    const Case cases[] = {
+        {"the first", "", "", "one", 0},
+        {"the bar's", "select_index=\"3\"", "select_index=\"4\"", "four", 3},
+        {"a hidden tab too", "select_index=\"1\"", "", "two", 1},
+        {"the tab layout's", "", "select_index=\"4\"", "five", 4},
+        {"beyond the last", "select_index=\"77\"", "", "five", 4},
+        {"no number", "select_index=\"-1\"", "", "one", 0},
+    };
+    for (const Case& c : cases) {
+        ControlWindow window({400, 100}, Window(c.bar, c.pages));
+        EXPECT_EQ(Selected(window), c.selected) << c.name;
+        EXPECT_EQ(Page(window), c.page) << c.name;
+        EXPECT_EQ(Bar(window).GetSelectIndex(), c.page) << c.name;
+    }
+}
+
+TEST_F(TabBar, SelectsByNumberWithoutNotifyingUnlessAsked)
+{
+    ControlWindow window({400, 100}, Window());
+    Bar(window).SetAttribute("select_index", "4");
+    EXPECT_EQ(Selected(window), "five");
+    EXPECT_FALSE(Bar(window).SetSelectIndex(4, TRUE));
+    EXPECT_FALSE(Bar(window).SetSelectIndex(5, TRUE));
+    EXPECT_FALSE(Bar(window).SetSelectIndex(-1, TRUE));
+    EXPECT_EQ(Activated(window), "");
+    EXPECT_TRUE(Bar(window).SetSelectIndex(3, TRUE));
+    EXPECT_EQ(Activated(window), "four");
+}
+
+TEST_F(TabBar, FindsItsTabLayout)
+{
+    struct Case {
+        const char* name;
+        const char* attribute;
+        const char* switched;  // the tab layout that follows
+    };
+    const Case cases[] = {
+        {"without a name the one beside it", "", "near"},
+        {"by name, anywhere", "tab_layout=\"far\"", "far"},
+        {"a name that is no tab layout's", "tab_layout=\"other\"", ""},
+        {"a name that is nobody's", "tab_layout=\"gone\"", ""},
+        {"by exact name", "tab_layout=\"FAR\"", ""},
+    };
+    for (const Case& c : cases) {
+        ControlWindow window(
+            {400, 100}, std::string("<vert_layout name=\"other\"><tab_layout name=\"far\"><canvas/><canvas/>"
+                                    "</tab_layout><vert_layout><horz_tabbar name=\"bar\" ") +
+                            c.attribute + R"(><tab_item/><tab_item name="b"/></horz_tabbar>
+            <tab_layout name="near"><canvas/><canvas/></tab_layout></vert_layout></vert_layout>)");
+        window.Find("b")->Activate();
+        for (const char* name : {"near", "far"})
+            EXPECT_EQ(window.Find<CDUITabLayout>(name)->GetSelectIndex(),
+                      std::string(name) == c.switched ? 1 : 0)
+                << c.name;
+        EXPECT_EQ(Activated(window), "b") << c.name;
+    }
+}
+
+TEST_F(TabBar, FindsATabLayoutThatCameLater)
+{
+    ControlWindow window({400, 100}, R"(<vert_layout name="root"/>)");
+    window.GetControlByName("root", TRUE);
+    const CRefPtr<IDUIControl> page = CDUIControlBuilder(nullptr).CreateFromXML(R"(<window><vert_layout>
+        <horz_tabbar tab_layout="late"><tab_item/><tab_item name="b"/></horz_tabbar>
+        <vert_layout><tab_layout name="late"><canvas/><canvas/></tab_layout></vert_layout></vert_layout></window>)");
+    window.GetRootControl()->AddControl(page);
+    window.GetRootControl()->GetControlByIndex(0)->GetControlByIndex(0)->GetControlByIndex(1)->Activate();
+    EXPECT_EQ(window.Find<CDUITabLayout>("late")->GetSelectIndex(), 1);
+}
+
+TEST_F(TabBar, KeepsATabSelectedWhileTabsComeAndGo)
+{
+    ControlWindow window({400, 100},
+                         R"(<vert_layout><horz_tabbar name="bar"/><tab_layout name="pages"><canvas/><canvas/>
+        <canvas/></tab_layout></vert_layout>)");
+    const auto add = [&window](const char* name) {
+        const CRefPtr<CDUITabItem> item = new CDUITabItem;
+        item->SetName(name);
+        item->SetCheck(TRUE);
+        Bar(window).AddControl(item.GetPtr());
+    };
+    EXPECT_EQ(Bar(window).GetSelectIndex(), -1);
+    EXPECT_FALSE(Bar(window).MoveSelection(TRUE, TRUE));
+    for (const char* name : {"a", "b", "c"})
+        add(name);
+    EXPECT_EQ(Selected(window), "a");
+    EXPECT_EQ(TabStops(window), "a");
+    window.Find("b")->Activate();
+    window.TakeNotifications();
+
+    Bar(window).RemoveControlAt(0);
+    EXPECT_EQ(Selected(window), "b");
+    const CRefPtr<IDUIControl> b = Bar(window).GetControlByIndex(0);
+    Bar(window).RemoveControl(b);
+    EXPECT_EQ(Selected(window), "c");
+    EXPECT_FALSE(b->GetStatus() & DUISTATUS_CHECKED);
+    EXPECT_TRUE(b->GetStyle() & DUISTYLE_TABSTOP);
+    Bar(window).RemoveAllControl();
+    EXPECT_EQ(Bar(window).GetSelectIndex(), -1);
+    add("d");
+    EXPECT_EQ(Selected(window), "d");
+    EXPECT_EQ(Activated(window), "");
+}
+
+TEST_F(TabBar, ACopyHasTheSameTabSelected)
+{
+    ControlWindow window({400, 100}, Window());
+    window.Find("five")->Activate();
+    const CRefPtr<IDUIControl> copy = window.GetRootControl()->Clone();
+    ControlWindow other({400, 100}, copy);
+    EXPECT_EQ(Selected(other), "five");
+    other.mouse.Click({10, 10});
+    EXPECT_EQ(Selected(other), "one");
+    EXPECT_EQ(Selected(window), "five");
+    EXPECT_EQ(Page(window), 4);
+}
+
+TEST_F(TabBar, AHandlerMayEndTheBar)
+{
+    for (const bool byKey : {false, true}) {
+        ControlWindow window({400, 100}, Window());
+        window.OnNotify([&window](const tagDUINotify& notify) {
+            if (notify.nCode == DUINOTIFY_TABACTIVATE)
+                window.GetRootControl()->RemoveAllControl();
+        });
+        window.Find("one")->SetFocus(TRUE);
+        if (byKey)
+            window.keys.Press(VK_RIGHT);
+        else
+            window.mouse.Click({110, 10});
+        EXPECT_EQ(window.GetRootControl()->GetControlCount(), 0);
+    }
+    ControlWindow window({400, 100}, Window());
+    window.OnNotify([&window](const tagDUINotify& notify) {
+        if (notify.nCode == DUINOTIFY_TABACTIVATE)
+            window.Close();
+    });
+    window.mouse.Click({110, 10});
+    EXPECT_FALSE(IsWindow(window.Handle()));
+}
+
+TEST_F(TabBar, AHandlerMaySelectAnotherTab)
+{
+    ControlWindow window({400, 100}, Window());
+    window.OnNotify([&window](const tagDUINotify& notify) {
+        if (notify.pSender->GetName() == "four")
+            Bar(window).SetSelectIndex(4, TRUE);
+    });
+    window.mouse.Click({110, 10});
+    EXPECT_EQ(Selected(window), "five");
+    EXPECT_EQ(Page(window), 4);
+    EXPECT_EQ(Activated(window), "four five");
+}
+
+// What a tab tells its parent, whatever that is.
+class Listener : public CDUIControlBase {
+public:
+    Strings heard;
+
+protected:
+    LRESULT ProcessEvent(const tagDUIEvent& event, BOOL& bHandled) override
+    {
+        if (event.pSender && event.pSender->GetParent() == this)
+            heard.push_back(std::to_string(event.Type) + " " + event.pSender->GetName().GetString() + " " +
+                            std::to_string(event.ptMouse.x));
+        return CDUIControlBase::ProcessEvent(event, bHandled);
+    }
+};
+
+TEST_F(TabBar, TabsTellTheirParentWhatHappens)
+{
+    const CRefPtr<Listener> listener = new Listener;
+    const CRefPtr<CDUITabItem> item = new CDUITabItem;
+    item->SetName("t");
+    listener->AddControl(item.GetPtr());
+    ControlWindow window({100, 50}, listener.GetPtr());
+    window.mouse.MoveTo({10, 10});
+    listener->heard.clear();
+    window.mouse.MoveTo({20, 10}).Press();
+    EXPECT_EQ(listener->heard, (Strings{"25 t 20"}));
+    window.keys.Press(VK_LEFT);
+    EXPECT_EQ(listener->heard.back().substr(0, 4), "19 t");
+    window.mouse.Release().MoveTo({200, 10});
+    EXPECT_EQ(listener->heard.back(), "28 t 200");
+    window.mouse.MoveTo({30, 10});
+    EXPECT_EQ(listener->heard.back(), "27 t 30");
+    item->SetEnable(FALSE);
+    listener->heard.clear();
+    window.mouse.DoubleClick({40, 10});
+    EXPECT_TRUE(listener->heard.empty());
+}
+
+}  // namespace
+}  // namespace qvui::test
