@@ -79,7 +79,7 @@ Strings InView(CDUIListBox& list)
     for (int i = list.GetTopIndex(); i <= list.GetLastIndex() && i < list.GetControlCount(); ++i) {
         CDUIListItem& item = Item(list, i);
         if (item.IsVisible(FALSE))
-            result.push_back(item.GetText().GetString() + (" " + std::to_string(item.GetControlRect().top)) + "-" +
+            result.push_back(std::string(item.GetText()) + " " + std::to_string(item.GetControlRect().top) + "-" +
                              std::to_string(item.GetControlRect().bottom));
     }
     return result;
