@@ -22,7 +22,7 @@ std::string PlacesAcross(const IDUIControl& container)
 {
     std::string text;
     for (int i = 0; i < container.GetControlCount(); ++i)
-        text += (i > 0 ? " " : "") + Text(Transposed(container.GetControlByIndex(i)->GetControlRect()));
+        AddWord(text, Text(Transposed(container.GetControlByIndex(i)->GetControlRect())));
     return text;
 }
 

@@ -23,7 +23,7 @@ std::string Text(const std::vector<Span>& spans)
 {
     std::string text;
     for (const Span& span : spans)
-        text += (text.empty() ? "" : " ") + std::to_string(span.start) + "+" + std::to_string(span.length);
+        AddWord(text, std::to_string(span.start) + "+" + std::to_string(span.length));
     return text;
 }
 
@@ -147,7 +147,7 @@ TEST(Plans, PlaceTilesRowByRow)
         const TilePlaces places = PlaceTiles(c.grid, c.heights);
         std::string text;
         for (const RECT& rect : places.rects)
-            text += (text.empty() ? "" : " ") + qvui::test::Text(rect);
+            AddWord(text, qvui::test::Text(rect));
         EXPECT_EQ(text, c.places) << c.name;
         EXPECT_EQ(places.content, c.content) << c.name;
     }

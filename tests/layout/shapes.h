@@ -14,12 +14,20 @@ inline std::string Text(const RECT& rect)
            "," + std::to_string(rect.bottom);
 }
 
+/// Adds a word after a blank.
+inline void AddWord(std::string& words, const std::string& word)
+{
+    if (!words.empty())
+        words += ' ';
+    words += word;
+}
+
 /// The children's rectangles in order, with blanks between.
 inline std::string PlacesOf(const DUI::IDUIControl& container)
 {
     std::string text;
     for (int i = 0; i < container.GetControlCount(); ++i)
-        text += (i > 0 ? " " : "") + Text(container.GetControlByIndex(i)->GetControlRect());
+        AddWord(text, Text(container.GetControlByIndex(i)->GetControlRect()));
     return text;
 }
 

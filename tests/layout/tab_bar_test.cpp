@@ -39,7 +39,7 @@ protected:
         for (int i = 0; i < Bar(window).GetControlCount(); ++i) {
             IDUIControl* const item = Bar(window).GetControlByIndex(i);
             if ((isStatus ? item->GetStatus() : item->GetStyle()) & bit)
-                names += std::string(names.empty() ? "" : " ") + item->GetName().GetString();
+                AddWord(names, item->GetName().GetString());
         }
         return names;
     }
@@ -51,7 +51,7 @@ protected:
         std::string names;
         for (const Noticed& noticed : window.TakeNotifications()) {
             EXPECT_EQ(noticed, (Noticed{DUINOTIFY_TABACTIVATE, noticed.sender, 1, 0}));
-            names += (names.empty() ? "" : " ") + noticed.sender;
+            AddWord(names, noticed.sender);
         }
         return names;
     }

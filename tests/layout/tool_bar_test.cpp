@@ -1,0 +1,404 @@
+#include <qvui/controls/button.h>
+#include <qvui/layout/tool_bar.h>
+
+#include "layout/shapes.h"
+#include "support/controls/control_test.h"
+
+namespace qvui::test {
+namespace {
+
+using namespace DUI;
+using Horizontal = CDUIToolBar<CDUIHorizontalLayout>;
+
+const char* const kTools = R"(
+    <button name="new" width="30" tooltip="#New" icon="dot"/><button name="open" width="30" tooltip="#Open"/>
+    <toolbar_separator name="line"/><button name="bold" width="30" tooltip="#Bold" toolbar_style="check"/>
+    <button name="find" width="30" text="#Find"/>)";
+
+std::string ToolWindow(const std::string& attributes = "")
+{
+    return "<window frame_style=\"blue\"><vert_layout><horz_toolbar name=\"bar\" height=\"20\" " +
+           attributes + ">" + kTools + R"(</horz_toolbar><button name="rest"/></vert_layout></window>)";
+}
+
+// New, open, line (9), bold and find are 129 pixels long; the overflow button is 20.
+constexpr SIZE kWide{200, 60};
+constexpr SIZE kNarrow{90, 60};
+constexpr POINT kOverflow{80, 10};
+
+class ToolBar : public ControlTest {
+protected:
+    static Horizontal& Bar(ControlWindow& window) { return *window.Find<Horizontal>("bar"); }
+    static std::string Focus(ControlWindow& window)
+    {
+        if (!window.GetFocusControl())
+            return "";
+        const CString name = window.GetFocusControl()->GetName();
+        return name.IsEmpty() ? "overflow" : std::string(name);
+    }
+    static std::string Clicked(ControlWindow& window)
+    {
+        std::string names;
+        for (const Noticed& noticed : window.TakeNotifications())
+            if (noticed.code == DUINOTIFY_CLICK)
+                AddWord(names, noticed.sender);
+        return names;
+    }
+};
+
+// The list that a bar has opened: a window of the library's own, which is the active one.
+class OpenMenu {
+public:
+    explicit OpenMenu(ControlWindow& owner)
+        : m_window(GetActiveWindow() == owner.Handle() ? nullptr : GetActiveWindow())
+    {
+    }
+
+    HWND Handle() const { return m_window; }
+    bool IsOpen() const { return m_window && IsWindow(m_window) && IsWindowVisible(m_window); }
+    RECT Place() const
+    {
+        RECT rect{};
+        GetWindowRect(m_window, &rect);
+        return rect;
+    }
+    // A point of an entry of `count`, client coordinates: within the border and the margin of 4 pixels.
+    POINT Entry(int index, int count) const
+    {
+        RECT client{};
+        GetClientRect(m_window, &client);
+        return {client.right / 2, 4 + (client.bottom - 8) * (2 * index + 1) / (2 * count)};
+    }
+    void Key(WPARAM key) const
+    {
+        SendMessageA(m_window, WM_KEYDOWN, key, 0);
+        if (IsWindow(m_window))
+            SendMessageA(m_window, WM_KEYUP, key, 0);
+    }
+
+private:
+    HWND m_window;
+};
+
+TEST_F(ToolBar, PlacesItsItemsAndHidesWhatDoesNotFit)
+{
+    struct Case {
+        const char* name;
+        LONG width;
+        const char* places;
+        bool overflows;
+    };
+    const Case cases[] = {
+        {"with room for all none is lengthened", 200,
+         "0,0,30,20 30,0,60,20 60,0,69,20 69,0,99,20 99,0,129,20", false},
+        {"an exact fit", 129, "0,0,30,20 30,0,60,20 60,0,69,20 69,0,99,20 99,0,129,20", false},
+        {"a pixel too little", 128, "0,0,30,20 30,0,60,20 60,0,69,20 69,0,99,20 128,0,128,20", true},
+        {"no line before the overflow button", 90, "0,0,30,20 30,0,60,20 90,0,90,20 90,0,90,20 90,0,90,20",
+         true},
+        {"nothing but the overflow button", 10, "10,0,10,20 10,0,10,20 10,0,10,20 10,0,10,20 10,0,10,20",
+         true},
+        {"wide again", 300, "0,0,30,20 30,0,60,20 60,0,69,20 69,0,99,20 99,0,129,20", false},
+    };
+    ControlWindow window(kWide, ToolWindow());
+    for (const Case& c : cases) {
+        window.Resize({c.width, 60});
+        EXPECT_EQ(PlacesOf(Bar(window)), c.places) << c.name;
+        EXPECT_EQ(Bar(window).IsOverflowing() != FALSE, c.overflows) << c.name;
+        window.Paint();
+    }
+    window.Find("open")->SetVisible(FALSE);
+    EXPECT_EQ(Text(window.Find("line")->GetControlRect()), "30,0,39,20");
+}
+
+TEST_F(ToolBar, StandsUprightToo)
+{
+    ControlWindow window({60, 70}, std::string(R"(<vert_toolbar name="bar" padding="5" enable_scroll="true">
+        <button name="new" height="20"/><toolbar_separator/><button height="20"/><button height="20"/></vert_toolbar>)"));
+    EXPECT_EQ(PlacesOf(*window.GetRootControl()), "0,0,60,20 0,70,60,70 0,70,60,70 0,70,60,70");
+    window.Resize({60, 100});
+    EXPECT_EQ(PlacesOf(*window.GetRootControl()), "0,0,60,20 0,25,60,34 0,39,60,59 0,64,60,84");
+    EXPECT_EQ(dynamic_cast<CDUIControlBase*>(window.GetRootControl())->GetVerticalSB(), nullptr);
+}
+
+TEST_F(ToolBar, DrawsSeparatorsAndTheOverflowButton)
+{
+    {
+        ControlWindow window(kWide, ToolWindow("separator_image=\"dot\""));
+        EXPECT_EQ(Text(window.Find("line")->GetControlRect()), "60,0,68,20") << "as wide as its image";
+    }
+    SkinAdditions additions;
+    additions.images = "<image name=\"more\" config_type=\"file\" file_name=\"" + TestSkin::File("more.png") +
+                       "\" count=\"2\"/>";
+    UseSkin(additions);
+    WriteStrip(TestSkin::Path("more.png"), 16, 16, {0xFF00FF00, 0xFFFF0000});
+    ControlWindow window(kNarrow, ToolWindow("overflow_image=\"more\""));
+    EXPECT_EQ(window.Paint().At(80, 10), 0x00FF00u);
+    EXPECT_EQ(window.Paint().At(73, 10), 0x0000FFu) << "16 pixels of the bar's end";
+    window.mouse.MoveTo(kOverflow);
+    EXPECT_EQ(window.Paint().At(80, 10), 0xFF0000u) << "hot";
+
+    Bar(window).SetOverflowImage(nullptr);
+    window.mouse.Leave();
+    const ClientPixels pixels = window.Paint();
+    int marked = 0;
+    for (int y = 0; y < 20; ++y)
+        for (int x = 70; x < 90; ++x)
+            marked += pixels.At(x, y) == 0x000000u;
+    EXPECT_EQ(marked, 18) << "two arrowheads of nine pixels";
+}
+
+TEST_F(ToolBar, CheckItemsStayDown)
+{
+    ControlWindow window(kWide, ToolWindow());
+    auto& bold = *window.Find<CDUIButton>("bold");
+    BOOL atClick = TRUE;
+    window.OnNotify([&](const tagDUINotify& notify) {
+        if (notify.nCode == DUINOTIFY_CLICK && notify.pSender == &bold)
+            atClick = bold.GetCheck() != 0;
+    });
+    window.mouse.Click({80, 10});
+    EXPECT_TRUE(bold.GetCheck());
+    EXPECT_FALSE(atClick) << "reported before it changes, as check boxes do";
+    window.mouse.Click({80, 10});
+    EXPECT_FALSE(bold.GetCheck());
+    window.mouse.Click({10, 10});
+    EXPECT_FALSE(window.Find<CDUIButton>("new")->GetCheck());
+    EXPECT_EQ(Clicked(window), "bold bold new");
+    EXPECT_TRUE(dynamic_cast<CDUIButton*>(bold.Clone().GetPtr())->IsToolCheck());
+}
+
+TEST_F(ToolBar, IsOneTabStopWithArrowKeysInside)
+{
+    ControlWindow window(kWide, ToolWindow());
+    window.Translate(WM_KEYDOWN, VK_TAB);
+    EXPECT_EQ(Focus(window), "new");
+    struct Step {
+        int key;
+        const char* focus;
+    };
+    for (const Step& step :
+         {Step{VK_RIGHT, "open"}, Step{VK_RIGHT, "bold"}, Step{VK_END, "find"}, Step{VK_RIGHT, "new"},
+          Step{VK_LEFT, "find"}, Step{VK_HOME, "new"}, Step{VK_DOWN, "new"}, Step{VK_RIGHT, "open"}}) {
+        window.keys.Press(step.key);
+        EXPECT_EQ(Focus(window), step.focus);
+    }
+    window.Translate(WM_KEYDOWN, VK_TAB);
+    EXPECT_EQ(Focus(window), "rest");
+    window.keys.Hold(VK_SHIFT);
+    window.Translate(WM_KEYDOWN, VK_TAB);
+    window.keys.LetGo(VK_SHIFT);
+    EXPECT_EQ(Focus(window), "open") << "back where it was";
+    window.keys.Press(VK_SPACE);
+    EXPECT_EQ(Clicked(window), "open");
+
+    window.Find("rest")->SetFocus(TRUE);
+    window.Find("open")->SetEnable(FALSE);
+    window.Find("new")->SetVisible(FALSE);
+    window.Translate(WM_KEYDOWN, VK_TAB);
+    EXPECT_EQ(Focus(window), "bold") << "the tab stop has been disabled";
+    window.mouse.Press({80, 10});
+    EXPECT_EQ(Focus(window), "find") << "a press takes the focus";
+}
+
+TEST_F(ToolBar, TheKeyboardReachesTheOverflowButton)
+{
+    ControlWindow window(kNarrow, ToolWindow());
+    window.Find("new")->SetFocus(TRUE);
+    window.keys.Press(VK_LEFT);
+    EXPECT_EQ(Focus(window), "overflow");
+    window.keys.Press(VK_LEFT);
+    EXPECT_EQ(Focus(window), "open");
+    window.keys.Press(VK_END);
+    window.Resize(kWide);
+    EXPECT_EQ(Focus(window), "find") << "the button has gone";
+    window.Resize(kNarrow);
+    EXPECT_EQ(Focus(window), "overflow") << "the item has no room";
+    window.Find("rest")->SetFocus(TRUE);
+    window.Resize({10, 60});
+    window.Translate(WM_KEYDOWN, VK_TAB);
+    EXPECT_EQ(Focus(window), "overflow");
+}
+
+TEST_F(ToolBar, ListsWhatDoesNotFit)
+{
+    ControlWindow window(kNarrow, ToolWindow());
+    window.mouse.Click(kOverflow);
+    const OpenMenu menu(window);
+    ASSERT_TRUE(menu.IsOpen());
+    POINT below{70, 20};
+    ClientToScreen(window.Handle(), &below);
+    EXPECT_EQ(menu.Place().left, below.x);
+    EXPECT_EQ(menu.Place().top, below.y) << "below the button";
+
+    MessagePointer(menu.Handle()).Click(menu.Entry(1, 2));
+    Pump();
+    EXPECT_FALSE(menu.IsOpen());
+    EXPECT_EQ(Clicked(window), "find") << "only the item is reported";
+    EXPECT_EQ(Focus(window), "overflow");
+
+    window.mouse.Click(kOverflow);
+    const OpenMenu again(window);
+    ASSERT_TRUE(again.IsOpen());
+    MessagePointer(again.Handle()).Click(again.Entry(0, 2));
+    EXPECT_EQ(Clicked(window), "bold");
+    EXPECT_TRUE(window.Find<CDUIButton>("bold")->GetCheck());
+}
+
+TEST_F(ToolBar, TheListAnswersTheKeyboard)
+{
+    struct Case {
+        const char* name;
+        std::vector<WPARAM> keys;
+        const char* clicked;
+        bool isOpen;
+    };
+    const Case cases[] = {
+        {"Enter takes the first", {VK_RETURN}, "bold", false},
+        {"down", {VK_DOWN, VK_RETURN}, "find", false},
+        {"round at the end", {VK_DOWN, VK_DOWN, VK_RETURN}, "bold", false},
+        {"round at the start", {VK_UP, VK_RETURN}, "find", false},
+        {"last", {VK_END, VK_RETURN}, "find", false},
+        {"first", {VK_END, VK_HOME, VK_RETURN}, "bold", false},
+        {"Space", {VK_SPACE}, "bold", false},
+        {"Escape", {VK_ESCAPE}, "", false},
+        {"Tab", {VK_TAB}, "", false},
+        {"a key that means nothing", {'X'}, "", true},
+    };
+    for (const Case& c : cases) {
+        ControlWindow window(kNarrow, ToolWindow());
+        window.Find("new")->SetFocus(TRUE);
+        window.keys.Press(VK_END).Press(VK_SPACE);
+        const OpenMenu menu(window);
+        ASSERT_TRUE(menu.IsOpen()) << c.name;
+        for (const WPARAM key : c.keys)
+            menu.Key(key);
+        EXPECT_EQ(menu.IsOpen(), c.isOpen) << c.name;
+        EXPECT_EQ(Clicked(window), c.clicked) << c.name;
+        EXPECT_EQ(Focus(window), c.isOpen ? "" : "overflow") << c.name;
+    }
+}
+
+TEST_F(ToolBar, TheListSkipsDisabledItems)
+{
+    ControlWindow window(kNarrow, ToolWindow());
+    window.Find("bold")->SetEnable(FALSE);
+    window.Find("new")->SetFocus(TRUE);
+    window.keys.Press(VK_END).Press(VK_SPACE);
+    const OpenMenu menu(window);
+    MessagePointer(menu.Handle()).Click(menu.Entry(0, 2));
+    EXPECT_TRUE(menu.IsOpen());
+    EXPECT_EQ(Clicked(window), "");
+    menu.Key(VK_DOWN);
+    menu.Key(VK_RETURN);
+    EXPECT_EQ(Clicked(window), "find");
+}
+
+TEST_F(ToolBar, TheListClosesWhenSomethingElseHappens)
+{
+    struct Case {
+        const char* name;
+        void (*happen)(ControlWindow&);
+    };
+    const Case cases[] = {
+        {"another window becomes active", [](ControlWindow& window) { SetActiveWindow(window.Handle()); }},
+        {"the window is resized", [](ControlWindow& window) { window.Resize(kWide); }},
+        {"the application closes it", [](ControlWindow& window) { Bar(window).CloseOverflow(); }},
+        {"the bar goes", [](ControlWindow& window) { window.GetRootControl()->RemoveAllControl(); }},
+        {"the window goes", [](ControlWindow& window) { window.Close(); }},
+    };
+    for (const Case& c : cases) {
+        ControlWindow window(kNarrow, ToolWindow());
+        EXPECT_TRUE(Bar(window).OpenOverflow());
+        const OpenMenu menu(window);
+        ASSERT_TRUE(menu.IsOpen()) << c.name;
+        EXPECT_FALSE(Bar(window).OpenOverflow()) << c.name;
+        c.happen(window);
+        Pump();
+        EXPECT_FALSE(menu.IsOpen()) << c.name;
+    }
+    ControlWindow window(kWide, ToolWindow());
+    EXPECT_FALSE(Bar(window).OpenOverflow()) << "everything has room";
+}
+
+TEST_F(ToolBar, APressOnItsButtonClosesTheList)
+{
+    ControlWindow window(kNarrow, ToolWindow());
+    for (const bool opens : {true, false, true}) {
+        // As the system does it: the press makes its window the active one first.
+        SetActiveWindow(window.Handle());
+        window.mouse.Press(kOverflow);
+        Pump();
+        window.mouse.Release();
+        Pump();
+        EXPECT_EQ(OpenMenu(window).IsOpen(), opens);
+    }
+}
+
+TEST_F(ToolBar, AChoiceMayEndTheWindow)
+{
+    ControlWindow window(kNarrow, ToolWindow());
+    window.OnNotify([&window](const tagDUINotify& notify) {
+        if (notify.nCode == DUINOTIFY_CLICK)
+            window.Close();
+    });
+    window.mouse.Click(kOverflow);
+    const OpenMenu menu(window);
+    MessagePointer(menu.Handle()).Click(menu.Entry(0, 2));
+    EXPECT_FALSE(menu.IsOpen());
+    EXPECT_FALSE(IsWindow(window.Handle()));
+}
+
+TEST_F(ToolBar, ItemsComeAndGo)
+{
+    ControlWindow window(kWide, ToolWindow());
+    const CRefPtr<CDUIButton> extra = new CDUIButton;
+    extra->SetName("extra");
+    extra->SetFixedWidth(30);
+    Bar(window).AddControl(extra.GetPtr());
+    EXPECT_FALSE(extra->GetStyle() & DUISTYLE_TABSTOP);
+    window.Find("new")->SetFocus(TRUE);
+    window.keys.Press(VK_LEFT);
+    EXPECT_EQ(Focus(window), "extra");
+
+    Bar(window).RemoveControl(extra.GetPtr());
+    EXPECT_TRUE(extra->GetStyle() & DUISTYLE_TABSTOP) << "its own again";
+    window.GetRootControl()->AddControl(extra.GetPtr());
+    extra->SetFocus(TRUE);
+    window.keys.Press(VK_LEFT);
+    EXPECT_EQ(Focus(window), "extra") << "no key of the bar's any more";
+
+    const CRefPtr<IDUIControl> open = window.Find("open");
+    Bar(window).RemoveAllControl();
+    EXPECT_TRUE(open->GetStyle() & DUISTYLE_TABSTOP);
+    Bar(window).AddControl(open);
+    Bar(window).AddControl(extra.GetPtr());
+    EXPECT_EQ(Text(open->GetControlRect()), "0,0,30,20");
+}
+
+TEST_F(ToolBar, ACopyHasTheTabStopsAgain)
+{
+    ControlWindow window(kWide, ToolWindow());
+    const CRefPtr<IDUIControl> copy = Bar(window).Clone();
+    for (int i = 0; i < copy->GetControlCount(); ++i)
+        EXPECT_EQ((copy->GetControlByIndex(i)->GetStyle() & DUISTYLE_TABSTOP) != 0, i != 2) << i;
+    ControlWindow other(kWide, copy);
+    copy->GetControlByIndex(0)->SetFocus(TRUE);
+    other.keys.Press(VK_END);
+    EXPECT_EQ(Focus(other), "find");
+}
+
+TEST_F(ToolBar, LeavesItemsThatAreNoTabStopsAlone)
+{
+    ControlWindow window(kWide, R"(<horz_toolbar><button name="a" tab_stop="false"/><button name="b"/>
+        <canvas name="c" tab_stop="true"/></horz_toolbar>)");
+    window.mouse.Click({10, 10});
+    EXPECT_EQ(Focus(window), "");
+    window.Find("b")->SetFocus(TRUE);
+    window.keys.Press(VK_RIGHT);
+    EXPECT_EQ(Focus(window), "b") << "the only one that the arrow keys reach";
+    window.Translate(WM_KEYDOWN, VK_TAB);
+    EXPECT_EQ(Focus(window), "c") << "a tab stop of its own";
+}
+
+}  // namespace
+}  // namespace qvui::test
