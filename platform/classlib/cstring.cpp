@@ -7,6 +7,7 @@
 namespace {
 
 constexpr UINT kUtf8 = 65001;
+constexpr int kLongestCharacter = 4;
 constexpr char kBlanks[] = " \t\n\v\f\r";
 
 char LowerAscii(char character)
@@ -35,15 +36,18 @@ int Utf8Length(unsigned char lead)
 
 int CharacterLength(const char* text, const char* end)
 {
-    const auto lead = static_cast<unsigned char>(*text);
-    if (text >= end || lead < 0x80)
+    if (text >= end || static_cast<unsigned char>(*text) < 0x80)
         return 1;
+    const auto lead = static_cast<unsigned char>(*text);
+    const int left = static_cast<int>(std::min<std::ptrdiff_t>(end - text, kLongestCharacter));
+    if (GetACP() != kUtf8)
+        return IsDBCSLeadByte(lead) ? std::min(2, left) : 1;
+    // A sequence that breaks off ends before the byte that does not belong to it.
+    const int whole = std::min(Utf8Length(lead), left);
     int length = 1;
-    if (GetACP() == kUtf8)
-        length = Utf8Length(lead);
-    else if (IsDBCSLeadByte(lead))
-        length = 2;
-    return std::min(length, static_cast<int>(end - text));
+    while (length < whole && (static_cast<unsigned char>(text[length]) & 0xC0) == 0x80)
+        ++length;
+    return length;
 }
 
 bool EqualNoCase(std::string_view left, std::string_view right)

@@ -22,16 +22,16 @@ struct Blit {
 std::uint32_t Combine(DWORD operation, std::uint32_t source, std::uint32_t destination)
 {
     switch (operation) {
-    case SRCPAINT:
-        return source | destination;
-    case SRCAND:
-        return source & destination;
-    case SRCINVERT:
-        return source ^ destination;
-    case NOTSRCCOPY:
-        return ~source;
-    default:
-        return source;
+        case SRCPAINT:
+            return source | destination;
+        case SRCAND:
+            return source & destination;
+        case SRCINVERT:
+            return source ^ destination;
+        case NOTSRCCOPY:
+            return ~source;
+        default:
+            return source;
     }
 }
 
@@ -47,7 +47,8 @@ void StoreRows(DeviceContext& context, const RECT& part, const std::uint32_t* pi
         row.resize(static_cast<std::size_t>(width));
         context.Target().Load(part.left, y, width, row.data());
         for (int i = 0; i < width; ++i)
-            row[static_cast<std::size_t>(i)] = Combine(operation, pixels[i], row[static_cast<std::size_t>(i)]);
+            row[static_cast<std::size_t>(i)] =
+                Combine(operation, pixels[i], row[static_cast<std::size_t>(i)]);
         context.Target().Store(part.left, y, width, row.data());
     }
 }
@@ -92,24 +93,27 @@ Blit Prepare(DeviceContext& target, const RECT& logical, const Surface& source, 
     const int height = logical.bottom - logical.top;
     const AxisMap columns = MapAxis(at.x, width, from.left, from.right - from.left, false);
     const AxisMap rows = MapAxis(at.y, height, from.top, from.bottom - from.top, true);
-    return {&target, &source,
+    return {&target,
+            &source,
             {columns.destination, rows.destination, columns.destination + columns.length,
              rows.destination + rows.length},
-            columns, rows};
+            columns,
+            rows};
 }
 
 Sampling SamplingOf(const DeviceContext& context, const Blit& blit)
 {
-    const bool shrinks = blit.columns.length < blit.columns.sourceLength || blit.rows.length < blit.rows.sourceLength;
+    const bool shrinks =
+        blit.columns.length < blit.columns.sourceLength || blit.rows.length < blit.rows.sourceLength;
     switch (context.state.stretchMode) {
-    case BLACKONWHITE:
-        return shrinks ? Sampling::And : Sampling::Point;
-    case WHITEONBLACK:
-        return shrinks ? Sampling::Or : Sampling::Point;
-    case HALFTONE:
-        return Sampling::Bilinear;
-    default:
-        return Sampling::Point;
+        case BLACKONWHITE:
+            return shrinks ? Sampling::And : Sampling::Point;
+        case WHITEONBLACK:
+            return shrinks ? Sampling::Or : Sampling::Point;
+        case HALFTONE:
+            return Sampling::Bilinear;
+        default:
+            return Sampling::Point;
     }
 }
 
@@ -126,7 +130,8 @@ void StretchSurface(DeviceContext& target, const RECT& logical, const Surface& s
         blit.rows.sourceLength == 0)
         return;
     const bool isPlain = blit.columns.length == blit.columns.sourceLength &&
-                         blit.rows.length == blit.rows.sourceLength && !blit.columns.mirrored && !blit.rows.mirrored;
+                         blit.rows.length == blit.rows.sourceLength && !blit.columns.mirrored &&
+                         !blit.rows.mirrored;
     if (isPlain && SourceIsInside(source, from)) {
         CopyUnscaled(target, blit.destination, source, blit.columns.source - blit.columns.destination,
                      blit.rows.source - blit.rows.destination, operation);
@@ -140,8 +145,9 @@ void StretchSurface(DeviceContext& target, const RECT& logical, const Surface& s
         copy.top = copy.storage.data() + (source.top - source.storage.data());
         scaled.source = &copy;
     }
-    ForEachScaled(scaled, isPlain ? Sampling::Point : SamplingOf(target, blit),
-                  [&](const RECT& part, const std::uint32_t* pixels) { StoreRows(target, part, pixels, operation); });
+    ForEachScaled(
+        scaled, isPlain ? Sampling::Point : SamplingOf(target, blit),
+        [&](const RECT& part, const std::uint32_t* pixels) { StoreRows(target, part, pixels, operation); });
 }
 
 // A rectangle in the source context as one in its surface.
@@ -151,7 +157,10 @@ RECT SourceRect(const DeviceContext& source, int x, int y, int width, int height
     return {at.x, at.y, at.x + width, at.y + height};
 }
 
-constexpr std::uint32_t Round(std::uint32_t value) { return (value + 127) / 255; }
+constexpr std::uint32_t Round(std::uint32_t value)
+{
+    return (value + 127) / 255;
+}
 
 // Weighs colours that carry no alpha of their own by the constant alpha.
 void BlendConstant(DeviceContext& context, const RECT& part, const std::uint32_t* pixels, std::uint32_t alpha)
@@ -176,9 +185,9 @@ void BlendConstant(DeviceContext& context, const RECT& part, const std::uint32_t
 
 pixman_image_t* ImageOf(const Surface& surface)
 {
-    return pixman_image_create_bits(surface.bitsPerPixel == 32 ? PIXMAN_a8r8g8b8 : PIXMAN_r8g8b8, surface.width,
-                                    surface.height, reinterpret_cast<std::uint32_t*>(surface.top),
-                                    static_cast<int>(surface.stride));
+    return pixman_image_create_bits(
+        surface.bitsPerPixel == 32 ? PIXMAN_a8r8g8b8 : PIXMAN_r8g8b8, surface.width, surface.height,
+        reinterpret_cast<std::uint32_t*>(surface.top), static_cast<int>(surface.stride));
 }
 
 // Premultiplied "over" with a constant alpha; the library's rounding is the platform's, bit for bit.
@@ -187,7 +196,8 @@ void BlendOver(pixman_image_t* target, const RECT& part, std::uint32_t* pixels, 
     const int width = part.right - part.left;
     const int height = part.bottom - part.top;
     pixman_image_t* source = pixman_image_create_bits(PIXMAN_a8r8g8b8, width, height, pixels, width * 4);
-    pixman_image_composite32(PIXMAN_OP_OVER, source, mask, target, 0, 0, 0, 0, part.left, part.top, width, height);
+    pixman_image_composite32(PIXMAN_OP_OVER, source, mask, target, 0, 0, 0, 0, part.left, part.top, width,
+                             height);
     pixman_image_unref(source);
 }
 
@@ -211,8 +221,8 @@ void BlendPremultiplied(const Blit& blit, BYTE alpha)
         const int dx = blit.columns.source - blit.columns.destination;
         const int dy = blit.rows.source - blit.rows.destination;
         ForEachDrawable(*blit.target, blit.destination, [&](const RECT& part) {
-            pixman_image_composite32(PIXMAN_OP_OVER, source, mask, target, part.left + dx, part.top + dy, 0, 0,
-                                     part.left, part.top, part.right - part.left, part.bottom - part.top);
+            pixman_image_composite32(PIXMAN_OP_OVER, source, mask, target, part.left + dx, part.top + dy, 0,
+                                     0, part.left, part.top, part.right - part.left, part.bottom - part.top);
         });
         pixman_image_unref(source);
     } else {
@@ -227,12 +237,14 @@ void BlendPremultiplied(const Blit& blit, BYTE alpha)
 
 bool Overlaps(const Blit& blit, const RECT& from)
 {
-    return blit.target->Target().top == blit.source->top && !IsEmptyRect(Intersection(blit.destination, from));
+    return blit.target->Target().top == blit.source->top &&
+           !IsEmptyRect(Intersection(blit.destination, from));
 }
 
 }  // namespace
 
-BOOL BitBlt(HDC dc, int x, int y, int width, int height, HDC source, int sourceX, int sourceY, DWORD operation)
+BOOL BitBlt(HDC dc, int x, int y, int width, int height, HDC source, int sourceX, int sourceY,
+            DWORD operation)
 {
     DeviceContext* target = LookUpContext(dc);
     if (!target)
@@ -251,13 +263,14 @@ BOOL BitBlt(HDC dc, int x, int y, int width, int height, HDC source, int sourceX
     const POINT at = target->ToSurface(x, y);
     const int dx = wanted.left - at.x;
     const int dy = wanted.top - at.y;
-    CopyUnscaled(*target, {available.left - dx, available.top - dy, available.right - dx, available.bottom - dy},
+    CopyUnscaled(*target,
+                 {available.left - dx, available.top - dy, available.right - dx, available.bottom - dy},
                  from->Target(), dx, dy, operation);
     return TRUE;
 }
 
-BOOL StretchBlt(HDC dc, int x, int y, int width, int height, HDC source, int sourceX, int sourceY, int sourceWidth,
-                int sourceHeight, DWORD operation)
+BOOL StretchBlt(HDC dc, int x, int y, int width, int height, HDC source, int sourceX, int sourceY,
+                int sourceWidth, int sourceHeight, DWORD operation)
 {
     DeviceContext* target = LookUpContext(dc);
     DeviceContext* from = LookUpContext(source);
@@ -268,8 +281,8 @@ BOOL StretchBlt(HDC dc, int x, int y, int width, int height, HDC source, int sou
     return TRUE;
 }
 
-BOOL AlphaBlend(HDC dc, int x, int y, int width, int height, HDC source, int sourceX, int sourceY, int sourceWidth,
-                int sourceHeight, BLENDFUNCTION blend)
+BOOL AlphaBlend(HDC dc, int x, int y, int width, int height, HDC source, int sourceX, int sourceY,
+                int sourceWidth, int sourceHeight, BLENDFUNCTION blend)
 {
     DeviceContext* target = LookUpContext(dc);
     DeviceContext* from = LookUpContext(source);
@@ -307,17 +320,19 @@ BOOL TransparentBlt(HDC dc, int x, int y, int width, int height, HDC source, int
     const bool shrinks = width < sourceWidth || height < sourceHeight;
     const std::uint32_t keyPixel = key > 0xFFFFFF ? 0xFF000000 | PixelOf(key) : PixelOf(key);
     const Surface& surface = target->Target();
-    ForEachScaled(blit, shrinks ? Sampling::And : Sampling::Point, [&](const RECT& part, const std::uint32_t* pixels) {
-        for (int row = part.top; row < part.bottom; ++row)
-            for (int column = part.left; column < part.right; ++column, ++pixels) {
-                const std::uint32_t pixel = *pixels == keyPixel ? surface.Get(column, row) : *pixels;
-                surface.Set(column, row, pixel & 0x00FFFFFF);
-            }
-    });
+    ForEachScaled(
+        blit, shrinks ? Sampling::And : Sampling::Point, [&](const RECT& part, const std::uint32_t* pixels) {
+            for (int row = part.top; row < part.bottom; ++row)
+                for (int column = part.left; column < part.right; ++column, ++pixels) {
+                    const std::uint32_t pixel = *pixels == keyPixel ? surface.Get(column, row) : *pixels;
+                    surface.Set(column, row, pixel & 0x00FFFFFF);
+                }
+        });
     return TRUE;
 }
 
-// --- device-independent bitmaps -----------------------------------------------------------------------------
+// --- device-independent bitmaps
+// -----------------------------------------------------------------------------
 
 namespace {
 
@@ -325,13 +340,15 @@ namespace {
 std::shared_ptr<Surface> SurfaceOver(const void* bits, const BITMAPINFO* info)
 {
     if (!bits || !info || (info->bmiHeader.biBitCount != 32 && info->bmiHeader.biBitCount != 24) ||
-        info->bmiHeader.biWidth <= 0 || info->bmiHeader.biHeight == 0 || info->bmiHeader.biHeight == INT32_MIN)
+        info->bmiHeader.biWidth <= 0 || info->bmiHeader.biHeight == 0 ||
+        info->bmiHeader.biHeight == INT32_MIN)
         return nullptr;
     auto surface = std::make_shared<Surface>();
     surface->width = info->bmiHeader.biWidth;
     surface->height = std::abs(info->bmiHeader.biHeight);
     surface->bitsPerPixel = info->bmiHeader.biBitCount;
-    const std::ptrdiff_t stride = ((static_cast<std::ptrdiff_t>(surface->width) * surface->bitsPerPixel + 31) / 32) * 4;
+    const std::ptrdiff_t stride =
+        ((static_cast<std::ptrdiff_t>(surface->width) * surface->bitsPerPixel + 31) / 32) * 4;
     auto* rows = static_cast<std::uint8_t*>(const_cast<void*>(bits));
     const bool bottomUp = info->bmiHeader.biHeight > 0;
     surface->stride = bottomUp ? -stride : stride;
@@ -382,8 +399,8 @@ int StretchDIBits(HDC dc, int x, int y, int width, int height, int sourceX, int 
     return source->height;
 }
 
-int SetDIBitsToDevice(HDC dc, int x, int y, DWORD width, DWORD height, int sourceX, int sourceY, UINT startScan,
-                      UINT lines, const void* bits, const BITMAPINFO* info, UINT usage)
+int SetDIBitsToDevice(HDC dc, int x, int y, DWORD width, DWORD height, int sourceX, int sourceY,
+                      UINT startScan, UINT lines, const void* bits, const BITMAPINFO* info, UINT usage)
 {
     if (startScan != 0)
         return 0;

@@ -70,7 +70,8 @@ void FillRegion(DeviceContext& context, const Region& region, const BrushObject&
     for (const pixman_box32_t& box : region.Boxes()) {
         const RECT rect{box.x1, box.y1, box.x2, box.y2};
         if (brush.pattern)
-            ForEachDrawable(context, rect, [&](const RECT& part) { FillWithPattern(context, part, *brush.pattern); });
+            ForEachDrawable(context, rect,
+                            [&](const RECT& part) { FillWithPattern(context, part, *brush.pattern); });
         else
             FillPixels(context, rect, PixelOf(brush.colour));
     }
@@ -142,23 +143,23 @@ BOOL PatBlt(HDC dc, int x, int y, int width, int height, DWORD operation)
     const RECT rect = Normalised(context->ToSurface({x, y, x + width, y + height}));
     const std::uint32_t brush = PixelOf(context->state.brushObject->colour);
     switch (operation) {
-    case PATCOPY:
-        FillRegion(*context, Region(rect), *context->state.brushObject);
-        return TRUE;
-    case BLACKNESS:
-        FillPixels(*context, rect, 0);
-        return TRUE;
-    case WHITENESS:
-        FillPixels(*context, rect, 0xFFFFFFFF);
-        return TRUE;
-    case DSTINVERT:
-        ChangePixels(*context, rect, [](std::uint32_t pixel, int, int) { return ~pixel; });
-        return TRUE;
-    case PATINVERT:
-        ChangePixels(*context, rect, [brush](std::uint32_t pixel, int, int) { return pixel ^ brush; });
-        return TRUE;
-    default:
-        return FALSE;
+        case PATCOPY:
+            FillRegion(*context, Region(rect), *context->state.brushObject);
+            return TRUE;
+        case BLACKNESS:
+            FillPixels(*context, rect, 0);
+            return TRUE;
+        case WHITENESS:
+            FillPixels(*context, rect, 0xFFFFFFFF);
+            return TRUE;
+        case DSTINVERT:
+            ChangePixels(*context, rect, [](std::uint32_t pixel, int, int) { return ~pixel; });
+            return TRUE;
+        case PATINVERT:
+            ChangePixels(*context, rect, [brush](std::uint32_t pixel, int, int) { return pixel ^ brush; });
+            return TRUE;
+        default:
+            return FALSE;
     }
 }
 
@@ -180,10 +181,12 @@ COLORREF GetPixel(HDC dc, int x, int y)
     if (!context)
         return CLR_INVALID;
     const POINT at = context->ToSurface(x, y);
-    return context->Drawable().Contains(at.x, at.y) ? ColourOf(context->Target().Get(at.x, at.y)) : CLR_INVALID;
+    return context->Drawable().Contains(at.x, at.y) ? ColourOf(context->Target().Get(at.x, at.y))
+                                                    : CLR_INVALID;
 }
 
-// --- gradients ----------------------------------------------------------------------------------------------
+// --- gradients
+// ----------------------------------------------------------------------------------------------
 
 namespace {
 

@@ -29,7 +29,52 @@ PangoContext* SharedContext()
     return context;
 }
 
-int Pixels(int units) { return static_cast<int>(std::lround(static_cast<double>(units) / PANGO_SCALE)); }
+// Units count in 64 bits: a megabyte of text is wider than 32 bits of them.
+int Pixels(long long units)
+{
+    return static_cast<int>(std::lround(static_cast<double>(units) / PANGO_SCALE));
+}
+
+// The platform sets glyph after glyph: the width of a text is the sum of its characters', with no kerning
+// between them and no ligatures.
+PangoAttrList* PlainGlyphs()
+{
+    static PangoAttrList* const attributes = [] {
+        PangoAttrList* list = pango_attr_list_new();
+        pango_attr_list_insert(list, pango_attr_font_features_new("kern=0, liga=0, clig=0"));
+        return list;
+    }();
+    return attributes;
+}
+
+// The width of the text before each byte; a character's bytes share the position of its start. The runs count
+// in the order of the text, also where they are shown in another.
+std::vector<int> WidthsOf(PangoLayoutLine* line, const std::string& text)
+{
+    std::vector<PangoGlyphItem*> runs;
+    for (GSList* item = line->runs; item; item = item->next)
+        runs.push_back(static_cast<PangoGlyphItem*>(item->data));
+    std::sort(runs.begin(), runs.end(), [](const PangoGlyphItem* a, const PangoGlyphItem* b) {
+        return a->item->offset < b->item->offset;
+    });
+    std::vector<int> widths(text.size() + 1, 0);
+    long long passed = 0;
+    for (PangoGlyphItem* run : runs) {
+        std::vector<int> logical(static_cast<std::size_t>(run->item->num_chars));
+        pango_glyph_item_get_logical_widths(run, text.c_str(), logical.data());
+        const char* at = text.c_str() + run->item->offset;
+        for (const int width : logical) {
+            const char* next = g_utf8_next_char(at);
+            for (const char* byte = at + 1; byte < next; ++byte)
+                widths[static_cast<std::size_t>(byte - text.c_str())] = Pixels(passed);
+            passed += width;
+            widths[static_cast<std::size_t>(next - text.c_str())] = Pixels(passed);
+            at = next;
+        }
+    }
+    widths.back() = std::max(Pixels(passed), widths.back());
+    return widths;
+}
 
 struct Heights {
     int ascent;
@@ -82,10 +127,12 @@ void FontObject::Load()
     const std::string face = SystemToUtf8(m_description.lfFaceName);
     pango_font_description_set_family(m_font.get(), face.empty() ? "Sans" : face.c_str());
     pango_font_description_set_weight(
-        m_font.get(), static_cast<PangoWeight>(m_description.lfWeight > 0 ? m_description.lfWeight : FW_NORMAL));
+        m_font.get(),
+        static_cast<PangoWeight>(m_description.lfWeight > 0 ? m_description.lfWeight : FW_NORMAL));
     if (m_description.lfItalic)
         pango_font_description_set_style(m_font.get(), PANGO_STYLE_ITALIC);
-    const int height = std::clamp(m_description.lfHeight == 0 ? kDefaultHeight : m_description.lfHeight, -2000, 2000);
+    const int height =
+        std::clamp(m_description.lfHeight == 0 ? kDefaultHeight : m_description.lfHeight, -2000, 2000);
     double em = std::abs(height);
     if (height > 0) {
         // The height of a cell: scaled from what this face's cell is at a size large enough to round well.
@@ -125,11 +172,7 @@ const ShapedLine& FontObject::Shape(std::string_view utf8)
         m_lines.splice(m_lines.begin(), m_lines, known->second);
         return m_lines.front().line;
     }
-    if (m_lines.size() >= kMostLines || (!m_lines.empty() && m_lines.front().text.size() > kLongestCachedLine)) {
-        const auto victim = m_lines.size() >= kMostLines ? std::prev(m_lines.end()) : m_lines.begin();
-        m_index.erase(victim->text);
-        m_lines.erase(victim);
-    }
+    ForgetLine();
     Entry& entry = m_lines.emplace_front();
     entry.text = utf8;
     m_index[entry.text] = m_lines.begin();
@@ -137,29 +180,21 @@ const ShapedLine& FontObject::Shape(std::string_view utf8)
     entry.line.layout.reset(layout);
     pango_layout_set_single_paragraph_mode(layout, TRUE);
     pango_layout_set_font_description(layout, m_font.get());
+    pango_layout_set_attributes(layout, PlainGlyphs());
     pango_layout_set_text(layout, entry.text.data(), static_cast<int>(entry.text.size()));
-    std::vector<int>& widths = entry.line.widths;
-    widths.assign(entry.text.size() + 1, 0);
-    int last = 0;
-    PangoLayoutLine* line = pango_layout_get_line_readonly(layout, 0);
-    // Widths grow along the text; a run from right to left counts by its visual extent as it is passed.
-    for (GSList* item = line->runs; item; item = item->next) {
-        const auto* run = static_cast<const PangoGlyphItem*>(item->data);
-        const int count = run->item->num_chars;
-        std::vector<int> logical(static_cast<std::size_t>(count));
-        pango_glyph_item_get_logical_widths(const_cast<PangoGlyphItem*>(run), entry.text.c_str(), logical.data());
-        const char* at = entry.text.c_str() + run->item->offset;
-        for (const int width : logical) {
-            const char* next = g_utf8_next_char(at);
-            last += width;
-            for (const char* byte = at + 1; byte <= next; ++byte)
-                widths[static_cast<std::size_t>(byte - entry.text.c_str())] =
-                    byte == next ? Pixels(last) : Pixels(last - width);
-            at = next;
-        }
-    }
-    widths.back() = std::max(Pixels(last), widths.back());
+    entry.line.widths = WidthsOf(pango_layout_get_line_readonly(layout, 0), entry.text);
     return entry.line;
+}
+
+void FontObject::ForgetLine()
+{
+    const bool isFull = m_lines.size() >= kMostLines;
+    const bool isHuge = !m_lines.empty() && m_lines.front().text.size() > kLongestCachedLine;
+    if (!isFull && !isHuge)
+        return;
+    const auto victim = isFull ? std::prev(m_lines.end()) : m_lines.begin();
+    m_index.erase(victim->text);
+    m_lines.erase(victim);
 }
 
 HGDIOBJ StockFont(int index)
@@ -185,5 +220,6 @@ using namespace qvui::native;
 
 HFONT CreateFontIndirectA(const LOGFONTA* description)
 {
-    return description ? static_cast<HFONT>(AddGdiObject(std::make_shared<FontObject>(*description))) : nullptr;
+    return description ? static_cast<HFONT>(AddGdiObject(std::make_shared<FontObject>(*description)))
+                       : nullptr;
 }

@@ -44,6 +44,8 @@ public:
 
 private:
     void Load();
+    /// Makes room for one more line: lets go of the oldest, or of the last one when it was too long to keep.
+    void ForgetLine();
 
     LOGFONTA m_description;
     TEXTMETRICA m_metrics{};

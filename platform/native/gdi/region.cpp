@@ -140,7 +140,10 @@ RECT Normalised(RECT rect)
     return rect;
 }
 
-bool IsEmptyRect(const RECT& rect) { return rect.left >= rect.right || rect.top >= rect.bottom; }
+bool IsEmptyRect(const RECT& rect)
+{
+    return rect.left >= rect.right || rect.top >= rect.bottom;
+}
 
 RECT Intersection(const RECT& first, const RECT& second)
 {

@@ -45,7 +45,10 @@ public:
     std::span<const pixman_box32_t> Boxes() const;
 
 private:
-    static pixman_region32_t* Raw(const Region& region) { return const_cast<pixman_region32_t*>(&region.m_region); }
+    static pixman_region32_t* Raw(const Region& region)
+    {
+        return const_cast<pixman_region32_t*>(&region.m_region);
+    }
 
     pixman_region32_t m_region;
 };

@@ -21,7 +21,10 @@ HRGN CreateRectRgn(int left, int top, int right, int bottom)
     return AddRegion(Region(Normalised({left, top, right, bottom})));
 }
 
-HRGN CreateRectRgnIndirect(const RECT* rect) { return AddRegion(Region(Normalised(*rect))); }
+HRGN CreateRectRgnIndirect(const RECT* rect)
+{
+    return AddRegion(Region(Normalised(*rect)));
+}
 
 HRGN CreateRoundRectRgn(int left, int top, int right, int bottom, int width, int height)
 {
@@ -65,22 +68,22 @@ int CombineRgn(HRGN target, HRGN first, HRGN second, int mode)
         return ERROR;
     Region result = left->region;
     switch (mode) {
-    case RGN_AND:
-        result.Intersect(right->region);
-        break;
-    case RGN_OR:
-        result.Unite(right->region);
-        break;
-    case RGN_XOR:
-        result.ExclusiveOr(right->region);
-        break;
-    case RGN_DIFF:
-        result.Subtract(right->region);
-        break;
-    case RGN_COPY:
-        break;
-    default:
-        return ERROR;
+        case RGN_AND:
+            result.Intersect(right->region);
+            break;
+        case RGN_OR:
+            result.Unite(right->region);
+            break;
+        case RGN_XOR:
+            result.ExclusiveOr(right->region);
+            break;
+        case RGN_DIFF:
+            result.Subtract(right->region);
+            break;
+        case RGN_COPY:
+            break;
+        default:
+            return ERROR;
     }
     into->region = std::move(result);
     return into->region.Complexity();
@@ -146,7 +149,8 @@ BOOL FillRgn(HDC dc, HRGN region, HBRUSH brush)
     return TRUE;
 }
 
-// --- rectangles ---------------------------------------------------------------------------------------------
+// --- rectangles
+// ---------------------------------------------------------------------------------------------
 
 BOOL SetRect(RECT* rect, int left, int top, int right, int bottom)
 {
@@ -154,7 +158,10 @@ BOOL SetRect(RECT* rect, int left, int top, int right, int bottom)
     return TRUE;
 }
 
-BOOL SetRectEmpty(RECT* rect) { return SetRect(rect, 0, 0, 0, 0); }
+BOOL SetRectEmpty(RECT* rect)
+{
+    return SetRect(rect, 0, 0, 0, 0);
+}
 
 BOOL CopyRect(RECT* target, const RECT* source)
 {
@@ -162,7 +169,10 @@ BOOL CopyRect(RECT* target, const RECT* source)
     return TRUE;
 }
 
-BOOL IsRectEmpty(const RECT* rect) { return !rect || IsEmptyRect(*rect); }
+BOOL IsRectEmpty(const RECT* rect)
+{
+    return !rect || IsEmptyRect(*rect);
+}
 
 BOOL IntersectRect(RECT* target, const RECT* first, const RECT* second)
 {
@@ -186,7 +196,10 @@ BOOL UnionRect(RECT* target, const RECT* first, const RECT* second)
 namespace {
 
 // Coordinates come from skins and may be anything; they wrap, as the platform's do.
-LONG Add(LONG a, LONG b) { return static_cast<LONG>(static_cast<DWORD>(a) + static_cast<DWORD>(b)); }
+LONG Add(LONG a, LONG b)
+{
+    return static_cast<LONG>(static_cast<DWORD>(a) + static_cast<DWORD>(b));
+}
 
 }  // namespace
 
@@ -204,7 +217,11 @@ BOOL InflateRect(RECT* rect, int x, int y)
 
 BOOL PtInRect(const RECT* rect, POINT point)
 {
-    return rect && point.x >= rect->left && point.x < rect->right && point.y >= rect->top && point.y < rect->bottom;
+    return rect && point.x >= rect->left && point.x < rect->right && point.y >= rect->top &&
+           point.y < rect->bottom;
 }
 
-BOOL EqualRect(const RECT* first, const RECT* second) { return std::memcmp(first, second, sizeof(RECT)) == 0; }
+BOOL EqualRect(const RECT* first, const RECT* second)
+{
+    return std::memcmp(first, second, sizeof(RECT)) == 0;
+}

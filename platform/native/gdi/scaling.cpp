@@ -17,7 +17,8 @@ struct Source {
     }
 };
 
-std::uint32_t JoinGroup(const Source& source, std::pair<int, int> columns, std::pair<int, int> rows, bool isAnd)
+std::uint32_t JoinGroup(const Source& source, std::pair<int, int> columns, std::pair<int, int> rows,
+                        bool isAnd)
 {
     std::uint32_t joined = isAnd ? 0xFFFFFFFF : 0;
     for (int y = rows.first; y < rows.second; ++y)
@@ -58,7 +59,9 @@ std::uint32_t Mix(std::uint32_t a, std::uint32_t b, int weight)
 
 AxisMap MapAxis(int destination, int length, int source, int sourceLength, bool isRow)
 {
-    AxisMap axis{destination, std::abs(length), source, std::abs(sourceLength), (length < 0) != (sourceLength < 0), isRow};
+    AxisMap axis{
+        destination, std::abs(length), source, std::abs(sourceLength), (length < 0) != (sourceLength < 0),
+        isRow};
     if (length < 0)
         axis.destination = destination + length + 1;
     if (sourceLength < 0)
@@ -142,9 +145,10 @@ void ScalePixels(const Surface& surface, const AxisMap& columns, const AxisMap& 
             }
             const Weighted column = Blend(columns, x);
             const Weighted row = Blend(rows, y);
-            *out = Mix(Mix(source.At(column.first, row.first), source.At(column.second, row.first), column.weight),
-                       Mix(source.At(column.first, row.second), source.At(column.second, row.second), column.weight),
-                       row.weight);
+            *out = Mix(
+                Mix(source.At(column.first, row.first), source.At(column.second, row.first), column.weight),
+                Mix(source.At(column.first, row.second), source.At(column.second, row.second), column.weight),
+                row.weight);
         }
     }
 }

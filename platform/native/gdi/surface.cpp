@@ -32,7 +32,10 @@ std::uint32_t Surface::Get(int x, int y) const
     return pixel;
 }
 
-void Surface::Set(int x, int y, std::uint32_t pixel) const { Store(x, y, 1, &pixel); }
+void Surface::Set(int x, int y, std::uint32_t pixel) const
+{
+    Store(x, y, 1, &pixel);
+}
 
 void Surface::Load(int x, int y, int count, std::uint32_t* pixels) const
 {

@@ -6,12 +6,20 @@ namespace qvui::native {
 namespace {
 
 constexpr std::string_view kDots = "...";
+// Texts are measured in pieces of at least this size, so that wrapping a long one does not measure all that
+// is left of it for every line.
+constexpr std::size_t kShortestPiece = 256;
 
-std::size_t NextCharacter(std::string_view text, std::size_t at)
+bool IsContinuation(char byte)
 {
-    ++at;
-    while (at < text.size() && (static_cast<unsigned char>(text[at]) & 0xC0) == 0x80)
-        ++at;
+    return (static_cast<unsigned char>(byte) & 0xC0) == 0x80;
+}
+
+std::size_t PreviousCharacter(std::string_view text, std::size_t at)
+{
+    do
+        --at;
+    while (at > 0 && IsContinuation(text[at]));
     return at;
 }
 
@@ -53,26 +61,30 @@ Piece ResolvePrefix(std::string_view text, UINT format)
 
 class LineBreaker {
 public:
-    LineBreaker(UINT format, int width, int maxLines, const TextMeasure& measure)
-        : m_format(format), m_width(width), m_maxLines(maxLines), m_measure(measure)
+    LineBreaker(UINT format, int width, int maxLines, LineMeasure& measure)
+        : m_format(format),
+          m_width(width),
+          m_maxLines(maxLines),
+          m_measure(measure)
     {
     }
 
     std::vector<TextLine> Run(std::string_view text)
     {
         if (m_format & DT_SINGLELINE) {
-            Add(text, true);
+            Add(text, {});
             return std::move(m_lines);
         }
         while (!text.empty() && !IsFull()) {
             const std::size_t end = std::min(text.find_first_of("\r\n"), text.size());
-            AddParagraph(text.substr(0, end), end == text.size());
             std::size_t next = end;
             if (next < text.size()) {
                 ++next;
-                if (next < text.size() && text[next] != text[end] && (text[next] == '\r' || text[next] == '\n'))
+                if (next < text.size() && text[next] != text[end] &&
+                    (text[next] == '\r' || text[next] == '\n'))
                     ++next;
             }
+            AddParagraph(text.substr(0, end), text.substr(next));
             text.remove_prefix(next);
         }
         return std::move(m_lines);
@@ -81,106 +93,106 @@ public:
 private:
     bool IsFull() const { return m_maxLines > 0 && static_cast<int>(m_lines.size()) >= m_maxLines; }
 
-    void AddParagraph(std::string_view text, bool isLast)
+    void AddParagraph(std::string_view text, std::string_view rest)
     {
         if (!(m_format & DT_WORDBREAK)) {
-            Add(text, isLast);
+            Add(text, rest);
             return;
         }
         do {
-            const std::size_t end = BreakPosition(text);
-            // The last line that there is room for shows by its dots that text is missing.
-            const bool overflows = m_maxLines > 0 && static_cast<int>(m_lines.size()) + 1 == m_maxLines &&
-                                   (m_format & DT_END_ELLIPSIS) && end < text.size();
-            Add(overflows ? text : text.substr(0, end), isLast && (overflows || end == text.size()), end < text.size());
-            text.remove_prefix(end);
-            if (m_droppedSpace && !text.empty() && text.front() == ' ')
-                text.remove_prefix(1);
+            const Break end = FindBreak(text);
+            const std::string_view left = text.substr(end.next);
+            Add(text.substr(0, end.end), left.empty() ? rest : left, !left.empty());
+            text = left;
         } while (!text.empty() && !IsFull());
     }
 
-    // Where the line that starts here ends: at the last break inside the longest prefix that fits.
-    std::size_t BreakPosition(std::string_view text)
+    // Where a line ends and where the next one starts.
+    struct Break {
+        std::size_t end;
+        std::size_t next;
+    };
+
+    // The line that starts here ends at the last break inside the longest prefix that fits.
+    Break FindBreak(std::string_view text)
     {
-        m_droppedSpace = false;
-        const std::vector<int>& widths = m_measure.widths(text);
-        if (widths.back() <= m_width)
-            return text.size();
-        std::size_t fit = 0;
-        for (std::size_t next = NextCharacter(text, 0); next <= text.size() && widths[next] <= m_width;
-             next = NextCharacter(text, next)) {
-            fit = next;
-            if (fit == text.size())
-                break;
+        const std::size_t fit = FittingPrefix(text);
+        if (fit == text.size())
+            return {fit, fit};
+        for (std::size_t at = fit; at > 0; at = PreviousCharacter(text, at))
+            if (text[at - 1] == ' ' || MayBreakBefore(text, at))
+                return {at, at};
+        if (m_format & DT_EDITCONTROL) {
+            const std::size_t end = std::max(fit, NextCharacter(text, 0));
+            return {end, end};
         }
-        std::size_t best = 0;
-        for (std::size_t at = 0; at < fit; at = NextCharacter(text, at)) {
-            if (text[at] == ' ')
-                best = at + 1;
-            else if (at > 0 && (IsIdeograph(text, at) || IsIdeograph(text, Previous(text, at))))
-                best = at;
-        }
-        if (best > 0)
-            return best;
-        if (m_format & DT_EDITCONTROL)
-            return std::max(fit, NextCharacter(text, 0));
         // A first word that does not fit stays whole, and the space after it is dropped.
-        const std::size_t space = text.find(' ');
-        std::size_t end = std::min(space, text.size());
+        std::size_t end = std::min(text.find(' '), text.size());
         for (std::size_t at = NextCharacter(text, 0); at < end; at = NextCharacter(text, at))
-            if (IsIdeograph(text, at)) {
+            if (MayBreakBefore(text, at))
                 end = at;
-                break;
-            }
-        m_droppedSpace = true;
-        return end;
+        return {end, end < text.size() && text[end] == ' ' ? end + 1 : end};
     }
 
-    static std::size_t Previous(std::string_view text, std::size_t at)
+    static bool MayBreakBefore(std::string_view text, std::size_t at)
     {
-        do
-            --at;
-        while (at > 0 && (static_cast<unsigned char>(text[at]) & 0xC0) == 0x80);
-        return at;
+        return text[at] != ' ' && (IsIdeograph(text, at) || IsIdeograph(text, PreviousCharacter(text, at)));
     }
 
-    void Add(std::string_view text, bool isLast, bool isBroken = false)
+    std::size_t FittingPrefix(std::string_view text)
+    {
+        for (std::size_t size = kShortestPiece;; size *= 2) {
+            while (size < text.size() && IsContinuation(text[size]))
+                ++size;
+            const std::string_view piece = text.substr(0, size);
+            const std::size_t fit = LongestPrefix(piece, m_width);
+            if (fit < piece.size() || piece.size() == text.size())
+                return fit;
+        }
+    }
+
+    // The longest prefix of whole characters that is at most `room` wide.
+    std::size_t LongestPrefix(std::string_view text, int room)
+    {
+        const std::vector<int>& widths = m_measure.Widths(text);
+        std::size_t fit = 0;
+        while (fit < text.size()) {
+            const std::size_t next = NextCharacter(text, fit);
+            if (widths[next] > room)
+                break;
+            fit = next;
+        }
+        return fit;
+    }
+
+    // Adds one line of the text; `rest` is what follows it, and `isWrapped` says that it follows on this
+    // line's paragraph.
+    void Add(std::string_view text, std::string_view rest, bool isWrapped = false)
     {
         Piece piece = ResolvePrefix(text, m_format);
         TextLine line;
         line.text = std::move(piece.text);
         line.underline = piece.underline;
-        const bool endDots = (m_format & DT_END_ELLIPSIS) && isLast;
-        const bool wordDots = (m_format & DT_WORD_ELLIPSIS) != 0;
-        if ((m_format & DT_PATH_ELLIPSIS) && Width(line.text) > m_width)
+        const bool runsOut =
+            m_maxLines > 0 && static_cast<int>(m_lines.size()) + 1 == m_maxLines && !rest.empty();
+        const bool endDots = (m_format & DT_END_ELLIPSIS) && (rest.empty() || runsOut);
+        if ((m_format & DT_PATH_ELLIPSIS) && m_measure.Width(line.text) > m_width)
             ShortenPath(line);
-        else if ((endDots || wordDots) && Width(line.text) > m_width)
+        if ((endDots && runsOut) ||
+            ((endDots || (m_format & DT_WORD_ELLIPSIS)) && m_measure.Width(line.text) > m_width))
             Shorten(line);
-        line.width = Width(line.text);
+        line.width = m_measure.Width(line.text);
         line.inkWidth = line.width;
-        if (isBroken && !line.text.empty() && line.text.back() == ' ')
-            line.inkWidth = Width(std::string_view(line.text).substr(0, line.text.size() - 1));
+        if (isWrapped && !line.text.empty() && line.text.back() == ' ')
+            line.inkWidth = m_measure.Width(std::string_view(line.text).substr(0, line.text.size() - 1));
         m_lines.push_back(std::move(line));
     }
-
-    int Width(std::string_view text) const { return text.empty() ? 0 : m_measure.widths(text).back(); }
 
     // The longest prefix that still leaves room for the dots.
     void Shorten(TextLine& line)
     {
-        const int dots = Width(kDots);
-        const std::vector<int>& widths = m_measure.widths(line.text);
-        std::size_t keep = 0;
-        for (std::size_t next = line.text.empty() ? 1 : NextCharacter(line.text, 0);
-             next <= line.text.size() && widths[next] + dots <= m_width; next = NextCharacter(line.text, next)) {
-            keep = next;
-            if (keep == line.text.size())
-                break;
-        }
-        line.text.resize(keep);
-        line.text += kDots;
-        if (line.underline >= static_cast<int>(keep))
-            line.underline = -1;
+        const std::size_t keep = LongestPrefix(line.text, m_width - m_measure.Width(kDots));
+        Replace(line, line.text.substr(0, keep).append(kDots), keep);
     }
 
     // The part after the last separator stays; the head is shortened.
@@ -191,55 +203,74 @@ private:
             Shorten(line);
             return;
         }
-        const std::string tail = line.text.substr(separator);
+        const std::string tail = std::string(kDots) + line.text.substr(separator);
         const std::string head = line.text.substr(0, separator);
-        const int rest = Width(tail) + Width(kDots);
-        const std::vector<int> widths = head.empty() ? std::vector<int>{0} : m_measure.widths(head);
-        std::size_t keep = 0;
-        for (std::size_t next = 0; next < head.size();) {
-            next = NextCharacter(head, next);
-            if (widths[next] + rest > m_width)
-                break;
-            keep = next;
-        }
-        line.text = head.substr(0, keep) + std::string(kDots) + tail;
-        line.underline = -1;
+        const std::size_t keep = LongestPrefix(head, m_width - m_measure.Width(tail));
+        Replace(line, head.substr(0, keep) + tail, keep);
+    }
+
+    // A mnemonic behind the first `kept` bytes is gone.
+    static void Replace(TextLine& line, std::string text, std::size_t kept)
+    {
+        line.text = std::move(text);
+        line.isShortened = true;
+        if (line.underline >= static_cast<int>(kept))
+            line.underline = -1;
     }
 
     UINT m_format;
     int m_width;
     int m_maxLines;
-    const TextMeasure& m_measure;
-    bool m_droppedSpace = false;
+    LineMeasure& m_measure;
     std::vector<TextLine> m_lines;
 };
 
 }  // namespace
 
-std::vector<TextLine> LayOutText(std::string_view utf8, UINT format, int width, int maxLines,
-                                 const TextMeasure& measure)
+std::size_t NextCharacter(std::string_view utf8, std::size_t at)
 {
-    std::string expanded;
-    if (utf8.find('\t') != std::string_view::npos) {
-        // Tabs reach the next multiple of eight characters when asked for, else they are a space.
-        for (const char character : utf8) {
-            if (character != '\t') {
-                expanded += character;
-                continue;
-            }
-            expanded += ' ';
-            if (!(format & DT_EXPANDTABS))
-                continue;
-            const std::size_t lineStart = expanded.find_last_of('\n') + 1;
-            const int stop = std::max(1, 8 * measure.averageWidth);
-            const auto current = [&] { return measure.widths(std::string_view(expanded).substr(lineStart)).back(); };
-            const int target = (current() / stop + 1) * stop;
-            for (int i = 0; i < 64 && current() < target; ++i)
-                expanded += ' ';
-        }
-        utf8 = expanded;
+    ++at;
+    while (at < utf8.size() && IsContinuation(utf8[at]))
+        ++at;
+    return at;
+}
+
+std::vector<LineMeasure::Part> LineMeasure::Parts(std::string_view line)
+{
+    std::vector<Part> parts;
+    int left = 0;
+    for (;;) {
+        const std::size_t tab = line.find('\t');
+        parts.push_back({line.substr(0, tab), left});
+        if (tab == std::string_view::npos)
+            return parts;
+        left = ((left + m_text(parts.back().text).back()) / m_tabStop + 1) * m_tabStop;
+        line.remove_prefix(tab + 1);
     }
-    return LineBreaker(format, width, maxLines, measure).Run(utf8);
+}
+
+const std::vector<int>& LineMeasure::Widths(std::string_view line)
+{
+    if (line.find('\t') == std::string_view::npos)
+        return m_text(line);
+    m_widths.clear();
+    for (const Part& part : Parts(line))
+        for (const int width : m_text(part.text))
+            m_widths.push_back(part.left + width);
+    return m_widths;
+}
+
+std::vector<TextLine> LayOutText(std::string_view utf8, UINT format, int width, int maxLines,
+                                 LineMeasure& measure)
+{
+    if (format & DT_EXPANDTABS)
+        return LineBreaker(format, width, maxLines, measure).Run(utf8);
+    // Tabs that are not expanded have no glyph; a space stands for them, at which no line breaks.
+    constexpr std::string_view kNoBreakSpace = "\xC2\xA0";
+    std::string plain;
+    for (const char character : utf8)
+        plain.append(character == '\t' ? kNoBreakSpace : std::string_view(&character, 1));
+    return LineBreaker(format, width, maxLines, measure).Run(plain);
 }
 
 }  // namespace qvui::native

@@ -13,13 +13,20 @@ SleepFunction g_sleep = nullptr;
 
 }  // namespace
 
-void SetClock(ClockFunction now) { g_clock = now; }
+void SetClock(ClockFunction now)
+{
+    g_clock = now;
+}
 
-void SetSleep(SleepFunction sleep) { g_sleep = sleep; }
+void SetSleep(SleepFunction sleep)
+{
+    g_sleep = sleep;
+}
 
 std::int64_t Now()
 {
-    return g_clock ? g_clock() : std::chrono::nanoseconds(std::chrono::steady_clock::now().time_since_epoch()).count();
+    return g_clock ? g_clock()
+                   : std::chrono::nanoseconds(std::chrono::steady_clock::now().time_since_epoch()).count();
 }
 
 }  // namespace qvui::native
@@ -38,7 +45,10 @@ BOOL QueryPerformanceFrequency(LARGE_INTEGER* frequency)
     return TRUE;
 }
 
-DWORD GetTickCount() { return static_cast<DWORD>(Now() / 1'000'000); }
+DWORD GetTickCount()
+{
+    return static_cast<DWORD>(Now() / 1'000'000);
+}
 
 void Sleep(DWORD milliseconds)
 {

@@ -5,9 +5,12 @@
 #include <locale.h>
 
 #include <algorithm>
+#include <cerrno>
 #include <cstring>
 #include <map>
 #include <utility>
+
+#include <qvui/platform/cstring.h>
 
 namespace qvui::native {
 namespace {
@@ -19,18 +22,20 @@ struct CodePageName {
 
 // Code pages under the converter's names; numbers that are not here are tried as "CP" and the number.
 constexpr CodePageName kNames[] = {
-    {1200, "UTF-16LE"},      {1201, "UTF-16BE"},      {12000, "UTF-32LE"},     {12001, "UTF-32BE"},
-    {20127, "ASCII"},        {20866, "KOI8-R"},       {21866, "KOI8-U"},       {20932, "EUC-JP"},
-    {28591, "ISO-8859-1"},   {28592, "ISO-8859-2"},   {28593, "ISO-8859-3"},   {28594, "ISO-8859-4"},
-    {28595, "ISO-8859-5"},   {28596, "ISO-8859-6"},   {28597, "ISO-8859-7"},   {28598, "ISO-8859-8"},
-    {28599, "ISO-8859-9"},   {28603, "ISO-8859-13"},  {28605, "ISO-8859-15"},  {932, "CP932"},
-    {936, "GBK"},            {949, "UHC"},            {950, "BIG5"},           {50220, "ISO-2022-JP"},
-    {50225, "ISO-2022-KR"},  {51932, "EUC-JP"},       {51936, "EUC-CN"},       {51949, "EUC-KR"},
-    {52936, "HZ"},           {54936, "GB18030"},      {65000, "UTF-7"},        {65001, "UTF-8"},
+    {1200, "UTF-16LE"},     {1201, "UTF-16BE"},     {12000, "UTF-32LE"},    {12001, "UTF-32BE"},
+    {20127, "ASCII"},       {20866, "KOI8-R"},      {21866, "KOI8-U"},      {20932, "EUC-JP"},
+    {28591, "ISO-8859-1"},  {28592, "ISO-8859-2"},  {28593, "ISO-8859-3"},  {28594, "ISO-8859-4"},
+    {28595, "ISO-8859-5"},  {28596, "ISO-8859-6"},  {28597, "ISO-8859-7"},  {28598, "ISO-8859-8"},
+    {28599, "ISO-8859-9"},  {28603, "ISO-8859-13"}, {28605, "ISO-8859-15"}, {932, "CP932"},
+    {936, "GBK"},           {949, "UHC"},           {950, "BIG5"},          {50220, "ISO-2022-JP"},
+    {50225, "ISO-2022-KR"}, {51932, "EUC-JP"},      {51936, "EUC-CN"},      {51949, "EUC-KR"},
+    {52936, "HZ"},          {54936, "GB18030"},     {65000, "UTF-7"},       {65001, "UTF-8"},
 };
 
+constexpr UINT kUtf16 = 1200;
 constexpr UINT kUtf8 = 65001;
 constexpr UINT kAscii = 20127;
+constexpr std::string_view kReplacement = "\xEF\xBF\xBD";  // U+FFFD in UTF-8
 
 std::string NameOf(UINT codePage)
 {
@@ -43,9 +48,10 @@ std::string NameOf(UINT codePage)
 UINT CodePageOf(const std::string& codeset)
 {
     static constexpr CodePageName kCodesets[] = {
-        {kUtf8, "UTF-8"},      {936, "GBK"},       {936, "GB2312"},     {950, "BIG5"},      {932, "SHIFT_JIS"},
-        {20932, "EUC-JP"},     {949, "EUC-KR"},    {54936, "GB18030"},  {28591, "ISO-8859-1"},
-        {28592, "ISO-8859-2"}, {28605, "ISO-8859-15"}, {1251, "CP1251"}, {1252, "CP1252"}, {20866, "KOI8-R"},
+        {kUtf8, "UTF-8"},      {936, "GBK"},          {936, "GB2312"},        {950, "BIG5"},
+        {932, "SHIFT_JIS"},    {20932, "EUC-JP"},     {949, "EUC-KR"},        {54936, "GB18030"},
+        {28591, "ISO-8859-1"}, {28592, "ISO-8859-2"}, {28605, "ISO-8859-15"}, {1251, "CP1251"},
+        {1252, "CP1252"},      {20866, "KOI8-R"},
     };
     for (const CodePageName& entry : kCodesets)
         if (codeset == entry.name)
@@ -66,26 +72,41 @@ UINT CodePageOfLocale()
 
 UINT g_override = 0;
 
+class Converter {
+public:
+    Converter(UINT from, UINT to) : m_descriptor(iconv_open(NameOf(to).c_str(), NameOf(from).c_str()))
+    {
+    }
+    Converter(const Converter&) = delete;
+    Converter& operator=(const Converter&) = delete;
+    ~Converter()
+    {
+        if (IsUsable())
+            iconv_close(m_descriptor);
+    }
+    bool IsUsable() const { return m_descriptor != reinterpret_cast<iconv_t>(static_cast<INT_PTR>(-1)); }
+    iconv_t Descriptor() const { return m_descriptor; }
+
+private:
+    iconv_t m_descriptor;
+};
+
 // Converters are expensive to open, so each pair is opened once.
-iconv_t Converter(UINT from, UINT to)
+const Converter& ConverterOf(UINT from, UINT to)
 {
-    static std::map<std::pair<UINT, UINT>, iconv_t> converters;
-    auto [entry, isNew] = converters.try_emplace({from, to}, nullptr);
-    if (isNew)
-        entry->second = iconv_open(NameOf(to).c_str(), NameOf(from).c_str());
-    return entry->second;
+    static std::map<std::pair<UINT, UINT>, Converter> converters;
+    return converters.try_emplace({from, to}, from, to).first->second;
 }
 
-bool IsUsable(iconv_t converter) { return converter != reinterpret_cast<iconv_t>(static_cast<INT_PTR>(-1)); }
-
-// Converts all of `input`; `replace(position, rest)` answers an unconvertible position with what stands for it
-// and how many bytes to skip. False when the pair has no converter.
+// Converts all of `input`; `replace(position, rest)` answers an unconvertible position with what stands for
+// it and how many bytes to skip. False when the pair has no converter.
 template <class Replace>
 bool Convert(UINT from, UINT to, std::string_view input, std::string& output, Replace replace)
 {
-    const iconv_t converter = Converter(from, to);
-    if (!IsUsable(converter))
+    const Converter& opened = ConverterOf(from, to);
+    if (!opened.IsUsable())
         return false;
+    const iconv_t converter = opened.Descriptor();
     iconv(converter, nullptr, nullptr, nullptr, nullptr);
     char* in = const_cast<char*>(input.data());
     std::size_t left = input.size();
@@ -110,29 +131,103 @@ bool Convert(UINT from, UINT to, std::string_view input, std::string& output, Re
     return true;
 }
 
-UINT Resolve(UINT codePage) { return codePage == CP_ACP || codePage == 3 || codePage == 1 ? GetACP() : codePage; }
+UINT Resolve(UINT codePage)
+{
+    return codePage == CP_ACP || codePage == 3 || codePage == 1 ? GetACP() : codePage;
+}
 
 std::string_view Bytes(LPCWSTR wide, std::size_t length)
 {
     return {reinterpret_cast<const char*>(wide), length * sizeof(WCHAR)};
 }
 
-constexpr bool IsHighSurrogate(WCHAR unit) { return unit >= 0xD800 && unit < 0xDC00; }
-constexpr bool IsLowSurrogate(WCHAR unit) { return unit >= 0xDC00 && unit < 0xE000; }
+// Bytes that a Windows page leaves undefined are the control characters of the same number.
+bool IsUndefinedControl(UINT codePage, unsigned number)
+{
+    const bool isWindowsPage = codePage == 874 || (codePage >= 1250 && codePage <= 1258);
+    if (!isWindowsPage || number < 0x80 || number > 0x9F)
+        return false;
+    const char byte = static_cast<char>(number);
+    std::string ignored;
+    bool isDefined = true;
+    Convert(codePage, kUtf16, {&byte, 1}, ignored, [&isDefined](std::string_view, std::string&) {
+        isDefined = false;
+        return std::size_t{1};
+    });
+    return !isDefined;
+}
+
+// The length of the broken character at the start of a text: both bytes of a pair that is none.
+std::size_t BrokenLength(UINT codePage, std::string_view text)
+{
+    return text.size() > 1 && IsDBCSLeadByteEx(codePage, static_cast<BYTE>(text[0])) ? 2 : 1;
+}
+
+// Whether the bytes, which end at a character's end, are one character of well-formed UTF-8.
+bool IsUtf8Character(std::string_view bytes)
+{
+    struct Form {
+        unsigned char firstLead, lastLead;
+        std::size_t length;
+        unsigned char firstSecond, lastSecond;  // what the second byte may be
+    };
+    static constexpr Form kForms[] = {
+        {0x00, 0x7F, 1, 0, 0},       {0xC2, 0xDF, 2, 0x80, 0xBF}, {0xE0, 0xE0, 3, 0xA0, 0xBF},
+        {0xE1, 0xEC, 3, 0x80, 0xBF}, {0xED, 0xED, 3, 0x80, 0x9F}, {0xEE, 0xEF, 3, 0x80, 0xBF},
+        {0xF0, 0xF0, 4, 0x90, 0xBF}, {0xF1, 0xF3, 4, 0x80, 0xBF}, {0xF4, 0xF4, 4, 0x80, 0x8F},
+    };
+    const auto lead = static_cast<unsigned char>(bytes[0]);
+    const auto second = static_cast<unsigned char>(bytes.size() > 1 ? bytes[1] : 0);
+    return std::any_of(std::begin(kForms), std::end(kForms), [&](const Form& form) {
+        return lead >= form.firstLead && lead <= form.lastLead && bytes.size() == form.length &&
+               second >= form.firstSecond && second <= form.lastSecond;
+    });
+}
+
+// UTF-8 of the system code page with everything that is no character replaced.
+std::string ValidUtf8(std::string_view text)
+{
+    std::string result;
+    result.reserve(text.size());
+    const char* end = text.data() + text.size();
+    for (const char* at = text.data(); at < end;) {
+        const auto length = static_cast<std::size_t>(CharacterLength(at, end));
+        const std::string_view character(at, length);
+        result += IsUtf8Character(character) ? character : kReplacement;
+        at += length;
+    }
+    return result;
+}
+
+constexpr bool IsHighSurrogate(WCHAR unit)
+{
+    return unit >= 0xD800 && unit < 0xDC00;
+}
+constexpr bool IsLowSurrogate(WCHAR unit)
+{
+    return unit >= 0xDC00 && unit < 0xE000;
+}
 
 }  // namespace
 
-void OverrideSystemCodePage(UINT codePage) { g_override = codePage; }
+void OverrideSystemCodePage(UINT codePage)
+{
+    g_override = codePage;
+}
 
 std::string SystemToUtf8(std::string_view text)
 {
-    std::string result;
     const UINT system = GetACP();
-    if (system == kUtf8 || text.empty())
-        return std::string(text);
-    Convert(system, kUtf8, text, result, [](std::string_view, std::string& out) {
-        out += "\xEF\xBF\xBD";
-        return std::size_t{1};
+    if (system == kUtf8)
+        return ValidUtf8(text);
+    std::string result;
+    Convert(system, kUtf8, text, result, [system](std::string_view rest, std::string& out) {
+        const auto number = static_cast<unsigned char>(rest[0]);
+        if (IsUndefinedControl(system, number))
+            out.append({static_cast<char>(0xC2), static_cast<char>(number)});
+        else
+            out += kReplacement;
+        return BrokenLength(system, rest);
     });
     return result;
 }
@@ -163,7 +258,10 @@ UINT GetACP()
     return g_override ? g_override : fromLocale;
 }
 
-BOOL IsValidCodePage(UINT codePage) { return IsUsable(Converter(Resolve(codePage), 1200)); }
+BOOL IsValidCodePage(UINT codePage)
+{
+    return ConverterOf(Resolve(codePage), kUtf16).IsUsable();
+}
 
 int MultiByteToWideChar(UINT codePage, DWORD flags, LPCSTR text, int length, LPWSTR wide, int capacity)
 {
@@ -175,12 +273,15 @@ int MultiByteToWideChar(UINT codePage, DWORD flags, LPCSTR text, int length, LPW
     codePage = Resolve(codePage);
     std::string units;
     bool invalid = false;
-    const WCHAR replacement = codePage == kUtf8 ? 0xFFFD : (codePage == kAscii ? 0xFFFD : u'?');
-    const bool known = Convert(codePage, 1200, {text, size}, units, [&](std::string_view, std::string& out) {
-        invalid = true;
-        out.append(Bytes(&replacement, 1));
-        return std::size_t{1};
-    });
+    const WCHAR replacement = codePage == kUtf8 || codePage == kAscii ? u'\uFFFD' : u'?';
+    const auto replace = [&](std::string_view rest, std::string& out) {
+        const WCHAR control = static_cast<unsigned char>(rest[0]);
+        const bool isControl = IsUndefinedControl(codePage, control);
+        invalid = invalid || !isControl;
+        out.append(Bytes(isControl ? &control : &replacement, 1));
+        return BrokenLength(codePage, rest);
+    };
+    const bool known = Convert(codePage, kUtf16, {text, size}, units, replace);
     if (!known || (invalid && (flags & MB_ERR_INVALID_CHARS))) {
         SetLastError(known ? ERROR_NO_UNICODE_TRANSLATION : ERROR_INVALID_PARAMETER);
         return 0;
@@ -210,14 +311,18 @@ int WideCharToMultiByte(UINT codePage, DWORD, LPCWSTR wide, int length, LPSTR te
     codePage = Resolve(codePage);
     std::string bytes;
     bool replaced = false;
-    const char* substitute = codePage == kUtf8 ? "\xEF\xBF\xBD" : defaultCharacter ? defaultCharacter : "?";
-    const bool known = Convert(1200, codePage, Bytes(wide, size), bytes, [&](std::string_view rest, std::string& out) {
-        replaced = true;
-        out += substitute;
+    const std::string substitute(codePage == kUtf8  ? kReplacement
+                                 : defaultCharacter ? defaultCharacter
+                                                    : "?");
+    const auto replace = [&](std::string_view rest, std::string& out) {
         WCHAR pair[2] = {};
         std::memcpy(pair, rest.data(), std::min(rest.size(), sizeof pair));
+        const bool isControl = IsUndefinedControl(codePage, pair[0]);
+        replaced = replaced || !isControl;
+        out.append(isControl ? std::string(1, static_cast<char>(pair[0])) : substitute);
         return IsHighSurrogate(pair[0]) && IsLowSurrogate(pair[1]) ? sizeof pair : sizeof(WCHAR);
-    });
+    };
+    const bool known = Convert(kUtf16, codePage, Bytes(wide, size), bytes, replace);
     if (usedDefault)
         *usedDefault = replaced && codePage != kUtf8;
     if (!known) {
@@ -237,16 +342,19 @@ int WideCharToMultiByte(UINT codePage, DWORD, LPCWSTR wide, int length, LPSTR te
 BOOL IsDBCSLeadByteEx(UINT codePage, BYTE byte)
 {
     switch (Resolve(codePage)) {
-    case 932:
-        return (byte >= 0x81 && byte <= 0x9F) || (byte >= 0xE0 && byte <= 0xFC);
-    case 936:
-    case 949:
-    case 950:
-    case 54936:
-        return byte >= 0x81 && byte <= 0xFE;
-    default:
-        return FALSE;
+        case 932:
+            return (byte >= 0x81 && byte <= 0x9F) || (byte >= 0xE0 && byte <= 0xFC);
+        case 936:
+        case 949:
+        case 950:
+        case 54936:
+            return byte >= 0x81 && byte <= 0xFE;
+        default:
+            return FALSE;
     }
 }
 
-BOOL IsDBCSLeadByte(BYTE byte) { return IsDBCSLeadByteEx(CP_ACP, byte); }
+BOOL IsDBCSLeadByte(BYTE byte)
+{
+    return IsDBCSLeadByteEx(CP_ACP, byte);
+}

@@ -16,7 +16,10 @@ std::uint32_t U16(std::span<const std::uint8_t> bytes, std::size_t at)
     return static_cast<std::uint32_t>(bytes[at] | (bytes[at + 1] << 8));
 }
 
-std::uint32_t U32(std::span<const std::uint8_t> bytes, std::size_t at) { return U16(bytes, at) | (U16(bytes, at + 2) << 16); }
+std::uint32_t U32(std::span<const std::uint8_t> bytes, std::size_t at)
+{
+    return U16(bytes, at) | (U16(bytes, at + 2) << 16);
+}
 
 struct Layout {
     int width;
@@ -37,14 +40,16 @@ bool FindLayout(std::span<const std::uint8_t> bitmap, Layout& layout)
     const std::uint32_t width = U32(bitmap, 4);
     const std::uint32_t height = U32(bitmap, 8) / 2;
     layout.bits = U16(bitmap, 14);
-    const bool isKnown = layout.bits == 1 || layout.bits == 4 || layout.bits == 8 || layout.bits == 24 || layout.bits == 32;
+    const bool isKnown =
+        layout.bits == 1 || layout.bits == 4 || layout.bits == 8 || layout.bits == 24 || layout.bits == 32;
     if (!isKnown || width == 0 || height == 0 || width > kLargestCursor || height > kLargestCursor)
         return false;
     layout.width = static_cast<int>(width);
     layout.height = static_cast<int>(height);
-    const std::size_t colours = layout.bits <= 8 ? (U32(bitmap, 32) ? std::min<std::size_t>(U32(bitmap, 32), 256)
-                                                                    : std::size_t{1} << layout.bits)
-                                                 : 0;
+    const std::size_t colours =
+        layout.bits <= 8
+            ? (U32(bitmap, 32) ? std::min<std::size_t>(U32(bitmap, 32), 256) : std::size_t{1} << layout.bits)
+            : 0;
     layout.colours = kHeaderSize;
     layout.pixels = kHeaderSize + colours * 4;
     layout.pixelStride = (width * layout.bits + 31) / 32 * 4;
@@ -53,7 +58,8 @@ bool FindLayout(std::span<const std::uint8_t> bitmap, Layout& layout)
     return bitmap.size() >= layout.mask + layout.maskStride * height;
 }
 
-std::uint32_t ColourAt(std::span<const std::uint8_t> bitmap, const Layout& layout, std::size_t row, std::size_t x)
+std::uint32_t ColourAt(std::span<const std::uint8_t> bitmap, const Layout& layout, std::size_t row,
+                       std::size_t x)
 {
     const std::size_t start = layout.pixels + row * layout.pixelStride;
     if (layout.bits == 32)
@@ -76,7 +82,8 @@ std::shared_ptr<Surface> ReadBitmap(std::span<const std::uint8_t> bitmap)
     bool hasAlpha = false;
     for (int y = 0; y < layout.height; ++y)
         for (int x = 0; x < layout.width; ++x) {
-            const std::uint32_t colour = ColourAt(bitmap, layout, static_cast<std::size_t>(layout.height - 1 - y), static_cast<std::size_t>(x));
+            const std::uint32_t colour = ColourAt(
+                bitmap, layout, static_cast<std::size_t>(layout.height - 1 - y), static_cast<std::size_t>(x));
             hasAlpha = hasAlpha || (layout.bits == 32 && colour >> 24);
             pixels->Row32(y)[x] = colour;
         }
@@ -84,7 +91,9 @@ std::shared_ptr<Surface> ReadBitmap(std::span<const std::uint8_t> bitmap)
         return pixels;
     for (int y = 0; y < layout.height; ++y)
         for (int x = 0; x < layout.width; ++x) {
-            const std::size_t at = layout.mask + static_cast<std::size_t>(layout.height - 1 - y) * layout.maskStride + static_cast<std::size_t>(x) / 8;
+            const std::size_t at = layout.mask +
+                                   static_cast<std::size_t>(layout.height - 1 - y) * layout.maskStride +
+                                   static_cast<std::size_t>(x) / 8;
             const bool isMasked = (bitmap[at] >> (7 - x % 8)) & 1;
             std::uint32_t& pixel = pixels->Row32(y)[x];
             pixel = isMasked ? 0 : pixel | 0xFF000000;
@@ -96,21 +105,24 @@ std::shared_ptr<Surface> ReadBitmap(std::span<const std::uint8_t> bitmap)
 
 CursorImage ReadCursorFile(std::span<const std::uint8_t> file)
 {
-    if (file.size() < kDirectorySize + kEntrySize || U16(file, 0) != 0 || U16(file, 2) != kCursorType || U16(file, 4) == 0)
+    if (file.size() < kDirectorySize + kEntrySize || U16(file, 0) != 0 || U16(file, 2) != kCursorType ||
+        U16(file, 4) == 0)
         return {};
     const std::size_t size = U32(file, kDirectorySize + 8);
     const std::size_t offset = U32(file, kDirectorySize + 12);
     if (offset > file.size() || size > file.size() - offset)
         return {};
-    return {ReadBitmap(file.subspan(offset, size)),
-            {static_cast<LONG>(U16(file, kDirectorySize + 4)), static_cast<LONG>(U16(file, kDirectorySize + 6))}};
+    return {
+        ReadBitmap(file.subspan(offset, size)),
+        {static_cast<LONG>(U16(file, kDirectorySize + 4)), static_cast<LONG>(U16(file, kDirectorySize + 6))}};
 }
 
 CursorImage ReadCursorResource(std::span<const std::uint8_t> resource)
 {
     if (resource.size() < 4)
         return {};
-    return {ReadBitmap(resource.subspan(4)), {static_cast<LONG>(U16(resource, 0)), static_cast<LONG>(U16(resource, 2))}};
+    return {ReadBitmap(resource.subspan(4)),
+            {static_cast<LONG>(U16(resource, 0)), static_cast<LONG>(U16(resource, 2))}};
 }
 
 int FirstCursorOfGroup(std::span<const std::uint8_t> group)

@@ -43,7 +43,9 @@ bool Exists(const std::string& path)
 
 std::string LocalPath(const char* path)
 {
-    std::string local = SystemToUtf8(path ? path : "");
+    // A file's name may be no valid text, so bytes of the machine's own encoding are kept as they are.
+    const std::string_view given = path ? path : "";
+    std::string local = GetACP() == CP_UTF8 ? std::string(given) : SystemToUtf8(given);
     std::replace(local.begin(), local.end(), '\\', '/');
     return local;
 }
@@ -127,4 +129,7 @@ BOOL WriteFile(HANDLE file, LPCVOID buffer, DWORD size, DWORD* written, void*)
     return opened && count == size;
 }
 
-BOOL CloseHandle(HANDLE file) { return Files().Remove(file) != nullptr; }
+BOOL CloseHandle(HANDLE file)
+{
+    return Files().Remove(file) != nullptr;
+}

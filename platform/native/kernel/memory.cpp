@@ -144,7 +144,10 @@ LPVOID GlobalLock(HGLOBAL block)
     return bytes ? bytes->data() : nullptr;
 }
 
-BOOL GlobalUnlock(HGLOBAL) { return FALSE; }
+BOOL GlobalUnlock(HGLOBAL)
+{
+    return FALSE;
+}
 
 SIZE_T GlobalSize(HGLOBAL block)
 {
@@ -152,7 +155,10 @@ SIZE_T GlobalSize(HGLOBAL block)
     return bytes ? bytes->size() : 0;
 }
 
-HGLOBAL GlobalFree(HGLOBAL block) { return Blocks().Remove(block) ? nullptr : block; }
+HGLOBAL GlobalFree(HGLOBAL block)
+{
+    return Blocks().Remove(block) ? nullptr : block;
+}
 
 HRESULT CreateStreamOnHGlobal(HGLOBAL block, BOOL deleteOnRelease, IStream** stream)
 {
@@ -165,13 +171,24 @@ HRESULT CreateStreamOnHGlobal(HGLOBAL block, BOOL deleteOnRelease, IStream** str
     return S_OK;
 }
 
-HRESULT CoInitialize(void*) { return S_OK; }
+HRESULT CoInitialize(void*)
+{
+    return S_OK;
+}
 
-void CoUninitialize() {}
+void CoUninitialize()
+{
+}
 
-DWORD GetLastError() { return g_lastError; }
+DWORD GetLastError()
+{
+    return g_lastError;
+}
 
-void SetLastError(DWORD error) { g_lastError = error; }
+void SetLastError(DWORD error)
+{
+    g_lastError = error;
+}
 
 int MulDiv(int number, int numerator, int denominator)
 {

@@ -44,11 +44,13 @@ Modules& All()
     return modules;
 }
 
-[[maybe_unused]] const bool g_counted = RegisterLiveCount(&LiveCounts::modules, [] {
-    return All().table.LiveCount() - All().builtIn.size() - 1;
-});
+[[maybe_unused]] const bool g_counted = RegisterLiveCount(
+    &LiveCounts::modules, [] { return All().table.LiveCount() - All().builtIn.size() - 1; });
 
-Module* Find(HMODULE module) { return All().table.Peek(module ? module : All().executable); }
+Module* Find(HMODULE module)
+{
+    return All().table.Peek(module ? module : All().executable);
+}
 
 HMODULE FindBuiltIn(const char* name)
 {
@@ -134,7 +136,10 @@ DWORD GetModuleFileNameA(HMODULE module, LPSTR path, DWORD capacity)
     return capacity;
 }
 
-HMODULE GetModuleHandleA(LPCSTR name) { return name ? FindBuiltIn(name) : All().executable; }
+HMODULE GetModuleHandleA(LPCSTR name)
+{
+    return name ? FindBuiltIn(name) : All().executable;
+}
 
 HMODULE LoadLibraryA(LPCSTR path)
 {
@@ -202,7 +207,10 @@ HRSRC FindResourceA(HMODULE module, LPCSTR name, LPCSTR type)
     return nullptr;
 }
 
-HGLOBAL LoadResource(HMODULE, HRSRC resource) { return resource; }
+HGLOBAL LoadResource(HMODULE, HRSRC resource)
+{
+    return resource;
+}
 
 LPVOID LockResource(HGLOBAL resource)
 {

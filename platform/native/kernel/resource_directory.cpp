@@ -111,8 +111,8 @@ private:
         const std::uint64_t at = m_root + directory;
         const unsigned count = m_file.U16(at + 12) + m_file.U16(at + 14);
         for (unsigned i = 0; i < count; ++i) {
-            // The three levels are fixed by the caller, so a directory that names itself ends there; the bound
-            // keeps entries that all name one large directory from multiplying.
+            // The three levels are fixed by the caller, so a directory that names itself ends there; the
+            // bound keeps entries that all name one large directory from multiplying.
             if (++m_visited > kMostResources)
                 throw Broken();
             const std::uint64_t entry = at + 16 + i * 8ULL;
@@ -146,7 +146,10 @@ private:
     std::vector<ResourceEntry> m_entries;
 };
 
-char16_t Fold(char16_t unit) { return unit >= u'a' && unit <= u'z' ? static_cast<char16_t>(unit - 32) : unit; }
+char16_t Fold(char16_t unit)
+{
+    return unit >= u'a' && unit <= u'z' ? static_cast<char16_t>(unit - 32) : unit;
+}
 
 }  // namespace
 

@@ -24,8 +24,8 @@ struct ResourceEntry {
 };
 
 /// Reads the resource directory of a module file (PE, 32 or 64 bit). Nothing of the module runs, and nothing
-/// outside `file` is read whatever the file says. Empty when the file is no module or its directory is broken;
-/// of several languages of one resource the first counts.
+/// outside `file` is read whatever the file says. Empty when the file is no module or its directory is
+/// broken; of several languages of one resource the first counts.
 std::optional<std::vector<ResourceEntry>> ReadResourceDirectory(std::span<const std::uint8_t> file);
 
 }  // namespace qvui::native

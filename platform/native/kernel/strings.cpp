@@ -34,8 +34,14 @@ void MapCharacters(LPSTR text, DWORD length, Map map)
         std::memcpy(text, result.data(), length);
 }
 
-unsigned Upper(unsigned character) { return static_cast<unsigned>(std::towupper(static_cast<wint_t>(character))); }
-unsigned Lower(unsigned character) { return static_cast<unsigned>(std::towlower(static_cast<wint_t>(character))); }
+unsigned Upper(unsigned character)
+{
+    return static_cast<unsigned>(std::towupper(static_cast<wint_t>(character)));
+}
+unsigned Lower(unsigned character)
+{
+    return static_cast<unsigned>(std::towlower(static_cast<wint_t>(character)));
+}
 
 // Symbols stand before digits, digits before letters, letters before everything beyond ASCII.
 int Weight(unsigned char byte, bool foldCase)
@@ -60,7 +66,10 @@ int CompareWeights(std::string_view left, std::string_view right, bool foldCase)
     return left.size() == right.size() ? 0 : left.size() < right.size() ? -1 : 1;
 }
 
-int Sign(int value) { return (value > 0) - (value < 0); }
+int Sign(int value)
+{
+    return (value > 0) - (value < 0);
+}
 
 // Null stands before every text.
 template <class Compare>
@@ -85,7 +94,10 @@ DWORD CharLowerBuffA(LPSTR text, DWORD length)
     return length;
 }
 
-int lstrlenA(LPCSTR text) { return text ? static_cast<int>(std::strlen(text)) : 0; }
+int lstrlenA(LPCSTR text)
+{
+    return text ? static_cast<int>(std::strlen(text)) : 0;
+}
 
 int lstrcmpA(LPCSTR left, LPCSTR right)
 {

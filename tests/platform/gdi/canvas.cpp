@@ -1,5 +1,6 @@
 #include "platform/gdi/canvas.h"
 
+#include <cstdio>
 #include <cstdlib>
 #include <cstring>
 
@@ -33,8 +34,13 @@ std::uint8_t* Canvas::Address(int x, int y) const
 std::uint32_t Canvas::At(int x, int y) const
 {
     GdiFlush();
+    return Read(Address(x, y));
+}
+
+std::uint32_t Canvas::Read(const std::uint8_t* address) const
+{
     std::uint32_t pixel = 0;
-    std::memcpy(&pixel, Address(x, y), static_cast<std::size_t>(m_bytes));
+    std::memcpy(&pixel, address, static_cast<std::size_t>(m_bytes));
     return pixel;
 }
 
@@ -46,9 +52,12 @@ void Canvas::Set(int x, int y, std::uint32_t pixel)
 
 void Canvas::Paint(const std::function<std::uint32_t(int x, int y)>& pixelAt)
 {
+    GdiFlush();
     for (int y = 0; y < m_height; ++y)
-        for (int x = 0; x < m_width; ++x)
-            Set(x, y, pixelAt(x, y));
+        for (int x = 0; x < m_width; ++x) {
+            const std::uint32_t pixel = pixelAt(x, y);
+            std::memcpy(Address(x, y), &pixel, static_cast<std::size_t>(m_bytes));
+        }
 }
 
 void Canvas::Fill(std::uint32_t pixel)
@@ -58,10 +67,12 @@ void Canvas::Fill(std::uint32_t pixel)
 
 std::vector<std::uint32_t> Canvas::Pixels() const
 {
+    GdiFlush();
     std::vector<std::uint32_t> pixels;
+    pixels.reserve(static_cast<std::size_t>(m_width) * static_cast<std::size_t>(m_height));
     for (int y = 0; y < m_height; ++y)
         for (int x = 0; x < m_width; ++x)
-            pixels.push_back(At(x, y));
+            pixels.push_back(Read(Address(x, y)));
     return pixels;
 }
 
@@ -74,6 +85,24 @@ std::string Canvas::Picture(std::uint32_t background) const
         picture += '\n';
     }
     return picture;
+}
+
+std::string Canvas::DifferenceFrom(const Canvas& other) const
+{
+    const std::vector<std::uint32_t> mine = Pixels();
+    const std::vector<std::uint32_t> others = other.Pixels();
+    std::string text;
+    int count = 0;
+    for (std::size_t i = 0; i < mine.size(); ++i) {
+        if (mine[i] == others[i] || ++count > 4)
+            continue;
+        const auto width = static_cast<std::size_t>(m_width);
+        char pixel[80];
+        std::snprintf(pixel, sizeof pixel, " %zu,%zu: %08X, not %08X;", i % width, i / width, mine[i],
+                      others[i]);
+        text += pixel;
+    }
+    return count == 0 ? "" : std::to_string(count) + " pixels:" + text;
 }
 
 BITMAPINFO BitmapInfo(int width, int height, int bitsPerPixel)

@@ -32,9 +32,12 @@ public:
     std::vector<std::uint32_t> Pixels() const;
     /// One line of text per row; '#' where the pixel is not `background`.
     std::string Picture(std::uint32_t background = 0) const;
+    /// Where the pixels differ from those of a canvas of the same size, in words; empty when they do not.
+    std::string DifferenceFrom(const Canvas& other) const;
 
 private:
     std::uint8_t* Address(int x, int y) const;
+    std::uint32_t Read(const std::uint8_t* address) const;
 
     HDC m_dc;
     HBITMAP m_bitmap = nullptr;
