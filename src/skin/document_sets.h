@@ -1,26 +1,34 @@
 #pragma once
 
+#include <algorithm>
+#include <iterator>
+
 #include <qvui/skin/resource_manager.h>
 #include <qvui/skin/xml_document.h>
 
 namespace DUI {
 
-/// Reads every entry of every set of the given kinds, kind after kind: the child search goes on behind the
-/// set found last, so a set that stands before one of an earlier kind is not seen. 0 for an ill-formed
-/// document.
+/// Reads every entry of every set of the given kinds. The kinds come in their order: a set that stands behind
+/// one of a later kind is not seen. 0 for an ill-formed document.
 template <std::size_t Count>
 int CResMgr::ReadSets(const CString& xml, const SetKind (&kinds)[Count])
 {
     CXmlDocument document;
     if (!document.SetDocument(xml))
         return 0;
-    for (const SetKind& kind : kinds)
-        while (document.FindChildElement(kind.set)) {
-            document.IntoElement();
-            while (document.FindChildElement(kind.entry))
-                (this->*kind.read)(document);
-            document.OutOfElement();
-        }
+    const SetKind* kind = kinds;
+    while (document.FindChildElement()) {
+        const CString set = document.GetChildTagName();
+        const SetKind* const found =
+            std::find_if(kind, std::end(kinds), [&](const SetKind& later) { return set == later.set; });
+        if (found == std::end(kinds))
+            continue;
+        kind = found;
+        document.IntoElement();
+        while (document.FindChildElement(kind->entry))
+            (this->*kind->read)(document);
+        document.OutOfElement();
+    }
     return 1;
 }
 

@@ -5,27 +5,12 @@
 
 #include <qvui/foundation/trace.h>
 
+#include "skin/character_set.h"
+
 namespace DUI {
 namespace {
 
 constexpr std::size_t kLongestFaceName = 30;
-
-BYTE CharacterSetOf(LANGID language)
-{
-    struct Entry {
-        LANGID language;
-        BYTE characterSet;
-    };
-    static constexpr Entry kCharacterSets[] = {
-        {1041, SHIFTJIS_CHARSET},    {1028, CHINESEBIG5_CHARSET}, {3076, CHINESEBIG5_CHARSET},
-        {4100, CHINESEBIG5_CHARSET}, {2052, GB2312_CHARSET},      {1042, JOHAB_CHARSET},
-        {2066, JOHAB_CHARSET},
-    };
-    for (const Entry& entry : kCharacterSets)
-        if (entry.language == language)
-            return entry.characterSet;
-    return ANSI_CHARSET;
-}
 
 }  // namespace
 

@@ -18,7 +18,7 @@ class CXmlDocument;
 /// lists and style objects of the same name in place. Names match exactly. Operations that return int give 1
 /// for success; a document that cannot be read or is not well formed gives 0 and changes nothing. Within a
 /// document the sets of one kind must stand before those of the next: colours, cursors, fonts, images; menus,
-/// windows, plug-ins; text, frame and control styles. Sets out of order are not seen.
+/// windows, plug-ins; text, frame and control styles. A set behind one of a later kind is not seen.
 class QVUI_API CResMgr {
 public:
     CResMgr() = default;

@@ -1,0 +1,182 @@
+// Fonts, cursors and text styles.
+
+#include "skin/character_set.h"
+#include "skin/code_page.h"
+#include "skin/skin_test.h"
+
+using DUI::CCursorObject;
+using DUI::CFontObject;
+using DUI::CRefPtr;
+using DUI::CTextStyle;
+
+class FontsAndCursors : public SkinTest {};
+
+TEST_F(FontsAndCursors, ANewFontIsTheSystemsInItsCharacterSet)
+{
+    LOGFONTA system{};
+    ASSERT_NE(GetObjectA(GetStockObject(DEFAULT_GUI_FONT), sizeof system, &system), 0);
+    const CRefPtr<CFontObject> font(new CFontObject);
+    EXPECT_EQ(font->IsNull(), 1);
+    EXPECT_EQ(font->GetFont(), nullptr);
+    EXPECT_EQ(font->GetHeight(), system.lfHeight);
+    EXPECT_EQ(font->GetWeight(), system.lfWeight);
+    EXPECT_STREQ(font->GetFaceName(), system.lfFaceName);
+    ASSERT_EQ(font->CreateFontA(), 1);
+    LOGFONTA made{};
+    ASSERT_NE(GetObjectA(font->GetFont(), sizeof made, &made), 0);
+    EXPECT_EQ(made.lfCharSet, DUI::CharacterSetOf(GetSystemDefaultLangID()));
+}
+
+TEST_F(FontsAndCursors, CharacterSetsByLanguage)
+{
+    struct Case {
+        LANGID language;
+        int characterSet;
+    };
+    for (const Case& c : {Case{1041, 128},
+                          {1028, 136},
+                          {3076, 136},
+                          {4100, 136},
+                          {2052, 134},
+                          {1042, 130},
+                          {2066, 130},
+                          {1033, 0},
+                          {0, 0},
+                          {5124, 0}})
+        EXPECT_EQ(DUI::CharacterSetOf(c.language), c.characterSet) << c.language;
+}
+
+TEST_F(FontsAndCursors, SettersChangeTheNextFont)
+{
+    const CRefPtr<CFontObject> font(new CFontObject);
+    ASSERT_EQ(font->CreateFontA(), 1);
+    const HFONT before = font->GetFont();
+    font->SetHeight(-20);
+    font->SetWeight(700);
+    font->SetItalic(1);
+    font->SetUnderline(2);
+    font->SetStrikeout(0x101);
+    font->SetFaceName("DejaVu Sans");
+    EXPECT_EQ(font->GetFont(), before);
+    LOGFONTA made{};
+    GetObjectA(before, sizeof made, &made);
+    EXPECT_NE(made.lfHeight, -20);
+
+    ASSERT_EQ(font->CreateFontA(), 1);
+    ASSERT_NE(GetObjectA(font->GetFont(), sizeof made, &made), 0);
+    EXPECT_EQ(made.lfHeight, -20);
+    EXPECT_EQ(made.lfWeight, 700);
+    EXPECT_NE(made.lfItalic, 0);
+    EXPECT_NE(made.lfUnderline, 0);
+    EXPECT_STREQ(made.lfFaceName, "DejaVu Sans");
+    EXPECT_EQ(font->GetStrikeout(), 1) << "a byte";
+}
+
+TEST_F(FontsAndCursors, FaceNamesAreCutAfterThirtyBytes)
+{
+    const CRefPtr<CFontObject> font(new CFontObject);
+    font->SetFaceName(std::string(40, 'x').c_str());
+    EXPECT_EQ(font->GetFaceName(), std::string(30, 'x'));
+    font->SetFaceName(std::string(30, 'y').c_str());
+    EXPECT_EQ(font->GetFaceName(), std::string(30, 'y'));
+    font->SetFaceName(nullptr);
+    EXPECT_EQ(font->GetFaceName(), std::string(30, 'y')) << "null is ignored";
+    font->SetFaceName("");
+    EXPECT_STREQ(font->GetFaceName(), "");
+    // A character that would be cut in two is left out.
+    struct Case {
+        UINT codePage;
+        const char* character;
+        int kept;
+    };
+    for (const Case& c : {Case{65001, "\xE4\xB8\xAD", 27}, Case{936, "\xD6\xD0", 28}})
+        for (const UINT page : CodePages())
+            if (page == c.codePage) {
+                const CodePage system(page);
+                std::string name(1, 'x');
+                for (int i = 0; i < 14; ++i)
+                    name += c.character;
+                font->SetFaceName(name.c_str());
+                EXPECT_EQ(font->GetFaceName(), name.substr(0, 1 + static_cast<std::size_t>(c.kept))) << page;
+            }
+}
+
+TEST_F(FontsAndCursors, FontsTellOfTheirEnd)
+{
+    traces.KeepObjects();
+    {
+        const CRefPtr<CFontObject> font(new CFontObject);
+    }
+    EXPECT_EQ(traces.Take(), std::vector<std::string>{"CFontObject::~CFontObject(): m_hFont(0)"});
+    unsigned handle = 0;
+    {
+        const CRefPtr<CFontObject> font(new CFontObject);
+        font->CreateFontA();
+        handle = static_cast<unsigned>(reinterpret_cast<ULONG_PTR>(font->GetFont()));
+    }
+    EXPECT_EQ(traces.Take(), std::vector<std::string>{"CFontObject::~CFontObject(): m_hFont(" +
+                                                      std::to_string(handle) + ")"});
+}
+
+TEST_F(FontsAndCursors, CursorsComeFromFiles)
+{
+    folder.WriteCursor("a.cur");
+    folder.WriteCursor("b.cur");
+    folder.Write("broken.cur", "no cursor");
+    const CRefPtr<CCursorObject> cursor(new CCursorObject);
+    EXPECT_EQ(cursor->IsNull(), 1);
+    EXPECT_EQ(cursor->CreateFromFile(SkinFolder::LibraryPath("a.cur").c_str()), 1);
+    EXPECT_EQ(cursor->IsNull(), 0);
+    EXPECT_NE(cursor->GetCursor(), nullptr);
+    const qvui::test::LiveObjects one = qvui::test::LiveObjects::Count();
+    EXPECT_EQ(cursor->CreateFromFile(SkinFolder::LibraryPath("b.cur").c_str()), 1);
+    EXPECT_EQ(one.Leaked(qvui::test::LiveObjects::Count()), "") << "the first one is gone";
+    for (const char* file : {"broken.cur", "missing.cur"}) {
+        EXPECT_EQ(cursor->CreateFromFile(SkinFolder::LibraryPath(file).c_str()), 0) << file;
+        EXPECT_EQ(cursor->GetCursor(), nullptr) << file;
+    }
+    EXPECT_EQ(cursor->CreateFromResource(GetModuleHandleA(nullptr), "4711"), 0);
+    EXPECT_EQ(cursor->CreateFromResource(GetModuleHandleA(nullptr), nullptr), 0);
+}
+
+TEST_F(FontsAndCursors, CursorsTellOfTheirLife)
+{
+    folder.WriteCursor("a.cur");
+    traces.KeepObjects();
+    unsigned handle = 0;
+    {
+        const CRefPtr<CCursorObject> cursor(new CCursorObject);
+        EXPECT_EQ(traces.Take(), std::vector<std::string>{"CCursorObject::CCursorObject()"});
+        cursor->CreateFromFile(SkinFolder::LibraryPath("a.cur").c_str());
+        handle = static_cast<unsigned>(reinterpret_cast<ULONG_PTR>(cursor->GetCursor()));
+    }
+    EXPECT_EQ(traces.Take(), std::vector<std::string>{"CCursorObject::~CCursorObject(): m_hCursor(" +
+                                                      std::to_string(handle) + ")"});
+}
+
+TEST_F(FontsAndCursors, CopiesOfATextStyleShareItsFonts)
+{
+    const CRefPtr<CFontObject> normal(new CFontObject);
+    const CRefPtr<CFontObject> hover(new CFontObject);
+    CTextStyle style;
+    EXPECT_EQ(style.GetTextFormat(), 0U);
+    EXPECT_TRUE(style.GetSelectFont().IsNull());
+    EXPECT_TRUE(style.GetDisableColor().IsEmpty());
+    style.SetTextFormat(37);
+    style.SetNormalFont(normal);
+    style.SetHoverFont(hover);
+    style.SetDisableColor({1, 2, 3, 4});
+    style.SetTextStyleName("name");
+    const CTextStyle copy(style);
+    CTextStyle assigned;
+    assigned = style;
+    for (const CTextStyle* other : {&copy, static_cast<const CTextStyle*>(&assigned)}) {
+        EXPECT_EQ(other->GetTextFormat(), 37U);
+        EXPECT_EQ(other->GetNormalFont().GetPtr(), normal.GetPtr());
+        EXPECT_EQ(other->GetHoverFont().GetPtr(), hover.GetPtr());
+        EXPECT_EQ(Bits(other->GetDisableColor()), 0x04010203U);
+        EXPECT_STREQ(other->GetTextStyleName(), "name");
+        EXPECT_EQ(other->GetRefCount(), 0);
+    }
+    EXPECT_EQ(normal->GetRefCount(), 4);
+}

@@ -1,0 +1,165 @@
+// Resolving names, and loading documents, images and cursors from files.
+
+#include <memory>
+
+#include "skin/code_page.h"
+#include "skin/skin_test.h"
+
+using DUI::CDUIImageListPtr;
+using DUI::CResLoader;
+using DUI::ResolveSkinPath;
+
+TEST(SkinPath, IsRelativeToTheExecutable)
+{
+    struct Case {
+        const char* directory;
+        const char* name;
+        const char* path;
+    };
+    const std::vector<Case> cases{
+        {"C:\\App\\bin", "skin/main.xml", "C:\\App\\bin\\skin\\main.xml"},
+        {"C:\\App\\bin", "skin\\main.xml", "C:\\App\\bin\\skin\\main.xml"},
+        {"C:\\App\\bin", ".\\skin\\a.png", "C:\\App\\bin\\skin\\a.png"},
+        {"C:\\App\\bin", "./skin/a.png", "C:\\App\\bin\\skin\\a.png"},
+        {"C:\\App\\bin", "..\\res\\a.png", "C:\\App\\res\\a.png"},
+        {"C:\\App\\bin", "../../a.png", "C:\\App\\a.png"},
+        {"C:\\App", "..\\a.png", "C:\\App\\a.png"},
+        {"C:\\App", "..\\..\\..\\a.png", "C:\\App\\a.png"},
+        {"C:\\App\\bin", "", "C:\\App\\bin"},
+        {"C:\\App\\bin", "\\a.png", "C:\\App\\bin\\a.png"},
+        {"C:\\App\\bin", "/a.png", "C:\\App\\bin\\a.png"},
+        {"C:\\App\\bin", "D:\\a.png", "C:\\App\\bin\\D:\\a.png"},
+        {"C:\\App\\bin", "a\\..\\b.png", "C:\\App\\bin\\a\\..\\b.png"},
+        {"C:\\App\\bin", ".\\..\\b.png", "C:\\App\\b.png"},
+        {"C:\\App\\bin", "..\\.\\b.png", "C:\\App\\.\\b.png"},
+        {"C:\\App\\bin", ".\\.\\b.png", "C:\\App\\bin\\.\\b.png"},
+        // Too short to be taken apart.
+        {"C:\\App\\bin", ".\\", "C:\\App\\bin\\.\\"},
+        {"C:\\App\\bin", "..\\", "C:\\App\\bin\\..\\"},
+        {"C:\\App\\bin", "..", "C:\\App\\bin\\.."},
+        {"C:\\App\\bin", "..\\a", "C:\\App\\a"},
+        {"\\usr\\lib\\app", "..\\share/a.xml", "\\usr\\lib\\share\\a.xml"},
+        {"\\app", "..\\a.xml", "\\a.xml"},
+        {"\\app", "..\\..\\a.xml", "\\a.xml"},
+        {"", "a.xml", "\\a.xml"},
+        {"app", "..\\a.xml", "app\\a.xml"},
+    };
+    for (const Case& c : cases)
+        EXPECT_STREQ(ResolveSkinPath(c.directory, c.name), c.path) << c.directory << " " << c.name;
+}
+
+TEST(SkinPath, DoesNotSplitCharacters)
+{
+    // In code page 936 the second byte of this character is a back-slash.
+    for (const UINT page : CodePages())
+        if (page == 936) {
+            const CodePage system(page);
+            EXPECT_STREQ(ResolveSkinPath("C:\\App\\\x81\x5C", "..\\a.png"), "C:\\App\\a.png");
+            EXPECT_STREQ(ResolveSkinPath("C:\\App", "\x81\x5C.png"), "C:\\App\\\x81\x5C.png");
+        }
+}
+
+class ResourceLoader : public SkinTest {
+protected:
+    CResLoader loader;
+};
+
+TEST_F(ResourceLoader, LoadsImagesFromFiles)
+{
+    folder.WriteStrip("a.png", {0xFFFF0000, 0x80C86432});
+    const CDUIImageListPtr list = loader.LoadImageFromFile(SkinFolder::Name("a.png"));
+    ASSERT_TRUE(list && !list->IsNull());
+    EXPECT_EQ(list->GetWidth(), 16);
+    EXPECT_EQ(IconColor(list, 0), 0xFFFF0000U);
+    EXPECT_EQ(IconColor(list, 1), 0x80643219U) << "premultiplied";
+
+    const CDUIImageListPtr missing = loader.LoadImageFromFile("./skin-test/missing.png");
+    ASSERT_TRUE(missing) << "a list without a picture";
+    EXPECT_TRUE(missing->IsNull());
+    EXPECT_EQ(traces.Take(),
+              std::vector<std::string>{
+                  "CResLoader::LoadImageFromFile: failed to load image(./skin-test/missing.png)"});
+}
+
+TEST_F(ResourceLoader, ReloadsImagesInPlace)
+{
+    folder.WriteStrip("a.png", {0xFFFF0000});
+    folder.WriteStrip("b.png", {0xFF00FF00});
+    folder.Write("broken.png", folder.Read("a.png").substr(0, 40));
+    const CDUIImageListPtr list = loader.LoadImageFromFile(SkinFolder::Name("a.png"));
+    const CDUIImageListPtr copy = std::make_shared<DUI::CDUIImageList>(*list);
+    EXPECT_EQ(loader.LoadImageFromFile(SkinFolder::Name("b.png"), list), 1);
+    EXPECT_EQ(IconColor(list), 0xFF00FF00U);
+    EXPECT_EQ(IconColor(copy), 0xFF00FF00U) << "copies share the picture";
+    EXPECT_EQ(loader.LoadImageFromFile(SkinFolder::Name("b.png"), nullptr), 0);
+    EXPECT_EQ(traces.Take(), std::vector<std::string>{}) << "no list is no failure to load";
+    EXPECT_EQ(loader.LoadImageFromFile(SkinFolder::Name("broken.png"), list), 0);
+    EXPECT_TRUE(list->IsNull());
+    EXPECT_EQ(traces.Take().size(), 1U);
+}
+
+TEST_F(ResourceLoader, LoadsRawImages)
+{
+    folder.WriteStrip("a.png", {0x80FF0000});
+    const std::unique_ptr<CImage> image(loader.LoadRawImage(SkinFolder::Name("a.png")));
+    ASSERT_TRUE(image);
+    EXPECT_EQ(*static_cast<std::uint32_t*>(image->GetPixelAddress(0, 0)), 0x80FF0000U) << "straight alpha";
+    EXPECT_EQ(loader.LoadRawImage("missing.png"), nullptr);
+    EXPECT_EQ(traces.Take(),
+              std::vector<std::string>{"CResLoader::LoadImageFromFile: failed to load image(missing.png)"});
+}
+
+TEST_F(ResourceLoader, LoadsCursorsFromFiles)
+{
+    folder.WriteCursor("a.cur");
+    const auto cursor = loader.LoadCursorFromFile(SkinFolder::Name("a.cur"));
+    ASSERT_FALSE(cursor.IsNull());
+    EXPECT_EQ(cursor->IsNull(), 0);
+    const auto missing = loader.LoadCursorFromFile("missing.cur");
+    ASSERT_FALSE(missing.IsNull()) << "an object without a cursor";
+    EXPECT_EQ(missing->IsNull(), 1);
+    EXPECT_EQ(traces.Take(),
+              std::vector<std::string>{"CResLoader::LoadCursorFromFile: failed to load cursor(missing.cur)"});
+}
+
+TEST_F(ResourceLoader, LoadsWellFormedDocuments)
+{
+    folder.Write("good.xml", "<a>1</a>");
+    folder.Write("wide.xml", std::string_view("\xFF\xFE<\0a\0>\0001\0<\0/\0a\0>\0", 18));
+    folder.Write("bad.xml", "<a>");
+    CString xml;
+    EXPECT_EQ(loader.LoadXMLFromFile(SkinFolder::Name("good.xml"), xml), 1);
+    EXPECT_STREQ(xml, "<a>1</a>");
+    xml.Empty();
+    EXPECT_EQ(loader.LoadXMLFromFile("skin-test/wide.xml", xml), 1);
+    EXPECT_STREQ(xml, "<a>1</a>");
+    for (const char* file : {"bad.xml", "missing.xml"}) {
+        EXPECT_EQ(loader.LoadXMLFromFile(("skin-test/" + std::string(file)).c_str(), xml), 0);
+        EXPECT_STREQ(xml, "<a>1</a>") << "untouched";
+        EXPECT_EQ(traces.Take(), std::vector<std::string>{"CResLoader::LoadXMLFromFile: can not open file(" +
+                                                          SkinFolder::LibraryPath(file) + ")"});
+    }
+}
+
+TEST_F(ResourceLoader, ModulesThatAreNoneGiveNothing)
+{
+    folder.Write("text.dll", "no module");
+    for (const char* module : {"text.dll", "missing.dll"}) {
+        const CString name = SkinFolder::Name(module);
+        CString xml("before");
+        EXPECT_EQ(loader.LoadLibraryA(name), nullptr) << module;
+        EXPECT_EQ(loader.LoadImageFromDll(name, "1", "PNG"), nullptr) << module;
+        EXPECT_TRUE(loader.LoadCursorFromDll(name, "1", "CURSOR").IsNull()) << module;
+        EXPECT_EQ(loader.LoadXMLFromDll(name, "1", "XML", xml), 0) << module;
+        EXPECT_STREQ(xml, "before");
+    }
+    CString xml("before");
+    EXPECT_EQ(loader.LoadXMLFromExe("4711", "NOTHING", xml), 0);
+    EXPECT_STREQ(xml, "before");
+    ASSERT_TRUE(loader.LoadImageFromExe("4711", "NOTHING"));
+    ASSERT_FALSE(loader.LoadCursorFromExe("4711", "NOTHING").IsNull());
+    EXPECT_EQ(traces.Take(),
+              (std::vector<std::string>{
+                  "CResLoader::LoadImageFromResource: failed to load image(id-4711, type:NOTHING)",
+                  "CResLoader::LoadCursorFromResource: failed to load cursor(id-4711, type:NOTHING)"}));
+}

@@ -1,0 +1,497 @@
+// Strings, colours, templates, and the records with the objects made from them.
+
+#include <map>
+
+#include "skin/code_page.h"
+#include "skin/skin_test.h"
+
+using DUI::CARGB;
+using DUI::CDUIImageListPtr;
+using DUI::CFontObject;
+using DUI::CRefPtr;
+using DUI::CResMgr;
+
+class ResourceManager : public SkinTest {
+protected:
+    std::string String(const char* id)
+    {
+        CString text("-");
+        const int found = manager.GetString(id, text);
+        return found ? text.GetString() : "(none)";
+    }
+
+    CResMgr manager;
+};
+
+TEST_F(ResourceManager, StringsKeepTheFirstOfAnId)
+{
+    EXPECT_EQ(manager.ParseAllString(Document(R"(
+        <string id="a">first</string><string id="a">second</string><string id="A">capital</string>
+        <string id="">no id</string><string>no id</string><string id="empty"></string><string id="none"/>
+        <strings id="other">x</strings><string id="b">&lt;b&gt; <![CDATA[ x ]]></string>
+        <string id="c"><![CDATA[1 < 2]]></string><string id="&lt;d&gt;"> d </string>)")),
+              1);
+    EXPECT_EQ(String("a"), "first");
+    EXPECT_EQ(String("A"), "capital");
+    for (const char* id : {"", "empty", "none", "other", "B"})
+        EXPECT_EQ(String(id), "(none)") << id;
+    EXPECT_EQ(String("c"), "1 < 2");
+    EXPECT_EQ(String("<d>"), " d ");
+    manager.ParseAllString(Document(R"(<string id="a">third</string><string id="e">new</string>)"));
+    EXPECT_EQ(String("a"), "first");
+    EXPECT_EQ(String("e"), "new");
+    manager.ClearAllString();
+    EXPECT_EQ(String("a"), "(none)");
+}
+
+TEST_F(ResourceManager, AStringIdMayBeItsOwnText)
+{
+    manager.ParseAllString(Document(R"(<string id="#x">never</string>)"));
+    EXPECT_EQ(String("#"), "");
+    EXPECT_EQ(String("#x"), "x");
+    EXPECT_EQ(String("##x"), "#x");
+    CString text("before");
+    EXPECT_EQ(manager.GetString("unknown", text), 0);
+    EXPECT_STREQ(text, "before");
+}
+
+TEST_F(ResourceManager, IllFormedDocumentsChangeNothing)
+{
+    manager.ParseAllString(Document(R"(<string id="a">1</string>)"));
+    for (const char* text : {"", "<root>", "<root/><root/>", "<root><string id=\"a\">2</root>"}) {
+        EXPECT_EQ(manager.ParseAllString(text), 0) << text;
+        EXPECT_EQ(manager.ParseDUIResource(text), 0) << text;
+        EXPECT_EQ(manager.ParseTemplateStyle(text), 0) << text;
+        EXPECT_EQ(manager.ParseStyleResource(text), 0) << text;
+    }
+    EXPECT_EQ(String("a"), "1");
+    for (const char* text : {"<root/>", "<any_name><unknown/></any_name>"})
+        EXPECT_EQ(manager.ParseDUIResource(text), 1) << text;
+}
+
+TEST_F(ResourceManager, TemplatesKeepTheLastOfAName)
+{
+    EXPECT_EQ(manager.ParseTemplateStyle(Document(
+                  R"(<menu_template><menu name="m"><item/></menu><window name="not a menu"/></menu_template>
+<menu_template><menu name="m2"/></menu_template>
+<window_template><window name="w" caption="1"/><window name="w" caption="2"><b/></window>
+</window_template><plugin_set><plugin name="p" file="x"/><plugin>nameless</plugin></plugin_set>)")),
+              1);
+    CString xml;
+    EXPECT_EQ(manager.GetMenuTemplate("m", xml), 1);
+    EXPECT_STREQ(xml, R"(<menu name="m"><item/></menu>)");
+    EXPECT_EQ(manager.GetMenuTemplate("m2", xml), 1) << "a set may come again";
+    EXPECT_EQ(manager.GetWindowTemplate("w", xml), 1);
+    EXPECT_STREQ(xml, "<window name=\"w\" caption=\"2\"><b/></window>\n");
+    EXPECT_EQ(manager.GetPlugin("p", xml), 1);
+    EXPECT_EQ(manager.GetPlugin("", xml), 1) << "an empty name is a name";
+    EXPECT_STREQ(xml, "<plugin>nameless</plugin>");
+    xml = "before";
+    for (const char* name : {"not a menu", "M", "w"})
+        EXPECT_EQ(manager.GetMenuTemplate(name, xml), 0) << name;
+    EXPECT_EQ(manager.GetWindowTemplate("m", xml), 0);
+    EXPECT_STREQ(xml, "before");
+    manager.ParseTemplateStyle(
+        Document(R"(<window_template><window name="w" caption="3"/></window_template>)"));
+    EXPECT_EQ(manager.GetWindowTemplate("w", xml), 1);
+    EXPECT_STREQ(xml, R"(<window name="w" caption="3"/>)");
+    manager.ClearTemplate();
+    EXPECT_EQ(
+        manager.GetWindowTemplate("w", xml) + manager.GetMenuTemplate("m", xml) + manager.GetPlugin("p", xml),
+        0);
+}
+
+TEST_F(ResourceManager, SetsBehindALaterKindAreNotSeen)
+{
+    manager.ParseDUIResource(Document(R"(
+        <unknown/><color_set><color name="a" value="#FF000001"/></color_set><cursor_set/>
+        <color_set><color name="lost" value="#FF000002"/></color_set>
+        <font_set><font name="f" height="7" default="true"/></font_set>
+        <font_set><font name="g" height="8" default="true"/></font_set>)"));
+    EXPECT_EQ(Bits(manager.GetColor("a")), 0xFF000001U);
+    EXPECT_TRUE(manager.GetColor("lost").IsEmpty());
+    EXPECT_EQ(manager.GetDefaultFont()->GetHeight(), 8) << "a kind may have several sets";
+    manager.ParseDUIResource(
+        Document(R"(<font_set/><color_set><color name="lost" value="#FF000003"/></color_set>)"));
+    EXPECT_TRUE(manager.GetColor("lost").IsEmpty());
+    manager.ParseTemplateStyle(
+        Document(R"(<window_template/><menu_template><menu name="lost"/></menu_template>)"));
+    CString xml;
+    EXPECT_EQ(manager.GetMenuTemplate("lost", xml), 0);
+}
+
+TEST_F(ResourceManager, ColoursAreLiteralsOrNamesOfLiterals)
+{
+    manager.ParseDUIResource(Document(R"x(<color_set>
+        <color name="a" value="#80112233"/><color name="mixed" value="rgb(1,2,3)"/><color name="a2" value="a"/>
+        <color name="word" value="red"/><color name="" value="#FF000000"/><color name="none" value=""/>
+        <color name="twice" value="#FF000001"/><color name="twice" value="#FF000002"/>
+        <color name="kept" value="#FF000003"/><color name="kept" value="nonsense"/></color_set>)x"));
+    struct Case {
+        const char* name;
+        int found;
+        std::uint32_t color;
+    };
+    const std::vector<Case> cases{
+        {"a", 1, 0x80112233},
+        {"mixed", 1, 0xFF010203},
+        {"a2", 0, 0},
+        {"word", 0, 0},
+        {"", 0, 0},
+        {"none", 0, 0},
+        {"A", 0, 0},
+        {"twice", 1, 0xFF000002},
+        {"kept", 1, 0xFF000003},
+        {"#FF445566", 1, 0xFF445566},
+        {"#445566", 1, 0x445566},
+        {"RGB(9,8,7)", 1, 0xFF090807},
+        {"#zz", 1, 0},
+        {"#", 0, 0},
+    };
+    for (const Case& c : cases) {
+        CARGB color(9, 9, 9, 9);
+        EXPECT_EQ(manager.GetColor(c.name, color), c.found) << c.name;
+        EXPECT_EQ(Bits(color), c.found ? c.color : 0x09090909U) << c.name;
+        EXPECT_EQ(Bits(manager.GetColor(c.name)), c.color) << c.name;
+        CARGB literal(9, 9, 9, 9);
+        const bool isLiteral = c.name[0] == '#' && c.name[1] != '\0';
+        EXPECT_EQ(manager.GetColorFromString(c.name, literal) != 0, isLiteral || c.name[0] == 'R') << c.name;
+    }
+    manager.ClearDUIResource();
+    EXPECT_TRUE(manager.GetColor("a").IsEmpty());
+}
+
+// --- images
+// -------------------------------------------------------------------------------------------------
+
+TEST_F(ResourceManager, ImagesAreSharedOrNew)
+{
+    folder.WriteStrip("a.png", {0xFFFF0000, 0xFF00FF00});
+    manager.ParseDUIResource(Document(
+        R"(<image_set><image name="a" config_type="FILE" file_name="skin-test\a.png" count="2"/></image_set>)"));
+    const CDUIImageListPtr own = manager.GetImage("a", 0);
+    const CDUIImageListPtr shared = manager.GetImage("a", 1);
+    ASSERT_TRUE(own && shared);
+    EXPECT_NE(own, manager.GetImage("a", 0));
+    EXPECT_NE(own, shared);
+    EXPECT_EQ(manager.GetImage("a", 1), shared);
+    EXPECT_EQ(manager.GetImage("a", 2), shared);
+    EXPECT_EQ(IconColor(shared, 1), 0xFF00FF00U);
+    EXPECT_EQ(manager.GetImage("A", 1), nullptr);
+    EXPECT_EQ(manager.GetImage("", 1), nullptr);
+}
+
+TEST_F(ResourceManager, ImageAttributesSayHowItIsDrawn)
+{
+    struct Case {
+        const char* attributes;
+        int count;
+        int direction;
+        int style;
+        int cornerWidth, cornerHeight;
+    };
+    const std::vector<Case> cases{
+        {R"()", 1, 0, 0, 0, 0},
+        {R"(count="3")", 3, 0, 0, 0, 0},
+        {R"(count="0")", 1, 0, 0, 0, 0},
+        {R"(count="-2")", 1, 0, 0, 0, 0},
+        {R"(count="4 icons")", 4, 0, 0, 0, 0},
+        {R"(count="many")", 1, 0, 0, 0, 0},
+        {R"(direction="vert")", 1, 1, 0, 0, 0},
+        {R"(direction="VERT")", 1, 1, 0, 0, 0},
+        {R"(direction="horz")", 1, 0, 0, 0, 0},
+        {R"(drawstyle="stretch")", 1, 0, 1, 0, 0},
+        {R"(drawstyle="Stretch_Horz")", 1, 0, 2, 0, 0},
+        {R"(drawstyle="stretch_vert")", 1, 0, 3, 0, 0},
+        {R"(drawstyle="SQUARD")", 1, 0, 4, 0, 0},
+        {R"(drawstyle="tile")", 1, 0, 5, 0, 0},
+        {R"(drawstyle="stretched")", 1, 0, 0, 0, 0},
+        {R"(corner="4,6")", 1, 0, 0, 4, 6},
+        {R"(corner=" 4, 6 ")", 1, 0, 0, 4, 6},
+        {R"(corner="4")", 1, 0, 0, 0, 0},
+        {R"(corner="x,6")", 1, 0, 0, 0, 0},
+        {R"(alpha="10" mask_color="#FF00FF")", 1, 0, 0, 0, 0},
+        {R"(count="2" direction="vert" drawstyle="squard" corner="1,2")", 2, 1, 4, 1, 2},
+    };
+    folder.WriteStrip("a.png", {0xFFFF0000});
+    for (const Case& c : cases) {
+        CResMgr fresh;
+        fresh.ParseDUIResource(
+            Document(R"(<image_set><image name="a" config_type="file" file_name="skin-test\a.png" )" +
+                     std::string(c.attributes) + "/></image_set>"));
+        const CDUIImageListPtr list = fresh.GetImage("a", 1);
+        ASSERT_TRUE(list && !list->IsNull());
+        EXPECT_EQ(list->GetItemCount(), c.count) << c.attributes;
+        EXPECT_EQ(list->GetImageDirection(), c.direction) << c.attributes;
+        EXPECT_EQ(list->GetDrawStyle(), c.style) << c.attributes;
+        EXPECT_EQ(list->GetCornerWidth(), c.cornerWidth) << c.attributes;
+        EXPECT_EQ(list->GetCornerHeight(), c.cornerHeight) << c.attributes;
+    }
+}
+
+TEST_F(ResourceManager, ImagesThatCannotBeMade)
+{
+    manager.ParseDUIResource(Document(R"(<image_set>
+        <image name="missing" config_type="file" file_name="no.png" count="4"/>
+        <image name="module" config_type="dll" file_name="no.dll" resource_id="1" resource_type="PNG"/>
+        <image name="own" config_type="exe" resource_id="7" resource_type="NONE"/>
+        <image name="elsewhere" config_type="web" file_name="a.png"/><image name="bare"/>
+        <image config_type="file" file_name="nameless.png"/></image_set>)"));
+    const CDUIImageListPtr missing = manager.GetImage("missing", 1);
+    ASSERT_TRUE(missing);
+    EXPECT_TRUE(missing->IsNull());
+    EXPECT_EQ(missing->GetItemCount(), 1) << "attributes belong to pictures";
+    EXPECT_NE(manager.GetImage("missing", 1), missing) << "tried again";
+    EXPECT_EQ(manager.GetImage("module", 1), nullptr);
+    EXPECT_TRUE(manager.GetImage("own", 1)->IsNull());
+    for (const char* name : {"elsewhere", "bare", ""})
+        EXPECT_EQ(manager.GetImage(name, 1), nullptr) << name;
+    EXPECT_EQ(traces.Take(),
+              (std::vector<std::string>{
+                  "CResLoader::LoadImageFromFile: failed to load image(no.png)",
+                  "CResLoader::LoadImageFromFile: failed to load image(no.png)",
+                  "CResLoader::LoadImageFromResource: failed to load image(id-7, type:NONE)"}));
+}
+
+TEST_F(ResourceManager, ReloadingShowsTheNewPictureToAllHolders)
+{
+    folder.WriteStrip("a.png", {0xFFFF0000});
+    folder.WriteStrip("b.png", {0xFF00FF00});
+    const auto load = [&](const char* file) {
+        manager.ParseDUIResource(
+            Document(R"(<image_set><image name="bk" config_type="file" file_name="skin-test\)" +
+                     std::string(file) + "\"/></image_set>"));
+    };
+    load("a.png");
+    const CDUIImageListPtr own = manager.GetImage("bk", 0);
+    load("b.png");
+    EXPECT_EQ(IconColor(own), 0xFFFF0000U) << "a private list stays as it is";
+    const CDUIImageListPtr shared = manager.GetImage("bk", 1);
+    EXPECT_EQ(IconColor(shared), 0xFF00FF00U);
+    load("a.png");
+    EXPECT_EQ(IconColor(shared), 0xFFFF0000U);
+    EXPECT_EQ(manager.GetImage("bk", 1), shared);
+    load("no.png");
+    EXPECT_TRUE(shared->IsNull());
+    EXPECT_EQ(traces.Take().size(), 1U);
+    load("b.png");
+    EXPECT_EQ(IconColor(shared), 0xFF00FF00U) << "the list of the record comes back";
+    manager.ClearDUIResource();
+    EXPECT_EQ(manager.GetImage("bk", 1), nullptr);
+    EXPECT_EQ(IconColor(shared), 0xFF00FF00U) << "who holds it keeps it";
+}
+
+// --- cursors
+// ------------------------------------------------------------------------------------------------
+
+TEST_F(ResourceManager, CursorsAreSharedOrNewAndStayWhenTheSkinChanges)
+{
+    folder.WriteCursor("a.cur");
+    manager.ParseDUIResource(Document(R"(<cursor_set>
+        <cursor name="hand" config_type="file" file_name="skin-test\a.cur"/>
+        <cursor name="missing" config_type="file" file_name="no.cur"/><cursor name="bare"/></cursor_set>)"));
+    const auto shared = manager.GetCursor("hand", 1);
+    ASSERT_FALSE(shared.IsNull());
+    EXPECT_EQ(shared->IsNull(), 0);
+    EXPECT_EQ(manager.GetCursor("hand", 1).GetPtr(), shared.GetPtr());
+    EXPECT_NE(manager.GetCursor("hand", 0).GetPtr(), shared.GetPtr());
+    EXPECT_TRUE(manager.GetCursor("Hand", 1).IsNull());
+    EXPECT_TRUE(manager.GetCursor("bare", 1).IsNull());
+    const auto missing = manager.GetCursor("missing", 1);
+    EXPECT_EQ(missing->IsNull(), 1);
+    EXPECT_EQ(manager.GetCursor("missing", 1).GetPtr(), missing.GetPtr())
+        << "an object is kept, cursor or not";
+    EXPECT_EQ(traces.Take().size(), 1U);
+    manager.ParseDUIResource(
+        Document(R"(<cursor_set><cursor name="hand" config_type="file" file_name="no.cur"/></cursor_set>)"));
+    EXPECT_EQ(manager.GetCursor("hand", 1).GetPtr(), shared.GetPtr());
+    EXPECT_EQ(manager.GetCursor("hand", 0)->IsNull(), 1) << "the record is the new skin's";
+    EXPECT_EQ(traces.Take().size(), 1U);
+}
+
+// --- fonts
+// --------------------------------------------------------------------------------------------------
+
+TEST_F(ResourceManager, FontAttributesDescribeTheFont)
+{
+    const CRefPtr<CFontObject> plain(new CFontObject);
+    const int height = plain->GetHeight();
+    const int weight = plain->GetWeight();
+    struct Case {
+        const char* attributes;
+        int height, weight, italic, underline, strikeout;
+    };
+    const std::vector<Case> cases{
+        {R"()", height, weight, 0, 0, 0},
+        {R"(height="-12")", -12, weight, 0, 0, 0},
+        {R"(height="20px")", 20, weight, 0, 0, 0},
+        {R"(height="tall")", 0, weight, 0, 0, 0},
+        {R"(weight="700")", height, 700, 0, 0, 0},
+        {R"(weight="0")", height, 0, 0, 0, 0},
+        {R"(weight="999")", height, 999, 0, 0, 0},
+        {R"(weight="1000")", height, weight, 0, 0, 0},
+        {R"(weight="-1")", height, weight, 0, 0, 0},
+        {R"(italic="true" underline="TRUE" strikeout="True")", height, weight, 1, 1, 1},
+        {R"(italic="1" underline="yes" strikeout="false")", height, weight, 0, 0, 0},
+    };
+    for (const Case& c : cases) {
+        manager.ParseDUIResource(
+            Document(R"(<font_set><font name="f" )" + std::string(c.attributes) + "/></font_set>"));
+        const CRefPtr<CFontObject> font = manager.GetFont("f", 0);
+        ASSERT_FALSE(font.IsNull());
+        EXPECT_EQ(font->IsNull(), 0) << c.attributes;
+        EXPECT_EQ(font->GetHeight(), c.height) << c.attributes;
+        EXPECT_EQ(font->GetWeight(), c.weight) << c.attributes;
+        EXPECT_EQ(font->GetItalic(), c.italic) << c.attributes;
+        EXPECT_EQ(font->GetUnderline(), c.underline) << c.attributes;
+        EXPECT_EQ(font->GetStrikeout(), c.strikeout) << c.attributes;
+    }
+}
+
+TEST_F(ResourceManager, FaceNamesAreStringIds)
+{
+    const std::string system = CRefPtr<CFontObject>(new CFontObject)->GetFaceName();
+    manager.ParseAllString(Document(R"(<string id="face">DejaVu Serif</string>)"));
+    struct Case {
+        const char* facename;
+        std::string face;
+    };
+    for (const Case& c :
+         {Case{"#DejaVu Sans", "DejaVu Sans"}, Case{"face", "DejaVu Serif"}, Case{"unknown", system},
+          Case{"", system}, Case{"#", ""},
+          Case{"#a name of a face that is much too long", "a name of a face that is much "}}) {
+        manager.ParseDUIResource(
+            Document(R"(<font_set><font name="f" facename=")" + std::string(c.facename) + "\"/></font_set>"));
+        EXPECT_EQ(manager.GetFont("f", 0)->GetFaceName(), c.face) << c.facename;
+    }
+}
+
+TEST_F(ResourceManager, TheYaHeiFaceMayBeSwitchedOff)
+{
+    const std::map<UINT, std::string> names{{65001, "\xE5\xBE\xAE\xE8\xBD\xAF\xE9\x9B\x85\xE9\xBB\x91"},
+                                            {936, "\xCE\xA2\xC8\xED\xD1\xC5\xBA\xDA"}};
+    const std::string inCodePage936 = names.at(936);
+    for (const UINT page : CodePages()) {
+        const CodePage system(page);
+        const auto known = names.find(page);
+        const std::string name = known == names.end() ? inCodePage936 : known->second;
+        CResMgr fresh;
+        fresh.ParseDUIResource(Document("<font_set><font name=\"f\" facename=\"#" + name +
+                                        "\"/><font name=\"other\" facename=\"#" + name + "x\"/></font_set>"));
+        EXPECT_TRUE(CResMgr::IsYaHeiEnabled());
+        EXPECT_EQ(fresh.GetFont("f", 0)->GetFaceName(), name) << page;
+        CResMgr::SetYaHeiEnabled(FALSE);
+        EXPECT_STREQ(fresh.GetFont("f", 0)->GetFaceName(), "") << "without a string for it, in " << page;
+        fresh.ParseAllString(Document(R"(<string id="ids_def_font_txt_name">Other</string>)"));
+        EXPECT_STREQ(fresh.GetFont("f", 0)->GetFaceName(), "Other") << page;
+        EXPECT_EQ(fresh.GetFont("other", 0)->GetFaceName(), name + "x") << page;
+        CResMgr::SetYaHeiEnabled(TRUE);
+    }
+}
+
+TEST_F(ResourceManager, FontsAreSharedOrNew)
+{
+    manager.ParseDUIResource(Document(R"(<font_set><font name="a" height="10"/></font_set>)"));
+    const CRefPtr<CFontObject> shared = manager.GetFont("a", 1);
+    EXPECT_EQ(manager.GetFont("a", 1).GetPtr(), shared.GetPtr());
+    EXPECT_NE(manager.GetFont("a", 0).GetPtr(), shared.GetPtr());
+    manager.ParseDUIResource(Document(R"(<font_set><font name="a" height="20"/></font_set>)"));
+    EXPECT_EQ(manager.GetFont("a", 1).GetPtr(), shared.GetPtr()) << "the record keeps the font made before";
+    EXPECT_EQ(shared->GetHeight(), 10);
+    EXPECT_EQ(manager.GetFont("a", 0)->GetHeight(), 20) << "but is the new skin's";
+}
+
+TEST_F(ResourceManager, TheDefaultFontIsChosenOnce)
+{
+    struct Case {
+        const char* name;
+        const char* fonts;
+        int height;  // 0: none yet
+    };
+    const std::vector<Case> cases{
+        {"marked", R"(<font name="b" height="11"/><font name="a" height="12" default="TRUE"/>)", 12},
+        {"marked twice",
+         R"(<font name="a" height="11" default="true"/><font name="b" height="12" default="true"/>)", 12},
+        {"marked without a name", R"(<font height="13" default="true"/>)", 13},
+        {"not marked: the first by name, which is not made yet",
+         R"(<font name="b" height="11"/><font name="a"/>)", 0},
+        {"marked as false", R"(<font name="a" height="11" default="false"/>)", 0},
+    };
+    for (const Case& c : cases) {
+        CResMgr fresh;
+        fresh.ParseDUIResource(Document("<font_set>" + std::string(c.fonts) + "</font_set>"));
+        const CRefPtr<CFontObject> font = fresh.GetDefaultFont();
+        EXPECT_EQ(font.IsNull() ? 0 : font->GetHeight(), c.height) << c.name;
+        EXPECT_EQ(fresh.GetFont("", 1).GetPtr(), font.GetPtr()) << c.name;
+        EXPECT_EQ(fresh.GetFont("unknown", 0).GetPtr(), font.GetPtr()) << c.name;
+    }
+}
+
+TEST_F(ResourceManager, TheDefaultFontIsARecordsFont)
+{
+    manager.ParseDUIResource(
+        Document(R"(<font_set><font name="b" height="11"/><font name="a" height="12"/></font_set>)"));
+    EXPECT_TRUE(manager.GetDefaultFont().IsNull());
+    manager.GetFont("b", 1);
+    EXPECT_TRUE(manager.GetDefaultFont().IsNull()) << "a comes first";
+    const CRefPtr<CFontObject> first = manager.GetFont("a", 1);
+    EXPECT_EQ(manager.GetDefaultFont().GetPtr(), first.GetPtr());
+    manager.ParseDUIResource(Document(R"(<font_set><font name="b" height="13" default="true"/></font_set>)"));
+    EXPECT_EQ(manager.GetDefaultFont()->GetHeight(), 13);
+    EXPECT_EQ(manager.GetFont("b", 1).GetPtr(), manager.GetDefaultFont().GetPtr());
+    manager.ClearDUIResource();
+    const CRefPtr<CFontObject> system = manager.GetDefaultFont();
+    ASSERT_FALSE(system.IsNull());
+    EXPECT_EQ(system->IsNull(), 0);
+    EXPECT_EQ(system->GetHeight(), CRefPtr<CFontObject>(new CFontObject)->GetHeight());
+    EXPECT_EQ(manager.GetDefaultFont().GetPtr(), system.GetPtr());
+}
+
+// --- documents and records
+// ----------------------------------------------------------------------------------
+
+TEST_F(ResourceManager, DocumentsComeFromTheSourceThatTheyName)
+{
+    folder.Write("strings.xml", R"(<s><string id="a">1</string></s>)");
+    struct Case {
+        const char* type;
+        const char* file;
+        int result;
+    };
+    for (const Case& c :
+         {Case{"file", "strings.xml", 1}, Case{"File", "strings.xml", 1}, Case{"", "strings.xml", 0},
+          Case{"web", "strings.xml", 0}, Case{"dll", "strings.xml", 0}, Case{"EXE", "strings.xml", 0}}) {
+        DUI::CResourceFileInfo info{"n", c.type, SkinFolder::Name(c.file), "1", "XML"};
+        CString xml;
+        EXPECT_EQ(manager.GetXMLByConfigInfo(info, xml), c.result) << c.type;
+        EXPECT_EQ(manager.LoadAllString(info), c.result) << c.type;
+        EXPECT_EQ(manager.LoadDUIResource(info), c.result) << c.type;
+        EXPECT_EQ(manager.LoadTemplateStyle(info), c.result) << c.type;
+        EXPECT_EQ(manager.LoadStyleResource(info), c.result) << c.type;
+    }
+    EXPECT_EQ(String("a"), "1");
+}
+
+TEST_F(ResourceManager, CopiedRecordsShareTheirObjectAndOwnThemselves)
+{
+    const CRefPtr<DUI::CResourceImageData> image(new DUI::CResourceImageData);
+    image->m_strName = "a";
+    image->m_strCorner = "1,2";
+    image->m_pImageList = std::make_shared<DUI::CDUIImageList>();
+    const CRefPtr<DUI::CResourceImageData> copy(new DUI::CResourceImageData(*image.GetPtr()));
+    EXPECT_STREQ(copy->m_strName, "a");
+    EXPECT_STREQ(copy->m_strCorner, "1,2");
+    EXPECT_EQ(copy->m_pImageList, image->m_pImageList);
+    EXPECT_EQ(copy->GetRefCount(), 1);
+
+    const CRefPtr<CFontObject> font(new CFontObject);
+    const CRefPtr<DUI::CResourceFontData> first(new DUI::CResourceFontData);
+    const CRefPtr<DUI::CResourceFontData> second(new DUI::CResourceFontData);
+    first->m_pFont = font;
+    first->AddRefCount();
+    *second.GetPtr() = *first.GetPtr();
+    EXPECT_EQ(first->SubRefCount(), 1);
+    EXPECT_EQ(second->m_pFont.GetPtr(), font.GetPtr());
+    EXPECT_EQ(font->GetRefCount(), 3);
+    EXPECT_EQ(second->GetRefCount(), 1) << "its owners are its own";
+}
