@@ -62,20 +62,16 @@ CDUIListBox::CDUIListBox(const CDUIListBox& other)
     if (!m_pScrollBar.IsNull())
         m_pScrollBar->SetScrollOwner(this);
     // The base class took the children over without the hooks of this one.
-    for (int i = 0; i < GetControlCount(); ++i) {
-        CDUIListItem* const item = ItemAt(i);
-        item->m_pList = this;
-        item->m_nPlace = i;
-        m_pRows->Append(RowOf(*item));
-    }
+    TakeAllRows();
 }
 
 CDUIListBox::~CDUIListBox()
 {
     if (!m_pScrollBar.IsNull())
         m_pScrollBar->SetScrollOwner(static_cast<IDUIControl*>(nullptr));
-    for (int i = 0; i < GetControlCount(); ++i)
-        ItemAt(i)->m_pList = nullptr;
+    for (int i = 0; CDUIListItem* const item = ItemAt(i); ++i)
+        if (item->m_pList == this)
+            item->m_pList = nullptr;
 }
 
 void* CDUIListBox::GetInterface(const CString& name)
@@ -128,10 +124,19 @@ CDUIListItem* CDUIListBox::ItemAt(int index) const
     return static_cast<CDUIListItem*>(CDUIControlBase::GetControlByIndex(index));
 }
 
+void CDUIListBox::TakeAllRows()
+{
+    m_pRows->Clear();
+    for (int i = 0; CDUIListItem* const item = ItemAt(i); ++i) {
+        item->m_pList = this;
+        item->m_nPlace = i;
+        m_pRows->Append(RowOf(*item));
+    }
+    m_isArranged = false;
+}
+
 int CDUIListBox::PlaceOf(CDUIListItem& item)
 {
-    if (item.m_pList != this)
-        return -1;
     item.m_nPlace = row_container::FindChildNear(*this, &item, item.m_nPlace);
     return item.m_nPlace;
 }
@@ -222,9 +227,8 @@ void CDUIListBox::RemoveAllControl()
 {
     const ControlGuard keep(this);
     CDUIControlBase::RemoveAllControl();
-    m_pRows->Clear();
+    TakeAllRows();
     m_nCurSel = -1;
-    m_isArranged = false;
     UpdateLayout(TRUE, nullptr);
 }
 
@@ -279,8 +283,11 @@ void CDUIListBox::PlaceItems(const RECT& view)
     m_nLastIndex = m_nTopIndex;
     LONGLONG y = view.top;
     for (int i = m_pRows->NextShown(m_nTopIndex - 1); i >= 0 && !m_isViewFull; i = m_pRows->NextShown(i)) {
+        CDUIListItem* const item = ItemAt(i);
+        if (!item)
+            return;
         const LONGLONG bottom = y + std::max(m_pRows->At(i).height, 0);
-        ItemAt(i)->SetControlRect(MakeRect(view.left, y, view.right, bottom));
+        item->SetControlRect(MakeRect(view.left, y, view.right, bottom));
         m_nLastIndex = i;
         m_isViewFull = bottom - view.top >= Height(view);
         y = bottom;

@@ -7,6 +7,7 @@
 #include <qvui/controls/progress_bar.h>
 #include <qvui/controls/scroll_bar.h>
 #include <qvui/controls/track_bar.h>
+#include <qvui/controls/tree_view.h>
 #include <qvui/framework/control_factory.h>
 #include <qvui/layout/dialog_layout.h>
 #include <qvui/layout/dock_layout.h>
@@ -71,6 +72,8 @@ const std::vector<BuiltinControl>& BuiltinControls()
         Tag<CDUITabBar<CDUIVerticalLayout>>("vert_tabbar"),
         Tag<CDUIToolBar<CDUIHorizontalLayout>>("horz_toolbar"),
         Tag<CDUIToolBar<CDUIVerticalLayout>>("vert_toolbar"),
+        Tag<CDUITreeViewImpl>("treeview"),
+        Tag<CDUITreeNode>("treeview_item"),
         Tag<CDUIPictureBox>("picturebox"),
         Tag<CDUIToolBarSeparator>("toolbar_separator"),
     };

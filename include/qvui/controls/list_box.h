@@ -101,6 +101,7 @@ private:
 
     CDUIListItem* ItemAt(int index) const;
     int PlaceOf(CDUIListItem& item);
+    void TakeAllRows();
     /// Takes over an item's height and visibility; false when they are the known ones.
     bool TakeRow(CDUIListItem& item);
     bool IsInView(CDUIListItem& item);

@@ -1,0 +1,329 @@
+#include <qvui/controls/tree_view.h>
+
+#include "controls/geometry.h"
+#include "controls/owned_scroll_bar.h"
+#include "controls/row_container.h"
+#include "controls/tree_branch.h"
+#include "framework/control_guard.h"
+#include "framework/skin_access.h"
+
+// A tree view's look, its rows and their places; its nodes are in tree_view_nodes.cpp, what it does on
+// input in tree_view_input.cpp.
+
+namespace DUI {
+namespace {
+
+using namespace geometry;
+
+constexpr int kScrollBarWidth = 9;  // until the bar's control style says otherwise
+
+const AttributeTable<CDUITreeViewImpl>& Attributes()
+{
+    using Tree = CDUITreeViewImpl;
+    static const AttributeTable<Tree> table{
+        {"expander_image", AttributeKind::Image, "A strip: the expander of a collapsed and of an expanded node.",
+         [](Tree& tree, const CString& value) { tree.SetExpanderImage(skin::Image(value)); }},
+        {"indent", {AttributeKind::Integer, "18"}, "Pixels by which each level stands further to the right.",
+         [](Tree& tree, const CString& value) { tree.SetIndent(ReadInteger(value)); }},
+        {"item_height", {AttributeKind::Integer, "25"}, "The height of a row in pixels.",
+         [](Tree& tree, const CString& value) { tree.SetItemHeight(ReadInteger(value)); }},
+        {"hover_frame", AttributeKind::FrameStyle, "The background of the row below the pointer.",
+         [](Tree& tree, const CString& value) { tree.SetHoverFrameBK(skin::Frame(value)); }},
+        {"select_frame", AttributeKind::FrameStyle, "The background of the selected row.",
+         [](Tree& tree, const CString& value) { tree.SetSelectFrameBK(skin::Frame(value)); }},
+    };
+    return table;
+}
+
+}  // namespace
+
+const ControlClass& CDUITreeViewImpl::Class()
+{
+    static const ControlClass theClass(
+        "CDUITreeViewImpl", &CDUIControlBase::Class(),
+        "Nodes that expand and collapse, one row each. It shows the scroll bar \"cs_v_scrollbar\" when they do not "
+        "fit.",
+        {"treeview"}, &Attributes(),
+        {{"DUINOTIFY_TREEEXPAND", "lParam is the node; wParam 0 it was collapsed, 1 expanded, 2 selected, 3 "
+                                  "double-clicked or Enter was pressed on it."}});
+    return theClass;
+}
+
+CDUITreeViewImpl::CDUITreeViewImpl() : m_pBranch(std::make_unique<TreeBranch>(*this))
+{
+    CDUIControlBase::ModifyStyle(0, DUISTYLE_TABSTOP);
+}
+
+CDUITreeViewImpl::CDUITreeViewImpl(const CDUITreeViewImpl& other)
+    : CDUIControlBase(other), m_pBranch(std::make_unique<TreeBranch>(*this)),
+      m_pScrollBar(owned_scroll_bar::Clone(other.m_pScrollBar)), m_pExpanderImage(other.m_pExpanderImage),
+      m_pHoverFrame(other.m_pHoverFrame), m_pSelectFrame(other.m_pSelectFrame), m_nIndent(other.m_nIndent),
+      m_nItemHeight(other.m_nItemHeight), m_nTopRow(other.m_nTopRow)
+{
+    if (!m_pScrollBar.IsNull())
+        m_pScrollBar->SetScrollOwner(this);
+    m_pBranch->TakeAll();
+    for (CDUITreeNode* node = GetNextNode(nullptr); node && m_pSelected.IsNull(); node = GetNextNode(node))
+        if (node->GetSelect())
+            m_pSelected = node;
+}
+
+CDUITreeViewImpl::~CDUITreeViewImpl()
+{
+    if (!m_pScrollBar.IsNull())
+        m_pScrollBar->SetScrollOwner(static_cast<IDUIControl*>(nullptr));
+}
+
+void* CDUITreeViewImpl::GetInterface(const CString& name)
+{
+    return Class().Answers(name) ? this : nullptr;
+}
+
+CRefPtr<IDUIControl> CDUITreeViewImpl::Clone()
+{
+    return new CDUITreeViewImpl(*this);
+}
+
+void CDUITreeViewImpl::SetAttribute(const CString& name, const CString& value)
+{
+    if (!Attributes().Apply(*this, name, value))
+        CDUIControlBase::SetAttribute(name, value);
+}
+
+void CDUITreeViewImpl::OnCreate()
+{
+    CDUIControlBase::OnCreate();
+    if (m_pScrollBar.IsNull())
+        m_pScrollBar = owned_scroll_bar::Create<CDUIVerticalSB>();
+    if (m_pScrollBar.IsNull())
+        return;
+    m_pScrollBar->SetFixedWidth(kScrollBarWidth);
+    m_pScrollBar->SetAttribute("control_style", "cs_v_scrollbar");
+    owned_scroll_bar::Attach(m_pScrollBar, *this);
+    UpdateLayout(TRUE, nullptr);
+}
+
+void CDUITreeViewImpl::OnDestroy()
+{
+    owned_scroll_bar::Release(m_pScrollBar);
+    CDUIControlBase::OnDestroy();
+}
+
+void CDUITreeViewImpl::BroadcastEvent(const tagDUIEvent& event)
+{
+    BOOL bHandled = FALSE;
+    OnDUIEvent(event, bHandled);
+}
+
+// --- the look ----------------------------------------------------------------------------------------------
+
+void CDUITreeViewImpl::SetExpanderImage(CDUIImageListPtr image)
+{
+    m_pExpanderImage = std::move(image);
+    UpdateLayout(FALSE, nullptr);
+}
+
+void CDUITreeViewImpl::SetIndent(int indent)
+{
+    m_nIndent = std::max(indent, 0);
+    UpdateLayout(FALSE, nullptr);
+}
+
+void CDUITreeViewImpl::SetItemHeight(int height)
+{
+    height = std::max(height, 1);
+    if (height == m_nItemHeight)
+        return;
+    m_nItemHeight = height;
+    m_isArranged = false;
+    UpdateLayout(TRUE, nullptr);
+}
+
+void CDUITreeViewImpl::SetHoverFrameBK(CRefPtr<CDUIFrameBK> frame)
+{
+    m_pHoverFrame = std::move(frame);
+    UpdateLayout(FALSE, nullptr);
+}
+
+void CDUITreeViewImpl::SetSelectFrameBK(CRefPtr<CDUIFrameBK> frame)
+{
+    m_pSelectFrame = std::move(frame);
+    UpdateLayout(FALSE, nullptr);
+}
+
+// --- rows --------------------------------------------------------------------------------------------------
+
+int CDUITreeViewImpl::GetRowCount() const
+{
+    return m_pBranch->RowCount();
+}
+
+int CDUITreeViewImpl::GetRowOfNode(CDUITreeNode* node) const
+{
+    if (!Has(node) || !node->IsVisible(FALSE))
+        return -1;
+    LONGLONG row = 0;
+    for (;;) {
+        const TreeBranch& branch = *node->m_pParentBranch;
+        const int place = branch.PlaceOf(*node);
+        if (place < 0)
+            return -1;
+        row += branch.Rows().OffsetOf(place);
+        node = branch.Node();
+        if (!node)
+            return Narrow(row);
+        if (!node->GetExpand() || !node->IsVisible(FALSE))
+            return -1;
+        ++row;
+    }
+}
+
+CDUITreeNode* CDUITreeViewImpl::GetNodeAtRow(int row) const
+{
+    if (row < 0)
+        return nullptr;
+    LONGLONG rest = row;
+    const TreeBranch* branch = m_pBranch.get();
+    while (branch) {
+        const int place = branch->Rows().RowAt(rest);
+        CDUITreeNode* const node = place >= 0 ? branch->ChildAt(place) : nullptr;
+        if (!node)
+            return nullptr;
+        rest -= branch->Rows().OffsetOf(place);
+        if (rest == 0)
+            return node;
+        --rest;
+        branch = node->m_pBranch.get();
+    }
+    return nullptr;
+}
+
+CDUITreeNode* CDUITreeViewImpl::NextRow(CDUITreeNode* node) const
+{
+    if (node->GetExpand() && node->m_pBranch)
+        if (CDUITreeNode* const first = node->GetChildNode(node->m_pBranch->Rows().NextShown(-1)))
+            return first;
+    for (; node && node->m_pParentBranch; node = node->GetParentNode()) {
+        const TreeBranch& branch = *node->m_pParentBranch;
+        if (CDUITreeNode* const next = branch.ChildAt(branch.Rows().NextShown(branch.PlaceOf(*node))))
+            return next;
+    }
+    return nullptr;
+}
+
+int CDUITreeViewImpl::RowsHeight() const
+{
+    return Narrow(LONGLONG{GetRowCount()} * m_nItemHeight);
+}
+
+int CDUITreeViewImpl::GetPageRows()
+{
+    const RECT content = GetContentRect();
+    return std::max(1, Narrow(Height(content) / m_nItemHeight));
+}
+
+void CDUITreeViewImpl::SetTopRow(int row)
+{
+    if (m_pScrollBar.IsNull())
+        return;
+    const ControlGuard keep(this);
+    UpdateScrollRange();
+    if (m_pScrollBar.IsNull())
+        return;
+    SCROLLINFO info{};
+    info.cbSize = sizeof(info);
+    info.fMask = SIF_POS;
+    info.nPos = Narrow(LONGLONG{std::max(row, 0)} * m_nItemHeight);
+    m_pScrollBar->SetScrollBarInfo(&info);
+    UpdateLayout(TRUE, nullptr);
+}
+
+void CDUITreeViewImpl::UpdateScrollRange()
+{
+    const RECT rect = GetControlRect();
+    if (!IsRectEmpty(&rect))
+        ProcessVerticalSB(GetContentRect(), RowsHeight(), 0);
+}
+
+bool CDUITreeViewImpl::TakeChange(int row, bool wasArranged)
+{
+    const RECT rect = GetControlRect();
+    if (IsRectEmpty(&rect))
+        return false;
+    const bool isSeen = !wasArranged || !m_isViewFull || row < m_nTopRow + m_nRowsInView;
+    m_isArranged = !isSeen;
+    return isSeen;
+}
+
+void CDUITreeViewImpl::SetControlRect(const RECT& rect)
+{
+    StoreControlRect(rect);
+    if (IsRectEmpty(&rect))
+        return;
+    const ControlGuard keep(this);
+    RECT view = GetContentRect();
+    ProcessVerticalSB(view, RowsHeight(), 0);
+    const LONGLONG position = owned_scroll_bar::Reserve(m_pScrollBar.GetPtr(), view);
+    // Rounded up, so that the last row is wholly in view at the end of the range.
+    m_nTopRow = Narrow((position + m_nItemHeight - 1) / m_nItemHeight);
+    PlaceRows(view);
+}
+
+void CDUITreeViewImpl::PlaceRows(const RECT& view)
+{
+    m_isArranged = true;
+    m_isViewFull = false;
+    m_nRowsInView = 0;
+    m_nLayout = std::max(m_nLayout + 1, 1U);
+    LONGLONG y = view.top;
+    for (CDUITreeNode* node = GetNodeAtRow(m_nTopRow); node && !m_isViewFull; node = NextRow(node)) {
+        const LONGLONG bottom = y + m_nItemHeight;
+        node->m_nLayout = m_nLayout;
+        node->SetControlRect(MakeRect(view.left, y, view.right, bottom));
+        ++m_nRowsInView;
+        m_isViewFull = bottom - view.top >= Height(view);
+        y = bottom;
+    }
+}
+
+// --- painting and searching --------------------------------------------------------------------------------
+
+template <class Visit>
+void CDUITreeViewImpl::ForEachRowInView(Visit visit)
+{
+    CRefPtr<CDUITreeNode> node = GetNodeAtRow(m_nTopRow);
+    for (int i = 0; i < m_nRowsInView && !node.IsNull(); ++i, node = NextRow(node.GetPtr()))
+        if (node->IsInView() && !visit(*node.GetPtr()))
+            return;
+}
+
+void CDUITreeViewImpl::DoPaint(HDC hdc, const RECT& rcPaint)
+{
+    PaintBkgnd(hdc);
+    PaintForgnd(hdc);
+    PaintText(hdc);
+    PaintBorder(hdc);
+    row_container::Paint(*this, hdc, rcPaint, [&] {
+        ForEachRowInView([&](CDUITreeNode& node) {
+            if (row_container::IsToPaint(node, rcPaint))
+                node.DoPaint(hdc, rcPaint);
+            return true;
+        });
+    });
+}
+
+IDUIControl* CDUITreeViewImpl::FindControl(FindControlProc proc, void* pData, UINT flags)
+{
+    if (!(flags & (DUIFIND_VISIBLE | DUIFIND_HITTEST)))
+        return CDUIControlBase::FindControl(proc, pData, flags);
+    return row_container::Find(*this, proc, pData, flags, [&] {
+        IDUIControl* found = nullptr;
+        ForEachRowInView([&](CDUITreeNode& node) {
+            found = node.FindControl(proc, pData, flags);
+            return found == nullptr;
+        });
+        return found;
+    });
+}
+
+}  // namespace DUI
