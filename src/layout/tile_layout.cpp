@@ -37,6 +37,20 @@ const AttributeTable<CDUITileLayout>& Attributes()
     return table;
 }
 
+// Counts the tile layouts that are laying themselves out at this moment, one inside the other.
+class Nesting {
+public:
+    Nesting() { ++s_depth; }
+    Nesting(const Nesting&) = delete;
+    Nesting& operator=(const Nesting&) = delete;
+    ~Nesting() { --s_depth; }
+
+    static bool IsOutermost() { return s_depth == 1; }
+
+private:
+    inline static int s_depth = 0;
+};
+
 // What the tiles ask for; nothing needs asking when the rows' height is given.
 std::vector<LONG> AskHeights(const Children& tiles, LONG columnWidth, LONG rowHeight)
 {
@@ -104,6 +118,7 @@ void CDUITileLayout::SetAttribute(const CString& name, const CString& value)
 
 void CDUITileLayout::SetControlRect(const RECT& rect)
 {
+    const Nesting nesting;
     StoreControlRect(rect);
     if (GetControlCount() == 0)
         return;
@@ -161,7 +176,8 @@ int CDUITileLayout::CalculateColumnCount(RECT& rect)
     return CountColumns(Width(rect), widest, GetPaddingWidth(), static_cast<int>(tiles.size()));
 }
 
-// At once: while it is scrolled, the content must not lag behind the scroll bar.
+// At once: while it is scrolled, the content must not lag behind the scroll bar. A tile layout inside another
+// one leaves it to that, or every level of nesting would paint all levels below it.
 void CDUITileLayout::Repaint()
 {
     const HWND window = GetManagerWnd(FALSE);
@@ -169,7 +185,8 @@ void CDUITileLayout::Repaint()
         return;
     const RECT content = GetContentRect();
     InvalidateRect(window, &content, FALSE);
-    UpdateWindow(window);
+    if (Nesting::IsOutermost())
+        UpdateWindow(window);
 }
 
 void CDUITileLayout::MakeSureControlVisible(IDUIControl* child)

@@ -106,12 +106,18 @@ bool ToolBarMenu::Open(const Request& request, Closed closed)
 
 CRefPtr<IDUIControl> ToolBarMenu::MakeEntries(const Request& request)
 {
+    m_entriesSize = {0, 0};
     const CRefPtr<CDUIVerticalLayout> list = new CDUIVerticalLayout;
     list->SetMargin({kMenuMargin, kMenuMargin, kMenuMargin, kMenuMargin});
     list->SetEnableScroll(1);
     for (const CRefPtr<IDUIControl>& item : request.items)
         if (CDUIButton* const button = InterfaceOf<CDUIButton>(item.GetPtr(), "button")) {
             const CRefPtr<CDUIButton> entry = MakeEntry(*button, request.itemStyle);
+            SIZE wanted{0, 0};
+            entry->EstimateSize({0, 0}, wanted);
+            entry->SetFixedHeight(wanted.cy);
+            m_entriesSize.cx = std::max(m_entriesSize.cx, wanted.cx);
+            m_entriesSize.cy = geometry::Narrow(LONGLONG{m_entriesSize.cy} + wanted.cy);
             m_items.push_back(item);
             m_entries.push_back(entry);
             list->AddControl(entry.GetPtr());
@@ -122,16 +128,12 @@ CRefPtr<IDUIControl> ToolBarMenu::MakeEntries(const Request& request)
 void ToolBarMenu::PlaceWindow(const Request& request)
 {
     const RECT area = WorkAreaAt({request.anchor.left, request.anchor.bottom});
-    SIZE size{0, 0};
-    for (const CRefPtr<CDUIButton>& entry : m_entries) {
-        SIZE wanted{0, 0};
-        entry->EstimateSize({0, 0}, wanted);
-        entry->SetFixedHeight(wanted.cy);
-        size = {std::max(size.cx, wanted.cx), size.cy + wanted.cy};
-    }
     const RECT border = GetFrameBkgnd()->GetFrameBorder();
-    size.cx = std::min(size.cx + 2 * kMenuMargin + border.left + border.right, area.right - area.left);
-    size.cy = std::min(size.cy + 2 * kMenuMargin + border.top + border.bottom, area.bottom - area.top);
+    const RECT whole =
+        geometry::MakeRect(0, 0, LONGLONG{m_entriesSize.cx} + 2 * kMenuMargin + border.left + border.right,
+                           LONGLONG{m_entriesSize.cy} + 2 * kMenuMargin + border.top + border.bottom);
+    const SIZE size{std::min(whole.right, area.right - area.left),
+                    std::min(whole.bottom, area.bottom - area.top)};
     const POINT corner = layout::PlaceMenu(area, request.anchor, size, request.opensSideways);
     SetWindowPos(m_window, HWND_TOP, corner.x, corner.y, size.cx, size.cy, SWP_NOACTIVATE);
 }

@@ -60,6 +60,7 @@ private:
     HWND m_window = nullptr;
     std::vector<CRefPtr<CDUIButton>> m_entries;
     Items m_items;  // what the entries stand for
+    SIZE m_entriesSize{0, 0};
     Closed m_closed;
     CRefPtr<IDUIControl> m_chosen;
     bool m_isDismissed = false;
