@@ -219,7 +219,7 @@ int CDUITreeViewImpl::RowsHeight() const
 int CDUITreeViewImpl::GetPageRows()
 {
     const RECT content = GetContentRect();
-    return std::max(1, Narrow(Height(content) / m_nItemHeight));
+    return static_cast<int>(std::max<LONGLONG>(1, Height(content) / m_nItemHeight));
 }
 
 void CDUITreeViewImpl::SetTopRow(int row)

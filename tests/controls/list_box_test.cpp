@@ -141,8 +141,9 @@ TEST_F(ListBox, PaintsFramesIconsAndText)
     EXPECT_EQ(Item(list, 1).GetSelect(), 1);
     EXPECT_EQ(window.Paint().At(50, 25), kBlue) << "selected without a select frame: no frame, though hovered";
     list.ExpandItem(0, TRUE);
-    EXPECT_EQ(window.Paint().At(10, 10), kGreen) << "the expanded icon";
-    EXPECT_EQ(Bounds(window.Paint(), kGreen), "0,0,50,50");
+    const ClientPixels expanded = window.Paint();
+    EXPECT_EQ(expanded.At(49, 49), kGreen) << "the expanded icon in its larger square";
+    EXPECT_EQ(expanded.At(50, 5), kRed);
 }
 
 /// Which of the text style's colours the ink has that stands on white: black, blue (hover) or green (select).

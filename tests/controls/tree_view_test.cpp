@@ -21,7 +21,8 @@ std::string Tree(const std::string& nodes, const std::string& attributes = "", c
             text += "</treeview_item>";
             continue;
         }
-        text += "<treeview_item text=\"#" + nodes.substr(i, 1) + "\" name=\"" + nodes.substr(i, 1) + "\" " + nodeAttributes;
+        const std::string name = nodes.substr(i, 1);
+        text += "<treeview_item text=\"#" + name + "\" name=\"" + name + "\" " + nodeAttributes;
         if (nodes.substr(i + 1, 1) == "!") {
             text += " expand=\"true\"";
             ++i;
@@ -61,10 +62,14 @@ std::string InView(ControlWindow& window, CDUITreeViewImpl& tree)
 {
     std::string text;
     const RECT rect = tree.GetControlRect();
-    for (POINT point{rect.left + 5, rect.top}; point.y < rect.bottom; ++point.y)
-        if (auto* const node = dynamic_cast<CDUITreeNode*>(window.FindControl(&point)))
-            if (node->GetControlRect().top == point.y)
-                text += (text.empty() ? "" : " ") + std::string(node->GetText()) + std::to_string(point.y);
+    for (POINT point{rect.left + 5, rect.top}; point.y < rect.bottom; ++point.y) {
+        auto* const node = dynamic_cast<CDUITreeNode*>(window.FindControl(&point));
+        if (!node || node->GetControlRect().top != point.y)
+            continue;
+        text += text.empty() ? "" : " ";
+        text += node->GetText();
+        text += std::to_string(point.y);
+    }
     return text;
 }
 
