@@ -7,7 +7,10 @@ namespace {
 constexpr const char* kWindowClass = "qvui hello";
 constexpr SIZE kClientSize{620, 340};
 
-DUI::IDUISkinMgr& Skin() { return *DUIGetAppInstance()->GetSkinMgr(); }
+DUI::IDUISkinMgr& Skin()
+{
+    return *DUIGetAppInstance()->GetSkinMgr();
+}
 
 // What the program does is told line by line on standard output, for whoever drives it from outside.
 void Tell(const char* what, const char* which)
@@ -18,7 +21,10 @@ void Tell(const char* what, const char* which)
 
 }  // namespace
 
-HelloWindow::HelloWindow() { Skin().AddLanguageObserver(this); }
+HelloWindow::HelloWindow()
+{
+    Skin().AddLanguageObserver(this);
+}
 
 HelloWindow::~HelloWindow()
 {
@@ -82,7 +88,8 @@ LRESULT CALLBACK HelloWindow::WindowProcedure(HWND hWnd, UINT message, WPARAM wP
         SetWindowLongPtrA(hWnd, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(create->lpCreateParams));
     }
     auto* const window = reinterpret_cast<HelloWindow*>(GetWindowLongPtrA(hWnd, GWLP_USERDATA));
-    return window ? window->Handle(hWnd, message, wParam, lParam) : DefWindowProcA(hWnd, message, wParam, lParam);
+    return window ? window->Handle(hWnd, message, wParam, lParam)
+                  : DefWindowProcA(hWnd, message, wParam, lParam);
 }
 
 LRESULT HelloWindow::Handle(HWND hWnd, UINT message, WPARAM wParam, LPARAM lParam)
@@ -90,17 +97,17 @@ LRESULT HelloWindow::Handle(HWND hWnd, UINT message, WPARAM wParam, LPARAM lPara
     LRESULT result = 0;
     BOOL bHandled = TRUE;
     switch (message) {
-    case WM_PAINT:
-        return OnPaint(message, wParam, lParam, bHandled);
-    case WM_TIMER:
-        return OnTimer(message, wParam, lParam, bHandled);
-    case WM_DESTROY:
-        OnClosed();
-        return 0;
-    default:
-        if (ProcessWindowMessage(hWnd, message, wParam, lParam, result))
-            return result;
-        return DefWindowProcA(hWnd, message, wParam, lParam);
+        case WM_PAINT:
+            return OnPaint(message, wParam, lParam, bHandled);
+        case WM_TIMER:
+            return OnTimer(message, wParam, lParam, bHandled);
+        case WM_DESTROY:
+            OnClosed();
+            return 0;
+        default:
+            if (ProcessWindowMessage(hWnd, message, wParam, lParam, result))
+                return result;
+            return DefWindowProcA(hWnd, message, wParam, lParam);
     }
 }
 

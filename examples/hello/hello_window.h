@@ -2,8 +2,8 @@
 
 #include <qvui/qvui.h>
 
-/// The hello window: one control tree from the skin's template "hello", and two buttons that change language and
-/// skin while it runs.
+/// The hello window: one control tree from the skin's template "hello", and two buttons that change language
+/// and skin while it runs.
 class HelloWindow : public DUI::CDUIWindowMgr, private DUI::IDUILanguageObserver {
 public:
     HelloWindow();

@@ -1,51 +1,35 @@
 #include <cstdio>
-#include <string_view>
 
+#include "common/options.h"
 #include "common/screenshot.h"
 #include "hello/hello_window.h"
 
 namespace {
 
-constexpr const char* kEntryDocument = "hello-skin\\entry.xml";
-
-// Why the library refused something is in its trace.
-void ShowTrace(void*, const char* line)
+int Run(const example::Options& options)
 {
-    const std::string_view text(line);
-    if (text.find("failed") != text.npos || text.find("can not open") != text.npos)
-        std::fprintf(stderr, "hello: %s\n", line);
-}
-
-int Run(const char* screenshot)
-{
-    CString entry;
-    DUI::SetTraceSink(&ShowTrace, nullptr);
-    if (!DUI::CResLoader().LoadXMLFromFile(kEntryDocument, entry) || !DUIGetAppInstance()->Init(entry, TRUE)) {
-        std::fprintf(stderr, "hello: the skin package (%s) cannot be used\n", kEntryDocument);
+    if (!example::StartWithSkin("hello-skin\\entry.xml", options))
         return 1;
-    }
     HelloWindow window;
     if (!window.Create()) {
-        std::fprintf(stderr, "hello: the skin package has no usable window \"hello\"\n");
+        std::fprintf(stderr, "The skin package has no usable window \"hello\".\n");
         return 1;
     }
     window.Show();
-    if (screenshot)
-        return example::SaveScreenshot(window.GetHWND(), screenshot) ? 0 : 1;
+    if (!options.screenshot.empty())
+        return example::SaveScreenshot(window.GetHWND(), options.screenshot.c_str()) ? 0 : 1;
     return DUIGetAppInstance()->GetMessageLoop()->Run();
 }
 
 }  // namespace
 
-// hello [--screenshot FILE] : shows the window, or writes its picture to a file.
+// Shows the window, or writes its picture to a file.
 int main(int argc, char** argv)
 {
-    const bool wantsPicture = argc == 3 && std::string_view(argv[1]) == "--screenshot";
-    if (argc != 1 && !wantsPicture) {
-        std::fprintf(stderr, "usage: hello [--screenshot FILE]\n");
+    example::Options options;
+    if (!example::ReadOptions(argc, argv, options))
         return 2;
-    }
-    const int status = Run(wantsPicture ? argv[2] : nullptr);
+    const int status = Run(options);
     DUIGetAppInstance()->Term();
     return status;
 }

@@ -22,7 +22,7 @@ on_own_display() {
     if [[ -z ${QVUI_E2E_DISPLAY:-} ]]; then
         unset WAYLAND_DISPLAY
         rm -rf "$scratch"
-        QVUI_E2E_DISPLAY=1 exec xvfb-run -a -s '-screen 0 1024x768x24' bash "$1"
+        QVUI_E2E_DISPLAY=1 exec xvfb-run -a -s '-screen 0 1280x1024x24' bash "$1"
     fi
 }
 
@@ -88,6 +88,16 @@ wait_for_colour() {
         sleep 0.05
     done
     fail "the pixel at $1,$2 is $(colour_at "$1" "$2"), not $3"
+}
+
+# wait_for_other_colour X Y COLOUR
+wait_for_other_colour() {
+    local attempt
+    for ((attempt = 0; attempt < 200; ++attempt)); do
+        [[ $(colour_at "$1" "$2") != "$3" ]] && return 0
+        sleep 0.05
+    done
+    fail "the pixel at $1,$2 stayed $3"
 }
 
 # press_keys WINDOW KEYS : gives the window the keyboard and types as a person does.

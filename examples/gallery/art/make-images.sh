@@ -11,4 +11,9 @@ for palette in *.palette; do
     for template in *.svg; do
         sed "$script" "$template" | rsvg-convert -o "../skins/$skin/${template%.svg}.png"
     done
+    # The icons of list items, with the space around them that a row of 30 pixels has.
+    for icon in mail star user file folder gear globe search; do
+        sed "$script" "icon_$icon.svg" |
+            rsvg-convert --page-width 30 --page-height 30 --left 5 --top 5 -o "../skins/$skin/list_$icon.png"
+    done
 done

@@ -1,0 +1,73 @@
+#include "common/options.h"
+
+#include <cstdio>
+#include <string_view>
+
+#include <qvui/qvui.h>
+
+namespace example {
+namespace {
+
+// Why the library refused something is in its trace.
+void ShowTrace(void*, const char* line)
+{
+    const std::string_view text(line);
+    if (text.find("failed") != text.npos || text.find("can not open") != text.npos)
+        std::fprintf(stderr, "%s\n", line);
+}
+
+}  // namespace
+
+bool ReadOptions(int argc, char** argv, Options& options)
+{
+    struct Known {
+        const char* name;
+        std::string Options::*value;
+    };
+    constexpr Known kKnown[] = {{"--screenshot", &Options::screenshot},
+                                {"--skin", &Options::skin},
+                                {"--language", &Options::language},
+                                {"--page", &Options::page}};
+    for (int i = 1; i < argc; ++i) {
+        const std::string_view word(argv[i]);
+        const Known* found = nullptr;
+        for (const Known& known : kKnown)
+            found = word == known.name ? &known : found;
+        if (found && i + 1 < argc) {
+            options.*found->value = argv[++i];
+        } else if (word == "--layered") {
+            options.isLayered = true;
+        } else {
+            std::fprintf(
+                stderr,
+                "usage: %s [--screenshot FILE] [--skin NAME] [--language NAME] [--page NAME] [--layered]\n",
+                argv[0]);
+            return false;
+        }
+    }
+    return true;
+}
+
+bool StartWithSkin(const char* entryDocument, const Options& options)
+{
+    CString entry;
+    DUI::SetTraceSink(&ShowTrace, nullptr);
+    if (!DUI::CResLoader().LoadXMLFromFile(entryDocument, entry) || !DUIGetAppInstance()->Init(entry, TRUE)) {
+        std::fprintf(stderr, "The skin package (%s) cannot be used.\n", entryDocument);
+        return false;
+    }
+    DUI::IDUISkinMgr& skins = *DUIGetAppInstance()->GetSkinMgr();
+    if (!options.skin.empty())
+        skins.SetSkinTyle(options.skin.c_str());
+    if (!options.language.empty())
+        skins.SetLanguageType(options.language.c_str());
+    const bool hasSkin = options.skin.empty() || skins.GetSkinTyle() == options.skin.c_str();
+    const bool hasLanguage = options.language.empty() || skins.GetLanguageType() == options.language.c_str();
+    if (!hasSkin)
+        std::fprintf(stderr, "There is no skin \"%s\".\n", options.skin.c_str());
+    if (!hasLanguage)
+        std::fprintf(stderr, "There is no language \"%s\".\n", options.language.c_str());
+    return hasSkin && hasLanguage;
+}
+
+}  // namespace example

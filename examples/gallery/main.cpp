@@ -1,0 +1,40 @@
+#include <cstdio>
+
+#include "common/options.h"
+#include "common/screenshot.h"
+#include "gallery/gallery_window.h"
+#include "gallery/spinner.h"
+
+namespace {
+
+int Run(const example::Options& options)
+{
+    if (!example::StartWithSkin("gallery-skin\\entry.xml", options))
+        return 1;
+    DUIGetAppInstance()->GetControlFactory()->RegisterControl(
+        "spinner", []() -> DUI::IDUIControl* { return new Spinner; });
+    GalleryWindow window;
+    if (!window.Create(options.isLayered))
+        return 1;
+    if (!options.page.empty() && !window.ShowPage(options.page.c_str())) {
+        std::fprintf(stderr, "There is no page \"%s\".\n", options.page.c_str());
+        return 1;
+    }
+    window.Show();
+    if (!options.screenshot.empty())
+        return example::SaveScreenshot(window.GetHWND(), options.screenshot.c_str()) ? 0 : 1;
+    return DUIGetAppInstance()->GetMessageLoop()->Run();
+}
+
+}  // namespace
+
+// Shows the gallery, or writes a picture of one of its pages to a file.
+int main(int argc, char** argv)
+{
+    example::Options options;
+    if (!example::ReadOptions(argc, argv, options))
+        return 2;
+    const int status = Run(options);
+    DUIGetAppInstance()->Term();
+    return status;
+}

@@ -1,0 +1,268 @@
+#include "gallery/page_behaviour.h"
+
+#include <qvui/controls/list_box.h>
+#include <qvui/controls/picture_box.h>
+#include <qvui/controls/progress_bar.h>
+#include <qvui/controls/tree_node.h>
+#include <qvui/controls/tree_view.h>
+
+#include "gallery/spinner.h"
+
+namespace {
+
+constexpr int kMany = 100000;
+
+struct DialogControl {
+    const char* tag;
+    const char* style;
+    const char* text;
+    RECT place;  // in the dialog layout
+};
+constexpr DialogControl kDialog[] = {{"label", "", "#Name", {0, 6, 60, 26}},
+                                     {"button", "cell", "#Ada Lovelace", {66, 0, 236, 32}},
+                                     {"label", "", "#Mail", {0, 46, 60, 66}},
+                                     {"button", "cell", "#ada@example.org", {66, 40, 236, 72}},
+                                     {"check_box", "check", "#Remember me", {66, 82, 236, 106}}};
+
+// A progress bar that is moved by the frames of an animation.
+class ProgressAnimation : public DUI::CDUIAnimationControl {
+public:
+    void Run(DUI::CDUIProgressBar* bar)
+    {
+        m_pBar = bar;
+        StopAnimation(1);
+        StartAnimation(25, 40, 1, FALSE);
+    }
+    void OnAnimationStep(int, int nCurFrame, int) override { m_pBar->SetPos(nCurFrame); }
+
+private:
+    DUI::CDUIProgressBar* m_pBar = nullptr;  // a control of the same page, which lives as long as this one
+};
+
+}  // namespace
+
+PageBehaviour::PageBehaviour(DUI::CDUIWindowMgr& window) : m_window(window)
+{
+    using Handler = void (PageBehaviour::*)(const DUI::tagDUINotify&);
+    constexpr struct {
+        const char* names;
+        Handler handler;
+    } kHandlers[] = {
+        {"b_plain b_main b_flat b_checked check_1 check_2", &PageBehaviour::OnPress},
+        {"radio_1 radio_2 radio_3", &PageBehaviour::OnRadio},
+        {"link_docs link_project", &PageBehaviour::OnLink},
+        {"next_frame", &PageBehaviour::OnNextFrame},
+        {"progress_less", &PageBehaviour::OnLess},
+        {"progress_more", &PageBehaviour::OnMore},
+        {"track_1 track_v", &PageBehaviour::OnTrack},
+        {"list_simple list_groups list_many", &PageBehaviour::OnList},
+        {"tree_files tree_many", &PageBehaviour::OnTree},
+        {"tool_new tool_open tool_save tool_bold tool_italic tool_underline tool_find tool_delete",
+         &PageBehaviour::OnTool},
+        {"animation_start", &PageBehaviour::OnAnimationStart},
+        {"animation_stop", &PageBehaviour::OnAnimationStop},
+        {"animation_once", &PageBehaviour::OnAnimationOnce}};
+    for (const auto& entry : kHandlers) {
+        const CString names(entry.names);
+        for (int at = 0; at >= 0;) {
+            const CString name = names.Tokenize(" ", at);
+            if (!name.IsEmpty())
+                m_window.AddNotifyHandler(name, this, entry.handler);
+        }
+    }
+}
+
+template <class Control>
+Control* PageBehaviour::Find(const char* name) const
+{
+    return dynamic_cast<Control*>(m_window.GetControlByName(name, FALSE));
+}
+
+void PageBehaviour::Tell(const char* label, const CString& text)
+{
+    m_window.SetContrlText(label, text);
+}
+
+void PageBehaviour::Start()
+{
+    m_window.GetControlByName("window", TRUE);  // the pages have come since the names were read last
+    for (const char* const name : {"b_checked", "check_1", "radio_2"})
+        m_window.SetButtonChecked(name, TRUE);
+    FillLists();
+    FillTrees();
+    if (auto* const spinner = Find<Spinner>("spinner_1"))
+        spinner->Start();
+}
+
+void PageBehaviour::FillLists()
+{
+    auto* const list = Find<DUI::CDUIListBox>("list_many");
+    if (!list)
+        return;
+    CString text;
+    for (int i = 1; i <= kMany; ++i) {
+        text.Format("%d", i);
+        list->AddString(text, "list_item");
+    }
+}
+
+void PageBehaviour::FillTrees()
+{
+    if (auto* const files = Find<DUI::CDUITreeViewImpl>("tree_files")) {
+        const char* const folders[] = {"include", "src", "tests"};
+        const char* const rooms[] = {"foundation", "render", "skin", "framework", "controls", "layout"};
+        for (const char* const folder : folders) {
+            DUI::CDUITreeNode* const top = files->AddNode(nullptr, folder);
+            top->SetAttribute("icon", "icon_folder");
+            for (const char* const room : rooms) {
+                DUI::CDUITreeNode* const node = files->AddNode(top, room);
+                node->SetAttribute("icon", "icon_folder");
+                files->AddNode(node, "CMakeLists.txt")->SetAttribute("icon", "icon_file");
+            }
+        }
+        files->ExpandNode(files->GetNodeAtRow(0), TRUE);
+        files->SelectNode(files->GetNodeAtRow(1));
+    }
+    if (auto* const many = Find<DUI::CDUITreeViewImpl>("tree_many")) {
+        constexpr int kBranches = 100;
+        CString text;
+        for (int branch = 1; branch <= kBranches; ++branch) {
+            text.Format("%d", branch);
+            DUI::CDUITreeNode* const node = many->AddNode(nullptr, text);
+            for (int leaf = 1; leaf < kMany / kBranches; ++leaf) {
+                text.Format("%d.%d", branch, leaf);
+                many->AddNode(node, text);
+            }
+        }
+    }
+}
+
+void PageBehaviour::PlaceDialog()
+{
+    auto* const dialog = Find<DUI::CDUIControlBase>("dialog_demo");
+    if (!dialog)
+        return;
+    if (dialog->GetControlCount() == 0)
+        for (const DialogControl& entry : kDialog) {
+            const DUI::CRefPtr<DUI::IDUIControl> control =
+                DUIGetAppInstance()->GetControlFactory()->NewControl(entry.tag);
+            control->SetAttribute("control_style", entry.style);
+            control->SetAttribute("text", entry.text);
+            dialog->AddControl(control);
+        }
+    const RECT origin = dialog->GetContentRect();
+    for (int i = 0; i < dialog->GetControlCount(); ++i) {
+        RECT place = kDialog[i].place;
+        OffsetRect(&place, origin.left, origin.top);
+        dialog->GetControlByIndex(i)->SetControlRect(place);
+    }
+}
+
+void PageBehaviour::OnPress(Notify notify)
+{
+    if (notify.nCode == DUI::DUINOTIFY_CLICK)
+        Tell("press_log", notify.pSender->GetText());
+}
+
+// One of a group is on: the library leaves it to the application which buttons are a group.
+void PageBehaviour::OnRadio(Notify notify)
+{
+    if (notify.nCode != DUI::DUINOTIFY_CLICK)
+        return;
+    for (const char* const name : {"radio_1", "radio_2", "radio_3"})
+        m_window.SetButtonChecked(name, FALSE);
+    OnPress(notify);
+}
+
+void PageBehaviour::OnLink(Notify notify)
+{
+    if (notify.nCode == DUI::DUINOTIFY_LINKCLICK)
+        Tell("link_log", notify.pSender->GetTooltip());
+}
+
+void PageBehaviour::OnNextFrame(Notify notify)
+{
+    auto* const picture = Find<DUI::CDUIPictureBox>("frames");
+    if (notify.nCode != DUI::DUINOTIFY_CLICK || !picture || picture->GetIconCount() == 0)
+        return;
+    picture->SetCurrentIconIndex((picture->GetCurrentIconIndex() + 1) % picture->GetIconCount());
+    picture->UpdateLayout(FALSE, nullptr);
+}
+
+void PageBehaviour::MoveProgress(int by)
+{
+    for (const char* const name : {"progress_1", "progress_2"})
+        if (auto* const bar = Find<DUI::CDUIProgressBar>(name))
+            bar->OffsetPos(by);
+}
+
+void PageBehaviour::OnLess(Notify notify)
+{
+    if (notify.nCode == DUI::DUINOTIFY_CLICK)
+        MoveProgress(-10);
+}
+
+void PageBehaviour::OnMore(Notify notify)
+{
+    if (notify.nCode == DUI::DUINOTIFY_CLICK)
+        MoveProgress(10);
+}
+
+void PageBehaviour::OnTrack(Notify notify)
+{
+    if (notify.nCode != DUI::DUINOTIFY_TRACKPOS)
+        return;
+    CString text;
+    text.Format("%d", static_cast<int>(notify.wParam));
+    Tell("track_log", text);
+}
+
+void PageBehaviour::OnList(Notify notify)
+{
+    constexpr WPARAM kSelected = 3;
+    if (notify.nCode == DUI::DUINOTIFY_LISTBOX && notify.wParam == kSelected)
+        Tell("list_log", reinterpret_cast<DUI::IDUIControl*>(notify.lParam)->GetText());
+}
+
+void PageBehaviour::OnTree(Notify notify)
+{
+    if (notify.nCode == DUI::DUINOTIFY_TREEEXPAND)
+        Tell("tree_log", reinterpret_cast<DUI::IDUIControl*>(notify.lParam)->GetText());
+}
+
+void PageBehaviour::OnTool(Notify notify)
+{
+    if (notify.nCode == DUI::DUINOTIFY_CLICK)
+        Tell("tool_log", notify.pSender->GetTooltip());
+}
+
+void PageBehaviour::OnAnimationStart(Notify notify)
+{
+    auto* const spinner = Find<Spinner>("spinner_1");
+    if (notify.nCode == DUI::DUINOTIFY_CLICK && spinner)
+        spinner->Start();
+}
+
+void PageBehaviour::OnAnimationStop(Notify notify)
+{
+    auto* const spinner = Find<Spinner>("spinner_1");
+    if (notify.nCode == DUI::DUINOTIFY_CLICK && spinner)
+        spinner->Stop();
+}
+
+void PageBehaviour::OnAnimationOnce(Notify notify)
+{
+    auto* const bar = Find<DUI::CDUIProgressBar>("animation_progress");
+    if (notify.nCode != DUI::DUINOTIFY_CLICK || !bar)
+        return;
+    auto* animation = Find<ProgressAnimation>("progress_animation");
+    if (!animation) {
+        const DUI::CRefPtr<DUI::IDUIControl> made(new ProgressAnimation);
+        made->SetName("progress_animation");
+        made->SetVisible(FALSE);
+        bar->AddControl(made);
+        m_window.GetControlByName("progress_animation", TRUE);
+        animation = static_cast<ProgressAnimation*>(made.GetPtr());
+    }
+    animation->Run(bar);
+}

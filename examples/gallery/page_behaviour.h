@@ -1,0 +1,42 @@
+#pragma once
+
+#include <qvui/qvui.h>
+
+/// What the controls of the gallery's pages do when they are used: each named control has a handler here.
+class PageBehaviour : public DUI::CDUINotifyTarget {
+public:
+    /// The window outlives this.
+    explicit PageBehaviour(DUI::CDUIWindowMgr& window);
+
+    /// Fills the long lists and trees and brings the pages to life; to be called when the controls are there.
+    void Start();
+    /// Puts the controls of the dialog layout, which stay where they are told, where the layout is now.
+    void PlaceDialog();
+
+private:
+    using Notify = const DUI::tagDUINotify&;
+
+    void OnPress(Notify notify);
+    void OnRadio(Notify notify);
+    void OnLink(Notify notify);
+    void OnNextFrame(Notify notify);
+    void OnLess(Notify notify);
+    void OnMore(Notify notify);
+    void OnTrack(Notify notify);
+    void OnList(Notify notify);
+    void OnTree(Notify notify);
+    void OnTool(Notify notify);
+    void OnAnimationStart(Notify notify);
+    void OnAnimationStop(Notify notify);
+    void OnAnimationOnce(Notify notify);
+
+    void FillLists();
+    void FillTrees();
+    void MoveProgress(int by);
+    /// Shows what happened in a page's line of text.
+    void Tell(const char* label, const CString& text);
+    template <class Control>
+    Control* Find(const char* name) const;
+
+    DUI::CDUIWindowMgr& m_window;
+};

@@ -1,0 +1,57 @@
+#include "gallery/spinner.h"
+
+namespace {
+
+constexpr int kAnimation = 1;
+constexpr int kMilliseconds = 70;
+
+}  // namespace
+
+const DUI::ControlClass& Spinner::Class()
+{
+    static const DUI::ControlClass info("Spinner", &CDUIControlBase::Class(), "Turns while something lasts.",
+                                        {"spinner"});
+    return info;
+}
+
+void* Spinner::GetInterface(const CString& name)
+{
+    return Class().Answers(name) ? this : nullptr;
+}
+
+void Spinner::SetAttribute(const CString& name, const CString& value)
+{
+    if (name == "icon")
+        m_pIcons = DUIGetAppInstance()->GetSkinMgr()->GetImage(value, 1);
+    else
+        CDUIAnimationControl::SetAttribute(name, value);
+}
+
+void Spinner::Start()
+{
+    if (m_pIcons && m_pIcons->GetItemCount() > 1)
+        StartAnimation(kMilliseconds, m_pIcons->GetItemCount(), kAnimation, TRUE);
+}
+
+void Spinner::Stop()
+{
+    StopAnimation(kAnimation);
+}
+
+void Spinner::OnAnimationStep(int nTotalFrame, int nCurFrame, int)
+{
+    m_nIcon = nCurFrame % nTotalFrame;
+    UpdateLayout(FALSE, nullptr);
+}
+
+void Spinner::PaintForgnd(HDC hdc)
+{
+    if (!m_pIcons || m_pIcons->IsNull())
+        return;
+    const RECT content = GetContentRect();
+    const int width = m_pIcons->GetIconWidth();
+    const int height = m_pIcons->GetIconHeight();
+    const int left = content.left + (content.right - content.left - width) / 2;
+    const int top = content.top + (content.bottom - content.top - height) / 2;
+    m_pIcons->DrawImage(hdc, {left, top, left + width, top + height}, m_nIcon);
+}

@@ -1,0 +1,31 @@
+#pragma once
+
+#include <qvui/qvui.h>
+
+/// A control of the application's own, with the tag "spinner": it runs through the icons of a strip until it
+/// is stopped.
+///
+/// Skin attributes: icon.
+class Spinner : public DUI::CDUIAnimationControl {
+public:
+    Spinner() = default;
+    static const DUI::ControlClass& Class();
+
+    void* GetInterface(const CString& name) override;
+    DUI::CRefPtr<DUI::IDUIControl> Clone() override { return new Spinner(*this); }
+    void SetAttribute(const CString& name, const CString& value) override;
+
+    /// Starts from the icon that shows; nothing happens when it runs already.
+    void Start();
+    void Stop();
+    void OnAnimationStep(int nTotalFrame, int nCurFrame, int nAnimationID) override;
+
+protected:
+    Spinner(const Spinner& other) = default;
+
+    void PaintForgnd(HDC hdc) override;
+
+private:
+    DUI::CDUIImageListPtr m_pIcons;
+    int m_nIcon = 0;
+};
