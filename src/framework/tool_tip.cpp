@@ -8,6 +8,7 @@
 #include <qvui/framework/html_drawer.h>
 
 #include "framework/tool_tip_placement.h"
+#include "framework/tool_tip_timers.h"
 
 namespace DUI {
 namespace {
@@ -15,8 +16,6 @@ namespace {
 constexpr char kClassName[] = "QvuiToolTip";
 constexpr int kControlId = 0x7474;
 
-enum Timer : UINT_PTR { kTimerShow = 1, kTimerHide = 2, kTimerWatch = 3 };
-// How often a shown tooltip looks whether its host moved, lost the activation or the pointer.
 constexpr UINT kWatchPeriod = 100;
 constexpr int kBorderShade = -40;
 
@@ -83,6 +82,7 @@ private:
     CPPHtmlDrawer m_drawer;
     TOOLTIP_INFO m_shown;  // the last answer, of what shows or was dismissed
     RECT m_hostPlace{};
+    bool m_isWaiting = false;  // for the pointer to rest
     bool m_isVisible = false;
     bool m_isDismissed = false;  // until the answer is another one
     bool m_isWarm = false;       // a tooltip has just been left for the next tool
@@ -110,8 +110,9 @@ BOOL CPPToolTip::Window::Create(HWND host)
     if (m_hWnd || !IsWindow(host) || !RegisterWindowClass())
         return FALSE;
     m_host = host;
-    m_hWnd = CreateWindowExA(WS_EX_TOOLWINDOW | WS_EX_TOPMOST | WS_EX_NOACTIVATE, kClassName, "", WS_POPUP, 0, 0, 0, 0,
-                             host, nullptr, GetModuleHandleA(nullptr), this);
+    constexpr DWORD kExStyle = WS_EX_TOOLWINDOW | WS_EX_TOPMOST | WS_EX_NOACTIVATE | WS_EX_TRANSPARENT;
+    m_hWnd = CreateWindowExA(kExStyle, kClassName, "", WS_POPUP, 0, 0, 0, 0, host, nullptr, GetModuleHandleA(nullptr),
+                             this);
     return m_hWnd != nullptr;
 }
 
@@ -157,7 +158,7 @@ LRESULT CPPToolTip::Window::OnMessage(HWND window, UINT message, WPARAM wParam, 
         SetWindowLongPtrA(window, GWLP_USERDATA, 0);
         m_hWnd = nullptr;
         m_toolWindow = nullptr;
-        m_isVisible = m_isDismissed = m_isWarm = false;
+        m_isWaiting = m_isVisible = m_isDismissed = m_isWarm = false;
         break;
     default:
         break;
@@ -168,15 +169,17 @@ LRESULT CPPToolTip::Window::OnMessage(HWND window, UINT message, WPARAM wParam, 
 void CPPToolTip::Window::OnTimer(UINT_PTR id)
 {
     switch (id) {
-    case kTimerShow:
-        KillTimer(m_hWnd, kTimerShow);
+    case kToolTipShow:
+        KillTimer(m_hWnd, kToolTipShow);
         OnDelayPassed();
         break;
-    case kTimerHide:
-        Dismiss();
+    case kToolTipHide:
+        if (m_isVisible)
+            Dismiss();
         break;
-    case kTimerWatch:
-        Watch();
+    case kToolTipWatch:
+        if (m_isVisible)
+            Watch();
         break;
     default:
         break;
@@ -193,6 +196,10 @@ void CPPToolTip::Window::Relay(const MSG& message)
         break;
     case WM_MOUSELEAVE:
     case WM_NCMOUSELEAVE:
+        // It may be another window that was left, for the tool.
+        if (POINT pointer{}; !GetCursorPos(&pointer) || !IsToolUnder(pointer))
+            Leave();
+        break;
     case WM_NCMOUSEMOVE:
         Leave();
         break;
@@ -220,17 +227,19 @@ void CPPToolTip::Window::OnMove(const MSG& message)
     POINT screen{static_cast<short>(LOWORD(message.lParam)), static_cast<short>(HIWORD(message.lParam))};
     ClientToScreen(message.hwnd, &screen);
     const Tool* const tool = ToolAt(message.hwnd, screen);
-    const bool isSameTool = tool && tool->window == m_toolWindow && tool->info.nIDTool == m_toolId;
+    const HWND toolWindow = tool ? tool->window : nullptr;
+    const UINT_PTR toolId = tool ? tool->info.nIDTool : 0;
+    const bool isSameTool = tool && toolWindow == m_toolWindow && toolId == m_toolId;
     // Showing and hiding a window makes a move to the place where the pointer is already.
     if (isSameTool && SamePoint(screen, m_pointer))
         return;
     m_pointer = screen;
     if (!isSameTool)
         Leave();
-    if (!tool || message.wParam & (MK_LBUTTON | MK_RBUTTON | MK_MBUTTON))
+    if (!toolWindow || message.wParam & (MK_LBUTTON | MK_RBUTTON | MK_MBUTTON))
         return;
-    m_toolWindow = tool->window;
-    m_toolId = tool->info.nIDTool;
+    m_toolWindow = toolWindow;
+    m_toolId = toolId;
     if (m_isVisible || m_isDismissed) {
         TOOLTIP_INFO answer;
         if (!Ask(screen, answer) || answer.sTooltip == m_shown.sTooltip)
@@ -246,14 +255,16 @@ void CPPToolTip::Window::OnMove(const MSG& message)
 
 void CPPToolTip::Window::StartDelay()
 {
+    m_isWaiting = true;
     const bool isWarm = m_isWarm && GetTickCount() - m_hiddenAt < static_cast<DWORD>(m_initialDelay);
-    SetTimer(m_hWnd, kTimerShow, static_cast<UINT>(isWarm ? m_reshowDelay : m_initialDelay), nullptr);
+    SetTimer(m_hWnd, kToolTipShow, static_cast<UINT>(isWarm ? m_reshowDelay : m_initialDelay), nullptr);
 }
 
 void CPPToolTip::Window::OnDelayPassed()
 {
     POINT pointer{};
-    if (m_isVisible || !m_toolWindow || !GetCursorPos(&pointer))
+    // A timer's message may have been on its way when the timer was stopped.
+    if (!std::exchange(m_isWaiting, false) || !GetCursorPos(&pointer))
         return;
     if (!IsToolUnder(pointer) || !IsHostReady())
         return;
@@ -339,18 +350,20 @@ void CPPToolTip::Window::Dismiss()
     }
     Hide();
     m_isDismissed = true;
+    m_isWarm = false;
 }
 
 void CPPToolTip::Window::Hide()
 {
     if (!m_hWnd)
         return;
-    KillTimer(m_hWnd, kTimerShow);
+    KillTimer(m_hWnd, kToolTipShow);
+    m_isWaiting = false;
     m_isWarm = m_isWarm && !m_isVisible;
     if (!m_isVisible)
         return;
-    KillTimer(m_hWnd, kTimerHide);
-    KillTimer(m_hWnd, kTimerWatch);
+    KillTimer(m_hWnd, kToolTipHide);
+    KillTimer(m_hWnd, kToolTipWatch);
     m_isVisible = false;
     m_hiddenAt = GetTickCount();
     ShowWindow(m_hWnd, SW_HIDE);
@@ -368,8 +381,8 @@ void CPPToolTip::Window::Show(POINT pointer)
     m_isVisible = true;
     m_isWarm = false;
     if (m_stay > 0)
-        SetTimer(m_hWnd, kTimerHide, static_cast<UINT>(m_stay), nullptr);
-    SetTimer(m_hWnd, kTimerWatch, kWatchPeriod, nullptr);
+        SetTimer(m_hWnd, kToolTipHide, static_cast<UINT>(m_stay), nullptr);
+    SetTimer(m_hWnd, kToolTipWatch, kWatchPeriod, nullptr);
     // The window owns the region that it is given.
     SetWindowRgn(m_hWnd,
                  m_corner > 0 ? CreateRoundRectRgn(0, 0, size.cx + 1, size.cy + 1, m_corner, m_corner) : nullptr, FALSE);
