@@ -1,6 +1,8 @@
 #include <qvui/framework/html_drawer.h>
 
 #include <algorithm>
+#include <cstdlib>
+#include <cstring>
 #include <functional>
 
 #include <qvui/framework/draw_manager.h>

@@ -208,7 +208,9 @@ TEST_F(ToolTip, WaitsWhileAButtonIsDown)
 
 TEST_F(ToolTip, ShowsOnlyWhileItsHostIsActiveAndEnabled)
 {
-    PlatformWindow other;
+    PlatformWindowOptions options;
+    options.place = {500, 100, 600, 200};
+    PlatformWindow other(options);
     SetActiveWindow(other.Handle());
     EXPECT_EQ(host.RestAt(50, 60), "");
     SetActiveWindow(host.window->Handle());
