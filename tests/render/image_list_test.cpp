@@ -96,6 +96,19 @@ TEST_F(Image, LoadsPremultiplied)
     EXPECT_TRUE(image.IsNull());
 }
 
+TEST_F(Image, MultipliesEveryValueByEveryAlpha)
+{
+    const auto pixelAt = [](int x, int y) {
+        return static_cast<std::uint32_t>(y) << 24 | static_cast<std::uint32_t>(x) << 16 |
+               static_cast<std::uint32_t>(255 - x) << 8 | static_cast<std::uint32_t>(x ^ 0x55);
+    };
+    CDUIImage image;
+    ASSERT_TRUE(image.CreateFromFile(WritePicture("alphas.png", 256, 256, true, pixelAt).c_str()));
+    for (int y = 1; y < 256; ++y)  // a file keeps no colour where nothing shows
+        for (int x = 0; x < 256; ++x)
+            ASSERT_EQ(StoredPixel(image, x, y), Premultiplied(pixelAt(x, y))) << x << ", alpha " << y;
+}
+
 TEST_F(Image, FilesReachEveryCopyAndStreamsOnlyOne)
 {
     const std::string small = WritePicture("small.png", 2, 2, false, PlacePixel);
