@@ -27,13 +27,26 @@ void CutLastDirectory(CString& path)
         path = path.Left(last);
 }
 
-CString ExecutableDirectory()
+CString FindExecutableDirectory()
 {
     char path[MAX_PATH] = "";
     GetModuleFileNameA(nullptr, path, MAX_PATH);
     path[MAX_PATH - 1] = '\0';
     const CString executable(path);
     return executable.Left(std::max(executable.ReverseFind(kSeparator), 0));
+}
+
+// Asked for once, not for each of the hundreds of names of a skin; its spelling depends on the code page
+// alone.
+const CString& ExecutableDirectory()
+{
+    static UINT codePage = 0;
+    static CString directory;
+    if (codePage != GetACP()) {
+        codePage = GetACP();
+        directory = FindExecutableDirectory();
+    }
+    return directory;
 }
 
 CString ResolvePath(const CString& name)
