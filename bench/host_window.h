@@ -17,8 +17,8 @@ public:
         windowClass.hInstance = GetModuleHandleA(nullptr);
         windowClass.lpszClassName = "qvui_bench_host";
         RegisterClassExA(&windowClass);
-        m_window = CreateWindowExA(0, windowClass.lpszClassName, "", WS_POPUP, 0, 0, client.cx, client.cy, nullptr,
-                                   nullptr, windowClass.hInstance, this);
+        m_window = CreateWindowExA(0, windowClass.lpszClassName, "", WS_POPUP, 0, 0, client.cx, client.cy,
+                                   nullptr, nullptr, windowClass.hInstance, this);
         RECT rect{0, 0, client.cx, client.cy};
         CreateFromXML(("<window>" + content + "</window>").c_str(), m_window, rect);
         InitWindowMgr();
@@ -49,9 +49,9 @@ private:
     static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam)
     {
         if (message == WM_NCCREATE)
-            SetWindowLongPtrA(window, GWLP_USERDATA,
-                              reinterpret_cast<LONG_PTR>(
-                                  reinterpret_cast<const CREATESTRUCTA*>(lParam)->lpCreateParams));
+            SetWindowLongPtrA(
+                window, GWLP_USERDATA,
+                reinterpret_cast<LONG_PTR>(reinterpret_cast<const CREATESTRUCTA*>(lParam)->lpCreateParams));
         auto* const host = reinterpret_cast<HostWindow*>(GetWindowLongPtrA(window, GWLP_USERDATA));
         LRESULT result = 0;
         BOOL bHandled = TRUE;
@@ -59,7 +59,8 @@ private:
             return host->OnPaint(message, wParam, lParam, bHandled);
         if (host && message == WM_DESTROY)
             host->FinishWindowMgr();
-        else if (host && host->GetHWND() && host->ProcessWindowMessage(window, message, wParam, lParam, result))
+        else if (host && host->GetHWND() &&
+                 host->ProcessWindowMessage(window, message, wParam, lParam, result))
             return result;
         return DefWindowProcA(window, message, wParam, lParam);
     }

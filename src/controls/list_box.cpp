@@ -25,9 +25,12 @@ RowIndex::Row RowOf(CDUIListItem& item)
 const AttributeTable<CDUIListBox>& CDUIListBox::Attributes()
 {
     static const AttributeTable<CDUIListBox> table{
-        {"select_expand", {AttributeKind::Boolean, "false"}, "Whether the selected item has its expanded height.",
+        {"select_expand",
+         {AttributeKind::Boolean, "false"},
+         "Whether the selected item has its expanded height.",
          [](CDUIListBox& list, const CString& value) { list.SetSelectExpand(IsTrue(value)); }},
-        {"hover_expand", {AttributeKind::Boolean, "false"},
+        {"hover_expand",
+         {AttributeKind::Boolean, "false"},
          "Whether the item below the pointer has its expanded height.",
          [](CDUIListBox& list, const CString& value) { list.SetHoverExpand(IsTrue(value)); }},
     };
@@ -41,8 +44,9 @@ const ControlClass& CDUIListBox::Class()
         "A list of items, one below the other, of which one can be selected. It shows the scroll bar "
         "\"cs_v_scrollbar\" when they do not fit.",
         {"listbox"}, &Attributes(),
-        {{"DUINOTIFY_LISTBOX", "lParam is the item; wParam 1 it was clicked, 2 double-clicked, 3 selected, 4 the "
-                               "pointer entered it."}});
+        {{"DUINOTIFY_LISTBOX",
+          "lParam is the item; wParam 1 it was clicked, 2 double-clicked, 3 selected, 4 the "
+          "pointer entered it."}});
     return theClass;
 }
 
@@ -52,11 +56,17 @@ CDUIListBox::CDUIListBox() : m_pRows(std::make_unique<RowIndex>())
 }
 
 CDUIListBox::CDUIListBox(const CDUIListBox& other)
-    : CDUIControlBase(other), m_pScrollBar(owned_scroll_bar::Clone(other.m_pScrollBar)),
-      m_nTopIndex(other.m_nTopIndex), m_nLastIndex(other.m_nLastIndex), m_nTotalHeight(other.m_nTotalHeight),
-      m_nExtraExpandHeight(other.m_nExtraExpandHeight), m_nCurSel(other.m_nCurSel),
-      m_nHoverExpand(other.m_nHoverExpand), m_bSelectExpand(other.m_bSelectExpand),
-      m_bHoverExpand(other.m_bHoverExpand), m_bHoverSelect(other.m_bHoverSelect),
+    : CDUIControlBase(other),
+      m_pScrollBar(owned_scroll_bar::Clone(other.m_pScrollBar)),
+      m_nTopIndex(other.m_nTopIndex),
+      m_nLastIndex(other.m_nLastIndex),
+      m_nTotalHeight(other.m_nTotalHeight),
+      m_nExtraExpandHeight(other.m_nExtraExpandHeight),
+      m_nCurSel(other.m_nCurSel),
+      m_nHoverExpand(other.m_nHoverExpand),
+      m_bSelectExpand(other.m_bSelectExpand),
+      m_bHoverExpand(other.m_bHoverExpand),
+      m_bHoverSelect(other.m_bHoverSelect),
       m_pRows(std::make_unique<RowIndex>())
 {
     if (!m_pScrollBar.IsNull())
@@ -171,7 +181,8 @@ int CDUIListBox::GetVisibleItemIndex(IDUIControl* control)
 
 BOOL CDUIListBox::BeforeAddControl(CRefPtr<IDUIControl> child)
 {
-    return InterfaceOf<CDUIListItem>(child.GetPtr(), "listItem") ? CDUIControlBase::BeforeAddControl(child) : FALSE;
+    return InterfaceOf<CDUIListItem>(child.GetPtr(), "listItem") ? CDUIControlBase::BeforeAddControl(child)
+                                                                 : FALSE;
 }
 
 void CDUIListBox::AfterAddControl(CRefPtr<IDUIControl> child)

@@ -30,7 +30,7 @@ LRESULT CDUIListBox::ProcessEvent(const tagDUIEvent& event, BOOL& bHandled)
         void (CDUIListBox::*handler)(const tagDUIEvent&);
     };
     static constexpr Entry kHandlers[] = {
-        {DUIEVENT_KEYDOWN, &CDUIListBox::OnKeyDown},        {DUIEVENT_ITEMCLICK, &CDUIListBox::OnItemClick},
+        {DUIEVENT_KEYDOWN, &CDUIListBox::OnKeyDown},          {DUIEVENT_ITEMCLICK, &CDUIListBox::OnItemClick},
         {DUIEVENT_ITEMDBLCLICK, &CDUIListBox::OnItemDBClick}, {DUIEVENT_ITEMHOVER, &CDUIListBox::OnItemHover},
         {DUIEVENT_ITEMLEAVE, &CDUIListBox::OnItemHover},
     };

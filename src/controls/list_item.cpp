@@ -48,14 +48,20 @@ const AttributeTable<CDUIListItem>& CDUIListItem::Attributes()
          [](Item& item, const CString& value) { item.SetHoverFrameBK(skin::Frame(value)); }},
         {"select_frame", AttributeKind::FrameStyle, "The background of the selected item.",
          [](Item& item, const CString& value) { item.SetSelectFrameBK(skin::Frame(value)); }},
-        {"normal_height", {AttributeKind::Integer, "25"}, "The height in pixels.",
+        {"normal_height",
+         {AttributeKind::Integer, "25"},
+         "The height in pixels.",
          [](Item& item, const CString& value) { item.SetHeight(FALSE, ReadInteger(value)); }},
-        {"expand_height", {AttributeKind::Integer, "50"}, "The height of the expanded item.",
+        {"expand_height",
+         {AttributeKind::Integer, "50"},
+         "The height of the expanded item.",
          [](Item& item, const CString& value) { item.SetHeight(TRUE, ReadInteger(value)); }},
-        {"group", {AttributeKind::Boolean, "false"},
+        {"group",
+         {AttributeKind::Boolean, "false"},
          "Whether the item is a header that shows or hides the items below it, up to the next header.",
          [](Item& item, const CString& value) { item.SetGroup(IsTrue(value)); }},
-        {"expand", {AttributeKind::Boolean, "false"},
+        {"expand",
+         {AttributeKind::Boolean, "false"},
          "Whether the item has its expanded height, or the header shows its items.",
          [](Item& item, const CString& value) { item.SetExpand(IsTrue(value)); }},
     };
@@ -78,10 +84,18 @@ CDUIListItem::CDUIListItem()
 CDUIListItem::~CDUIListItem() = default;
 
 CDUIListItem::CDUIListItem(const CDUIListItem& other)
-    : CDUIControlBase(other), m_bSelect(other.m_bSelect), m_bExpand(other.m_bExpand), m_bGroup(other.m_bGroup),
-      m_nIconIndex(other.m_nIconIndex), m_nNormalHeight(other.m_nNormalHeight),
-      m_nExpandHeight(other.m_nExpandHeight), m_nItemData(other.m_nItemData), m_uiData(other.m_uiData),
-      m_pFrame(other.m_pFrame), m_pHoverFrame(other.m_pHoverFrame), m_pSelectFrame(other.m_pSelectFrame)
+    : CDUIControlBase(other),
+      m_bSelect(other.m_bSelect),
+      m_bExpand(other.m_bExpand),
+      m_bGroup(other.m_bGroup),
+      m_nIconIndex(other.m_nIconIndex),
+      m_nNormalHeight(other.m_nNormalHeight),
+      m_nExpandHeight(other.m_nExpandHeight),
+      m_nItemData(other.m_nItemData),
+      m_uiData(other.m_uiData),
+      m_pFrame(other.m_pFrame),
+      m_pHoverFrame(other.m_pHoverFrame),
+      m_pSelectFrame(other.m_pSelectFrame)
 {
 }
 

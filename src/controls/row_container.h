@@ -10,8 +10,8 @@
 /// What controls with very many children have in common: only the rows in view are painted and hit.
 namespace DUI::row_container {
 
-/// The index of a child that was last known at `hint`, -1 when it is no child. Children move little by little,
-/// so the search goes outwards from there.
+/// The index of a child that was last known at `hint`, -1 when it is no child. Children move little by
+/// little, so the search goes outwards from there.
 inline int FindChildNear(const CDUIControlBase& container, const IDUIControl* child, int hint)
 {
     const int count = container.GetControlCount();
@@ -32,7 +32,8 @@ inline int FindChildNear(const CDUIControlBase& container, const IDUIControl* ch
 /// CDUIControlBase::FindControl with a walk over rows, which gives the control found or null, in place of the
 /// one over all children. What is hit lies within the content rectangle, as what is painted does.
 template <class FindInRows>
-IDUIControl* Find(CDUIControlBase& container, FindControlProc proc, void* data, UINT flags, FindInRows findInRows)
+IDUIControl* Find(CDUIControlBase& container, FindControlProc proc, void* data, UINT flags,
+                  FindInRows findInRows)
 {
     if ((flags & DUIFIND_VISIBLE) && !(container.GetStyle() & DUISTYLE_VISIBLE))
         return nullptr;
@@ -51,7 +52,8 @@ IDUIControl* Find(CDUIControlBase& container, FindControlProc proc, void* data, 
                 return found;
     if (flags & DUIFIND_HITTEST) {
         const RECT rect = container.GetControlRect();
-        if (!PtInRect(&rect, *static_cast<const POINT*>(data)) || (container.GetStyle() & DUISTYLE_TRANSPARENT))
+        if (!PtInRect(&rect, *static_cast<const POINT*>(data)) ||
+            (container.GetStyle() & DUISTYLE_TRANSPARENT))
             return nullptr;
     }
     return proc(&container, data);

@@ -51,8 +51,8 @@ private:
     int FirstBeyond(Value Sum::*member, Value value) const;
 
     std::vector<Row> m_rows;
-    // A binary indexed tree over m_rows: entry i holds the sum of the rows from i - (i & -i) up to i - 1. It is
-    // complete up to its size, and Complete makes the rest.
+    // A binary indexed tree over m_rows: entry i holds the sum of the rows from i - (i & -i) up to i - 1. It
+    // is complete up to its size, and Complete makes the rest.
     mutable std::vector<Sum> m_sums{Sum{}};
 };
 

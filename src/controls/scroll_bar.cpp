@@ -60,10 +60,17 @@ struct CDUIScrollBarBase::Track {
     }
 };
 
+struct CDUIScrollBarBase::Span {
+    LONGLONG start;
+    LONGLONG end;
+};
+
 /// What must stay as it is for paging to go on; holds the mouse meanwhile.
 struct CDUIScrollBarBase::Paging {
     explicit Paging(CDUIScrollBarBase& bar)
-        : manager(bar.GetControlMgr()), window(bar.GetManagerWnd(FALSE)), hadCapture(window && GetCapture() == window)
+        : manager(bar.GetControlMgr()),
+          window(bar.GetManagerWnd(FALSE)),
+          hadCapture(window && GetCapture() == window)
     {
         if (window)
             SetCapture(window);
@@ -112,12 +119,15 @@ const AttributeTable<CDUIScrollBarBase>& CDUIScrollBarBase::Attributes()
                  thumb->SetAttribute("thumb_mark", value);
              bar.UpdateCtrlsAttributes();
          }},
-        {"notifier", AttributeKind::ControlName, "The control that the bar scrolls, when it stands by itself.",
+        {"notifier", AttributeKind::ControlName,
+         "The control that the bar scrolls, when it stands by itself.",
          [](Bar& bar, const CString& value) { bar.SetScrollOwner(value); }},
         {"enable_arrow", AttributeKind::Ignored, "Without effect: bars have no arrows.",
          [](Bar& bar, const CString&) { bar.UpdateCtrlsAttributes(); }},
-        {"arrow_image1", AttributeKind::Ignored, "Without effect: bars have no arrows.", [](Bar&, const CString&) {}},
-        {"arrow_image2", AttributeKind::Ignored, "Without effect: bars have no arrows.", [](Bar&, const CString&) {}},
+        {"arrow_image1", AttributeKind::Ignored, "Without effect: bars have no arrows.",
+         [](Bar&, const CString&) {}},
+        {"arrow_image2", AttributeKind::Ignored, "Without effect: bars have no arrows.",
+         [](Bar&, const CString&) {}},
     };
     return table;
 }
@@ -367,6 +377,33 @@ CDUIScrollBarBase::Track CDUIScrollBarBase::GetTrack()
     return {isVertical, start, end, bar};
 }
 
+CDUIScrollBarBase::Span CDUIScrollBarBase::MeasureThumb(const Track& track)
+{
+    const LONGLONG length = track.Length();
+    const LONGLONG range = LONGLONG{m_nMax} - m_nMin;
+    if (m_nPage <= 0 || range <= 0 || length <= 0)
+        return {track.start, track.start};
+    const LONGLONG content = m_nPage + range;
+    LONGLONG thumb = 0;
+    if (track.isVertical) {
+        m_fPixelsPerUnit = static_cast<double>(length) / static_cast<double>(content);
+        thumb = static_cast<LONGLONG>(m_nPage * m_fPixelsPerUnit);
+        if (thumb < kShortestThumb) {
+            thumb = kShortestThumb;
+            m_fPixelsPerUnit = static_cast<double>(length - kShortestThumb) / static_cast<double>(content);
+        }
+    } else {
+        thumb = std::max(m_nPage * length / content, kShortestThumb);
+    }
+    if (thumb > length)
+        thumb = 0;
+    if (!track.isVertical)
+        m_fPixelsPerUnit = static_cast<double>(length - thumb) / static_cast<double>(range);
+    const double units = static_cast<double>(LONGLONG{m_nPos} - m_nMin);
+    const LONGLONG start = track.start + static_cast<LONGLONG>(units * m_fPixelsPerUnit);
+    return {start, std::min(start + thumb, track.end)};
+}
+
 void CDUIScrollBarBase::UpdateThumUI()
 {
     m_nMax = std::max(m_nMax, m_nMin);
@@ -375,34 +412,11 @@ void CDUIScrollBarBase::UpdateThumUI()
     if (!thumb)
         return;
     const Track track = GetTrack();
-    const LONGLONG length = track.Length();
-    const LONGLONG range = LONGLONG{m_nMax} - m_nMin;
-    LONGLONG thumbLength = 0;
-    LONGLONG thumbStart = track.start;
-    if (m_nPage > 0 && range > 0 && length > 0) {
-        const LONGLONG content = m_nPage + range;
-        if (track.isVertical) {
-            m_fPixelsPerUnit = static_cast<double>(length) / static_cast<double>(content);
-            thumbLength = static_cast<LONGLONG>(m_nPage * m_fPixelsPerUnit);
-            if (thumbLength < kShortestThumb) {
-                thumbLength = kShortestThumb;
-                m_fPixelsPerUnit = static_cast<double>(length - kShortestThumb) / static_cast<double>(content);
-            }
-        } else {
-            thumbLength = std::max(m_nPage * length / content, kShortestThumb);
-        }
-        if (thumbLength > length)
-            thumbLength = 0;
-        if (!track.isVertical)
-            m_fPixelsPerUnit = static_cast<double>(length - thumbLength) / static_cast<double>(range);
-        const double units = static_cast<double>(LONGLONG{m_nPos} - m_nMin);
-        thumbStart += static_cast<LONGLONG>(units * m_fPixelsPerUnit);
-    }
-    const LONGLONG thumbEnd = std::min(thumbStart + thumbLength, track.end);
-    thumb->SetControlRect(track.Part(thumbStart, thumbEnd));
-    const bool hasThumb = thumbEnd > thumbStart;
-    m_rcBefore = track.Part(track.start, hasThumb ? thumbStart : track.start);
-    m_rcAfter = track.Part(hasThumb ? thumbEnd : track.end, track.end);
+    const Span span = MeasureThumb(track);
+    thumb->SetControlRect(track.Part(span.start, span.end));
+    const bool hasThumb = span.end > span.start;
+    m_rcBefore = track.Part(track.start, hasThumb ? span.start : track.start);
+    m_rcAfter = track.Part(hasThumb ? span.end : track.end, track.end);
     UpdateLayout(FALSE, nullptr);
 }
 
@@ -500,8 +514,8 @@ void CDUIScrollBarBase::Page()
 
 const ControlClass& CDUIVerticalSB::Class()
 {
-    static const ControlClass theClass("CDUIVerticalSB", &CDUIScrollBarBase::Class(), "A vertical scroll bar.",
-                                       {"vert_scrollbar"});
+    static const ControlClass theClass("CDUIVerticalSB", &CDUIScrollBarBase::Class(),
+                                       "A vertical scroll bar.", {"vert_scrollbar"});
     return theClass;
 }
 
@@ -517,8 +531,8 @@ CRefPtr<IDUIControl> CDUIVerticalSB::Clone()
 
 const ControlClass& CDUIHorizontalSB::Class()
 {
-    static const ControlClass theClass("CDUIHorizontalSB", &CDUIScrollBarBase::Class(), "A horizontal scroll bar.",
-                                       {"horz_scrollbar"});
+    static const ControlClass theClass("CDUIHorizontalSB", &CDUIScrollBarBase::Class(),
+                                       "A horizontal scroll bar.", {"horz_scrollbar"});
     return theClass;
 }
 

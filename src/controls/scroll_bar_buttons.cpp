@@ -39,7 +39,9 @@ const ControlClass& CDUISBThumButton::Class()
 }
 
 CDUISBThumButton::CDUISBThumButton(const CDUISBThumButton& other)
-    : CDUIButton(other), m_nDragAnchor(other.m_nDragAnchor), m_nClampState(other.m_nClampState),
+    : CDUIButton(other),
+      m_nDragAnchor(other.m_nDragAnchor),
+      m_nClampState(other.m_nClampState),
       m_pThumbMark(other.m_pThumbMark)
 {
 }
@@ -90,7 +92,8 @@ void CDUISBThumButton::BeginDrag(POINT point)
         return;
     const RECT rect = GetControlRect();
     if (GetStatus() & DUISTATUS_PUSHED)
-        m_nDragAnchor = Narrow(m_pScrollBar->IsVerticalSB() ? Wide(point.y) - rect.top : Wide(point.x) - rect.left);
+        m_nDragAnchor =
+            Narrow(m_pScrollBar->IsVerticalSB() ? Wide(point.y) - rect.top : Wide(point.x) - rect.left);
     m_pScrollBar->FocusOwner();
 }
 

@@ -3,7 +3,8 @@
 #include "controls/geometry.h"
 #include "framework/control_guard.h"
 
-// How scrolling containers and their bars work together: the operations of CDUIControlBase that need the bars.
+// How scrolling containers and their bars work together: the operations of CDUIControlBase that need the
+// bars.
 
 namespace DUI {
 namespace {
@@ -15,7 +16,8 @@ bool IsShown(const CDUIScrollBarBase* bar)
     return bar && bar->IsVisible(FALSE);
 }
 
-int ShowContent(CDUIControlBase& container, CDUIScrollBarBase* bar, LONGLONG viewLength, int content, int extra)
+int ShowContent(CDUIControlBase& container, CDUIScrollBarBase* bar, LONGLONG viewLength, int content,
+                int extra)
 {
     if (!bar)
         return FALSE;
@@ -62,7 +64,8 @@ void MoveTo(CDUIControlBase& container, CDUIScrollBarBase& bar, LONGLONG positio
     container.UpdateLayout(TRUE, nullptr);
 }
 
-void ScrollByEvent(CDUIControlBase& container, CDUIScrollBarBase* bar, LONGLONG page, const tagDUIEvent& event)
+void ScrollByEvent(CDUIControlBase& container, CDUIScrollBarBase* bar, LONGLONG page,
+                   const tagDUIEvent& event)
 {
     if (!bar)
         return;

@@ -6,9 +6,9 @@
 
 namespace DUI {
 
-/// The nodes directly below a node or a tree view, and the rows that each takes up with the shown nodes below it.
-/// Counts are kept up to date towards the top, so a row is found by its number, and a number by its row, in steps
-/// of the tree's depth.
+/// The nodes directly below a node or a tree view, and the rows that each takes up with the shown nodes below
+/// it. Counts are kept up to date towards the top, so a row is found by its number, and a number by its row,
+/// in steps of the tree's depth.
 class TreeBranch {
 public:
     explicit TreeBranch(CDUITreeNode& node);

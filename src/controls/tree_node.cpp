@@ -20,10 +20,14 @@ constexpr int kPadding = 4;
 const AttributeTable<CDUITreeNode>& Attributes()
 {
     static const AttributeTable<CDUITreeNode> table{
-        {"expand", {AttributeKind::Boolean, "false"}, "Whether the nodes below are shown.",
+        {"expand",
+         {AttributeKind::Boolean, "false"},
+         "Whether the nodes below are shown.",
          [](CDUITreeNode& node, const CString& value) { node.SetExpand(IsTrue(value)); }},
-        {"has_children", {AttributeKind::Boolean, "false"},
-         "Whether the node has an expander before it has nodes below; the application adds them when it is expanded.",
+        {"has_children",
+         {AttributeKind::Boolean, "false"},
+         "Whether the node has an expander before it has nodes below; the application adds them when it is "
+         "expanded.",
          [](CDUITreeNode& node, const CString& value) { node.SetHasChildren(IsTrue(value)); }},
     };
     return table;
@@ -33,12 +37,13 @@ const AttributeTable<CDUITreeNode>& Attributes()
 
 const ControlClass& CDUITreeNode::Class()
 {
-    static const ControlClass theClass(
-        "CDUITreeNode", &CDUIButton::Class(),
-        "A node of a tree view: an expander, an icon and a text. The icon strip's second icon shows while the node is "
-        "expanded; a back_image stands for the tree view's frames; button_style, focus and want_return are without "
-        "effect.",
-        {"treeview_item"}, &Attributes());
+    static const ControlClass theClass("CDUITreeNode", &CDUIButton::Class(),
+                                       "A node of a tree view: an expander, an icon and a text. The icon "
+                                       "strip's second icon shows while the node is "
+                                       "expanded; a back_image stands for the tree view's frames; "
+                                       "button_style, focus and want_return are without "
+                                       "effect.",
+                                       {"treeview_item"}, &Attributes());
     return theClass;
 }
 
@@ -49,7 +54,9 @@ CDUITreeNode::CDUITreeNode()
 }
 
 CDUITreeNode::CDUITreeNode(const CDUITreeNode& other)
-    : CDUIButton(other), m_bExpand(other.m_bExpand), m_bHasChildren(other.m_bHasChildren),
+    : CDUIButton(other),
+      m_bExpand(other.m_bExpand),
+      m_bHasChildren(other.m_bHasChildren),
       m_nItemData(other.m_nItemData)
 {
     // The base class took the children over without the hooks of this one.
@@ -180,7 +187,8 @@ void CDUITreeNode::SetControlRect(const RECT& rect)
 
 BOOL CDUITreeNode::BeforeAddControl(CRefPtr<IDUIControl> child)
 {
-    return InterfaceOf<CDUITreeNode>(child.GetPtr(), "treeview_item") ? CDUIButton::BeforeAddControl(child) : FALSE;
+    return InterfaceOf<CDUITreeNode>(child.GetPtr(), "treeview_item") ? CDUIButton::BeforeAddControl(child)
+                                                                      : FALSE;
 }
 
 void CDUITreeNode::AfterAddControl(CRefPtr<IDUIControl> child)
@@ -287,7 +295,8 @@ void CDUITreeNode::PaintForgnd(HDC hdc)
         const SIZE size = IconSize(image);
         const LONGLONG left = place.left + (Width(place) - size.cx) / 2;
         const LONGLONG top = place.top + (Height(place) - size.cy) / 2;
-        image->DrawImage(hdc, MakeRect(left, top, left + size.cx, top + size.cy), skin::IconIndex(image, state));
+        image->DrawImage(hdc, MakeRect(left, top, left + size.cx, top + size.cy),
+                         skin::IconIndex(image, state));
     }
     const CDUIImageListPtr& icon = GetButtonUIData().m_pIcon;
     if (skin::IsLoaded(icon))

@@ -21,11 +21,16 @@ const AttributeTable<CDUITreeViewImpl>& Attributes()
 {
     using Tree = CDUITreeViewImpl;
     static const AttributeTable<Tree> table{
-        {"expander_image", AttributeKind::Image, "A strip: the expander of a collapsed and of an expanded node.",
+        {"expander_image", AttributeKind::Image,
+         "A strip: the expander of a collapsed and of an expanded node.",
          [](Tree& tree, const CString& value) { tree.SetExpanderImage(skin::Image(value)); }},
-        {"indent", {AttributeKind::Integer, "18"}, "Pixels by which each level stands further to the right.",
+        {"indent",
+         {AttributeKind::Integer, "18"},
+         "Pixels by which each level stands further to the right.",
          [](Tree& tree, const CString& value) { tree.SetIndent(ReadInteger(value)); }},
-        {"item_height", {AttributeKind::Integer, "25"}, "The height of a row in pixels.",
+        {"item_height",
+         {AttributeKind::Integer, "25"},
+         "The height of a row in pixels.",
          [](Tree& tree, const CString& value) { tree.SetItemHeight(ReadInteger(value)); }},
         {"hover_frame", AttributeKind::FrameStyle, "The background of the row below the pointer.",
          [](Tree& tree, const CString& value) { tree.SetHoverFrameBK(skin::Frame(value)); }},
@@ -41,11 +46,13 @@ const ControlClass& CDUITreeViewImpl::Class()
 {
     static const ControlClass theClass(
         "CDUITreeViewImpl", &CDUIControlBase::Class(),
-        "Nodes that expand and collapse, one row each. It shows the scroll bar \"cs_v_scrollbar\" when they do not "
+        "Nodes that expand and collapse, one row each. It shows the scroll bar \"cs_v_scrollbar\" when they "
+        "do not "
         "fit.",
         {"treeview"}, &Attributes(),
-        {{"DUINOTIFY_TREEEXPAND", "lParam is the node; wParam 0 it was collapsed, 1 expanded, 2 selected, 3 "
-                                  "double-clicked or Enter was pressed on it."}});
+        {{"DUINOTIFY_TREEEXPAND",
+          "lParam is the node; wParam 0 it was collapsed, 1 expanded, 2 selected, 3 "
+          "double-clicked or Enter was pressed on it."}});
     return theClass;
 }
 
@@ -55,10 +62,15 @@ CDUITreeViewImpl::CDUITreeViewImpl() : m_pBranch(std::make_unique<TreeBranch>(*t
 }
 
 CDUITreeViewImpl::CDUITreeViewImpl(const CDUITreeViewImpl& other)
-    : CDUIControlBase(other), m_pBranch(std::make_unique<TreeBranch>(*this)),
-      m_pScrollBar(owned_scroll_bar::Clone(other.m_pScrollBar)), m_pExpanderImage(other.m_pExpanderImage),
-      m_pHoverFrame(other.m_pHoverFrame), m_pSelectFrame(other.m_pSelectFrame), m_nIndent(other.m_nIndent),
-      m_nItemHeight(other.m_nItemHeight), m_nTopRow(other.m_nTopRow)
+    : CDUIControlBase(other),
+      m_pBranch(std::make_unique<TreeBranch>(*this)),
+      m_pScrollBar(owned_scroll_bar::Clone(other.m_pScrollBar)),
+      m_pExpanderImage(other.m_pExpanderImage),
+      m_pHoverFrame(other.m_pHoverFrame),
+      m_pSelectFrame(other.m_pSelectFrame),
+      m_nIndent(other.m_nIndent),
+      m_nItemHeight(other.m_nItemHeight),
+      m_nTopRow(other.m_nTopRow)
 {
     if (!m_pScrollBar.IsNull())
         m_pScrollBar->SetScrollOwner(this);

@@ -41,8 +41,9 @@ void CDUITreeViewImpl::Forget(const CDUITreeNode& node, bool withItself)
 
 BOOL CDUITreeViewImpl::BeforeAddControl(CRefPtr<IDUIControl> child)
 {
-    return InterfaceOf<CDUITreeNode>(child.GetPtr(), "treeview_item") ? CDUIControlBase::BeforeAddControl(child)
-                                                                      : FALSE;
+    return InterfaceOf<CDUITreeNode>(child.GetPtr(), "treeview_item")
+               ? CDUIControlBase::BeforeAddControl(child)
+               : FALSE;
 }
 
 void CDUITreeViewImpl::AfterAddControl(CRefPtr<IDUIControl> child)
@@ -83,7 +84,8 @@ CDUITreeNode* CDUITreeViewImpl::AddNode(CDUITreeNode* parent, const CString& tex
     return InsertNode(parent, owner.GetControlCount(), text, style);
 }
 
-CDUITreeNode* CDUITreeViewImpl::InsertNode(CDUITreeNode* parent, int index, const CString& text, const CString& style)
+CDUITreeNode* CDUITreeViewImpl::InsertNode(CDUITreeNode* parent, int index, const CString& text,
+                                           const CString& style)
 {
     if (parent && !Has(parent))
         return nullptr;
@@ -160,8 +162,8 @@ void CDUITreeViewImpl::ExpandAll(CDUITreeNode* node, BOOL bExpand)
         if (!at->GetExpand() != !bExpand && (!bExpand || at->HasExpander()))
             changed.push_back(at);
     }
-    // Expanding from the last to the first, and collapsing the other way round, ends each time below a node that is
-    // collapsed, so no count is passed on to the top more than once.
+    // Expanding from the last to the first, and collapsing the other way round, ends each time below a node
+    // that is collapsed, so no count is passed on to the top more than once.
     const auto apply = [bExpand](const CRefPtr<CDUITreeNode>& at) {
         at->m_bExpand = bExpand ? TRUE : FALSE;
         at->m_pParentBranch->Take(*at.GetPtr());

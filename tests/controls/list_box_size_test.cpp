@@ -95,7 +95,8 @@ std::string Arrangement(CDUIListBox& list)
     for (int i = list.GetTopIndex(); i <= list.GetLastIndex() && i < list.GetControlCount(); ++i) {
         const RECT rect = list.GetControlByIndex(i)->GetControlRect();
         if (list.GetControlByIndex(i)->IsVisible(FALSE))
-            text += "; " + std::to_string(i) + " at " + std::to_string(rect.top) + "-" + std::to_string(rect.bottom);
+            text += "; " + std::to_string(i) + " at " + std::to_string(rect.top) + "-" +
+                    std::to_string(rect.bottom);
     }
     return text + (list.GetVerticalSB()->IsVisible(FALSE) ? " bar" : "");
 }
@@ -120,7 +121,8 @@ TEST_F(ListBoxSize, AppendingCostsWhatIsInView)
 
 TEST_F(ListBoxSize, AppendingToAHiddenListLaysOutNothing)
 {
-    ControlWindow window({100, 100}, R"(<dialog_layout><listbox name="list" visible="false"/></dialog_layout>)");
+    ControlWindow window({100, 100},
+                         R"(<dialog_layout><listbox name="list" visible="false"/></dialog_layout>)");
     auto& list = *window.Find<CDUIListBox>("list");
     Append(list, 1000);
     EXPECT_EQ(counts.placed, 0);
@@ -165,7 +167,9 @@ TEST_F(ListBoxSize, StepsAndHoversCostWhatIsInView)
 TEST_F(ListBoxSize, AnyChangeLeavesItemsWhereTheRulesPutThem)
 {
     std::mt19937 random(7);
-    const auto pick = [&random](int count) { return static_cast<int>(random() % static_cast<unsigned>(count)); };
+    const auto pick = [&random](int count) {
+        return static_cast<int>(random() % static_cast<unsigned>(count));
+    };
     ControlWindow window({100, 100}, "<listbox/>");
     CDUIListBox& list = RootList(window);
     for (int step = 0; step < 1500; ++step) {

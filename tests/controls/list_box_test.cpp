@@ -19,7 +19,8 @@ std::string List(int count, const std::string& attributes = "", const std::strin
 {
     std::string text = "<listbox name=\"list\" " + attributes + ">";
     for (int i = 0; i < count; ++i)
-        text += std::string("<list_icontext_item text=\"#") + static_cast<char>('a' + i) + "\" " + itemAttributes + "/>";
+        text += std::string("<list_icontext_item text=\"#") + static_cast<char>('a' + i) + "\" " +
+                itemAttributes + "/>";
     return text + "</listbox>";
 }
 
@@ -32,8 +33,8 @@ std::string Groups(const char* letters)
             continue;
         text += std::string("<list_icontext_item text=\"#") + *at + "\"";
         if (*at >= 'A' && *at <= 'Z')
-            text += std::string(" expand_height=\"25\" group=\"true\" expand=\"") + (at[1] == '!' ? "true" : "false") +
-                    "\"";
+            text += std::string(" expand_height=\"25\" group=\"true\" expand=\"") +
+                    (at[1] == '!' ? "true" : "false") + "\"";
         text += "/>";
     }
     return text + "</listbox>";
@@ -79,8 +80,8 @@ Strings InView(CDUIListBox& list)
     for (int i = list.GetTopIndex(); i <= list.GetLastIndex() && i < list.GetControlCount(); ++i) {
         CDUIListItem& item = Item(list, i);
         if (item.IsVisible(FALSE))
-            result.push_back(std::string(item.GetText()) + " " + std::to_string(item.GetControlRect().top) + "-" +
-                             std::to_string(item.GetControlRect().bottom));
+            result.push_back(std::string(item.GetText()) + " " + std::to_string(item.GetControlRect().top) +
+                             "-" + std::to_string(item.GetControlRect().bottom));
     }
     return result;
 }
@@ -119,7 +120,8 @@ TEST_F(ListBox, ItemsTakeTheHeightOfTheirState)
 
 TEST_F(ListBox, PaintsFramesIconsAndText)
 {
-    ControlWindow window({100, 100}, OnBlue(List(2, "", R"(normal_frame="red" hover_frame="framed" normal_icon="strip2"
+    ControlWindow window({100, 100},
+                         OnBlue(List(2, "", R"(normal_frame="red" hover_frame="framed" normal_icon="strip2"
         expand_icon="expander" padding="4")")));
     CDUIListBox& list = RootList(window);
     const ClientPixels normal = window.Paint();
@@ -139,7 +141,8 @@ TEST_F(ListBox, PaintsFramesIconsAndText)
     EXPECT_EQ(window.Paint().At(90, 40), kBlue);
     window.mouse.Press().Release();
     EXPECT_EQ(Item(list, 1).GetSelect(), 1);
-    EXPECT_EQ(window.Paint().At(50, 25), kBlue) << "selected without a select frame: no frame, though hovered";
+    EXPECT_EQ(window.Paint().At(50, 25), kBlue)
+        << "selected without a select frame: no frame, though hovered";
     list.ExpandItem(0, TRUE);
     const ClientPixels expanded = window.Paint();
     EXPECT_EQ(expanded.At(49, 49), kGreen) << "the expanded icon in its larger square";
@@ -164,7 +167,8 @@ TEST_F(ListBox, ItemsUseTheListsTextStyle)
     additions.frameStyles = R"(<frame_style name="white" back_color="white"/>)";
     UseSkin(additions);
     ControlWindow window({200, 25}, "<window frame_style=\"white\">" +
-                                        List(1, R"(text_style="centre")", R"(text_style="normal")") + "</window>");
+                                        List(1, R"(text_style="centre")", R"(text_style="normal")") +
+                                        "</window>");
     CDUIListBox& list = RootList(window);
     Item(list, 0).SetText("MMMM");
     const ClientPixels normal = window.Paint();
@@ -275,7 +279,8 @@ TEST_F(ListBox, HoveringRepaintsTwoItemsAndNoMore)
 
 TEST_F(ListBox, AnItemCutByTheLowerEdgeIsNotHitBelowIt)
 {
-    ControlWindow window({100, 60}, "<vert_layout>" + List(4, R"(height="40")") + R"(<button name="below"/></vert_layout>)");
+    ControlWindow window(
+        {100, 60}, "<vert_layout>" + List(4, R"(height="40")") + R"(<button name="below"/></vert_layout>)");
     POINT point{50, 35};
     EXPECT_EQ(window.FindControl(&point)->GetText(), "b");
     point.y = 45;
@@ -309,7 +314,8 @@ TEST_F(ListBox, ScrollsByWholeItems)
     list.SetExtraExpandHeight(0);
     list.UpdateLayout(TRUE, nullptr);
     EXPECT_EQ(PositionOf(*list.GetVerticalSB()), 150);
-    EXPECT_EQ(Text(list.GetVerticalSB()->GetControlRect()), "90,0,100,100") << "as broad as its control style says";
+    EXPECT_EQ(Text(list.GetVerticalSB()->GetControlRect()), "90,0,100,100")
+        << "as broad as its control style says";
     EXPECT_EQ(Item(list, 6).GetControlRect().right, 90);
 }
 
@@ -376,10 +382,14 @@ TEST_F(ListBox, ArrowsMoveTheSelection)
     };
     // Item c is hidden; four items of 25 fit.
     const Case cases[] = {
-        {"down from nothing", -1, VK_DOWN, 0, 0},    {"up from nothing", -1, VK_UP, -1, 0},
-        {"up from the first", 0, VK_UP, 0, 0},       {"down over a hidden item", 1, VK_DOWN, 3, 0},
-        {"left over a hidden item", 3, VK_LEFT, 1, 0}, {"right to the last in view scrolls", 3, VK_RIGHT, 4, 4},
-        {"down from the last", 9, VK_DOWN, 9, 0},    {"another key", 3, VK_HOME, 3, 0},
+        {"down from nothing", -1, VK_DOWN, 0, 0},
+        {"up from nothing", -1, VK_UP, -1, 0},
+        {"up from the first", 0, VK_UP, 0, 0},
+        {"down over a hidden item", 1, VK_DOWN, 3, 0},
+        {"left over a hidden item", 3, VK_LEFT, 1, 0},
+        {"right to the last in view scrolls", 3, VK_RIGHT, 4, 4},
+        {"down from the last", 9, VK_DOWN, 9, 0},
+        {"another key", 3, VK_HOME, 3, 0},
     };
     for (const Case& c : cases) {
         ControlWindow window({100, 100}, List(10));
@@ -444,7 +454,8 @@ TEST_F(ListBox, ACopyScrollsByABarOfItsOwn)
         ControlWindow window({100, 100}, List(10, R"(select_expand="true")"));
         RootList(window).SetCurSel(2);
         clone = window.GetRootControl()->Clone();
-        EXPECT_NE(dynamic_cast<CDUIListBox*>(clone.GetPtr())->GetVerticalSB(), RootList(window).GetVerticalSB());
+        EXPECT_NE(dynamic_cast<CDUIListBox*>(clone.GetPtr())->GetVerticalSB(),
+                  RootList(window).GetVerticalSB());
     }
     ControlWindow window({100, 100}, clone);
     CDUIListBox& list = RootList(window);
@@ -467,17 +478,20 @@ TEST_F(ListBox, AHandlerMayTakeAnythingAway)
         void (*act)(ControlWindow& window, CDUIListBox& list, CRefPtr<IDUIControl> item);
     };
     const Case cases[] = {
-        {"its item", [](ControlWindow&, CDUIListBox& list, CRefPtr<IDUIControl> item) { list.RemoveControl(item); }},
-        {"all items", [](ControlWindow&, CDUIListBox& list, CRefPtr<IDUIControl>) { list.RemoveAllControl(); }},
-        {"the list", [](ControlWindow&, CDUIListBox& list, CRefPtr<IDUIControl>) {
-             list.GetParent()->RemoveAllControl();
-         }},
+        {"its item",
+         [](ControlWindow&, CDUIListBox& list, CRefPtr<IDUIControl> item) { list.RemoveControl(item); }},
+        {"all items",
+         [](ControlWindow&, CDUIListBox& list, CRefPtr<IDUIControl>) { list.RemoveAllControl(); }},
+        {"the list", [](ControlWindow&, CDUIListBox& list,
+                        CRefPtr<IDUIControl>) { list.GetParent()->RemoveAllControl(); }},
         {"the window", [](ControlWindow& window, CDUIListBox&, CRefPtr<IDUIControl>) { window.Close(); }},
     };
     for (const Case& c : cases) {
         for (WPARAM code = 1; code <= 4; ++code) {
             SCOPED_TRACE(std::string(c.name) + " at " + std::to_string(code));
-            ControlWindow window({100, 100}, "<canvas>" + List(3, R"(select_expand="true" hover_expand="true")") + "</canvas>");
+            ControlWindow window(
+                {100, 100},
+                "<canvas>" + List(3, R"(select_expand="true" hover_expand="true")") + "</canvas>");
             auto& list = *window.Find<CDUIListBox>("list");
             list.SetHoverSelect(1);
             bool isDone = false;

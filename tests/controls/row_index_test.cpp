@@ -18,7 +18,9 @@ struct PlainRows {
     {
         LONGLONG sum = 0;
         for (int i = 0; i < index; ++i)
-            sum += rows[static_cast<std::size_t>(i)].isShown ? std::max(rows[static_cast<std::size_t>(i)].height, 0) : 0;
+            sum += rows[static_cast<std::size_t>(i)].isShown
+                       ? std::max(rows[static_cast<std::size_t>(i)].height, 0)
+                       : 0;
         return sum;
     }
     int RowAt(LONGLONG offset) const
@@ -54,7 +56,9 @@ void ExpectSame(const RowIndex& index, const PlainRows& plain)
 TEST(RowIndex, AgreesWithPlainSumsThroughManyChanges)
 {
     std::mt19937 random(20240607);
-    const auto pick = [&random](int count) { return static_cast<int>(random() % static_cast<unsigned>(count)); };
+    const auto pick = [&random](int count) {
+        return static_cast<int>(random() % static_cast<unsigned>(count));
+    };
     RowIndex index;
     PlainRows plain;
     for (int step = 0; step < 600; ++step) {

@@ -68,15 +68,16 @@ TEST_F(ScrollBar, TakesOnlyWhatTheMaskNames)
     bar.SetScrollBarInfo(&info);
     info = {1, 2, 3, 4, 5, 6, 7};
     bar.GetScrollBarInfo(&info);
-    EXPECT_EQ((std::vector<int>{static_cast<int>(info.cbSize), static_cast<int>(info.fMask), info.nMin, info.nMax,
-                                static_cast<int>(info.nPage), info.nPos, info.nTrackPos}),
+    EXPECT_EQ((std::vector<int>{static_cast<int>(info.cbSize), static_cast<int>(info.fMask), info.nMin,
+                                info.nMax, static_cast<int>(info.nPage), info.nPos, info.nTrackPos}),
               (std::vector<int>{1, 2, 0, 300, 60, 100, 7}));
 }
 
 TEST_F(ScrollBar, PaintsTrackThumbAndMark)
 {
     ControlWindow window(
-        {20, 200}, OnBlue(R"(<vert_scrollbar back_image="strip2" thumb_image="strip" thumb_mark="expander"/>)"));
+        {20, 200},
+        OnBlue(R"(<vert_scrollbar back_image="strip2" thumb_image="strip" thumb_mark="expander"/>)"));
     CDUIScrollBarBase& bar = RootBar(window);
     SetRange(bar, 0, 300, 200, 150);
     // The track is strip2's red icon, the hot thumb strip's green one, the mark red again.
@@ -162,9 +163,9 @@ TEST_F(ScrollBar, CodesMoveThePosition)
         int expectedAcross;
     };
     const Case cases[] = {
-        {"line up", SB_LINEUP, 0, 470, 470},     {"line down", SB_LINEDOWN, 0, 530, 530},
-        {"page up", SB_PAGEUP, 0, 300, 290},     {"page down", SB_PAGEDOWN, 0, 700, 710},
-        {"thumb", SB_THUMBTRACK, 123, 123, 123}, {"thumb beyond", SB_THUMBTRACK, 1 << 30, 1000, 1000},
+        {"line up", SB_LINEUP, 0, 470, 470},       {"line down", SB_LINEDOWN, 0, 530, 530},
+        {"page up", SB_PAGEUP, 0, 300, 290},       {"page down", SB_PAGEDOWN, 0, 700, 710},
+        {"thumb", SB_THUMBTRACK, 123, 123, 123},   {"thumb beyond", SB_THUMBTRACK, 1 << 30, 1000, 1000},
         {"thumb before", SB_THUMBTRACK, -9, 0, 0}, {"no such code", SB_BOTTOM, 4, 500, 500},
     };
     auto* const box = new ScrollBox;

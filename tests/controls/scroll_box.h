@@ -16,15 +16,15 @@ public:
     ScrollBox()
     {
         // Like every scrolling container the box is no parent of its bars.
-        for (DUI::CDUIScrollBarBase* const bar :
-             {static_cast<DUI::CDUIScrollBarBase*>(&Vertical()), static_cast<DUI::CDUIScrollBarBase*>(&Horizontal())})
+        for (DUI::CDUIScrollBarBase* const bar : {static_cast<DUI::CDUIScrollBarBase*>(&Vertical()),
+                                                  static_cast<DUI::CDUIScrollBarBase*>(&Horizontal())})
             bar->SetScrollOwner(this);
     }
 
     ~ScrollBox() override
     {
-        for (DUI::CDUIScrollBarBase* const bar :
-             {static_cast<DUI::CDUIScrollBarBase*>(&Vertical()), static_cast<DUI::CDUIScrollBarBase*>(&Horizontal())})
+        for (DUI::CDUIScrollBarBase* const bar : {static_cast<DUI::CDUIScrollBarBase*>(&Vertical()),
+                                                  static_cast<DUI::CDUIScrollBarBase*>(&Horizontal())})
             bar->SetScrollOwner(static_cast<DUI::IDUIControl*>(nullptr));
     }
 
@@ -60,8 +60,8 @@ protected:
     LRESULT ProcessEvent(const DUI::tagDUIEvent& event, BOOL& bHandled) override
     {
         if (event.Type == DUI::DUIEVENT_VSCROLL || event.Type == DUI::DUIEVENT_HSCROLL) {
-            m_events.push_back((event.Type == DUI::DUIEVENT_VSCROLL ? "v " : "h ") + std::to_string(event.wParam) +
-                               " " + std::to_string(event.lParam));
+            m_events.push_back((event.Type == DUI::DUIEVENT_VSCROLL ? "v " : "h ") +
+                               std::to_string(event.wParam) + " " + std::to_string(event.lParam));
             if (const auto call = onScroll)
                 call();
         }

@@ -160,13 +160,17 @@ void CollectRows(IDUIControl& parent, std::vector<CDUITreeNode*>& rows)
 TEST_F(TreeViewSize, AnyChangeLeavesTheRowsRight)
 {
     std::mt19937 random(11);
-    const auto pick = [&random](int count) { return static_cast<int>(random() % static_cast<unsigned>(count)); };
+    const auto pick = [&random](int count) {
+        return static_cast<int>(random() % static_cast<unsigned>(count));
+    };
     ControlWindow window({100, 100}, "<treeview/>");
     CDUITreeViewImpl& tree = RootTree(window);
     std::vector<CRefPtr<CDUITreeNode>> nodes;
     for (int step = 0; step < 2000; ++step) {
         std::erase_if(nodes, [&](const auto& node) { return node->GetTree() != &tree; });
-        CDUITreeNode* const node = nodes.empty() ? nullptr : nodes[static_cast<std::size_t>(pick(static_cast<int>(nodes.size())))].GetPtr();
+        CDUITreeNode* const node =
+            nodes.empty() ? nullptr
+                          : nodes[static_cast<std::size_t>(pick(static_cast<int>(nodes.size())))].GetPtr();
         switch (node ? pick(10) : 0) {
             case 0:
                 nodes.push_back(Add(tree));
@@ -215,7 +219,8 @@ TEST_F(TreeViewSize, AnyChangeLeavesTheRowsRight)
         }
         const bool hasBar = tree.GetRowCount() * 25 > 100;
         ASSERT_EQ(tree.GetVerticalSB()->IsVisible(FALSE) != FALSE, hasBar) << "step " << step;
-        ASSERT_EQ(tree.GetTopRow(), hasBar ? (PositionOf(*tree.GetVerticalSB()) + 24) / 25 : 0) << "step " << step;
+        ASSERT_EQ(tree.GetTopRow(), hasBar ? (PositionOf(*tree.GetVerticalSB()) + 24) / 25 : 0)
+            << "step " << step;
     }
 }
 

@@ -12,8 +12,10 @@ using Strings = std::vector<std::string>;
 
 class TreeView : public ControlTest {};
 
-/// A tree called "tree" of nodes of one letter: "a!(bc(d))e" has a with b and c, c with d, and e; "!" expands.
-std::string Tree(const std::string& nodes, const std::string& attributes = "", const std::string& nodeAttributes = "")
+/// A tree called "tree" of nodes of one letter: "a!(bc(d))e" has a with b and c, c with d, and e; "!"
+/// expands.
+std::string Tree(const std::string& nodes, const std::string& attributes = "",
+                 const std::string& nodeAttributes = "")
 {
     std::string text = "<treeview name=\"tree\" item_height=\"20\" indent=\"10\" " + attributes + ">";
     for (std::size_t i = 0; i < nodes.size(); ++i) {
@@ -195,15 +197,15 @@ TEST_F(TreeView, NamesFindNodesThatAreNotShown)
 TEST_F(TreeView, PaintsExpandersIconsAndFrames)
 {
     // Expanders are red and green squares of 8 pixels in an indent of 10; the strip's icons are 20x10.
-    ControlWindow window({100, 100},
-                         "<window frame_style=\"blue\">" + Tree("a!(b(c))d", R"(expander_image="expander" margin="4,0,0,0")") +
-                             "</window>");
+    ControlWindow window({100, 100}, "<window frame_style=\"blue\">" +
+                                         Tree("a!(b(c))d", R"(expander_image="expander" margin="4,0,0,0")") +
+                                         "</window>");
     const ClientPixels expanders = window.Paint();
     EXPECT_EQ(Bounds(expanders, kGreen), "5,6,13,14") << "a, expanded";
     EXPECT_EQ(Bounds(expanders, kRed), "15,26,23,34") << "b, collapsed and one level down";
 
-    ControlWindow icons({100, 100}, "<window frame_style=\"blue\">" + Tree("a!(b(c))d", "", R"(icon="strip2")") +
-                                        "</window>");
+    ControlWindow icons({100, 100}, "<window frame_style=\"blue\">" +
+                                        Tree("a!(b(c))d", "", R"(icon="strip2")") + "</window>");
     const ClientPixels pixels = icons.Paint();
     EXPECT_EQ(Bounds(pixels, kGreen), "10,5,30,15") << "expanded";
     EXPECT_EQ(pixels.At(20, 30), kRed);
@@ -211,9 +213,9 @@ TEST_F(TreeView, PaintsExpandersIconsAndFrames)
     EXPECT_EQ(pixels.At(40, 30), kBlue);
     EXPECT_EQ(Text(Node(TreeOf(icons), "b")->GetNodeTextRect()), "44,20,100,40");
 
-    ControlWindow frames({100, 100},
-                         "<window frame_style=\"blue\">" + Tree("  ", R"(select_frame="red" hover_frame="framed")") +
-                             "</window>");
+    ControlWindow frames({100, 100}, "<window frame_style=\"blue\">" +
+                                         Tree("  ", R"(select_frame="red" hover_frame="framed")") +
+                                         "</window>");
     frames.mouse.Click({50, 30});
     EXPECT_EQ(Bounds(frames.Paint(), kRed), "0,20,100,40") << "selected before hovered";
     frames.mouse.MoveTo({50, 10});
@@ -363,7 +365,8 @@ TEST_F(TreeView, KeysMoveExpandAndCollapse)
         EXPECT_EQ(Selected(tree), c.expected) << c.name;
         EXPECT_EQ(Rows(tree), c.rows) << c.name;
         const int row = tree.GetRowOfNode(tree.GetSelectedNode());
-        EXPECT_TRUE(row < 0 || (row >= tree.GetTopRow() && row < tree.GetTopRow() + 5)) << c.name << ", out of view";
+        EXPECT_TRUE(row < 0 || (row >= tree.GetTopRow() && row < tree.GetTopRow() + 5))
+            << c.name << ", out of view";
     }
 }
 
@@ -399,7 +402,8 @@ TEST_F(TreeView, ScrollsByWholeRowsToTheLastOne)
     };
     // 8 rows of 20 in 70: three and a half fit, the range is 0..90.
     const Case cases[] = {
-        {0, "a0 b20 c40 d60"}, {1, "b0 c20 d40 e60"}, {20, "b0 c20 d40 e60"}, {90, "f0 g20 h40"}, {500, "f0 g20 h40"},
+        {0, "a0 b20 c40 d60"}, {1, "b0 c20 d40 e60"}, {20, "b0 c20 d40 e60"},
+        {90, "f0 g20 h40"},    {500, "f0 g20 h40"},
     };
     ControlWindow window({100, 70}, Tree("abcdefgh"));
     CDUITreeViewImpl& tree = TreeOf(window);
@@ -500,16 +504,18 @@ TEST_F(TreeView, AHandlerMayTakeAnythingAway)
         void (*act)(ControlWindow& window, CDUITreeViewImpl& tree, CDUITreeNode* node);
     };
     const Case cases[] = {
-        {"its node", [](ControlWindow&, CDUITreeViewImpl& tree, CDUITreeNode* node) { tree.RemoveNode(node); }},
+        {"its node",
+         [](ControlWindow&, CDUITreeViewImpl& tree, CDUITreeNode* node) { tree.RemoveNode(node); }},
         {"all nodes", [](ControlWindow&, CDUITreeViewImpl& tree, CDUITreeNode*) { tree.RemoveAllControl(); }},
-        {"the tree", [](ControlWindow&, CDUITreeViewImpl& tree, CDUITreeNode*) {
-             tree.GetParent()->RemoveAllControl();
-         }},
+        {"the tree",
+         [](ControlWindow&, CDUITreeViewImpl& tree, CDUITreeNode*) { tree.GetParent()->RemoveAllControl(); }},
         {"the window", [](ControlWindow& window, CDUITreeViewImpl&, CDUITreeNode*) { window.Close(); }},
     };
     const std::function<void(ControlWindow&)> triggers[] = {
         [](ControlWindow& window) { window.mouse.DoubleClick(At(0)); },
-        [](ControlWindow& window) { window.mouse.Click(At(0)).Click({5, 10}).Click({5, 10}); },
+        [](ControlWindow& window) {
+            window.mouse.Click(At(0)).Click({5, 10}).Click({5, 10});
+        },
         [](ControlWindow& window) {
             window.mouse.Click(At(0));
             for (const int key : {VK_MULTIPLY, VK_DOWN, VK_DOWN, VK_LEFT, VK_LEFT, VK_LEFT, VK_RETURN})
@@ -538,8 +544,9 @@ TEST_F(TreeView, AHandlerMayTakeAnythingAway)
 
 TEST_F(TreeView, ACopyHasTheSameNodesAndLooksTheSame)
 {
-    ControlWindow window({100, 70}, OnBlue(Tree("a!(b(c)d)efg", R"(expander_image="expander" select_frame="red")",
-                                               R"(icon="strip2")")));
+    ControlWindow window(
+        {100, 70},
+        OnBlue(Tree("a!(b(c)d)efg", R"(expander_image="expander" select_frame="red")", R"(icon="strip2")")));
     CDUITreeViewImpl& tree = TreeOf(window);
     tree.SelectNode(Node(tree, "d"));
     const ClientPixels pixels = window.Paint();

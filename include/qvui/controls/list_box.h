@@ -10,12 +10,12 @@ namespace DUI {
 class RowIndex;
 
 /// A vertical list of CDUIListItem with one selected item. It can expand items when they are selected or
-/// hovered, hides and shows groups, scrolls by whole items with a scroll bar of its own, and moves the selection
-/// with the arrow keys.
+/// hovered, hides and shows groups, scrolls by whole items with a scroll bar of its own, and moves the
+/// selection with the arrow keys.
 ///
-/// Costs: appending, scrolling, hovering, painting and finding an item that was clicked cost what the items in
-/// view cost, however many there are. An item appended below the view moves the scroll range and asks for no
-/// layout of the window. Inserting and removing elsewhere are linear.
+/// Costs: appending, scrolling, hovering, painting and finding an item that was clicked cost what the items
+/// in view cost, however many there are. An item appended below the view moves the scroll range and asks for
+/// no layout of the window. Inserting and removing elsewhere are linear.
 ///
 /// The list box paints, searches and hits only items in view. Removing an item leaves the numbers of the
 /// selection and of the hovered item as they are. A copy has a scroll bar of its own.
@@ -55,11 +55,12 @@ protected:
 public:
     /// -1 without a selection.
     virtual int GetCurSel() { return m_nCurSel; }
-    /// -1 clears the selection, without a notification. A group header becomes the current item but is neither
-    /// marked nor notified. 1.
+    /// -1 clears the selection, without a notification. A group header becomes the current item but is
+    /// neither marked nor notified. 1.
     virtual int SetCurSel(int index);
     virtual int GetTopIndex() { return m_nTopIndex; }
-    /// Scrolls the item to the top as far as the range goes; 0 when it is missing or hidden, or nothing scrolls.
+    /// Scrolls the item to the top as far as the range goes; 0 when it is missing or hidden, or nothing
+    /// scrolls.
     virtual int SetTopIndex(int index);
     /// Expands or collapses an item, or the group below a header; 0 when it is missing or hidden.
     virtual int ExpandItem(int index, int bExpand);

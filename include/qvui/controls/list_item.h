@@ -13,8 +13,8 @@ struct CIconTextItemUIData {
     CDUIImageListPtr m_pExpandIcon;
 };
 
-/// An item of a list box: an icon in a square at its left, a text in the list box's text style, a frame for each
-/// state and two heights. A group header hides or shows the items that follow it, up to the next header.
+/// An item of a list box: an icon in a square at its left, a text in the list box's text style, a frame for
+/// each state and two heights. A group header hides or shows the items that follow it, up to the next header.
 ///
 /// Setters store and ask for nothing, except where they say so; the list box's operations do the rest.
 ///
@@ -76,7 +76,10 @@ protected:
 private:
     friend class CDUIListBox;
     static const AttributeTable<CDUIListItem>& Attributes();
-    const CDUIImageListPtr& GetIcon() const { return m_bExpand ? m_uiData.m_pExpandIcon : m_uiData.m_pNormalIcon; }
+    const CDUIImageListPtr& GetIcon() const
+    {
+        return m_bExpand ? m_uiData.m_pExpandIcon : m_uiData.m_pNormalIcon;
+    }
 
     int m_bSelect = 0;
     int m_bExpand = 0;

@@ -17,14 +17,14 @@ protected:
 
 /// What both scroll bars share: a track with a thumb that shows which part of its owner's content is in view.
 ///
-/// A scroll bar never moves by itself. A press on the track and a drag of the thumb become DUIEVENT_VSCROLL or
-/// DUIEVENT_HSCROLL events for the owner, which moves the position through SetScrollBarInfo. Position, range and
-/// page are pixels of content; the maximum is the largest position, not the content's length.
+/// A scroll bar never moves by itself. A press on the track and a drag of the thumb become DUIEVENT_VSCROLL
+/// or DUIEVENT_HSCROLL events for the owner, which moves the position through SetScrollBarInfo. Position,
+/// range and page are pixels of content; the maximum is the largest position, not the content's length.
 ///
 /// Holding the button on the track pages again and again from a message loop of the bar's own, which runs
-/// inside the press and lets the window live. It ends with the release, with WM_QUIT (passed on with exit code
-/// 0), when the bar leaves its window or the window goes, and when another window takes the mouse, which the bar
-/// captures meanwhile.
+/// inside the press and lets the window live. It ends with the release, with WM_QUIT (passed on with exit
+/// code 0), when the bar leaves its window or the window goes, and when another window takes the mouse, which
+/// the bar captures meanwhile.
 ///
 /// Skin attributes: back_image, thumb_image, thumb_mark, notifier, enable_arrow, arrow_image1, arrow_image2.
 class QVUI_API CDUIScrollBarBase : public CDUIControlBase, public IDUIScrollSink {
@@ -46,8 +46,8 @@ protected:
     void PaintBkgnd(HDC hdc) override;
 
 public:
-    /// Passes a scroll code on to the owner. SB_THUMBTRACK takes a distance in pixels of the track and gives 1
-    /// at the minimum, 2 at the maximum and 0 between; the other codes give 0.
+    /// Passes a scroll code on to the owner. SB_THUMBTRACK takes a distance in pixels of the track and gives
+    /// 1 at the minimum, 2 at the maximum and 0 between; the other codes give 0.
     long OnVScrollEvent(unsigned int nCode, long nValue) override;
     long OnHScrollEvent(unsigned int nCode, long nValue) override;
 
@@ -81,10 +81,13 @@ protected:
 
 private:
     struct Track;
+    struct Span;
     struct Paging;
 
     static const AttributeTable<CDUIScrollBarBase>& Attributes();
     Track GetTrack();
+    /// Where the thumb stands on the track; keeps the pixels per unit.
+    Span MeasureThumb(const Track& track);
     bool IsInWindow(const IDUIControl* control);
     long Scroll(UINT eventType, unsigned int nCode, long nValue);
     int ThumbTarget(long nPixels, int& nNew) const;
@@ -173,7 +176,8 @@ private:
     CDUIImageListPtr m_pThumbMark;
 };
 
-/// An arrow of a scroll bar. Every bar has two and shows neither: it gives them no rectangle and no connection.
+/// An arrow of a scroll bar. Every bar has two and shows neither: it gives them no rectangle and no
+/// connection.
 class QVUI_API CDUISBArrowBtn : public CDUIButton {
 public:
     static constexpr int kStart = 1;

@@ -12,13 +12,14 @@ class TreeBranch;
 /// A node of a tree view: one row with an expander, an icon and a text, and the nodes below it, which are its
 /// children. In a template nodes stand inside nodes.
 ///
-/// A row begins at the node's left margin and is indented by its level. The expander is one indent wide; then come
-/// the icon, the padding (4 pixels unless set) and the text, in the tree view's text style. The icon strip's second
-/// icon, when there is one, shows while the node is expanded. A node with a back_image shows that strip (normal,
-/// hot, selected, disabled) in place of the tree view's frames. Rows are as high as the tree view says.
+/// A row begins at the node's left margin and is indented by its level. The expander is one indent wide; then
+/// come the icon, the padding (4 pixels unless set) and the text, in the tree view's text style. The icon
+/// strip's second icon, when there is one, shows while the node is expanded. A node with a back_image shows
+/// that strip (normal, hot, selected, disabled) in place of the tree view's frames. Rows are as high as the
+/// tree view says.
 ///
-/// The setters ask for what layout and repaint they need and send nothing; the tree view's operations notify. A
-/// row that is out of view repaints nothing.
+/// The setters ask for what layout and repaint they need and send nothing; the tree view's operations notify.
+/// A row that is out of view repaints nothing.
 ///
 /// Skin attributes: expand, has_children, and of the button text, icon and back_image.
 class QVUI_API CDUITreeNode : public CDUIButton {
@@ -58,7 +59,8 @@ public:
     /// Whether the nodes below are shown.
     void SetExpand(BOOL bExpand);
     BOOL GetExpand() const { return m_bExpand; }
-    /// Shows an expander before there are nodes below; the application adds them when it hears of the expansion.
+    /// Shows an expander before there are nodes below; the application adds them when it hears of the
+    /// expansion.
     void SetHasChildren(BOOL bHasChildren);
     BOOL GetHasChildren() const { return m_bHasChildren; }
     /// Whether the node can be expanded: it has nodes below that are not hidden, or says that it will.
@@ -97,8 +99,8 @@ private:
     LPARAM m_nItemData = 0;
     std::unique_ptr<TreeBranch> m_pBranch;  // null until the first child
     TreeBranch* m_pParentBranch = nullptr;
-    int m_nPlace = 0;         // where the parent last found it
-    unsigned m_nLayout = 0;   // the tree view's layout that last placed it
+    int m_nPlace = 0;        // where the parent last found it
+    unsigned m_nLayout = 0;  // the tree view's layout that last placed it
     bool m_isExpanderPress = false;
 };
 

@@ -18,21 +18,21 @@ enum DUITREENOTIFY : WPARAM {
 
 /// Nodes in a tree, one row each, of which one can be selected.
 ///
-/// A press on a row selects it when it is released there; a press on an expander and a double press on a row expand
-/// and collapse. Keys: the arrows up and down, Home, End, Page Up and Page Down move the selection over the shown
-/// rows; right expands, then goes to the first node below, left collapses, then goes to the node above; plus and
-/// minus expand and collapse, asterisk expands everything below. Nodes that are disabled are passed over. When the
-/// selected node disappears in a collapsing one, that one is selected.
+/// A press on a row selects it when it is released there; a press on an expander and a double press on a row
+/// expand and collapse. Keys: the arrows up and down, Home, End, Page Up and Page Down move the selection
+/// over the shown rows; right expands, then goes to the first node below, left collapses, then goes to the
+/// node above; plus and minus expand and collapse, asterisk expands everything below. Nodes that are disabled
+/// are passed over. When the selected node disappears in a collapsing one, that one is selected.
 ///
 /// The view scrolls by whole rows with a scroll bar of its own, of the control style "cs_v_scrollbar".
 ///
-/// Costs: expanding, scrolling, painting and hit-testing cost the rows in view and the depth of the tree, however
-/// many nodes there are; a node that is added where it cannot be seen asks for no layout of the window. Window
-/// events that are broadcast end at the view. A search for what is visible or hit looks at the rows in view, any
-/// other search (a node's name) at all nodes.
+/// Costs: expanding, scrolling, painting and hit-testing cost the rows in view and the depth of the tree,
+/// however many nodes there are; a node that is added where it cannot be seen asks for no layout of the
+/// window. Window events that are broadcast end at the view. A search for what is visible or hit looks at the
+/// rows in view, any other search (a node's name) at all nodes.
 ///
-/// Removing the selected node clears the selection, without a notification. A copy has its own scroll bar and the
-/// same node selected.
+/// Removing the selected node clears the selection, without a notification. A copy has its own scroll bar and
+/// the same node selected.
 ///
 /// Skin attributes: expander_image, indent, item_height, hover_frame, select_frame.
 /// Notifications: DUINOTIFY_TREEEXPAND, see DUITREENOTIFY. Its handler may do anything, also remove the node.
@@ -69,7 +69,8 @@ public:
     /// Adds a node below `parent`, behind the nodes that are there, with the control style of the skin.
     CDUITreeNode* AddNode(CDUITreeNode* parent, const CString& text, const CString& style = CString());
     /// The same before the node at `index`, or behind the last one. Null for an index that is not there.
-    CDUITreeNode* InsertNode(CDUITreeNode* parent, int index, const CString& text, const CString& style = CString());
+    CDUITreeNode* InsertNode(CDUITreeNode* parent, int index, const CString& text,
+                             const CString& style = CString());
     /// Removes the node and those below; FALSE when it is none of this tree.
     BOOL RemoveNode(CDUITreeNode* node);
     /// The node after `node` in the order of the rows, whether it is shown or not; the first one after null.
@@ -152,8 +153,8 @@ private:
     int m_nIndent = 18;
     int m_nItemHeight = 25;
     int m_nTopRow = 0;
-    int m_nRowsInView = 0;     // from the top row on, as they were last placed
-    unsigned m_nLayout = 1;    // counts layouts, so that nodes know whether the last one placed them
+    int m_nRowsInView = 0;      // from the top row on, as they were last placed
+    unsigned m_nLayout = 1;     // counts layouts, so that nodes know whether the last one placed them
     bool m_isArranged = false;  // the rectangles are those of the present rows
     bool m_isViewFull = false;
 };
