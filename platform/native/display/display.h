@@ -17,7 +17,8 @@ namespace qvui::native {
 struct SurfaceOptions {
     bool isDecorated = false;  // the display draws caption and borders around it
     bool isSizable = false;
-    bool isPopup = false;  // takes no place in a task list and no focus by itself
+    bool isPopup = false;    // takes no place in a task list and no focus by itself
+    bool isPassive = false;  // a popup that never takes the keyboard, not even when it is shown
     std::string title;     // UTF-8
 };
 

@@ -160,6 +160,7 @@ void OpenOnDisplay(Window& window)
     options.isDecorated = (window.style & WS_CAPTION) == WS_CAPTION;
     options.isSizable = (window.style & WS_THICKFRAME) != 0;
     options.isPopup = (window.exStyle & (WS_EX_TOOLWINDOW | WS_EX_NOACTIVATE)) != 0;
+    options.isPassive = (window.exStyle & WS_EX_NOACTIVATE) != 0;
     options.title = SystemToUtf8(window.title);
     TheDisplay().Open(window.handle, window.rect, options);
 }

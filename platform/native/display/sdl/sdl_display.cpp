@@ -8,6 +8,7 @@
 #include <cstdlib>
 #include <map>
 #include <string>
+#include <string_view>
 
 #include "native/display/display.h"
 
@@ -81,7 +82,8 @@ public:
         Uint32 flags = SDL_WINDOW_HIDDEN;
         flags |= options.isDecorated ? 0 : SDL_WINDOW_BORDERLESS;
         flags |= options.isSizable ? SDL_WINDOW_RESIZABLE : 0;
-        flags |= options.isPopup ? SDL_WINDOW_SKIP_TASKBAR | SDL_WINDOW_POPUP_MENU : 0;
+        if (options.isPopup)
+            flags |= SDL_WINDOW_SKIP_TASKBAR | (options.isPassive ? SDL_WINDOW_TOOLTIP : SDL_WINDOW_POPUP_MENU);
         SDL_Window* native =
             SDL_CreateWindow(options.title.c_str(), screen.left, screen.top, std::max(1, screen.right - screen.left),
                              std::max(1, screen.bottom - screen.top), flags);
@@ -104,8 +106,14 @@ public:
     }
     void Show(HWND window, bool isShown) override
     {
-        if (SDL_Window* native = Find(window))
-            isShown ? SDL_ShowWindow(native) : SDL_HideWindow(native);
+        SDL_Window* native = Find(window);
+        if (!native)
+            return;
+        SDL_Window* const focused = SDL_GetKeyboardFocus();
+        isShown ? SDL_ShowWindow(native) : SDL_HideWindow(native);
+        // Without a window manager SDL gives the keyboard to every window that appears.
+        if (isShown && focused && focused != native && (SDL_GetWindowFlags(native) & SDL_WINDOW_TOOLTIP))
+            SDL_SetWindowInputFocus(focused);
     }
     void Activate(HWND window) override
     {
@@ -317,6 +325,10 @@ std::unique_ptr<Display> MakeSdlDisplay()
     SDL_SetHint(SDL_HINT_QUIT_ON_LAST_WINDOW_CLOSE, "0");
     if (SDL_InitSubSystem(SDL_INIT_VIDEO) != 0)
         return nullptr;
+    // SDL may make a window anew, where it stood at first, when it first draws on it through the graphics card. X
+    // shows pictures from memory without that.
+    if (std::string_view(SDL_GetCurrentVideoDriver()) == "x11")
+        SDL_SetHint(SDL_HINT_FRAMEBUFFER_ACCELERATION, "0");
     SDL_StartTextInput();
     return std::make_unique<SdlDisplay>();
 }
