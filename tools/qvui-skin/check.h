@@ -1,0 +1,65 @@
+#pragma once
+
+#include <set>
+#include <string>
+#include <vector>
+
+#include "names.h"
+#include "package.h"
+#include "report.h"
+
+namespace qvui::skin_tool {
+
+/// Checks a loaded package: what every document defines, then what its values say and refer to, then the images
+/// behind it.
+class Checker {
+public:
+    /// `tags` are those that the application registers itself; their attributes are the application's.
+    Checker(const Package& package, std::vector<std::string> tags, Report& report);
+    void Run();
+
+private:
+    /// Where a value stands.
+    struct Place {
+        const Document& document;
+        const Element& element;
+        const std::string& skin;  // the skin that the document belongs to; empty for all
+    };
+
+    // check.cpp: documents and their entries
+    void CheckEntryDocument();
+    void Define(const PackageDocument& part);
+    void DefineEntry(const PackageDocument& part, const SeenEntry& seen);
+    void CheckDocument(const PackageDocument& part);
+    void CheckEntry(const PackageDocument& part, const SeenEntry& seen);
+    void CheckPlainAttributes(const Place& place, const std::vector<EntryAttribute>& known);
+    void CheckUnique(const PackageDocument& part, const std::vector<SeenEntry>& entries);
+
+    // check_values.cpp: attribute values
+    void CheckValue(const Place& place, const Attribute& attribute, ValueKind kind, std::string_view keywords);
+    void CheckControlName(const Place& place, const Attribute& attribute);
+    void ReportUnknown(const Place& place, const Attribute& attribute, const std::vector<std::string>& known);
+
+    // check_controls.cpp: templates and control styles
+    void CollectControls(const Document& document, int window);
+    void CheckWindow(const PackageDocument& part, int window);
+    void CheckControl(const Place& place);
+    void CheckControlAttributes(const Place& place, const DUI::ControlClass* control);
+    void CheckControlStyle(const PackageDocument& part, int entry);
+    void UseDefaults();
+
+    // check_images.cpp: the files behind the records
+    void CheckImage(const PackageDocument& part, int entry);
+    void CheckCursor(const PackageDocument& part, int entry);
+    bool IsFileThere(const Document& document, const Element& record);
+
+    const Package& m_package;
+    std::vector<std::string> m_tags;
+    Report& m_report;
+    Names m_names;
+    std::set<std::string> m_controlNames;    // of all windows
+    std::set<std::string> m_customStyles;    // control styles that an application's own controls use
+    std::set<const Document*> m_checked;     // a document that two entries name is checked once
+};
+
+}  // namespace qvui::skin_tool

@@ -1,0 +1,130 @@
+#include <algorithm>
+
+#include <qvui/framework/control_base.h>
+#include <qvui/framework/window_mgr.h>
+
+#include "check.h"
+#include "controls.h"
+#include "suggest.h"
+
+namespace qvui::skin_tool {
+namespace {
+
+using DUI::AttributeInfo;
+using DUI::ControlClass;
+
+const std::string kAllSkins;
+
+struct LibraryName {
+    NameKind kind;
+    const char* name;
+};
+// What the library asks for by itself.
+constexpr LibraryName kLibraryNames[] = {
+    {NameKind::ControlStyle, "cs_v_scrollbar"},
+    {NameKind::ControlStyle, "cs_h_scrollbar"},
+    {NameKind::String, "ids_def_font_txt_name"},
+};
+
+// The elements below one, with that one first: records stand in document order.
+int EndOf(const Document& document, int element)
+{
+    for (int at = element; at >= 0; at = document.At(at).parent)
+        if (document.At(at).next >= 0)
+            return document.At(at).next;
+    return static_cast<int>(document.Elements().size());
+}
+
+}  // namespace
+
+void Checker::UseDefaults()
+{
+    for (const LibraryName& entry : kLibraryNames)
+        m_names.Use(entry.kind, entry.name);
+    for (const DUI::BuiltinControl& control : DUI::BuiltinControls())
+        for (const ControlClass* known = &control.describe(); known; known = known->Base())
+            if (known->Attributes())
+                for (const AttributeInfo& info : known->Attributes()->Infos())
+                    for (const Reference& reference :
+                         ReferencesOf(FromTable(info.syntax.kind), info.syntax.defaultValue))
+                        m_names.Use(reference.kind, reference.name);
+}
+
+void Checker::CollectControls(const Document& document, int window)
+{
+    for (int i = window + 1; i < EndOf(document, window); ++i) {
+        const Element& element = document.At(i);
+        m_controlNames.insert(element.Value("name"));
+        if (!ClassOf(element.tag))
+            m_customStyles.insert(element.Value("control_style"));
+    }
+}
+
+void Checker::CheckWindow(const PackageDocument& part, int window)
+{
+    const Document& document = *part.document;
+    const Element& element = document.At(window);
+    const DUI::AttributeList& known = DUI::CDUIWindowMgr::WindowAttributes();
+    const Place place{document, element, kAllSkins};
+    for (const Attribute& attribute : element.attributes)
+        if (const AttributeInfo* const info = FindAttribute(known, attribute.name))
+            CheckValue(place, attribute, FromTable(info->syntax.kind), info->syntax.keywords);
+        else
+            ReportUnknown(place, attribute, AttributeNames(known));
+    if (element.firstChild < 0)
+        m_report.Add(Severity::Error, document, element.offset, "a window without a root control cannot be made");
+    else if (const int second = document.At(element.firstChild).next; second >= 0)
+        m_report.Add(Severity::Error, document, document.At(second).offset,
+                     "a window has one root control, so this one is left out");
+    for (int i = window + 1; i < EndOf(document, window); ++i)
+        CheckControl({document, document.At(i), kAllSkins});
+}
+
+void Checker::CheckControl(const Place& place)
+{
+    const ControlClass* const known = ClassOf(place.element.tag);
+    const bool isCustom = std::find(m_tags.begin(), m_tags.end(), place.element.tag) != m_tags.end();
+    if (!known && !isCustom) {
+        std::vector<std::string> tags = BuiltinTags();
+        tags.insert(tags.end(), m_tags.begin(), m_tags.end());
+        m_report.Add(Severity::Error, place.document, place.element.offset,
+                     "unknown element \"" + place.element.tag + "\": it is left out with all that it holds",
+                     Nearest(place.element.tag, tags));
+    }
+    CheckControlAttributes(place, known);
+}
+
+// Without a class the control is the application's: what every control has is checked, the rest is accepted.
+void Checker::CheckControlAttributes(const Place& place, const ControlClass* control)
+{
+    for (const Attribute& attribute : place.element.attributes) {
+        const AttributeInfo* const info =
+            FindAttribute(control ? *control : DUI::CDUIControlBase::Class(), attribute.name);
+        if (info)
+            CheckValue(place, attribute, FromTable(info->syntax.kind), info->syntax.keywords);
+        else if (control)
+            ReportUnknown(place, attribute, AttributeNames(*control));
+        else
+            m_names.Use(attribute.value);
+    }
+}
+
+void Checker::CheckControlStyle(const PackageDocument& part, int entry)
+{
+    const Element& style = part.document->At(entry);
+    const Place place{*part.document, style, part.name};
+    const bool isCustom = m_customStyles.count(style.Value("name")) > 0;
+    for (const Attribute& attribute : style.attributes) {
+        if (attribute.name == "name")
+            continue;
+        const AttributeInfo* const info = FindAttributeAnywhere(attribute.name);
+        if (info)
+            CheckValue(place, attribute, FromTable(info->syntax.kind), info->syntax.keywords);
+        else if (isCustom)
+            m_names.Use(attribute.value);
+        else
+            ReportUnknown(place, attribute, AllAttributeNames());
+    }
+}
+
+}  // namespace qvui::skin_tool

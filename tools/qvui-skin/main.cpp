@@ -1,0 +1,68 @@
+#include <clocale>
+#include <cstdio>
+
+#include <CLI/CLI.hpp>
+
+#include "check.h"
+
+namespace {
+
+using namespace qvui::skin_tool;
+
+enum Status { kClean = 0, kFindings = 1, kUnreadable = 2 };
+
+struct Options {
+    std::string entry;
+    std::string root;
+    bool isJson = false;
+    std::vector<std::string> tags;
+};
+
+int Unreadable(const std::string& path)
+{
+    std::fprintf(stderr, "qvui-skin: %s cannot be opened\n", path.c_str());
+    return kUnreadable;
+}
+
+int Check(const Options& options)
+{
+    Report report;
+    const Package package(options.entry, options.root, report);
+    if (!package.IsFound())
+        return Unreadable(options.entry);
+    Checker(package, options.tags, report).Run();
+    std::fputs((options.isJson ? report.ToJson() : report.ToText()).c_str(), stdout);
+    return report.IsClean() ? kClean : kFindings;
+}
+
+void AddPackageOptions(CLI::App& command, Options& options)
+{
+    command.add_option("entry", options.entry, "The package's entry document")->required();
+    command.add_option("--root", options.root, "The directory that the package's file names are relative to");
+}
+
+}  // namespace
+
+int main(int argc, char** argv)
+{
+    std::setlocale(LC_ALL, "");
+    std::setlocale(LC_NUMERIC, "C");
+    CLI::App app{"Checks, lists and draws skin packages.", "qvui-skin"};
+    app.require_subcommand(1);
+    Options options;
+    int status = kClean;
+
+    CLI::App& check = *app.add_subcommand("check", "Reports what is wrong with a package; 0 when nothing is");
+    AddPackageOptions(check, options);
+    check.add_flag("--json", options.isJson, "Write an array of findings");
+    check.add_option("--tag", options.tags, "A control that the application registers itself; may be given again");
+    check.callback([&] { status = Check(options); });
+
+    try {
+        app.parse(argc, argv);
+    } catch (const CLI::ParseError& error) {
+        const int code = app.exit(error);
+        return code == 0 ? kClean : kUnreadable;
+    }
+    return status;
+}
