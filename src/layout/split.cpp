@@ -42,7 +42,7 @@ const AttributeTable<CDUISplitBase>& Attributes()
          {AttributeKind::IntPair, "0,0"},
          "What dragging leaves of the first and of the second pane.",
          [](CDUISplitBase& split, const CString& value) {
-             const SIZE minima = ReadPair(value);
+             const SIZE minima = ReadPair(value.Left(126));
              split.SetSplitMinSize(minima.cx, minima.cy);
          }},
     };

@@ -77,7 +77,7 @@ void CDUITabItem::MakeTabStop(bool isTabStop)
 
 BOOL CDUITabItem::Activate()
 {
-    if (!CDUIControlBase::Activate())
+    if (!IsVisible(FALSE) || !IsEnabled())
         return FALSE;
     TellParent(DUIEVENT_ITEMCLICK, tagDUIEvent{});
     return TRUE;

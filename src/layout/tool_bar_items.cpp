@@ -133,6 +133,7 @@ void ToolBarItems::SetLook(const Look& look)
 std::vector<IDUIControl*> ToolBarItems::AllItems() const
 {
     std::vector<IDUIControl*> items;
+    items.reserve(static_cast<std::size_t>(m_bar.GetControlCount()) + 1);
     for (int i = 0; i < m_bar.GetControlCount(); ++i)
         items.push_back(m_bar.GetControlByIndex(i));
     items.push_back(m_overflow.GetPtr());
@@ -275,7 +276,7 @@ bool ToolBarItems::OpenMenu()
     request.frame = m_look.frame;
     request.itemStyle = m_look.itemStyle;
     const CRefPtr<ToolBarOverflow> button = m_overflow;
-    return m_menu->Open(request, [button](CRefPtr<IDUIControl> chosen, bool isDismissed) {
+    return m_menu->Open(request, [button](const CRefPtr<IDUIControl>& chosen, bool isDismissed) {
         // The window has lost the focus to the menu and its controls with it.
         if (isDismissed || !chosen.IsNull())
             button->SetFocus(TRUE);

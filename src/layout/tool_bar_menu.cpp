@@ -28,7 +28,7 @@ const CString& LabelOf(IDUIControl& item)
 
 CRefPtr<CDUIButton> MakeEntry(CDUIButton& item, const CString& style)
 {
-    const CRefPtr<CDUIButton> entry = new CDUIButton;
+    CRefPtr<CDUIButton> entry = new CDUIButton;
     entry->SetButtonUIData(item.GetButtonUIData());
     entry->SetButtonStyle(BTNSTYLE_LEFT_ICON);
     entry->SetMargin(kEntryMargin);
@@ -43,7 +43,7 @@ CRefPtr<CDUIButton> MakeEntry(CDUIButton& item, const CString& style)
 
 CRefPtr<CDUIFrameBK> PlainFrame()
 {
-    const CRefPtr<CDUIFrameBK> frame = new CDUIFrameBK;
+    CRefPtr<CDUIFrameBK> frame = new CDUIFrameBK;
     const MenuColors colors = PlainMenuColors();
     frame->SetBKColor(colors.paper);
     frame->SetFrameColor(colors.border);
@@ -129,9 +129,9 @@ void ToolBarMenu::PlaceWindow(const Request& request)
 {
     const RECT area = WorkAreaAt({request.anchor.left, request.anchor.bottom});
     const RECT border = GetFrameBkgnd()->GetFrameBorder();
-    const RECT whole =
-        geometry::MakeRect(0, 0, LONGLONG{m_entriesSize.cx} + 2 * kMenuMargin + border.left + border.right,
-                           LONGLONG{m_entriesSize.cy} + 2 * kMenuMargin + border.top + border.bottom);
+    const RECT whole = geometry::MakeRect(
+        0, 0, LONGLONG{m_entriesSize.cx} + LONGLONG{2} * kMenuMargin + border.left + border.right,
+        LONGLONG{m_entriesSize.cy} + LONGLONG{2} * kMenuMargin + border.top + border.bottom);
     const SIZE size{std::min(whole.right, area.right - area.left),
                     std::min(whole.bottom, area.bottom - area.top)};
     const POINT corner = layout::PlaceMenu(area, request.anchor, size, request.opensSideways);

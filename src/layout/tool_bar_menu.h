@@ -31,7 +31,7 @@ public:
 
     /// Called once after the menu has closed: with the chosen item, or null; `isDismissed` says that the user
     /// closed it by the keyboard.
-    using Closed = std::function<void(CRefPtr<IDUIControl> chosen, bool isDismissed)>;
+    using Closed = std::function<void(const CRefPtr<IDUIControl>& chosen, bool isDismissed)>;
 
     ~ToolBarMenu() override;
 

@@ -28,7 +28,7 @@ CRefPtr<IDUIControl> ToolBarOverflow::Clone()
 
 BOOL ToolBarOverflow::Activate()
 {
-    if (!CDUIControlBase::Activate())
+    if (!IsVisible(FALSE) || !IsEnabled())
         return FALSE;
     const ControlGuard keep(this);
     // A copy, since the call may end the bar, which empties this one.
@@ -73,7 +73,7 @@ void ToolBarOverflow::PaintForgnd(HDC hdc)
     for (int head = 0; head < 2; ++head) {
         const int x = left + (m_isVertical ? 0 : head * kStep);
         const int y = top + (m_isVertical ? head * kStep : 0);
-        const POINT tip = m_isVertical ? POINT{x + kReach, y + kReach} : POINT{x + kReach, y + kReach};
+        const POINT tip{x + kReach, y + kReach};
         const POINT other = m_isVertical ? POINT{x + length, y} : POINT{x, y + length};
         CDUIRenderEngine::DrawLine(hdc, x, y, tip.x, tip.y, 1, color);
         CDUIRenderEngine::DrawLine(hdc, other.x, other.y, tip.x, tip.y, 1, color);

@@ -3,6 +3,7 @@
 
 #include "layout/shapes.h"
 #include "support/controls/control_test.h"
+#include "support/synthetic_input.h"
 
 namespace qvui::test {
 namespace {
@@ -332,6 +333,33 @@ TEST_F(ToolBar, APressOnItsButtonClosesTheList)
         Pump();
         EXPECT_EQ(OpenMenu(window).IsOpen(), opens);
     }
+}
+
+// The whole way of a person's input: hit tests, activation and focus of both windows.
+TEST_F(ToolBar, ThePointerOpensClosesAndChooses)
+{
+    ControlWindow window(kNarrow, ToolWindow());
+    SyntheticInput input;
+    const POINT button = SyntheticInput::At(window.Handle(), kOverflow.x, kOverflow.y);
+    for (const bool opens : {true, false, true}) {
+        input.Click(button);
+        EXPECT_EQ(OpenMenu(window).IsOpen(), opens);
+    }
+    input.Click(SyntheticInput::At(window.Handle(), 20, 50));
+    EXPECT_FALSE(OpenMenu(window).IsOpen()) << "a press elsewhere";
+    window.TakeNotifications();
+
+    input.Click(button);
+    const OpenMenu menu(window);
+    ASSERT_TRUE(menu.IsOpen());
+    const POINT entry = menu.Entry(1, 2);
+    input.Click(SyntheticInput::At(menu.Handle(), entry.x, entry.y));
+    EXPECT_EQ(Clicked(window), "find");
+    EXPECT_EQ(GetActiveWindow(), window.Handle());
+    input.PressKey(VK_SPACE);
+    EXPECT_TRUE(OpenMenu(window).IsOpen()) << "the button has the focus again";
+    input.PressKey(VK_ESCAPE);
+    EXPECT_FALSE(OpenMenu(window).IsOpen());
 }
 
 TEST_F(ToolBar, AChoiceMayEndTheWindow)

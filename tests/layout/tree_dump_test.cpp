@@ -73,9 +73,10 @@ TEST_P(TreeDump, IsTheTreeOfTheTemplate)
 {
     const std::string name = GetParam();
     const std::string content = ReadAll(PathOf(name + ".xml"));
-    SIZE client{};
-    ASSERT_EQ(std::sscanf(content.c_str(), "<window client=\"%d,%d\"", &client.cx, &client.cy), 2) << content;
-    ControlWindow window(client, content);
+    int width = 0;
+    int height = 0;
+    ASSERT_EQ(std::sscanf(content.c_str(), "<window client=\"%d,%d\"", &width, &height), 2) << content;
+    ControlWindow window({width, height}, content);
     std::string text;
     Dump(*window.GetRootControl(), "", text);
     if (std::getenv("QVUI_UPDATE_DUMPS"))
