@@ -90,7 +90,10 @@ void ScaleHls(Pictures& p, int channel)
         cv::cvtColor(bgr, p.result, cv::COLOR_BGR2BGRA);
 }
 
-void CopyMat(Pictures& p) { std::memcpy(p.result.data, p.section.GetBits(), p.section.GetDibHeader()->biSizeImage); }
+void CopyMat(Pictures& p)
+{
+    std::memcpy(p.result.data, p.section.GetBits(), p.section.GetDibHeader()->biSizeImage);
+}
 
 std::vector<Pair> Pairs()
 {
@@ -99,17 +102,29 @@ std::vector<Pair> Pairs()
     const cv::Mat contrast = ContrastTable();
     return {
         {"smooth", [](Pictures& p) { CConvoluteFilter::Process(&p.section, CONVOLUTE_SMOOTH); },
-         [](Pictures& p) { cv::blur(p.mat, p.result, {3, 3}); }},
+         [](Pictures& p) {
+             cv::blur(p.mat, p.result, {3, 3});
+         }},
         {"gaussian", [](Pictures& p) { CGaussImageFilter::Process(&p.section); },
-         [](Pictures& p) { cv::GaussianBlur(p.mat, p.result, {3, 3}, 0); }},
+         [](Pictures& p) {
+             cv::GaussianBlur(p.mat, p.result, {3, 3}, 0);
+         }},
         {"sharpen", [](Pictures& p) { CSharpenImageFilter::Process(&p.section); },
-         [](Pictures& p) { FilterMat(p, {0, -1, 0, -1, 9, -1, 0, -1, 0}, 0.2F, 0); }},
+         [](Pictures& p) {
+             FilterMat(p, {0, -1, 0, -1, 9, -1, 0, -1, 0}, 0.2F, 0);
+         }},
         {"edges", [](Pictures& p) { CEdgeImageFilter::Process(&p.section); },
-         [](Pictures& p) { FilterMat(p, {-1, -1, -1, -1, 8, -1, -1, -1, -1}, 1, 128); }},
+         [](Pictures& p) {
+             FilterMat(p, {-1, -1, -1, -1, 8, -1, -1, -1, -1}, 1, 128);
+         }},
         {"emboss_135", [](Pictures& p) { CEmbossImageFilter::Process(&p.section); },
-         [](Pictures& p) { FilterMat(p, {1, 0, 0, 0, 0, 0, 0, 0, -1}, 1, 128); }},
+         [](Pictures& p) {
+             FilterMat(p, {1, 0, 0, 0, 0, 0, 0, 0, -1}, 1, 128);
+         }},
         {"emboss_90", [](Pictures& p) { CConvoluteFilter::Process(&p.section, CONVOLUTE_EMBOSS_90); },
-         [](Pictures& p) { FilterMat(p, {0, 1, 0, 0, 0, 0, 0, -1, 0}, 0.5F, 128); }},
+         [](Pictures& p) {
+             FilterMat(p, {0, 1, 0, 0, 0, 0, 0, -1, 0}, 0.5F, 128);
+         }},
         {"fill", [color](Pictures& p) { CFillIColorFilter::Process(&p.section, color, nullptr); },
          [scalar](Pictures& p) { p.result.setTo(scalar); }},
         {"grey", [](Pictures& p) { CGrayScaleImageFilter::Process(&p.section, nullptr); },
@@ -136,7 +151,8 @@ std::vector<Pair> Pairs()
          }},
         {"contrast", [](Pictures& p) { CContrastFilter::Process(&p.section, 30); },
          [contrast](Pictures& p) { cv::LUT(p.mat, contrast, p.result); }},
-        {"hue", [](Pictures& p) { CHueChangeFilter::Process(&p.section, 0); }, [](Pictures& p) { ScaleHls(p, 0); }},
+        {"hue", [](Pictures& p) { CHueChangeFilter::Process(&p.section, 0); },
+         [](Pictures& p) { ScaleHls(p, 0); }},
         {"saturation", [](Pictures& p) { CSaturationChangeFilter::Process(&p.section, 0); },
          [](Pictures& p) { ScaleHls(p, 2); }},
         {"pixelize", [](Pictures& p) { CPixelizeImageFilter::Process(&p.section, 8); },
@@ -148,7 +164,10 @@ std::vector<Pair> Pairs()
         {"flip", [](Pictures& p) { CFlipImageFilter::Process(&p.section); }, CopyMat},
         {"rotate_left", [](Pictures& p) { CRotateLeftFilter::Process(&p.section); }, CopyMat},
         {"rotate_right", [](Pictures& p) { CRotateRightFilter::Process(&p.section); }, CopyMat},
-        {"cut_out", [](Pictures& p) { CSelectImageFilter::Process(&p.section, &p.target, nullptr); }, CopyMat},
+        {"turn_left", [](Pictures& p) { CRotateLeftFilter::Process(&p.section); },
+         [](Pictures& p) { cv::rotate(p.mat, p.result, cv::ROTATE_90_COUNTERCLOCKWISE); }},
+        {"cut_out", [](Pictures& p) { CSelectImageFilter::Process(&p.section, &p.target, nullptr); },
+         CopyMat},
     };
 }
 
@@ -180,5 +199,6 @@ int main(int argc, char** argv)
     benchmark::RunSpecifiedBenchmarks(&reporter);
     for (const Pair& pair : pairs)
         for (const char* suffix : {"_24", "_32"})
-            reporter.PrintRatio((pair.name + suffix).c_str(), (pair.name + suffix + "_peer").c_str(), pair.most);
+            reporter.PrintRatio((pair.name + suffix).c_str(), (pair.name + suffix + "_peer").c_str(),
+                                pair.most);
 }

@@ -106,9 +106,10 @@ private:
         // Truncation is toward zero: the magnitude is divided. A clamped kernel without an offset has no use
         // for negative sums.
         constexpr bool kIsSigned = kSmallest < 0 && !(Published::kClamp == 1 && Published::kOffset == 0);
-        const auto sign = static_cast<std::int16_t>(kIsSigned && sum < 0 ? -1 : 0);
-        const auto magnitude =
-            static_cast<std::uint16_t>(kIsSigned ? (sum ^ sign) - sign : std::max<int>(sum, 0));
+        const auto sign = static_cast<std::int16_t>(kIsSigned ? sum >> 15 : 0);
+        const auto magnitude = static_cast<std::uint16_t>(kIsSigned ? (sum ^ sign) - sign
+                                                          : sum > 0 ? sum
+                                                                    : 0);
         const auto quotient =
             static_cast<std::uint16_t>((static_cast<std::uint32_t>(magnitude) * kReciprocal) >> 16);
         return static_cast<std::int16_t>((quotient ^ sign) - sign);
@@ -125,9 +126,9 @@ private:
             for (int k = 0; k < 9; ++k)
                 sum = static_cast<std::int16_t>(sum + Published::kWeights[k] *
                                                           rows[k / 3][i + (k % 3 - 1) * pixelSize]);
-            int value = Divided(sum) + Published::kOffset;
+            auto value = static_cast<std::int16_t>(Divided(sum) + Published::kOffset);
             if constexpr (Published::kClamp == 1)
-                value = std::clamp(value, 0, 255);
+                value = std::clamp<std::int16_t>(value, 0, 255);
             dst[i] = static_cast<BYTE>(value);
         }
     }

@@ -32,23 +32,45 @@ int WithPixelType(const CDibSection& section, Operation operation)
     }
 }
 
-// Copies the section's pixels into a section of swapped width and height: the pixel at column x of stored row
-// r goes to column place(r) of row placeRow(x). Square tiles keep both sides in the processor's cache.
+// Copies the section's pixels into a section of swapped width and height, turned. The source is read in tiles
+// of short rows and many of them, through a buffer: so the target is written in long runs, and neither a row
+// length that is a power of two nor the many pages touched defeat the processor's caches.
 template <class Pixel>
 void Turn(const CDibSection& from, CDibSection& to, bool isLeft)
 {
-    constexpr int kTile = 16;
+    constexpr int kTileWidth = 32;
+    constexpr int kTileHeight = 256;
+    const std::unique_ptr<Pixel[]> tile(new Pixel[kTileWidth * kTileHeight]);
     const int width = WidthOf(from);
     const int height = HeightOf(from);
-    for (int top = 0; top < width; top += kTile)
-        for (int left = 0; left < height; left += kTile)
-            for (int row = top; row < std::min(top + kTile, width); ++row) {
-                const int x = isLeft ? row : width - 1 - row;
-                auto* target = reinterpret_cast<Pixel*>(StoredRow(to, row));
-                for (int column = left; column < std::min(left + kTile, height); ++column)
-                    target[column] = reinterpret_cast<const Pixel*>(
-                        StoredRow(from, isLeft ? height - 1 - column : column))[x];
+    for (int left = 0; left < width; left += kTileWidth)
+        for (int low = 0; low < height; low += kTileHeight) {
+            const int columns = std::min(kTileWidth, width - left);
+            const int rows = std::min(kTileHeight, height - low);
+            for (int i = 0; i < rows; ++i) {
+                const int row = isLeft ? height - 1 - (low + i) : low + i;
+                std::memcpy(&tile[i * kTileWidth], StoredRow(from, row) + left * sizeof(Pixel),
+                            columns * sizeof(Pixel));
             }
+            for (int column = 0; column < columns; ++column) {
+                const int row = isLeft ? left + column : width - 1 - (left + column);
+                auto* const run = reinterpret_cast<Pixel*>(StoredRow(to, row)) + low;
+                for (int i = 0; i < rows; ++i)
+                    run[i] = tile[i * kTileWidth + column];
+            }
+        }
+}
+
+// Reverses a row's pixels; `copy` holds the row and a byte more. Moving four bytes at once is faster than
+// moving three, and the fourth is overwritten by the next pixel.
+template <int size>
+void ReverseRow(BYTE* row, const BYTE* copy, int width)
+{
+    constexpr int kMoved = size == 3 ? 4 : size;
+    const BYTE* from = copy + static_cast<std::ptrdiff_t>(width - 1) * size;
+    for (int x = 0; x < width - 1; ++x, row += size, from -= size)
+        std::memcpy(row, from, kMoved);
+    std::memcpy(row, copy, size);
 }
 
 int Rotate(CDibSection* section, bool isLeft)
@@ -92,9 +114,11 @@ int CMirrorImageFilter::Process(CDibSection* section)
         return FALSE;
     return WithPixelType(*section, [section](auto* type) -> int {
         using PixelType = std::remove_pointer_t<decltype(type)>;
+        const std::size_t bytes = WidthOf(*section) * sizeof(PixelType);
+        const std::unique_ptr<BYTE[]> copy(new BYTE[bytes + 1]);
         for (int row = 0; row < HeightOf(*section); ++row) {
-            auto* pixels = reinterpret_cast<PixelType*>(StoredRow(*section, row));
-            std::reverse(pixels, pixels + WidthOf(*section));
+            std::memcpy(copy.get(), StoredRow(*section, row), bytes);
+            ReverseRow<sizeof(PixelType)>(StoredRow(*section, row), copy.get(), WidthOf(*section));
         }
         return TRUE;
     });
@@ -124,30 +148,35 @@ int CRotateRightFilter::Process(CDibSection* section)
 // --- blocks
 // -------------------------------------------------------------------------------------------------
 
+namespace {
+
+template <int size>
+void AverageBlock(BYTE* block, std::ptrdiff_t lineWidth, int width, int height)
+{
+    unsigned long long sums[size] = {};
+    for (int row = 0; row < height; ++row)
+        for (int x = 0; x < width; ++x)
+            for (int channel = 0; channel < size; ++channel)
+                sums[channel] += block[row * lineWidth + x * size + channel];
+    Pixel<size> average;
+    const unsigned long long count = static_cast<unsigned long long>(width) * height;
+    for (int channel = 0; channel < size; ++channel)
+        average.bytes[channel] = static_cast<BYTE>(sums[channel] / count);
+    for (int row = 0; row < height; ++row)
+        std::fill_n(reinterpret_cast<Pixel<size>*>(block + row * lineWidth), width, average);
+}
+
+}  // namespace
+
 void CPixelizeImageFilter::FillAverageColor(unsigned char* block, int lineWidth, int pixelSize, int width,
                                             int height)
 {
-    if ((pixelSize != 3 && pixelSize != 4) || width < 1 || height < 1)
+    if (width < 1 || height < 1)
         return;
-    const auto rowOf = [block, lineWidth](int row) {
-        return block + static_cast<std::ptrdiff_t>(row) * lineWidth;
-    };
-    unsigned long long sums[4] = {};
-    for (int row = 0; row < height; ++row) {
-        const BYTE* pixel = rowOf(row);
-        for (int x = 0; x < width; ++x, pixel += pixelSize)
-            for (int channel = 0; channel < pixelSize; ++channel)
-                sums[channel] += pixel[channel];
-    }
-    BYTE average[4];
-    for (int channel = 0; channel < pixelSize; ++channel)
-        average[channel] =
-            static_cast<BYTE>(sums[channel] / (static_cast<unsigned long long>(width) * height));
-    for (int row = 0; row < height; ++row) {
-        BYTE* pixel = rowOf(row);
-        for (int x = 0; x < width; ++x, pixel += pixelSize)
-            std::memcpy(pixel, average, static_cast<std::size_t>(pixelSize));
-    }
+    if (pixelSize == 3)
+        AverageBlock<3>(block, lineWidth, width, height);
+    else if (pixelSize == 4)
+        AverageBlock<4>(block, lineWidth, width, height);
 }
 
 int CPixelizeImageFilter::Process(CDibSection* section, int blockSize)
