@@ -59,6 +59,14 @@ void Checker::CheckEntryDocument()
 
 void Checker::Define(const PackageDocument& part)
 {
+    // Styles of no skin are never loaded; the entry's check has said so.
+    const std::vector<const PackageDocument*> skins = m_package.OfKind(DocumentKind::Resources);
+    const bool isLoaded = part.kind != DocumentKind::Styles ||
+                          std::any_of(skins.begin(), skins.end(), [&](const PackageDocument* skin) {
+                              return skin->name == part.name;
+                          });
+    if (!isLoaded)
+        return;
     for (const SetSchema& set : SchemaOf(part.kind).sets)
         if (set.names)
             m_names.Scope(*set.names, part.name).isComplete = part.IsUsable();

@@ -45,7 +45,8 @@ int EditDistance(std::string_view from, std::string_view to)
 std::string Nearest(std::string_view word, const std::vector<std::string>& candidates)
 {
     const std::string lower = Lower(word);
-    int least = std::max(1, static_cast<int>(lower.size()) / 3) + 1;
+    const int length = static_cast<int>(lower.size());
+    int least = (length <= 3 ? 1 : std::max(2, length / 3)) + 1;
     std::string nearest;
     for (const std::string& candidate : candidates) {
         const int distance = EditDistance(lower, Lower(candidate));

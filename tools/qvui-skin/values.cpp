@@ -78,6 +78,18 @@ std::vector<std::string> WordsOf(const std::string& text)
     return words;
 }
 
+// The list itself while it is short enough to read.
+std::string NoneOf(const std::vector<std::string>& known)
+{
+    constexpr std::size_t kMostTold = 8;
+    if (known.size() > kMostTold)
+        return "no word that counts here";
+    std::string text = "none of";
+    for (std::size_t i = 0; i < known.size(); ++i)
+        text += (i == 0 ? " " : ", ") + known[i];
+    return text;
+}
+
 Problem CheckWords(const std::string& value, std::string_view keywords, bool ignoresCase, bool isOne)
 {
     const std::vector<std::string> known = Split(keywords, '|');
@@ -87,7 +99,7 @@ Problem CheckWords(const std::string& value, std::string_view keywords, bool ign
             return SameWord(keyword, word, ignoresCase);
         });
         if (!isKnown)
-            return Wrong(word, "no word that counts here", Nearest(word, known));
+            return Wrong(word, NoneOf(known), Nearest(word, known));
     }
     return {};
 }

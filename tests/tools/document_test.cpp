@@ -1,0 +1,86 @@
+#include <gtest/gtest.h>
+
+#include "qvui-skin/document.h"
+
+namespace qvui::skin_tool {
+namespace {
+
+TEST(Document, TellsLineAndColumnInCharacters)
+{
+    const std::string text = "one\ntwo \xC3\xA4\xC3\xB6 x\r\n\nend";
+    struct Case {
+        const char* name;
+        int offset;
+        int line;
+        int column;
+    };
+    const std::vector<Case> cases{
+        {"the start", 0, 1, 1},           {"the end of a line", 3, 1, 4},
+        {"a line's first", 4, 2, 1},      {"behind two-byte characters", 13, 2, 8},
+        {"an empty line", 16, 3, 1},      {"the last line", 17, 4, 1},
+        {"behind the text", 1000, 4, 4},  {"before the text", -1, 1, 1},
+    };
+    for (const Case& c : cases) {
+        const Position at = PositionOf(text, c.offset);
+        EXPECT_EQ(at.line, c.line) << c.name;
+        EXPECT_EQ(at.column, c.column) << c.name;
+    }
+}
+
+TEST(Document, KeepsElementsInOrderWithTheirRelativesAndPlaces)
+{
+    const Document document = Document::FromText("x.xml", "<a>\n <b k='1' k='2' K=\"&lt;\"><c/></b>\n <d>text</d>\n</a>");
+    ASSERT_TRUE(document.IsWellFormed());
+    ASSERT_EQ(document.Elements().size(), 4u);
+    const Element& b = document.At(1);
+    EXPECT_EQ(document.At(0).firstChild, 1);
+    EXPECT_EQ(b.firstChild, 2);
+    EXPECT_EQ(b.next, 3);
+    EXPECT_EQ(document.At(2).parent, 1);
+    EXPECT_EQ(document.At(3).next, -1);
+    EXPECT_EQ(document.At(3).data, "text");
+    EXPECT_EQ(b.Value("k"), "1");
+    EXPECT_EQ(b.Value("K"), "<");
+    EXPECT_EQ(document.Where(b.Find("K")->nameOffset).column, 17);
+    EXPECT_EQ(document.Where(b.Find("K")->valueOffset).column, 20);
+    EXPECT_EQ(document.Where(document.At(3).offset).line, 3);
+}
+
+TEST(Document, SaysWhyItIsNotWellFormed)
+{
+    struct Case {
+        const char* text;
+        const char* problem;
+        int line;
+    };
+    const std::vector<Case> cases{
+        {"", "the document has no element", 1},
+        {"<a>\n<b>\n</a>", "the element \"b\" has no end tag", 2},
+        {"<a/>\n<b/>", "a second top-level element \"b\": a document has one", 2},
+        {"<a>\n</b></a>", "the end tag \"</b>\" has no element to end", 2},
+        {"<a>\n<!-- </a>", "a comment without its \"-->\"", 2},
+    };
+    for (const Case& c : cases) {
+        const Document document = Document::FromText("x.xml", c.text);
+        EXPECT_FALSE(document.IsWellFormed()) << c.text;
+        EXPECT_TRUE(document.Elements().empty()) << c.text;
+        ASSERT_FALSE(document.Problems().empty()) << c.text;
+        EXPECT_EQ(document.Problems().front().text, c.problem) << c.text;
+        EXPECT_EQ(document.Where(document.Problems().front().offset).line, c.line) << c.text;
+    }
+    EXPECT_FALSE(Document::FromFile("no-such-directory/no.xml").IsReadable());
+}
+
+TEST(Document, ReadsDeepAndWideTextsWithoutRecursion)
+{
+    constexpr int kDepth = 20000;
+    std::string text;
+    for (int i = 0; i < kDepth; ++i)
+        text += "<e>";
+    for (int i = 0; i < kDepth; ++i)
+        text += "</e>";
+    EXPECT_EQ(Document::FromText("x.xml", text).Elements().size(), static_cast<std::size_t>(kDepth));
+}
+
+}  // namespace
+}  // namespace qvui::skin_tool
