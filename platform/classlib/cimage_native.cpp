@@ -53,6 +53,32 @@ bool SurfaceHasAlpha(SDL_Surface* surface)
     return SDL_ISPIXELFORMAT_ALPHA(surface->format->format) || SDL_GetColorKey(surface, &key) == 0;
 }
 
+// The formats that both targets read. The decoder's library knows more, also such as have no signature; those are
+// left alone, since whatever is tried on a broken file is another parser that it can reach.
+SurfacePointer DecodeKnownFormat(const std::vector<std::uint8_t>& file)
+{
+    struct Format {
+        int (*matches)(SDL_RWops*);
+        SDL_Surface* (*load)(SDL_RWops*);
+    };
+    constexpr Format kFormats[] = {
+        {IMG_isPNG, IMG_LoadPNG_RW}, {IMG_isJPG, IMG_LoadJPG_RW}, {IMG_isGIF, IMG_LoadGIF_RW},
+        {IMG_isBMP, IMG_LoadBMP_RW}, {IMG_isTIF, IMG_LoadTIF_RW}, {IMG_isICO, IMG_LoadICO_RW},
+        {IMG_isCUR, IMG_LoadCUR_RW},
+    };
+    SDL_RWops* const stream = SDL_RWFromConstMem(file.data(), static_cast<int>(file.size()));
+    if (!stream)
+        return nullptr;
+    SurfacePointer surface;
+    for (const Format& format : kFormats)
+        if (format.matches(stream)) {
+            surface.reset(format.load(stream));
+            break;
+        }
+    SDL_RWclose(stream);
+    return surface;
+}
+
 }  // namespace
 
 bool CImage::Decode(const std::vector<std::uint8_t>& file, Decoded& image)
@@ -60,7 +86,7 @@ bool CImage::Decode(const std::vector<std::uint8_t>& file, Decoded& image)
     const bool isPng = StartsWith(file, kPng);
     if (isPng && !IsWholePng(file))
         return false;
-    SurfacePointer loaded(IMG_Load_RW(SDL_RWFromConstMem(file.data(), static_cast<int>(file.size())), 1));
+    const SurfacePointer loaded = DecodeKnownFormat(file);
     if (!loaded || loaded->w <= 0 || loaded->h <= 0 || static_cast<std::int64_t>(loaded->w) * loaded->h > kMostPixels)
         return false;
     image.hasAlpha = isPng ? PngHasAlpha(file) : !IsBitmap(file) && SurfaceHasAlpha(loaded.get());
