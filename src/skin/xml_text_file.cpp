@@ -13,6 +13,7 @@
 #include "skin/xml_log.h"
 #include "skin/xml_scan.h"
 #include "skin/xml_tables.h"
+#include "skin/xml_text_file.h"
 
 namespace DUI {
 namespace {
@@ -117,23 +118,22 @@ CString ToSystem(const WideText& wide, XmlLog& log)
     return CString(std::move(text));
 }
 
-WideText WideOf(const std::string& bytes, bool isBigEndian, XmlLog& log)
+CString FromWide(const std::string& bytes, bool isBigEndian, XmlLog& log)
 {
     WideText wide;
-    std::size_t nulls = 0;
+    wide.reserve(bytes.size() / 2);
     for (std::size_t i = 0; i + 1 < bytes.size(); i += 2) {
         const auto low = static_cast<unsigned char>(bytes[i + (isBigEndian ? 1 : 0)]);
         const auto high = static_cast<unsigned char>(bytes[i + (isBigEndian ? 0 : 1)]);
-        if (low == 0 && high == 0)
-            ++nulls;
-        else
+        if (low != 0 || high != 0)
             wide += static_cast<WCHAR>(low | (high << 8));
     }
     if (isBigEndian)
         log.Add("endian_swap");
-    if (nulls > 0)
+    if (const std::size_t nulls = bytes.size() / 2 - wide.size(); nulls > 0)
         log.Add("nulls_removed", {{"count", nulls}});
-    return wide;
+    log.Add("converted_to", {{"encoding", std::to_string(GetACP())}, {"length", wide.size()}});
+    return ToSystem(wide, log);
 }
 
 CString FromEightBit(std::string bytes, std::string encoding, XmlLog& log)
@@ -164,19 +164,16 @@ CString FromEightBit(std::string bytes, std::string encoding, XmlLog& log)
 
 }  // namespace
 
-bool CXmlDocument::ReadTextFile(LPCSTR path, CString& text, CString& result, int& flags)
+CString DecodeXmlText(std::string bytes, CString& result, int& flags)
 {
     XmlLog log(result);
-    std::string bytes;
-    if (!ReadBytes(path, bytes)) {
-        log.Add("file_error", {{"msg", std::string_view(path ? path : "")}});
-        return false;
-    }
     std::string encoding;
+    int wide = 0;
     for (const Mark& mark : kMarks)
         if (bytes.compare(0, mark.bytes.size(), mark.bytes) == 0) {
             encoding = mark.encoding;
             flags |= mark.flag;
+            wide = mark.flag & (CXmlDocument::kUtf16LeFile | CXmlDocument::kUtf16BeFile);
             bytes.erase(0, mark.bytes.size());
             log.Add("bom", {{"encoding", encoding}});
             break;
@@ -187,14 +184,18 @@ bool CXmlDocument::ReadTextFile(LPCSTR path, CString& text, CString& result, int
             encoding = "UTF-8";
     }
     log.Add("read", {{"encoding", encoding}, {"length", bytes.size()}});
-    const bool isWide = flags & (kUtf16LeFile | kUtf16BeFile);
-    if (!isWide) {
-        text = FromEightBit(std::move(bytes), std::move(encoding), log);
-        return true;
+    return wide ? FromWide(bytes, wide == CXmlDocument::kUtf16BeFile, log)
+                : FromEightBit(std::move(bytes), std::move(encoding), log);
+}
+
+bool CXmlDocument::ReadTextFile(LPCSTR path, CString& text, CString& result, int& flags)
+{
+    std::string bytes;
+    if (!ReadBytes(path, bytes)) {
+        XmlLog(result).Add("file_error", {{"msg", std::string_view(path ? path : "")}});
+        return false;
     }
-    const WideText wide = WideOf(bytes, (flags & kUtf16BeFile) != 0, log);
-    log.Add("converted_to", {{"encoding", std::to_string(GetACP())}, {"length", wide.size()}});
-    text = ToSystem(wide, log);
+    text = DecodeXmlText(std::move(bytes), result, flags);
     return true;
 }
 
