@@ -1,9 +1,11 @@
 #include <clocale>
 #include <cstdio>
+#include <fstream>
 
 #include <CLI/CLI.hpp>
 
 #include "check.h"
+#include "reference.h"
 
 namespace {
 
@@ -16,6 +18,7 @@ struct Options {
     std::string root;
     bool isJson = false;
     std::vector<std::string> tags;
+    std::string output;
 };
 
 int Unreadable(const std::string& path)
@@ -24,7 +27,13 @@ int Unreadable(const std::string& path)
     return kUnreadable;
 }
 
-int Check(const Options& options)
+int Unwritable(const std::string& path)
+{
+    std::fprintf(stderr, "qvui-skin: %s cannot be written\n", path.c_str());
+    return kUnreadable;
+}
+
+int RunCheck(const Options& options)
 {
     Report report;
     const Package package(options.entry, options.root, report);
@@ -33,6 +42,13 @@ int Check(const Options& options)
     Checker(package, options.tags, report).Run();
     std::fputs((options.isJson ? report.ToJson() : report.ToText()).c_str(), stdout);
     return report.IsClean() ? kClean : kFindings;
+}
+
+int RunReference(const Options& options)
+{
+    std::ofstream file(options.output, std::ios::binary);
+    file << ReferencePage();
+    return file.flush() ? kClean : Unwritable(options.output);
 }
 
 void AddPackageOptions(CLI::App& command, Options& options)
@@ -56,7 +72,11 @@ int main(int argc, char** argv)
     AddPackageOptions(check, options);
     check.add_flag("--json", options.isJson, "Write an array of findings");
     check.add_option("--tag", options.tags, "A control that the application registers itself; may be given again");
-    check.callback([&] { status = Check(options); });
+    check.callback([&] { status = RunCheck(options); });
+
+    CLI::App& reference = *app.add_subcommand("reference", "Writes the reference page for skin designers");
+    reference.add_option("-o,--output", options.output, "The page, in Markdown")->required();
+    reference.callback([&] { status = RunReference(options); });
 
     try {
         app.parse(argc, argv);

@@ -1,0 +1,189 @@
+#include "reference.h"
+
+#include <algorithm>
+#include <cctype>
+#include <vector>
+
+#include <qvui/framework/window_mgr.h>
+
+#include "controls.h"
+#include "schema.h"
+
+namespace qvui::skin_tool {
+namespace {
+
+using DUI::AttributeInfo;
+using DUI::BuiltinControl;
+using DUI::ControlClass;
+using DUI::NotificationInfo;
+
+std::string Code(const std::string& text) { return text.empty() ? "" : "`" + text + "`"; }
+
+std::string Cell(const std::string& text)
+{
+    std::string cell;
+    for (const char character : text)
+        cell += character == '|' ? std::string("\\|") : std::string(1, character);
+    return cell;
+}
+
+std::string Words(std::string_view keywords)
+{
+    std::string words;
+    for (const std::string& word : Split(keywords, '|'))
+        words += (words.empty() ? "" : ", ") + Code(word);
+    return words;
+}
+
+std::string ValueText(ValueKind kind, std::string_view keywords)
+{
+    return Describe(kind) + (keywords.empty() ? std::string() : ": " + Words(keywords));
+}
+
+std::string Row(const std::string& name, const std::string& value, const std::string& defaultValue,
+                const std::string& description)
+{
+    return "| " + Code(name) + " | " + Cell(value) + " | " + Cell(Code(defaultValue)) + " | " + Cell(description) +
+           " |\n";
+}
+
+std::string AttributeRows(const DUI::AttributeList& list)
+{
+    std::string rows = "| Attribute | Value | Without it | Meaning |\n|---|---|---|---|\n";
+    for (const AttributeInfo& info : list.Infos())
+        rows += Row(info.name, ValueText(FromTable(info.syntax.kind), info.syntax.keywords),
+                    info.syntax.defaultValue, info.description);
+    return rows + "\n";
+}
+
+std::string EntryRows(const std::vector<EntryAttribute>& attributes)
+{
+    std::string rows = "| Attribute | Value | Meaning |\n|---|---|---|\n";
+    for (const EntryAttribute& attribute : attributes)
+        rows += "| " + Code(attribute.name) + " | " + Cell(ValueText(attribute.kind, attribute.keywords)) + " | " +
+                Cell(attribute.description) + " |\n";
+    return rows + "\n";
+}
+
+std::string SetText(const SetSchema& set)
+{
+    std::string text = "#### ";
+    text += set.set ? Code(set.set) : Code(set.entry);
+    if (set.set && set.entry)
+        text += ", each " + Code(set.entry);
+    text += "\n\n" + std::string(set.description) + "\n\n";
+    if (!set.setAttributes.empty())
+        text += (set.entry ? "Of the set itself:\n\n" : "") + EntryRows(set.setAttributes);
+    if (!set.attributes.empty())
+        text += (set.setAttributes.empty() ? "" : "Of each entry:\n\n") + EntryRows(set.attributes);
+    if (set.content == EntryContent::Window)
+        text += "See [the window element](#the-window-element).\n\n";
+    return text;
+}
+
+std::string DocumentText(const DocumentSchema& schema)
+{
+    std::string text = "### " + std::string(schema.title) + "\n\n" + schema.description + "\n\n";
+    if (schema.sets.size() > 1)
+        text += schema.isFirstOfEachKind
+                    ? "The sets stand in this order, each once; one out of order is not seen.\n\n"
+                    : "The sets stand in this order, each any number of times; one behind a later kind is not "
+                      "seen.\n\n";
+    for (const SetSchema& set : schema.sets)
+        text += SetText(set);
+    return text;
+}
+
+// Classes that bring attributes or notifications, each base before what derives from it.
+std::vector<const ControlClass*> BaseClasses()
+{
+    std::vector<const ControlClass*> classes;
+    for (const BuiltinControl& control : DUI::BuiltinControls()) {
+        std::vector<const ControlClass*> chain;
+        for (const ControlClass* base = control.describe().Base(); base; base = base->Base())
+            chain.insert(chain.begin(), base);
+        for (const ControlClass* base : chain)
+            if (std::find(classes.begin(), classes.end(), base) == classes.end())
+                classes.push_back(base);
+    }
+    return classes;
+}
+
+std::string Anchor(std::string title)
+{
+    std::string anchor;
+    for (const char character : title)
+        if (std::isalnum(static_cast<unsigned char>(character)) || character == '_' || character == '-')
+            anchor += static_cast<char>(std::tolower(static_cast<unsigned char>(character)));
+    return anchor;
+}
+
+std::string Notifications(const ControlClass& control)
+{
+    if (control.Notifications().empty())
+        return "";
+    std::string rows = "| Notification | When |\n|---|---|\n";
+    for (const NotificationInfo& info : control.Notifications())
+        rows += "| " + Code(info.name) + " | " + Cell(info.description) + " |\n";
+    return rows + "\n";
+}
+
+// The names that GetInterface answers: the class's own and those it passes on.
+std::string Interfaces(const ControlClass& control)
+{
+    std::string names;
+    for (const ControlClass* known = &control; known; known = known->Base())
+        for (const char* name : known->Interfaces())
+            if (control.Answers(name) && names.find(Code(name)) == std::string::npos)
+                names += (names.empty() ? "" : ", ") + Code(name);
+    return names.empty() ? "" : "Interface names: " + names + ".\n\n";
+}
+
+std::string Inherited(const ControlClass& control)
+{
+    std::string text;
+    for (const ControlClass* base = control.Base(); base; base = base->Base())
+        if (base->Attributes() || !base->Notifications().empty())
+            text += (text.empty() ? "" : ", ") + ("[" + std::string(base->Name()) + "](#" + Anchor(base->Name()) + ")");
+    return text.empty() ? "" : "Takes over what these have: " + text + ".\n\n";
+}
+
+std::string ClassBody(const ControlClass& control)
+{
+    std::string text = std::string(control.Description()) + "\n\n";
+    if (control.Attributes())
+        text += AttributeRows(*control.Attributes());
+    return text + Notifications(control);
+}
+
+constexpr const char* kIntroduction =
+    "# Skin reference\n\n"
+    "What the documents of a skin package hold. This page is made from the tables that the library and\n"
+    "`qvui-skin check` read (`qvui-skin reference -o docs/skin-reference.md`); do not edit it by hand.\n\n"
+    "Tags and names match letter for letter, attributes of controls in any letter case. Lists of numbers\n"
+    "are written with commas, lengths are in pixels. `qvui-skin check entry.xml` says what is wrong in a\n"
+    "package.\n\n";
+
+}  // namespace
+
+std::string ReferencePage()
+{
+    std::string page = kIntroduction;
+    page += "## Documents of a package\n\n";
+    for (int i = 0; i < kDocumentKinds; ++i)
+        page += DocumentText(SchemaOf(static_cast<DocumentKind>(i)));
+    page += "## The window element\n\nThe element of a window template; its one child is the root control.\n\n" +
+            AttributeRows(DUI::CDUIWindowMgr::WindowAttributes());
+    page += "## Controls\n\n";
+    for (const BuiltinControl& control : DUI::BuiltinControls()) {
+        const ControlClass& info = control.describe();
+        page += "### " + Code(control.tag) + "\n\n" + ClassBody(info) + Inherited(info) + Interfaces(info);
+    }
+    page += "## What controls have in common\n\n";
+    for (const ControlClass* base : BaseClasses())
+        page += "### " + std::string(base->Name()) + "\n\n" + ClassBody(*base) + Inherited(*base);
+    page.pop_back();
+    return page;
+}
+
+}  // namespace qvui::skin_tool
