@@ -10,6 +10,8 @@
 #include <qvui/framework/control_base.h>
 #include <qvui/framework/control_builder.h>
 #include <qvui/framework/control_factory.h>
+#include <qvui/framework/draw_manager.h>
+#include <qvui/framework/html_drawer.h>
 #include <qvui/framework/message_loop.h>
 #include <qvui/framework/tool_tip.h>
 #include <qvui/framework/window_mgr.h>

@@ -53,7 +53,8 @@ void CPPDrawManager::FillEffect(HDC hdc, const RECT& rect, int effect, COLORREF 
         LONG& last = fill.isVertical ? part.bottom : part.right;
         last = first + extent * (i + 1) / partCount;
         first += extent * i / partCount;
-        CDUIRenderEngine::DrawGradien(hdc, part, colors[fill.stops[i]], colors[fill.stops[i + 1]], fill.isVertical);
+        CDUIRenderEngine::DrawGradien(hdc, part, colors[fill.stops[i]], colors[fill.stops[i + 1]],
+                                      fill.isVertical);
     }
 }
 
@@ -71,7 +72,9 @@ void CPPDrawManager::DrawBorder(HDC hdc, const RECT& rect, int corner, COLORREF 
 COLORREF CPPDrawManager::Mix(COLORREF first, COLORREF second, int percent)
 {
     percent = std::clamp(percent, 0, 100);
-    const auto mixed = [percent](int from, int to) { return (from * (100 - percent) + to * percent + 50) / 100; };
+    const auto mixed = [percent](int from, int to) {
+        return (from * (100 - percent) + to * percent + 50) / 100;
+    };
     return RGB(mixed(GetRValue(first), GetRValue(second)), mixed(GetGValue(first), GetGValue(second)),
                mixed(GetBValue(first), GetBValue(second)));
 }

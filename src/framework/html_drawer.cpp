@@ -20,11 +20,11 @@ constexpr BYTE kRuleAlpha = 96;
 std::optional<COLORREF> BasicColor(const CString& name)
 {
     static constexpr std::pair<std::string_view, COLORREF> kColors[] = {
-        {"black", RGB(0, 0, 0)},      {"silver", RGB(192, 192, 192)}, {"gray", RGB(128, 128, 128)},
-        {"white", RGB(255, 255, 255)}, {"maroon", RGB(128, 0, 0)},    {"red", RGB(255, 0, 0)},
-        {"purple", RGB(128, 0, 128)}, {"fuchsia", RGB(255, 0, 255)},  {"green", RGB(0, 128, 0)},
-        {"lime", RGB(0, 255, 0)},     {"olive", RGB(128, 128, 0)},    {"yellow", RGB(255, 255, 0)},
-        {"navy", RGB(0, 0, 128)},     {"blue", RGB(0, 0, 255)},       {"teal", RGB(0, 128, 128)},
+        {"black", RGB(0, 0, 0)},       {"silver", RGB(192, 192, 192)}, {"gray", RGB(128, 128, 128)},
+        {"white", RGB(255, 255, 255)}, {"maroon", RGB(128, 0, 0)},     {"red", RGB(255, 0, 0)},
+        {"purple", RGB(128, 0, 128)},  {"fuchsia", RGB(255, 0, 255)},  {"green", RGB(0, 128, 0)},
+        {"lime", RGB(0, 255, 0)},      {"olive", RGB(128, 128, 0)},    {"yellow", RGB(255, 255, 0)},
+        {"navy", RGB(0, 0, 128)},      {"blue", RGB(0, 0, 255)},       {"teal", RGB(0, 128, 128)},
         {"aqua", RGB(0, 255, 255)},
     };
     for (const auto& [known, color] : kColors)
@@ -142,12 +142,14 @@ private:
     {
         const COLORREF color = ColorOf(m_document.styles[static_cast<std::size_t>(box.style)].color, m_color);
         if (box.kind == html::PieceKind::Image) {
-            if (const CDUIImageListPtr image = skin::Image(CString(std::string_view(box.text))); skin::IsLoaded(image))
+            if (const CDUIImageListPtr image = skin::Image(CString(std::string_view(box.text)));
+                skin::IsLoaded(image))
                 image->DrawImage(hdc, at, skin::IconIndex(image, box.number));
         } else if (box.kind == html::PieceKind::Rule) {
             const LONG middle = (at.top + at.bottom) / 2;
-            CDUIRenderEngine::FillRect(hdc, {at.left, middle, rect.right, middle + 1},
-                                       CARGB(GetRValue(color), GetGValue(color), GetBValue(color), kRuleAlpha));
+            CDUIRenderEngine::FillRect(
+                hdc, {at.left, middle, rect.right, middle + 1},
+                CARGB(GetRValue(color), GetGValue(color), GetBValue(color), kRuleAlpha));
         } else {
             ruler.Select(box.style);
             ::SetTextColor(hdc, color);
@@ -165,22 +167,36 @@ private:
     bool m_isLaidOut = false;
 };
 
-CPPHtmlDrawer::CPPHtmlDrawer() : m_pImpl(std::make_unique<Impl>()) {}
+CPPHtmlDrawer::CPPHtmlDrawer() : m_pImpl(std::make_unique<Impl>())
+{
+}
 
 CPPHtmlDrawer::~CPPHtmlDrawer() = default;
 
-void CPPHtmlDrawer::SetText(const CString& markup) { m_pImpl->SetText(markup.View()); }
+void CPPHtmlDrawer::SetText(const CString& markup)
+{
+    m_pImpl->SetText(markup.View());
+}
 
-void CPPHtmlDrawer::SetFont(HFONT font) { m_pImpl->SetFont(font); }
+void CPPHtmlDrawer::SetFont(HFONT font)
+{
+    m_pImpl->SetFont(font);
+}
 
-void CPPHtmlDrawer::SetTextColor(COLORREF color) { m_pImpl->SetTextColor(color); }
+void CPPHtmlDrawer::SetTextColor(COLORREF color)
+{
+    m_pImpl->SetTextColor(color);
+}
 
 SIZE CPPHtmlDrawer::Measure(HDC hdc, int maxWidth, int maxHeight)
 {
     return m_pImpl->Measure(hdc, maxWidth, maxHeight);
 }
 
-void CPPHtmlDrawer::Draw(HDC hdc, const RECT& rect) { m_pImpl->Draw(hdc, rect); }
+void CPPHtmlDrawer::Draw(HDC hdc, const RECT& rect)
+{
+    m_pImpl->Draw(hdc, rect);
+}
 
 CString CPPHtmlDrawer::Escape(const CString& text)
 {

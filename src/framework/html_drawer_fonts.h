@@ -16,8 +16,8 @@ public:
     FontSet& operator=(const FontSet&) = delete;
     ~FontSet() { Clear(); }
 
-    /// What styles change; the fonts made from another base are deleted, so none of them may be selected. True
-    /// when it was another one.
+    /// What styles change; the fonts made from another base are deleted, so none of them may be selected.
+    /// True when it was another one.
     bool SetBase(const LOGFONTA& base);
     /// Borrowed until the base changes. When a text calls for too many fonts it gets the last of them again.
     HFONT Get(const Style& style);

@@ -66,7 +66,10 @@ private:
 class Filler {
 public:
     Filler(const Document& document, Ruler& ruler, int maxWidth, int maxHeight)
-        : m_document(document), m_ruler(ruler), m_maxWidth(maxWidth), m_maxHeight(maxHeight)
+        : m_document(document),
+          m_ruler(ruler),
+          m_maxWidth(maxWidth),
+          m_maxHeight(maxHeight)
     {
     }
 
@@ -91,31 +94,31 @@ private:
     void AddPiece(const Piece& piece)
     {
         switch (piece.kind) {
-        case PieceKind::Text:
-            for (std::string_view rest = piece.text; !rest.empty() && !IsFull();) {
-                Atom atom = m_cutter.Cut(piece, rest);
-                rest.remove_prefix(atom.text.size());
-                atom.width = WidthOf(piece.style, atom.text);
-                AddAtom(atom);
-            }
-            break;
-        case PieceKind::LineBreak:
-            BreakLine(piece.style);
-            break;
-        case PieceKind::BlockBreak:
-            if (!m_line.empty())
+            case PieceKind::Text:
+                for (std::string_view rest = piece.text; !rest.empty() && !IsFull();) {
+                    Atom atom = m_cutter.Cut(piece, rest);
+                    rest.remove_prefix(atom.text.size());
+                    atom.width = WidthOf(piece.style, atom.text);
+                    AddAtom(atom);
+                }
+                break;
+            case PieceKind::LineBreak:
                 BreakLine(piece.style);
-            m_indent = m_x = 0;
-            break;
-        case PieceKind::Indent:
-            m_indent = std::min(piece.number, m_maxWidth / 2);
-            m_x = std::max(m_x, m_indent);
-            m_cutter.Restart(U' ');
-            break;
-        case PieceKind::Image:
-        case PieceKind::Rule:
-            AddObject(piece);
-            break;
+                break;
+            case PieceKind::BlockBreak:
+                if (!m_line.empty())
+                    BreakLine(piece.style);
+                m_indent = m_x = 0;
+                break;
+            case PieceKind::Indent:
+                m_indent = std::min(piece.number, m_maxWidth / 2);
+                m_x = std::max(m_x, m_indent);
+                m_cutter.Restart(U' ');
+                break;
+            case PieceKind::Image:
+            case PieceKind::Rule:
+                AddObject(piece);
+                break;
         }
     }
 
@@ -190,10 +193,9 @@ private:
         std::vector<std::size_t> ends{0};
         while (ends.back() < atom.text.size())
             ends.push_back(ends.back() + LengthOfFirst(atom.text.substr(ends.back())));
-        const auto overflowing =
-            std::partition_point(ends.begin() + 1, ends.end(), [&](std::size_t length) {
-                return m_x + WidthOf(atom.piece->style, atom.text.substr(0, length)) <= m_maxWidth;
-            });
+        const auto overflowing = std::partition_point(ends.begin() + 1, ends.end(), [&](std::size_t length) {
+            return m_x + WidthOf(atom.piece->style, atom.text.substr(0, length)) <= m_maxWidth;
+        });
         return *(overflowing - 1);
     }
 
@@ -247,8 +249,8 @@ private:
         m_lastBreak = 0;
     }
 
-    /// Makes one box of neighbouring atoms of one style, so that they are shaped and drawn as one text. For now
-    /// a box's rectangle holds the gap before it and its atoms' width.
+    /// Makes one box of neighbouring atoms of one style, so that they are shaped and drawn as one text. For
+    /// now a box's rectangle holds the gap before it and its atoms' width.
     void JoinAtoms()
     {
         int end = 0;
@@ -257,7 +259,8 @@ private:
             const Piece& piece = *atom.piece;
             const bool isText = piece.kind == PieceKind::Text;
             const LONG gap = atom.x - std::exchange(end, atom.x + atom.width);
-            if (isText && joint && gap == 0 && joint->style == piece.style && joint->text.size() < kLongestBox) {
+            if (isText && joint && gap == 0 && joint->style == piece.style &&
+                joint->text.size() < kLongestBox) {
                 joint->text += Spaced(atom.text);
                 continue;
             }
@@ -269,8 +272,8 @@ private:
 
     std::span<Box> BoxesOf(const Line& line)
     {
-        return std::span(m_layout.boxes).subspan(static_cast<std::size_t>(line.firstBox),
-                                                 static_cast<std::size_t>(line.boxCount));
+        return std::span(m_layout.boxes)
+            .subspan(static_cast<std::size_t>(line.firstBox), static_cast<std::size_t>(line.boxCount));
     }
 
     void PlaceAcross(Line& line)
@@ -298,15 +301,17 @@ private:
                 box.rect.top = -metrics.ascent;
                 box.rect.bottom = metrics.height - metrics.ascent;
             } else {
-                box.rect.bottom = box.kind == PieceKind::Rule ? kRuleHeight : m_ruler.Image(box.text, box.number).cy;
+                box.rect.bottom =
+                    box.kind == PieceKind::Rule ? kRuleHeight : m_ruler.Image(box.text, box.number).cy;
                 tallest = std::max(tallest, static_cast<int>(box.rect.bottom));
             }
         }
         text.height = text.ascent + descent;
         line.height = std::max({text.height, tallest, 1});
         for (Box& box : BoxesOf(line)) {
-            const int top = box.kind == PieceKind::Text ? (line.height - text.height) / 2 + text.ascent
-                                                        : (line.height - static_cast<int>(box.rect.bottom)) / 2;
+            const int top = box.kind == PieceKind::Text
+                                ? (line.height - text.height) / 2 + text.ascent
+                                : (line.height - static_cast<int>(box.rect.bottom)) / 2;
             OffsetRect(&box.rect, 0, line.top + top);
         }
     }

@@ -53,9 +53,9 @@ struct Layout {
     SIZE size{};
 };
 
-/// Fills lines up to `maxWidth` pixels. A line ends where MayBreakBetween allows it, and inside a word only when
-/// the word is longer than a line. Spaces that end a line take no room. Lines that would begin at or below
-/// `maxHeight` are left out.
+/// Fills lines up to `maxWidth` pixels. A line ends where MayBreakBetween allows it, and inside a word only
+/// when the word is longer than a line. Spaces that end a line take no room. Lines that would begin at or
+/// below `maxHeight` are left out.
 Layout LayOut(const Document& document, Ruler& ruler, int maxWidth, int maxHeight);
 
 }  // namespace DUI::html

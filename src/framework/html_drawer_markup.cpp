@@ -16,13 +16,22 @@ constexpr std::size_t kLongestTag = 1024;
 constexpr std::size_t kLongestEntity = 12;
 constexpr std::size_t kLongestName = 64;  // of a face or a colour
 constexpr int kLargestFont = 96;
-constexpr int kSmallestFont = 6;
+constexpr int kSmallestFont = 8;
 constexpr int kWidestIndent = 2000;
 constexpr char kTabSpaces[] = "    ";
 
-bool IsLetter(char c) { return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z'); }
-bool IsDigit(char c) { return c >= '0' && c <= '9'; }
-bool IsBlank(char c) { return c == ' ' || c == '\t' || c == '\r' || c == '\n'; }
+bool IsLetter(char c)
+{
+    return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z');
+}
+bool IsDigit(char c)
+{
+    return c >= '0' && c <= '9';
+}
+bool IsBlank(char c)
+{
+    return c == ' ' || c == '\t' || c == '\r' || c == '\n';
+}
 
 enum class TagKind { Bold, Italic, Underline, StrikeOut, Center, Font, LineBreak, Rule, Image, Indent };
 
@@ -258,22 +267,22 @@ public:
     void Apply(const Tag& tag)
     {
         switch (tag.kind) {
-        case TagKind::Bold:
-            return Count(m_bold, &Style::isBold, tag.isEnd);
-        case TagKind::Italic:
-            return Count(m_italic, &Style::isItalic, tag.isEnd);
-        case TagKind::Underline:
-            return Count(m_underline, &Style::isUnderlined, tag.isEnd);
-        case TagKind::StrikeOut:
-            return Count(m_strikeOut, &Style::isStruckOut, tag.isEnd);
-        case TagKind::Center:
-            return ApplyCenter(tag);
-        case TagKind::Font:
-            return ApplyFont(tag);
-        case TagKind::LineBreak:
-            return Add(PieceKind::LineBreak);
-        default:
-            return AddObject(tag);
+            case TagKind::Bold:
+                return Count(m_bold, &Style::isBold, tag.isEnd);
+            case TagKind::Italic:
+                return Count(m_italic, &Style::isItalic, tag.isEnd);
+            case TagKind::Underline:
+                return Count(m_underline, &Style::isUnderlined, tag.isEnd);
+            case TagKind::StrikeOut:
+                return Count(m_strikeOut, &Style::isStruckOut, tag.isEnd);
+            case TagKind::Center:
+                return ApplyCenter(tag);
+            case TagKind::Font:
+                return ApplyFont(tag);
+            case TagKind::LineBreak:
+                return Add(PieceKind::LineBreak);
+            default:
+                return AddObject(tag);
         }
     }
 
@@ -296,7 +305,8 @@ private:
     int StyleIndex()
     {
         if (m_current < 0) {
-            const auto [found, isNew] = m_known.try_emplace(m_style, static_cast<int>(m_document.styles.size()));
+            const auto [found, isNew] =
+                m_known.try_emplace(m_style, static_cast<int>(m_document.styles.size()));
             if (isNew)
                 m_document.styles.push_back(m_style);
             m_current = found->second;
@@ -378,9 +388,11 @@ private:
         if (tag.isEnd)
             return;
         if (tag.kind == TagKind::Image) {
-            Add(PieceKind::Image, tag.Value("src"), std::max(LeadingNumber(tag.Value("index")).value_or(0), 0));
+            Add(PieceKind::Image, tag.Value("src"),
+                std::max(LeadingNumber(tag.Value("index")).value_or(0), 0));
         } else if (tag.kind == TagKind::Indent) {
-            Add(PieceKind::Indent, {}, std::clamp(LeadingNumber(tag.Value("ind")).value_or(0), 0, kWidestIndent));
+            Add(PieceKind::Indent, {},
+                std::clamp(LeadingNumber(tag.Value("ind")).value_or(0), 0, kWidestIndent));
         } else {
             Add(PieceKind::BlockBreak);
             Add(PieceKind::Rule);

@@ -34,9 +34,9 @@ enum class PieceKind {
 
 struct Piece {
     PieceKind kind = PieceKind::Text;
-    int style = 0;      // index into Document::styles
-    std::string text;   // in the system code page, or the image's name
-    int number = 0;     // the image's icon, the indent's column in pixels
+    int style = 0;     // index into Document::styles
+    std::string text;  // in the system code page, or the image's name
+    int number = 0;    // the image's icon, the indent's column in pixels
 };
 
 struct Document {

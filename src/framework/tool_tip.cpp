@@ -19,9 +19,15 @@ constexpr int kControlId = 0x7474;
 constexpr UINT kWatchPeriod = 100;
 constexpr int kBorderShade = -40;
 
-bool SamePoint(POINT left, POINT right) { return left.x == right.x && left.y == right.y; }
+bool SamePoint(POINT left, POINT right)
+{
+    return left.x == right.x && left.y == right.y;
+}
 
-bool IsPartOf(HWND window, HWND tool) { return window && (window == tool || IsChild(tool, window)); }
+bool IsPartOf(HWND window, HWND tool)
+{
+    return window && (window == tool || IsChild(tool, window));
+}
 
 }  // namespace
 
@@ -111,8 +117,8 @@ BOOL CPPToolTip::Window::Create(HWND host)
         return FALSE;
     m_host = host;
     constexpr DWORD kExStyle = WS_EX_TOOLWINDOW | WS_EX_TOPMOST | WS_EX_NOACTIVATE | WS_EX_TRANSPARENT;
-    m_hWnd = CreateWindowExA(kExStyle, kClassName, "", WS_POPUP, 0, 0, 0, 0, host, nullptr, GetModuleHandleA(nullptr),
-                             this);
+    m_hWnd = CreateWindowExA(kExStyle, kClassName, "", WS_POPUP, 0, 0, 0, 0, host, nullptr,
+                             GetModuleHandleA(nullptr), this);
     return m_hWnd != nullptr;
 }
 
@@ -138,30 +144,30 @@ LRESULT CALLBACK CPPToolTip::Window::Procedure(HWND window, UINT message, WPARAM
 LRESULT CPPToolTip::Window::OnMessage(HWND window, UINT message, WPARAM wParam, LPARAM lParam)
 {
     switch (message) {
-    case WM_NCHITTEST:
-        return HTTRANSPARENT;
-    case WM_MOUSEACTIVATE:
-        return MA_NOACTIVATE;
-    case WM_ERASEBKGND:
-        return 1;
-    case WM_PAINT:
-        Paint();
-        return 0;
-    case WM_TIMER:
-        OnTimer(static_cast<UINT_PTR>(wParam));
-        return 0;
-    case WM_ACTIVATEAPP:
-        if (!wParam)
-            Leave();
-        return 0;
-    case WM_NCDESTROY:
-        SetWindowLongPtrA(window, GWLP_USERDATA, 0);
-        m_hWnd = nullptr;
-        m_toolWindow = nullptr;
-        m_isWaiting = m_isVisible = m_isDismissed = m_isWarm = false;
-        break;
-    default:
-        break;
+        case WM_NCHITTEST:
+            return HTTRANSPARENT;
+        case WM_MOUSEACTIVATE:
+            return MA_NOACTIVATE;
+        case WM_ERASEBKGND:
+            return 1;
+        case WM_PAINT:
+            Paint();
+            return 0;
+        case WM_TIMER:
+            OnTimer(static_cast<UINT_PTR>(wParam));
+            return 0;
+        case WM_ACTIVATEAPP:
+            if (!wParam)
+                Leave();
+            return 0;
+        case WM_NCDESTROY:
+            SetWindowLongPtrA(window, GWLP_USERDATA, 0);
+            m_hWnd = nullptr;
+            m_toolWindow = nullptr;
+            m_isWaiting = m_isVisible = m_isDismissed = m_isWarm = false;
+            break;
+        default:
+            break;
     }
     return DefWindowProcA(window, message, wParam, lParam);
 }
@@ -169,20 +175,20 @@ LRESULT CPPToolTip::Window::OnMessage(HWND window, UINT message, WPARAM wParam, 
 void CPPToolTip::Window::OnTimer(UINT_PTR id)
 {
     switch (id) {
-    case kToolTipShow:
-        KillTimer(m_hWnd, kToolTipShow);
-        OnDelayPassed();
-        break;
-    case kToolTipHide:
-        if (m_isVisible)
-            Dismiss();
-        break;
-    case kToolTipWatch:
-        if (m_isVisible)
-            Watch();
-        break;
-    default:
-        break;
+        case kToolTipShow:
+            KillTimer(m_hWnd, kToolTipShow);
+            OnDelayPassed();
+            break;
+        case kToolTipHide:
+            if (m_isVisible)
+                Dismiss();
+            break;
+        case kToolTipWatch:
+            if (m_isVisible)
+                Watch();
+            break;
+        default:
+            break;
     }
 }
 
@@ -191,34 +197,34 @@ void CPPToolTip::Window::Relay(const MSG& message)
     if (!m_hWnd)
         return;
     switch (message.message) {
-    case WM_MOUSEMOVE:
-        OnMove(message);
-        break;
-    case WM_MOUSELEAVE:
-    case WM_NCMOUSELEAVE:
-        // It may be another window that was left, for the tool.
-        if (POINT pointer{}; !GetCursorPos(&pointer) || !IsToolUnder(pointer))
+        case WM_MOUSEMOVE:
+            OnMove(message);
+            break;
+        case WM_MOUSELEAVE:
+        case WM_NCMOUSELEAVE:
+            // It may be another window that was left, for the tool.
+            if (POINT pointer{}; !GetCursorPos(&pointer) || !IsToolUnder(pointer))
+                Leave();
+            break;
+        case WM_NCMOUSEMOVE:
             Leave();
-        break;
-    case WM_NCMOUSEMOVE:
-        Leave();
-        break;
-    case WM_LBUTTONDOWN:
-    case WM_RBUTTONDOWN:
-    case WM_MBUTTONDOWN:
-    case WM_LBUTTONDBLCLK:
-    case WM_RBUTTONDBLCLK:
-    case WM_MBUTTONDBLCLK:
-    case WM_NCLBUTTONDOWN:
-    case WM_NCRBUTTONDOWN:
-    case WM_MOUSEWHEEL:
-    case WM_MOUSEHWHEEL:
-    case WM_KEYDOWN:
-    case WM_SYSKEYDOWN:
-        Dismiss();
-        break;
-    default:
-        break;
+            break;
+        case WM_LBUTTONDOWN:
+        case WM_RBUTTONDOWN:
+        case WM_MBUTTONDOWN:
+        case WM_LBUTTONDBLCLK:
+        case WM_RBUTTONDBLCLK:
+        case WM_MBUTTONDBLCLK:
+        case WM_NCLBUTTONDOWN:
+        case WM_NCRBUTTONDOWN:
+        case WM_MOUSEWHEEL:
+        case WM_MOUSEHWHEEL:
+        case WM_KEYDOWN:
+        case WM_SYSKEYDOWN:
+            Dismiss();
+            break;
+        default:
+            break;
     }
 }
 
@@ -374,7 +380,8 @@ void CPPToolTip::Window::Show(POINT pointer)
     const RECT area = WorkAreaAt(pointer);
     const SIZE frame{2 * (m_margin.cx + 1), 2 * (m_margin.cy + 1)};
     m_drawer.SetText(m_shown.sTooltip);
-    const SIZE text = m_drawer.Measure(nullptr, (area.right - area.left) / 2, area.bottom - area.top - frame.cy);
+    const SIZE text =
+        m_drawer.Measure(nullptr, (area.right - area.left) / 2, area.bottom - area.top - frame.cy);
     const SIZE size{text.cx + frame.cx, std::min(text.cy + frame.cy, area.bottom - area.top)};
     const POINT corner = PlaceToolTip({area, pointer, size, m_offset});
     GetWindowRect(m_host, &m_hostPlace);
@@ -384,8 +391,10 @@ void CPPToolTip::Window::Show(POINT pointer)
         SetTimer(m_hWnd, kToolTipHide, static_cast<UINT>(m_stay), nullptr);
     SetTimer(m_hWnd, kToolTipWatch, kWatchPeriod, nullptr);
     // The window owns the region that it is given.
-    SetWindowRgn(m_hWnd,
-                 m_corner > 0 ? CreateRoundRectRgn(0, 0, size.cx + 1, size.cy + 1, m_corner, m_corner) : nullptr, FALSE);
+    SetWindowRgn(
+        m_hWnd,
+        m_corner > 0 ? CreateRoundRectRgn(0, 0, size.cx + 1, size.cy + 1, m_corner, m_corner) : nullptr,
+        FALSE);
     SetWindowPos(m_hWnd, HWND_TOPMOST, corner.x, corner.y, size.cx, size.cy, SWP_NOACTIVATE | SWP_SHOWWINDOW);
     InvalidateRect(m_hWnd, nullptr, FALSE);
     UpdateWindow(m_hWnd);
@@ -400,9 +409,11 @@ void CPPToolTip::Window::Paint()
     const bool hasColors = (m_shown.nMask & TOOLTIP_MASK_COLORS) != 0;
     const COLORREF last = hasColors ? m_shown.crEnd : m_background;
     if (hasColors)
-        CPPDrawManager::FillEffect(hdc, client, m_shown.nEffect, m_shown.crBegin, m_shown.crMid, m_shown.crEnd);
+        CPPDrawManager::FillEffect(hdc, client, m_shown.nEffect, m_shown.crBegin, m_shown.crMid,
+                                   m_shown.crEnd);
     else
-        CPPDrawManager::FillEffect(hdc, client, TOOLTIP_EFFECT_SOLID, m_background, m_background, m_background);
+        CPPDrawManager::FillEffect(hdc, client, TOOLTIP_EFFECT_SOLID, m_background, m_background,
+                                   m_background);
     CPPDrawManager::DrawBorder(hdc, client, m_corner, CPPDrawManager::Shade(last, kBorderShade));
     InflateRect(&client, -(m_margin.cx + 1), -(m_margin.cy + 1));
     m_drawer.SetTextColor((m_shown.nMask & TOOLTIP_MASK_TEXT_COLOR) ? m_shown.crText : m_textColor);
@@ -423,20 +434,38 @@ void CPPToolTip::Window::AddTool(const TOOLTIP_INFO& info, HWND window)
 
 void CPPToolTip::Window::DelTool(HWND window, UINT_PTR id)
 {
-    std::erase_if(m_tools, [=](const Tool& tool) { return tool.window == window && tool.info.nIDTool == id; });
+    std::erase_if(m_tools,
+                  [=](const Tool& tool) { return tool.window == window && tool.info.nIDTool == id; });
 }
 
-CPPToolTip::CPPToolTip() : m_pWindow(std::make_shared<Window>()) {}
+CPPToolTip::CPPToolTip() : m_pWindow(std::make_shared<Window>())
+{
+}
 
-CPPToolTip::~CPPToolTip() { DestroyWindow(); }
+CPPToolTip::~CPPToolTip()
+{
+    DestroyWindow();
+}
 
-BOOL CPPToolTip::Create(HWND hParent) { return m_pWindow->Create(hParent); }
+BOOL CPPToolTip::Create(HWND hParent)
+{
+    return m_pWindow->Create(hParent);
+}
 
-void CPPToolTip::DestroyWindow() { m_pWindow->Destroy(); }
+void CPPToolTip::DestroyWindow()
+{
+    m_pWindow->Destroy();
+}
 
-HWND CPPToolTip::GetHWND() const { return m_pWindow->Handle(); }
+HWND CPPToolTip::GetHWND() const
+{
+    return m_pWindow->Handle();
+}
 
-int CPPToolTip::GetDlgCtrlID() const { return kControlId; }
+int CPPToolTip::GetDlgCtrlID() const
+{
+    return kControlId;
+}
 
 void CPPToolTip::AddTool(HWND hWnd, const CString& text, const RECT& bounds, UINT_PTR id)
 {
@@ -447,7 +476,10 @@ void CPPToolTip::AddTool(HWND hWnd, const CString& text, const RECT& bounds, UIN
     m_pWindow->AddTool(info, hWnd);
 }
 
-void CPPToolTip::DelTool(HWND hWnd, UINT_PTR id) { m_pWindow->DelTool(hWnd, id); }
+void CPPToolTip::DelTool(HWND hWnd, UINT_PTR id)
+{
+    m_pWindow->DelTool(hWnd, id);
+}
 
 void CPPToolTip::RelayEvent(MSG* pMsg)
 {
@@ -456,9 +488,15 @@ void CPPToolTip::RelayEvent(MSG* pMsg)
         keep->Relay(*pMsg);
 }
 
-void CPPToolTip::HideTooltip() { m_pWindow->Hide(); }
+void CPPToolTip::HideTooltip()
+{
+    m_pWindow->Hide();
+}
 
-BOOL CPPToolTip::IsTooltipVisible() const { return m_pWindow->IsVisible(); }
+BOOL CPPToolTip::IsTooltipVisible() const
+{
+    return m_pWindow->IsVisible();
+}
 
 void CPPToolTip::SetDelayTime(int initial, int autoPop, int reshow)
 {
@@ -467,17 +505,29 @@ void CPPToolTip::SetDelayTime(int initial, int autoPop, int reshow)
     m_pWindow->m_reshowDelay = std::max(reshow, 0);
 }
 
-void CPPToolTip::SetBkColor(const CARGB& color) { m_pWindow->m_background = color.GetColor(); }
+void CPPToolTip::SetBkColor(const CARGB& color)
+{
+    m_pWindow->m_background = color.GetColor();
+}
 
-void CPPToolTip::SetTextColor(const CARGB& color) { m_pWindow->m_textColor = color.GetColor(); }
+void CPPToolTip::SetTextColor(const CARGB& color)
+{
+    m_pWindow->m_textColor = color.GetColor();
+}
 
-void CPPToolTip::SetCorner(int diameter) { m_pWindow->m_corner = std::max(diameter, 0); }
+void CPPToolTip::SetCorner(int diameter)
+{
+    m_pWindow->m_corner = std::max(diameter, 0);
+}
 
 void CPPToolTip::SetMargin(int horizontal, int vertical)
 {
     m_pWindow->m_margin = {std::max(horizontal, 0), std::max(vertical, 0)};
 }
 
-void CPPToolTip::SetOffset(int x, int y) { m_pWindow->m_offset = {x, y}; }
+void CPPToolTip::SetOffset(int x, int y)
+{
+    m_pWindow->m_offset = {x, y};
+}
 
 }  // namespace DUI

@@ -6,7 +6,10 @@ namespace DUI {
 namespace {
 
 // The place between two edges that is nearest to the wanted one; the first edge wins.
-LONG Shift(LONG wanted, LONG extent, LONG first, LONG last) { return std::max(first, std::min(wanted, last - extent)); }
+LONG Shift(LONG wanted, LONG extent, LONG first, LONG last)
+{
+    return std::max(first, std::min(wanted, last - extent));
+}
 
 }  // namespace
 

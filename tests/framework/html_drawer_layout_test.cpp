@@ -247,8 +247,21 @@ TEST(HtmlLayout, TakesTheSameLinesInItsOwnWidth)
 
 TEST(HtmlLayout, EndsOnHostileTexts)
 {
-    const char* const units[] = {"<", "<b \"", "<img \"", "&#", "x", " ", "\n", "<hr>", "<b>x", "<center>", "<ind=500>x",
-                                 "<font face=f size=2>x", "<img src=star>", "</font>", "<b><i>x</b></i>"};
+    const char* const units[] = {"<",
+                                 "<b \"",
+                                 "<img \"",
+                                 "&#",
+                                 "x",
+                                 " ",
+                                 "\n",
+                                 "<hr>",
+                                 "<b>x",
+                                 "<center>",
+                                 "<ind=500>x",
+                                 "<font face=f size=2>x",
+                                 "<img src=star>",
+                                 "</font>",
+                                 "<b><i>x</b></i>"};
     for (const char* const unit : units) {
         std::string text;
         while (text.size() < 100000)

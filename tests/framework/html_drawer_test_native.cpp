@@ -1,10 +1,14 @@
 // Chinese text; the windows target has no code page for it here.
 
-#include <qvui/framework/html_drawer.h>
+#include <string>
+#include <vector>
 
 #include <gtest/gtest.h>
 
+#include <qvui/platform/cstring.h>
+
 #include "framework/html_drawer_layout.h"
+#include "native/kernel/code_pages.h"
 
 using namespace DUI::html;
 
@@ -16,13 +20,29 @@ public:
     int Width(int, std::string_view text) override
     {
         int width = 0;
-        for (const char c : text)
-            width += (c & 0x80) == 0 ? 10 : (c & 0xC0) == 0xC0 ? 20 : 0;
+        for (const char* at = text.data(); at < text.data() + text.size();) {
+            const int length = CharacterLength(at, text.data() + text.size());
+            width += length == 1 ? 10 : 20;
+            at += length;
+        }
         return width;
     }
     LineMetrics Metrics(int) override { return {20, 15}; }
     SIZE Image(const std::string&, int) override { return {}; }
 };
+
+std::vector<std::string> LinesOf(const char* text, int width)
+{
+    WideRuler ruler;
+    const Layout layout = LayOut(ParseMarkup(text), ruler, width, 1000);
+    std::vector<std::string> lines;
+    for (const Line& line : layout.lines) {
+        lines.emplace_back();
+        for (int i = 0; i < line.boxCount; ++i)
+            lines.back() += layout.boxes[static_cast<std::size_t>(line.firstBox + i)].text;
+    }
+    return lines;
+}
 
 TEST(HtmlLayout, WrapsChinese)
 {
@@ -39,17 +59,28 @@ TEST(HtmlLayout, WrapsChinese)
         {"beside a word", "\u4E2D\u6587abc\u5B57", 50, {"\u4E2D\u6587", "abc\u5B57"}},
         {"style inside", "\u4E2D<b>\u6587</b>\u5B57", 40, {"\u4E2D\u6587", "\u5B57"}},
     };
-    for (const WrapCase& c : cases) {
-        WideRuler ruler;
-        const Layout layout = LayOut(ParseMarkup(c.text), ruler, c.width, 1000);
-        std::vector<std::string> lines;
-        for (const Line& line : layout.lines) {
-            lines.emplace_back();
-            for (int i = 0; i < line.boxCount; ++i)
-                lines.back() += layout.boxes[static_cast<std::size_t>(line.firstBox + i)].text;
-        }
-        EXPECT_EQ(lines, c.lines) << c.name;
-    }
+    for (const WrapCase& c : cases)
+        EXPECT_EQ(LinesOf(c.text, c.width), c.lines) << c.name;
+}
+
+/// A system code page for one scope.
+class CodePage {
+public:
+    explicit CodePage(UINT codePage) { qvui::native::OverrideSystemCodePage(codePage); }
+    CodePage(const CodePage&) = delete;
+    CodePage& operator=(const CodePage&) = delete;
+    ~CodePage() { qvui::native::OverrideSystemCodePage(0); }
+};
+
+TEST(HtmlLayout, WrapsInADoubleBytePage)
+{
+    const CodePage codePage(936);
+    // Two ideographs, a full stop and one more, each 20 pixels wide.
+    EXPECT_EQ(LinesOf("\xD6\xD0\xCE\xC4\xA1\xA3\xD7\xD6", 50),
+              (std::vector<std::string>{"\xD6\xD0", "\xCE\xC4\xA1\xA3", "\xD7\xD6"}));
+    // The second byte of a character may be a letter or a bar.
+    EXPECT_EQ(LinesOf("<b>\x81\x62\x81\x7C</b>", 500), (std::vector<std::string>{"\x81\x62\x81\x7C"}));
+    EXPECT_EQ(ParseMarkup("&#20013;&nbsp;").pieces.at(0).text, std::string("\xD6\xD0") + kNoBreakSpace);
 }
 
 TEST(HtmlMarkup, NumbersMakeCharactersOfTheCodePage)

@@ -11,8 +11,8 @@
 
 namespace qvui::test {
 
-/// A window of 300×200 at 100,100 with a tooltip that has one tool, the whole client area, as a window manager
-/// sets it up. It answers by columns of 100 pixels: "one", "two" and nothing.
+/// A window of 300×200 at 100,100 with a tooltip that has one tool, the whole client area, as a window
+/// manager sets it up. It answers by columns of 100 pixels: "one", "two" and nothing.
 class ToolTipHost {
 public:
     ToolTipHost();

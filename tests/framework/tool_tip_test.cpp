@@ -109,8 +109,16 @@ TEST_F(ToolTip, GoesWhenSomethingElseIsMeant)
         {"pointer over the frame", message(WM_NCMOUSEMOVE)},
         {"pointer over nothing", [](ToolTipHost& at) { at.MoveTo(250, 60); }},
         {"pointer over another text", [](ToolTipHost& at) { at.MoveTo(150, 60); }},
-        {"pointer gone", [](ToolTipHost& at) { SetCursorPos(0, 0); at.Relay(WM_MOUSELEAVE); }},
-        {"pointer gone unnoticed", [](ToolTipHost& at) { SetCursorPos(0, 0); at.Fire(kToolTipWatch); }},
+        {"pointer gone",
+         [](ToolTipHost& at) {
+             SetCursorPos(0, 0);
+             at.Relay(WM_MOUSELEAVE);
+         }},
+        {"pointer gone unnoticed",
+         [](ToolTipHost& at) {
+             SetCursorPos(0, 0);
+             at.Fire(kToolTipWatch);
+         }},
         {"long enough", [](ToolTipHost& at) { at.Fire(kToolTipHide); }},
         {"host moved",
          [](ToolTipHost& at) {
@@ -128,7 +136,8 @@ TEST_F(ToolTip, GoesWhenSomethingElseIsMeant)
              SetActiveWindow(other.Handle());
              at.Fire(kToolTipWatch);
          }},
-        {"other application active", [](ToolTipHost& at) { SendMessageA(at.tip->GetHWND(), WM_ACTIVATEAPP, 0, 0); }},
+        {"other application active",
+         [](ToolTipHost& at) { SendMessageA(at.tip->GetHWND(), WM_ACTIVATEAPP, 0, 0); }},
         {"tool gone",
          [](ToolTipHost& at) {
              at.tip->DelTool(at.window->Handle(), 1);
@@ -295,7 +304,8 @@ TEST_F(ToolTip, IsAsLargeAsItsTextAndItsMargins)
 
 TEST_F(ToolTip, LongTextsStayOnTheScreen)
 {
-    for (const std::string& unit : {std::string("words and words "), std::string("endless"), std::string("line\n")}) {
+    for (const std::string& unit :
+         {std::string("words and words "), std::string("endless"), std::string("line\n")}) {
         std::string& text = host.texts[0];
         text.clear();
         while (text.size() < 100000)
@@ -377,9 +387,10 @@ TEST_F(ToolTip, GoesWithItsHost)
 // The whole way: controls with tooltips in a window whose manager owns the tooltip window.
 TEST_F(ControlTest, ControlsShowTheirTooltips)
 {
-    ControlWindow window({300, 100}, "<horz_layout>"
-                                     "<button width=\"100\" tooltip=\"#&lt;b&gt;first&lt;/b&gt;\"/><label width=\"100\"/>"
-                                     "<button width=\"100\" tooltip=\"#second\"/></horz_layout>");
+    ControlWindow window({300, 100},
+                         "<horz_layout>"
+                         "<button width=\"100\" tooltip=\"#&lt;b&gt;first&lt;/b&gt;\"/><label width=\"100\"/>"
+                         "<button width=\"100\" tooltip=\"#second\"/></horz_layout>");
     SetActiveWindow(window.Handle());
     HWND tip = GetWindow(window.Handle(), GW_HWNDFIRST);
     while (tip && GetWindow(tip, GW_OWNER) != window.Handle())

@@ -100,7 +100,7 @@ TEST(ToolTipScreens, TheScreenOfThePointerCounts)
         RECT workArea;
     };
     const ScreenCase cases[] = {
-        {{500, 400}, {0, 0, 1000, 760}},  {{999, 799}, {0, 0, 1000, 760}},  {{-1, 5}, {-800, 30, 0, 600}},
+        {{500, 400}, {0, 0, 1000, 760}},   {{999, 799}, {0, 0, 1000, 760}},  {{-1, 5}, {-800, 30, 0, 600}},
         {{-300, 700}, {-800, 30, 0, 600}}, {{2000, 100}, {0, 0, 1000, 760}},
     };
     for (const ScreenCase& c : cases) {
@@ -108,7 +108,8 @@ TEST(ToolTipScreens, TheScreenOfThePointerCounts)
         EXPECT_TRUE(EqualRect(&area, &c.workArea)) << c.pointer.x << "," << c.pointer.y;
     }
     EXPECT_EQ(MonitorFromPoint({2000, 100}, MONITOR_DEFAULTTONULL), nullptr);
-    EXPECT_EQ(MonitorFromPoint({-10, -100}, MONITOR_DEFAULTTOPRIMARY), MonitorFromPoint({1, 1}, MONITOR_DEFAULTTONULL));
+    EXPECT_EQ(MonitorFromPoint({-10, -100}, MONITOR_DEFAULTTOPRIMARY),
+              MonitorFromPoint({1, 1}, MONITOR_DEFAULTTONULL));
     MONITORINFO info{};
     info.cbSize = sizeof info;
     EXPECT_FALSE(GetMonitorInfoA(nullptr, &info));

@@ -9,22 +9,24 @@ namespace DUI {
 /// Measures and draws short texts with markup, as tooltips hold them. Tags and attribute names match in any
 /// letter case; values may stand in single or double quotes or in none.
 ///
-///     <b> <strong>  <i> <em>  <u>  <s> <strike>    bold, italic, underlined, struck out
-///     <font color="" size="" face="">              color: "#RRGGBB", "rgb(r,g,b)", a colour of the skin or one of
-///                                                  the sixteen basic names; size: the em size in pixels (from 8),
-///                                                  the steps 1 to 7 (3 is 16 pixels), or "+N" and "-N" for pixels
-///                                                  more and less than around it; face: a font's name
-///     <br>, and a line break in the text           a new line
-///     <center>                                     a centred part, on lines of its own
-///     <hr>                                         a line across
-///     <img src="" index="">                        an icon (the first without an index) of one of the skin's
-///                                                  images; one that is missing takes no room
-///     <ind=N>                                      goes on N pixels from the left, where also the lines begin
-///                                                  into which the text wraps; at most half of the width
+///     <b> <strong> <i> <em>     bold, italic
+///     <u> <s> <strike>          underlined, struck out
+///     <font color="">           "#RRGGBB", "rgb(r,g,b)", a colour of the skin or one of the sixteen basic
+///                               names
+///     <font size="">            the em size in pixels (8 to 96), a step 1 to 7 (3 is 16 pixels), or "+N" and
+///                               "-N" for pixels more and less than around it
+///     <font face="">            a font's name
+///     <br>                      a new line, as a line break in the text is
+///     <center>                  a centred part, on lines of its own
+///     <hr>                      a line across
+///     <img src="" index="">     an icon (the first without an index) of one of the skin's images; a missing
+///                               one takes no room
+///     <ind=N>                   goes on N pixels from the left (at most half of the width); lines into which
+///                               the text wraps begin there, too
 ///     &lt; &gt; &amp; &quot; &apos; &nbsp; &#N; &#xN;
 ///
-/// Whatever is none of this, an unknown tag or one without its end too, is text and shows as it is. Spaces are
-/// kept. What is not closed ends with the text; what was not opened is not closed; tags may overlap.
+/// Whatever is none of this, an unknown tag or one without its end too, is text and shows as it is. Spaces
+/// are kept. What is not closed ends with the text; what was not opened is not closed; tags may overlap.
 class QVUI_API CPPHtmlDrawer {
 public:
     /// The largest width and height, in pixels, of what is laid out; the rest of a longer text is left out.
@@ -36,14 +38,15 @@ public:
     ~CPPHtmlDrawer();
 
     void SetText(const CString& markup);
-    /// The font of text without tags, copied. Null, as at first: the skin's default font, or the system's before
-    /// there is a skin.
+    /// The font of text without tags, copied. Null, as at first: the skin's default font, or the system's
+    /// before there is a skin.
     void SetFont(HFONT font);
     /// The colour of text without tags; black at first.
     void SetTextColor(COLORREF color);
 
     /// The size of the text in lines of at most `maxWidth` pixels. Only a single character or image that is
-    /// wider makes it wider. Lines that begin below `maxHeight` are left out. `hdc` may be null for the screen's.
+    /// wider makes it wider. Lines that begin below `maxHeight` are left out. `hdc` may be null for the
+    /// screen's.
     SIZE Measure(HDC hdc, int maxWidth, int maxHeight = kLargestExtent);
     /// Draws into a rectangle and clips to it. The lines are those of the last Measure while they fit the
     /// rectangle's width, else new ones. The context's state is as before afterwards.

@@ -6,7 +6,8 @@
 
 namespace DUI {
 
-/// What a tooltip shows and where. The tooltip's owner fills it in when the tooltip asks (see TOOLTIP_DISPLAY).
+/// What a tooltip shows and where. The tooltip's owner fills it in when the tooltip asks (see
+/// TOOLTIP_DISPLAY).
 struct TOOLTIP_INFO {
     UINT_PTR nIDTool = 0;
     RECT rectBounds{};  // of the tool, client coordinates of the tool's window
@@ -27,13 +28,13 @@ enum TOOLTIP_MASK : UINT {
 
 /// How a tooltip's background runs through its three colours.
 enum TOOLTIP_EFFECT {
-    TOOLTIP_EFFECT_SOLID = 0,        // the first colour alone
-    TOOLTIP_EFFECT_HGRADIENT = 1,    // first to last, left to right
-    TOOLTIP_EFFECT_VGRADIENT = 2,    // first to last, top to bottom
-    TOOLTIP_EFFECT_HCGRADIENT = 3,   // first to last and back, left to right
-    TOOLTIP_EFFECT_VCGRADIENT = 4,   // first to last and back, top to bottom
-    TOOLTIP_EFFECT_3VGRADIENT = 5,   // all three, top to bottom
-    TOOLTIP_EFFECT_3HGRADIENT = 6,   // all three, left to right
+    TOOLTIP_EFFECT_SOLID = 0,       // the first colour alone
+    TOOLTIP_EFFECT_HGRADIENT = 1,   // first to last, left to right
+    TOOLTIP_EFFECT_VGRADIENT = 2,   // first to last, top to bottom
+    TOOLTIP_EFFECT_HCGRADIENT = 3,  // first to last and back, left to right
+    TOOLTIP_EFFECT_VCGRADIENT = 4,  // first to last and back, top to bottom
+    TOOLTIP_EFFECT_3VGRADIENT = 5,  // all three, top to bottom
+    TOOLTIP_EFFECT_3HGRADIENT = 6,  // all three, left to right
 };
 
 /// The code of the notification by which a tooltip asks its owner window what to show.
@@ -52,9 +53,9 @@ struct NM_TOOLTIP_DISPLAY {
 /// belongs to a host window, never takes the focus or the mouse, and shows while one of the host's windows is
 /// active and the host is enabled.
 ///
-/// While it shows, it asks its owner again at every move of the pointer; when the text is another one it hides,
-/// and the new text shows after the shorter delay. A press, a key, the wheel and the end of its stay put it away
-/// until the pointer comes to a tool, or to a part of one, with another text.
+/// While it shows, it asks its owner again at every move of the pointer; when the text is another one it
+/// hides, and the new text shows after the shorter delay. A press, a key, the wheel and the end of its stay
+/// put it away until the pointer comes to a tool, or to a part of one, with another text.
 class QVUI_API CPPToolTip {
 public:
     CPPToolTip();
@@ -62,8 +63,8 @@ public:
     CPPToolTip& operator=(const CPPToolTip&) = delete;
     ~CPPToolTip();
 
-    /// Makes the hidden window, owned by `hParent`, which gets its notifications; FALSE when it exists already or
-    /// cannot be made.
+    /// Makes the hidden window, owned by `hParent`, which gets its notifications; FALSE when it exists
+    /// already or cannot be made.
     BOOL Create(HWND hParent);
     void DestroyWindow();
     /// Null before Create, after DestroyWindow and when the host window has gone.
@@ -71,9 +72,9 @@ public:
     /// The id that its notifications carry.
     int GetDlgCtrlID() const;
 
-    /// Adds a tool: a rectangle of a window and of what its child windows cover of it (client coordinates), or
-    /// replaces the one with the same window and id. An empty text is asked for at display time. Where tools
-    /// overlap, the earlier one counts.
+    /// Adds a tool: a rectangle of a window and of what its child windows cover of it (client coordinates),
+    /// or replaces the one with the same window and id. An empty text is asked for at display time. Where
+    /// tools overlap, the earlier one counts.
     void AddTool(HWND hWnd, const CString& text, const RECT& bounds, UINT_PTR id);
     void DelTool(HWND hWnd, UINT_PTR id);
 
@@ -84,8 +85,8 @@ public:
     void HideTooltip();
     BOOL IsTooltipVisible() const;
 
-    /// Milliseconds that the pointer rests before the tooltip shows (500), that it stays (5000; 0 for as long as
-    /// the pointer does), and before the next tooltip shows when one has just been shown (100).
+    /// Milliseconds that the pointer rests before the tooltip shows (500), that it stays (5000; 0 for as long
+    /// as the pointer does), and before the next tooltip shows when one has just been shown (100).
     void SetDelayTime(int initial, int autoPop, int reshow);
     /// The background without colours from the owner: RGB(169,209,236).
     void SetBkColor(const CARGB& color);

@@ -23,9 +23,10 @@ std::int64_t DistanceBetween(const RECT& rect, POINT point)
 HMONITOR MonitorFromPoint(POINT screen, DWORD flags)
 {
     const std::vector<Screen> screens = TheDisplay().Screens();
-    const auto nearest = std::min_element(screens.begin(), screens.end(), [=](const Screen& left, const Screen& right) {
-        return DistanceBetween(left.bounds, screen) < DistanceBetween(right.bounds, screen);
-    });
+    const auto nearest =
+        std::min_element(screens.begin(), screens.end(), [=](const Screen& left, const Screen& right) {
+            return DistanceBetween(left.bounds, screen) < DistanceBetween(right.bounds, screen);
+        });
     std::intptr_t number = nearest - screens.begin() + 1;
     if (!(flags & MONITOR_DEFAULTTONEAREST) && DistanceBetween(nearest->bounds, screen) > 0)
         number = flags & MONITOR_DEFAULTTOPRIMARY ? 1 : 0;
