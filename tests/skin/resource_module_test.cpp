@@ -1,0 +1,166 @@
+// Packages in resource modules and in the program's own resources. The modules are built beside the program.
+
+#include "skin/code_page.h"
+#include "skin/skin_test.h"
+
+using DUI::CDUIImageListPtr;
+using qvui::test::LiveObjects;
+
+namespace {
+
+constexpr const char* kModuleA = "skin_module_a.dll";
+constexpr const char* kModuleB = "skin_module_b.dll";
+
+struct Loader : DUI::CResLoader {
+    using CResLoader::FreeResDll;
+    using CResLoader::GetResInstance;
+    using CResLoader::LoadStringFromResource;
+};
+
+std::string Set(const char* set, const char* entry, const std::string& source, int id)
+{
+    return std::string("<") + set + " default=\"x\"><" + entry + " name=\"x\" " + source + " resource_id=\"" +
+           std::to_string(id) + "\" resource_type=\"XML\"/></" + set + ">";
+}
+
+CString PackageFrom(const std::string& source)
+{
+    return Document(Set("language_set", "language", source, 101) + Set("skin_set", "skin", source, 104) +
+                    Set("style_set", "style", source, 105) + Set("template_set", "template", source, 106));
+}
+
+}  // namespace
+
+class ResourceModules : public SkinTest {
+protected:
+    Loader loader;
+};
+
+TEST_F(ResourceModules, HoldPicturesByNumber)
+{
+    struct Case {
+        const char* id;
+        const char* type;
+        std::uint32_t color;  // 0: no picture
+    };
+    const std::vector<Case> cases{
+        {"102", "PNG", 0xFFFF0000},
+        {"0102", "PNG", 0xFFFF0000},
+        {" 102x", "PNG", 0xFFFF0000},
+        {"65638", "PNG", 0xFFFF0000},  // the low 16 bits count
+        {"101", "PNG", 0},
+        {"102", "XML", 0},
+        {"PNG", "PNG", 0},
+        {"", "PNG", 0},
+        {"102", "", 0},
+        {"101", "XML", 0},
+    };
+    for (const Case& c : cases) {
+        const CDUIImageListPtr list = loader.LoadImageFromDll(kModuleA, c.id, c.type);
+        ASSERT_TRUE(list) << c.id;
+        EXPECT_EQ(IconColor(list), c.color) << c.id << " " << c.type;
+        std::vector<std::string> lines;
+        if (!c.color)
+            lines.push_back("CResLoader::LoadImageFromResource: failed to load image(id-" +
+                            std::string(c.id) + ", type:" + c.type + ")");
+        EXPECT_EQ(traces.Take(), lines);
+    }
+}
+
+TEST_F(ResourceModules, HoldCursors)
+{
+    const auto cursor = loader.LoadCursorFromDll(kModuleA, "103", "anything");
+    ASSERT_FALSE(cursor.IsNull());
+    EXPECT_EQ(cursor->IsNull(), 0);
+    EXPECT_EQ(cursor->CreateFromResource(GetModuleHandleA(nullptr), "103"), 1);
+    EXPECT_EQ(loader.LoadCursorFromDll(kModuleA, "104", "CURSOR")->IsNull(), 1);
+    EXPECT_EQ(traces.Take(),
+              std::vector<std::string>{
+                  "CResLoader::LoadCursorFromResource: failed to load cursor(id-104, type:CURSOR)"});
+}
+
+TEST_F(ResourceModules, HoldTextsInUtf8)
+{
+    struct Case {
+        UINT codePage;
+        const char* accent;
+        const char* mark;
+    };
+    for (const Case& c : {Case{65001, "caf\xC3\xA9", "\xEF\xBB\xBF"}, Case{936, "caf\xA8\xA6", "?"},
+                          Case{1252, "caf\xE9", "?"}})
+        for (const UINT page : CodePages())
+            if (page == c.codePage) {
+                const CodePage system(page);
+                CString xml;
+                EXPECT_EQ(loader.LoadXMLFromDll(kModuleA, "101", "XML", xml), 1) << page;
+                EXPECT_TRUE(xml.View().ends_with(std::string(c.accent) + "</string></s>\n")) << page;
+                EXPECT_EQ(loader.LoadXMLFromDll(kModuleA, "107", "XML", xml), 1) << "well-formed or not";
+                EXPECT_EQ(xml, (std::string(c.mark) + "<a>").c_str()) << page;
+            }
+    CString xml("before");
+    EXPECT_EQ(loader.LoadXMLFromDll(kModuleA, "109", "XML", xml), 0);
+    EXPECT_EQ(loader.LoadXMLFromDll(kModuleA, "101", "PNG", xml), 0);
+    EXPECT_STREQ(xml, "before");
+    DUI::CResMgr manager;
+    EXPECT_EQ(manager.LoadAllString({"", "dll", kModuleA, "107", "XML"}), 0)
+        << "now it has to be well-formed";
+}
+
+TEST_F(ResourceModules, OneIsLoadedAtATime)
+{
+    const LiveObjects none = LiveObjects::Count();
+    const CDUIImageListPtr first = loader.LoadImageFromDll(kModuleA, "102", "PNG");
+    const CDUIImageListPtr second = loader.LoadImageFromDll(kModuleA, "102", "PNG");
+    EXPECT_NE(first, second);
+    const LiveObjects one = LiveObjects::Count();
+    const CDUIImageListPtr other = loader.LoadImageFromDll(kModuleB, "102", "PNG");
+    EXPECT_EQ(IconColor(other), 0xFF00FF00U);
+    EXPECT_EQ(GetModuleHandleA(kModuleA), nullptr) << "the first one was let go";
+    EXPECT_EQ(one.Leaked(LiveObjects::Count()).find("module"), std::string::npos);
+    EXPECT_EQ(loader.LoadImageFromDll("missing.dll", "102", "PNG"), nullptr);
+    EXPECT_EQ(IconColor(loader.LoadImageFromDll(kModuleB, "102", "PNG")), 0xFF00FF00U);
+    EXPECT_EQ(IconColor(first), 0xFFFF0000U) << "pictures outlive their module";
+
+    const HINSTANCE own = loader.LoadLibraryA("./skin_module_a.dll");
+    ASSERT_NE(own, nullptr);
+    CString text;
+    EXPECT_EQ(loader.LoadStringFromResource(own, "101", "XML", text), 1);
+    EXPECT_TRUE(FreeLibrary(own)) << "the caller's";
+
+    const HINSTANCE given = loader.GetResInstance((ProgramDirectory() + "\\" + kModuleA).c_str());
+    EXPECT_NE(given, nullptr);
+    EXPECT_EQ(loader.GetResInstance("no\\such.dll"), nullptr);
+    EXPECT_EQ(loader.GetResInstance((ProgramDirectory() + "\\" + kModuleA).c_str()), given);
+    loader.FreeResDll();
+    loader.FreeResDll();
+    EXPECT_EQ(GetModuleHandleA(kModuleA), nullptr);
+    EXPECT_EQ(none.Leaked(LiveObjects::Count()).find("module"), std::string::npos);
+}
+
+TEST_F(ResourceModules, HoldWholePackages)
+{
+    for (const std::string& source : {std::string("config_type=\"dll\" file_name=\"skin_module_a.dll\""),
+                                      std::string("config_type=\"Exe\"")}) {
+        DUI::CDUISkinMgr manager;
+        EXPECT_EQ(manager.InitializeSkin(PackageFrom(source)), 1) << source;
+        CString text;
+        EXPECT_EQ(manager.GetStringText("hello", text), 1);
+        EXPECT_STREQ(text, "Hello");
+        EXPECT_EQ(manager.GetWindowTemplate("w", text), 1);
+        EXPECT_EQ(IconColor(manager.GetImage("red", 1)), 0xFFFF0000U);
+        EXPECT_EQ(manager.GetImage("red", 1)->GetItemCount(), 2);
+        EXPECT_EQ(IconColor(manager.GetImage("green", 1)), 0xFF00FF00U);
+        EXPECT_EQ(IconColor(manager.GetImage("own", 1)), 0xFF00FF00U) << "the program's";
+        EXPECT_EQ(manager.GetFrameBK("f")->GetSkinImage(), manager.GetImage("own", 1));
+        for (const char* name : {"hand", "own"})
+            EXPECT_EQ(manager.GetCursor(name, 1)->IsNull(), 0) << name;
+    }
+}
+
+TEST_F(ResourceModules, AnEmptyDocumentIsNone)
+{
+    CString xml;
+    EXPECT_EQ(loader.LoadXMLFromDll(kModuleA, "108", "XML", xml), 1);
+    DUI::CResMgr manager;
+    EXPECT_EQ(manager.LoadAllString({"", "dll", kModuleA, "108", "XML"}), 0);
+}
