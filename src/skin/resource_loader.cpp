@@ -49,9 +49,17 @@ const CString& ExecutableDirectory()
     return directory;
 }
 
+// Empty: the executable's.
+CString& ChosenDirectory()
+{
+    static CString directory;
+    return directory;
+}
+
 CString ResolvePath(const CString& name)
 {
-    return ResolveSkinPath(ExecutableDirectory().View(), name.View());
+    const CString& chosen = ChosenDirectory();
+    return ResolveSkinPath(chosen.IsEmpty() ? ExecutableDirectory().View() : chosen.View(), name.View());
 }
 
 }  // namespace
@@ -74,6 +82,15 @@ CString ResolveSkinPath(std::string_view executableDirectory, std::string_view n
         base += kSeparator;
     base.Append(rest.data(), static_cast<int>(rest.size()));
     return base;
+}
+
+void CResLoader::SetBaseDirectory(const CString& directory)
+{
+    CString& chosen = ChosenDirectory();
+    chosen = directory;
+    chosen.Replace("/", "\\");
+    while (chosen.GetLength() > 1 && chosen[chosen.GetLength() - 1] == kSeparator)
+        chosen.Delete(chosen.GetLength() - 1);
 }
 
 CResLoader::~CResLoader()

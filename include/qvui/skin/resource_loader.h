@@ -24,6 +24,10 @@ public:
     CResLoader& operator=(const CResLoader&) = delete;
     ~CResLoader();
 
+    /// For tools that look at packages elsewhere: the directory, with either separator, that names are relative to
+    /// instead of the executable's, for the whole process. An empty text goes back to that one.
+    static void SetBaseDirectory(const CString& directory);
+
     /// A new image list, returned also when the file cannot be decoded; it then holds no picture.
     CDUIImageListPtr LoadImageFromFile(const CString& path);
     /// Loads another picture into the list, for all who hold it; 0 for a null list or a failure, which
