@@ -5,7 +5,9 @@
 #include <CLI/CLI.hpp>
 
 #include "check.h"
+#include "dump.h"
 #include "reference.h"
+#include "sheet.h"
 
 namespace {
 
@@ -19,6 +21,7 @@ struct Options {
     bool isJson = false;
     std::vector<std::string> tags;
     std::string output;
+    std::string skin;
 };
 
 int Unreadable(const std::string& path)
@@ -42,6 +45,30 @@ int RunCheck(const Options& options)
     Checker(package, options.tags, report).Run();
     std::fputs((options.isJson ? report.ToJson() : report.ToText()).c_str(), stdout);
     return report.IsClean() ? kClean : kFindings;
+}
+
+int RunDump(const Options& options)
+{
+    Report ignored;
+    const Package package(options.entry, options.root, ignored);
+    if (!package.IsFound())
+        return Unreadable(options.entry);
+    std::fputs(Dump(package, options.isJson).c_str(), stdout);
+    return kClean;
+}
+
+int RunSheet(const Options& options)
+{
+    Report ignored;
+    const Package package(options.entry, options.root, ignored);
+    if (!package.IsFound())
+        return Unreadable(options.entry);
+    const std::string skin = options.skin.empty() ? package.DefaultSkin() : options.skin;
+    if (WriteSheet(package, skin, options.output))
+        return kClean;
+    std::fprintf(stderr, "qvui-skin: no skin \"%s\", or %s cannot be written\n", skin.c_str(),
+                 options.output.c_str());
+    return kUnreadable;
 }
 
 int RunReference(const Options& options)
@@ -73,6 +100,17 @@ int main(int argc, char** argv)
     check.add_flag("--json", options.isJson, "Write an array of findings");
     check.add_option("--tag", options.tags, "A control that the application registers itself; may be given again");
     check.callback([&] { status = RunCheck(options); });
+
+    CLI::App& dump = *app.add_subcommand("dump", "Lists every resource of a package with its values");
+    AddPackageOptions(dump, options);
+    dump.add_flag("--json", options.isJson, "Write one object");
+    dump.callback([&] { status = RunDump(options); });
+
+    CLI::App& sheet = *app.add_subcommand("sheet", "Draws a skin's colours, fonts, images and frames into a picture");
+    AddPackageOptions(sheet, options);
+    sheet.add_option("-o,--output", options.output, "The picture, a PNG file")->required();
+    sheet.add_option("--skin", options.skin, "The skin; without it, the package's default");
+    sheet.callback([&] { status = RunSheet(options); });
 
     CLI::App& reference = *app.add_subcommand("reference", "Writes the reference page for skin designers");
     reference.add_option("-o,--output", options.output, "The page, in Markdown")->required();

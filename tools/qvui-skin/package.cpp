@@ -57,8 +57,11 @@ Package::Package(const std::string& entryPath, const std::string& root, Report& 
             names.push_back(element.Value("file_name"));
         m_root = FindRoot(entryPath, names);
     }
-    if (m_entry.IsWellFormed())
-        ReadEntry(report);
+    if (!m_entry.IsWellFormed())
+        return;
+    DUI::CResLoader::SetBaseDirectory(fs::absolute(m_root).lexically_normal().string().c_str());
+    ReadEntry(report);
+    DUI::CResLoader::SetBaseDirectory("");
 }
 
 std::string Package::PathOf(const std::string& fileName) const

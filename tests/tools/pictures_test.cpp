@@ -1,0 +1,107 @@
+#include <filesystem>
+
+#include <gtest/gtest.h>
+
+#include <nlohmann/json.hpp>
+
+#include <qvui/platform/cimage.h>
+
+#include "qvui-skin/dump.h"
+#include "qvui-skin/sheet.h"
+#include "support/leak_check.h"
+#include "support/screenshot.h"
+
+namespace qvui::skin_tool {
+namespace {
+
+const std::string kEntry = QVUI_TEST_DATA "/tools/data/broken-skin/entry.xml";
+
+TEST(Dump, ResolvesWhatTheLibraryMakesOfAPackage)
+{
+    const test::LeakCheck leaks;
+    Report ignored;
+    const Package package(kEntry, "", ignored);
+    const nlohmann::json dump = nlohmann::json::parse(Dump(package, true));
+    const nlohmann::json& day = dump["skins"]["day"];
+    struct Case {
+        const char* name;
+        nlohmann::json value;
+        nlohmann::json expected;
+    };
+    const std::vector<Case> cases{
+        {"a colour of one skin", day["colors"]["ink"], "#FF102030"},
+        {"and of the other", dump["skins"]["night"]["colors"]["ink"], "#FFC8C8C8"},
+        {"a font's face without \"#\"", day["fonts"]["text"]["face"], "DejaVu Sans"},
+        {"the size of an icon", day["images"]["strip"]["icon_size"], {8, 8}},
+        {"a draw style", day["images"]["strip"]["drawstyle"], "squard"},
+        {"a file of another letter case", day["images"]["fine"]["icons"], 4},
+        {"a missing file", day["images"]["lost"]["loads"], false},
+        {"the words of a format", day["text_styles"]["plain"]["format"], ""},
+        {"attributes of a control style", day["control_styles"]["key"]["width"], "10"},
+        {"the first of two strings", dump["languages"]["English"]["hello"], "Hello"},
+        {"a string of the other language", dump["languages"]["Deutsch"]["hello"], "Hallo"},
+        {"window templates", dump["templates"]["window"], {"main", "hollow", "main"}},
+    };
+    for (const Case& c : cases)
+        EXPECT_EQ(c.value, c.expected) << c.name;
+    EXPECT_FALSE(day.contains("cursors")) << "a set out of order is not loaded";
+}
+
+TEST(Dump, WritesTheSameAsIndentedText)
+{
+    Report ignored;
+    const Package package(kEntry, "", ignored);
+    const std::string text = Dump(package, false);
+    EXPECT_EQ(text.rfind("skins:\n  day:\n    colors:\n", 0), 0u) << text.substr(0, 80);
+    EXPECT_NE(text.find("\n      ink: #FF102030\n"), std::string::npos);
+    EXPECT_NE(text.find("\n        icon_size: [8,8]\n"), std::string::npos);
+}
+
+bool operator==(const RECT& left, const RECT& right)
+{
+    return left.left == right.left && left.top == right.top && left.right == right.right &&
+           left.bottom == right.bottom;
+}
+
+TEST(Sheet, FlowsBoxesIntoRows)
+{
+    struct Case {
+        const char* name;
+        std::vector<SIZE> sizes;
+        std::vector<RECT> places;
+    };
+    const std::vector<Case> cases{
+        {"nothing", {}, {}},
+        {"one row", {{40, 10}, {40, 20}}, {{0, 0, 40, 10}, {50, 0, 90, 20}}},
+        {"a row that is just full", {{45, 10}, {45, 10}}, {{0, 0, 45, 10}, {55, 0, 100, 10}}},
+        {"below the highest of the row",
+         {{40, 10}, {40, 20}, {40, 5}},
+         {{0, 0, 40, 10}, {50, 0, 90, 20}, {0, 30, 40, 35}}},
+        {"wider than a row", {{10, 5}, {300, 5}, {10, 5}}, {{0, 0, 10, 5}, {0, 15, 300, 20}, {0, 30, 10, 35}}},
+    };
+    for (const Case& c : cases) {
+        const std::vector<RECT> places = Flow(c.sizes, 100, 10);
+        ASSERT_EQ(places.size(), c.places.size()) << c.name;
+        for (std::size_t i = 0; i < places.size(); ++i)
+            EXPECT_TRUE(places[i] == c.places[i]) << c.name << " " << i;
+    }
+}
+
+TEST(Sheet, DrawsASkinIntoAPicture)
+{
+    const test::LeakCheck leaks;
+    const std::string path = test::OutputPath("sheet.png");
+    std::filesystem::remove(path);
+    Report ignored;
+    const Package package(kEntry, "", ignored);
+    EXPECT_FALSE(WriteSheet(package, "noon", path));
+    EXPECT_FALSE(WriteSheet(package, "day", test::OutputPath("no-such-folder") + "/sheet.png"));
+    ASSERT_TRUE(WriteSheet(package, "day", path));
+    CImage sheet;
+    ASSERT_EQ(sheet.Load(path.c_str()), S_OK);
+    const auto* const swatch = static_cast<const BYTE*>(sheet.GetPixelAddress(60, 130));
+    EXPECT_EQ(RGB(swatch[2], swatch[1], swatch[0]), RGB(0x10, 0x20, 0x30)) << "the first colour that is one";
+}
+
+}  // namespace
+}  // namespace qvui::skin_tool
