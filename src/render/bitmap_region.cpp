@@ -8,6 +8,9 @@
 #include <vector>
 
 #include <qvui/render/bitmap_functions.h>
+#include <qvui/render/dib_section.h>
+
+#include "render/memory_context.h"
 
 namespace DUI {
 namespace {
@@ -141,91 +144,102 @@ private:
     RegionUnion m_union;
 };
 
-// Which pixels count as transparent: each channel between a low and a high bound.
+// Which pixels count as transparent: each channel between a low and a high bound. Rows are marked as bytes,
+// several pixels at once, in loops that compilers turn into vector instructions.
 class ColorBounds {
 public:
     ColorBounds(const CARGB& color, DWORD tolerance)
-        : m_blue(color.GetB(), tolerance >> 16),
-          m_green(color.GetG(), tolerance >> 8),
-          m_red(color.GetR(), tolerance)
     {
+        const BYTE channels[3] = {color.GetB(), color.GetG(), color.GetR()};
+        for (int i = 0; i < kLanes; ++i) {
+            // Alpha may be anything.
+            const int channel = i % 4;
+            const int reach = static_cast<int>(tolerance >> (8 * (2 - channel % 3)) & 0xFF);
+            m_low[i] = channel == 3 ? 0 : channels[channel];
+            m_range[i] = static_cast<BYTE>(channel == 3 ? 255 : std::min(255 - m_low[i], reach));
+        }
     }
 
-    /// 1 or 0 for each pixel of a row.
-    void Mark(const std::uint32_t* pixels, int count, std::uint8_t* isTransparent) const
+    /// Marks each pixel of a row with 1 or 0; `scratch` has room for a row.
+    void Mark(const BYTE* pixels, int count, std::uint32_t* scratch, std::uint8_t* isTransparent) const
     {
-        for (int i = 0; i < count; ++i)
-            isTransparent[i] = static_cast<std::uint8_t>(
-                m_blue.Holds(pixels[i]) & m_green.Holds(pixels[i] >> 8) & m_red.Holds(pixels[i] >> 16));
+        const int bytes = 4 * count;
+        const int whole = bytes - bytes % kLanes;
+        auto* const excess = reinterpret_cast<BYTE*>(scratch);
+        MarkExcess(pixels, whole, excess, m_low, m_range);
+        for (int i = whole; i < bytes; ++i)
+            excess[i] = Excess(pixels[i], m_low[i % 4], m_range[i % 4]);
+        for (int x = 0; x < count; ++x)
+            isTransparent[x] = scratch[x] == 0;
     }
 
 private:
-    struct Channel {
-        Channel(int from, DWORD tolerance)
-            : low(from),
-              high(std::min(255, from + static_cast<int>(tolerance & 0xFF)))
-        {
-        }
-        int Holds(std::uint32_t shifted) const
-        {
-            const int value = static_cast<int>(shifted & 0xFF);
-            return (value >= low) & (value <= high);
-        }
+    static constexpr int kLanes = 16;
 
-        int low;
-        int high;
-    };
+    // How far a byte is outside; 0 inside.
+    static BYTE Excess(BYTE byte, BYTE low, BYTE range)
+    {
+        const auto above = static_cast<BYTE>(byte - low);
+        return static_cast<BYTE>(above > range ? above - range : 0);
+    }
 
-    Channel m_blue;
-    Channel m_green;
-    Channel m_red;
+    static void MarkExcess(const BYTE* __restrict pixels, int bytes, BYTE* __restrict excess,
+                           const BYTE (&low)[kLanes], const BYTE (&range)[kLanes])
+    {
+        for (int i = 0; i < bytes; i += kLanes)
+            for (int lane = 0; lane < kLanes; ++lane)
+                excess[i + lane] = Excess(pixels[i + lane], low[lane], range[lane]);
+    }
+
+    BYTE m_low[kLanes];
+    BYTE m_range[kLanes];
 };
 
-// The bitmap's pixels, top row first; null when they could not be read.
-std::unique_ptr<std::uint32_t[]> PixelsOf(HBITMAP bitmap, const SIZE& size)
+// Adds the runs of a row that are not transparent.
+void AddRuns(const std::vector<std::uint8_t>& isTransparent, int y, RegionBuilder& builder)
 {
-    BITMAPINFO info{};
-    info.bmiHeader.biSize = sizeof info.bmiHeader;
-    info.bmiHeader.biWidth = size.cx;
-    info.bmiHeader.biHeight = -size.cy;
-    info.bmiHeader.biPlanes = 1;
-    info.bmiHeader.biBitCount = 32;
-    std::unique_ptr<std::uint32_t[]> pixels(new std::uint32_t[static_cast<std::size_t>(size.cx) * size.cy]);
-    const HDC screen = GetDC(nullptr);
-    const int rows =
-        GetDIBits(screen, bitmap, 0, static_cast<UINT>(size.cy), pixels.get(), &info, DIB_RGB_COLORS);
-    ReleaseDC(nullptr, screen);
-    return rows == size.cy ? std::move(pixels) : nullptr;
+    const std::uint8_t* const begin = isTransparent.data();
+    const std::uint8_t* const end = begin + isTransparent.size();
+    const auto next = [end](const std::uint8_t* from, int mark) {
+        const void* found = std::memchr(from, mark, static_cast<std::size_t>(end - from));
+        return found ? static_cast<const std::uint8_t*>(found) : end;
+    };
+    for (const std::uint8_t* run = next(begin, 0); run < end;) {
+        const std::uint8_t* const stop = next(run, 1);
+        builder.Add(static_cast<int>(run - begin), static_cast<int>(stop - begin), y);
+        run = next(stop, 0);
+    }
+    builder.EndRow();
 }
 
 }  // namespace
 
 HRGN CBitmapCommonFunction::BitmapToRgn(HBITMAP bitmap, const CARGB& color, DWORD tolerance)
 {
+    // The pixels are copied in bands of a few rows, which stay in the processor's cache.
+    constexpr int kBand = 32;
     SIZE size{};
-    if (!GetBitmapSize(bitmap, size))
+    CDibSection band;
+    if (!GetBitmapSize(bitmap, size) || !band.Create(static_cast<DWORD>(size.cx), kBand, 32))
         return nullptr;
-    const auto pixels = PixelsOf(bitmap, size);
-    if (!pixels)
+    const MemoryContext source(bitmap);
+    const MemoryContext target(band.GetBitmap());
+    if (!source.HasBitmap() || !target.HasBitmap())
         return nullptr;
     const ColorBounds transparent(color, tolerance);
-    std::vector<std::uint8_t> isTransparent(static_cast<std::size_t>(size.cx));
-    const std::uint8_t* const begin = isTransparent.data();
-    const std::uint8_t* const end = begin + size.cx;
-    const auto next = [end](const std::uint8_t* from, int mark) {
-        const void* found = std::memchr(from, mark, static_cast<std::size_t>(end - from));
-        return found ? static_cast<const std::uint8_t*>(found) : end;
-    };
+    std::vector<std::uint32_t> scratch(static_cast<std::size_t>(size.cx));
+    std::vector<std::uint8_t> isTransparent(scratch.size());
     RegionBuilder builder;
-    for (int y = 0; y < size.cy; ++y) {
-        transparent.Mark(pixels.get() + static_cast<std::ptrdiff_t>(y) * size.cx, size.cx,
-                         isTransparent.data());
-        for (const std::uint8_t* run = next(begin, 0); run < end;) {
-            const std::uint8_t* const stop = next(run, 1);
-            builder.Add(static_cast<int>(run - begin), static_cast<int>(stop - begin), y);
-            run = next(stop, 0);
+    for (int top = 0; top < size.cy; top += std::min<int>(kBand, size.cy - top)) {
+        const int rows = std::min<int>(kBand, size.cy - top);
+        BitBlt(target.Get(), 0, 0, size.cx, rows, source.Get(), 0, top, SRCCOPY);
+        GdiFlush();
+        for (int row = 0; row < rows; ++row) {
+            const BYTE* const pixels =
+                band.GetBits() + static_cast<std::ptrdiff_t>(kBand - 1 - row) * band.GetLineWidth();
+            transparent.Mark(pixels, size.cx, scratch.data(), isTransparent.data());
+            AddRuns(isTransparent, top + row, builder);
         }
-        builder.EndRow();
     }
     return builder.Take();
 }

@@ -14,6 +14,8 @@ public:
     ~MemoryContext();
 
     HDC Get() const { return m_hDC; }
+    /// False when another context has the bitmap.
+    bool HasBitmap() const { return m_hOld != nullptr; }
 
 private:
     HDC m_hDC;
