@@ -490,6 +490,42 @@ TEST_F(PointFilter, HueAndSaturationAreScaled)
     }
 }
 
+// Large pictures go another way, which must not show: every pair of largest and smallest channel in every
+// order, and every hue that such channels can have.
+TEST_F(PointFilter, HueAndSaturationAreTheSameInLargePictures)
+{
+    constexpr int kOrders[6][3] = {{0, 1, 2}, {0, 2, 1}, {1, 0, 2}, {1, 2, 0}, {2, 0, 1}, {2, 1, 0}};
+    std::mt19937 random(3);
+    Model source(768, 256, 24);
+    for (int y = 0; y < 256; ++y)
+        for (int x = 0; x < 768; ++x) {
+            const int values[3] = {y, x / 3,
+                                   x % 3 == 0   ? y
+                                   : x % 3 == 1 ? x / 3
+                                                : static_cast<int>(random() % 256)};
+            const auto& order = kOrders[random() % 6];
+            for (std::size_t channel = 0; channel < 3; ++channel)
+                source.At(x, y)[channel] = values[order[channel]];
+        }
+    for (const int amount : {0, 13, -40, 60, -100, -200, 300}) {
+        const double factor = (amount + 100.0) / 100.0;
+        CDibSection section;
+        source.Store(section);
+        CHueChangeFilter::Process(&section, static_cast<short>(amount));
+        const Model hue(section);
+        source.Store(section);
+        CSaturationChangeFilter::Process(&section, static_cast<short>(amount));
+        const Model saturation(section);
+        for (int y = 0; y < 256; ++y)
+            for (int x = 0; x < 768; ++x) {
+                ASSERT_EQ(hue.At(x, y), HlsScaled(source.At(x, y), factor, 1))
+                    << amount << ": " << x << "," << y;
+                ASSERT_EQ(saturation.At(x, y), HlsScaled(source.At(x, y), 1, factor))
+                    << amount << ": " << x << "," << y;
+            }
+    }
+}
+
 using Geometry = RenderTest;
 
 TEST_F(Geometry, MirrorsFlipsAndTurns)
