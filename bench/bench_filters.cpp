@@ -162,8 +162,9 @@ std::vector<Pair> Pairs()
          }},
         {"mirror", [](Pictures& p) { CMirrorImageFilter::Process(&p.section); }, CopyMat},
         {"flip", [](Pictures& p) { CFlipImageFilter::Process(&p.section); }, CopyMat},
-        {"rotate_left", [](Pictures& p) { CRotateLeftFilter::Process(&p.section); }, CopyMat},
-        {"rotate_right", [](Pictures& p) { CRotateRightFilter::Process(&p.section); }, CopyMat},
+        // Turning writes a new section, and reads or writes across the rows: more than twice a copy.
+        {"rotate_left", [](Pictures& p) { CRotateLeftFilter::Process(&p.section); }, CopyMat, 4},
+        {"rotate_right", [](Pictures& p) { CRotateRightFilter::Process(&p.section); }, CopyMat, 4},
         {"turn_left", [](Pictures& p) { CRotateLeftFilter::Process(&p.section); },
          [](Pictures& p) { cv::rotate(p.mat, p.result, cv::ROTATE_90_COUNTERCLOCKWISE); }},
         {"cut_out", [](Pictures& p) { CSelectImageFilter::Process(&p.section, &p.target, nullptr); },

@@ -49,8 +49,11 @@ void Turn(const CDibSection& from, CDibSection& to, bool isLeft)
             const int rows = std::min(kTileHeight, height - low);
             for (int i = 0; i < rows; ++i) {
                 const int row = isLeft ? height - 1 - (low + i) : low + i;
-                std::memcpy(&tile[i * kTileWidth], StoredRow(from, row) + left * sizeof(Pixel),
-                            columns * sizeof(Pixel));
+                const BYTE* const pixels = StoredRow(from, row) + left * sizeof(Pixel);
+                if (columns == kTileWidth)  // a constant length is copied without a call
+                    std::memcpy(&tile[i * kTileWidth], pixels, kTileWidth * sizeof(Pixel));
+                else
+                    std::memcpy(&tile[i * kTileWidth], pixels, columns * sizeof(Pixel));
             }
             for (int column = 0; column < columns; ++column) {
                 const int row = isLeft ? left + column : width - 1 - (left + column);

@@ -71,6 +71,22 @@ std::uint32_t Premultiplied(std::uint32_t pixel)
            ((green + 1 + (green >> 8)) & 0xFF00);
 }
 
+void PremultiplyRow(std::uint32_t* row, std::size_t width)
+{
+    constexpr std::size_t kStep = 4;
+    constexpr std::uint32_t kOpaque = 0xFF000000;
+    std::size_t x = 0;
+    for (; x + kStep <= width; x += kStep) {
+        // Most pixels of most pictures are opaque, and stay as they are.
+        if ((row[x] & row[x + 1] & row[x + 2] & row[x + 3]) >= kOpaque)
+            continue;
+        for (std::size_t i = x; i < x + kStep; ++i)
+            row[i] = Premultiplied(row[i]);
+    }
+    for (; x < width; ++x)
+        row[x] = Premultiplied(row[x]);
+}
+
 }  // namespace
 
 CDUIImage::CDUIImage(const CDUIImage& other)
@@ -142,12 +158,9 @@ void CDUIImage::Premultiply()
 {
     if (m_pImage->GetBPP() != 32)
         return;
-    const int width = m_pImage->GetWidth();
-    for (int y = 0; y < m_pImage->GetHeight(); ++y) {
-        auto* const row = static_cast<std::uint32_t*>(m_pImage->GetPixelAddress(0, y));
-        for (int x = 0; x < width; ++x)
-            row[x] = Premultiplied(row[x]);
-    }
+    const auto width = static_cast<std::size_t>(m_pImage->GetWidth());
+    for (int y = 0; y < m_pImage->GetHeight(); ++y)
+        PremultiplyRow(static_cast<std::uint32_t*>(m_pImage->GetPixelAddress(0, y)), width);
 }
 
 void CDUIImage::SetCornerSize(int width, int height)
