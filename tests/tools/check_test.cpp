@@ -101,8 +101,9 @@ TEST(Check, FindsEveryFaultOfABrokenPackageInItsPlace)
 TEST(Check, AcceptsNothingButRegisteredTags)
 {
     const auto unknownTags = [](std::vector<std::string> tags) {
+        const Report report = CheckPackage(kData + "broken-skin/entry.xml", std::move(tags));
         int count = 0;
-        for (const Finding& finding : CheckPackage(kData + "broken-skin/entry.xml", std::move(tags)).Findings())
+        for (const Finding& finding : report.Findings())
             count += finding.text.find("it is left out with all that it holds") != std::string::npos;
         return count;
     };

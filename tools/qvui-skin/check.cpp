@@ -3,8 +3,6 @@
 #include <algorithm>
 #include <map>
 
-#include "suggest.h"
-
 namespace qvui::skin_tool {
 namespace {
 

@@ -5,7 +5,6 @@
 
 #include "check.h"
 #include "controls.h"
-#include "suggest.h"
 
 namespace qvui::skin_tool {
 namespace {
@@ -85,11 +84,14 @@ void Checker::CheckControl(const Place& place)
     const ControlClass* const known = ClassOf(place.element.tag);
     const bool isCustom = std::find(m_tags.begin(), m_tags.end(), place.element.tag) != m_tags.end();
     if (!known && !isCustom) {
-        std::vector<std::string> tags = BuiltinTags();
-        tags.insert(tags.end(), m_tags.begin(), m_tags.end());
+        const auto tags = [this] {
+            std::vector<std::string> names = BuiltinTags();
+            names.insert(names.end(), m_tags.begin(), m_tags.end());
+            return names;
+        };
         m_report.Add(Severity::Error, place.document, place.element.offset,
                      "unknown element \"" + place.element.tag + "\": it is left out with all that it holds",
-                     Nearest(place.element.tag, tags));
+                     m_report.Suggest(place.element.tag, tags));
     }
     CheckControlAttributes(place, known);
 }

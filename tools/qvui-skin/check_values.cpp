@@ -1,5 +1,4 @@
 #include "check.h"
-#include "suggest.h"
 
 namespace qvui::skin_tool {
 
@@ -7,7 +6,7 @@ void Checker::ReportUnknown(const Place& place, const Attribute& attribute, cons
 {
     m_report.Add(Severity::Warning, place.document, attribute.nameOffset,
                  "\"" + place.element.tag + "\" has no attribute \"" + attribute.name + "\"",
-                 Nearest(attribute.name, known));
+                 m_report.Suggest(attribute.name, [&] { return known; }));
 }
 
 void Checker::CheckValue(const Place& place, const Attribute& attribute, ValueKind kind, std::string_view keywords)
@@ -35,7 +34,9 @@ void Checker::CheckControlName(const Place& place, const Attribute& attribute)
         return;
     m_report.Add(Severity::Error, place.document, attribute.valueOffset,
                  "there is no control \"" + attribute.value + "\"",
-                 Nearest(attribute.value, {m_controlNames.begin(), m_controlNames.end()}));
+                 m_report.Suggest(attribute.value, [this] {
+                     return std::vector<std::string>(m_controlNames.begin(), m_controlNames.end());
+                 }));
 }
 
 }  // namespace qvui::skin_tool

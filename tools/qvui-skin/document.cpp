@@ -81,17 +81,30 @@ Element ReadElement(const CXmlDocument& xml)
 
 }  // namespace
 
-Position PositionOf(std::string_view text, int offset)
+Position PositionOf(std::string_view text, int offset) { return PositionOf(text, offset, 0, {}); }
+
+Position PositionOf(std::string_view text, int offset, int knownOffset, Position known)
 {
-    const std::size_t end = std::min(static_cast<std::size_t>(std::max(offset, 0)), text.size());
-    const std::string_view before = text.substr(0, end);
-    Position position;
-    position.line += static_cast<int>(std::count(before.begin(), before.end(), '\n'));
-    const std::size_t lineStart = before.rfind('\n') == std::string_view::npos ? 0 : before.rfind('\n') + 1;
     const char* const stop = text.data() + text.size();
-    for (const char* at = text.data() + lineStart; at < text.data() + end; at += CharacterLength(at, stop))
+    const std::size_t end = std::min(static_cast<std::size_t>(std::max(offset, 0)), text.size());
+    Position position = known;
+    for (const char* at = text.data() + knownOffset; at < text.data() + end; at += CharacterLength(at, stop)) {
         ++position.column;
+        if (*at == '\n')
+            position = {position.line + 1, 1};
+    }
     return position;
+}
+
+Position Document::Where(int offset) const
+{
+    if (offset < m_lastOffset) {
+        m_lastOffset = 0;
+        m_lastPosition = {};
+    }
+    m_lastPosition = PositionOf(m_text, offset, m_lastOffset, m_lastPosition);
+    m_lastOffset = std::clamp(offset, 0, static_cast<int>(m_text.size()));
+    return m_lastPosition;
 }
 
 const Attribute* Element::Find(std::string_view name) const

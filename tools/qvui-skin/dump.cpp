@@ -195,17 +195,22 @@ Json TemplatesValue(const Package& package)
     return value;
 }
 
+std::string ScalarText(const Json& value)
+{
+    return value.is_string() ? value.get<std::string>()
+                             : value.dump(-1, ' ', false, Json::error_handler_t::replace);
+}
+
 // A value that holds no object stands on its name's line; another one is indented below it.
 void Write(const Json& value, int depth, std::string& text)
 {
     for (const auto& [name, entry] : value.items()) {
-        text += std::string(static_cast<std::size_t>(depth) * 2, ' ') + name + ":";
+        text.append(static_cast<std::size_t>(depth) * 2, ' ').append(name);
         if (entry.is_object() && !entry.empty()) {
-            text += "\n";
+            text += ":\n";
             Write(entry, depth + 1, text);
         } else {
-            text += " " + (entry.is_string() ? entry.get<std::string>()
-                                             : entry.dump(-1, ' ', false, Json::error_handler_t::replace)) + "\n";
+            text.append(": ").append(ScalarText(entry)).append("\n");
         }
     }
 }

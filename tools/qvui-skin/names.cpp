@@ -2,8 +2,6 @@
 
 #include <algorithm>
 
-#include "suggest.h"
-
 namespace qvui::skin_tool {
 
 NameScope& Names::Scope(NameKind kind, const std::string& label)
@@ -34,7 +32,7 @@ void Names::Refer(NameKind kind, const std::string& name, const std::string& lab
     const std::vector<NameScope>& scopes = Scopes(kind);
     if (std::none_of(scopes.begin(), scopes.end(), mayHave)) {
         report.Add(Severity::Error, document, offset,
-                   std::string("there is no ") + NameOf(kind) + " \"" + name + "\"", Nearest(name, All(kind)));
+                   std::string("there is no ") + NameOf(kind) + " \"" + name + "\"", report.Suggest(name, [&] { return All(kind); }));
         return;
     }
     // A string that one language lacks is reported where another one has it.

@@ -144,7 +144,11 @@ std::string Inherited(const ControlClass& control)
     std::string text;
     for (const ControlClass* base = control.Base(); base; base = base->Base())
         if (base->Attributes() || !base->Notifications().empty())
-            text += (text.empty() ? "" : ", ") + ("[" + std::string(base->Name()) + "](#" + Anchor(base->Name()) + ")");
+            text.append(text.empty() ? "[" : ", [")
+                .append(base->Name())
+                .append("](#")
+                .append(Anchor(base->Name()))
+                .append(")");
     return text.empty() ? "" : "Takes over what these have: " + text + ".\n\n";
 }
 

@@ -37,23 +37,32 @@ std::string ToUtf8(std::string_view text)
 void Report::Add(Severity severity, const Document& document, int offset, std::string text,
                  std::string suggestion)
 {
-    Finding finding{document.Path(), document.Where(offset), severity, std::move(text), std::move(suggestion)};
-    const auto place = std::lower_bound(m_findings.begin(), m_findings.end(), finding, Precedes);
-    if (place == m_findings.end() || Precedes(finding, *place))
-        m_findings.insert(place, std::move(finding));
+    m_findings.push_back({document.Path(), document.Where(offset), severity, std::move(text), std::move(suggestion)});
+    m_isSorted = false;
+}
+
+const std::vector<Finding>& Report::Findings() const
+{
+    if (!m_isSorted) {
+        std::stable_sort(m_findings.begin(), m_findings.end(), Precedes);
+        const auto same = [](const Finding& left, const Finding& right) { return !Precedes(left, right); };
+        m_findings.erase(std::unique(m_findings.begin(), m_findings.end(), same), m_findings.end());
+        m_isSorted = true;
+    }
+    return m_findings;
 }
 
 int Report::Count(Severity severity) const
 {
     return static_cast<int>(
-        std::count_if(m_findings.begin(), m_findings.end(),
+        std::count_if(Findings().begin(), Findings().end(),
                       [severity](const Finding& finding) { return finding.severity == severity; }));
 }
 
 std::string Report::ToText() const
 {
     std::string text;
-    for (const Finding& finding : m_findings) {
+    for (const Finding& finding : Findings()) {
         text += finding.file + ":" + std::to_string(finding.at.line) + ":" +
                 std::to_string(finding.at.column) + ": " + NameOf(finding.severity) + ": " + finding.text;
         if (!finding.suggestion.empty())
@@ -66,7 +75,7 @@ std::string Report::ToText() const
 std::string Report::ToJson() const
 {
     nlohmann::ordered_json list = nlohmann::ordered_json::array();
-    for (const Finding& finding : m_findings) {
+    for (const Finding& finding : Findings()) {
         nlohmann::ordered_json entry{{"file", ToUtf8(finding.file)},
                                      {"line", finding.at.line},
                                      {"column", finding.at.column},

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "document.h"
+#include "suggest.h"
 
 namespace qvui::skin_tool {
 
@@ -28,8 +29,17 @@ public:
     void Add(Severity severity, const Document& document, int offset, std::string text,
              std::string suggestion = "");
 
+    /// The nearest of the names that `candidates` returns, as Nearest; empty once so much was found that nobody
+    /// reads on, since looking for it costs more than all the rest.
+    template <class Candidates>
+    std::string Suggest(std::string_view word, Candidates candidates) const
+    {
+        constexpr std::size_t kMostSuggestions = 1000;
+        return m_findings.size() < kMostSuggestions ? Nearest(word, candidates()) : std::string();
+    }
+
     /// Sorted by file, line and column.
-    const std::vector<Finding>& Findings() const { return m_findings; }
+    const std::vector<Finding>& Findings() const;
     int Count(Severity severity) const;
     /// Whether nothing but notes was found.
     bool IsClean() const { return Count(Severity::Error) == 0 && Count(Severity::Warning) == 0; }
@@ -40,7 +50,8 @@ public:
     std::string ToJson() const;
 
 private:
-    std::vector<Finding> m_findings;
+    mutable std::vector<Finding> m_findings;
+    mutable bool m_isSorted = true;
 };
 
 const char* NameOf(Severity severity);

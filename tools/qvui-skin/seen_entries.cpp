@@ -3,7 +3,6 @@
 #include <algorithm>
 
 #include "package.h"
-#include "suggest.h"
 
 namespace qvui::skin_tool {
 namespace {
@@ -91,7 +90,7 @@ private:
     {
         const std::string& tag = m_document.At(element).tag;
         m_report.Add(Severity::Error, m_document, m_document.At(element).offset,
-                     "unknown element \"" + tag + "\"", Nearest(tag, names));
+                     "unknown element \"" + tag + "\"", m_report.Suggest(tag, [&] { return names; }));
     }
 
     void AddSet(const SetSchema& set, int element)
