@@ -72,7 +72,6 @@ bool GalleryWindow::BuildControls()
         if (!BuildPage(page))
             return false;
     InitWindowMgr();
-    LayoutRootControl();
     m_behaviour = std::make_unique<PageBehaviour>(*this);
     m_behaviour->Start();
     m_behaviour->PlaceDialog();

@@ -125,6 +125,10 @@ void CDUIWindowMgr::InitWindowMgr()
         root->AttachWindow(this);
         if (!root.IsManagerAlive())
             return;
+        // Scroll bars that containers made when they were attached get their places.
+        LayoutRootControl();
+        if (!root.IsManagerAlive())
+            return;
     }
     if (IsWindow())
         CreateTooltip();

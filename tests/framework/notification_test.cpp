@@ -131,6 +131,9 @@ TEST_F(Notifications, MayDoAnythingInAHandler)
                                                 "position='0,0,30,30' tab_stop='true'/></probe>"
                                                 "<probe name='b' position='30,0,60,30'/></probe>");
             ControlWindow& host = *window;
+            // Of their own: those of the window go with it.
+            MessagePointer mouse(host.Handle());
+            MessageKeys keys(host.Handle());
             auto* const inner = host.Find<Probe>("inner");
             bool isDone = false;
             inner->onEvent = [&](const tagDUIEvent& event, BOOL&) {
@@ -143,10 +146,10 @@ TEST_F(Notifications, MayDoAnythingInAHandler)
                 if (window && window->IsWindow())
                     step(*window);
             };
-            act([](ControlWindow& w) { w.mouse.MoveTo({45, 15}).MoveTo({15, 15}); });
-            act([](ControlWindow& w) { w.mouse.Press(); });
-            act([](ControlWindow& w) { w.mouse.Release(); });
-            act([](ControlWindow& w) { w.keys.Press('X'); });
+            act([&](ControlWindow&) { mouse.MoveTo({45, 15}).MoveTo({15, 15}); });
+            act([&](ControlWindow&) { mouse.Press(); });
+            act([&](ControlWindow&) { mouse.Release(); });
+            act([&](ControlWindow&) { keys.Press('X'); });
             act([&](ControlWindow& w) {
                 if (!isDone) {
                     inner->SetTimer(1, 1000);
@@ -154,7 +157,7 @@ TEST_F(Notifications, MayDoAnythingInAHandler)
                 }
             });
             act([](ControlWindow& w) { w.Resize({70, 30}); });
-            act([](ControlWindow& w) { w.mouse.MoveTo({45, 15}); });
+            act([&](ControlWindow&) { mouse.MoveTo({45, 15}); });
             act([](ControlWindow& w) { w.SetNextTabControl(TRUE); });
             act([](ControlWindow& w) { SendMessageA(w.Handle(), WM_KILLFOCUS, 0, 0); });
             EXPECT_TRUE(isDone);

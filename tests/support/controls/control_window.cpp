@@ -53,8 +53,6 @@ void ControlWindow::Start()
     // A pointer that the last window left here would make a control hot.
     SetCursorPos(GetSystemMetrics(SM_CXSCREEN) - 1, GetSystemMetrics(SM_CYSCREEN) - 1);
     InitWindowMgr();
-    // Controls that made scroll bars when they were attached are laid out with them.
-    LayoutRootControl();
     ShowWindow(Handle(), SW_SHOW);
     PumpWithoutPointer();
 }
