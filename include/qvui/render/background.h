@@ -8,11 +8,12 @@ namespace DUI {
 /// Something that paints a rectangle behind a control or a window.
 class QVUI_API IDUIBkgnd : public CDUIObject {
 public:
+    /// Whether there is nothing to paint.
     virtual BOOL IsEmpty() const = 0;
     virtual void DrawBK(HDC hdc, const RECT& rect) = 0;
 };
 
-/// One colour, or a gradient of two or three.
+/// One colour, or a gradient of two or three. The form with the most colours set is painted.
 class QVUI_API CDUIColorBK : public IDUIBkgnd {
 public:
     BOOL IsEmpty() const override;
@@ -71,7 +72,9 @@ private:
     CFrameBKImagePos m_imagePos;
 };
 
-/// A frame style: colours, an image, and a border drawn in a colour or cut from an image.
+/// A frame style: colours, an image, and a border cut from an image or, without one, drawn in a colour. Where
+/// a border clips what it draws, it does so within the context's clip region; a context without one is not
+/// clipped.
 class QVUI_API CDUIFrameBK : public CDUIColorImageBK {
 public:
     BOOL IsEmpty() const override;

@@ -28,8 +28,9 @@ public:
     /// The bitmap, which the caller owns from now on; header and bits are stale until the next Create or
     /// Reset.
     HBITMAP Detach();
+    /// Makes `dest` a copy. FALSE, with `dest` empty, when this is empty or there is no memory.
     BOOL CopyTo(CDibSection* dest) const;
-    /// Takes over another section's bitmap and leaves it empty.
+    /// Takes over another section's bitmap and leaves it empty; FALSE for itself.
     BOOL Transfer(CDibSection* src);
     /// A new empty section, and a new copy; both are owned by the caller.
     CDibSection* NewObject() const;
@@ -51,9 +52,9 @@ public:
     CARGB GetPixel(int x, int y, int fromTop) const;
     BOOL SetPixel(int x, int y, const CARGB& color, int fromTop);
 
-    /// Each draws the whole image and returns FALSE for an empty section or a null context. Draw keeps the
-    /// image's size, the others scale it into the rectangle; these two set the context's stretch mode to
-    /// COLORONCOLOR.
+    /// These four draw the whole image and return FALSE for an empty section or a null context. Draw keeps
+    /// the image's size, the others scale it into the rectangle. Draw and Stretch leave the context's stretch
+    /// mode at COLORONCOLOR.
     BOOL Draw(HDC hdc, int x, int y) const;
     BOOL Stretch(HDC hdc, const RECT& rect) const;
     /// With `perPixel` the image's own alpha counts too, and its colours are taken as premultiplied.

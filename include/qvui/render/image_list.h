@@ -7,7 +7,8 @@
 
 namespace DUI {
 
-/// How an image fills a rectangle.
+/// How an image fills a rectangle. Slices keep their order when a rectangle is smaller than its caps or
+/// corners.
 enum IMAGE_DRAW_STYLE {
     DRAW_STYLE_NORMAL = 0,
     DRAW_STYLE_STRETCH = 1,
@@ -29,8 +30,9 @@ public:
     std::shared_ptr<CDUIImage> CloneObject() const;
     /// Decodes a file into the picture that all copies share. FALSE leaves it empty.
     BOOL CreateFromFile(const char* path);
-    /// Decodes bytes into a new picture for this image alone.
+    /// Decodes bytes into a new picture for this image alone. The bytes stay the caller's.
     BOOL CreateFromStream(const unsigned char* data, DWORD size);
+    /// The same from a resource of a module.
     BOOL CreateFromResource(HINSTANCE module, const char* name, const char* type);
     BOOL CreateFromResource(HINSTANCE module, UINT id, const char* type);
 
@@ -39,6 +41,7 @@ public:
 
     void SetDrawStyle(IMAGE_DRAW_STYLE style) { m_nDrawStyle = style; }
     IMAGE_DRAW_STYLE GetDrawStyle() const { return m_nDrawStyle; }
+    /// The size of caps and corners, in pixels.
     void SetCornerSize(int width, int height);
     int GetCornerWidth() const { return m_nCornerWidth; }
     int GetCornerHeight() const { return m_nCornerHeight; }
@@ -46,6 +49,7 @@ public:
     int GetWidth() const;
     int GetHeight() const;
     BOOL IsNull() const;
+    /// Lets go of the picture, which the last copy frees.
     void Destory();
     /// The decoded bitmap itself, borrowed; null without one.
     CImage* GetRawImage() const { return m_pImage.get(); }
