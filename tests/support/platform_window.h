@@ -78,4 +78,19 @@ private:
     HWND m_handle = nullptr;
 };
 
+/// A handler for as long as the object lives: for windows that outlive what the handler refers to.
+class ScopedHandler {
+public:
+    ScopedHandler(PlatformWindow& window, MessageHandler handler) : m_window(window)
+    {
+        m_window.SetHandler(std::move(handler));
+    }
+    ScopedHandler(const ScopedHandler&) = delete;
+    ScopedHandler& operator=(const ScopedHandler&) = delete;
+    ~ScopedHandler() { m_window.SetHandler(nullptr); }
+
+private:
+    PlatformWindow& m_window;
+};
+
 }  // namespace qvui::test

@@ -17,9 +17,11 @@ namespace qvui::native {
 struct SurfaceOptions {
     bool isDecorated = false;  // the display draws caption and borders around it
     bool isSizable = false;
-    bool isPopup = false;    // takes no place in a task list and no focus by itself
+    bool isPopup = false;    // takes no place in a task list
     bool isPassive = false;  // a popup that never takes the keyboard, not even when it is shown
-    std::string title;     // UTF-8
+    bool isLayered = false;  // its pixels carry (premultiplied) alpha
+    HWND owner = nullptr;    // the window that it belongs to
+    std::string title;       // UTF-8
 };
 
 /// One of the screens that the desktop spans.
@@ -38,10 +40,11 @@ public:
     virtual void OnButton(int button, bool isDown) = 0;
     /// In units of WHEEL_DELTA per notch; positive away from the user.
     virtual void OnWheel(int delta) = 0;
-    virtual void OnKey(int virtualKey, bool isDown, bool isRepeat) = 0;
-    /// Text that was typed, UTF-8.
+    virtual void OnKey(int virtualKey, bool isDown) = 0;
+    /// Text that was typed, UTF-8: right after the press that typed it, or by itself from an input method.
     virtual void OnText(const std::string& utf8) = 0;
     virtual void OnMoved(HWND window, const RECT& screen) = 0;
+    virtual void OnMinimised(HWND window, bool isMinimised) = 0;
     virtual void OnClose(HWND window) = 0;
     /// The display gave the keyboard to one of our windows, or took it away (null).
     virtual void OnActivated(HWND window) = 0;
@@ -58,6 +61,10 @@ public:
     virtual void Close(HWND window) = 0;
     virtual void Move(HWND window, const RECT& screen) = 0;
     virtual void Show(HWND window, bool isShown) = 0;
+    virtual void Minimise(HWND window, bool isMinimised) = 0;
+    /// Puts a window above all others; the keyboard stays where it is.
+    virtual void Raise(HWND window) = 0;
+    /// Gives a window the keyboard.
     virtual void Activate(HWND window) = 0;
     virtual void SetTitle(HWND window, const std::string& utf8) = 0;
     /// Gives the window an outline; null takes it away.
@@ -69,6 +76,8 @@ public:
     virtual void SetCursorShape(int systemCursor) = 0;
     /// A cursor of its own pixels (straight alpha).
     virtual void SetCursorImage(const Surface& pixels, POINT hotSpot) = 0;
+    /// Where the pointer is, also while it is over none of our windows.
+    virtual POINT Pointer() = 0;
     virtual void SetPointer(POINT screen) = 0;
     virtual void Capture(bool isCaptured) = 0;
     virtual std::string ClipboardText() = 0;

@@ -4,8 +4,9 @@
 #include <cstring>
 
 #include "native/kernel/code_pages.h"
-#include "native/user/queue.h"
-#include "native/user/window.h"
+#include "native/user/input.h"
+#include "native/user/move_size.h"
+#include "native/user/painting.h"
 
 using namespace qvui::native;
 
@@ -39,6 +40,16 @@ LRESULT EraseBackground(const Window& window, HDC dc)
     return FillRect(dc, &box, brush);
 }
 
+// Windows that can be sized, and overlapped ones, keep to the sizes that they say.
+void LimitSize(const Window& window, WINDOWPOS& position)
+{
+    if ((position.flags & SWP_NOSIZE) || (!(window.style & WS_THICKFRAME) && (window.style & (WS_POPUP | WS_CHILD))))
+        return;
+    const MINMAXINFO limits = SizeLimits(window.handle);
+    position.cx = std::max(std::min(position.cx, static_cast<int>(limits.ptMaxTrackSize.x)), static_cast<int>(limits.ptMinTrackSize.x));
+    position.cy = std::max(std::min(position.cy, static_cast<int>(limits.ptMaxTrackSize.y)), static_cast<int>(limits.ptMinTrackSize.y));
+}
+
 void PositionChanged(Window& window, const WINDOWPOS& position)
 {
     const HWND handle = window.handle;
@@ -52,70 +63,29 @@ void PositionChanged(Window& window, const WINDOWPOS& position)
         SendMessageA(handle, WM_SIZE, how, MAKELPARAM(static_cast<WORD>(width), static_cast<WORD>(height)));
 }
 
-LRESULT SetClassCursor(const Window& window, LPARAM lParam)
+// `under` is the window under the pointer, which may be a child of the one that is asked.
+LRESULT SetClassCursor(HWND under, LPARAM lParam)
 {
     const auto hit = static_cast<SHORT>(LOWORD(static_cast<DWORD_PTR>(lParam)));
     static constexpr struct {
         int hit;
         int cursor;
-    } kBorders[] = {{HTLEFT, 32644},    {HTRIGHT, 32644},   {HTTOP, 32645},        {HTBOTTOM, 32645},
+    } kBorders[] = {{HTLEFT, 32644},    {HTRIGHT, 32644},       {HTTOP, 32645},      {HTBOTTOM, 32645},
                     {HTTOPLEFT, 32642}, {HTBOTTOMRIGHT, 32642}, {HTTOPRIGHT, 32643}, {HTBOTTOMLEFT, 32643}};
     for (const auto& border : kBorders)
         if (border.hit == hit) {
             SetCursor(LoadCursorA(nullptr, MAKEINTRESOURCEA(border.cursor)));
             return TRUE;
         }
-    const HCURSOR cursor = window.windowClass->definition.hCursor;
-    SetCursor(cursor ? cursor : LoadCursorA(nullptr, IDC_ARROW));
-    return TRUE;
-}
-
-// Moves or sizes a window with the mouse until the button goes up; the edges that move are told by `hit`.
-void MoveWithMouse(HWND handle, int hit)
-{
-    RECT start{};
-    POINT from{};
-    if (!GetWindowRect(handle, &start) || IsZoomed(handle))
-        return;
-    GetCursorPos(&from);
-    const bool left = hit == HTLEFT || hit == HTTOPLEFT || hit == HTBOTTOMLEFT || hit == HTCAPTION;
-    const bool right = hit == HTRIGHT || hit == HTTOPRIGHT || hit == HTBOTTOMRIGHT || hit == HTCAPTION;
-    const bool top = hit == HTTOP || hit == HTTOPLEFT || hit == HTTOPRIGHT || hit == HTCAPTION;
-    const bool bottom = hit == HTBOTTOM || hit == HTBOTTOMLEFT || hit == HTBOTTOMRIGHT || hit == HTCAPTION;
-    MINMAXINFO limits{};
-    limits.ptMinTrackSize = {80, 40};
-    SendMessageA(handle, WM_GETMINMAXINFO, 0, reinterpret_cast<LPARAM>(&limits));
-    SetCapture(handle);
-    SendMessageA(handle, WM_ENTERSIZEMOVE, 0, 0);
-    MSG message;
-    while (LookUpWindow(handle) && GetCapture() == handle && IsKeyDown(VK_LBUTTON) &&
-           GetMessageA(&message, nullptr, 0, 0)) {
-        if (message.message == WM_LBUTTONUP)
-            break;
-        if (message.message != WM_MOUSEMOVE || message.hwnd != handle) {
-            DispatchMessageA(&message);
-            continue;
-        }
-        POINT now{};
-        GetCursorPos(&now);
-        RECT rect = start;
-        rect.left += left ? now.x - from.x : 0;
-        rect.right += right ? now.x - from.x : 0;
-        rect.top += top ? now.y - from.y : 0;
-        rect.bottom += bottom ? now.y - from.y : 0;
-        if (hit != HTCAPTION) {
-            (left ? rect.left : rect.right) = left ? std::min(rect.left, rect.right - limits.ptMinTrackSize.x)
-                                                   : std::max(rect.right, rect.left + limits.ptMinTrackSize.x);
-            (top ? rect.top : rect.bottom) = top ? std::min(rect.top, rect.bottom - limits.ptMinTrackSize.y)
-                                                 : std::max(rect.bottom, rect.top + limits.ptMinTrackSize.y);
-        }
-        SendMessageA(handle, hit == HTCAPTION ? WM_MOVING : WM_SIZING, 0, reinterpret_cast<LPARAM>(&rect));
-        MoveWindow(handle, rect.left, rect.top, rect.right - rect.left, rect.bottom - rect.top, TRUE);
+    if (hit != HTCLIENT) {
+        SetCursor(LoadCursorA(nullptr, IDC_ARROW));
+        return TRUE;
     }
-    if (message.message == WM_QUIT)
-        PostQuitMessage(static_cast<int>(message.wParam));
-    ReleaseCapture();
-    SendMessageA(handle, WM_EXITSIZEMOVE, 0, 0);
+    const Window* window = LookUpWindow(under);
+    const HCURSOR cursor = window ? window->windowClass->definition.hCursor : nullptr;
+    if (cursor)
+        SetCursor(cursor);
+    return cursor != nullptr;
 }
 
 LRESULT SystemCommand(HWND handle, WPARAM command)
@@ -133,6 +103,10 @@ LRESULT SystemCommand(HWND handle, WPARAM command)
     case SC_RESTORE:
         ShowWindow(handle, SW_RESTORE);
         break;
+    case SC_MOVE:
+    case SC_SIZE:
+        MoveOrSizeByCommand(handle, command);
+        break;
     default:
         break;
     }
@@ -141,8 +115,10 @@ LRESULT SystemCommand(HWND handle, WPARAM command)
 
 LRESULT NonClientPress(HWND handle, int hit)
 {
-    if (hit == HTCAPTION || (hit >= HTLEFT && hit <= HTBOTTOMRIGHT))
-        MoveWithMouse(handle, hit);
+    if (hit == HTCAPTION)
+        SendMessageA(handle, WM_SYSCOMMAND, SC_MOVE | HTCAPTION, 0);
+    else if (hit >= HTLEFT && hit <= HTBOTTOMRIGHT)
+        SendMessageA(handle, WM_SYSCOMMAND, SC_SIZE | static_cast<WPARAM>(hit - HTLEFT + 1), 0);
     return 0;
 }
 
@@ -166,6 +142,34 @@ void Paint(HWND handle)
     EndPaint(handle, &paint);
 }
 
+LRESULT SystemKey(HWND handle, UINT message, WPARAM wParam, LPARAM lParam)
+{
+    constexpr LPARAM kAltDown = 1 << 29;
+    const bool isAlt = (lParam & kAltDown) != 0;
+    if (message == WM_SYSKEYDOWN && wParam == VK_F4 && isAlt)
+        PostMessageA(GetAncestor(handle, GA_ROOT), WM_SYSCOMMAND, SC_CLOSE, 0);
+    else if (message == WM_SYSKEYUP && (wParam == VK_MENU || wParam == VK_F10))
+        SendMessageA(GetAncestor(handle, GA_ROOT), WM_SYSCOMMAND, SC_KEYMENU, 0);
+    else if (message == WM_SYSCHAR && isAlt && wParam != VK_RETURN && wParam != VK_ESCAPE && wParam != VK_TAB)
+        SendMessageA(handle, WM_SYSCOMMAND, SC_KEYMENU, static_cast<LPARAM>(wParam));
+    return 0;
+}
+
+LRESULT MouseActivate(const Window& window, UINT message, WPARAM wParam, LPARAM lParam)
+{
+    if (window.IsChild())
+        return PassToParent(window, message, wParam, lParam);
+    return window.exStyle & WS_EX_NOACTIVATE ? MA_NOACTIVATE : MA_ACTIVATE;
+}
+
+LRESULT SetRedraw(Window& window, bool isOn)
+{
+    window.isRedrawOff = !isOn;
+    if (!isOn)
+        ForgetPaint(window);
+    return 0;
+}
+
 }  // namespace
 
 LRESULT DefWindowProcA(HWND handle, UINT message, WPARAM wParam, LPARAM lParam)
@@ -183,6 +187,8 @@ LRESULT DefWindowProcA(HWND handle, UINT message, WPARAM wParam, LPARAM lParam)
         return CopyTitle(*window, wParam, reinterpret_cast<char*>(lParam));
     case WM_GETTEXTLENGTH:
         return static_cast<LRESULT>(window->title.size());
+    case WM_SETREDRAW:
+        return SetRedraw(*window, wParam != FALSE);
     case WM_PAINT:
         Paint(handle);
         return 0;
@@ -190,6 +196,9 @@ LRESULT DefWindowProcA(HWND handle, UINT message, WPARAM wParam, LPARAM lParam)
         return EraseBackground(*window, reinterpret_cast<HDC>(wParam));
     case WM_CLOSE:
         DestroyWindow(handle);
+        return 0;
+    case WM_WINDOWPOSCHANGING:
+        LimitSize(*window, *reinterpret_cast<WINDOWPOS*>(lParam));
         return 0;
     case WM_WINDOWPOSCHANGED:
         PositionChanged(*window, *reinterpret_cast<const WINDOWPOS*>(lParam));
@@ -199,11 +208,11 @@ LRESULT DefWindowProcA(HWND handle, UINT message, WPARAM wParam, LPARAM lParam)
             SetFocus(handle);
         return 0;
     case WM_MOUSEACTIVATE:
-        return window->IsChild() ? PassToParent(*window, message, wParam, lParam) : MA_ACTIVATE;
+        return MouseActivate(*window, message, wParam, lParam);
     case WM_SETCURSOR:
         if (window->IsChild() && PassToParent(*window, message, wParam, lParam))
             return TRUE;
-        return SetClassCursor(*window, lParam);
+        return SetClassCursor(reinterpret_cast<HWND>(wParam), lParam);
     case WM_NCHITTEST:
         return HTCLIENT;
     case WM_NCLBUTTONDOWN:
@@ -215,9 +224,9 @@ LRESULT DefWindowProcA(HWND handle, UINT message, WPARAM wParam, LPARAM lParam)
     case WM_SYSCOMMAND:
         return SystemCommand(handle, wParam);
     case WM_SYSKEYDOWN:
-        if (wParam == VK_F4)
-            PostMessageA(GetAncestor(handle, GA_ROOT), WM_SYSCOMMAND, SC_CLOSE, 0);
-        return 0;
+    case WM_SYSKEYUP:
+    case WM_SYSCHAR:
+        return SystemKey(handle, message, wParam, lParam);
     case WM_RBUTTONUP:
         return ReleaseRightButton(handle, lParam);
     case WM_CANCELMODE:

@@ -1,19 +1,16 @@
-// The active window and the focus.
+#include "native/user/activation.h"
 
 #include <algorithm>
 #include <utility>
 
-#include "native/user/queue.h"
-#include "native/user/window.h"
+#include "native/user/window_tree.h"
 
 namespace qvui::native {
-
-void ForgetInput(HWND window);
-
 namespace {
 
 HWND g_active = nullptr;
 HWND g_focus = nullptr;
+HWND g_leaving = nullptr;  // the window that is being told that it is no longer active
 
 bool CanTakeFocus(HWND handle)
 {
@@ -27,15 +24,42 @@ bool CanTakeFocus(HWND handle)
     return false;
 }
 
+bool HasFocusInside(HWND window) { return g_focus && (g_focus == window || IsChild(window, g_focus)); }
+
+void TellDeactivated(HWND previous, HWND next)
+{
+    // A handler that activates another window must not be told again, or it would never end.
+    if (!LookUpWindow(previous) || g_leaving == previous)
+        return;
+    const HWND outer = std::exchange(g_leaving, previous);
+    SendMessageA(previous, WM_NCACTIVATE, FALSE, reinterpret_cast<LPARAM>(next));
+    SendMessageA(previous, WM_ACTIVATE, WA_INACTIVE, reinterpret_cast<LPARAM>(next));
+    g_leaving = outer;
+}
+
+void TellActivated(HWND window, int how, HWND previous)
+{
+    if (Window* found = LookUpWindow(window)) {
+        Restack(*found, HWND_TOP);
+        TheDisplay().Activate(window);
+    }
+    SendMessageA(window, WM_NCACTIVATE, TRUE, reinterpret_cast<LPARAM>(previous));
+    SendMessageA(window, WM_ACTIVATE, static_cast<WPARAM>(how), reinterpret_cast<LPARAM>(previous));
+}
+
 }  // namespace
 
-void ForgetWindow(HWND window)
+void ForgetActivation(HWND window)
 {
-    ForgetInput(window);
     if (g_active == window)
         g_active = nullptr;
     if (g_focus == window)
         g_focus = nullptr;
+}
+
+bool IsActivatable(const Window& window)
+{
+    return !window.IsChild() && !(window.style & WS_DISABLED) && !(window.exStyle & WS_EX_NOACTIVATE);
 }
 
 void ActivateWindow(HWND window, int how)
@@ -43,25 +67,19 @@ void ActivateWindow(HWND window, int how)
     if (window == g_active)
         return;
     const HWND previous = g_active;
-    const auto newParameter = reinterpret_cast<LPARAM>(window);
-    if (LookUpWindow(previous)) {
-        SendMessageA(previous, WM_NCACTIVATE, FALSE, newParameter);
-        SendMessageA(previous, WM_ACTIVATE, WA_INACTIVE, newParameter);
-    }
-    if (window && !LookUpWindow(window))
+    TellDeactivated(previous, window);
+    // The handlers may have activated another window, which then stays so, or destroyed this one.
+    if ((g_active != previous && g_active != nullptr) || (window && !LookUpWindow(window)))
         return;
     g_active = window;
     if (!window) {
         SetFocus(nullptr);
         return;
     }
-    std::vector<HWND>& order = TopLevelWindows();
-    std::erase(order, window);
-    order.insert(order.begin(), window);
-    TheDisplay().Activate(window);
-    const auto oldParameter = reinterpret_cast<LPARAM>(previous);
-    SendMessageA(window, WM_NCACTIVATE, TRUE, oldParameter);
-    SendMessageA(window, WM_ACTIVATE, static_cast<WPARAM>(how), oldParameter);
+    TellActivated(window, how, previous);
+    // The default handling of WM_ACTIVATE has moved the focus, unless somebody kept the message from it.
+    if (g_active == window && !HasFocusInside(window))
+        SetFocus(window);
 }
 
 void ActivateNextTo(HWND leaving)
@@ -72,8 +90,7 @@ void ActivateNextTo(HWND leaving)
     HWND next = window ? window->owner : nullptr;
     const auto isCandidate = [leaving](HWND handle) {
         const Window* other = LookUpWindow(handle);
-        return other && handle != leaving && (other->style & WS_VISIBLE) &&
-               !(other->style & (WS_DISABLED | WS_MINIMIZE)) && !(other->exStyle & WS_EX_NOACTIVATE);
+        return other && handle != leaving && other->IsVisible() && !(other->style & WS_MINIMIZE) && IsActivatable(*other);
     };
     if (!isCandidate(next)) {
         const auto& order = TopLevelWindows();
@@ -85,10 +102,9 @@ void ActivateNextTo(HWND leaving)
 
 void FocusLeaves(HWND hidden)
 {
-    if (!g_focus || (g_focus != hidden && !IsChild(hidden, g_focus)))
-        return;
     const Window* window = LookUpWindow(hidden);
-    SetFocus(window && window->IsChild() ? window->parent : nullptr);
+    if (window && g_focus == hidden)
+        SetFocus(window->IsChild() ? window->parent : nullptr);
 }
 
 }  // namespace qvui::native
@@ -101,12 +117,13 @@ HWND SetFocus(HWND window)
         return g_focus;
     if (window && !CanTakeFocus(window))
         return nullptr;
+    const HWND before = g_focus;
     if (Window* found = LookUpWindow(window)) {
         const HWND root = RootOf(*found)->handle;
         if (root != g_active)
             ActivateWindow(root, WA_ACTIVE);
-        if (g_focus == window)
-            return nullptr;
+        if (g_focus == window || g_active != root || !LookUpWindow(window))
+            return before;
     }
     const HWND previous = std::exchange(g_focus, window);
     if (LookUpWindow(previous))
@@ -114,7 +131,7 @@ HWND SetFocus(HWND window)
     // A handler that moved the focus on has told the other window already.
     if (g_focus == window && LookUpWindow(window))
         SendMessageA(window, WM_SETFOCUS, reinterpret_cast<WPARAM>(previous), 0);
-    return previous;
+    return before;
 }
 
 HWND GetFocus() { return g_focus; }
@@ -122,7 +139,8 @@ HWND GetFocus() { return g_focus; }
 HWND SetActiveWindow(HWND window)
 {
     const HWND previous = g_active;
-    if (LookUpWindow(window))
+    const Window* found = LookUpWindow(window);
+    if (!window || (found && !found->IsChild()))
         ActivateWindow(window, WA_ACTIVE);
     return previous;
 }
@@ -131,7 +149,8 @@ HWND GetActiveWindow() { return g_active; }
 
 BOOL SetForegroundWindow(HWND window)
 {
-    if (!LookUpWindow(window))
+    const Window* found = LookUpWindow(window);
+    if (!found || found->IsChild())
         return FALSE;
     ActivateWindow(window, WA_ACTIVE);
     return TRUE;

@@ -1,28 +1,15 @@
 // The message queue: posted messages, input, quit, paint and timers, in this order.
 
 #include <algorithm>
-#include <deque>
-#include <memory>
-#include <vector>
 
-#include "native/kernel/clock.h"
-#include "native/user/queue.h"
-#include "native/user/window.h"
+#include "native/user/input.h"
+#include "native/user/painting.h"
 
 namespace qvui::native {
 namespace {
 
-struct Timer {
-    HWND window;
-    UINT_PTR id;
-    std::int64_t period;  // nanoseconds
-    std::int64_t due;
-    TIMERPROC procedure;
-};
-
 struct Queue {
     std::deque<MSG> posted;
-    std::vector<Timer> timers;
     bool hasQuit = false;
     int exitCode = 0;
 };
@@ -33,26 +20,16 @@ Queue& TheQueue()
     return queue;
 }
 
-constexpr std::int64_t kShortestPeriod = 10'000'000;
-
-bool Accepts(const MSG& message, HWND window, UINT first, UINT last)
+MSG Stamped(HWND window, UINT message, WPARAM wParam, LPARAM lParam)
 {
-    const bool isWindow = !window || message.hwnd == window || IsChild(window, message.hwnd);
-    return isWindow && ((first == 0 && last == 0) || (message.message >= first && message.message <= last));
+    return {window, message, wParam, lParam, GetTickCount(), TheInputState().pointer};
 }
 
-POINT PointerNow()
-{
-    POINT point{};
-    GetCursorPos(&point);
-    return point;
-}
-
-bool TakePosted(MSG& message, HWND window, UINT first, UINT last, bool removes)
+bool TakePosted(MSG& message, const MessageFilter& filter, bool removes)
 {
     std::deque<MSG>& posted = TheQueue().posted;
     const auto found = std::find_if(posted.begin(), posted.end(),
-                                    [&](const MSG& candidate) { return Accepts(candidate, window, first, last); });
+                                    [&](const MSG& candidate) { return filter.Accepts(candidate); });
     if (found == posted.end())
         return false;
     message = *found;
@@ -66,81 +43,37 @@ bool TakeQuit(MSG& message, bool removes)
     Queue& queue = TheQueue();
     if (!queue.hasQuit)
         return false;
-    message = {nullptr, WM_QUIT, static_cast<WPARAM>(queue.exitCode), 0, GetTickCount(), PointerNow()};
+    message = Stamped(nullptr, WM_QUIT, static_cast<WPARAM>(queue.exitCode), 0);
     queue.hasQuit = !removes;
     return true;
 }
 
-HWND FindPainter(const std::vector<HWND>& windows)
+bool TakePaint(MSG& message, const MessageFilter& filter)
 {
-    for (const HWND handle : windows) {
-        const Window* window = LookUpWindow(handle);
-        if (!window || !(window->style & WS_VISIBLE) || (window->style & WS_MINIMIZE))
-            continue;
-        if (!window->update.IsEmpty())
-            return handle;
-        if (const HWND child = FindPainter(window->children))
-            return child;
-    }
-    return nullptr;
+    const HWND window = filter.AcceptsNumber(WM_PAINT) ? NextToPaint(filter.window) : nullptr;
+    if (window)
+        message = Stamped(window, WM_PAINT, 0, 0);
+    return window != nullptr;
 }
 
-bool TakePaint(MSG& message, HWND window, UINT first, UINT last)
+bool Take(MSG& message, const MessageFilter& filter, bool removes)
 {
-    message = {FindPainter(TopLevelWindows()), WM_PAINT, 0, 0, GetTickCount(), PointerNow()};
-    return message.hwnd && Accepts(message, window, first, last);
+    if (TakePosted(message, filter, removes) || TakeInput(message, filter, removes))
+        return true;
+    // What the display has to report comes before everything that only waits for idle time.
+    TheDisplay().Wait(0, TheInputSink());
+    return TakePosted(message, filter, removes) || TakeInput(message, filter, removes) || TakeQuit(message, removes) ||
+           TakePaint(message, filter) || TakeTimer(message, filter, removes) || TakeHover(message, filter, removes);
 }
 
-bool TakeTimer(MSG& message, HWND window, UINT first, UINT last, bool removes)
+int MillisecondsToWait()
 {
-    std::vector<Timer>& timers = TheQueue().timers;
-    const std::int64_t now = Now();
-    auto earliest = timers.end();
-    for (auto timer = timers.begin(); timer != timers.end(); ++timer) {
-        const MSG candidate{timer->window, WM_TIMER, timer->id, reinterpret_cast<LPARAM>(timer->procedure), 0, {}};
-        if (timer->due <= now && (earliest == timers.end() || timer->due < earliest->due) &&
-            Accepts(candidate, window, first, last)) {
-            earliest = timer;
-            message = candidate;
-        }
-    }
-    if (earliest == timers.end())
-        return false;
-    message.time = GetTickCount();
-    message.pt = PointerNow();
-    // At most one tick waits per timer, however late it is taken.
-    if (removes)
-        earliest->due = now + earliest->period;
-    return true;
-}
-
-bool Take(MSG& message, HWND window, UINT first, UINT last, bool removes)
-{
-    // Input is taken into the posted messages when it is only looked at, so that it is found again.
-    return TakePosted(message, window, first, last, removes) ||
-           (TakeInput(message, window, first, last) &&
-            (removes || (TheQueue().posted.push_front(message), true))) ||
-           TakeQuit(message, removes) || TakePaint(message, window, first, last) ||
-           TakeTimer(message, window, first, last, removes);
-}
-
-int MillisecondsToNextTimer()
-{
-    std::int64_t nearest = -1;
-    for (const Timer& timer : TheQueue().timers)
-        if (nearest < 0 || timer.due < nearest)
-            nearest = timer.due;
-    if (nearest < 0)
-        return -1;
-    return static_cast<int>(std::max<std::int64_t>(0, (nearest - Now() + 999'999) / 1'000'000));
+    const int timer = MillisecondsToNextTimer();
+    const int hover = MillisecondsToHover();
+    return timer < 0 ? hover : hover < 0 ? timer : std::min(timer, hover);
 }
 
 }  // namespace
-
-void RemoveTimersOf(HWND window)
-{
-    std::erase_if(TheQueue().timers, [window](const Timer& timer) { return timer.window == window; });
-}
 
 void RemoveMessagesOf(HWND window)
 {
@@ -164,7 +97,7 @@ BOOL PostMessageA(HWND window, UINT message, WPARAM wParam, LPARAM lParam)
         SetLastError(ERROR_INVALID_WINDOW_HANDLE);
         return FALSE;
     }
-    TheQueue().posted.push_back({window, message, wParam, lParam, GetTickCount(), PointerNow()});
+    TheQueue().posted.push_back(Stamped(window, message, wParam, lParam));
     return TRUE;
 }
 
@@ -176,17 +109,14 @@ void PostQuitMessage(int exitCode)
 
 BOOL PeekMessageA(MSG* message, HWND window, UINT first, UINT last, UINT remove)
 {
-    const bool removes = (remove & PM_REMOVE) != 0;
-    if (Take(*message, window, first, last, removes))
-        return TRUE;
-    TheDisplay().Wait(0, TheInputSink());
-    return Take(*message, window, first, last, removes);
+    return Take(*message, {window, first, last}, (remove & PM_REMOVE) != 0);
 }
 
 BOOL GetMessageA(MSG* message, HWND window, UINT first, UINT last)
 {
-    while (!PeekMessageA(message, window, first, last, PM_REMOVE))
-        TheDisplay().Wait(MillisecondsToNextTimer(), TheInputSink());
+    const MessageFilter filter{window, first, last};
+    while (!Take(*message, filter, true))
+        TheDisplay().Wait(MillisecondsToWait(), TheInputSink());
     return message->message != WM_QUIT;
 }
 
@@ -202,24 +132,4 @@ LRESULT DispatchMessageA(const MSG* message)
 LRESULT CallWindowProcA(WNDPROC procedure, HWND window, UINT message, WPARAM wParam, LPARAM lParam)
 {
     return procedure ? procedure(window, message, wParam, lParam) : 0;
-}
-
-UINT_PTR SetTimer(HWND window, UINT_PTR id, UINT milliseconds, TIMERPROC procedure)
-{
-    if (window && !LookUpWindow(window))
-        return 0;
-    static UINT_PTR nextFree = 0x7000;
-    if (!window)
-        id = nextFree++;
-    std::vector<Timer>& timers = TheQueue().timers;
-    std::erase_if(timers, [&](const Timer& timer) { return timer.window == window && timer.id == id; });
-    const std::int64_t period = std::max(std::int64_t{milliseconds} * 1'000'000, kShortestPeriod);
-    timers.push_back({window, id, period, Now() + period, procedure});
-    return id ? id : 1;
-}
-
-BOOL KillTimer(HWND window, UINT_PTR id)
-{
-    return std::erase_if(TheQueue().timers,
-                         [&](const Timer& timer) { return timer.window == window && timer.id == id; }) > 0;
 }

@@ -1,73 +1,152 @@
-// Update regions, window device contexts and showing what was drawn.
+#include "native/user/painting.h"
 
 #include <algorithm>
-#include <map>
+#include <deque>
 
-#include "native/kernel/modules.h"
-#include "native/user/window.h"
+#include "native/user/queue.h"
+#include "native/user/window_tree.h"
 
 namespace qvui::native {
 namespace {
 
-// What a window's context has to show when it closes.
-struct OpenContext {
-    HWND window;
-    RECT area;  // client coordinates
-};
-
-std::map<HDC, OpenContext>& OpenContexts()
+// The windows that have something to paint, in the order in which that came up. Those that have been painted or
+// destroyed since are dropped when they are met.
+std::deque<HWND>& Listed()
 {
-    static std::map<HDC, OpenContext> contexts;
-    return contexts;
+    static std::deque<HWND> windows;
+    return windows;
 }
 
-POINT OriginInRoot(const Window& window)
+void Mark(Window& window, const Region& area, bool erase)
 {
-    POINT origin{0, 0};
-    for (const Window* at = &window; at && at->IsChild(); at = LookUpWindow(at->parent)) {
-        origin.x += at->rect.left;
-        origin.y += at->rect.top;
-    }
-    return origin;
+    window.paint.region.Unite(area);
+    window.paint.needsErase = window.paint.needsErase || erase;
+    if (!std::exchange(window.paint.isListed, true))
+        Listed().push_back(window.handle);
 }
 
-HDC OpenWindowContext(Window& window, Region visible, const RECT& area)
+// `area` lies inside the window, which shows.
+void MarkWithChildren(Window& window, const Region& area, bool erase, ChildPaint children)
 {
-    const HDC dc = OpenDeviceContext(RootOf(window)->surface, OriginInRoot(window), std::move(visible));
-    OpenContexts()[dc] = {window.handle, area};
-    return dc;
-}
-
-void CloseWindowContext(HDC dc)
-{
-    const auto open = OpenContexts().find(dc);
-    if (open == OpenContexts().end())
+    if (window.isRedrawOff)
         return;
-    if (Window* window = LookUpWindow(open->second.window))
-        PresentDamage(*window, open->second.area);
-    OpenContexts().erase(open);
-    CloseDeviceContext(dc);
+    Mark(window, area, erase);
+    if (children == ChildPaint::None || (children == ChildPaint::AsStyled && (window.style & WS_CLIPCHILDREN)))
+        return;
+    for (const HWND handle : window.children) {
+        Window* child = LookUpWindow(handle);
+        if (!child || !child->IsVisible() || !area.Meets(child->rect))
+            continue;
+        Region part = area;
+        part.Offset(-child->rect.left, -child->rect.top);
+        part.Intersect(Region(child->Client()));
+        MarkWithChildren(*child, part, erase, children);
+    }
 }
 
-[[maybe_unused]] const bool g_registered = RegisterBuiltInFunction(
-    "User32.dll", "UpdateLayeredWindow", reinterpret_cast<FARPROC>(reinterpret_cast<void*>(&UpdateLayeredWindow)));
+// A parent is painted before its children, which draw on top of it.
+HWND TopmostPendingAncestor(HWND handle)
+{
+    HWND result = handle;
+    for (const Window* at = LookUpWindow(handle); at && at->IsChild();) {
+        at = LookUpWindow(at->parent);
+        if (at && !at->paint.region.IsEmpty())
+            result = at->handle;
+    }
+    return result;
+}
+
+bool HasPaint(HWND handle)
+{
+    Window* window = LookUpWindow(handle);
+    if (!window)
+        return false;
+    if (!window->paint.region.IsEmpty() && IsShown(*window))
+        return true;
+    window->paint = {};
+    return false;
+}
 
 }  // namespace
 
-void MarkForPaint(Window& window, const Region& region, bool erase)
+void Invalidate(Window& window, const Region& area, bool erase, ChildPaint children)
 {
-    Region marked = region;
-    marked.Intersect(Region(RECT{0, 0, window.Width(), window.Height()}));
-    if (marked.IsEmpty() || !IsShown(window))
+    Region marked = area;
+    marked.Intersect(Region(window.Client()));
+    if (!marked.IsEmpty() && IsShown(window))
+        MarkWithChildren(window, marked, erase, children);
+}
+
+void InvalidateTree(Window& window)
+{
+    if (!IsShown(window))
         return;
-    window.update.Unite(marked);
-    window.needsErase = window.needsErase || erase;
+    window.paint.needsFrame = true;
+    if (!IsEmptyRect(window.Client()))
+        Mark(window, Region(window.Client()), true);
+    for (const HWND child : window.children)
+        if (Window* below = LookUpWindow(child); below && below->IsVisible())
+            InvalidateTree(*below);
+}
+
+void Validate(Window& window, const Region& area)
+{
+    window.paint.region.Subtract(area);
+    if (window.paint.region.IsEmpty())
+        window.paint.needsErase = window.paint.wasRefused = window.paint.needsFrame = false;
+}
+
+void ForgetPaint(Window& window)
+{
+    Validate(window, window.paint.region);
+    for (const HWND child : window.children)
+        if (Window* below = LookUpWindow(child))
+            ForgetPaint(*below);
+}
+
+void EraseNow(HWND handle)
+{
+    Window* window = LookUpWindow(handle);
+    if (!window || window->paint.region.IsEmpty() || !IsShown(*window))
+        return;
+    if (std::exchange(window->paint.needsFrame, false))
+        SendMessageA(handle, WM_NCPAINT, 1, 0);
+    if ((window = LookUpWindow(handle)) == nullptr || !std::exchange(window->paint.needsErase, false))
+        return;
+    Region area = VisibleRegion(*window, Extent::Own);
+    area.Intersect(window->paint.region);
+    const RECT bounds = area.Bounds();
+    const HDC dc = OpenDeviceContext(RootOf(*window)->surface, OriginInRoot(*window), std::move(area));
+    const bool isErased = SendMessageA(handle, WM_ERASEBKGND, reinterpret_cast<WPARAM>(dc), 0) != 0;
+    CloseDeviceContext(dc);
+    if ((window = LookUpWindow(handle)) == nullptr)
+        return;
+    window->paint.wasRefused = window->paint.wasRefused || !isErased;
+    if (isErased)
+        PresentDamage(*window, bounds);
+}
+
+HWND NextToPaint(HWND within)
+{
+    std::deque<HWND>& listed = Listed();
+    const MessageFilter filter{within, 0, 0};
+    for (std::size_t i = 0; i < listed.size();) {
+        if (!HasPaint(listed[i])) {
+            listed.erase(listed.begin() + static_cast<std::ptrdiff_t>(i));
+            continue;
+        }
+        const HWND candidate = TopmostPendingAncestor(listed[i]);
+        if (filter.AcceptsWindow(candidate))
+            return candidate;
+        ++i;
+    }
+    return nullptr;
 }
 
 void PresentDamage(Window& window, const RECT& client)
 {
     Window* root = RootOf(window);
-    if (!root->surface || !(root->style & WS_VISIBLE))
+    if (!root->surface || !root->IsVisible())
         return;
     RECT damage = client;
     const POINT origin = OriginInRoot(window);
@@ -81,43 +160,72 @@ void PresentDamage(Window& window, const RECT& client)
 
 using namespace qvui::native;
 
-BOOL InvalidateRect(HWND handle, const RECT* rect, BOOL erase)
-{
-    Window* window = LookUpWindow(handle);
-    if (!window)
-        return FALSE;
-    MarkForPaint(*window, Region(rect ? *rect : RECT{0, 0, window->Width(), window->Height()}), erase != FALSE);
-    return TRUE;
-}
+namespace {
 
-BOOL InvalidateRgn(HWND handle, HRGN region, BOOL erase)
+// The area of a call: a region, a rectangle, or all of the window.
+std::optional<Region> AreaOf(const Window& window, const RECT* rect, HRGN region)
 {
-    Window* window = LookUpWindow(handle);
+    if (!region)
+        return Region(rect ? *rect : window.Client());
     const auto shape = FindGdiObject<RegionObject>(region);
-    if (!window || (region && !shape))
+    return shape ? std::optional(shape->region) : std::nullopt;
+}
+
+ChildPaint ChildPaintOf(UINT flags)
+{
+    return flags & RDW_ALLCHILDREN ? ChildPaint::All : flags & RDW_NOCHILDREN ? ChildPaint::None : ChildPaint::AsStyled;
+}
+
+void UpdateTree(HWND handle, ChildPaint children)
+{
+    UpdateWindow(handle);
+    const Window* window = LookUpWindow(handle);
+    if (!window || children == ChildPaint::None)
+        return;
+    const std::vector<HWND> below = window->children;
+    for (const HWND child : below)
+        UpdateTree(child, children);
+}
+
+}  // namespace
+
+BOOL RedrawWindow(HWND handle, const RECT* rect, HRGN region, UINT flags)
+{
+    Window* window = LookUpWindow(handle);
+    const std::optional<Region> area = window ? AreaOf(*window, rect, region) : std::nullopt;
+    if (!area)
         return FALSE;
-    if (!shape)
-        return InvalidateRect(handle, nullptr, erase);
-    MarkForPaint(*window, shape->region, erase != FALSE);
+    if (flags & RDW_INVALIDATE) {
+        Invalidate(*window, *area, (flags & RDW_ERASE) != 0, ChildPaintOf(flags));
+        window->paint.needsFrame = window->paint.needsFrame || ((flags & RDW_FRAME) && !window->paint.region.IsEmpty());
+    } else if (flags & RDW_VALIDATE) {
+        Validate(*window, *area);
+    }
+    if (flags & RDW_UPDATENOW)
+        UpdateTree(handle, ChildPaintOf(flags));
+    else if (flags & RDW_ERASENOW)
+        EraseNow(handle);
     return TRUE;
 }
 
-BOOL ValidateRect(HWND handle, const RECT* rect)
+BOOL InvalidateRect(HWND window, const RECT* rect, BOOL erase)
 {
-    Window* window = LookUpWindow(handle);
-    if (!window)
-        return FALSE;
-    window->update.Subtract(Region(rect ? *rect : RECT{0, 0, window->Width(), window->Height()}));
-    window->needsErase = window->needsErase && !window->update.IsEmpty();
-    return TRUE;
+    return RedrawWindow(window, rect, nullptr, RDW_INVALIDATE | (erase ? RDW_ERASE : 0));
 }
+
+BOOL InvalidateRgn(HWND window, HRGN region, BOOL erase)
+{
+    return RedrawWindow(window, nullptr, region, RDW_INVALIDATE | (erase ? RDW_ERASE : 0));
+}
+
+BOOL ValidateRect(HWND window, const RECT* rect) { return RedrawWindow(window, rect, nullptr, RDW_VALIDATE); }
 
 BOOL UpdateWindow(HWND handle)
 {
     const Window* window = LookUpWindow(handle);
     if (!window)
         return FALSE;
-    if (!window->update.IsEmpty() && IsShown(*window))
+    if (!window->paint.region.IsEmpty() && IsShown(*window))
         SendMessageA(handle, WM_PAINT, 0, 0);
     return TRUE;
 }
@@ -128,71 +236,6 @@ BOOL GetUpdateRect(HWND handle, RECT* rect, BOOL)
     if (!window)
         return FALSE;
     if (rect)
-        *rect = window->update.Bounds();
-    return !window->update.IsEmpty();
-}
-
-HDC BeginPaint(HWND handle, PAINTSTRUCT* paint)
-{
-    *paint = {};
-    Window* window = LookUpWindow(handle);
-    if (!window)
-        return nullptr;
-    Region area = VisibleRegion(*window);
-    area.Intersect(window->update);
-    const bool erases = window->needsErase;
-    window->update = Region();
-    window->needsErase = false;
-    paint->rcPaint = area.Bounds();
-    paint->hdc = OpenWindowContext(*window, std::move(area), paint->rcPaint);
-    paint->fErase = erases && SendMessageA(handle, WM_ERASEBKGND, reinterpret_cast<WPARAM>(paint->hdc), 0) == 0;
-    return paint->hdc;
-}
-
-BOOL EndPaint(HWND, const PAINTSTRUCT* paint)
-{
-    CloseWindowContext(paint->hdc);
-    return TRUE;
-}
-
-HDC GetDC(HWND handle)
-{
-    Window* window = LookUpWindow(handle);
-    if (window)
-        return OpenWindowContext(*window, VisibleRegion(*window), {0, 0, window->Width(), window->Height()});
-    // The screen itself is not drawn on: a context to measure text with.
-    return handle ? nullptr : CreateCompatibleDC(nullptr);
-}
-
-HDC GetWindowDC(HWND window) { return GetDC(window); }
-
-int ReleaseDC(HWND, HDC dc)
-{
-    if (!OpenContexts().contains(dc))
-        return DeleteDC(dc);
-    CloseWindowContext(dc);
-    return 1;
-}
-
-BOOL UpdateLayeredWindow(HWND handle, HDC, POINT* position, SIZE* size, HDC source, POINT* sourcePosition, COLORREF,
-                         BLENDFUNCTION* blend, DWORD)
-{
-    Window* window = LookUpWindow(handle);
-    if (!window || window->IsChild() || !(window->exStyle & WS_EX_LAYERED))
-        return FALSE;
-    const RECT old = window->rect;
-    const POINT corner = position ? *position : POINT{old.left, old.top};
-    const SIZE extent = size ? *size : SIZE{window->Width(), window->Height()};
-    SetWindowPos(handle, nullptr, corner.x, corner.y, extent.cx, extent.cy, SWP_NOZORDER | SWP_NOACTIVATE);
-    if (source && (window = LookUpWindow(handle)) != nullptr) {
-        const HDC dc = OpenDeviceContext(window->surface, {0, 0}, Region(RECT{0, 0, extent.cx, extent.cy}));
-        BitBlt(dc, 0, 0, extent.cx, extent.cy, source, sourcePosition ? sourcePosition->x : 0,
-               sourcePosition ? sourcePosition->y : 0, SRCCOPY);
-        CloseDeviceContext(dc);
-        window->update = Region();
-        PresentDamage(*window, {0, 0, extent.cx, extent.cy});
-    }
-    if (blend)
-        TheDisplay().SetOpacity(handle, blend->SourceConstantAlpha);
-    return TRUE;
+        *rect = window->paint.region.Bounds();
+    return !window->paint.region.IsEmpty();
 }

@@ -1,248 +1,264 @@
-// Showing, moving and sizing windows.
+// Moving, sizing and stacking windows.
 
 #include <algorithm>
 
-#include "native/kernel/code_pages.h"
-#include "native/user/window.h"
+#include "native/user/activation.h"
+#include "native/user/input.h"
+#include "native/user/painting.h"
+#include "native/user/window_tree.h"
 
 using namespace qvui::native;
 
 namespace {
 
-// Growing keeps what is there and asks only for the new strip, unless the class wants everything.
-void ResizeSurface(Window& window, const RECT& old)
-{
-    const int width = window.Width();
-    const int height = window.Height();
-    if (!window.IsChild()) {
-        auto grown = Surface::Create(std::max(width, 1), std::max(height, 1), 32, false);
-        const int rows = std::min(grown->height, window.surface->height);
-        const int columns = std::min(grown->width, window.surface->width);
-        for (int y = 0; y < rows; ++y)
-            window.surface->Load(0, y, columns, grown->Row32(y));
-        window.surface = std::move(grown);
-    }
-    Region fresh(RECT{0, 0, width, height});
-    const UINT redraw = window.windowClass->definition.style;
-    const bool wholeWidth = (redraw & CS_HREDRAW) && width != old.right - old.left;
-    const bool wholeHeight = (redraw & CS_VREDRAW) && height != old.bottom - old.top;
-    if (!wholeWidth && !wholeHeight)
-        fresh.Subtract(Region(RECT{0, 0, old.right - old.left, old.bottom - old.top}));
-    window.update.Intersect(Region(RECT{0, 0, width, height}));
-    MarkForPaint(window, fresh, true);
-}
+constexpr UINT kUnmoved = SWP_NOMOVE | SWP_NOSIZE;
+constexpr UINT kShowing = SWP_SHOWWINDOW | SWP_HIDEWINDOW;
 
-void ExposeUnder(const Window& window, const RECT& area)
+void GrowSurface(Window& window)
 {
-    if (!window.IsChild())
+    auto grown = Surface::Create(std::max(window.Width(), 1), std::max(window.Height(), 1), 32, false);
+    if (!grown)
         return;
-    if (Window* parent = LookUpWindow(window.parent))
-        MarkForPaint(*parent, Region(area), true);
-    for (const HWND sibling : SiblingsOf(window)) {
+    const int rows = std::min(grown->height, window.surface->height);
+    const int columns = std::min(grown->width, window.surface->width);
+    for (int y = 0; y < rows; ++y)
+        window.surface->Load(0, y, columns, grown->Row32(y));
+    window.surface = std::move(grown);
+}
+
+// The part of the client area that keeps its pixels when the size changes: none of it when the class draws it
+// differently at every size.
+RECT KeptBySize(const Window& window, const RECT& old)
+{
+    const int oldWidth = old.right - old.left;
+    const int oldHeight = old.bottom - old.top;
+    const UINT redraw = window.windowClass->definition.style;
+    if (((redraw & CS_HREDRAW) && window.Width() != oldWidth) || ((redraw & CS_VREDRAW) && window.Height() != oldHeight))
+        return {};
+    return Intersection(window.Client(), {0, 0, oldWidth, oldHeight});
+}
+
+// Moves pixels inside a top-level window's surface. The areas may overlap, so they are taken out first.
+void MovePixels(const Surface& surface, Region from, POINT by)
+{
+    from.Intersect(Region(RECT{0, 0, surface.width, surface.height}));
+    struct Strip {
+        POINT at;
+        std::vector<std::uint32_t> pixels;
+    };
+    std::vector<Strip> strips;
+    for (const pixman_box32_t& box : from.Boxes())
+        for (int y = box.y1; y < box.y2; ++y) {
+            const int to = y + by.y;
+            const int left = std::max(box.x1, -by.x);
+            const int right = std::min(box.x2, surface.width - by.x);
+            if (to < 0 || to >= surface.height || left >= right)
+                continue;
+            strips.push_back({{left + by.x, to}, std::vector<std::uint32_t>(static_cast<std::size_t>(right - left))});
+            surface.Load(left, y, right - left, strips.back().pixels.data());
+        }
+    for (const Strip& strip : strips)
+        surface.Store(strip.at.x, strip.at.y, static_cast<int>(strip.pixels.size()), strip.pixels.data());
+}
+
+// What a child left behind is its parent's and its siblings' to paint.
+void ExposeBehind(const Window& window, Region uncovered)
+{
+    Window* parent = window.IsChild() ? LookUpWindow(window.parent) : nullptr;
+    if (!parent || uncovered.IsEmpty())
+        return;
+    Invalidate(*parent, uncovered, true, ChildPaint::None);
+    for (const HWND sibling : parent->children) {
         Window* other = LookUpWindow(sibling);
-        if (!other || other == &window)
+        if (!other || other == &window || !uncovered.Meets(other->rect))
             continue;
-        Region uncovered(area);
-        uncovered.Offset(-other->rect.left, -other->rect.top);
-        MarkForPaint(*other, uncovered, true);
+        Region part = uncovered;
+        part.Offset(-other->rect.left, -other->rect.top);
+        Invalidate(*other, part, true, ChildPaint::All);
     }
 }
 
-void MarkTree(Window& window)
+// A child's pixels go with it as far as they showed before and show now; the rest is to be painted.
+void MoveChild(Window& window, const Region& shownBefore, const RECT& old)
 {
-    MarkForPaint(window, Region(RECT{0, 0, window.Width(), window.Height()}), true);
-    for (const HWND child : window.children)
-        if (Window* below = LookUpWindow(child); below && (below->style & WS_VISIBLE))
-            MarkTree(*below);
+    const RECT kept = KeptBySize(window, old);
+    Region showsNow = VisibleRegion(window, Extent::Whole);
+    Region keeps = shownBefore;
+    keeps.Intersect(Region(kept));
+    keeps.Intersect(showsNow);
+    const POINT by{window.rect.left - old.left, window.rect.top - old.top};
+    if ((by.x || by.y) && !keeps.IsEmpty()) {
+        const POINT origin = OriginInRoot(window);
+        Region from = keeps;
+        from.Offset(origin.x - by.x, origin.y - by.y);
+        MovePixels(*RootOf(window)->surface, std::move(from), by);
+        PresentDamage(window, keeps.Bounds());
+    }
+    showsNow.Subtract(keeps);
+    Invalidate(window, showsNow, true, ChildPaint::All);
+    Region uncovered(old);
+    uncovered.Subtract(Region(window.rect));
+    ExposeBehind(window, std::move(uncovered));
 }
 
-void Restack(Window& window, HWND insertAfter)
+void MoveTopLevel(Window& window, const RECT& old)
 {
-    std::vector<HWND>& siblings = SiblingsOf(window);
-    std::erase(siblings, window.handle);
-    const auto below = std::find(siblings.begin(), siblings.end(), insertAfter);
-    siblings.insert(below == siblings.end() ? siblings.begin() : below + 1, window.handle);
+    TheDisplay().Move(window.handle, window.rect);
+    if (window.Width() == old.right - old.left && window.Height() == old.bottom - old.top)
+        return;
+    GrowSurface(window);
+    PresentDamage(window, window.Client());
+    Region fresh(window.Client());
+    fresh.Subtract(Region(KeptBySize(window, old)));
+    window.paint.needsFrame = window.paint.needsFrame || !fresh.IsEmpty();
+    Invalidate(window, fresh, true, ChildPaint::AsStyled);
 }
 
-void SetShown(Window& window, bool isShown)
+void ApplyRectangle(Window& window, const WINDOWPOS& position, RECT old)
 {
-    window.style = isShown ? window.style | WS_VISIBLE : window.style & ~WS_VISIBLE;
-    if (!window.IsChild())
-        TheDisplay().Show(window.handle, isShown);
-    if (isShown)
-        MarkTree(window);
+    const Region shownBefore = window.IsChild() ? VisibleRegion(window, Extent::Whole) : Region();
+    window.rect = {position.x, position.y, position.x + position.cx, position.y + position.cy};
+    Region outside = window.paint.region;
+    outside.Subtract(Region(window.Client()));
+    Validate(window, outside);
+    if (window.IsChild())
+        MoveChild(window, shownBefore, old);
     else
-        ExposeUnder(window, window.rect);
+        MoveTopLevel(window, old);
+}
+
+// A raised child shows where it was covered before; a lowered one uncovers its siblings.
+void ApplyOrder(Window& window, HWND insertAfter)
+{
+    Region before = window.IsChild() ? VisibleRegion(window, Extent::Whole) : Region();
+    if (!Restack(window, insertAfter) || !window.IsChild() || !(window.style & WS_CLIPSIBLINGS))
+        return;
+    Region now = VisibleRegion(window, Extent::Whole);
+    Region uncovered = before;
+    uncovered.Subtract(now);
+    now.Subtract(before);
+    Invalidate(window, now, true, ChildPaint::All);
+    uncovered.Offset(window.rect.left, window.rect.top);
+    ExposeBehind(window, std::move(uncovered));
+}
+
+void ApplyVisibility(Window& window, bool isShown)
+{
+    if (!isShown) {
+        ForgetPaint(window);
+        const bool wasShown = IsShown(window);
+        window.style &= ~WS_VISIBLE;
+        if (wasShown)
+            ExposeBehind(window, Region(window.rect));
+    } else {
+        window.style |= WS_VISIBLE;
+        InvalidateTree(window);
+    }
+    if (!window.IsChild() && !(window.style & WS_MINIMIZE))
+        TheDisplay().Show(window.handle, isShown);
+}
+
+void Apply(Window& window, const WINDOWPOS& position)
+{
+    if ((position.flags & kUnmoved) != kUnmoved)
+        ApplyRectangle(window, position, window.rect);
+    if (!(position.flags & SWP_NOZORDER))
+        ApplyOrder(window, position.hwndInsertAfter);
+    if (position.flags & kShowing)
+        ApplyVisibility(window, (position.flags & SWP_SHOWWINDOW) != 0);
     PointerMayHaveMoved();
 }
 
-// The position change itself, between WM_WINDOWPOSCHANGING and WM_WINDOWPOSCHANGED.
-void ApplyPosition(Window& window, WINDOWPOS& position, const RECT& old)
+WINDOWPOS Complete(const Window& window, WINDOWPOS position)
 {
-    window.rect = {position.x, position.y, position.x + position.cx, position.y + position.cy};
-    if (!(position.flags & SWP_NOZORDER))
-        Restack(window, position.hwndInsertAfter);
-    if (!(position.flags & (SWP_NOMOVE | SWP_NOSIZE)) || !(position.flags & SWP_NOMOVE) ||
-        !(position.flags & SWP_NOSIZE)) {
-        if (!window.IsChild())
-            TheDisplay().Move(window.handle, window.rect);
-        else
-            ExposeUnder(window, old);
+    if (position.flags & SWP_NOMOVE) {
+        position.x = window.rect.left;
+        position.y = window.rect.top;
     }
-    if (!(position.flags & SWP_NOSIZE))
-        ResizeSurface(window, old);
-    if (position.flags & SWP_SHOWWINDOW)
-        SetShown(window, true);
-    if (position.flags & SWP_HIDEWINDOW)
-        SetShown(window, false);
+    if (position.flags & SWP_NOSIZE) {
+        position.cx = window.Width();
+        position.cy = window.Height();
+    }
+    return position;
 }
 
-RECT WorkArea()
+// Takes away what would change nothing.
+void Reduce(const Window& window, WINDOWPOS& position)
 {
-    const SIZE screen = TheDisplay().ScreenSize();
-    return {0, 0, screen.cx, screen.cy};
+    constexpr int kLargest = 32767;
+    position.cx = std::clamp(position.cx, 0, kLargest);
+    position.cy = std::clamp(position.cy, 0, kLargest);
+    if (position.x == window.rect.left && position.y == window.rect.top)
+        position.flags |= SWP_NOMOVE;
+    if (position.cx == window.Width() && position.cy == window.Height())
+        position.flags |= SWP_NOSIZE;
+    if (window.IsVisible())
+        position.flags &= ~SWP_SHOWWINDOW;
+    else
+        position.flags &= ~SWP_HIDEWINDOW;
+    if (!(position.flags & SWP_NOZORDER)) {
+        const std::vector<HWND>& siblings = SiblingsOf(window);
+        const bool isTop = position.hwndInsertAfter == HWND_TOP && siblings.front() == window.handle;
+        if (isTop || position.hwndInsertAfter == window.handle)
+            position.flags |= SWP_NOZORDER;
+    }
 }
 
-void SendFirstSize(HWND handle)
+bool ChangesNothing(UINT flags)
 {
-    Window* window = LookUpWindow(handle);
-    if (!window || window->wasShown)
-        return;
-    window->wasShown = true;
-    if (window->IsChild() || (window->style & WS_POPUP))
-        return;
-    const WPARAM how = window->style & WS_MAXIMIZE ? SIZE_MAXIMIZED : SIZE_RESTORED;
-    const LPARAM size = MAKELPARAM(window->Width(), window->Height());
-    const LPARAM corner = MAKELPARAM(window->rect.left, window->rect.top);
-    SendMessageA(handle, WM_SIZE, how, size);
-    SendMessageA(handle, WM_MOVE, 0, corner);
+    constexpr UINT kKeeps = kUnmoved | SWP_NOZORDER;
+    return (flags & kKeeps) == kKeeps && !(flags & (kShowing | SWP_FRAMECHANGED));
 }
 
-void Resize(HWND handle, const RECT& rect, UINT flags)
+bool Activates(const Window& window, UINT flags)
 {
-    SetWindowPos(handle, nullptr, rect.left, rect.top, rect.right - rect.left, rect.bottom - rect.top,
-                 flags | SWP_NOZORDER | SWP_FRAMECHANGED);
+    return !window.IsChild() && !(flags & (SWP_NOACTIVATE | SWP_HIDEWINDOW)) &&
+           (window.IsVisible() || (flags & SWP_SHOWWINDOW)) && IsActivatable(window);
 }
 
-void ChangeState(HWND handle, int command)
+void SendCalcSize(HWND handle, WINDOWPOS& position)
 {
-    Window* window = LookUpWindow(handle);
-    const DWORD special = WS_MAXIMIZE | WS_MINIMIZE;
-    if (!(window->style & special))
-        window->restored = window->rect;
-    const UINT show = window->style & WS_VISIBLE ? 0 : SWP_SHOWWINDOW;
-    switch (command) {
-    case SW_SHOWMAXIMIZED: {
-        window->style = (window->style & ~special) | WS_MAXIMIZE;
-        RECT area = WorkArea();
-        MINMAXINFO limits{};
-        limits.ptMaxSize = {area.right, area.bottom};
-        SendMessageA(handle, WM_GETMINMAXINFO, 0, reinterpret_cast<LPARAM>(&limits));
-        area = {limits.ptMaxPosition.x, limits.ptMaxPosition.y, limits.ptMaxPosition.x + limits.ptMaxSize.x,
-                limits.ptMaxPosition.y + limits.ptMaxSize.y};
-        Resize(handle, area, show);
-        break;
-    }
-    case SW_MINIMIZE:
-    case SW_SHOWMINIMIZED:
-        window->style |= WS_MINIMIZE;
-        TheDisplay().Show(handle, false);
-        SendMessageA(handle, WM_SIZE, SIZE_MINIMIZED, 0);
-        ActivateNextTo(handle);
-        break;
-    default: {
-        const bool wasMinimised = (window->style & WS_MINIMIZE) != 0;
-        window->style &= ~special;
-        if (wasMinimised)
-            TheDisplay().Show(handle, true);
-        Resize(handle, window->restored, show);
-        if (wasMinimised && (window = LookUpWindow(handle)) != nullptr) {
-            const LPARAM size = MAKELPARAM(window->Width(), window->Height());
-            MarkTree(*window);
-            SendMessageA(handle, WM_SIZE, SIZE_RESTORED, size);
-        }
-    }
-    }
+    NCCALCSIZE_PARAMS sizes{};
+    sizes.rgrc[0] = {position.x, position.y, position.x + position.cx, position.y + position.cy};
+    sizes.lppos = &position;
+    SendMessageA(handle, WM_NCCALCSIZE, TRUE, reinterpret_cast<LPARAM>(&sizes));
+}
+
+// Backgrounds are erased inside the call: that of the window, and that of the parent where a child went away.
+void EraseChanged(HWND handle)
+{
+    EraseNow(handle);
+    if (const Window* window = LookUpWindow(handle); window && window->IsChild())
+        EraseNow(window->parent);
 }
 
 }  // namespace
-
-BOOL ShowWindow(HWND handle, int command)
-{
-    Window* window = LookUpWindow(handle);
-    if (!window)
-        return FALSE;
-    const bool wasShown = (window->style & WS_VISIBLE) != 0;
-    const bool isSpecial = (window->style & (WS_MAXIMIZE | WS_MINIMIZE)) != 0;
-    const bool isChange = command == SW_SHOWMAXIMIZED || command == SW_MINIMIZE || command == SW_SHOWMINIMIZED ||
-                          ((command == SW_RESTORE || command == SW_SHOWNORMAL) && isSpecial);
-    if (isChange) {
-        ChangeState(handle, command);
-    } else {
-        const bool shows = command != SW_HIDE;
-        if (shows == wasShown)
-            return wasShown;
-        SendMessageA(handle, WM_SHOWWINDOW, shows, 0);
-        SetWindowPos(handle, nullptr, 0, 0, 0, 0,
-                     SWP_NOMOVE | SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE |
-                         static_cast<UINT>(shows ? SWP_SHOWWINDOW : SWP_HIDEWINDOW));
-    }
-    window = LookUpWindow(handle);
-    const bool activates = command != SW_HIDE && command != SW_SHOWNOACTIVATE && command != SW_SHOWNA &&
-                           command != SW_MINIMIZE && command != SW_SHOWMINIMIZED;
-    if (window && activates && !window->IsChild() && !(window->exStyle & WS_EX_NOACTIVATE))
-        ActivateWindow(handle, WA_ACTIVE);
-    if (command != SW_HIDE)
-        SendFirstSize(handle);
-    return wasShown;
-}
 
 BOOL SetWindowPos(HWND handle, HWND insertAfter, int x, int y, int width, int height, UINT flags)
 {
     Window* window = LookUpWindow(handle);
     if (!window)
         return FALSE;
-    const RECT old = window->rect;
-    WINDOWPOS position{handle, insertAfter, x, y, width, height, flags};
-    if (flags & SWP_NOMOVE) {
-        position.x = old.left;
-        position.y = old.top;
-    }
-    if (flags & SWP_NOSIZE) {
-        position.cx = window->Width();
-        position.cy = window->Height();
-    }
+    WINDOWPOS position = Complete(*window, {handle, insertAfter, x, y, width, height, flags});
     SendMessageA(handle, WM_WINDOWPOSCHANGING, 0, reinterpret_cast<LPARAM>(&position));
     if ((window = LookUpWindow(handle)) == nullptr)
         return FALSE;
-    constexpr int kLargest = 32767;
-    position.cx = std::clamp(position.cx, 0, kLargest);
-    position.cy = std::clamp(position.cy, 0, kLargest);
-    if (position.x == old.left && position.y == old.top)
-        position.flags |= SWP_NOMOVE;
-    if (position.cx == old.right - old.left && position.cy == old.bottom - old.top)
-        position.flags |= SWP_NOSIZE;
+    Reduce(*window, position);
+    const bool activates = Activates(*window, position.flags);
     if (!(position.flags & SWP_NOSIZE) || (position.flags & SWP_FRAMECHANGED)) {
-        NCCALCSIZE_PARAMS sizes{};
-        sizes.rgrc[0] = {position.x, position.y, position.x + position.cx, position.y + position.cy};
-        sizes.lppos = &position;
-        SendMessageA(handle, WM_NCCALCSIZE, TRUE, reinterpret_cast<LPARAM>(&sizes));
+        SendCalcSize(handle, position);
         if ((window = LookUpWindow(handle)) == nullptr)
             return FALSE;
     }
-    constexpr UINT kNothing = SWP_NOMOVE | SWP_NOSIZE | SWP_NOZORDER;
-    if ((position.flags & kNothing) == kNothing &&
-        !(position.flags & (SWP_SHOWWINDOW | SWP_HIDEWINDOW | SWP_FRAMECHANGED)))
-        return TRUE;
-    ApplyPosition(*window, position, old);
-    SendMessageA(handle, WM_WINDOWPOSCHANGED, 0, reinterpret_cast<LPARAM>(&position));
-    if (position.flags & SWP_HIDEWINDOW) {
-        FocusLeaves(handle);
-        ActivateNextTo(handle);
-    } else if (!(flags & SWP_NOACTIVATE) && (window = LookUpWindow(handle)) != nullptr && !window->IsChild() &&
-               (window->style & WS_VISIBLE)) {
+    const bool isChange = !ChangesNothing(position.flags);
+    if (isChange)
+        Apply(*window, position);
+    if (activates)
         ActivateWindow(handle, WA_ACTIVE);
-    }
+    if (!isChange)
+        return TRUE;
+    EraseChanged(handle);
+    SendMessageA(handle, WM_WINDOWPOSCHANGED, 0, reinterpret_cast<LPARAM>(&position));
     return TRUE;
 }
 
@@ -250,6 +266,8 @@ BOOL MoveWindow(HWND window, int x, int y, int width, int height, BOOL)
 {
     return SetWindowPos(window, nullptr, x, y, width, height, SWP_NOZORDER | SWP_NOACTIVATE);
 }
+
+BOOL BringWindowToTop(HWND window) { return SetWindowPos(window, HWND_TOP, 0, 0, 0, 0, kUnmoved); }
 
 BOOL GetWindowRect(HWND handle, RECT* rect)
 {
@@ -266,7 +284,7 @@ BOOL GetClientRect(HWND handle, RECT* rect)
     const Window* window = LookUpWindow(handle);
     if (!window)
         return FALSE;
-    *rect = {0, 0, window->Width(), window->Height()};
+    *rect = window->style & WS_MINIMIZE ? RECT{} : window->Client();
     return TRUE;
 }
 
@@ -304,6 +322,7 @@ int SetWindowRgn(HWND handle, HRGN region, BOOL redraw)
     // The window owns the region from now on.
     if (region)
         DeleteObject(region);
+    PointerMayHaveMoved();
     if (redraw)
         InvalidateRect(handle, nullptr, TRUE);
     return 1;

@@ -1,31 +1,34 @@
 #pragma once
 
-#include <deque>
-#include <string>
-
 #include "native/user/window.h"
 
+/// The parts of the message queue that other files feed.
 namespace qvui::native {
 
-/// What the display reported, in the order in which it happened. Which window a press belongs to is decided
-/// when the message is taken out, since windows may have come and gone by then.
-struct InputEvent {
-    enum class Kind { Move, Button, Wheel, Key, Text } kind = Kind::Move;
-    POINT screen{};
-    int code = 0;  // button, wheel delta or virtual key
-    bool isDown = false;
-    bool isRepeat = false;
-    std::string text;  // UTF-8
-    DWORD time = 0;
+/// Which messages a call asks for.
+struct MessageFilter {
+    HWND window = nullptr;  // with its children; null: any window, and messages of the thread
+    UINT first = 0;
+    UINT last = 0;  // both 0: any number
+
+    bool AcceptsNumber(UINT message) const
+    {
+        return (first == 0 && last == 0) || (message >= first && message <= last);
+    }
+    /// Whether any number between two is accepted.
+    bool AcceptsSomeOf(UINT from, UINT to) const { return (first == 0 && last == 0) || (from <= last && to >= first); }
+    bool AcceptsWindow(HWND of) const { return !window || of == window || IsChild(window, of); }
+    bool Accepts(const MSG& message) const { return AcceptsNumber(message.message) && AcceptsWindow(message.hwnd); }
 };
 
-std::deque<InputEvent>& InputQueue();
+// --- messages.cpp
+void RemoveMessagesOf(HWND window);
 
-/// Turns the oldest input into a message of the window and range asked for. False when there is none; input
-/// that reaches no window is dropped on the way.
-bool TakeInput(MSG& message, HWND window, UINT first, UINT last);
-
-/// Keys and buttons that are down as far as messages have been taken out.
-bool IsKeyDown(int virtualKey);
+// --- timers.cpp
+/// Turns the timer that has been due for longest into a message. With `removes` its next period begins.
+bool TakeTimer(MSG& message, const MessageFilter& filter, bool removes);
+/// Milliseconds until the next timer is due, 0 when one is, -1 when there is none.
+int MillisecondsToNextTimer();
+void RemoveTimersOf(HWND window);
 
 }  // namespace qvui::native

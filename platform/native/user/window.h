@@ -17,7 +17,20 @@ namespace qvui::native {
 
 struct WindowClass {
     std::string name;
+    ATOM atom = 0;
     WNDCLASSEXA definition{};
+};
+
+/// The class of a name or atom, or null.
+std::shared_ptr<WindowClass> FindClass(LPCSTR name);
+
+/// What a window still has to draw, in client coordinates.
+struct PendingPaint {
+    Region region;
+    bool needsFrame = false;   // WM_NCPAINT is due
+    bool needsErase = false;   // WM_ERASEBKGND is due
+    bool wasRefused = false;   // WM_ERASEBKGND has been answered with 0
+    bool isListed = false;     // the window stands in the list of those that have something to paint
 };
 
 /// One window. Children are listed from the topmost down and owned by the handle table.
@@ -37,47 +50,23 @@ struct Window {
     LONG_PTR userData = 0;
     std::map<int, LONG_PTR> extra;
     std::shared_ptr<Surface> surface;  // top-level windows only
-    Region update;                     // client coordinates, waiting for WM_PAINT
-    bool needsErase = false;
+    PendingPaint paint;
     std::optional<Region> shape;
     bool wasShown = false;
+    bool isRedrawOff = false;
+    bool hasLayer = false;  // its pixels came through UpdateLayeredWindow, alpha included
     bool isBeingDestroyed = false;
 
     bool IsChild() const { return (style & WS_CHILD) != 0; }
+    bool IsVisible() const { return (style & WS_VISIBLE) != 0; }
+    bool IsTopmost() const { return (exStyle & WS_EX_TOPMOST) != 0; }
     int Width() const { return rect.right - rect.left; }
     int Height() const { return rect.bottom - rect.top; }
+    RECT Client() const { return {0, 0, Width(), Height()}; }
 };
 
 HandleTable<Window, 6>& Windows();
 /// The window of a handle, or null.
 Window* LookUpWindow(HWND window);
-/// Top-level windows from the topmost down.
-std::vector<HWND>& TopLevelWindows();
-
-/// The list that a window stands in: its parent's children or the top-level windows.
-std::vector<HWND>& SiblingsOf(const Window& window);
-/// The top-level window that a window stands in (itself for one).
-Window* RootOf(Window& window);
-/// A window's client origin on the screen.
-POINT ScreenOrigin(const Window& window);
-/// Whether the window and all its ancestors are shown.
-bool IsShown(const Window& window);
-/// The part of a window that shows, in its client coordinates.
-Region VisibleRegion(const Window& window);
-
-/// The window at a point of the screen that is shown and enabled to take the mouse, children first; null for none.
-HWND WindowAt(POINT screen);
-
-// Changes that several rooms of the layer make or follow.
-void MarkForPaint(Window& window, const Region& region, bool erase);
-void ForgetWindow(HWND window);      // every list of handles drops it
-void ActivateWindow(HWND window, int how);
-void ActivateNextTo(HWND leaving);   // when the active window hides or goes
-void RemoveTimersOf(HWND window);
-void RemoveMessagesOf(HWND window);
-void PresentDamage(Window& window, const RECT& client);
-void PointerMayHaveMoved();          // a window appeared or went under the pointer
-void FocusLeaves(HWND hidden);       // a window with the focus was hidden or disabled
-LRESULT CallProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
 
 }  // namespace qvui::native

@@ -140,6 +140,14 @@ inline constexpr int SW_SHOW = 5;
 inline constexpr int SW_MINIMIZE = 6;
 inline constexpr int SW_SHOWNA = 8;
 inline constexpr int SW_RESTORE = 9;
+inline constexpr UINT RDW_INVALIDATE = 1;
+inline constexpr UINT RDW_ERASE = 4;
+inline constexpr UINT RDW_VALIDATE = 8;
+inline constexpr UINT RDW_NOCHILDREN = 0x40;
+inline constexpr UINT RDW_ALLCHILDREN = 0x80;
+inline constexpr UINT RDW_UPDATENOW = 0x100;
+inline constexpr UINT RDW_ERASENOW = 0x200;
+inline constexpr UINT RDW_FRAME = 0x400;
 inline constexpr UINT SWP_NOSIZE = 1;
 inline constexpr UINT SWP_NOMOVE = 2;
 inline constexpr UINT SWP_NOZORDER = 4;
@@ -211,6 +219,7 @@ inline constexpr DWORD TME_HOVER = 1;
 inline constexpr DWORD TME_LEAVE = 2;
 inline constexpr DWORD TME_NONCLIENT = 0x10;
 inline constexpr DWORD TME_CANCEL = 0x80000000;
+inline constexpr DWORD HOVER_DEFAULT = 0xFFFFFFFF;
 inline constexpr int VK_LBUTTON = 1;
 inline constexpr int VK_RBUTTON = 2;
 inline constexpr int VK_MBUTTON = 4;
@@ -234,6 +243,8 @@ inline constexpr int VK_DOWN = 0x28;
 inline constexpr int VK_INSERT = 0x2D;
 inline constexpr int VK_DELETE = 0x2E;
 inline constexpr int VK_APPS = 0x5D;
+inline constexpr int VK_NUMPAD0 = 0x60;
+inline constexpr int VK_NUMPAD9 = 0x69;
 inline constexpr int VK_MULTIPLY = 0x6A;
 inline constexpr int VK_ADD = 0x6B;
 inline constexpr int VK_SUBTRACT = 0x6D;
@@ -251,6 +262,15 @@ inline constexpr int VK_LMENU = 0xA4;
 inline constexpr int VK_RMENU = 0xA5;
 inline constexpr int VK_OEM_PLUS = 0xBB;
 inline constexpr int VK_OEM_MINUS = 0xBD;
+inline constexpr int VK_OEM_1 = 0xBA;
+inline constexpr int VK_OEM_COMMA = 0xBC;
+inline constexpr int VK_OEM_PERIOD = 0xBE;
+inline constexpr int VK_OEM_2 = 0xBF;
+inline constexpr int VK_OEM_3 = 0xC0;
+inline constexpr int VK_OEM_4 = 0xDB;
+inline constexpr int VK_OEM_5 = 0xDC;
+inline constexpr int VK_OEM_6 = 0xDD;
+inline constexpr int VK_OEM_7 = 0xDE;
 inline constexpr int SB_HORZ = 0;
 inline constexpr int SB_VERT = 1;
 inline constexpr int SB_LINEUP = 0;
@@ -295,6 +315,8 @@ inline constexpr DWORD LWA_ALPHA = 2;
 inline constexpr UINT WHEEL_DELTA = 120;
 inline constexpr int CW_USEDEFAULT = static_cast<int>(0x80000000);
 #define HWND_TOP (static_cast<HWND>(nullptr))
+#define HWND_BOTTOM (reinterpret_cast<HWND>(static_cast<INT_PTR>(1)))
+#define HWND_NOTOPMOST (reinterpret_cast<HWND>(static_cast<INT_PTR>(-2)))
 #define HWND_TOPMOST (reinterpret_cast<HWND>(static_cast<INT_PTR>(-1)))
 #define IDC_ARROW MAKEINTRESOURCEA(32512)
 #define IDC_IBEAM MAKEINTRESOURCEA(32513)
@@ -403,6 +425,7 @@ struct NMHDR {
 QVUI_PLATFORM ATOM RegisterClassExA(const WNDCLASSEXA* windowClass);
 QVUI_PLATFORM BOOL UnregisterClassA(LPCSTR name, HINSTANCE instance);
 QVUI_PLATFORM BOOL GetClassInfoExA(HINSTANCE instance, LPCSTR name, WNDCLASSEXA* windowClass);
+QVUI_PLATFORM int GetClassNameA(HWND window, LPSTR text, int capacity);
 QVUI_PLATFORM UINT RegisterWindowMessageA(LPCSTR name);
 QVUI_PLATFORM HWND CreateWindowExA(DWORD exStyle, LPCSTR className, LPCSTR title, DWORD style, int x, int y,
                                    int width, int height, HWND parent, HMENU menu, HINSTANCE instance,
@@ -418,6 +441,7 @@ QVUI_PLATFORM HWND WindowFromPoint(POINT screen);
 QVUI_PLATFORM BOOL ShowWindow(HWND window, int command);
 QVUI_PLATFORM BOOL SetWindowPos(HWND window, HWND insertAfter, int x, int y, int width, int height, UINT flags);
 QVUI_PLATFORM BOOL MoveWindow(HWND window, int x, int y, int width, int height, BOOL repaint);
+QVUI_PLATFORM BOOL BringWindowToTop(HWND window);
 QVUI_PLATFORM BOOL GetWindowRect(HWND window, RECT* rect);
 QVUI_PLATFORM BOOL GetClientRect(HWND window, RECT* rect);
 QVUI_PLATFORM BOOL AdjustWindowRectEx(RECT* rect, DWORD style, BOOL menu, DWORD exStyle);
@@ -429,6 +453,7 @@ QVUI_PLATFORM LONG_PTR GetWindowLongPtrA(HWND window, int index);
 QVUI_PLATFORM LONG_PTR SetWindowLongPtrA(HWND window, int index, LONG_PTR value);
 QVUI_PLATFORM BOOL SetWindowTextA(HWND window, LPCSTR text);
 QVUI_PLATFORM int GetWindowTextA(HWND window, LPSTR text, int capacity);
+QVUI_PLATFORM int GetWindowTextLengthA(HWND window);
 QVUI_PLATFORM int GetDlgCtrlID(HWND window);
 QVUI_PLATFORM BOOL EnableWindow(HWND window, BOOL enable);
 QVUI_PLATFORM BOOL IsWindowEnabled(HWND window);
@@ -453,6 +478,7 @@ QVUI_PLATFORM LRESULT CallWindowProcA(WNDPROC procedure, HWND window, UINT messa
 QVUI_PLATFORM UINT_PTR SetTimer(HWND window, UINT_PTR id, UINT milliseconds, TIMERPROC procedure);
 QVUI_PLATFORM BOOL KillTimer(HWND window, UINT_PTR id);
 
+QVUI_PLATFORM BOOL RedrawWindow(HWND window, const RECT* rect, HRGN region, UINT flags);
 QVUI_PLATFORM BOOL InvalidateRect(HWND window, const RECT* rect, BOOL erase);
 QVUI_PLATFORM BOOL InvalidateRgn(HWND window, HRGN region, BOOL erase);
 QVUI_PLATFORM BOOL ValidateRect(HWND window, const RECT* rect);

@@ -1,0 +1,66 @@
+#pragma once
+
+#include <SDL.h>
+
+#include <map>
+#include <string>
+
+#include "native/display/display.h"
+
+namespace qvui::native {
+
+/// Real windows through SDL. Nothing of SDL leaves this folder.
+class SdlDisplay final : public Display {
+public:
+    SdlDisplay();
+    SdlDisplay(const SdlDisplay&) = delete;
+    SdlDisplay& operator=(const SdlDisplay&) = delete;
+    /// The connection to the screen ends with the process, as this driver does. Closing it through SDL would make X
+    /// report, and end the process with an error for, a wake-up that SDL sent to a window just closed.
+    ~SdlDisplay() override;
+
+    void Open(HWND window, const RECT& screen, const SurfaceOptions& options) override;
+    void Close(HWND window) override;
+    void Move(HWND window, const RECT& screen) override;
+    void Show(HWND window, bool isShown) override;
+    void Minimise(HWND window, bool isMinimised) override;
+    void Raise(HWND window) override;
+    void Activate(HWND window) override;
+    void SetTitle(HWND window, const std::string& utf8) override;
+    void SetShape(HWND window, const Region* shape) override;
+    void SetOpacity(HWND window, std::uint8_t alpha) override;
+    void Present(HWND window, const Surface& surface, const RECT& damage) override;
+    void SetCursorShape(int systemCursor) override;
+    void SetCursorImage(const Surface& pixels, POINT hotSpot) override;
+    POINT Pointer() override;
+    void SetPointer(POINT screen) override;
+    void Capture(bool isCaptured) override;
+    std::string ClipboardText() override;
+    void SetClipboardText(const std::string& utf8) override;
+    void Wait(int milliseconds, InputSink& sink) override;
+    SIZE ScreenSize() override;
+    std::vector<Screen> Screens() override;
+
+private:
+    struct Shown {
+        SDL_Window* native = nullptr;
+        SurfaceOptions options;
+    };
+
+    SDL_Window* Find(HWND window) const;
+    HWND Named(Uint32 id) const;
+    void Report(const SDL_Event& event, InputSink& sink);
+    void ReportText(const char* utf8, InputSink& sink) const;
+    void ReportWindow(const SDL_WindowEvent& event, InputSink& sink);
+    void ReportPlace(HWND window, InputSink& sink) const;
+    void ReportKeyboardLoss(InputSink& sink);
+
+    std::map<HWND, Shown> m_windows;
+    std::map<int, SDL_Cursor*> m_cursors;
+    SDL_Cursor* m_ownCursor = nullptr;
+    std::string m_alphaVisual;
+    SDL_Keycode m_lastKey = SDLK_UNKNOWN;
+    bool m_mayHaveLostKeyboard = false;
+};
+
+}  // namespace qvui::native

@@ -1,0 +1,94 @@
+#include "native/display/sdl/x11_window.h"
+
+#include <SDL_syswm.h>
+
+#include <vector>
+
+#if defined(SDL_VIDEO_DRIVER_X11)
+
+#include <X11/Xlib.h>
+#include <X11/Xutil.h>
+#include <X11/extensions/shape.h>
+
+namespace qvui::native {
+namespace {
+
+struct XWindow {
+    ::Display* display = nullptr;
+    ::Window window = 0;
+};
+
+// Null handles when the window is not one of an X server.
+XWindow Find(SDL_Window* window)
+{
+    SDL_SysWMinfo info;
+    SDL_VERSION(&info.version);
+    if (!window || !SDL_GetWindowWMInfo(window, &info) || info.subsystem != SDL_SYSWM_X11)
+        return {};
+    return {info.info.x11.display, info.info.x11.window};
+}
+
+}  // namespace
+
+void SetX11Shape(SDL_Window* window, const Region* shape)
+{
+    const XWindow found = Find(window);
+    if (!found.display)
+        return;
+    if (!shape) {
+        XShapeCombineMask(found.display, found.window, ShapeBounding, 0, 0, 0, ShapeSet);
+        return;
+    }
+    std::vector<XRectangle> rectangles;
+    for (const pixman_box32_t& box : shape->Boxes())
+        rectangles.push_back({static_cast<short>(box.x1), static_cast<short>(box.y1),
+                              static_cast<unsigned short>(box.x2 - box.x1), static_cast<unsigned short>(box.y2 - box.y1)});
+    XShapeCombineRectangles(found.display, found.window, ShapeBounding, 0, 0, rectangles.data(),
+                            static_cast<int>(rectangles.size()), ShapeSet, YXBanded);
+    XFlush(found.display);
+}
+
+void RaiseX11Window(SDL_Window* window)
+{
+    const XWindow found = Find(window);
+    if (!found.display)
+        return;
+    XRaiseWindow(found.display, found.window);
+    XFlush(found.display);
+}
+
+void SetX11Owner(SDL_Window* window, SDL_Window* owner)
+{
+    const XWindow found = Find(window);
+    const XWindow above = Find(owner);
+    if (found.display && above.display)
+        XSetTransientForHint(found.display, found.window, above.window);
+}
+
+std::string X11AlphaVisual()
+{
+    const char* driver = SDL_GetCurrentVideoDriver();
+    ::Display* display = driver && std::string(driver) == "x11" ? XOpenDisplay(nullptr) : nullptr;
+    if (!display)
+        return {};
+    XVisualInfo visual{};
+    const bool hasAlpha = XMatchVisualInfo(display, DefaultScreen(display), 32, TrueColor, &visual) != 0;
+    const std::string id = hasAlpha ? std::to_string(visual.visualid) : std::string();
+    XCloseDisplay(display);
+    return id;
+}
+
+}  // namespace qvui::native
+
+#else
+
+namespace qvui::native {
+
+void SetX11Shape(SDL_Window*, const Region*) {}
+void RaiseX11Window(SDL_Window* window) { SDL_RaiseWindow(window); }
+void SetX11Owner(SDL_Window*, SDL_Window*) {}
+std::string X11AlphaVisual() { return {}; }
+
+}  // namespace qvui::native
+
+#endif

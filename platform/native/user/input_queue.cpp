@@ -1,0 +1,235 @@
+// What the display reports, waiting to be taken out as messages.
+
+#include <algorithm>
+
+#include "native/user/activation.h"
+#include "native/user/input.h"
+#include "native/user/painting.h"
+#include "native/user/window_tree.h"
+
+namespace qvui::native {
+namespace {
+
+using Kind = InputEvent::Kind;
+
+std::deque<InputEvent>& Waiting()
+{
+    static std::deque<InputEvent> events;
+    return events;
+}
+
+bool g_pointerMayHaveMoved = false;
+HWND g_seenUnderPointer = nullptr;  // the frontmost window there when that was last looked at
+
+void Add(InputEvent event)
+{
+    event.time = GetTickCount();
+    Waiting().push_back(std::move(event));
+}
+
+void AddMove(POINT screen)
+{
+    // Only the latest of several moves in a row matters.
+    if (!Waiting().empty() && Waiting().back().kind == Kind::Move)
+        Waiting().back().screen = screen;
+    else
+        Add({Kind::Move, screen, 0, false, {}, 0});
+}
+
+bool CouldBeAccepted(const InputEvent& event, const MessageFilter& filter)
+{
+    switch (event.kind) {
+    case Kind::Key:
+        return filter.AcceptsSomeOf(WM_KEYDOWN, WM_SYSKEYUP);
+    case Kind::Text:
+        return filter.AcceptsNumber(WM_CHAR);
+    default:
+        return filter.AcceptsSomeOf(WM_NCMOUSEMOVE, WM_MOUSEHWHEEL);
+    }
+}
+
+bool Route(const InputEvent& event, RoutedInput& routed)
+{
+    return event.kind == Kind::Key ? RouteKey(event, routed) : RouteMouse(event, routed);
+}
+
+bool Commit(const InputEvent& event, RoutedInput& routed)
+{
+    if (event.kind != Kind::Key)
+        return CommitMouse(event, routed);
+    CommitKey(event, routed);
+    return true;
+}
+
+// Input that belongs to none of our windows still moves the pointer and the keys.
+void Drop(const InputEvent& event)
+{
+    if (event.kind == Kind::Key || event.kind == Kind::Button)
+        TheInputState().keys.Apply(event.code, event.isDown);
+    else
+        PointerIsOver(nullptr);
+}
+
+bool TakeWaiting(MSG& message, const MessageFilter& filter, bool removes)
+{
+    std::deque<InputEvent>& waiting = Waiting();
+    const auto putBack = [&](InputEvent event, std::size_t at) {
+        waiting.insert(waiting.begin() + static_cast<std::ptrdiff_t>(std::min(at, waiting.size())), std::move(event));
+    };
+    for (std::size_t at = 0; at < waiting.size();) {
+        if (!CouldBeAccepted(waiting[at], filter)) {
+            ++at;
+            continue;
+        }
+        // Handlers that are asked on the way may pump messages themselves, so the event is out of the queue then.
+        InputEvent event = std::move(waiting[at]);
+        waiting.erase(waiting.begin() + static_cast<std::ptrdiff_t>(at));
+        if (event.kind == Kind::Text) {
+            PostText(event.text);
+            return false;  // the characters wait among the posted messages
+        }
+        RoutedInput routed{{nullptr, WM_NULL, 0, 0, event.time, event.screen}, HTCLIENT};
+        if (!Route(event, routed)) {
+            Drop(event);
+        } else if (!filter.Accepts(routed.message)) {
+            putBack(std::move(event), at++);
+        } else if (!removes || Commit(event, routed)) {
+            message = routed.message;
+            if (!removes)
+                putBack(std::move(event), at);
+            return true;
+        }
+    }
+    return false;
+}
+
+// Windows came or went: makes a move when another one is under the pointer now.
+bool AddMoveForChange()
+{
+    if (!std::exchange(g_pointerMayHaveMoved, false))
+        return false;
+    const InputState& state = TheInputState();
+    const HWND front = state.isPointerOutside ? nullptr : WindowAt(state.pointer);
+    if (front == std::exchange(g_seenUnderPointer, front))
+        return false;
+    AddMove(state.pointer);
+    return true;
+}
+
+class Sink final : public InputSink {
+public:
+    void OnPointer(POINT screen) override
+    {
+        InputState& state = TheInputState();
+        state.pointer = screen;
+        state.isPointerOutside = false;
+        AddMove(screen);
+        g_seenUnderPointer = WindowAt(screen);
+    }
+    void OnPointerLeft() override
+    {
+        TheInputState().isPointerOutside = true;
+        g_seenUnderPointer = nullptr;
+        if (!TheInputState().capture)
+            PointerIsOver(nullptr);
+    }
+    void OnButton(int button, bool isDown) override
+    {
+        Add({Kind::Button, TheInputState().pointer, button, isDown, {}, 0});
+    }
+    void OnWheel(int delta) override { Add({Kind::Wheel, TheInputState().pointer, delta, false, {}, 0}); }
+    void OnKey(int virtualKey, bool isDown) override
+    {
+        Add({Kind::Key, TheInputState().pointer, virtualKey, isDown, {}, 0});
+    }
+    void OnText(const std::string& utf8) override
+    {
+        // Text right after a press is what the key types; the message loop decides whether it is translated.
+        if (!Waiting().empty() && Waiting().back().kind == Kind::Key && Waiting().back().isDown &&
+            Waiting().back().text.empty())
+            Waiting().back().text = utf8;
+        else
+            Add({Kind::Text, TheInputState().pointer, 0, false, utf8, 0});
+    }
+    void OnMoved(HWND window, const RECT& screen) override
+    {
+        if (!IsIconic(window))
+            MoveWindow(window, screen.left, screen.top, screen.right - screen.left, screen.bottom - screen.top, TRUE);
+    }
+    void OnMinimised(HWND window, bool isMinimised) override
+    {
+        if ((IsIconic(window) != FALSE) != isMinimised)
+            ShowWindow(window, isMinimised ? SW_MINIMIZE : SW_RESTORE);
+    }
+    void OnClose(HWND window) override
+    {
+        if (IsWindowEnabled(window))
+            PostMessageA(window, WM_SYSCOMMAND, SC_CLOSE, 0);
+    }
+    void OnActivated(HWND window) override
+    {
+        const Window* found = LookUpWindow(window);
+        if (found && IsActivatable(*found))
+            ActivateWindow(window, WA_ACTIVE);
+        if (window)
+            return;
+        TheInputState().keys.isDown.fill(false);
+        if (const HWND holder = GetCapture())
+            SendMessageA(holder, WM_CANCELMODE, 0, 0);
+        ActivateWindow(nullptr, WA_INACTIVE);
+    }
+    void OnExposed(HWND window) override
+    {
+        if (Window* found = LookUpWindow(window))
+            PresentDamage(*found, found->Client());
+    }
+};
+
+}  // namespace
+
+InputState& TheInputState()
+{
+    static InputState state;
+    return state;
+}
+
+InputSink& TheInputSink()
+{
+    static Sink sink;
+    return sink;
+}
+
+bool TakeInput(MSG& message, const MessageFilter& filter, bool removes)
+{
+    return TakeWaiting(message, filter, removes) || (AddMoveForChange() && TakeWaiting(message, filter, removes));
+}
+
+void PointerMayHaveMoved() { g_pointerMayHaveMoved = true; }
+
+void ForgetInput(HWND window)
+{
+    InputState& state = TheInputState();
+    if (state.capture == window) {
+        state.capture = nullptr;
+        TheDisplay().Capture(false);
+    }
+    ForgetHover(window);
+}
+
+}  // namespace qvui::native
+
+using namespace qvui::native;
+
+BOOL GetCursorPos(POINT* point)
+{
+    const InputState& state = TheInputState();
+    *point = state.isPointerOutside ? TheDisplay().Pointer() : state.pointer;
+    return TRUE;
+}
+
+BOOL SetCursorPos(int x, int y)
+{
+    TheDisplay().SetPointer({x, y});
+    TheInputSink().OnPointer({x, y});
+    return TRUE;
+}
