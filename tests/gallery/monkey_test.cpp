@@ -1,0 +1,269 @@
+#include <cstdlib>
+#include <random>
+
+#include "gallery/gallery_run.h"
+
+// Random use of every page: whatever order the events come in, the gallery neither crashes nor leaves anything
+// behind. The seed is fixed; QVUI_MONKEY_EVENTS in the environment sets another number of events.
+
+namespace qvui::test {
+namespace {
+
+constexpr int kEvents = 20000;
+constexpr unsigned kSeed = 20240229;
+constexpr SIZE kSmallest{760, 480};
+constexpr SIZE kLargest{1600, 1000};
+// New controls for all of the window, the long lists included.
+constexpr int kEventsPerLanguage = 10000;
+
+int EventCount()
+{
+    const char* const value = std::getenv("QVUI_MONKEY_EVENTS");
+    return value && std::atoi(value) > 0 ? std::atoi(value) : kEvents;
+}
+
+class Monkey {
+public:
+    explicit Monkey(GalleryRun& run) : m_run(run), m_random(kSeed) {}
+
+    /// Shows the page in fresh controls and does things to it.
+    void Use(const std::string& page, int events);
+
+private:
+    struct Action {
+        int weight;
+        void (Monkey::*act)();
+    };
+    static const Action kActions[];
+
+    void ActOnce();
+    /// Opens or restores the window when the last event closed or minimised it.
+    void Recover();
+    void Renew();
+
+    void Move();
+    void Press();
+    void Release();
+    void Click();
+    void DoubleClick();
+    void Drag();
+    void Leave();
+    void Wheel();
+    void Key();
+    void Timer();
+    void Paint();
+    void DeliverQueue();
+    void Resize();
+    void SwitchSkin();
+    void SwitchFocus();
+    void RemoveControl();
+
+    int Below(int end) { return static_cast<int>(m_random() % static_cast<unsigned>(end)); }
+    LPARAM AnyPoint();
+    void Send(UINT message, WPARAM wParam, LPARAM lParam);
+
+    GalleryRun& m_run;
+    std::mt19937 m_random;
+    std::string m_page;
+};
+
+const Monkey::Action Monkey::kActions[] = {
+    {300, &Monkey::Move},        {60, &Monkey::Press},       {60, &Monkey::Release}, {150, &Monkey::Click},
+    {50, &Monkey::DoubleClick},  {40, &Monkey::Drag},        {5, &Monkey::Leave},    {60, &Monkey::Wheel},
+    {150, &Monkey::Key},         {60, &Monkey::Timer},       {40, &Monkey::Paint},   {20, &Monkey::DeliverQueue},
+    {4, &Monkey::Resize},        {2, &Monkey::SwitchSkin},   {4, &Monkey::SwitchFocus},
+    {2, &Monkey::RemoveControl}};
+
+void Monkey::Use(const std::string& page, int events)
+{
+    m_page = page;
+    for (int i = 0; i < events; ++i) {
+        if (i % kEventsPerLanguage == 0)
+            Renew();
+        ActOnce();
+        Recover();
+        if (testing::Test::HasFatalFailure())
+            return;
+    }
+}
+
+void Monkey::ActOnce()
+{
+    int total = 0;
+    for (const Action& action : kActions)
+        total += action.weight;
+    int choice = Below(total);
+    for (const Action& action : kActions) {
+        choice -= action.weight;
+        if (choice < 0) {
+            (this->*action.act)();
+            return;
+        }
+    }
+}
+
+void Monkey::Recover()
+{
+    if (!m_run.IsOpen()) {
+        Pump();
+        m_run.Open();
+        m_run.Window().ShowPage(m_page.c_str());
+    } else if (IsIconic(m_run.Handle())) {
+        ShowWindow(m_run.Handle(), SW_RESTORE);
+    }
+}
+
+// Another language builds all controls anew, so that the removed ones are back.
+void Monkey::Renew()
+{
+    DUI::IDUISkinMgr& skins = GalleryRun::Skins();
+    skins.SetLanguageType(skins.GetLanguageType() == "English" ? "Chinese" : "English");
+    EXPECT_TRUE(m_run.Window().ShowPage(m_page.c_str())) << m_page;
+}
+
+LPARAM Monkey::AnyPoint()
+{
+    RECT client{};
+    GetClientRect(m_run.Handle(), &client);
+    // Sometimes outside, as with a captured pointer.
+    constexpr int kOutside = 10;
+    const int x = Below(client.right + 2 * kOutside) - kOutside;
+    const int y = Below(client.bottom + 2 * kOutside) - kOutside;
+    return MAKELPARAM(x, y);
+}
+
+void Monkey::Send(UINT message, WPARAM wParam, LPARAM lParam)
+{
+    const HWND window = m_run.Handle();
+    MSG native{window, message, wParam, lParam, 0, {}};
+    if (IsWindow(window) && !m_run.Window().PreTranslateMessage(&native) && IsWindow(window))
+        SendMessageA(window, message, wParam, lParam);
+}
+
+void Monkey::Move()
+{
+    Send(WM_MOUSEMOVE, Below(4) == 0 ? MK_LBUTTON : 0, AnyPoint());
+}
+
+// A press may begin a loop that lasts until the release, so that comes first.
+void Monkey::Press()
+{
+    const LPARAM point = AnyPoint();
+    PostMessageA(m_run.Handle(), WM_LBUTTONUP, 0, Below(2) ? point : AnyPoint());
+    Send(WM_LBUTTONDOWN, MK_LBUTTON, point);
+}
+
+void Monkey::Release()
+{
+    Send(WM_LBUTTONUP, 0, AnyPoint());
+}
+
+void Monkey::Click()
+{
+    const LPARAM point = AnyPoint();
+    Send(WM_MOUSEMOVE, 0, point);
+    PostMessageA(m_run.Handle(), WM_LBUTTONUP, 0, point);
+    Send(WM_LBUTTONDOWN, MK_LBUTTON, point);
+    Send(WM_LBUTTONUP, 0, point);
+}
+
+void Monkey::DoubleClick()
+{
+    const LPARAM point = AnyPoint();
+    PostMessageA(m_run.Handle(), WM_LBUTTONUP, 0, point);
+    Send(WM_LBUTTONDBLCLK, MK_LBUTTON, point);
+}
+
+void Monkey::Drag()
+{
+    Press();
+    for (int moves = Below(8); moves > 0; --moves)
+        Send(WM_MOUSEMOVE, MK_LBUTTON, AnyPoint());
+    Release();
+}
+
+void Monkey::Leave()
+{
+    Send(WM_MOUSELEAVE, 0, 0);
+}
+
+void Monkey::Wheel()
+{
+    POINT point{Below(kLargest.cx), Below(kLargest.cy)};
+    ClientToScreen(m_run.Handle(), &point);
+    const int turns = Below(9) - 4;
+    Send(WM_MOUSEWHEEL, MAKEWPARAM(0, turns * WHEEL_DELTA), MAKELPARAM(point.x, point.y));
+}
+
+void Monkey::Key()
+{
+    constexpr WPARAM kKeys[] = {VK_TAB,  VK_TAB,  VK_TAB,   VK_UP,    VK_DOWN,   VK_LEFT, VK_RIGHT, VK_SPACE, VK_RETURN,
+                                VK_HOME, VK_END,  VK_PRIOR, VK_NEXT,  VK_ESCAPE, 'A',     'M',      'S',      'Z'};
+    const WPARAM key = kKeys[Below(static_cast<int>(std::size(kKeys)))];
+    Send(WM_KEYDOWN, key, 1);
+    if (key == VK_SPACE || key >= 'A')
+        Send(WM_CHAR, key, 1);
+    Send(WM_KEYUP, key, 1);
+}
+
+void Monkey::Timer()
+{
+    SendMessageA(m_run.Handle(), WM_TIMER, static_cast<WPARAM>(Below(8)), 0);
+}
+
+void Monkey::Paint()
+{
+    UpdateWindow(m_run.Handle());
+}
+
+void Monkey::DeliverQueue()
+{
+    Pump();
+}
+
+void Monkey::Resize()
+{
+    if (IsZoomed(m_run.Handle()))
+        ShowWindow(m_run.Handle(), SW_RESTORE);
+    const int width = kSmallest.cx + Below(kLargest.cx - kSmallest.cx + 1);
+    const int height = kSmallest.cy + Below(kLargest.cy - kSmallest.cy + 1);
+    SetWindowPos(m_run.Handle(), nullptr, 0, 0, width, height, SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+void Monkey::SwitchSkin()
+{
+    DUI::IDUISkinMgr& skins = GalleryRun::Skins();
+    skins.SetSkinTyle(skins.GetSkinTyle() == "light" ? "dark" : "light");
+}
+
+void Monkey::SwitchFocus()
+{
+    Send(WM_KILLFOCUS, 0, 0);
+}
+
+void Monkey::RemoveControl()
+{
+    const LPARAM at = AnyPoint();
+    POINT point{static_cast<short>(LOWORD(at)), static_cast<short>(HIWORD(at))};
+    DUI::IDUIControl* const control = m_run.Window().FindControl(&point);
+    DUI::IDUIControl* const parent = control ? control->GetParent() : nullptr;
+    if (parent)
+        parent->RemoveControl(DUI::CRefPtr<DUI::IDUIControl>(control));
+}
+
+class MonkeyTest : public GalleryTest {};
+
+TEST_F(MonkeyTest, AnyOrderOfEventsOnEveryPageLeavesNothingBehind)
+{
+    GalleryRun run;
+    Monkey monkey(run);
+    const int pages = static_cast<int>(run.Pages().size());
+    for (const std::string& page : run.Pages()) {
+        SCOPED_TRACE(page);
+        monkey.Use(page, (EventCount() + pages - 1) / pages);
+        ASSERT_FALSE(HasFatalFailure());
+    }
+}
+
+}  // namespace
+}  // namespace qvui::test
