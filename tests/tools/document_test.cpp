@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <qvui/platform/cstring.h>
+
 #include "qvui-skin/document.h"
 
 namespace qvui::skin_tool {
@@ -7,7 +9,8 @@ namespace {
 
 TEST(Document, TellsLineAndColumnInCharacters)
 {
-    const std::string text = "one\ntwo \xC3\xA4\xC3\xB6 x\r\n\nend";
+    const std::string text(CString::FromUtf8("one\ntwo \xC3\xA4\xC3\xB6 x\r\n\nend").View());
+    const auto at = [&text](const char* what) { return static_cast<int>(text.find(what)); };
     struct Case {
         const char* name;
         int offset;
@@ -16,14 +19,14 @@ TEST(Document, TellsLineAndColumnInCharacters)
     };
     const std::vector<Case> cases{
         {"the start", 0, 1, 1},           {"the end of a line", 3, 1, 4},
-        {"a line's first", 4, 2, 1},      {"behind two-byte characters", 13, 2, 8},
-        {"an empty line", 16, 3, 1},      {"the last line", 17, 4, 1},
+        {"a line's first", 4, 2, 1},      {"behind two-byte characters", at("x"), 2, 8},
+        {"an empty line", at("\n\n") + 1, 3, 1},      {"the last line", at("end"), 4, 1},
         {"behind the text", 1000, 4, 4},  {"before the text", -1, 1, 1},
     };
     for (const Case& c : cases) {
-        const Position at = PositionOf(text, c.offset);
-        EXPECT_EQ(at.line, c.line) << c.name;
-        EXPECT_EQ(at.column, c.column) << c.name;
+        const Position place = PositionOf(text, c.offset);
+        EXPECT_EQ(place.line, c.line) << c.name;
+        EXPECT_EQ(place.column, c.column) << c.name;
     }
 }
 
