@@ -74,9 +74,7 @@ UINT g_override = 0;
 
 class Converter {
 public:
-    Converter(UINT from, UINT to) : m_descriptor(iconv_open(NameOf(to).c_str(), NameOf(from).c_str()))
-    {
-    }
+    Converter(UINT from, UINT to) : m_descriptor(iconv_open(NameOf(to).c_str(), NameOf(from).c_str())) {}
     Converter(const Converter&) = delete;
     Converter& operator=(const Converter&) = delete;
     ~Converter()
@@ -157,31 +155,46 @@ bool IsUndefinedControl(UINT codePage, unsigned number)
     return !isDefined;
 }
 
-// The length of the broken character at the start of a text: both bytes of a pair that is none.
-std::size_t BrokenLength(UINT codePage, std::string_view text)
+// The forms of well-formed UTF-8: what the first two bytes of a sequence may be; all others are 80 to BF.
+struct Utf8Form {
+    unsigned char firstLead, lastLead;
+    std::size_t length;
+    unsigned char firstSecond, lastSecond;
+};
+constexpr Utf8Form kUtf8Forms[] = {
+    {0x00, 0x7F, 1, 0, 0},       {0xC2, 0xDF, 2, 0x80, 0xBF}, {0xE0, 0xE0, 3, 0xA0, 0xBF},
+    {0xE1, 0xEC, 3, 0x80, 0xBF}, {0xED, 0xED, 3, 0x80, 0x9F}, {0xEE, 0xEF, 3, 0x80, 0xBF},
+    {0xF0, 0xF0, 4, 0x90, 0xBF}, {0xF1, 0xF3, 4, 0x80, 0xBF}, {0xF4, 0xF4, 4, 0x80, 0x8F},
+};
+
+struct Utf8Sequence {
+    std::size_t length;  // at least 1
+    bool isWhole;
+};
+
+// The character at the start of a text, or as much of one as there is.
+Utf8Sequence ReadUtf8(std::string_view text)
 {
-    return text.size() > 1 && IsDBCSLeadByteEx(codePage, static_cast<BYTE>(text[0])) ? 2 : 1;
+    const auto byte = [text](std::size_t at) { return static_cast<unsigned char>(text[at]); };
+    for (const Utf8Form& form : kUtf8Forms) {
+        if (byte(0) < form.firstLead || byte(0) > form.lastLead)
+            continue;
+        std::size_t length = 1;
+        while (length < std::min(form.length, text.size()) &&
+               byte(length) >= (length == 1 ? form.firstSecond : 0x80) &&
+               byte(length) <= (length == 1 ? form.lastSecond : 0xBF))
+            ++length;
+        return {length, length == form.length};
+    }
+    return {1, false};
 }
 
-// Whether the bytes, which end at a character's end, are one character of well-formed UTF-8.
-bool IsUtf8Character(std::string_view bytes)
+// The length of the broken character at the start of a text: of a pair that is none both bytes.
+std::size_t BrokenLength(UINT codePage, std::string_view text)
 {
-    struct Form {
-        unsigned char firstLead, lastLead;
-        std::size_t length;
-        unsigned char firstSecond, lastSecond;  // what the second byte may be
-    };
-    static constexpr Form kForms[] = {
-        {0x00, 0x7F, 1, 0, 0},       {0xC2, 0xDF, 2, 0x80, 0xBF}, {0xE0, 0xE0, 3, 0xA0, 0xBF},
-        {0xE1, 0xEC, 3, 0x80, 0xBF}, {0xED, 0xED, 3, 0x80, 0x9F}, {0xEE, 0xEF, 3, 0x80, 0xBF},
-        {0xF0, 0xF0, 4, 0x90, 0xBF}, {0xF1, 0xF3, 4, 0x80, 0xBF}, {0xF4, 0xF4, 4, 0x80, 0x8F},
-    };
-    const auto lead = static_cast<unsigned char>(bytes[0]);
-    const auto second = static_cast<unsigned char>(bytes.size() > 1 ? bytes[1] : 0);
-    return std::any_of(std::begin(kForms), std::end(kForms), [&](const Form& form) {
-        return lead >= form.firstLead && lead <= form.lastLead && bytes.size() == form.length &&
-               second >= form.firstSecond && second <= form.lastSecond;
-    });
+    if (codePage == kUtf8)
+        return ReadUtf8(text).length;
+    return text.size() > 1 && IsDBCSLeadByteEx(codePage, static_cast<BYTE>(text[0])) ? 2 : 1;
 }
 
 // UTF-8 of the system code page with everything that is no character replaced.
@@ -193,7 +206,8 @@ std::string ValidUtf8(std::string_view text)
     for (const char* at = text.data(); at < end;) {
         const auto length = static_cast<std::size_t>(CharacterLength(at, end));
         const std::string_view character(at, length);
-        result += IsUtf8Character(character) ? character : kReplacement;
+        const Utf8Sequence sequence = ReadUtf8(character);
+        result += sequence.isWhole && sequence.length == length ? character : kReplacement;
         at += length;
     }
     return result;

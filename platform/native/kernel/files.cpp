@@ -1,6 +1,8 @@
 // Files under platform paths: either separator, and letter case as the author of a skin happened to write it.
 
 #include <dirent.h>
+#include <sys/stat.h>
+#include <unistd.h>
 
 #include <algorithm>
 #include <cstdio>
@@ -33,10 +35,13 @@ std::string MatchingEntry(const std::string& folder, const std::string& name)
 
 bool Exists(const std::string& path)
 {
-    std::FILE* file = std::fopen(path.c_str(), "rb");
-    if (file)
-        std::fclose(file);
-    return file != nullptr;
+    return access(path.c_str(), F_OK) == 0;
+}
+
+bool IsFolder(const std::string& path)
+{
+    struct stat status {};
+    return stat(path.c_str(), &status) == 0 && S_ISDIR(status.st_mode);
 }
 
 }  // namespace
@@ -79,7 +84,8 @@ using namespace qvui::native;
 std::FILE* OpenPlatformFile(const char* path, const char* mode)
 {
     const bool reads = mode && mode[0] == 'r';
-    return std::fopen((reads ? ExistingPath(path) : LocalPath(path)).c_str(), mode);
+    const std::string local = reads ? ExistingPath(path) : LocalPath(path);
+    return IsFolder(local) ? nullptr : std::fopen(local.c_str(), mode);
 }
 
 namespace {

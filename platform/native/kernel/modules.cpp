@@ -3,7 +3,9 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <cstdlib>
 #include <cstring>
+#include <deque>
 #include <map>
 #include <memory>
 #include <string>
@@ -25,7 +27,7 @@ struct Module {
     std::string path;
     int references = 0;
     std::vector<std::uint8_t> file;
-    std::vector<ResourceEntry> resources;
+    std::deque<ResourceEntry> resources;  // which resource handles point into
     std::map<std::string, FARPROC> functions;
     bool isBuiltIn = false;
 };
@@ -98,16 +100,6 @@ bool RegisterBuiltInFunction(const char* module, const char* name, FARPROC funct
     return true;
 }
 
-bool RegisterExecutableResources(std::span<const std::uint8_t> moduleFile)
-{
-    auto resources = ReadResourceDirectory(moduleFile);
-    if (!resources)
-        return false;
-    std::vector<ResourceEntry>& own = Find(nullptr)->resources;
-    own.insert(own.end(), resources->begin(), resources->end());
-    return true;
-}
-
 }  // namespace qvui::native
 
 using namespace qvui::native;
@@ -166,8 +158,18 @@ HMODULE LoadLibraryA(LPCSTR path)
         SetLastError(module->file.empty() ? ERROR_MOD_NOT_FOUND : ERROR_BAD_EXE_FORMAT);
         return nullptr;
     }
-    module->resources = std::move(*resources);
+    module->resources.assign(resources->begin(), resources->end());
     return static_cast<HMODULE>(All().table.Insert(std::move(module)));
+}
+
+BOOL RegisterExecutableResources(const void* moduleFile, SIZE_T size)
+{
+    auto resources = ReadResourceDirectory({static_cast<const std::uint8_t*>(moduleFile), size});
+    if (!resources)
+        return FALSE;
+    std::deque<ResourceEntry>& own = Find(nullptr)->resources;
+    own.insert(own.end(), resources->begin(), resources->end());
+    return TRUE;
 }
 
 BOOL FreeLibrary(HMODULE module)
@@ -200,10 +202,15 @@ HRSRC FindResourceA(HMODULE module, LPCSTR name, LPCSTR type)
     }
     const ResourceKey typeKey = KeyOf(type);
     const ResourceKey nameKey = KeyOf(name);
-    for (const ResourceEntry& entry : found->resources)
-        if (entry.type.Matches(typeKey) && entry.name.Matches(nameKey))
+    DWORD error = found->resources.empty() ? ERROR_RESOURCE_DATA_NOT_FOUND : ERROR_RESOURCE_TYPE_NOT_FOUND;
+    for (const ResourceEntry& entry : found->resources) {
+        if (!entry.type.Matches(typeKey))
+            continue;
+        if (entry.name.Matches(nameKey))
             return reinterpret_cast<HRSRC>(const_cast<ResourceEntry*>(&entry));
-    SetLastError(ERROR_RESOURCE_NAME_NOT_FOUND);
+        error = ERROR_RESOURCE_NAME_NOT_FOUND;
+    }
+    SetLastError(error);
     return nullptr;
 }
 

@@ -1,46 +1,68 @@
 // Case, comparison and the language of the system.
 
+#include <locale.h>
+#include <wctype.h>
+
+#include <algorithm>
 #include <cstdlib>
 #include <cstring>
 #include <cwctype>
 #include <string>
 #include <string_view>
 
-#include "native/kernel/code_pages.h"
+#include <qvui/platform/cstring.h>
+#include <qvui/platform/native/kernel.h>
 
 namespace {
 
-// Changes case character by character; one whose other case has another length stays as it is.
-template <class Map>
-void MapCharacters(LPSTR text, DWORD length, Map map)
+// A locale that knows the case of every letter, whatever the program's own is; null where there is none.
+locale_t LetterLocale()
 {
-    bool plain = true;
-    for (DWORD i = 0; i < length; ++i)
-        plain = plain && static_cast<unsigned char>(text[i]) < 0x80;
-    if (plain) {
-        for (DWORD i = 0; i < length; ++i)
-            text[i] = static_cast<char>(map(static_cast<unsigned char>(text[i])));
-        return;
-    }
-    const std::string utf8 = qvui::native::SystemToUtf8({text, length});
-    std::u16string wide(utf8.size() + 1, u'\0');
-    const int count = MultiByteToWideChar(CP_UTF8, 0, utf8.data(), static_cast<int>(utf8.size()), wide.data(),
-                                          static_cast<int>(wide.size()));
-    for (int i = 0; i < count; ++i)
-        wide[static_cast<std::size_t>(i)] = static_cast<char16_t>(map(wide[static_cast<std::size_t>(i)]));
-    std::string result(length, '\0');
-    if (WideCharToMultiByte(CP_ACP, 0, wide.data(), count, result.data(), static_cast<int>(length), nullptr,
-                            nullptr) == static_cast<int>(length))
-        std::memcpy(text, result.data(), length);
+    static const locale_t locale = newlocale(LC_CTYPE_MASK, "C.UTF-8", nullptr);
+    return locale;
 }
 
-unsigned Upper(unsigned character)
+wint_t Upper(wint_t character)
 {
-    return static_cast<unsigned>(std::towupper(static_cast<wint_t>(character)));
+    return LetterLocale() ? towupper_l(character, LetterLocale()) : std::towupper(character);
 }
-unsigned Lower(unsigned character)
+
+wint_t Lower(wint_t character)
 {
-    return static_cast<unsigned>(std::towlower(static_cast<wint_t>(character)));
+    return LetterLocale() ? towlower_l(character, LetterLocale()) : std::towlower(character);
+}
+
+using CaseMap = wint_t (*)(wint_t);
+
+// Changes one character; one that is none, or whose other case has another length, stays as it is.
+void MapCharacter(LPSTR text, int length, CaseMap map)
+{
+    WCHAR wide[2];
+    if (MultiByteToWideChar(CP_ACP, MB_ERR_INVALID_CHARS, text, length, wide, 2) != 1)
+        return;
+    const WCHAR mapped = static_cast<WCHAR>(map(wide[0]));
+    char result[4];
+    if (mapped != wide[0] &&
+        WideCharToMultiByte(CP_ACP, 0, &mapped, 1, result, sizeof result, nullptr, nullptr) == length)
+        std::memcpy(text, result, static_cast<std::size_t>(length));
+}
+
+void MapCharacters(LPSTR text, DWORD length, CaseMap map)
+{
+    for (LPSTR end = text + length; text < end;) {
+        const int size = CharacterLength(text, end);
+        if (static_cast<unsigned char>(*text) < 0x80)
+            *text = static_cast<char>(map(static_cast<unsigned char>(*text)));
+        else
+            MapCharacter(text, size, map);
+        text += size;
+    }
+}
+
+bool IsAscii(std::string_view text)
+{
+    return std::all_of(text.begin(), text.end(),
+                       [](char byte) { return static_cast<unsigned char>(byte) < 0x80; });
 }
 
 // Symbols stand before digits, digits before letters, letters before everything beyond ASCII.
@@ -111,6 +133,8 @@ int lstrcmpA(LPCSTR left, LPCSTR right)
 int lstrcmpiA(LPCSTR left, LPCSTR right)
 {
     return CompareNullable(left, right, [](std::string_view a, std::string_view b) {
+        if (IsAscii(a) && IsAscii(b))
+            return CompareWeights(a, b, true);
         std::string lowerA(a);
         std::string lowerB(b);
         CharLowerBuffA(lowerA.data(), static_cast<DWORD>(lowerA.size()));

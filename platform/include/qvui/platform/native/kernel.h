@@ -42,6 +42,10 @@ QVUI_PLATFORM HGLOBAL LoadResource(HMODULE module, HRSRC resource);
 QVUI_PLATFORM LPVOID LockResource(HGLOBAL resource);
 QVUI_PLATFORM DWORD SizeofResource(HMODULE module, HRSRC resource);
 
+/// Makes the resources of a module file that is part of the executable the executable's own, beside those that it
+/// has; the build calls this. The bytes stay the caller's and must never go away. FALSE when they are no module.
+QVUI_PLATFORM BOOL RegisterExecutableResources(const void* moduleFile, SIZE_T size);
+
 #define RT_CURSOR MAKEINTRESOURCEA(1)
 #define RT_BITMAP MAKEINTRESOURCEA(2)
 #define RT_ICON MAKEINTRESOURCEA(3)
