@@ -13,8 +13,10 @@ constexpr int kEvents = 20000;
 constexpr unsigned kSeed = 20240229;
 constexpr SIZE kSmallest{760, 480};
 constexpr SIZE kLargest{1600, 1000};
-// New controls for all of the window, the long lists included.
+// A new language or window means new controls, the long lists included, which takes as long as many events.
 constexpr int kEventsPerLanguage = 10000;
+constexpr int kPressesPerClose = 8;
+constexpr std::size_t kMostRemoved = 4;
 
 int EventCount()
 {
@@ -26,13 +28,18 @@ class Monkey {
 public:
     explicit Monkey(GalleryRun& run) : m_run(run), m_random(kSeed) {}
 
-    /// Shows the page in fresh controls and does things to it.
+    /// Shows the page and does things to it.
     void Use(const std::string& page, int events);
 
 private:
     struct Action {
         int weight;
         void (Monkey::*act)();
+    };
+    struct Removed {
+        DUI::CRefPtr<DUI::IDUIControl> control;
+        DUI::CRefPtr<DUI::IDUIControl> parent;
+        int index;
     };
     static const Action kActions[];
 
@@ -57,6 +64,8 @@ private:
     void SwitchSkin();
     void SwitchFocus();
     void RemoveControl();
+    /// Returns the control that was removed last to its place.
+    void PutBack();
 
     int Below(int end) { return static_cast<int>(m_random() % static_cast<unsigned>(end)); }
     LPARAM AnyPoint();
@@ -65,6 +74,8 @@ private:
     GalleryRun& m_run;
     std::mt19937 m_random;
     std::string m_page;
+    std::vector<Removed> m_removed;
+    int m_count = 0;
 };
 
 const Monkey::Action Monkey::kActions[] = {
@@ -72,13 +83,16 @@ const Monkey::Action Monkey::kActions[] = {
     {50, &Monkey::DoubleClick},  {40, &Monkey::Drag},        {5, &Monkey::Leave},    {60, &Monkey::Wheel},
     {150, &Monkey::Key},         {60, &Monkey::Timer},       {40, &Monkey::Paint},   {20, &Monkey::DeliverQueue},
     {4, &Monkey::Resize},        {2, &Monkey::SwitchSkin},   {4, &Monkey::SwitchFocus},
-    {2, &Monkey::RemoveControl}};
+    {8, &Monkey::RemoveControl}, {8, &Monkey::PutBack}};
 
 void Monkey::Use(const std::string& page, int events)
 {
     m_page = page;
+    while (!m_removed.empty())
+        PutBack();
+    m_run.Window().ShowPage(m_page.c_str());
     for (int i = 0; i < events; ++i) {
-        if (i % kEventsPerLanguage == 0)
+        if (++m_count % kEventsPerLanguage == 0)
             Renew();
         ActOnce();
         Recover();
@@ -105,6 +119,7 @@ void Monkey::ActOnce()
 void Monkey::Recover()
 {
     if (!m_run.IsOpen()) {
+        m_removed.clear();
         Pump();
         m_run.Open();
         m_run.Window().ShowPage(m_page.c_str());
@@ -113,9 +128,9 @@ void Monkey::Recover()
     }
 }
 
-// Another language builds all controls anew, so that the removed ones are back.
 void Monkey::Renew()
 {
+    m_removed.clear();
     DUI::IDUISkinMgr& skins = GalleryRun::Skins();
     skins.SetLanguageType(skins.GetLanguageType() == "English" ? "Chinese" : "English");
     EXPECT_TRUE(m_run.Window().ShowPage(m_page.c_str())) << m_page;
@@ -127,9 +142,13 @@ LPARAM Monkey::AnyPoint()
     GetClientRect(m_run.Handle(), &client);
     // Sometimes outside, as with a captured pointer.
     constexpr int kOutside = 10;
-    const int x = Below(client.right + 2 * kOutside) - kOutside;
-    const int y = Below(client.bottom + 2 * kOutside) - kOutside;
-    return MAKELPARAM(x, y);
+    POINT point{};
+    DUI::IDUIControl* control = nullptr;
+    do {
+        point = {Below(client.right + 2 * kOutside) - kOutside, Below(client.bottom + 2 * kOutside) - kOutside};
+        control = m_run.Window().FindControl(&point);
+    } while (control && control->GetName() == "close" && Below(kPressesPerClose) != 0);
+    return MAKELPARAM(point.x, point.y);
 }
 
 void Monkey::Send(UINT message, WPARAM wParam, LPARAM lParam)
@@ -247,8 +266,20 @@ void Monkey::RemoveControl()
     POINT point{static_cast<short>(LOWORD(at)), static_cast<short>(HIWORD(at))};
     DUI::IDUIControl* const control = m_run.Window().FindControl(&point);
     DUI::IDUIControl* const parent = control ? control->GetParent() : nullptr;
-    if (parent)
-        parent->RemoveControl(DUI::CRefPtr<DUI::IDUIControl>(control));
+    if (!parent || m_removed.size() == kMostRemoved)
+        return;
+    const DUI::CRefPtr<DUI::IDUIControl> removed(control);
+    m_removed.push_back({removed, parent, parent->GetControlIndex(removed)});
+    parent->RemoveControl(removed);
+}
+
+void Monkey::PutBack()
+{
+    if (m_removed.empty())
+        return;
+    const Removed last = m_removed.back();
+    m_removed.pop_back();
+    last.parent->AddControlAt(last.index, last.control);
 }
 
 class MonkeyTest : public GalleryTest {};
