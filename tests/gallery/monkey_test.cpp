@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <cstdlib>
 #include <random>
 
@@ -24,12 +25,20 @@ int EventCount()
     return value && std::atoi(value) > 0 ? std::atoi(value) : kEvents;
 }
 
+// Showing and hiding their hundred thousand rows takes longer than everything else, so these pages come first.
+bool HasLongList(const std::string& page)
+{
+    return page == "lists" || page == "trees";
+}
+
 class Monkey {
 public:
     explicit Monkey(GalleryRun& run) : m_run(run), m_random(kSeed) {}
 
     /// Shows the page and does things to it.
     void Use(const std::string& page, int events);
+    /// Takes the controls with very many rows out of the window.
+    void DropLongLists();
 
 private:
     struct Action {
@@ -69,6 +78,8 @@ private:
 
     int Below(int end) { return static_cast<int>(m_random() % static_cast<unsigned>(end)); }
     LPARAM AnyPoint();
+    /// Whether to leave a control alone that makes the whole window anew, as most of the time.
+    bool Spares(DUI::IDUIControl* control);
     void Send(UINT message, WPARAM wParam, LPARAM lParam);
 
     GalleryRun& m_run;
@@ -99,6 +110,14 @@ void Monkey::Use(const std::string& page, int events)
         if (testing::Test::HasFatalFailure())
             return;
     }
+}
+
+void Monkey::DropLongLists()
+{
+    m_removed.clear();
+    for (const char* const name : {"list_many", "tree_many"})
+        if (DUI::IDUIControl* const control = m_run.Window().GetControlByName(name, TRUE))
+            control->GetParent()->RemoveControl(DUI::CRefPtr<DUI::IDUIControl>(control));
 }
 
 void Monkey::ActOnce()
@@ -136,6 +155,12 @@ void Monkey::Renew()
     EXPECT_TRUE(m_run.Window().ShowPage(m_page.c_str())) << m_page;
 }
 
+bool Monkey::Spares(DUI::IDUIControl* control)
+{
+    return control && (control->GetName() == "close" || control->GetName() == "language") &&
+           Below(kPressesPerClose) != 0;
+}
+
 LPARAM Monkey::AnyPoint()
 {
     RECT client{};
@@ -147,7 +172,7 @@ LPARAM Monkey::AnyPoint()
     do {
         point = {Below(client.right + 2 * kOutside) - kOutside, Below(client.bottom + 2 * kOutside) - kOutside};
         control = m_run.Window().FindControl(&point);
-    } while (control && control->GetName() == "close" && Below(kPressesPerClose) != 0);
+    } while (Spares(control));
     return MAKELPARAM(point.x, point.y);
 }
 
@@ -219,6 +244,8 @@ void Monkey::Key()
     constexpr WPARAM kKeys[] = {VK_TAB,  VK_TAB,  VK_TAB,   VK_UP,    VK_DOWN,   VK_LEFT, VK_RIGHT, VK_SPACE, VK_RETURN,
                                 VK_HOME, VK_END,  VK_PRIOR, VK_NEXT,  VK_ESCAPE, 'A',     'M',      'S',      'Z'};
     const WPARAM key = kKeys[Below(static_cast<int>(std::size(kKeys)))];
+    if ((key == VK_SPACE || key == VK_RETURN) && Spares(m_run.Window().GetFocusControl()))
+        return;
     Send(WM_KEYDOWN, key, 1);
     if (key == VK_SPACE || key >= 'A')
         Send(WM_CHAR, key, 1);
@@ -288,10 +315,14 @@ TEST_F(MonkeyTest, AnyOrderOfEventsOnEveryPageLeavesNothingBehind)
 {
     GalleryRun run;
     Monkey monkey(run);
-    const int pages = static_cast<int>(run.Pages().size());
-    for (const std::string& page : run.Pages()) {
-        SCOPED_TRACE(page);
-        monkey.Use(page, (EventCount() + pages - 1) / pages);
+    std::vector<std::string> pages = run.Pages();
+    const auto others = std::stable_partition(pages.begin(), pages.end(), HasLongList);
+    const int count = static_cast<int>(pages.size());
+    for (auto page = pages.begin(); page != pages.end(); ++page) {
+        SCOPED_TRACE(*page);
+        if (page == others)
+            monkey.DropLongLists();
+        monkey.Use(*page, (EventCount() + count - 1) / count);
         ASSERT_FALSE(HasFatalFailure());
     }
 }
