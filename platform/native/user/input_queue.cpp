@@ -124,14 +124,17 @@ public:
         state.pointer = screen;
         state.isPointerOutside = false;
         AddMove(screen);
-        g_seenUnderPointer = WindowAt(screen);
+        // During a capture the others do not learn of it; ReleaseCapture makes up for that.
+        if (!state.capture)
+            g_seenUnderPointer = WindowAt(screen);
     }
     void OnPointerLeft() override
     {
         TheInputState().isPointerOutside = true;
+        if (TheInputState().capture)
+            return;
         g_seenUnderPointer = nullptr;
-        if (!TheInputState().capture)
-            PointerIsOver(nullptr);
+        PointerIsOver(nullptr);
     }
     void OnButton(int button, bool isDown) override
     {

@@ -12,6 +12,8 @@ struct Queue {
     std::deque<MSG> posted;
     bool hasQuit = false;
     int exitCode = 0;
+    POINT lastPoint{};  // where the pointer was at the message that was taken out last
+    DWORD lastTime = 0;
 };
 
 Queue& TheQueue()
@@ -66,6 +68,12 @@ bool Take(MSG& message, const MessageFilter& filter, bool removes)
            TakePaint(message, filter) || TakeTimer(message, filter, removes) || TakeHover(message, filter, removes);
 }
 
+void Remember(const MSG& message)
+{
+    TheQueue().lastPoint = message.pt;
+    TheQueue().lastTime = message.time;
+}
+
 int MillisecondsToWait()
 {
     const int timer = MillisecondsToNextTimer();
@@ -109,7 +117,12 @@ void PostQuitMessage(int exitCode)
 
 BOOL PeekMessageA(MSG* message, HWND window, UINT first, UINT last, UINT remove)
 {
-    return Take(*message, {window, first, last}, (remove & PM_REMOVE) != 0);
+    const bool removes = (remove & PM_REMOVE) != 0;
+    if (!Take(*message, {window, first, last}, removes))
+        return FALSE;
+    if (removes)
+        Remember(*message);
+    return TRUE;
 }
 
 BOOL GetMessageA(MSG* message, HWND window, UINT first, UINT last)
@@ -117,8 +130,17 @@ BOOL GetMessageA(MSG* message, HWND window, UINT first, UINT last)
     const MessageFilter filter{window, first, last};
     while (!Take(*message, filter, true))
         TheDisplay().Wait(MillisecondsToWait(), TheInputSink());
+    Remember(*message);
     return message->message != WM_QUIT;
 }
+
+DWORD GetMessagePos()
+{
+    const POINT point = TheQueue().lastPoint;
+    return static_cast<DWORD>(MAKELONG(static_cast<WORD>(point.x), static_cast<WORD>(point.y)));
+}
+
+LONG GetMessageTime() { return static_cast<LONG>(TheQueue().lastTime); }
 
 LRESULT DispatchMessageA(const MSG* message)
 {

@@ -54,10 +54,8 @@ RECT PlaceAt(const Drag& drag, POINT now)
     return rect;
 }
 
-void Follow(const Drag& drag)
+void Follow(const Drag& drag, POINT now)
 {
-    POINT now{};
-    GetCursorPos(&now);
     RECT rect = PlaceAt(drag, now);
     SendMessageA(drag.window, drag.hit == HTCAPTION ? WM_MOVING : WM_SIZING,
                  drag.hit == HTCAPTION ? 0 : static_cast<WPARAM>(drag.hit - HTLEFT + 1), reinterpret_cast<LPARAM>(&rect));
@@ -74,7 +72,7 @@ void RunLoop(const Drag& drag)
             return;
         }
         if (message.hwnd == drag.window && message.message == WM_MOUSEMOVE) {
-            Follow(drag);
+            Follow(drag, message.pt);
         } else if (message.message == WM_KEYDOWN && message.wParam == VK_ESCAPE) {
             MoveWindow(drag.window, drag.start.left, drag.start.top, drag.start.right - drag.start.left,
                        drag.start.bottom - drag.start.top, TRUE);
@@ -110,7 +108,9 @@ void MoveOrSizeByCommand(HWND window, WPARAM command)
     Drag drag{window, isMove ? HTCAPTION : HTLEFT + edge - 1, {}, {}, SizeLimits(window)};
     if ((!isMove && !isSize) || GetKeyState(VK_LBUTTON) >= 0 || IsZoomed(window) || !GetWindowRect(window, &drag.start))
         return;
-    GetCursorPos(&drag.from);
+    // Where the pointer was at the press: it may have moved on since.
+    const DWORD press = GetMessagePos();
+    drag.from = {GET_X_LPARAM(press), GET_Y_LPARAM(press)};
     SetCapture(window);
     SendMessageA(window, WM_ENTERSIZEMOVE, 0, 0);
     RunLoop(drag);

@@ -91,7 +91,7 @@ void HeadlessDisplay::Key(int virtualKey, bool isDown)
 
 void HeadlessDisplay::Type(const std::string& utf8) { TheInputSink().OnText(utf8); }
 
-HeadlessDisplay::Shown* HeadlessDisplay::Find(HWND window)
+HeadlessDisplay::Shown* HeadlessDisplay::Entry(HWND window)
 {
     const auto found = std::find_if(m_windows.begin(), m_windows.end(),
                                     [window](const Shown& shown) { return shown.window == window; });
@@ -100,7 +100,7 @@ HeadlessDisplay::Shown* HeadlessDisplay::Find(HWND window)
 
 const HeadlessDisplay::Shown* HeadlessDisplay::Find(HWND window) const
 {
-    return const_cast<HeadlessDisplay*>(this)->Find(window);
+    return const_cast<HeadlessDisplay*>(this)->Entry(window);
 }
 
 void HeadlessDisplay::Open(HWND window, const RECT& screen, const SurfaceOptions& options)
@@ -121,19 +121,19 @@ void HeadlessDisplay::Close(HWND window)
 
 void HeadlessDisplay::Move(HWND window, const RECT& screen)
 {
-    if (Shown* shown = Find(window))
+    if (Shown* shown = Entry(window))
         shown->screen = screen;
 }
 
 void HeadlessDisplay::Show(HWND window, bool isShown)
 {
-    if (Shown* shown = Find(window))
+    if (Shown* shown = Entry(window))
         shown->isShown = isShown;
 }
 
 void HeadlessDisplay::Minimise(HWND window, bool isMinimised)
 {
-    if (Shown* shown = Find(window))
+    if (Shown* shown = Entry(window))
         shown->isMinimised = isMinimised;
 }
 
@@ -145,19 +145,19 @@ void HeadlessDisplay::Raise(HWND window)
 
 void HeadlessDisplay::SetTitle(HWND window, const std::string& utf8)
 {
-    if (Shown* shown = Find(window))
+    if (Shown* shown = Entry(window))
         shown->options.title = utf8;
 }
 
 void HeadlessDisplay::SetShape(HWND window, const Region* shape)
 {
-    if (Shown* shown = Find(window))
+    if (Shown* shown = Entry(window))
         shown->shape = shape ? std::optional(*shape) : std::nullopt;
 }
 
 void HeadlessDisplay::SetOpacity(HWND window, std::uint8_t alpha)
 {
-    if (Shown* shown = Find(window))
+    if (Shown* shown = Entry(window))
         shown->opacity = alpha;
 }
 
@@ -185,7 +185,7 @@ std::uint32_t HeadlessDisplay::PixelAt(POINT screen) const
 
 void HeadlessDisplay::Present(HWND window, const Surface& surface, const RECT& damage)
 {
-    Shown* shown = Find(window);
+    Shown* shown = Entry(window);
     const RECT part = Intersection(damage, {0, 0, surface.width, surface.height});
     if (!shown || IsEmptyRect(part))
         return;

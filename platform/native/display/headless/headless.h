@@ -87,7 +87,7 @@ public:
     std::vector<Screen> Screens() override { return m_screens.empty() ? Display::Screens() : m_screens; }
 
 private:
-    Shown* Find(HWND window);
+    Shown* Entry(HWND window);
 
     std::vector<Shown> m_windows;
     std::vector<Screen> m_screens;

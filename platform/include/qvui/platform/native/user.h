@@ -471,6 +471,8 @@ QVUI_PLATFORM BOOL PostMessageA(HWND window, UINT message, WPARAM wParam, LPARAM
 QVUI_PLATFORM void PostQuitMessage(int exitCode);
 QVUI_PLATFORM BOOL PeekMessageA(MSG* message, HWND window, UINT first, UINT last, UINT remove);
 QVUI_PLATFORM BOOL GetMessageA(MSG* message, HWND window, UINT first, UINT last);
+QVUI_PLATFORM DWORD GetMessagePos();
+QVUI_PLATFORM LONG GetMessageTime();
 QVUI_PLATFORM BOOL TranslateMessage(const MSG* message);
 QVUI_PLATFORM LRESULT DispatchMessageA(const MSG* message);
 QVUI_PLATFORM LRESULT DefWindowProcA(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
