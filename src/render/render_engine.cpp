@@ -22,6 +22,16 @@ private:
     HGDIOBJ m_hOld;
 };
 
+constexpr BLENDFUNCTION kBlendByPixels{AC_SRC_OVER, 0, 255, AC_SRC_ALPHA};
+
+// Multiplies pixels with a constant alpha as the platform's blend would, with its rounding. Done once for
+// each colour, it leaves the blend a simpler sum for each pixel, and the same bits.
+void Weigh(BYTE* pixels, int count, int alpha)
+{
+    for (int i = 0; i < 4 * count; ++i)
+        pixels[i] = static_cast<BYTE>((pixels[i] * alpha + 127) / 255);
+}
+
 void Stroke(HDC hdc, int style, int x1, int y1, int x2, int y2, int penWidth, const CARGB& color)
 {
     if (penWidth == 0)
@@ -53,8 +63,9 @@ void CDUIRenderEngine::FillRect(HDC hdc, const RECT& rect, const CARGB& color)
     if (!bytes)
         return;
     color.WriteToDIB4(bytes);
-    const BLENDFUNCTION blend{AC_SRC_OVER, 0, color.GetA(), AC_SRC_ALPHA};
-    AlphaBlend(hdc, rect.left, rect.top, Width(rect), Height(rect), pixel.Context(), 0, 0, 1, 1, blend);
+    Weigh(bytes, 1, color.GetA());
+    AlphaBlend(hdc, rect.left, rect.top, Width(rect), Height(rect), pixel.Context(), 0, 0, 1, 1,
+               kBlendByPixels);
 }
 
 void CDUIRenderEngine::DrawRectangleBorder(HDC hdc, const RECT& rect, const RECT& widths, const CARGB& color)
@@ -111,27 +122,28 @@ void CDUIRenderEngine::BlendGradient(HDC hdc, const RECT& rect, const CARGB& fro
     constexpr int kStrip = 4096;
     static KeptSurface column(1, kStrip);
     static KeptSurface row(kStrip, 1);
-    const HDC strip = (vertical ? column : row).Context();
+    KeptSurface& surface = vertical ? column : row;
+    const HDC strip = surface.Context();
     RECT box{};
     RECT visible{};
     if (!strip || GetClipBox(hdc, &box) == ERROR || !IntersectRect(&visible, &rect, &box))
         return;
-    const BLENDFUNCTION blend{AC_SRC_OVER, 0, alpha, AC_SRC_ALPHA};
     const int end = vertical ? visible.bottom : visible.right;
-    for (int start = vertical ? visible.top : visible.left; start < end;
-         start += std::min(kStrip, end - start)) {
+    for (int start = vertical ? visible.top : visible.left; start < end;) {
         const int length = std::min(kStrip, end - start);
-        if (vertical) {
-            const RECT whole{0, WrappingDifference(rect.top, start), 1,
-                             WrappingDifference(rect.bottom, start)};
-            GradientFill(strip, whole, from.GetColor(), to.GetColor(), vertical);
-            AlphaBlend(hdc, visible.left, start, Width(visible), length, strip, 0, 0, 1, length, blend);
-        } else {
-            const RECT whole{WrappingDifference(rect.left, start), 0, WrappingDifference(rect.right, start),
-                             1};
-            GradientFill(strip, whole, from.GetColor(), to.GetColor(), vertical);
-            AlphaBlend(hdc, start, visible.top, length, Height(visible), strip, 0, 0, length, 1, blend);
-        }
+        const RECT whole =
+            vertical
+                ? RECT{0, WrappingDifference(rect.top, start), 1, WrappingDifference(rect.bottom, start)}
+                : RECT{WrappingDifference(rect.left, start), 0, WrappingDifference(rect.right, start), 1};
+        GradientFill(strip, whole, from.GetColor(), to.GetColor(), vertical);
+        Weigh(surface.Pixels(), length, alpha);
+        if (vertical)
+            AlphaBlend(hdc, visible.left, start, Width(visible), length, strip, 0, 0, 1, length,
+                       kBlendByPixels);
+        else
+            AlphaBlend(hdc, start, visible.top, length, Height(visible), strip, 0, 0, length, 1,
+                       kBlendByPixels);
+        start += length;
     }
 }
 
