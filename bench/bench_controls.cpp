@@ -12,8 +12,8 @@
 #include "support/controls/test_skin.h"
 
 // Windows of very many controls, built from a template, laid out again and painted: against Qt's widgets from
-// a form, in box layouts, and with a border-image style sheet. Behind the ratios stand the memory of a control
-// and the pixels that a hover change repaints.
+// a form, in box layouts, and with a border-image style sheet. Behind the ratios stand the memory of a
+// control and the pixels that a hover change repaints.
 
 namespace qvui::bench {
 namespace {
@@ -82,7 +82,8 @@ std::string NestedForm()
         [&](int i) {
             const std::string number = std::to_string(i);
             text += "<item><widget class=\"QPushButton\" name=\"button" + number +
-                    "\"><property name=\"text\"><string>Item " + number + "</string></property></widget></item>";
+                    "\"><property name=\"text\"><string>Item " + number +
+                    "</string></property></widget></item>";
         },
         [&](int level) { text += level ? "</layout></item>" : "</layout>"; });
     return text + "</widget></ui>";
@@ -93,8 +94,14 @@ class HiddenWindow : public CDUIWindowMgr {
 public:
     explicit HiddenWindow(const std::string& content)
     {
-        m_window = CreateWindowExA(0, "STATIC", "", WS_POPUP, 0, 0, kSize.cx, kSize.cy, nullptr, nullptr,
-                                   GetModuleHandleA(nullptr), nullptr);
+        WNDCLASSEXA windowClass{};
+        windowClass.cbSize = sizeof(windowClass);
+        windowClass.lpfnWndProc = DefWindowProcA;
+        windowClass.hInstance = GetModuleHandleA(nullptr);
+        windowClass.lpszClassName = "qvui_bench_hidden";
+        RegisterClassExA(&windowClass);
+        m_window = CreateWindowExA(0, windowClass.lpszClassName, "", WS_POPUP, 0, 0, kSize.cx, kSize.cy,
+                                   nullptr, nullptr, windowClass.hInstance, nullptr);
         Build(content);
     }
     ~HiddenWindow() override
@@ -107,7 +114,6 @@ public:
         RECT rect{0, 0, kSize.cx, kSize.cy};
         CreateFromXML(content.c_str(), m_window, rect);
         InitWindowMgr();
-        LayoutRootControl();
     }
 
 private:
@@ -203,8 +209,8 @@ std::string GridTemplate()
         const std::string number = std::to_string(i);
         text += "<button name=\"button" + number + "\" text=\"#" + number +
                 "\" back_image=\"nine\" text_style=\"centre\" position=\"" + std::to_string(left) + "," +
-                std::to_string(top) + "," + std::to_string(left + width) + "," + std::to_string(top + height) +
-                "\"/>";
+                std::to_string(top) + "," + std::to_string(left + width) + "," +
+                std::to_string(top + height) + "\"/>";
     }
     return text + "</dialog_layout>";
 }
@@ -257,6 +263,9 @@ void PrintHoverPixels()
         window.PaintNow();
         return (invalid.right - invalid.left) * (invalid.bottom - invalid.top);
     };
+    // The pointer may be over the window from the start.
+    SendMessageA(window.Handle(), WM_MOUSELEAVE, 0, 0);
+    window.PaintNow();
     const RECT first = window.Find<CDUIButton>("button0").GetControlRect();
     const LONG area = (first.right - first.left) * (first.bottom - first.top);
     const LONG entered = invalidAfterMove(first);

@@ -74,7 +74,8 @@ struct QtButtonGrid::Widgets {
     QImage image;
 };
 
-QtButtonGrid::QtButtonGrid(int width, int height, int columns, int rows, const std::string& imagePath, int corner)
+QtButtonGrid::QtButtonGrid(int width, int height, int columns, int rows, const std::string& imagePath,
+                           int corner)
 {
     Application();
     m_widgets = std::make_unique<Widgets>();
