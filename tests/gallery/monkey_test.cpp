@@ -10,7 +10,7 @@
 namespace qvui::test {
 namespace {
 
-constexpr int kEvents = 20000;
+constexpr int kEvents = 2000;
 constexpr unsigned kSeed = 20240229;
 constexpr SIZE kSmallest{760, 480};
 constexpr SIZE kLargest{1600, 1000};
