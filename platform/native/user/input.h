@@ -12,7 +12,7 @@ namespace qvui::native {
 /// What the display reported, in the order in which it happened. Which window it belongs to is decided when the
 /// message is taken out, since windows may have come and gone by then.
 struct InputEvent {
-    enum class Kind { Move, Leave, Button, Wheel, Key, Text } kind = Kind::Move;
+    enum class Kind { Move, Button, Wheel, Key, Text } kind = Kind::Move;
     POINT screen{};
     int code = 0;  // button, wheel delta or virtual key
     bool isDown = false;
@@ -33,7 +33,7 @@ struct KeyStates {
 /// The input that messages have been taken out for.
 struct InputState {
     POINT pointer{0, 0};
-    bool isPointerOutside = true;  // over none of our windows, so the display knows better where
+    bool isPointerOutside = false;  // over none of our windows, so the display knows better where
     KeyStates keys;
     HWND capture = nullptr;
 };

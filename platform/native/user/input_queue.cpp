@@ -70,22 +70,6 @@ void Drop(const InputEvent& event)
         PointerIsOver(nullptr);
 }
 
-void Leave()
-{
-    TheInputState().isPointerOutside = true;
-    if (TheInputState().capture)
-        return;
-    g_seenUnderPointer = nullptr;
-    PointerIsOver(nullptr);
-}
-
-// During a capture the others do not learn of moves; ReleaseCapture makes up for that.
-void NoteFront(const InputEvent& event)
-{
-    if (event.kind == Kind::Move && !TheInputState().capture)
-        g_seenUnderPointer = WindowAt(event.screen);
-}
-
 bool TakeWaiting(MSG& message, const MessageFilter& filter, bool removes)
 {
     std::deque<InputEvent>& waiting = Waiting();
@@ -100,16 +84,10 @@ bool TakeWaiting(MSG& message, const MessageFilter& filter, bool removes)
         // Handlers that are asked on the way may pump messages themselves, so the event is out of the queue then.
         InputEvent event = std::move(waiting[at]);
         waiting.erase(waiting.begin() + static_cast<std::ptrdiff_t>(at));
-        if (event.kind == Kind::Leave) {
-            Leave();
-            continue;
-        }
         if (event.kind == Kind::Text) {
             PostText(event.text);
             return false;  // the characters wait among the posted messages
         }
-        if (removes)
-            NoteFront(event);
         RoutedInput routed{{nullptr, WM_NULL, 0, 0, event.time, event.screen}, HTCLIENT};
         if (!Route(event, routed)) {
             Drop(event);
@@ -143,16 +121,20 @@ public:
     void OnPointer(POINT screen) override
     {
         InputState& state = TheInputState();
-        const bool isLeaving = !Waiting().empty() && Waiting().back().kind == Kind::Leave;
-        if (!state.isPointerOutside && !isLeaving && state.pointer.x == screen.x && state.pointer.y == screen.y)
-            return;
         state.pointer = screen;
         state.isPointerOutside = false;
         AddMove(screen);
+        // During a capture the others do not learn of it; ReleaseCapture makes up for that.
+        if (!state.capture)
+            g_seenUnderPointer = WindowAt(screen);
     }
     void OnPointerLeft() override
     {
-        Add({Kind::Leave, TheInputState().pointer, 0, false, {}, 0});
+        TheInputState().isPointerOutside = true;
+        if (TheInputState().capture)
+            return;
+        g_seenUnderPointer = nullptr;
+        PointerIsOver(nullptr);
     }
     void OnButton(int button, bool isDown) override
     {

@@ -19,9 +19,6 @@ std::deque<HWND>& Listed()
 
 void Mark(Window& window, const Region& area, bool erase)
 {
-    // A layer is not painted: its pixels were handed over.
-    if (window.hasLayer)
-        return;
     window.paint.region.Unite(area);
     window.paint.needsErase = window.paint.needsErase || erase;
     if (!std::exchange(window.paint.isListed, true))

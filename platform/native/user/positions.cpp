@@ -156,8 +156,6 @@ void ApplyVisibility(Window& window, bool isShown)
     }
     if (!window.IsChild() && !(window.style & WS_MINIMIZE))
         TheDisplay().Show(window.handle, isShown);
-    if (isShown && window.hasLayer)
-        PresentDamage(window, window.Client());
 }
 
 void Apply(Window& window, const WINDOWPOS& position)

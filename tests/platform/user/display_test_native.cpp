@@ -170,19 +170,6 @@ TEST_F(OnDisplay, LayeredPixelsBlendByTheirAlpha)
     EXPECT_EQ(display.PixelAt({102, 100}), 0xFF0000U) << "nothing paints over a layer";
 }
 
-TEST_F(OnDisplay, ALayerMadeWhileHiddenShowsWithItsWindow)
-{
-    PlatformWindowOptions options = Hidden(Popup("layer", {100, 100, 104, 104}));
-    options.exStyle = WS_EX_LAYERED;
-    const PlatformWindow layer(options);
-    SetLayer(layer.Handle(), std::vector<std::uint32_t>(16, 0xFF00FF00), 255);
-    EXPECT_EQ(display.PixelAt({100, 100}), 0U);
-    ShowWindow(layer.Handle(), SW_SHOWNOACTIVATE);
-    Pump();
-    EXPECT_EQ(display.PixelAt({100, 100}), 0x00FF00U);
-    EXPECT_EQ(log.Count(WM_PAINT), 0);
-}
-
 TEST_F(OnDisplay, LayersWithoutAlphaAreOpaqueOrKeyed)
 {
     const PlatformWindow below(Filled(Popup("below", {100, 100, 140, 140}), red));

@@ -148,27 +148,6 @@ TEST_F(NativeMouse, CaptureHoldsLeavingBackUntilItEnds)
     EXPECT_EQ(log.Count(WM_MOUSELEAVE), 1);
 }
 
-TEST_F(NativeMouse, ADragThatLeavesAtOnceIsOver)
-{
-    const ScopedHandler capture(top, [](const LoggedMessage& message) -> std::optional<LRESULT> {
-        if (message.message == WM_LBUTTONDOWN)
-            SetCapture(message.handle);
-        else if (message.message == WM_LBUTTONUP)
-            ReleaseCapture();
-        return std::nullopt;
-    });
-    input.MoveTo(At(100, 50));
-    Track(TME_LEAVE);
-    log.Clear();
-    InjectButton(VK_LBUTTON, true);
-    native::TheHeadlessDisplay()->LeaveWindows();
-    InjectMove(kElsewhere);
-    InjectButton(VK_LBUTTON, false);
-    Pump();
-    EXPECT_THAT(log.Lines({WM_LBUTTONDOWN, WM_MOUSEMOVE, WM_LBUTTONUP, WM_MOUSELEAVE}),
-                ElementsAre("top WM_LBUTTONDOWN", "top WM_MOUSEMOVE", "top WM_LBUTTONUP", "top WM_MOUSELEAVE"));
-}
-
 TEST_F(NativeMouse, HoverIsToldWhenThePointerRests)
 {
     input.MoveTo(At(100, 50));

@@ -281,6 +281,7 @@ std::unique_ptr<Display> MakeSdlDisplay()
     if (!std::getenv("DISPLAY") && !std::getenv("WAYLAND_DISPLAY"))
         return nullptr;
     SDL_SetHint(SDL_HINT_NO_SIGNAL_HANDLERS, "1");
+    SDL_SetHint(SDL_HINT_MOUSE_AUTO_CAPTURE, "0");
     SDL_SetHint(SDL_HINT_MOUSE_FOCUS_CLICKTHROUGH, "1");
     SDL_SetHint(SDL_HINT_QUIT_ON_LAST_WINDOW_CLOSE, "0");
     if (SDL_InitSubSystem(SDL_INIT_VIDEO) != 0)
