@@ -129,14 +129,14 @@ CRefPtr<Style> StyleOf(CNameTable<CRefPtr<Style>>& table, const CString& name)
 
 }  // namespace
 
-int CResMgr::ParseStyleResource(const CString& xml)
+void CResMgr::ReadStyles(CXmlDocument& xml)
 {
     static constexpr SetKind kKinds[] = {
         {"text_style_set", "text_style", &CResMgr::ReadTextStyle},
         {"frame_style_set", "frame_style", &CResMgr::ReadFrameStyle},
         {"control_style_set", "control_style", &CResMgr::ReadControlStyle},
     };
-    return ReadSets(xml, kKinds);
+    ReadSets(xml, kKinds);
 }
 
 void CResMgr::ReadTextStyle(CXmlDocument& xml)
