@@ -139,9 +139,15 @@ void CString::Append(LPCSTR text, int length)
         m_text.append(text, Size(length));
 }
 
-int CString::Compare(LPCSTR other) const { return m_text.compare(other ? other : ""); }
+int CString::Compare(LPCSTR other) const
+{
+    return m_text.compare(other ? other : "");
+}
 
-int CString::CompareNoCase(LPCSTR other) const { return lstrcmpiA(m_text.c_str(), other ? other : ""); }
+int CString::CompareNoCase(LPCSTR other) const
+{
+    return lstrcmpiA(m_text.c_str(), other ? other : "");
+}
 
 int CString::Find(LPCSTR text, int from) const
 {
@@ -180,7 +186,10 @@ int CString::FindOneOf(LPCSTR set) const
     return -1;
 }
 
-CString CString::Left(int count) const { return Mid(0, count); }
+CString CString::Left(int count) const
+{
+    return Mid(0, count);
+}
 
 CString CString::Right(int count) const
 {
@@ -188,7 +197,10 @@ CString CString::Right(int count) const
     return CString(m_text.substr(m_text.size() - kept));
 }
 
-CString CString::Mid(int first) const { return Mid(first, GetLength()); }
+CString CString::Mid(int first) const
+{
+    return Mid(first, GetLength());
+}
 
 CString CString::Mid(int first, int count) const
 {
@@ -237,7 +249,10 @@ CString& CString::TrimRight(LPCSTR set)
     return *this;
 }
 
-CString& CString::Trim(LPCSTR set) { return TrimRight(set).TrimLeft(set); }
+CString& CString::Trim(LPCSTR set)
+{
+    return TrimRight(set).TrimLeft(set);
+}
 
 int CString::Replace(LPCSTR from, LPCSTR to)
 {
@@ -287,7 +302,8 @@ int CString::Delete(int index, int count)
 
 CString CString::Tokenize(LPCSTR separators, int& position) const
 {
-    const std::size_t start = position < 0 ? std::string::npos : m_text.find_first_not_of(separators, Size(position));
+    const std::size_t start =
+        position < 0 ? std::string::npos : m_text.find_first_not_of(separators, Size(position));
     if (start == std::string::npos) {
         position = -1;
         return {};
