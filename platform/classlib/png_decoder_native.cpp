@@ -32,7 +32,7 @@ public:
         png_read_info(m_png, m_info);
         // Everything becomes eight bits of blue, green, red and alpha.
         png_set_expand(m_png);
-        png_set_scale_16(m_png);
+        png_set_strip_16(m_png);
         png_set_gray_to_rgb(m_png);
         png_set_add_alpha(m_png, 0xFF, PNG_FILLER_AFTER);
         png_set_bgr(m_png);

@@ -161,6 +161,25 @@ TEST_F(Images, OfEveryFormatHaveTheirPixels)
     }
 }
 
+TEST_F(Images, OfPngSuiteAreTheSameOnBothTargets)
+{
+    struct Case {
+        const char* file;
+        int bits;
+        std::uint32_t sum;
+    };
+    for (const Case& c : {Case{"basn0g04.png", 32, 2713567232U}, Case{"basn2c16.png", 24, 3855734584U},
+                          Case{"basn3p04.png", 24, 70370304U}, Case{"ftbwn0g16.png", 32, 3349107542U}}) {
+        CImage image;
+        ASSERT_EQ(image.Load((kData + "pngsuite/" + c.file).c_str()), S_OK) << c.file;
+        EXPECT_EQ(image.GetBPP(), c.bits) << c.file;
+        std::uint32_t sum = 0;
+        for (const std::uint32_t pixel : PixelsOf(image))
+            sum = sum * 31 + pixel;
+        EXPECT_EQ(sum, c.sum) << c.file;
+    }
+}
+
 TEST_F(Images, LoadFromStreamsAsFromFiles)
 {
     for (const Picture& picture : Pictures()) {
