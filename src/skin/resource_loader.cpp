@@ -109,7 +109,7 @@ CDUIImageListPtr CResLoader::LoadImageFromFile(const CString& path)
     return list;
 }
 
-int CResLoader::LoadImageFromFile(const CString& path, CDUIImageListPtr list)
+int CResLoader::LoadImageFromFile(const CString& path, const CDUIImageListPtr& list)
 {
     if (!list)
         return 0;

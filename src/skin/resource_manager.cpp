@@ -248,7 +248,7 @@ CDUIImageListPtr CResMgr::GetImage(const CString& name, int share)
     return made;
 }
 
-CDUIImageListPtr CResMgr::CreateImage(CRefPtr<CResourceImageData> record)
+CDUIImageListPtr CResMgr::CreateImage(const CRefPtr<CResourceImageData>& record)
 {
     CDUIImageListPtr list;
     switch (SourceOf(record->m_strConfigType)) {
@@ -285,7 +285,7 @@ CRefPtr<CCursorObject> CResMgr::GetCursor(const CString& name, int share)
     return (*record)->m_pCursor;
 }
 
-CRefPtr<CCursorObject> CResMgr::CreateCursor(CRefPtr<CResourceCursorData> record)
+CRefPtr<CCursorObject> CResMgr::CreateCursor(const CRefPtr<CResourceCursorData>& record)
 {
     switch (SourceOf(record->m_strConfigType)) {
         case Source::File:
@@ -329,7 +329,7 @@ CRefPtr<CFontObject> CResMgr::GetDefaultFont()
     return m_pDefaultFont;
 }
 
-CRefPtr<CFontObject> CResMgr::CreateFontA(CRefPtr<CResourceFontData> record)
+CRefPtr<CFontObject> CResMgr::CreateFontA(const CRefPtr<CResourceFontData>& record)
 {
     constexpr int kHeaviest = 999;
     CRefPtr<CFontObject> font(new CFontObject);

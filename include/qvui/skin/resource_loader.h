@@ -34,7 +34,7 @@ public:
     CDUIImageListPtr LoadImageFromFile(const CString& path);
     /// Loads another picture into the list, for all who hold it; 0 for a null list or a failure, which
     /// empties it.
-    int LoadImageFromFile(const CString& path, CDUIImageListPtr list);
+    int LoadImageFromFile(const CString& path, const CDUIImageListPtr& list);
     /// Null when the module cannot be loaded.
     CDUIImageListPtr LoadImageFromDll(const CString& module, const CString& id, const CString& type);
     CDUIImageListPtr LoadImageFromExe(const CString& id, const CString& type);

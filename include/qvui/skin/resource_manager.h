@@ -84,13 +84,13 @@ public:
     static DWORD ParseTextFormat(const CString& format);
     /// One to three colours separated by ",": start, end, middle. Nothing changes when the first has no
     /// value.
-    void ParseFrameBKAttriColors(const CString& colors, CRefPtr<CDUIFrameBK> frame) const;
-    void ParseFrameBKImagePos(const CString& position, CRefPtr<CDUIFrameBK> frame) const;
+    void ParseFrameBKAttriColors(const CString& colors, const CRefPtr<CDUIFrameBK>& frame) const;
+    void ParseFrameBKImagePos(const CString& position, const CRefPtr<CDUIFrameBK>& frame) const;
 
 protected:
-    CDUIImageListPtr CreateImage(CRefPtr<CResourceImageData> record);
-    CRefPtr<CFontObject> CreateFontA(CRefPtr<CResourceFontData> record);
-    CRefPtr<CCursorObject> CreateCursor(CRefPtr<CResourceCursorData> record);
+    CDUIImageListPtr CreateImage(const CRefPtr<CResourceImageData>& record);
+    CRefPtr<CFontObject> CreateFontA(const CRefPtr<CResourceFontData>& record);
+    CRefPtr<CCursorObject> CreateCursor(const CRefPtr<CResourceCursorData>& record);
 
 private:
     /// Which entries of which set a document may hold, and what reads one; the cursor's child is the entry.
