@@ -1,6 +1,3 @@
 #include <qvui/platform/file.h>
 
-std::FILE* OpenPlatformFile(const char* path, const char* mode)
-{
-    return std::fopen(path, mode);
-}
+std::FILE* OpenPlatformFile(const char* path, const char* mode) { return std::fopen(path, mode); }

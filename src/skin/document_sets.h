@@ -9,23 +9,27 @@
 namespace DUI {
 
 /// Reads every entry of every set of the given kinds. The kinds come in their order: a set that stands behind
-/// one of a later kind is not seen.
+/// one of a later kind is not seen. 0 for an ill-formed document.
 template <std::size_t Count>
-void CResMgr::ReadSets(CXmlDocument& xml, const SetKind (&kinds)[Count])
+int CResMgr::ReadSets(const CString& xml, const SetKind (&kinds)[Count])
 {
+    CXmlDocument document;
+    if (!document.SetDocument(xml))
+        return 0;
     const SetKind* kind = kinds;
-    while (xml.FindChildElement()) {
-        const CString set = xml.GetChildTagName();
+    while (document.FindChildElement()) {
+        const CString set = document.GetChildTagName();
         const SetKind* const found =
             std::find_if(kind, std::end(kinds), [&](const SetKind& later) { return set == later.set; });
         if (found == std::end(kinds))
             continue;
         kind = found;
-        xml.IntoElement();
-        while (xml.FindChildElement(kind->entry))
-            (this->*kind->read)(xml);
-        xml.OutOfElement();
+        document.IntoElement();
+        while (document.FindChildElement(kind->entry))
+            (this->*kind->read)(document);
+        document.OutOfElement();
     }
+    return 1;
 }
 
 /// Stores the whole text of the child element under its name.

@@ -64,53 +64,28 @@ constexpr Field<CResourceImageData> kImageFields[] = {
 
 }  // namespace
 
-int CResMgr::Parse(const CString& xml, ReadDocument read)
+int CResMgr::ParseAllString(const CString& xml)
 {
     CXmlDocument document;
     if (!document.SetDocument(xml))
         return 0;
-    (this->*read)(document);
-    return 1;
-}
-
-int CResMgr::ParseAllString(const CString& xml)
-{
-    return Parse(xml, &CResMgr::ReadStrings);
-}
-
-int CResMgr::ParseDUIResource(const CString& xml)
-{
-    return Parse(xml, &CResMgr::ReadResources);
-}
-
-int CResMgr::ParseTemplateStyle(const CString& xml)
-{
-    return Parse(xml, &CResMgr::ReadTemplates);
-}
-
-int CResMgr::ParseStyleResource(const CString& xml)
-{
-    return Parse(xml, &CResMgr::ReadStyles);
-}
-
-void CResMgr::ReadStrings(CXmlDocument& xml)
-{
-    while (xml.FindChildElement("string")) {
-        const CString id = xml.GetChildAttribute("id");
-        CString text = xml.GetChildData();
+    while (document.FindChildElement("string")) {
+        const CString id = document.GetChildAttribute("id");
+        CString text = document.GetChildData();
         if (!id.IsEmpty() && !text.IsEmpty())
             m_strings.Add(id, std::move(text));
     }
+    return 1;
 }
 
-void CResMgr::ReadTemplates(CXmlDocument& xml)
+int CResMgr::ParseTemplateStyle(const CString& xml)
 {
     static constexpr SetKind kKinds[] = {
         {"menu_template", "menu", &CResMgr::ReadMenuTemplate},
         {"window_template", "window", &CResMgr::ReadWindowTemplate},
         {"plugin_set", "plugin", &CResMgr::ReadPlugin},
     };
-    ReadSets(xml, kKinds);
+    return ReadSets(xml, kKinds);
 }
 
 void CResMgr::ReadMenuTemplate(CXmlDocument& xml)
@@ -128,7 +103,7 @@ void CResMgr::ReadPlugin(CXmlDocument& xml)
     ReadFragment(xml, m_plugins);
 }
 
-void CResMgr::ReadResources(CXmlDocument& xml)
+int CResMgr::ParseDUIResource(const CString& xml)
 {
     static constexpr SetKind kKinds[] = {
         {"color_set", "color", &CResMgr::ReadColor},
@@ -136,7 +111,7 @@ void CResMgr::ReadResources(CXmlDocument& xml)
         {"font_set", "font", &CResMgr::ReadFont},
         {"image_set", "image", &CResMgr::ReadImage},
     };
-    ReadSets(xml, kKinds);
+    return ReadSets(xml, kKinds);
 }
 
 void CResMgr::ReadColor(CXmlDocument& xml)

@@ -62,8 +62,8 @@ int AddObserver(std::vector<Observer*>& observers, Observer* observer)
 template <class Observer, class Call>
 void Notify(const std::vector<Observer*>& observers, Call call)
 {
-    const std::vector<Observer*> round(observers.begin(), observers.end());
-    for (Observer* observer : round)
+    const std::vector<Observer*> copy = observers;
+    for (Observer* observer : copy)
         if (std::find(observers.begin(), observers.end(), observer) != observers.end())
             call(*observer);
 }
@@ -223,16 +223,17 @@ void CDUISkinMgr::SetSkinTyle(const CString& skin)
 {
     if (skin == m_currentSkin.m_strName)
         return;
+    const CString newSkin = skin;
     for (const CResourceFileInfo& info : m_skins)
-        if (info.m_strName == skin)
+        if (info.m_strName == newSkin)
             m_currentSkin = info;
     LoadDUIResource();
     for (const CResourceFileInfo& info : m_styles)
-        if (info.m_strName == skin)
+        if (info.m_strName == newSkin)
             m_currentStyle = info;
     LoadStyleResource();
     for (const auto& added : m_addedSkins)
-        added.second->SetSkinTyle(skin);
+        added.second->SetSkinTyle(newSkin);
     NotifySkinChange();
 }
 
