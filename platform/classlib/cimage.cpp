@@ -1,16 +1,26 @@
 #include <qvui/platform/cimage.h>
 
+#include <algorithm>
 #include <cstdio>
+#include <cstring>
 #include <utility>
 
 #include <qvui/platform/file.h>
+
+#include "image_header.h"
+
+using qvui::classlib::ImageHeader;
+using qvui::classlib::ImageKind;
 
 namespace {
 
 // Skins are untrusted: a picture larger than this is taken for a broken file.
 constexpr std::size_t kLargestFile = std::size_t{256} << 20;
 
-int RowBytes(int width, int bitsPerPixel) { return (width * bitsPerPixel + 31) / 32 * 4; }
+int RowBytes(int width, int bitsPerPixel)
+{
+    return (width * bitsPerPixel + 31) / 32 * 4;
+}
 
 bool ReadFileBytes(LPCSTR path, std::vector<std::uint8_t>& bytes)
 {
@@ -26,6 +36,24 @@ bool ReadFileBytes(LPCSTR path, std::vector<std::uint8_t>& bytes)
     const bool isRead = !std::ferror(file) && bytes.size() <= kLargestFile;
     std::fclose(file);
     return isRead;
+}
+
+bool HasClearPixel(const std::vector<std::uint32_t>& pixels)
+{
+    return std::any_of(pixels.begin(), pixels.end(), [](std::uint32_t pixel) { return pixel < 0xFF000000; });
+}
+
+void StoreRow(const std::uint32_t* pixels, int width, int bitsPerPixel, std::uint8_t* row)
+{
+    if (bitsPerPixel == 32) {
+        std::memcpy(row, pixels, static_cast<std::size_t>(width) * sizeof *pixels);
+        return;
+    }
+    for (int x = 0; x < width; ++x, row += 3) {
+        row[0] = static_cast<std::uint8_t>(pixels[x]);
+        row[1] = static_cast<std::uint8_t>(pixels[x] >> 8);
+        row[2] = static_cast<std::uint8_t>(pixels[x] >> 16);
+    }
 }
 
 }  // namespace
@@ -53,17 +81,17 @@ HRESULT CImage::Load(IStream* stream)
 
 HRESULT CImage::Adopt(const std::vector<std::uint8_t>& file)
 {
+    const ImageHeader header = qvui::classlib::ReadImageHeader(file);
     Decoded image;
-    if (file.empty() || !Decode(file, image) || !Create(image.width, image.height, image.hasAlpha ? 32 : 24))
+    if (header.kind == ImageKind::Unknown || !Decode(file, header, image))
+        return E_FAIL;
+    image.hasAlpha = header.alpha == ImageHeader::Alpha::Stored ||
+                     (header.alpha == ImageHeader::Alpha::ByPixels && HasClearPixel(image.pixels));
+    if (!Create(image.width, image.height, image.hasAlpha ? 32 : 24))
         return E_FAIL;
     const std::uint32_t* pixel = image.pixels.data();
-    const int step = m_bitsPerPixel / 8;
-    for (int y = 0; y < m_height; ++y) {
-        auto* out = static_cast<std::uint8_t*>(GetPixelAddress(0, y));
-        for (int x = 0; x < m_width; ++x, ++pixel, out += step)
-            for (int channel = 0; channel < step; ++channel)
-                out[channel] = static_cast<std::uint8_t>(*pixel >> (8 * channel));
-    }
+    for (int y = 0; y < m_height; ++y, pixel += m_width)
+        StoreRow(pixel, m_width, m_bitsPerPixel, static_cast<std::uint8_t*>(GetPixelAddress(0, y)));
     m_hasAlpha = image.hasAlpha;
     return S_OK;
 }
@@ -117,14 +145,24 @@ void CImage::Destroy()
     m_transparent = CLR_INVALID;
 }
 
-int CImage::GetPitch() const { return -RowBytes(m_width, m_bitsPerPixel); }
+int CImage::GetPitch() const
+{
+    return -RowBytes(m_width, m_bitsPerPixel);
+}
 
-void* CImage::GetBits() const { return GetPixelAddress(0, 0); }
+void* CImage::GetBits() const
+{
+    return GetPixelAddress(0, 0);
+}
 
 void* CImage::GetPixelAddress(int x, int y) const
 {
-    const std::ptrdiff_t row = static_cast<std::ptrdiff_t>(m_height - 1 - y) * RowBytes(m_width, m_bitsPerPixel);
+    const std::ptrdiff_t row =
+        static_cast<std::ptrdiff_t>(m_height - 1 - y) * RowBytes(m_width, m_bitsPerPixel);
     return m_pRows + row + static_cast<std::ptrdiff_t>(x) * (m_bitsPerPixel / 8);
 }
 
-COLORREF CImage::SetTransparentColor(COLORREF colour) { return std::exchange(m_transparent, colour); }
+COLORREF CImage::SetTransparentColor(COLORREF colour)
+{
+    return std::exchange(m_transparent, colour);
+}

@@ -1,107 +1,124 @@
-// Decoding and encoding through SDL_image.
+// Decoding and encoding without a platform underneath.
 
 #include <SDL_image.h>
+#include <tiffio.h>
 
+#include <algorithm>
+#include <cstring>
 #include <memory>
-#include <string_view>
 
 #include <qvui/platform/cimage.h>
 
+#include "image_header.h"
+#include "native/kernel/cursor_file.h"
 #include "native/kernel/files.h"
+#include "png_decoder_native.h"
+
+using namespace qvui::classlib;
 
 namespace {
-
-constexpr std::int64_t kMostPixels = std::int64_t{1} << 28;
 
 struct FreeSurface {
     void operator()(SDL_Surface* surface) const { SDL_FreeSurface(surface); }
 };
 using SurfacePointer = std::unique_ptr<SDL_Surface, FreeSurface>;
+using Bytes = std::vector<std::uint8_t>;
 
-bool StartsWith(const std::vector<std::uint8_t>& file, std::string_view magic)
+bool DecodePngFile(std::span<const std::uint8_t> file, int& width, int& height,
+                   std::vector<std::uint32_t>& pixels)
 {
-    return file.size() >= magic.size() && std::string_view(reinterpret_cast<const char*>(file.data()), magic.size()) == magic;
-}
-
-constexpr std::string_view kPng("\x89PNG\r\n\x1a\n", 8);
-
-// A PNG file ends with its closing chunk; the decoder forgives a file that was cut off, and we do not.
-bool IsWholePng(const std::vector<std::uint8_t>& file)
-{
-    constexpr std::string_view kEnd("IEND\xAE\x42\x60\x82", 8);
-    const std::string_view text(reinterpret_cast<const char*>(file.data()), file.size());
-    return text.rfind(kEnd) != std::string_view::npos;
-}
-
-// Grey and grey-with-alpha count as carrying alpha; colour type 2 and 3 do when a transparency chunk says so.
-bool PngHasAlpha(const std::vector<std::uint8_t>& file)
-{
-    constexpr std::size_t kColourType = 25;
-    if (file.size() <= kColourType)
+    PngPixels png;
+    if (!DecodePng(file, png))
         return false;
-    const std::string_view text(reinterpret_cast<const char*>(file.data()), file.size());
-    const std::size_t data = text.find("IDAT");
-    return (file[kColourType] & 4) || file[kColourType] == 0 || text.substr(0, data).find("tRNS") != std::string_view::npos;
+    width = png.width;
+    height = png.height;
+    pixels = std::move(png.pixels);
+    return true;
 }
 
-// Bitmaps carry no alpha: the fourth byte of a 32-bit one is padding.
-bool IsBitmap(const std::vector<std::uint8_t>& file) { return StartsWith(file, "BM"); }
-
-bool SurfaceHasAlpha(SDL_Surface* surface)
+// Icons hold bitmaps or whole PNG files; SDL_image drops the alpha of the bitmaps.
+bool DecodeIcon(const Bytes& file, int& width, int& height, std::vector<std::uint32_t>& pixels)
 {
-    Uint32 key = 0;
-    return SDL_ISPIXELFORMAT_ALPHA(surface->format->format) || SDL_GetColorKey(surface, &key) == 0;
+    const std::span<const std::uint8_t> image = qvui::native::FirstImageOfIcon(file);
+    if (ReadImageHeader(image).kind == ImageKind::Png)
+        return DecodePngFile(image, width, height, pixels);
+    const auto surface = qvui::native::ReadIconBitmap(image);
+    if (!surface)
+        return false;
+    width = surface->width;
+    height = surface->height;
+    pixels.resize(static_cast<std::size_t>(width) * static_cast<std::size_t>(height));
+    for (int y = 0; y < height; ++y)
+        surface->Load(0, y, width, pixels.data() + static_cast<std::ptrdiff_t>(y) * width);
+    return true;
 }
 
-// The formats that both targets read. The decoder's library knows more, also such as have no signature; those are
-// left alone, since whatever is tried on a broken file is another parser that it can reach.
-SurfacePointer DecodeKnownFormat(const std::vector<std::uint8_t>& file)
+// libtiff writes to the program's error output unless it is told not to.
+void SilenceTiff()
 {
-    struct Format {
-        int (*matches)(SDL_RWops*);
-        SDL_Surface* (*load)(SDL_RWops*);
-    };
-    constexpr Format kFormats[] = {
-        {IMG_isPNG, IMG_LoadPNG_RW}, {IMG_isJPG, IMG_LoadJPG_RW}, {IMG_isGIF, IMG_LoadGIF_RW},
-        {IMG_isBMP, IMG_LoadBMP_RW}, {IMG_isTIF, IMG_LoadTIF_RW}, {IMG_isICO, IMG_LoadICO_RW},
-        {IMG_isCUR, IMG_LoadCUR_RW},
-    };
+    TIFFSetErrorHandler(nullptr);
+    TIFFSetWarningHandler(nullptr);
+}
+
+SurfacePointer LoadSurface(const Bytes& file, ImageKind kind)
+{
     SDL_RWops* const stream = SDL_RWFromConstMem(file.data(), static_cast<int>(file.size()));
-    if (!stream)
-        return nullptr;
-    SurfacePointer surface;
-    for (const Format& format : kFormats)
-        if (format.matches(stream)) {
-            surface.reset(format.load(stream));
+    SDL_Surface* surface = nullptr;
+    switch (kind) {
+        case ImageKind::Jpeg:
+            surface = IMG_LoadJPG_RW(stream);
             break;
-        }
+        case ImageKind::Gif:
+            surface = IMG_LoadGIF_RW(stream);
+            break;
+        case ImageKind::Bmp:
+            surface = IMG_LoadBMP_RW(stream);
+            break;
+        case ImageKind::Tiff:
+            SilenceTiff();
+            surface = IMG_LoadTIF_RW(stream);
+            break;
+        default:
+            break;
+    }
     SDL_RWclose(stream);
-    return surface;
+    return SurfacePointer(surface);
+}
+
+bool DecodeSurface(const Bytes& file, ImageKind kind, int& width, int& height,
+                   std::vector<std::uint32_t>& pixels)
+{
+    const SurfacePointer loaded = LoadSurface(file, kind);
+    const SurfacePointer surface(loaded ? SDL_ConvertSurfaceFormat(loaded.get(), SDL_PIXELFORMAT_ARGB8888, 0)
+                                        : nullptr);
+    if (!surface)
+        return false;
+    width = surface->w;
+    height = surface->h;
+    const std::size_t rowPixels = static_cast<std::size_t>(width);
+    pixels.resize(rowPixels * static_cast<std::size_t>(height));
+    for (int y = 0; y < height; ++y)
+        std::memcpy(pixels.data() + static_cast<std::size_t>(y) * rowPixels,
+                    static_cast<const std::uint8_t*>(surface->pixels) +
+                        static_cast<std::ptrdiff_t>(y) * surface->pitch,
+                    rowPixels * sizeof pixels[0]);
+    return true;
 }
 
 }  // namespace
 
-bool CImage::Decode(const std::vector<std::uint8_t>& file, Decoded& image)
+bool CImage::Decode(const std::vector<std::uint8_t>& file, const ImageHeader& header, Decoded& image)
 {
-    const bool isPng = StartsWith(file, kPng);
-    if (isPng && !IsWholePng(file))
-        return false;
-    const SurfacePointer loaded = DecodeKnownFormat(file);
-    if (!loaded || loaded->w <= 0 || loaded->h <= 0 || static_cast<std::int64_t>(loaded->w) * loaded->h > kMostPixels)
-        return false;
-    image.hasAlpha = isPng ? PngHasAlpha(file) : !IsBitmap(file) && SurfaceHasAlpha(loaded.get());
-    const SurfacePointer pixels(SDL_ConvertSurfaceFormat(loaded.get(), SDL_PIXELFORMAT_ARGB8888, 0));
-    if (!pixels)
-        return false;
-    image.width = pixels->w;
-    image.height = pixels->h;
-    image.pixels.resize(static_cast<std::size_t>(image.width) * static_cast<std::size_t>(image.height));
-    for (int y = 0; y < image.height; ++y) {
-        const auto* row = reinterpret_cast<const std::uint32_t*>(static_cast<const std::uint8_t*>(pixels->pixels) +
-                                                                 static_cast<std::ptrdiff_t>(y) * pixels->pitch);
-        std::copy(row, row + image.width, image.pixels.data() + static_cast<std::ptrdiff_t>(y) * image.width);
+    switch (header.kind) {
+        case ImageKind::Unknown:
+            return false;
+        case ImageKind::Png:
+            return DecodePngFile(file, image.width, image.height, image.pixels);
+        case ImageKind::Ico:
+            return DecodeIcon(file, image.width, image.height, image.pixels);
+        default:
+            return DecodeSurface(file, header.kind, image.width, image.height, image.pixels);
     }
-    return true;
 }
 
 bool CImage::EncodePng(const Decoded& image, LPCSTR path)

@@ -64,19 +64,9 @@ bool FindPngEncoder(CLSID& found)
     return false;
 }
 
-bool PaletteHasAlpha(Gdiplus::Bitmap& bitmap)
-{
-    const INT size = bitmap.GetPaletteSize();
-    if (size <= 0)
-        return false;
-    std::vector<std::uint8_t> buffer(static_cast<std::size_t>(size));
-    auto* palette = reinterpret_cast<Gdiplus::ColorPalette*>(buffer.data());
-    return bitmap.GetPalette(palette, size) == Gdiplus::Ok && (palette->Flags & Gdiplus::PaletteFlagsHasAlpha);
-}
-
 }  // namespace
 
-bool CImage::Decode(const std::vector<std::uint8_t>& file, Decoded& image)
+bool CImage::Decode(const std::vector<std::uint8_t>& file, const qvui::classlib::ImageHeader&, Decoded& image)
 {
     Start();
     IStream* stream = StreamOf(file);
@@ -88,8 +78,6 @@ bool CImage::Decode(const std::vector<std::uint8_t>& file, Decoded& image)
         return false;
     image.width = static_cast<int>(bitmap->GetWidth());
     image.height = static_cast<int>(bitmap->GetHeight());
-    const bool isBitmapFile = file.size() > 2 && file[0] == 'B' && file[1] == 'M';
-    image.hasAlpha = !isBitmapFile && (Gdiplus::IsAlphaPixelFormat(bitmap->GetPixelFormat()) || PaletteHasAlpha(*bitmap));
     const Gdiplus::Rect all(0, 0, image.width, image.height);
     Gdiplus::BitmapData data;
     if (image.width <= 0 || image.height <= 0 ||
@@ -97,9 +85,10 @@ bool CImage::Decode(const std::vector<std::uint8_t>& file, Decoded& image)
         return false;
     image.pixels.resize(static_cast<std::size_t>(image.width) * static_cast<std::size_t>(image.height));
     for (int y = 0; y < image.height; ++y)
-        std::memcpy(image.pixels.data() + static_cast<std::ptrdiff_t>(y) * image.width,
-                    static_cast<const std::uint8_t*>(data.Scan0) + static_cast<std::ptrdiff_t>(y) * data.Stride,
-                    static_cast<std::size_t>(image.width) * 4);
+        std::memcpy(
+            image.pixels.data() + static_cast<std::ptrdiff_t>(y) * image.width,
+            static_cast<const std::uint8_t*>(data.Scan0) + static_cast<std::ptrdiff_t>(y) * data.Stride,
+            static_cast<std::size_t>(image.width) * 4);
     bitmap->UnlockBits(&data);
     return true;
 }

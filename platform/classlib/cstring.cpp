@@ -17,8 +17,13 @@ char LowerAscii(char character)
 
 bool IsOneOf(std::string_view character, const char* set)
 {
-    return character.size() == 1 ? std::strchr(set, character[0]) != nullptr
+    return character.size() == 1 ? character[0] != '\0' && std::strchr(set, character[0]) != nullptr
                                  : std::string_view(set).find(character) != std::string_view::npos;
+}
+
+bool HasDoubleByteCharacters()
+{
+    return IsDBCSLeadByte(0xC0) != FALSE || IsDBCSLeadByte(0xE0) != FALSE;
 }
 
 int Utf8Length(unsigned char lead)
@@ -139,48 +144,76 @@ void CString::Append(LPCSTR text, int length)
         m_text.append(text, Size(length));
 }
 
-int CString::Compare(LPCSTR other) const { return m_text.compare(other ? other : ""); }
+int CString::Compare(LPCSTR other) const
+{
+    return m_text.compare(other ? other : "");
+}
 
-int CString::CompareNoCase(LPCSTR other) const { return lstrcmpiA(m_text.c_str(), other ? other : ""); }
+int CString::CompareNoCase(LPCSTR other) const
+{
+    return lstrcmpiA(m_text.c_str(), other ? other : "");
+}
 
 int CString::Find(LPCSTR text, int from) const
 {
-    const std::size_t found = text ? m_text.find(text, Size(from)) : std::string::npos;
-    return found == std::string::npos ? -1 : static_cast<int>(found);
+    return text ? FindAt(text, Size(from)) : -1;
 }
 
 int CString::Find(char character, int from) const
 {
-    const char* start = m_text.data();
-    const char* end = start + m_text.size();
-    for (const char* at = start; at < end; at += CharacterLength(at, end))
-        if (*at == character && at - start >= from)
-            return static_cast<int>(at - start);
-    return -1;
+    return FindAt({&character, 1}, Size(from));
+}
+
+int CString::FindAt(std::string_view text, std::size_t from) const
+{
+    std::size_t found = m_text.find(text, from);
+    // Where characters have two bytes, what looks like the text may begin in the middle of one.
+    if (found != std::string::npos && HasDoubleByteCharacters()) {
+        std::size_t start = 0;
+        while (found != std::string::npos && start != found) {
+            while (start < found)
+                start += static_cast<std::size_t>(LengthAt(start));
+            if (start > found)
+                found = m_text.find(text, start);
+        }
+    }
+    return found == std::string::npos ? -1 : static_cast<int>(found);
 }
 
 int CString::ReverseFind(char character) const
 {
     int last = -1;
-    for (int at = Find(character); at >= 0; at = Find(character, at + 1))
-        last = at;
+    for (std::size_t at = 0; at < m_text.size(); at += static_cast<std::size_t>(LengthAt(at)))
+        if (m_text[at] == character)
+            last = static_cast<int>(at);
     return last;
 }
 
 int CString::FindOneOf(LPCSTR set) const
 {
-    const char* start = m_text.data();
-    const char* end = start + m_text.size();
-    for (const char* at = start; set && at < end;) {
-        const int length = CharacterLength(at, end);
-        if (IsOneOf({at, Size(length)}, set))
-            return static_cast<int>(at - start);
+    return set ? FindInSet(set, 0, true) : -1;
+}
+
+int CString::FindInSet(LPCSTR set, std::size_t from, bool isMember) const
+{
+    for (std::size_t at = from; at < m_text.size();) {
+        const auto length = static_cast<std::size_t>(LengthAt(at));
+        if (IsOneOf(View().substr(at, length), set) == isMember)
+            return static_cast<int>(at);
         at += length;
     }
     return -1;
 }
 
-CString CString::Left(int count) const { return Mid(0, count); }
+int CString::LengthAt(std::size_t at) const
+{
+    return CharacterLength(m_text.data() + at, m_text.data() + m_text.size());
+}
+
+CString CString::Left(int count) const
+{
+    return Mid(0, count);
+}
 
 CString CString::Right(int count) const
 {
@@ -188,7 +221,10 @@ CString CString::Right(int count) const
     return CString(m_text.substr(m_text.size() - kept));
 }
 
-CString CString::Mid(int first) const { return Mid(first, GetLength()); }
+CString CString::Mid(int first) const
+{
+    return Mid(first, GetLength());
+}
 
 CString CString::Mid(int first, int count) const
 {
@@ -237,7 +273,10 @@ CString& CString::TrimRight(LPCSTR set)
     return *this;
 }
 
-CString& CString::Trim(LPCSTR set) { return TrimRight(set).TrimLeft(set); }
+CString& CString::Trim(LPCSTR set)
+{
+    return TrimRight(set).TrimLeft(set);
+}
 
 int CString::Replace(LPCSTR from, LPCSTR to)
 {
@@ -248,9 +287,15 @@ int CString::Replace(LPCSTR from, LPCSTR to)
     int count = 0;
     std::string result;
     std::size_t start = 0;
-    for (std::size_t at = m_text.find(old); at != std::string::npos; at = m_text.find(old, start), ++count) {
+    for (std::size_t at = 0; at + old.size() <= m_text.size();) {
+        if (View().substr(at, old.size()) != old) {
+            at += static_cast<std::size_t>(LengthAt(at));
+            continue;
+        }
         result.append(m_text, start, at - start).append(fresh);
-        start = at + old.size();
+        at += old.size();
+        start = at;
+        ++count;
     }
     if (count > 0)
         m_text = result.append(m_text, start, std::string::npos);
@@ -287,14 +332,14 @@ int CString::Delete(int index, int count)
 
 CString CString::Tokenize(LPCSTR separators, int& position) const
 {
-    const std::size_t start = position < 0 ? std::string::npos : m_text.find_first_not_of(separators, Size(position));
-    if (start == std::string::npos) {
+    const int start = position < 0 ? -1 : FindInSet(separators, Size(position), false);
+    if (start < 0) {
         position = -1;
         return {};
     }
-    const std::size_t end = std::min(m_text.find_first_of(separators, start), m_text.size());
-    position = static_cast<int>(end);
-    return CString(m_text.substr(start, end - start));
+    const int end = FindInSet(separators, Size(start), true);
+    position = end < 0 ? GetLength() : end;
+    return Mid(start, position - start);
 }
 
 void CString::FormatV(LPCSTR format, va_list arguments)

@@ -1,3 +1,6 @@
 #include <qvui/platform/file.h>
 
-std::FILE* OpenPlatformFile(const char* path, const char* mode) { return std::fopen(path, mode); }
+std::FILE* OpenPlatformFile(const char* path, const char* mode)
+{
+    return std::fopen(path, mode);
+}

@@ -75,16 +75,18 @@ void PremultiplyRow(std::uint32_t* row, std::size_t width)
 {
     constexpr std::size_t kStep = 4;
     constexpr std::uint32_t kOpaque = 0xFF000000;
+    constexpr std::uint32_t kClear = 0x01000000;
     std::size_t x = 0;
     for (; x + kStep <= width; x += kStep) {
-        // Most pixels of most pictures are opaque, and stay as they are.
+        // Nearly all pixels of a skin are opaque, and stay as they are, or clear, and become nothing.
         if ((row[x] & row[x + 1] & row[x + 2] & row[x + 3]) >= kOpaque)
             continue;
-        for (std::size_t i = x; i < x + kStep; ++i)
-            row[i] = Premultiplied(row[i]);
+        if ((row[x] | row[x + 1] | row[x + 2] | row[x + 3]) < kClear)
+            std::fill_n(row + x, kStep, 0U);
+        else
+            std::transform(row + x, row + x + kStep, row + x, Premultiplied);
     }
-    for (; x < width; ++x)
-        row[x] = Premultiplied(row[x]);
+    std::transform(row + x, row + width, row + x, Premultiplied);
 }
 
 }  // namespace

@@ -9,27 +9,23 @@
 namespace DUI {
 
 /// Reads every entry of every set of the given kinds. The kinds come in their order: a set that stands behind
-/// one of a later kind is not seen. 0 for an ill-formed document.
+/// one of a later kind is not seen.
 template <std::size_t Count>
-int CResMgr::ReadSets(const CString& xml, const SetKind (&kinds)[Count])
+void CResMgr::ReadSets(CXmlDocument& xml, const SetKind (&kinds)[Count])
 {
-    CXmlDocument document;
-    if (!document.SetDocument(xml))
-        return 0;
     const SetKind* kind = kinds;
-    while (document.FindChildElement()) {
-        const CString set = document.GetChildTagName();
+    while (xml.FindChildElement()) {
+        const CString set = xml.GetChildTagName();
         const SetKind* const found =
             std::find_if(kind, std::end(kinds), [&](const SetKind& later) { return set == later.set; });
         if (found == std::end(kinds))
             continue;
         kind = found;
-        document.IntoElement();
-        while (document.FindChildElement(kind->entry))
-            (this->*kind->read)(document);
-        document.OutOfElement();
+        xml.IntoElement();
+        while (xml.FindChildElement(kind->entry))
+            (this->*kind->read)(xml);
+        xml.OutOfElement();
     }
-    return 1;
 }
 
 /// Stores the whole text of the child element under its name.

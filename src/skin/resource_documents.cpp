@@ -64,28 +64,53 @@ constexpr Field<CResourceImageData> kImageFields[] = {
 
 }  // namespace
 
-int CResMgr::ParseAllString(const CString& xml)
+int CResMgr::Parse(const CString& xml, ReadDocument read)
 {
     CXmlDocument document;
     if (!document.SetDocument(xml))
         return 0;
-    while (document.FindChildElement("string")) {
-        const CString id = document.GetChildAttribute("id");
-        CString text = document.GetChildData();
-        if (!id.IsEmpty() && !text.IsEmpty())
-            m_strings.Add(id, std::move(text));
-    }
+    (this->*read)(document);
     return 1;
 }
 
+int CResMgr::ParseAllString(const CString& xml)
+{
+    return Parse(xml, &CResMgr::ReadStrings);
+}
+
+int CResMgr::ParseDUIResource(const CString& xml)
+{
+    return Parse(xml, &CResMgr::ReadResources);
+}
+
 int CResMgr::ParseTemplateStyle(const CString& xml)
+{
+    return Parse(xml, &CResMgr::ReadTemplates);
+}
+
+int CResMgr::ParseStyleResource(const CString& xml)
+{
+    return Parse(xml, &CResMgr::ReadStyles);
+}
+
+void CResMgr::ReadStrings(CXmlDocument& xml)
+{
+    while (xml.FindChildElement("string")) {
+        const CString id = xml.GetChildAttribute("id");
+        CString text = xml.GetChildData();
+        if (!id.IsEmpty() && !text.IsEmpty())
+            m_strings.Add(id, std::move(text));
+    }
+}
+
+void CResMgr::ReadTemplates(CXmlDocument& xml)
 {
     static constexpr SetKind kKinds[] = {
         {"menu_template", "menu", &CResMgr::ReadMenuTemplate},
         {"window_template", "window", &CResMgr::ReadWindowTemplate},
         {"plugin_set", "plugin", &CResMgr::ReadPlugin},
     };
-    return ReadSets(xml, kKinds);
+    ReadSets(xml, kKinds);
 }
 
 void CResMgr::ReadMenuTemplate(CXmlDocument& xml)
@@ -103,7 +128,7 @@ void CResMgr::ReadPlugin(CXmlDocument& xml)
     ReadFragment(xml, m_plugins);
 }
 
-int CResMgr::ParseDUIResource(const CString& xml)
+void CResMgr::ReadResources(CXmlDocument& xml)
 {
     static constexpr SetKind kKinds[] = {
         {"color_set", "color", &CResMgr::ReadColor},
@@ -111,7 +136,7 @@ int CResMgr::ParseDUIResource(const CString& xml)
         {"font_set", "font", &CResMgr::ReadFont},
         {"image_set", "image", &CResMgr::ReadImage},
     };
-    return ReadSets(xml, kKinds);
+    ReadSets(xml, kKinds);
 }
 
 void CResMgr::ReadColor(CXmlDocument& xml)

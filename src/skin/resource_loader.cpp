@@ -89,7 +89,8 @@ void CResLoader::SetBaseDirectory(const CString& directory)
     CString& chosen = ChosenDirectory();
     chosen = directory;
     chosen.Replace("/", "\\");
-    while (chosen.GetLength() > 1 && chosen[chosen.GetLength() - 1] == kSeparator)
+    // Backwards by characters: the last byte of one may look like a separator.
+    while (chosen.GetLength() > 1 && chosen.ReverseFind(kSeparator) == chosen.GetLength() - 1)
         chosen.Delete(chosen.GetLength() - 1);
 }
 
@@ -108,7 +109,7 @@ CDUIImageListPtr CResLoader::LoadImageFromFile(const CString& path)
     return list;
 }
 
-int CResLoader::LoadImageFromFile(const CString& path, CDUIImageListPtr list)
+int CResLoader::LoadImageFromFile(const CString& path, const CDUIImageListPtr& list)
 {
     if (!list)
         return 0;
@@ -185,17 +186,23 @@ CRefPtr<CCursorObject> CResLoader::LoadCursorFromExe(const CString& id, const CS
 
 int CResLoader::LoadXMLFromFile(const CString& path, CString& xml)
 {
+    CXmlDocument document;
+    if (!LoadDocumentFromFile(path, document))
+        return 0;
+    xml = document.GetDocument();
+    return 1;
+}
+
+int CResLoader::LoadDocumentFromFile(const CString& path, CXmlDocument& document)
+{
     const CString resolved = ResolvePath(path);
     CString text;
     CString log;
     int flags = 0;
-    CXmlDocument document;
-    if (!CXmlDocument::ReadTextFile(resolved, text, log, flags) || !document.SetDocument(text)) {
-        CTrace::TraceError("CResLoader::LoadXMLFromFile: can not open file(%s)", resolved.GetString());
-        return 0;
-    }
-    xml = std::move(text);
-    return 1;
+    if (CXmlDocument::ReadTextFile(resolved, text, log, flags) && document.SetDocument(std::move(text)))
+        return 1;
+    CTrace::TraceError("CResLoader::LoadXMLFromFile: can not open file(%s)", resolved.GetString());
+    return 0;
 }
 
 int CResLoader::LoadXMLFromDll(const CString& module, const CString& id, const CString& type, CString& xml)

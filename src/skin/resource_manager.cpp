@@ -109,32 +109,37 @@ int CResMgr::GetXMLByConfigInfo(const CResourceFileInfo& info, CString& xml)
     return 0;
 }
 
-int CResMgr::Load(const CResourceFileInfo& info, int (CResMgr::*parse)(const CString&))
+int CResMgr::Load(const CResourceFileInfo& info, ReadDocument read)
 {
+    CXmlDocument document;
     CString xml;
-    if (!GetXMLByConfigInfo(info, xml) || xml.IsEmpty())
-        return 0;
-    return (this->*parse)(xml);
+    // A file is parsed when it is loaded, so it need not be parsed again.
+    const bool isLoaded = SourceOf(info.m_strConfigType) == Source::File
+                              ? m_loader.LoadDocumentFromFile(info.m_strFileName, document) != 0
+                              : GetXMLByConfigInfo(info, xml) && document.SetDocument(std::move(xml));
+    if (isLoaded)
+        (this->*read)(document);
+    return isLoaded;
 }
 
 int CResMgr::LoadAllString(const CResourceFileInfo& info)
 {
-    return Load(info, &CResMgr::ParseAllString);
+    return Load(info, &CResMgr::ReadStrings);
 }
 
 int CResMgr::LoadDUIResource(const CResourceFileInfo& info)
 {
-    return Load(info, &CResMgr::ParseDUIResource);
+    return Load(info, &CResMgr::ReadResources);
 }
 
 int CResMgr::LoadTemplateStyle(const CResourceFileInfo& info)
 {
-    return Load(info, &CResMgr::ParseTemplateStyle);
+    return Load(info, &CResMgr::ReadTemplates);
 }
 
 int CResMgr::LoadStyleResource(const CResourceFileInfo& info)
 {
-    return Load(info, &CResMgr::ParseStyleResource);
+    return Load(info, &CResMgr::ReadStyles);
 }
 
 void CResMgr::ClearAllString()
@@ -243,7 +248,7 @@ CDUIImageListPtr CResMgr::GetImage(const CString& name, int share)
     return made;
 }
 
-CDUIImageListPtr CResMgr::CreateImage(CRefPtr<CResourceImageData> record)
+CDUIImageListPtr CResMgr::CreateImage(const CRefPtr<CResourceImageData>& record)
 {
     CDUIImageListPtr list;
     switch (SourceOf(record->m_strConfigType)) {
@@ -280,7 +285,7 @@ CRefPtr<CCursorObject> CResMgr::GetCursor(const CString& name, int share)
     return (*record)->m_pCursor;
 }
 
-CRefPtr<CCursorObject> CResMgr::CreateCursor(CRefPtr<CResourceCursorData> record)
+CRefPtr<CCursorObject> CResMgr::CreateCursor(const CRefPtr<CResourceCursorData>& record)
 {
     switch (SourceOf(record->m_strConfigType)) {
         case Source::File:
@@ -324,7 +329,7 @@ CRefPtr<CFontObject> CResMgr::GetDefaultFont()
     return m_pDefaultFont;
 }
 
-CRefPtr<CFontObject> CResMgr::CreateFontA(CRefPtr<CResourceFontData> record)
+CRefPtr<CFontObject> CResMgr::CreateFontA(const CRefPtr<CResourceFontData>& record)
 {
     constexpr int kHeaviest = 999;
     CRefPtr<CFontObject> font(new CFontObject);

@@ -62,8 +62,8 @@ int AddObserver(std::vector<Observer*>& observers, Observer* observer)
 template <class Observer, class Call>
 void Notify(const std::vector<Observer*>& observers, Call call)
 {
-    const std::vector<Observer*> copy = observers;
-    for (Observer* observer : copy)
+    const std::vector<Observer*> round(observers.begin(), observers.end());
+    for (Observer* observer : round)
         if (std::find(observers.begin(), observers.end(), observer) != observers.end())
             call(*observer);
 }
@@ -223,17 +223,16 @@ void CDUISkinMgr::SetSkinTyle(const CString& skin)
 {
     if (skin == m_currentSkin.m_strName)
         return;
-    const CString newSkin = skin;
     for (const CResourceFileInfo& info : m_skins)
-        if (info.m_strName == newSkin)
+        if (info.m_strName == skin)
             m_currentSkin = info;
     LoadDUIResource();
     for (const CResourceFileInfo& info : m_styles)
-        if (info.m_strName == newSkin)
+        if (info.m_strName == skin)
             m_currentStyle = info;
     LoadStyleResource();
     for (const auto& added : m_addedSkins)
-        added.second->SetSkinTyle(newSkin);
+        added.second->SetSkinTyle(skin);
     NotifySkinChange();
 }
 

@@ -129,14 +129,14 @@ CRefPtr<Style> StyleOf(CNameTable<CRefPtr<Style>>& table, const CString& name)
 
 }  // namespace
 
-int CResMgr::ParseStyleResource(const CString& xml)
+void CResMgr::ReadStyles(CXmlDocument& xml)
 {
     static constexpr SetKind kKinds[] = {
         {"text_style_set", "text_style", &CResMgr::ReadTextStyle},
         {"frame_style_set", "frame_style", &CResMgr::ReadFrameStyle},
         {"control_style_set", "control_style", &CResMgr::ReadControlStyle},
     };
-    return ReadSets(xml, kKinds);
+    ReadSets(xml, kKinds);
 }
 
 void CResMgr::ReadTextStyle(CXmlDocument& xml)
@@ -217,7 +217,7 @@ DWORD CResMgr::ParseTextFormat(const CString& format)
     return flags;
 }
 
-void CResMgr::ParseFrameBKAttriColors(const CString& colors, CRefPtr<CDUIFrameBK> frame) const
+void CResMgr::ParseFrameBKAttriColors(const CString& colors, const CRefPtr<CDUIFrameBK>& frame) const
 {
     const int first = colors.Find(',');
     const int second = first == -1 ? -1 : colors.Find(',', first + 1);
@@ -226,7 +226,7 @@ void CResMgr::ParseFrameBKAttriColors(const CString& colors, CRefPtr<CDUIFrameBK
                       : second == -1 ? GetColor(colors.Mid(first + 1))
                                      : GetColor(colors.Mid(first + 1, second - first - 1));
     const CARGB middle = second == -1 ? CARGB() : GetColor(colors.Mid(second + 1));
-    if (start.IsEmpty())
+    if (frame.IsNull() || start.IsEmpty())
         return;
     if (end.IsEmpty())
         frame->SetBKColor(start);
@@ -236,7 +236,7 @@ void CResMgr::ParseFrameBKAttriColors(const CString& colors, CRefPtr<CDUIFrameBK
         frame->SetBKColor(start, end, middle, frame->GetBKSepPos(), frame->GetBKVertical());
 }
 
-void CResMgr::ParseFrameBKImagePos(const CString& position, CRefPtr<CDUIFrameBK> frame) const
+void CResMgr::ParseFrameBKImagePos(const CString& position, const CRefPtr<CDUIFrameBK>& frame) const
 {
     struct Word {
         const char* word;
@@ -245,6 +245,8 @@ void CResMgr::ParseFrameBKImagePos(const CString& position, CRefPtr<CDUIFrameBK>
     static constexpr Word kWords[] = {
         {"left_top", 0}, {"left_bottom", 1}, {"right_bottom", 3}, {"right_top", 2}, {"center", 4},
     };
+    if (frame.IsNull())
+        return;
     CFrameBKImagePos place = frame->GetSkinImagePos();
     place.kind = 0;
     for (const Word& entry : kWords)

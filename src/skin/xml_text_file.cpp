@@ -37,15 +37,16 @@ struct CloseFile {
 
 bool ReadBytes(LPCSTR path, std::string& bytes)
 {
+    constexpr long kLargestFile = std::numeric_limits<int>::max() / 4;
     const std::unique_ptr<std::FILE, CloseFile> file(OpenPlatformFile(path, "rb"));
-    if (!file)
+    if (!file || std::fseek(file.get(), 0, SEEK_END) != 0)
         return false;
-    char chunk[65536];
-    while (const std::size_t count = std::fread(chunk, 1, sizeof chunk, file.get())) {
-        bytes.append(chunk, count);
-        if (bytes.size() > static_cast<std::size_t>(std::numeric_limits<int>::max()) / 4)
-            return false;
-    }
+    const long size = std::ftell(file.get());
+    if (size < 0 || size > kLargestFile)
+        return false;
+    std::rewind(file.get());
+    bytes.resize(static_cast<std::size_t>(size));
+    bytes.resize(std::fread(bytes.data(), 1, bytes.size(), file.get()));
     return !std::ferror(file.get());
 }
 
@@ -138,10 +139,8 @@ CString FromWide(const std::string& bytes, bool isBigEndian, XmlLog& log)
 
 CString FromEightBit(std::string bytes, std::string encoding, XmlLog& log)
 {
-    const std::size_t before = bytes.size();
-    std::erase(bytes, '\0');
-    if (bytes.size() != before)
-        log.Add("nulls_removed", {{"count", before - bytes.size()}});
+    if (bytes.find('\0') != std::string::npos)
+        log.Add("nulls_removed", {{"count", std::erase(bytes, '\0')}});
     if (encoding.empty()) {
         log.Add("utf8_detection");
         if (IsUtf8(bytes))

@@ -7,6 +7,8 @@
 
 namespace DUI {
 
+class CXmlDocument;
+
 /// The full path of a file that a skin names, relative to the executable's directory (back-slashes, no slash
 /// at the end). "/" counts as "\"; a leading ".\" goes; each leading "..\" takes one directory off, but never
 /// the last one under a drive ("C:\App" stays). An absolute path is not recognised. No file is touched.
@@ -24,15 +26,15 @@ public:
     CResLoader& operator=(const CResLoader&) = delete;
     ~CResLoader();
 
-    /// For tools that look at packages elsewhere: the directory, with either separator, that names are relative to
-    /// instead of the executable's, for the whole process. An empty text goes back to that one.
+    /// For tools that look at packages elsewhere: the directory, with either separator, that names are
+    /// relative to instead of the executable's, for the whole process. An empty text goes back to that one.
     static void SetBaseDirectory(const CString& directory);
 
     /// A new image list, returned also when the file cannot be decoded; it then holds no picture.
     CDUIImageListPtr LoadImageFromFile(const CString& path);
     /// Loads another picture into the list, for all who hold it; 0 for a null list or a failure, which
     /// empties it.
-    int LoadImageFromFile(const CString& path, CDUIImageListPtr list);
+    int LoadImageFromFile(const CString& path, const CDUIImageListPtr& list);
     /// Null when the module cannot be loaded.
     CDUIImageListPtr LoadImageFromDll(const CString& module, const CString& id, const CString& type);
     CDUIImageListPtr LoadImageFromExe(const CString& id, const CString& type);
@@ -43,6 +45,8 @@ public:
 
     /// The text of a well-formed document in the system code page; 0 leaves `xml` as it was.
     int LoadXMLFromFile(const CString& path, CString& xml);
+    /// The same, parsed.
+    int LoadDocumentFromFile(const CString& path, CXmlDocument& document);
     /// A UTF-8 resource in the system code page, whether well-formed or not. A byte-order mark stays in the
     /// text.
     int LoadXMLFromDll(const CString& module, const CString& id, const CString& type, CString& xml);

@@ -15,10 +15,12 @@ class CXmlDocument;
 /// fonts and cursors with the objects made from them, and the style sets.
 ///
 /// Objects are made on first use and shared. Loading another document over the tables updates records, image
-/// lists and style objects of the same name in place. Names match exactly. Operations that return int give 1
-/// for success; a document that cannot be read or is not well formed gives 0 and changes nothing. Within a
-/// document the sets of one kind must stand before those of the next: colours, cursors, fonts, images; menus,
-/// windows, plug-ins; text, frame and control styles. A set behind one of a later kind is not seen.
+/// lists and style objects of the same name in place; an image list takes over the new picture and keeps the
+/// count, direction, style and corner that it was made with, and fonts and cursors that were made stay. Names
+/// match exactly. Operations that return int give 1 for success; a document that cannot be read or is not
+/// well formed gives 0 and changes nothing. Within a document the sets of one kind must stand before those of
+/// the next: colours, cursors, fonts, images; menus, windows, plug-ins; text, frame and control styles. A set
+/// behind one of a later kind is not seen.
 class QVUI_API CResMgr {
 public:
     CResMgr() = default;
@@ -82,13 +84,13 @@ public:
     static DWORD ParseTextFormat(const CString& format);
     /// One to three colours separated by ",": start, end, middle. Nothing changes when the first has no
     /// value.
-    void ParseFrameBKAttriColors(const CString& colors, CRefPtr<CDUIFrameBK> frame) const;
-    void ParseFrameBKImagePos(const CString& position, CRefPtr<CDUIFrameBK> frame) const;
+    void ParseFrameBKAttriColors(const CString& colors, const CRefPtr<CDUIFrameBK>& frame) const;
+    void ParseFrameBKImagePos(const CString& position, const CRefPtr<CDUIFrameBK>& frame) const;
 
 protected:
-    CDUIImageListPtr CreateImage(CRefPtr<CResourceImageData> record);
-    CRefPtr<CFontObject> CreateFontA(CRefPtr<CResourceFontData> record);
-    CRefPtr<CCursorObject> CreateCursor(CRefPtr<CResourceCursorData> record);
+    CDUIImageListPtr CreateImage(const CRefPtr<CResourceImageData>& record);
+    CRefPtr<CFontObject> CreateFontA(const CRefPtr<CResourceFontData>& record);
+    CRefPtr<CCursorObject> CreateCursor(const CRefPtr<CResourceCursorData>& record);
 
 private:
     /// Which entries of which set a document may hold, and what reads one; the cursor's child is the entry.
@@ -97,9 +99,16 @@ private:
         const char* entry;
         void (CResMgr::*read)(CXmlDocument& xml);
     };
+    using ReadDocument = void (CResMgr::*)(CXmlDocument& xml);
+    int Load(const CResourceFileInfo& info, ReadDocument read);
+    int Parse(const CString& xml, ReadDocument read);
     template <std::size_t Count>
-    int ReadSets(const CString& xml, const SetKind (&kinds)[Count]);
-    int Load(const CResourceFileInfo& info, int (CResMgr::*parse)(const CString&));
+    void ReadSets(CXmlDocument& xml, const SetKind (&kinds)[Count]);
+
+    void ReadStrings(CXmlDocument& xml);
+    void ReadResources(CXmlDocument& xml);
+    void ReadTemplates(CXmlDocument& xml);
+    void ReadStyles(CXmlDocument& xml);
 
     void ReadColor(CXmlDocument& xml);
     void ReadCursor(CXmlDocument& xml);

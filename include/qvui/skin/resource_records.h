@@ -20,6 +20,7 @@ struct QVUI_API CResourceFileInfo {
 class QVUI_API CResourceRecordCount : public CRefCountBase {
 public:
     CResourceRecordCount() = default;
+    // NOLINTNEXTLINE(bugprone-copy-constructor-init): the owners are not copied.
     CResourceRecordCount(const CResourceRecordCount&) : CRefCountBase() {}
     CResourceRecordCount& operator=(const CResourceRecordCount&) { return *this; }
 

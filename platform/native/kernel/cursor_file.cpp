@@ -5,6 +5,7 @@
 namespace qvui::native {
 namespace {
 
+constexpr std::uint16_t kIconType = 1;
 constexpr std::uint16_t kCursorType = 2;
 constexpr std::size_t kDirectorySize = 6;
 constexpr std::size_t kEntrySize = 16;
@@ -73,48 +74,73 @@ std::uint32_t ColourAt(std::span<const std::uint8_t> bitmap, const Layout& layou
     return entry + 4 <= layout.pixels ? U32(bitmap, entry) & 0xFFFFFF : 0;
 }
 
+// Makes the pixels that the mask names clear and all others opaque.
+void ApplyMask(std::span<const std::uint8_t> bitmap, const Layout& layout, const Surface& pixels)
+{
+    for (int y = 0; y < layout.height; ++y) {
+        const auto stored = static_cast<std::size_t>(layout.height - 1 - y);
+        const auto mask = bitmap.subspan(layout.mask + stored * layout.maskStride, layout.maskStride);
+        for (int x = 0; x < layout.width; ++x) {
+            const bool isClear = (mask[static_cast<std::size_t>(x) / 8] >> (7 - x % 8)) & 1;
+            std::uint32_t& pixel = pixels.Row32(y)[x];
+            pixel = isClear ? 0 : pixel | 0xFF000000;
+        }
+    }
+}
+
 std::shared_ptr<Surface> ReadBitmap(std::span<const std::uint8_t> bitmap)
 {
     Layout layout{};
     if (!FindLayout(bitmap, layout))
         return nullptr;
     auto pixels = Surface::Create(layout.width, layout.height, 32, false);
-    bool hasAlpha = false;
-    for (int y = 0; y < layout.height; ++y)
+    std::uint32_t all = 0;
+    for (int y = 0; y < layout.height; ++y) {
+        const auto stored = static_cast<std::size_t>(layout.height - 1 - y);
         for (int x = 0; x < layout.width; ++x) {
-            const std::uint32_t colour = ColourAt(
-                bitmap, layout, static_cast<std::size_t>(layout.height - 1 - y), static_cast<std::size_t>(x));
-            hasAlpha = hasAlpha || (layout.bits == 32 && colour >> 24);
+            const std::uint32_t colour = ColourAt(bitmap, layout, stored, static_cast<std::size_t>(x));
+            all |= colour;
             pixels->Row32(y)[x] = colour;
         }
-    if (hasAlpha)
-        return pixels;
-    for (int y = 0; y < layout.height; ++y)
-        for (int x = 0; x < layout.width; ++x) {
-            const std::size_t at = layout.mask +
-                                   static_cast<std::size_t>(layout.height - 1 - y) * layout.maskStride +
-                                   static_cast<std::size_t>(x) / 8;
-            const bool isMasked = (bitmap[at] >> (7 - x % 8)) & 1;
-            std::uint32_t& pixel = pixels->Row32(y)[x];
-            pixel = isMasked ? 0 : pixel | 0xFF000000;
-        }
+    }
+    const bool hasAlpha = layout.bits == 32 && all >> 24 != 0;
+    if (!hasAlpha)
+        ApplyMask(bitmap, layout, *pixels);
     return pixels;
 }
 
-}  // namespace
-
-CursorImage ReadCursorFile(std::span<const std::uint8_t> file)
+std::span<const std::uint8_t> FirstImage(std::span<const std::uint8_t> file, std::uint16_t type)
 {
-    if (file.size() < kDirectorySize + kEntrySize || U16(file, 0) != 0 || U16(file, 2) != kCursorType ||
+    if (file.size() < kDirectorySize + kEntrySize || U16(file, 0) != 0 || U16(file, 2) != type ||
         U16(file, 4) == 0)
         return {};
     const std::size_t size = U32(file, kDirectorySize + 8);
     const std::size_t offset = U32(file, kDirectorySize + 12);
     if (offset > file.size() || size > file.size() - offset)
         return {};
+    return file.subspan(offset, size);
+}
+
+}  // namespace
+
+CursorImage ReadCursorFile(std::span<const std::uint8_t> file)
+{
+    const auto image = FirstImage(file, kCursorType);
+    if (image.empty())
+        return {};
     return {
-        ReadBitmap(file.subspan(offset, size)),
+        ReadBitmap(image),
         {static_cast<LONG>(U16(file, kDirectorySize + 4)), static_cast<LONG>(U16(file, kDirectorySize + 6))}};
+}
+
+std::span<const std::uint8_t> FirstImageOfIcon(std::span<const std::uint8_t> file)
+{
+    return FirstImage(file, kIconType);
+}
+
+std::shared_ptr<Surface> ReadIconBitmap(std::span<const std::uint8_t> bitmap)
+{
+    return ReadBitmap(bitmap);
 }
 
 CursorImage ReadCursorResource(std::span<const std::uint8_t> resource)

@@ -10,8 +10,8 @@
 
 /// A multibyte string in the system code page, with value semantics.
 ///
-/// Positions and lengths count bytes. Operations that look at characters (case, trimming, searching for one
-/// character) step over whole characters, so a double-byte or UTF-8 sequence is never split.
+/// Positions and lengths count bytes. Operations that look at characters (case, trimming, searching, replacing) step
+/// over whole characters, so a double-byte or UTF-8 sequence is never split, nor found inside another.
 class QVUI_API CString {
 public:
     CString() = default;
@@ -109,6 +109,11 @@ public:
     friend bool operator<(const CString& left, const CString& right) { return left.m_text < right.m_text; }
 
 private:
+    int FindAt(std::string_view text, std::size_t from) const;
+    /// The first character at or after `from` that is, or is not, a member of `set`; -1 when there is none.
+    int FindInSet(LPCSTR set, std::size_t from, bool isMember) const;
+    /// The bytes of the character at a position inside the text.
+    int LengthAt(std::size_t at) const;
     static std::size_t Size(int count) { return count > 0 ? static_cast<std::size_t>(count) : 0; }
 
     std::string m_text;
