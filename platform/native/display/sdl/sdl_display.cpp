@@ -5,6 +5,7 @@
 #include <iterator>
 #include <string_view>
 
+#include "native/display/sdl/x11_errors.h"
 #include "native/display/sdl/x11_window.h"
 
 namespace qvui::native {
@@ -64,6 +65,7 @@ SdlDisplay::~SdlDisplay()
         SDL_FreeCursor(cursor);
     if (m_ownCursor)
         SDL_FreeCursor(m_ownCursor);
+    SDL_QuitSubSystem(SDL_INIT_VIDEO);
 }
 
 SDL_Window* SdlDisplay::Find(HWND window) const
@@ -290,6 +292,7 @@ std::unique_ptr<Display> MakeSdlDisplay()
     // shows pictures from memory without that.
     if (std::string_view(SDL_GetCurrentVideoDriver()) == "x11")
         SDL_SetHint(SDL_HINT_FRAMEBUFFER_ACCELERATION, "0");
+    ForgiveLateWakeUps();
     return std::make_unique<SdlDisplay>();
 }
 

@@ -15,8 +15,6 @@ public:
     SdlDisplay();
     SdlDisplay(const SdlDisplay&) = delete;
     SdlDisplay& operator=(const SdlDisplay&) = delete;
-    /// The connection to the screen ends with the process, as this driver does. Closing it through SDL would make X
-    /// report, and end the process with an error for, a wake-up that SDL sent to a window just closed.
     ~SdlDisplay() override;
 
     void Open(HWND window, const RECT& screen, const SurfaceOptions& options) override;
