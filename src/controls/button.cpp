@@ -139,8 +139,8 @@ BOOL CDUIButton::EstimateSize(SIZE, SIZE& size)
     const SIZE icon = (m_dwButtonStyle & kIconBits) ? IconSize(m_uiData.m_pIcon) : SIZE{0, 0};
     SIZE text{0, 0};
     if (!(m_dwButtonStyle & BTNSTYLE_NO_TEXT) && !GetText().IsEmpty())
-        if (const HFONT font = GetFontByStatus(BTN_STATUS_NORMAL))
-            text = CDUIRenderEngine::GetTextIdealSize(GetText(), font, 0, DT_SINGLELINE);
+        if (const CRefPtr<CTextStyle> style = GetTextStyle(); !style.IsNull())
+            text = m_measuredText.Get(GetText(), style->GetNormalFont(), DT_SINGLELINE);
 
     LONGLONG width = text.cx;
     LONGLONG height = text.cy;

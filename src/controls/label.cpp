@@ -62,8 +62,7 @@ BOOL CDUILabel::EstimateSize(SIZE, SIZE& size)
     const CRefPtr<CTextStyle> style = GetTextStyle();
     if (GetText().IsEmpty() || style.IsNull() || style->GetNormalFont().IsNull())
         return FALSE;
-    const SIZE text = CDUIRenderEngine::GetTextIdealSize(GetText(), style->GetNormalFont()->GetFont(), 0,
-                                                         style->GetTextFormat());
+    const SIZE text = m_measuredText.Get(GetText(), style->GetNormalFont(), style->GetTextFormat());
     size = OuterSize(text.cx, text.cy, {0, 0, 0, 0}, GetFixedSize());
     return TRUE;
 }

@@ -30,6 +30,7 @@ CFontObject::~CFontObject()
 int CFontObject::CreateFontA()
 {
     DeleteObject();
+    ++m_nVersion;
     m_hFont = CreateFontIndirectA(&m_logFont);
     return m_hFont != nullptr;
 }

@@ -91,6 +91,25 @@ TEST_F(Label, FillsItsContentWithTheImage)
     EXPECT_EQ(size.cy, -2);
 }
 
+TEST_F(Label, MeasuresAnewWhenItsTextOrFontChanges)
+{
+    ControlWindow window({60, 40}, "<label text=\"#one two\" text_style=\"big\"/>");
+    const auto measure = [&window] {
+        SIZE size{};
+        Root(window)->EstimateSize({1, 1}, size);
+        return size;
+    };
+    const SIZE before = measure();
+    Root(window)->SetText("one two three");
+    EXPECT_GT(measure().cx, before.cx);
+    Root(window)->SetText("one two");
+    EXPECT_EQ(measure().cx, before.cx);
+    const CRefPtr<CFontObject> font = Skin().Manager().GetTextStyle("big")->GetNormalFont();
+    font->SetHeight(font->GetHeight() * 2);
+    font->CreateFontA();
+    EXPECT_GT(measure().cy, before.cy);
+}
+
 TEST_F(Label, EstimatesItsTextOnOneLineWithoutTheMargin)
 {
     const HFONT font = Skin().Manager().GetTextStyle("big")->GetNormalFont()->GetFont();

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <qvui/controls/measured_text.h>
 #include <qvui/framework/control_base.h>
 #include <qvui/render/image_list.h>
 
@@ -102,6 +103,7 @@ private:
     CButtonUIData m_uiData;
     DWORD m_dwButtonStyle = 0;
     RECT m_rcIcon{0, 0, 0, 0};
+    MeasuredText m_measuredText;
     RECT m_rcText{0, 0, 0, 0};
     bool m_isToolCheck = false;
 };

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <qvui/controls/measured_text.h>
 #include <qvui/framework/control_base.h>
 #include <qvui/render/image_list.h>
 
@@ -40,6 +41,7 @@ private:
     bool m_bShadow = false;
     COLORREF m_shadowColor = 0;
     CDUIImageListPtr m_pBackImage;
+    MeasuredText m_measuredText;
 };
 
 }  // namespace DUI

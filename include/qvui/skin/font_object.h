@@ -21,6 +21,8 @@ public:
     int CreateFontA();
     /// Borrowed; valid until the font is made anew or the object goes.
     HFONT GetFont() const { return m_hFont; }
+    /// Another number whenever the font was made anew, for those who remember what they measured with it.
+    unsigned GetVersion() const { return m_nVersion; }
     int IsNull() const { return m_hFont == nullptr; }
 
     /// As in the platform's LOGFONT: negative is the em size in pixels, positive the cell height.
@@ -44,6 +46,7 @@ protected:
 
 private:
     HFONT m_hFont = nullptr;
+    unsigned m_nVersion = 0;
     LOGFONTA m_logFont{};
 };
 
