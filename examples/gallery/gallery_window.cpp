@@ -34,7 +34,8 @@ bool GalleryWindow::Create(bool isLayered)
 {
     if (isLayered)
         SetDUIStyle(0, DUI::DUINCSTYLE_LAYERED);
-    return CreateHost({"qvui gallery", CustomFrame::kStyle, isLayered ? WS_EX_LAYERED : 0, kSize, {80, 60}});
+    const DWORD exStyle = isLayered ? static_cast<DWORD>(WS_EX_LAYERED) : 0;
+    return CreateHost({"qvui gallery", CustomFrame::kStyle, exStyle, kSize, {80, 60}});
 }
 
 bool GalleryWindow::BuildControls()
