@@ -12,7 +12,8 @@ namespace qvui::native {
 namespace {
 
 constexpr double kScreenResolution = 96.0;
-constexpr std::size_t kMostLines = 512;
+// What a screen full of labels shows.
+constexpr std::size_t kMostLines = 2048;
 constexpr std::size_t kLongestCachedLine = 4096;
 constexpr int kDefaultHeight = -12;
 
@@ -35,16 +36,30 @@ int Pixels(long long units)
     return static_cast<int>(std::lround(static_cast<double>(units) / PANGO_SCALE));
 }
 
-// The platform sets glyph after glyph: the width of a text is the sum of its characters', with no kerning
-// between them and no ligatures.
-PangoAttrList* PlainGlyphs()
+PangoAttrList* MakeFeatures(const char* features)
 {
-    static PangoAttrList* const attributes = [] {
-        PangoAttrList* list = pango_attr_list_new();
-        pango_attr_list_insert(list, pango_attr_font_features_new("kern=0, liga=0, clig=0"));
-        return list;
-    }();
-    return attributes;
+    PangoAttrList* list = pango_attr_list_new();
+    pango_attr_list_insert(list, pango_attr_font_features_new(features));
+    return list;
+}
+
+constexpr bool IsPrintableAscii(char character)
+{
+    return character >= ' ' && character <= '~';
+}
+
+bool IsPrintableAscii(std::string_view text)
+{
+    return std::all_of(text.begin(), text.end(), [](char character) { return IsPrintableAscii(character); });
+}
+
+// The platform sets glyph after glyph: the width of a text is the sum of its characters', with no kerning
+// between them and no ligatures. Only scripts that need it keep their contextual forms.
+PangoAttrList* PlainGlyphs(std::string_view text)
+{
+    static PangoAttrList* const anyScript = MakeFeatures("kern=0, liga=0, clig=0");
+    static PangoAttrList* const ascii = MakeFeatures("kern=0, liga=0, clig=0, calt=0");
+    return IsPrintableAscii(text) ? ascii : anyScript;
 }
 
 // The width of the text before each byte; a character's bytes share the position of its start. The runs count
@@ -106,6 +121,7 @@ LOGFONTA DefaultDescription()
 
 FontObject::FontObject(const LOGFONTA& description) : GdiObject(GdiKind::Font), m_description(description)
 {
+    m_advances.fill(kUnknown);
     m_description.lfFaceName[LF_FACESIZE - 1] = '\0';
 }
 
@@ -180,10 +196,41 @@ const ShapedLine& FontObject::Shape(std::string_view utf8)
     entry.line.layout.reset(layout);
     pango_layout_set_single_paragraph_mode(layout, TRUE);
     pango_layout_set_font_description(layout, m_font.get());
-    pango_layout_set_attributes(layout, PlainGlyphs());
+    pango_layout_set_attributes(layout, PlainGlyphs(entry.text));
     pango_layout_set_text(layout, entry.text.data(), static_cast<int>(entry.text.size()));
     entry.line.widths = WidthsOf(pango_layout_get_line_readonly(layout, 0), entry.text);
     return entry.line;
+}
+
+int FontObject::AdvanceOf(char character)
+{
+    int& advance = m_advances[static_cast<std::size_t>(character - ' ')];
+    if (advance == kUnknown) {
+        const int alone = Shape({&character, 1}).Width();
+        const char amongLetters[] = {'a', character, 'a'};
+        const std::vector<int>& widths = Shape({amongLetters, sizeof amongLetters}).widths;
+        const bool isSame = widths[2] - widths[1] == alone && widths[3] - widths[2] == widths[1];
+        advance = isSame ? alone : kDependsOnNeighbours;
+    }
+    return advance;
+}
+
+const std::vector<int>& FontObject::Widths(std::string_view utf8)
+{
+    if (!IsPrintableAscii(utf8))
+        return Shape(utf8).widths;
+    m_widths.clear();
+    m_widths.reserve(utf8.size() + 1);
+    int passed = 0;
+    m_widths.push_back(passed);
+    for (const char character : utf8) {
+        const int advance = AdvanceOf(character);
+        if (advance == kDependsOnNeighbours)
+            return Shape(utf8).widths;
+        passed += advance;
+        m_widths.push_back(passed);
+    }
+    return m_widths;
 }
 
 void FontObject::ForgetLine()

@@ -2,6 +2,7 @@
 
 #include <pango/pango.h>
 
+#include <array>
 #include <list>
 #include <map>
 #include <memory>
@@ -41,8 +42,15 @@ public:
     const TEXTMETRICA& Metrics();
     /// The shaped line of a UTF-8 text without line breaks; valid until the next call on this font.
     const ShapedLine& Shape(std::string_view utf8);
+    /// The widths of the shaped line, added up from its characters' where those don't depend on one another;
+    /// valid until the next call on this font.
+    const std::vector<int>& Widths(std::string_view utf8);
 
 private:
+    enum : int { kUnknown = -1, kDependsOnNeighbours = -2 };
+
+    /// The pixels that a printable ASCII character takes in any company, or kDependsOnNeighbours.
+    int AdvanceOf(char character);
     void Load();
     /// Makes room for one more line: lets go of the oldest, or of the last one when it was too long to keep.
     void ForgetLine();
@@ -58,6 +66,8 @@ private:
     };
     std::list<Entry> m_lines;
     std::map<std::string_view, std::list<Entry>::iterator> m_index;
+    std::array<int, '~' - ' ' + 1> m_advances;
+    std::vector<int> m_widths;
 };
 
 /// The font selected into a context; never null.

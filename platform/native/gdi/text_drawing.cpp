@@ -137,8 +137,8 @@ BOOL GetTextExtentExPointA(HDC dc, LPCSTR text, int length, int widest, int* fit
         return FALSE;
     const std::shared_ptr<FontObject> font = FontOf(context->state);
     const std::string utf8 = Utf8Of(text, length);
-    const ShapedLine& line = font->Shape(utf8);
-    *size = {line.Width(), font->Metrics().tmHeight};
+    const std::vector<int>& before = font->Widths(utf8);
+    *size = {before.back(), font->Metrics().tmHeight};
     if (!fit && !widths)
         return TRUE;
     // Widths are asked for per byte of the system code page; a character's bytes share its width.
@@ -151,8 +151,8 @@ BOOL GetTextExtentExPointA(HDC dc, LPCSTR text, int length, int widest, int* fit
             std::min(position + SystemToUtf8({at, static_cast<std::size_t>(bytes)}).size(), utf8.size());
         for (int i = 0; i < bytes; ++i, ++at)
             if (widths)
-                widths[at - text] = line.widths[position];
-        if (line.widths[position] <= widest)
+                widths[at - text] = before[position];
+        if (before[position] <= widest)
             fitting = static_cast<int>(at - text);
     }
     if (fit)
@@ -181,7 +181,7 @@ BOOL ExtTextOutA(HDC dc, int x, int y, UINT options, const RECT* rect, LPCSTR te
     if (rect && (options & ETO_CLIPPED))
         clip.emplace(*context, *rect);
     if (!(options & ETO_OPAQUE))
-        FillTextBackground(*context, at, font->Shape(utf8).Width(), font->Metrics().tmHeight);
+        FillTextBackground(*context, at, font->Widths(utf8).back(), font->Metrics().tmHeight);
     DrawLineAt(*context, *font, utf8, at);
     return TRUE;
 }

@@ -71,6 +71,30 @@ TEST_F(TextMetrics, ExtentsGrowWithTheText)
     EXPECT_EQ(size.cx, 0);
 }
 
+TEST_F(TextMetrics, ATextIsAsWideAsItsCharacters)
+{
+    std::string printable;
+    for (char character = ' '; character <= '~'; ++character)
+        printable += character;
+    TextCanvas canvas;
+    for (const int height : {-11, -16, -37}) {
+        const Scoped<HFONT> font(TestFont(height));
+        const HGDIOBJ previous = SelectObject(canvas, font);
+        // A tab that is not expanded has no glyph: it makes a text one that is not of letters alone.
+        const auto widthWithTab = [&canvas](const std::string& text) {
+            return canvas.Calculated(text + "\t", {}, DT_SINGLELINE | DT_NOPREFIX).right;
+        };
+        for (const std::string& text : {printable, std::string("AVATAR To, W. office -> fj <=> 11:17")}) {
+            int sum = 0;
+            for (const char character : text)
+                sum += canvas.Width({character});
+            EXPECT_EQ(canvas.Width(text), sum) << height;
+            EXPECT_EQ(widthWithTab(text) - widthWithTab(""), sum) << height;
+        }
+        SelectObject(canvas, previous);
+    }
+}
+
 using TextPixels = PlatformTest;
 
 TEST_F(TextPixels, HaveNoAlphaWhereTheyTouchAndLeaveTheRest)
