@@ -11,9 +11,10 @@
 
 #include <unistd.h>
 
-#include <qvui/render/dib_section.h>
 #include <qvui/skin/skin_manager.h>
 #include <qvui/skin/xml_document.h>
+
+#include "fuzz_support.h"
 
 namespace {
 
@@ -21,28 +22,6 @@ namespace {
 constexpr std::string_view kNextFile = "\n=====";
 constexpr const char* kFiles[] = {"strings.xml",   "other.xml", "light.xml", "dark.xml", "styles.xml",
                                   "templates.xml", "image.png", "a.cur",     "a.dll"};
-
-class Canvas {
-public:
-    Canvas() : m_context(CreateCompatibleDC(nullptr))
-    {
-        m_section.Create(48, 32, 32);
-        m_before = SelectObject(m_context, m_section.GetBitmap());
-    }
-    Canvas(const Canvas&) = delete;
-    Canvas& operator=(const Canvas&) = delete;
-    ~Canvas()
-    {
-        SelectObject(m_context, m_before);
-        DeleteDC(m_context);
-    }
-    HDC Get() const { return m_context; }
-
-private:
-    DUI::CDibSection m_section;
-    HDC m_context;
-    HGDIOBJ m_before;
-};
 
 const std::string& Folder()
 {
