@@ -1,9 +1,11 @@
 #pragma once
 
-#include <functional>
+#include <cstddef>
 #include <vector>
 
 #include <qvui/platform/platform.h>
+
+#include "controls/geometry.h"
 
 namespace DUI::layout {
 
@@ -26,14 +28,46 @@ struct Line {
     int gap = 0;
 };
 
-/// What a child, by its number, asks of the length that is still left; 0 makes it flexible.
-using AskChild = std::function<LONG(std::size_t child, LONG available)>;
-
 /// Hands out a line among children: to each what it asks for, to the flexible ones equal shares of the rest.
-/// Every child is asked twice, first to find the share and then, in the light of it, for its length.
-LinearSpans DivideLine(const Line& line, std::size_t children, const AskChild& ask);
+/// `ask(child, available)` says what a child, by its number, asks of the length that is still left for it; 0
+/// makes it flexible. Every child is asked to find the share, and once more when that has changed what is
+/// left.
+template <class Ask>
+LinearSpans DivideLine(const Line& line, std::size_t children, const Ask& ask)
+{
+    using geometry::Narrow;
+    LinearSpans result;
+    std::vector<Span>& spans = result.spans;
+    spans.reserve(children);
+    // Until a child is placed, its span holds what it was offered and what it asked for.
+    LONGLONG rest = line.length;
+    LONGLONG flexible = 0;
+    for (std::size_t i = 0; i < children; ++i) {
+        if (i > 0)
+            rest -= line.gap;
+        const LONG offered = Narrow(rest);
+        const LONG wanted = ask(i, offered);
+        spans.push_back({offered, wanted});
+        rest -= wanted;
+        flexible += wanted == 0;
+    }
+    const LONGLONG share = rest > 0 && flexible > 0 ? rest / flexible : 0;
+    LONGLONG used = 0;
+    for (std::size_t i = 0; i < children; ++i) {
+        const LONG offered = Narrow(line.length - used);
+        const LONGLONG wanted = offered == spans[i].start ? spans[i].length : ask(i, offered);
+        spans[i] = {line.start + used, wanted != 0 ? wanted : share};
+        used += spans[i].length + line.gap;
+    }
+    result.content = children > 0 ? used - line.gap : 0;
+    return result;
+}
 
 /// Lengthens the last child to the end of the line. The content keeps its length.
-void FillLine(const Line& line, LinearSpans& spans);
+inline void FillLine(const Line& line, LinearSpans& spans)
+{
+    if (!spans.spans.empty() && spans.content < line.length)
+        spans.spans.back().length += line.length - spans.content;
+}
 
 }  // namespace DUI::layout

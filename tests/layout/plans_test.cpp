@@ -64,7 +64,7 @@ TEST(Plans, DivideALineAmongFixedAndFlexibleChildren)
     }
 }
 
-TEST(Plans, OfferEachChildWhatIsLeftTwice)
+TEST(Plans, OfferEachChildWhatIsLeft)
 {
     const std::vector<LONG> wanted{30, 0, 20};
     std::vector<LONG> offered;
@@ -72,8 +72,8 @@ TEST(Plans, OfferEachChildWhatIsLeftTwice)
         offered.push_back(available);
         return wanted[child];
     });
-    // In the second round the flexible child has taken its share of 40.
-    EXPECT_EQ(offered, (std::vector<LONG>{100, 65, 60, 100, 65, 20}));
+    // Then the flexible child takes its share of 40, and only the child behind it is offered something else.
+    EXPECT_EQ(offered, (std::vector<LONG>{100, 65, 60, 20}));
 }
 
 TEST(Plans, CountColumnsUntilTheRightEdgeIsReached)
