@@ -17,7 +17,7 @@ constexpr std::size_t kDirectories64 = 112;
 constexpr std::size_t kResourceDirectory = 2;
 constexpr std::size_t kSectionSize = 40;
 constexpr std::uint32_t kHighBit = 0x80000000;
-constexpr std::size_t kMostResources = 65536;
+constexpr std::size_t kMostWork = std::size_t{1} << 20;
 
 struct Broken {};
 
@@ -55,8 +55,10 @@ public:
             ForEachEntry(Directory(types), [&](const ResourceKey& name, std::uint32_t languages) {
                 bool isFirst = true;
                 ForEachEntry(Directory(languages), [&](const ResourceKey&, std::uint32_t data) {
-                    if (isFirst && !(data & kHighBit))
+                    if (isFirst && !(data & kHighBit)) {
+                        Count(type.text.size() + name.text.size());
                         m_entries.push_back({type, name, Data(data)});
+                    }
                     isFirst = false;
                 });
             });
@@ -86,9 +88,10 @@ private:
     }
 
     // Where a virtual address lies in the file.
-    std::uint64_t Offset(std::uint32_t address) const
+    std::uint64_t Offset(std::uint32_t address)
     {
         for (std::uint64_t i = 0; i < m_sectionCount; ++i) {
+            Count(1);
             const std::uint64_t section = m_sections + i * kSectionSize;
             const std::uint32_t start = m_file.U32(section + 12);
             const std::uint32_t size = m_file.U32(section + 16);
@@ -105,34 +108,41 @@ private:
         return field & ~kHighBit;
     }
 
+    // The three levels are fixed by the caller, so a directory that names itself ends there; the bound keeps
+    // entries that all name one large directory, or one long text, or search many sections, from multiplying.
+    void Count(std::size_t work)
+    {
+        m_work += work;
+        if (m_work > kMostWork)
+            throw Broken();
+    }
+
     template <class Visit>
     void ForEachEntry(std::uint32_t directory, Visit visit)
     {
         const std::uint64_t at = m_root + directory;
         const unsigned count = m_file.U16(at + 12) + m_file.U16(at + 14);
         for (unsigned i = 0; i < count; ++i) {
-            // The three levels are fixed by the caller, so a directory that names itself ends there; the
-            // bound keeps entries that all name one large directory from multiplying.
-            if (++m_visited > kMostResources)
-                throw Broken();
+            Count(1);
             const std::uint64_t entry = at + 16 + i * 8ULL;
             visit(Key(m_file.U32(entry)), m_file.U32(entry + 4));
         }
     }
 
-    ResourceKey Key(std::uint32_t field) const
+    ResourceKey Key(std::uint32_t field)
     {
         if (!(field & kHighBit))
             return {static_cast<std::uint16_t>(field), {}};
         const std::uint64_t at = m_root + (field & ~kHighBit);
         ResourceKey key;
         const std::uint16_t length = m_file.U16(at);
+        Count(length);
         for (std::uint16_t i = 0; i < length; ++i)
             key.text += static_cast<char16_t>(m_file.U16(at + 2 + i * 2ULL));
         return key;
     }
 
-    std::span<const std::uint8_t> Data(std::uint32_t field) const
+    std::span<const std::uint8_t> Data(std::uint32_t field)
     {
         const std::uint64_t at = m_root + field;
         return m_file.Slice(Offset(m_file.U32(at)), m_file.U32(at + 4));
@@ -142,7 +152,7 @@ private:
     std::uint64_t m_root = 0;
     std::uint64_t m_sections = 0;
     unsigned m_sectionCount = 0;
-    std::size_t m_visited = 0;
+    std::size_t m_work = 0;
     std::vector<ResourceEntry> m_entries;
 };
 
