@@ -137,13 +137,13 @@ BOOL CDUIButton::EstimateSize(SIZE, SIZE& size)
         return TRUE;
     }
     const SIZE icon = (m_dwButtonStyle & kIconBits) ? IconSize(m_uiData.m_pIcon) : SIZE{0, 0};
-    SIZE text{0, 0};
-    if (!(m_dwButtonStyle & BTNSTYLE_NO_TEXT) && !GetText().IsEmpty())
+    SIZE textSize{0, 0};
+    if (const CString& text = GetText(); !(m_dwButtonStyle & BTNSTYLE_NO_TEXT) && !text.IsEmpty())
         if (const CRefPtr<CTextStyle> style = GetTextStyle(); !style.IsNull())
-            text = m_measuredText.Get(GetText(), style->GetNormalFont(), DT_SINGLELINE);
+            textSize = m_measuredText.Get(text, style->GetNormalFont(), DT_SINGLELINE);
 
-    LONGLONG width = text.cx;
-    LONGLONG height = text.cy;
+    LONGLONG width = textSize.cx;
+    LONGLONG height = textSize.cy;
     if (icon.cx > 0 && icon.cy > 0) {
         const DWORD placement = GetIconPlacement();
         const bool isBeside = (placement & (BTNSTYLE_LEFT_ICON | BTNSTYLE_RIGHT_ICON)) != 0;

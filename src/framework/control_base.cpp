@@ -141,20 +141,20 @@ const ControlClass& CDUIControlBase::Class()
 
 CDUIControlBase::CDUIControlBase(const CDUIControlBase& other)
     : IDUIControl(other),
-      m_strName(other.m_strName),
-      m_strText(other.m_strText),
-      m_strTooltip(other.m_strTooltip),
       m_dwStyle(other.m_dwStyle),
       m_dwExStyle(other.m_dwExStyle),
       m_dwStatus(other.m_dwStatus),
-      m_chShortcut(other.m_chShortcut),
       m_rcControl(other.m_rcControl),
       m_rcMargin(other.m_rcMargin),
       m_szFixed(other.m_szFixed),
       m_nPaddingWidth(other.m_nPaddingWidth),
       m_pTextStyle(other.m_pTextStyle),
+      m_strText(other.m_strText),
       m_pCursor(other.m_pCursor),
-      m_dwUserData(other.m_dwUserData)
+      m_strName(other.m_strName),
+      m_strTooltip(other.m_strTooltip),
+      m_dwUserData(other.m_dwUserData),
+      m_chShortcut(other.m_chShortcut)
 {
     // Not AddControl: its hooks are those of a class that is not constructed yet.
     m_children.reserve(other.m_children.size());

@@ -124,8 +124,8 @@ void CDUIControlBase::RemoveAllControl()
 
 IDUIControl* CDUIControlBase::GetControlByIndex(int index) const
 {
-    return index < 0 || index >= GetControlCount() ? nullptr
-                                                   : m_children[static_cast<std::size_t>(index)].GetPtr();
+    const auto place = static_cast<std::size_t>(index);
+    return index < 0 || place >= m_children.size() ? nullptr : m_children[place].GetPtr();
 }
 
 int CDUIControlBase::GetControlIndex(CRefPtr<IDUIControl> child)

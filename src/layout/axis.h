@@ -17,7 +17,8 @@ struct Horizontal {
 
     static LONG Start(const RECT& rect) { return rect.left; }
     static LONGLONG Length(const RECT& rect) { return geometry::Width(rect); }
-    static LONG Along(SIZE size) { return size.cx; }
+    static LONG Along(const SIZE& size) { return size.cx; }
+    static LONG& Along(SIZE& size) { return size.cx; }
     /// A size of the given length that spans the rectangle in the other direction.
     static SIZE Across(const RECT& rect, LONG length)
     {
@@ -44,7 +45,8 @@ struct Vertical {
 
     static LONG Start(const RECT& rect) { return rect.top; }
     static LONGLONG Length(const RECT& rect) { return geometry::Height(rect); }
-    static LONG Along(SIZE size) { return size.cy; }
+    static LONG Along(const SIZE& size) { return size.cy; }
+    static LONG& Along(SIZE& size) { return size.cy; }
     static SIZE Across(const RECT& rect, LONG length)
     {
         return {geometry::Narrow(geometry::Width(rect)), length};

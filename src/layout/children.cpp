@@ -23,13 +23,6 @@ Children VisibleChildren(const IDUIControl& container)
     return children;
 }
 
-SIZE AskSize(IDUIControl& child, SIZE available)
-{
-    SIZE size{0, 0};
-    child.EstimateSize(available, size);
-    return size;
-}
-
 void PlaceAll(const IDUIControl& container, const RECT& rect)
 {
     for (const CRefPtr<IDUIControl>& child : AllChildren(container))

@@ -15,7 +15,12 @@ Children AllChildren(const IDUIControl& container);
 Children VisibleChildren(const IDUIControl& container);
 
 /// What the child asks for in a space; 0 by 0 for a child that does not say.
-SIZE AskSize(IDUIControl& child, SIZE available);
+inline SIZE AskSize(IDUIControl& child, SIZE available)
+{
+    SIZE size{0, 0};
+    child.EstimateSize(available, size);
+    return size;
+}
 
 /// Gives every child, visible or not, the same rectangle.
 void PlaceAll(const IDUIControl& container, const RECT& rect);

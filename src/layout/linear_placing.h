@@ -17,8 +17,11 @@ LinearSpans MeasureLine(const RECT& content, int position, int gap, Leftover lef
                         const Children& children)
 {
     const Line line{LONGLONG{Axis::Start(content)} - position, Axis::Length(content), gap};
+    SIZE offer = Axis::Across(content, 0);
     LinearSpans spans = DivideLine(line, children.size(), [&](std::size_t child, LONG available) {
-        return Axis::Along(AskSize(*children[child].GetPtr(), Axis::Across(content, available)));
+        Axis::Along(offer) = available;
+        const SIZE wanted = AskSize(*children[child].GetPtr(), offer);
+        return Axis::Along(wanted);
     });
     if (leftover == Leftover::ToLastChild)
         FillLine(line, spans);

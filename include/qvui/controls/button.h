@@ -100,10 +100,10 @@ private:
     RECT GetIconPlace();
     RECT GetTextPlace();
 
-    CButtonUIData m_uiData;
     DWORD m_dwButtonStyle = 0;
-    RECT m_rcIcon{0, 0, 0, 0};
     MeasuredText m_measuredText;
+    CButtonUIData m_uiData;
+    RECT m_rcIcon{0, 0, 0, 0};
     RECT m_rcText{0, 0, 0, 0};
     bool m_isToolCheck = false;
 };

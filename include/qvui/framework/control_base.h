@@ -175,25 +175,27 @@ private:
     /// Whether `other` is this control or one of its ancestors.
     bool IsInside(const IDUIControl* other) const;
 
-    CString m_strName;
-    CString m_strText;
-    CString m_strTooltip;
+    // What a layout pass touches comes first and close together; a window may hold very many controls.
     DWORD m_dwStyle = DUISTYLE_VISIBLE;
     DWORD m_dwExStyle = 0;
     DWORD m_dwStatus = 0;
-    char m_chShortcut = 0;
     RECT m_rcControl{0, 0, 0, 0};
     RECT m_rcMargin{0, 0, 0, 0};
     SIZE m_szFixed{0, 0};
     int m_nPaddingWidth = 0;
+    IDUIControlMgr* m_pMgr = nullptr;
     std::vector<CRefPtr<IDUIControl>> m_children;
     CRefPtr<CTextStyle> m_pTextStyle;
-    CRefPtr<CCursorObject> m_pCursor;
-    IDUIControl* m_pSubclass = nullptr;
+    CString m_strText;
+
     IDUIControl* m_pParent = nullptr;
-    IDUIControlMgr* m_pMgr = nullptr;
+    IDUIControl* m_pSubclass = nullptr;
+    CRefPtr<CCursorObject> m_pCursor;
+    CString m_strName;
+    CString m_strTooltip;
     CString m_strControlStyle;
     DWORD m_dwUserData = 0;
+    char m_chShortcut = 0;
 };
 
 /// A control that answers the interface name, as its class; null for a null control too.

@@ -5,6 +5,8 @@
 #include <memory>
 #include <vector>
 
+#include "native/gdi/zeroed_memory.h"
+
 namespace qvui::native {
 
 /// A rectangle of pixels: 32 bits (blue, green, red, alpha) or 24 bits (blue, green, red). `stride` is the
@@ -15,7 +17,7 @@ struct Surface {
     int bitsPerPixel = 32;
     std::ptrdiff_t stride = 0;
     std::uint8_t* top = nullptr;
-    std::vector<std::uint8_t> storage;
+    std::vector<std::uint8_t, ZeroedMemory<std::uint8_t>> storage;
 
     /// A zeroed surface; null when the size is not positive or too large to hold.
     static std::shared_ptr<Surface> Create(int width, int height, int bitsPerPixel, bool bottomUp);
