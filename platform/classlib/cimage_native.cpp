@@ -6,9 +6,11 @@
 #include <algorithm>
 #include <cstring>
 #include <memory>
+#include <utility>
 
 #include <qvui/platform/cimage.h>
 
+#include "gif_decoder_native.h"
 #include "image_header.h"
 #include "native/kernel/cursor_file.h"
 #include "native/kernel/files.h"
@@ -24,32 +26,19 @@ struct FreeSurface {
 using SurfacePointer = std::unique_ptr<SDL_Surface, FreeSurface>;
 using Bytes = std::vector<std::uint8_t>;
 
-bool DecodePngFile(std::span<const std::uint8_t> file, int& width, int& height,
-                   std::vector<std::uint32_t>& pixels)
-{
-    PngPixels png;
-    if (!DecodePng(file, png))
-        return false;
-    width = png.width;
-    height = png.height;
-    pixels = std::move(png.pixels);
-    return true;
-}
-
 // Icons hold bitmaps or whole PNG files; SDL_image drops the alpha of the bitmaps.
-bool DecodeIcon(const Bytes& file, int& width, int& height, std::vector<std::uint32_t>& pixels)
+bool DecodeIcon(const Bytes& file, PicturePixels& image)
 {
-    const std::span<const std::uint8_t> image = qvui::native::FirstImageOfIcon(file);
-    if (ReadImageHeader(image).kind == ImageKind::Png)
-        return DecodePngFile(image, width, height, pixels);
-    const auto surface = qvui::native::ReadIconBitmap(image);
+    const std::span<const std::uint8_t> first = qvui::native::FirstImageOfIcon(file);
+    if (ReadImageHeader(first).kind == ImageKind::Png)
+        return DecodePng(first, image);
+    const auto surface = qvui::native::ReadIconBitmap(first);
     if (!surface)
         return false;
-    width = surface->width;
-    height = surface->height;
-    pixels.resize(static_cast<std::size_t>(width) * static_cast<std::size_t>(height));
-    for (int y = 0; y < height; ++y)
-        surface->Load(0, y, width, pixels.data() + static_cast<std::ptrdiff_t>(y) * width);
+    image = {surface->width, surface->height, {}};
+    image.pixels.resize(static_cast<std::size_t>(image.width) * static_cast<std::size_t>(image.height));
+    for (int y = 0; y < image.height; ++y)
+        surface->Load(0, y, image.width, image.pixels.data() + static_cast<std::ptrdiff_t>(y) * image.width);
     return true;
 }
 
@@ -68,9 +57,6 @@ SurfacePointer LoadSurface(const Bytes& file, ImageKind kind)
         case ImageKind::Jpeg:
             surface = IMG_LoadJPG_RW(stream);
             break;
-        case ImageKind::Gif:
-            surface = IMG_LoadGIF_RW(stream);
-            break;
         case ImageKind::Bmp:
             surface = IMG_LoadBMP_RW(stream);
             break;
@@ -85,40 +71,51 @@ SurfacePointer LoadSurface(const Bytes& file, ImageKind kind)
     return SurfacePointer(surface);
 }
 
-bool DecodeSurface(const Bytes& file, ImageKind kind, int& width, int& height,
-                   std::vector<std::uint32_t>& pixels)
+bool DecodeSurface(const Bytes& file, ImageKind kind, PicturePixels& image)
 {
     const SurfacePointer loaded = LoadSurface(file, kind);
     const SurfacePointer surface(loaded ? SDL_ConvertSurfaceFormat(loaded.get(), SDL_PIXELFORMAT_ARGB8888, 0)
                                         : nullptr);
     if (!surface)
         return false;
-    width = surface->w;
-    height = surface->h;
-    const std::size_t rowPixels = static_cast<std::size_t>(width);
-    pixels.resize(rowPixels * static_cast<std::size_t>(height));
-    for (int y = 0; y < height; ++y)
-        std::memcpy(pixels.data() + static_cast<std::size_t>(y) * rowPixels,
+    image = {surface->w, surface->h, {}};
+    const std::size_t rowPixels = static_cast<std::size_t>(image.width);
+    image.pixels.resize(rowPixels * static_cast<std::size_t>(image.height));
+    for (int y = 0; y < image.height; ++y)
+        std::memcpy(image.pixels.data() + static_cast<std::size_t>(y) * rowPixels,
                     static_cast<const std::uint8_t*>(surface->pixels) +
                         static_cast<std::ptrdiff_t>(y) * surface->pitch,
-                    rowPixels * sizeof pixels[0]);
+                    rowPixels * sizeof image.pixels[0]);
     return true;
+}
+
+bool DecodePicture(const Bytes& file, ImageKind kind, PicturePixels& image)
+{
+    switch (kind) {
+        case ImageKind::Unknown:
+            return false;
+        case ImageKind::Png:
+            return DecodePng(file, image);
+        case ImageKind::Gif:
+            return DecodeGif(file, image);
+        case ImageKind::Ico:
+            return DecodeIcon(file, image);
+        default:
+            return DecodeSurface(file, kind, image);
+    }
 }
 
 }  // namespace
 
 bool CImage::Decode(const std::vector<std::uint8_t>& file, const ImageHeader& header, Decoded& image)
 {
-    switch (header.kind) {
-        case ImageKind::Unknown:
-            return false;
-        case ImageKind::Png:
-            return DecodePngFile(file, image.width, image.height, image.pixels);
-        case ImageKind::Ico:
-            return DecodeIcon(file, image.width, image.height, image.pixels);
-        default:
-            return DecodeSurface(file, header.kind, image.width, image.height, image.pixels);
-    }
+    PicturePixels picture;
+    if (!DecodePicture(file, header.kind, picture))
+        return false;
+    image.width = picture.width;
+    image.height = picture.height;
+    image.pixels = std::move(picture.pixels);
+    return true;
 }
 
 bool CImage::EncodePng(const Decoded& image, LPCSTR path)

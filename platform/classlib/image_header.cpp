@@ -2,19 +2,12 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <iterator>
 #include <string_view>
+#include <utility>
 
 namespace qvui::classlib {
 namespace {
-
-// Skins are untrusted: a larger picture is taken for a broken one.
-constexpr std::uint64_t kMostPixels = std::uint64_t{1} << 26;
-
-bool IsSize(std::uint64_t width, std::uint64_t height)
-{
-    return width > 0 && height > 0 && width <= kMostPixels && height <= kMostPixels &&
-           width * height <= kMostPixels;
-}
 
 enum class Order { LittleEndian, BigEndian };
 
@@ -55,6 +48,16 @@ private:
     Order m_order;
 };
 
+// Skins are untrusted: a picture that is larger, or larger than any format packs into a file of its length,
+// is taken for a broken one. A few bytes cannot ask for a gigabyte.
+bool IsSize(const Numbers& numbers, std::uint64_t width, std::uint64_t height)
+{
+    constexpr std::uint64_t kMostPixels = std::uint64_t{1} << 26;
+    constexpr std::uint64_t kMostPixelsPerByte = std::uint64_t{1} << 14;
+    return width > 0 && height > 0 && width <= kMostPixels && height <= kMostPixels &&
+           width * height <= std::min(kMostPixels, numbers.Size() * kMostPixelsPerByte);
+}
+
 using Alpha = ImageHeader::Alpha;
 
 // Every reader returns whether the file is sound and may settle the question of transparency.
@@ -65,7 +68,7 @@ bool ReadPng(std::span<const std::uint8_t> file, Alpha& alpha)
     constexpr std::uint64_t kFirstChunk = 8;
     constexpr std::uint64_t kGrey = 0;
     constexpr std::uint64_t kAlphaBit = 4;
-    if (!numbers.StartsWith(kFirstChunk + 4, "IHDR") || !IsSize(numbers.U32(16), numbers.U32(20)))
+    if (!numbers.StartsWith(kFirstChunk + 4, "IHDR") || !IsSize(numbers, numbers.U32(16), numbers.U32(20)))
         return false;
     const std::uint32_t colourType = numbers.U8(25);
     alpha = colourType == kGrey || (colourType & kAlphaBit) ? Alpha::Stored : Alpha::None;
@@ -92,7 +95,7 @@ bool ReadJpeg(std::span<const std::uint8_t> file, Alpha& alpha)
         const bool isFrame =
             marker >= 0xC0 && marker <= 0xCF && marker != 0xC4 && marker != 0xC8 && marker != 0xCC;
         if (isFrame)
-            return IsSize(numbers.U16(at + 7), numbers.U16(at + 5)) &&
+            return IsSize(numbers, numbers.U16(at + 7), numbers.U16(at + 5)) &&
                    std::search(file.begin() + static_cast<std::ptrdiff_t>(at), file.end(), kEnd.begin(),
                                kEnd.end(), [](std::uint8_t a, char b) {
                                    return a == static_cast<std::uint8_t>(b);
@@ -121,12 +124,12 @@ bool ReadGif(std::span<const std::uint8_t> file, Alpha&)
     const Numbers numbers(file, Order::LittleEndian);
     constexpr std::uint32_t kExtension = 0x21;
     constexpr std::uint32_t kImage = 0x2C;
-    if (!IsSize(numbers.U16(6), numbers.U16(8)))
+    if (!IsSize(numbers, numbers.U16(6), numbers.U16(8)))
         return false;
     std::uint64_t at = 13 + PaletteBytes(numbers.U8(10));
     while (numbers.U8(at) == kExtension)
         at = SkipBlocks(numbers, at + 2);
-    if (numbers.U8(at) != kImage || !IsSize(numbers.U16(at + 5), numbers.U16(at + 7)))
+    if (numbers.U8(at) != kImage || !IsSize(numbers, numbers.U16(at + 5), numbers.U16(at + 7)))
         return false;
     const std::uint64_t codeSize = at + 10 + PaletteBytes(numbers.U8(at + 9));
     const bool isCodeSize = numbers.U8(codeSize) >= 1 && numbers.U8(codeSize) <= 8;
@@ -150,7 +153,7 @@ bool ReadBmp(std::span<const std::uint8_t> file, Alpha& alpha)
     const std::uint64_t bits = numbers.U16(isCore ? 24 : 28);
     const std::uint32_t compression = isCore ? 0 : numbers.U32(30);
     const std::uint64_t pixels = numbers.U32(10);
-    if (!IsSize(width, height) || bits > 32 || pixels < 14 + headerSize)
+    if (!IsSize(numbers, width, height) || bits > 32 || pixels < 14 + headerSize)
         return false;
     const bool isPlain = compression == 0 || compression == kBitFields;
     return numbers.Has(pixels, isPlain ? (width * bits + 31) / 32 * 4 * height : 1);
@@ -159,26 +162,32 @@ bool ReadBmp(std::span<const std::uint8_t> file, Alpha& alpha)
 bool ReadTiff(std::span<const std::uint8_t> file, Alpha&)
 {
     const Numbers numbers(file, file[0] == 'I' ? Order::LittleEndian : Order::BigEndian);
-    constexpr std::uint32_t kWidthTag = 256;
-    constexpr std::uint32_t kHeightTag = 257;
     constexpr std::uint32_t kShort = 3;
+    constexpr std::uint32_t kLong = 4;
+    constexpr std::uint32_t kMostSamples = 8;
     constexpr std::uint64_t kEntrySize = 12;
+    // What a decoder sizes its memory by: width, height, samples of a pixel, width and height of a tile. Each
+    // must stand once and be one short or long number, because decoders differ in what else they take.
+    constexpr std::uint32_t kTags[] = {256, 257, 277, 322, 323};
+    std::uint32_t values[] = {0, 0, 1, 1, 1};
+    bool isSet[std::size(kTags)] = {};
     const std::uint64_t directory = numbers.U32(4);
-    const std::uint32_t count = numbers.U16(directory);
-    if (!numbers.Has(directory, 2 + count * kEntrySize))
+    const std::uint64_t end = directory + 2 + numbers.U16(directory) * kEntrySize;
+    if (end > numbers.Size())
         return false;
-    std::uint32_t width = 0;
-    std::uint32_t height = 0;
-    for (std::uint64_t entry = directory + 2; entry < directory + 2 + count * kEntrySize;
-         entry += kEntrySize) {
-        const std::uint32_t value =
-            numbers.U16(entry + 2) == kShort ? numbers.U16(entry + 8) : numbers.U32(entry + 8);
-        if (numbers.U16(entry) == kWidthTag)
-            width = value;
-        if (numbers.U16(entry) == kHeightTag)
-            height = value;
+    for (std::uint64_t entry = directory + 2; entry < end; entry += kEntrySize) {
+        const auto* tag = std::find(std::begin(kTags), std::end(kTags), numbers.U16(entry));
+        if (tag == std::end(kTags))
+            continue;
+        const auto which = static_cast<std::size_t>(tag - kTags);
+        const std::uint32_t type = numbers.U16(entry + 2);
+        const bool isOneNumber = (type == kShort || type == kLong) && numbers.U32(entry + 4) == 1;
+        if (!isOneNumber || std::exchange(isSet[which], true))
+            return false;
+        values[which] = type == kShort ? numbers.U16(entry + 8) : numbers.U32(entry + 8);
     }
-    return IsSize(width, height);
+    return IsSize(numbers, values[0], values[1]) && values[2] <= kMostSamples &&
+           IsSize(numbers, values[3], values[4]);
 }
 
 bool ReadIco(std::span<const std::uint8_t> file, Alpha&)

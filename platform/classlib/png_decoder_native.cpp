@@ -24,7 +24,7 @@ public:
     PngReader& operator=(const PngReader&) = delete;
     ~PngReader() { png_destroy_read_struct(&m_png, &m_info, nullptr); }
 
-    bool ReadInfo(PngPixels& image)
+    bool ReadInfo(PicturePixels& image)
     {
         if (!m_info || setjmp(png_jmpbuf(m_png)))
             return false;
@@ -71,7 +71,7 @@ private:
 
 }  // namespace
 
-bool DecodePng(std::span<const std::uint8_t> file, PngPixels& image)
+bool DecodePng(std::span<const std::uint8_t> file, PicturePixels& image)
 {
     PngReader reader(file);
     if (!reader.ReadInfo(image))

@@ -266,7 +266,11 @@ TEST_F(Images, OfAbsurdSizesFail)
         {"24.bmp", 18, {0xFF, 0xFF, 0xFF, 0x7F, 0xFF, 0xFF, 0xFF, 0x7F}},
         {"24.bmp", 22, {0, 0, 0, 0x80}},
         {"24.bmp", 10, {0xFF, 0xFF, 0xFF, 0x7F}},
+        {"8-rle.bmp", 18, {0, 0x10, 0, 0, 0, 0x10, 0, 0}},
         {"rgb.tif", 4, {0xFF, 0xFF, 0xFF, 0x7F}},
+        {"rgb.tif", 48, {16, 0}},  // a width of a type that decoders read from elsewhere
+        {"rgb.tif", 150, {0xFF, 0xFF}},
+        {"rgb.tif", 190, {0x42, 1, 4, 0, 1, 0, 0, 0, 0xFF, 0xFF, 0xFF, 0x7F}},
     };
     for (const Case& c : cases) {
         Bytes bytes = FileBytes(c.file);

@@ -30,3 +30,68 @@ TEST_F(NativeImages, OfIconsMayBeWholePngFiles)
                                static_cast<std::uint8_t*>(expected.GetPixelAddress(0, y))))
             << y;
 }
+
+// A screen of 6 x 5 pixels with a frame of 4 x 3 at 1,2, or one that does not fit on it.
+TEST_F(NativeImages, OfGifFilesAreAsLargeAsTheirScreen)
+{
+    struct Case {
+        const char* name;
+        std::uint8_t left;
+        std::uint8_t top;
+        int filled;
+    };
+    for (const Case& c :
+         {Case{"inside", 1, 2, 12}, Case{"partly outside", 4, 3, 4}, Case{"outside", 6, 0, 0}}) {
+        Bytes gif = FileBytes("rgb.gif");
+        const auto frame =
+            static_cast<std::size_t>(std::find(gif.begin() + 13, gif.end(), 0x2C) - gif.begin());
+        gif[6] = 6;
+        gif[8] = 5;
+        gif[frame + 1] = c.left;
+        gif[frame + 3] = c.top;
+        CImage image;
+        ASSERT_EQ(LoadBytes(image, gif), S_OK) << c.name;
+        EXPECT_EQ(image.GetWidth(), 6) << c.name;
+        ASSERT_EQ(image.GetHeight(), 5) << c.name;
+        ASSERT_EQ(image.GetBPP(), 32) << c.name;
+        int filled = 0;
+        for (int y = 0; y < 5; ++y)
+            for (int x = 0; x < 6; ++x)
+                if (static_cast<std::uint8_t*>(image.GetPixelAddress(x, y))[3] == 0xFF) {
+                    EXPECT_TRUE(x >= c.left && y >= c.top) << c.name;
+                    ++filled;
+                }
+        EXPECT_EQ(filled, c.filled) << c.name;
+    }
+}
+
+// Codes that are broken in every way that a decoder must notice, four bits each after three for the first
+// ones.
+TEST_F(NativeImages, OfGifFilesWithBrokenCodesFail)
+{
+    const auto gifOf = [](const Bytes& codes) {
+        Bytes gif{'G', 'I', 'F', '8', '9', 'a', 2, 0, 1, 0, 0, 0, 0, 0x2C, 0, 0, 0, 0, 2, 0, 1, 0, 0, 2};
+        gif.push_back(static_cast<std::uint8_t>(codes.size()));
+        gif.insert(gif.end(), codes.begin(), codes.end());
+        gif.insert(gif.end(), {0, 0x3B});
+        return gif;
+    };
+    struct Case {
+        const char* name;
+        Bytes
+            codes;  // the first three bits are the first code; 4 clears, 5 ends, 6 is the first that is made
+        bool loads;
+    };
+    const std::vector<Case> cases{
+        {"two pixels", {0b01'000'100, 0}, true},
+        {"a pixel and the code that it makes", {0b10'000'100, 1}, true},
+        {"end too early", {0b01'000'100, 1}, false},
+        {"no more bytes", {0b00'000'100}, false},
+        {"a code that is not made yet", {0b11'000'100, 1}, false},
+        {"a made code at the start", {0b00'110'100, 0}, false},
+    };
+    for (const Case& c : cases) {
+        CImage image;
+        EXPECT_EQ(SUCCEEDED(LoadBytes(image, gifOf(c.codes))), c.loads) << c.name;
+    }
+}
