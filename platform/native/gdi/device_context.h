@@ -1,5 +1,7 @@
 #pragma once
 
+#include <algorithm>
+#include <cstdint>
 #include <memory>
 #include <optional>
 #include <vector>
@@ -7,6 +9,14 @@
 #include "native/gdi/gdi_object.h"
 
 namespace qvui::native {
+
+/// Coordinates may be absurd: skins and applications give them. Beyond this one nothing shows, and up to it
+/// products of two fit in 64 bits.
+constexpr int kFarthest = 1 << 28;
+constexpr int Saturated(std::int64_t coordinate)
+{
+    return static_cast<int>(std::clamp<std::int64_t>(coordinate, -kFarthest, kFarthest));
+}
 
 /// What a device context selects and remembers; SaveDC copies it.
 struct ContextState {
@@ -50,9 +60,17 @@ public:
     /// A logical point or rectangle in surface coordinates.
     POINT ToSurface(int x, int y) const
     {
-        return {x + state.viewport.x + m_origin.x, y + state.viewport.y + m_origin.y};
+        return {Saturated(static_cast<std::int64_t>(x) + state.viewport.x + m_origin.x),
+                Saturated(static_cast<std::int64_t>(y) + state.viewport.y + m_origin.y)};
     }
     RECT ToSurface(const RECT& rect) const;
+    /// The same for a corner and extents, which may be negative.
+    RECT ToSurface(int x, int y, int width, int height) const
+    {
+        const POINT at = ToSurface(x, y);
+        return {at.x, at.y, Saturated(static_cast<std::int64_t>(at.x) + width),
+                Saturated(static_cast<std::int64_t>(at.y) + height)};
+    }
     POINT Origin() const { return m_origin; }
 
     ContextState state;
@@ -90,7 +108,8 @@ void ForEachDrawable(DeviceContext& context, const RECT& rect, Draw draw)
 void FillPixels(DeviceContext& context, const RECT& rect, std::uint32_t pixel);
 /// Fills a rectangle in logical coordinates with the context's background colour (inverted ones normalised).
 void FillOpaqueRectangle(DeviceContext& context, RECT rect);
-/// Fills a region in surface coordinates with a brush.
+/// Fill a rectangle or a region in surface coordinates with a brush.
+void FillRectangle(DeviceContext& context, const RECT& rect, const BrushObject& brush);
 void FillRegion(DeviceContext& context, const Region& region, const BrushObject& brush);
 
 }  // namespace qvui::native

@@ -18,11 +18,6 @@ HandleTable<DeviceContext, 5>& Contexts()
 [[maybe_unused]] const bool g_counted =
     RegisterLiveCount(&LiveCounts::deviceContexts, [] { return Contexts().LiveCount(); });
 
-RECT BoundsOf(const Surface& surface)
-{
-    return {0, 0, surface.width, surface.height};
-}
-
 }  // namespace
 
 DeviceContext::DeviceContext(std::shared_ptr<Surface> target, POINT originInSurface, Region visibleRegion)
@@ -41,7 +36,7 @@ DeviceContext::DeviceContext(std::shared_ptr<Surface> target, POINT originInSurf
 void DeviceContext::Retarget(std::shared_ptr<Surface> target)
 {
     m_target = std::move(target);
-    m_visible = Region(BoundsOf(*m_target));
+    m_visible = Region(m_target->Bounds());
     m_drawable.reset();
 }
 
@@ -52,7 +47,7 @@ const Region& DeviceContext::Drawable()
         if (state.clip)
             m_drawable->Intersect(*state.clip);
         m_drawable->Offset(m_origin.x, m_origin.y);
-        m_drawable->Intersect(Region(BoundsOf(*m_target)));
+        m_drawable->Intersect(Region(m_target->Bounds()));
     }
     return *m_drawable;
 }

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cwchar>
 
 #include "native/gdi/device_context.h"
 
@@ -10,14 +11,18 @@ namespace {
 
 constexpr std::uint32_t kColourBits = 0x00FFFFFF;
 
-void FillRow(const Surface& surface, int x, int y, int count, std::uint32_t pixel)
+void FillPart(const Surface& surface, const RECT& part, std::uint32_t pixel)
 {
-    if (surface.bitsPerPixel == 32) {
-        std::fill_n(surface.Row32(y) + x, count, pixel);
-        return;
-    }
-    for (int i = 0; i < count; ++i)
-        surface.Set(x + i, y, pixel);
+    // The C library's memset for units of 32 bits; it uses what the processor has.
+    static_assert(sizeof(wchar_t) == sizeof pixel);
+    const auto count = static_cast<std::size_t>(part.right - part.left);
+    for (int y = part.top; y < part.bottom; ++y)
+        if (surface.bitsPerPixel == 32)
+            std::wmemset(reinterpret_cast<wchar_t*>(surface.Row32(y) + part.left),
+                         static_cast<wchar_t>(pixel), count);
+        else
+            for (int x = part.left; x < part.right; ++x)
+                surface.Set(x, y, pixel);
 }
 
 int Modulo(int value, int divisor)
@@ -29,12 +34,18 @@ int Modulo(int value, int divisor)
 // The pattern starts at the brush origin in device coordinates; the viewport does not move it.
 void FillWithPattern(DeviceContext& context, const RECT& part, const Surface& pattern)
 {
-    const int originX = context.state.brushOrigin.x + context.Origin().x;
-    const int originY = context.state.brushOrigin.y + context.Origin().y;
+    const int originX =
+        Saturated(static_cast<std::int64_t>(context.state.brushOrigin.x) + context.Origin().x);
+    const int originY =
+        Saturated(static_cast<std::int64_t>(context.state.brushOrigin.y) + context.Origin().y);
     for (int y = part.top; y < part.bottom; ++y) {
         const std::uint32_t* row = pattern.Row32(Modulo(y - originY, pattern.height));
-        for (int x = part.left; x < part.right; ++x)
-            context.Target().Set(x, y, row[Modulo(x - originX, pattern.width)]);
+        int start = Modulo(part.left - originX, pattern.width);
+        for (int x = part.left; x < part.right; start = 0) {
+            const int count = std::min(pattern.width - start, static_cast<int>(part.right) - x);
+            context.Target().Store(x, y, count, row + start);
+            x += count;
+        }
     }
 }
 
@@ -52,10 +63,7 @@ void ChangePixels(DeviceContext& context, const RECT& rect, Change change)
 
 void FillPixels(DeviceContext& context, const RECT& rect, std::uint32_t pixel)
 {
-    ForEachDrawable(context, rect, [&](const RECT& part) {
-        for (int y = part.top; y < part.bottom; ++y)
-            FillRow(context.Target(), part.left, y, part.right - part.left, pixel);
-    });
+    ForEachDrawable(context, rect, [&](const RECT& part) { FillPart(context.Target(), part, pixel); });
 }
 
 void FillOpaqueRectangle(DeviceContext& context, RECT rect)
@@ -63,18 +71,21 @@ void FillOpaqueRectangle(DeviceContext& context, RECT rect)
     FillPixels(context, context.ToSurface(Normalised(rect)), PixelOf(context.state.backColour));
 }
 
-void FillRegion(DeviceContext& context, const Region& region, const BrushObject& brush)
+void FillRectangle(DeviceContext& context, const RECT& rect, const BrushObject& brush)
 {
     if (brush.isNull)
         return;
-    for (const pixman_box32_t& box : region.Boxes()) {
-        const RECT rect{box.x1, box.y1, box.x2, box.y2};
-        if (brush.pattern)
-            ForEachDrawable(context, rect,
-                            [&](const RECT& part) { FillWithPattern(context, part, *brush.pattern); });
-        else
-            FillPixels(context, rect, PixelOf(brush.colour));
-    }
+    if (brush.pattern)
+        ForEachDrawable(context, rect,
+                        [&](const RECT& part) { FillWithPattern(context, part, *brush.pattern); });
+    else
+        FillPixels(context, rect, PixelOf(brush.colour));
+}
+
+void FillRegion(DeviceContext& context, const Region& region, const BrushObject& brush)
+{
+    for (const pixman_box32_t& box : region.Boxes())
+        FillRectangle(context, {box.x1, box.y1, box.x2, box.y2}, brush);
 }
 
 }  // namespace qvui::native
@@ -84,10 +95,10 @@ using namespace qvui::native;
 int FillRect(HDC dc, const RECT* rect, HBRUSH brush)
 {
     DeviceContext* context = LookUpContext(dc);
-    const auto fill = FindGdiObject<BrushObject>(brush);
+    const auto* const fill = PeekGdiObject<BrushObject>(brush);
     if (!context || !fill || !rect)
         return 0;
-    FillRegion(*context, Region(context->ToSurface(*rect)), *fill);
+    FillRectangle(*context, context->ToSurface(*rect), *fill);
     return 1;
 }
 
@@ -140,11 +151,11 @@ BOOL PatBlt(HDC dc, int x, int y, int width, int height, DWORD operation)
     DeviceContext* context = LookUpContext(dc);
     if (!context)
         return FALSE;
-    const RECT rect = Normalised(context->ToSurface({x, y, x + width, y + height}));
+    const RECT rect = Normalised(context->ToSurface(x, y, width, height));
     const std::uint32_t brush = PixelOf(context->state.brushObject->colour);
     switch (operation) {
         case PATCOPY:
-            FillRegion(*context, Region(rect), *context->state.brushObject);
+            FillRectangle(*context, rect, *context->state.brushObject);
             return TRUE;
         case BLACKNESS:
             FillPixels(*context, rect, 0);
@@ -235,7 +246,7 @@ void DrawGradient(DeviceContext& context, const TRIVERTEX& a, const TRIVERTEX& b
         }
         for (int y = part.top; y < part.bottom; ++y) {
             if (vertical)
-                FillRow(context.Target(), part.left, y, count, GradientPixel(first, last, y));
+                FillPart(context.Target(), {part.left, y, part.right, y + 1}, GradientPixel(first, last, y));
             else
                 context.Target().Store(part.left, y, count, row.data());
         }

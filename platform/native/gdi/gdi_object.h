@@ -80,6 +80,13 @@ std::shared_ptr<Object> FindGdiObject(const void* handle)
     return std::dynamic_pointer_cast<Object>(GdiObjects().Find(handle));
 }
 
+/// As FindGdiObject, without taking a share; valid while the handle lives.
+template <class Object>
+const Object* PeekGdiObject(const void* handle)
+{
+    return dynamic_cast<const Object*>(GdiObjects().Peek(handle));
+}
+
 /// A colour as an opaque-looking pixel whose alpha byte is 0, as solid drawing writes it.
 constexpr std::uint32_t PixelOf(COLORREF colour)
 {

@@ -140,16 +140,4 @@ RECT Normalised(RECT rect)
     return rect;
 }
 
-bool IsEmptyRect(const RECT& rect)
-{
-    return rect.left >= rect.right || rect.top >= rect.bottom;
-}
-
-RECT Intersection(const RECT& first, const RECT& second)
-{
-    const RECT result{std::max(first.left, second.left), std::max(first.top, second.top),
-                      std::min(first.right, second.right), std::min(first.bottom, second.bottom)};
-    return IsEmptyRect(result) ? RECT{0, 0, 0, 0} : result;
-}
-
 }  // namespace qvui::native

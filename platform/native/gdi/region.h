@@ -2,6 +2,7 @@
 
 #include <pixman.h>
 
+#include <algorithm>
 #include <span>
 #include <utility>
 #include <vector>
@@ -54,8 +55,17 @@ private:
 };
 
 RECT Normalised(RECT rect);
-bool IsEmptyRect(const RECT& rect);
-RECT Intersection(const RECT& first, const RECT& second);
+inline bool IsEmptyRect(const RECT& rect)
+{
+    return rect.left >= rect.right || rect.top >= rect.bottom;
+}
+/// All zero when they do not meet.
+inline RECT Intersection(const RECT& first, const RECT& second)
+{
+    const RECT result{std::max(first.left, second.left), std::max(first.top, second.top),
+                      std::min(first.right, second.right), std::min(first.bottom, second.bottom)};
+    return IsEmptyRect(result) ? RECT{0, 0, 0, 0} : result;
+}
 
 /// How far each row of a rounded corner, from the corner's outer row inwards, is set in from the straight
 /// edge, for an ellipse inscribed in a box of width × height pixels. Empty for square corners.

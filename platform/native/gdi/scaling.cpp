@@ -2,57 +2,65 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <cstring>
+#include <tuple>
+#include <utility>
 
 namespace qvui::native {
 namespace {
 
-struct Source {
-    const Surface& surface;
-
-    std::uint32_t At(int x, int y) const
-    {
-        if (x < 0 || y < 0 || x >= surface.width || y >= surface.height)
-            return 0;
-        return surface.bitsPerPixel == 32 ? surface.Row32(y)[x] : surface.Get(x, y);
-    }
-};
-
-std::uint32_t JoinGroup(const Source& source, std::pair<int, int> columns, std::pair<int, int> rows,
-                        bool isAnd)
+// The offset of a destination pixel from the end that the first source pixel is drawn at.
+std::int64_t OffsetOf(const AxisMap& axis, int position)
 {
-    std::uint32_t joined = isAnd ? 0xFFFFFFFF : 0;
-    for (int y = rows.first; y < rows.second; ++y)
-        for (int x = columns.first; x < columns.second; ++x)
-            joined = isAnd ? joined & source.At(x, y) : joined | source.At(x, y);
-    return joined;
+    const std::int64_t offset = static_cast<std::int64_t>(position) - axis.destination;
+    return axis.mirrored ? axis.length - 1 - offset : offset;
 }
 
-struct Weighted {
-    int first;
-    int second;
-    int weight;  // of the second, in 1/256
+// A quotient that grows by a fraction at every step: without a division for each.
+class SteppedQuotient {
+public:
+    SteppedQuotient(std::int64_t value, std::int64_t step, std::int64_t divisor) : m_divisor(divisor)
+    {
+        std::tie(m_quotient, m_rest) = Divide(value);
+        std::tie(m_whole, m_part) = Divide(step);
+    }
+    int Next()
+    {
+        const auto quotient = static_cast<int>(m_quotient);
+        m_rest += m_part;
+        const bool carries = m_rest >= m_divisor;
+        m_rest -= carries ? m_divisor : 0;
+        m_quotient += m_whole + carries;
+        return quotient;
+    }
+
+private:
+    // Rounds down, so that the rest is never negative.
+    std::pair<std::int64_t, std::int64_t> Divide(std::int64_t value) const
+    {
+        const std::int64_t rest = value % m_divisor;
+        return {value / m_divisor - (rest < 0), rest < 0 ? rest + m_divisor : rest};
+    }
+
+    std::int64_t m_divisor;
+    std::int64_t m_quotient = 0;
+    std::int64_t m_rest = 0;
+    std::int64_t m_whole = 0;
+    std::int64_t m_part = 0;
 };
 
-Weighted Blend(const AxisMap& axis, int position)
+// Two channels at once, one in each half of a number; no half overflows into the other.
+std::uint32_t MixHalves(std::uint32_t a, std::uint32_t b, std::uint32_t weight)
 {
-    int offset = position - axis.destination;
-    if (axis.mirrored)
-        offset = axis.length - 1 - offset;
-    const std::int64_t scaled = static_cast<std::int64_t>(offset) * axis.sourceLength * 256 / axis.length;
-    const int first = static_cast<int>(scaled >> 8);
-    return {axis.source + first, axis.source + std::min(first + 1, axis.sourceLength - 1),
-            static_cast<int>(scaled & 0xFF)};
+    constexpr std::uint32_t kHalves = 0x00FF00FF;
+    return (((a & kHalves) * (256 - weight) + (b & kHalves) * weight + 0x00800080) >> 8) & kHalves;
 }
 
 std::uint32_t Mix(std::uint32_t a, std::uint32_t b, int weight)
 {
-    std::uint32_t mixed = 0;
-    for (int shift = 0; shift < 24; shift += 8) {
-        const int first = static_cast<int>((a >> shift) & 0xFF);
-        const int second = static_cast<int>((b >> shift) & 0xFF);
-        mixed |= static_cast<std::uint32_t>((first * (256 - weight) + second * weight + 128) >> 8) << shift;
-    }
-    return mixed;  // alpha 0, as this mode writes it
+    const auto part = static_cast<std::uint32_t>(weight);
+    const std::uint32_t green = MixHalves((a >> 8) & 0xFF, (b >> 8) & 0xFF, part);
+    return MixHalves(a, b, part) | green << 8;  // alpha 0, as this mode writes it
 }
 
 }  // namespace
@@ -69,88 +77,138 @@ AxisMap MapAxis(int destination, int length, int source, int sourceLength, bool 
     return axis;
 }
 
-int AxisMap::Sample(int position) const
+void AxisMap::Samples(int first, int last, std::vector<int>& samples) const
 {
-    std::int64_t offset = position - destination;
-    if (mirrored)
-        offset = length - 1 - offset;
     const std::int64_t from = sourceLength;
     const std::int64_t to = length;
-    std::int64_t sample = 0;
-    if (to >= from)
-        sample = ((2 * offset + 1) * from + 2 * to - 1) / (2 * to) - 1;
-    else if (isRow)
-        sample = (2 * from * offset + to) / (2 * to);
-    else
-        sample = std::min(from - 1, (2 * from * (offset + 1) - to) / (2 * to));
-    return source + static_cast<int>(sample);
+    const std::int64_t atStart = !Shrinks() ? from - 1 : isRow ? to : 2 * from - to;
+    SteppedQuotient sample(atStart + 2 * from * OffsetOf(*this, first), mirrored ? -2 * from : 2 * from,
+                           2 * to);
+    samples.resize(static_cast<std::size_t>(last - first));
+    for (int& slot : samples)
+        slot = source + sample.Next();
 }
 
-std::pair<int, int> AxisMap::Group(int position) const
+Scaler::Tables& Scaler::SharedTables()
 {
-    if (length >= sourceLength) {
-        const int only = Sample(position);
-        return {only, only + 1};
-    }
-    std::int64_t offset = position - destination;
-    if (mirrored)
-        offset = length - 1 - offset;
-    // The group runs from this pixel's row sample to the next one's.
-    const auto start = [this](std::int64_t at) {
-        return static_cast<int>((2 * static_cast<std::int64_t>(sourceLength) * at + length) / (2 * length));
-    };
-    const int first = start(offset);
-    const int last = offset + 1 == length ? sourceLength : start(offset + 1);
-    return {source + first, source + std::max(last, first + 1)};
+    static thread_local Tables tables;
+    return tables;
 }
 
-void ScalePixels(const Surface& surface, const AxisMap& columns, const AxisMap& rows, const RECT& part,
-                 Sampling sampling, std::vector<std::uint32_t>& pixels)
+Scaler::Scaler(const Surface& source, const AxisMap& columns, const AxisMap& rows, Sampling sampling,
+               const RECT& part)
+    : m_source(source),
+      m_rows(rows),
+      m_sampling(sampling),
+      m_part(part),
+      m_tables(SharedTables()),
+      m_isShifted(columns.IsUnscaled())
 {
-    const Source source{surface};
-    const int width = part.right - part.left;
-    pixels.resize(static_cast<std::size_t>(width) * static_cast<std::size_t>(part.bottom - part.top));
-    std::uint32_t* out = pixels.data();
     if (sampling == Sampling::Point) {
-        static thread_local std::vector<int> samples;
-        samples.resize(static_cast<std::size_t>(width));
-        bool isInside = surface.bitsPerPixel == 32;
-        for (int i = 0; i < width; ++i) {
-            const int sample = columns.Sample(part.left + i);
-            samples[static_cast<std::size_t>(i)] = sample;
-            isInside = isInside && sample >= 0 && sample < surface.width;
-        }
-        int previous = INT32_MIN;
-        for (int y = part.top; y < part.bottom; ++y, out += width) {
-            const int row = rows.Sample(y);
-            if (row == previous) {
-                std::copy(out - width, out, out);
-            } else if (isInside && row >= 0 && row < surface.height) {
-                const std::uint32_t* from = surface.Row32(row);
-                for (int i = 0; i < width; ++i)
-                    out[i] = from[samples[static_cast<std::size_t>(i)]];
-            } else {
-                for (int i = 0; i < width; ++i)
-                    out[i] = source.At(samples[static_cast<std::size_t>(i)], row);
-            }
-            previous = row;
-        }
+        columns.Samples(part.left, part.right, m_tables.columns);
+        rows.Samples(part.top, part.bottom, m_tables.rows);
+        const auto [low, high] = std::minmax(m_tables.columns.front(), m_tables.columns.back());
+        m_isInside = source.bitsPerPixel == 32 && low >= 0 && high < source.width;
         return;
     }
-    for (int y = part.top; y < part.bottom; ++y) {
-        for (int x = part.left; x < part.right; ++x, ++out) {
-            if (sampling != Sampling::Bilinear) {
-                *out = JoinGroup(source, columns.Group(x), rows.Group(y), sampling == Sampling::And);
-                continue;
-            }
-            const Weighted column = Blend(columns, x);
-            const Weighted row = Blend(rows, y);
-            *out = Mix(
-                Mix(source.At(column.first, row.first), source.At(column.second, row.first), column.weight),
-                Mix(source.At(column.first, row.second), source.At(column.second, row.second), column.weight),
-                row.weight);
-        }
+    m_tables.spans.clear();
+    for (int x = part.left; x < part.right; ++x)
+        m_tables.spans.push_back(sampling == Sampling::Bilinear ? NeighboursOf(columns, x)
+                                                                : GroupOf(columns, x));
+}
+
+// Where the axis shrinks, the group runs from this pixel's row sample to the next one's.
+Scaler::Span Scaler::GroupOf(const AxisMap& axis, int position)
+{
+    const std::int64_t to = axis.length;
+    const auto start = [&](std::int64_t at) {
+        const std::int64_t shift = axis.Shrinks() ? to : axis.sourceLength - 1;
+        return static_cast<int>((2 * axis.sourceLength * at + shift) / (2 * to));
+    };
+    const std::int64_t offset = OffsetOf(axis, position);
+    const int first = start(offset);
+    const int last = !axis.Shrinks() ? first + 1 : offset + 1 == to ? axis.sourceLength : start(offset + 1);
+    return {axis.source + first, axis.source + std::max(last, first + 1), 0};
+}
+
+Scaler::Span Scaler::NeighboursOf(const AxisMap& axis, int position)
+{
+    const std::int64_t scaled = OffsetOf(axis, position) * axis.sourceLength;
+    const int first = static_cast<int>(scaled / axis.length);
+    return {axis.source + first, axis.source + std::min(first + 1, axis.sourceLength - 1),
+            static_cast<int>(scaled % axis.length * 256 / axis.length)};
+}
+
+void Scaler::Scale(const RECT& area, std::uint32_t* out, std::ptrdiff_t stride) const
+{
+    if (m_sampling == Sampling::Point) {
+        ScalePoints(area, out, stride);
+        return;
     }
+    const bool isBilinear = m_sampling == Sampling::Bilinear;
+    const Span* const columns = m_tables.spans.data() + (area.left - m_part.left);
+    for (int y = area.top; y < area.bottom; ++y, out += stride) {
+        const Span rows = isBilinear ? NeighboursOf(m_rows, y) : GroupOf(m_rows, y);
+        for (int x = 0; x < area.right - area.left; ++x)
+            out[x] = isBilinear ? Interpolate(columns[x], rows) : JoinGroup(columns[x], rows);
+    }
+}
+
+void Scaler::ScalePoints(const RECT& area, std::uint32_t* out, std::ptrdiff_t stride) const
+{
+    const int* const columns = m_tables.columns.data() + (area.left - m_part.left);
+    const int* const rows = m_tables.rows.data() + (area.top - m_part.top);
+    const auto count = static_cast<std::size_t>(area.right - area.left);
+    for (int i = 0; i < area.bottom - area.top; ++i, out += stride)
+        if (i > 0 && rows[i] == rows[i - 1])
+            std::memcpy(out, out - stride, count * sizeof *out);
+        else
+            CopySamples(columns, count, rows[i], out);
+}
+
+void Scaler::CopySamples(const int* columns, std::size_t count, int row, std::uint32_t* out) const
+{
+    if (!m_isInside || row < 0 || row >= m_source.height) {
+        for (std::size_t i = 0; i < count; ++i)
+            out[i] = At(columns[i], row);
+        return;
+    }
+    const std::uint32_t* from = m_source.Row32(row);
+    if (m_isShifted)
+        std::memcpy(out, from + columns[0], count * sizeof *out);
+    else
+        for (std::size_t i = 0; i < count; ++i)
+            out[i] = from[columns[i]];
+}
+
+std::uint32_t Scaler::JoinGroup(const Span& columns, const Span& rows) const
+{
+    const bool isAnd = m_sampling == Sampling::And;
+    const RECT group{columns.first, rows.first, columns.second, rows.second};
+    // What lies outside reads as 0, which settles the one mode and adds nothing to the other: a group is
+    // never walked further than the surface reaches.
+    if (isAnd && !m_source.Contains(group))
+        return 0;
+    const RECT inside = Intersection(group, m_source.Bounds());
+    std::uint32_t joined = isAnd ? 0xFFFFFFFF : 0;
+    for (int y = inside.top; y < inside.bottom; ++y)
+        for (int x = inside.left; x < inside.right; ++x)
+            joined = isAnd ? joined & m_source.Get(x, y) : joined | m_source.Get(x, y);
+    return joined;
+}
+
+std::uint32_t Scaler::Interpolate(const Span& columns, const Span& rows) const
+{
+    const std::uint32_t upper =
+        Mix(At(columns.first, rows.first), At(columns.second, rows.first), columns.weight);
+    const std::uint32_t lower =
+        Mix(At(columns.first, rows.second), At(columns.second, rows.second), columns.weight);
+    return Mix(upper, lower, rows.weight);
+}
+
+std::uint32_t Scaler::At(int x, int y) const
+{
+    return x < 0 || y < 0 || x >= m_source.width || y >= m_source.height ? 0 : m_source.Get(x, y);
 }
 
 }  // namespace qvui::native

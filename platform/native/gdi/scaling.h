@@ -12,16 +12,18 @@ namespace qvui::native {
 /// first row of the group of source pixels that falls on one destination pixel.
 struct AxisMap {
     int destination;  // first destination pixel
-    int length;       // destination pixels, positive
+    int length;       // destination pixels
     int source;       // first source pixel
     int sourceLength;
     bool mirrored;
     bool isRow;
 
-    /// The source pixel of a destination pixel.
-    int Sample(int position) const;
-    /// The group of source pixels [first, last) of a destination pixel.
-    std::pair<int, int> Group(int position) const;
+    bool IsEmpty() const { return length == 0 || sourceLength == 0; }
+    /// Whether every pixel is copied to one pixel, in order.
+    bool IsUnscaled() const { return length == sourceLength && !mirrored; }
+    bool Shrinks() const { return length < sourceLength; }
+    /// The source pixels of the destination pixels [first, last).
+    void Samples(int first, int last, std::vector<int>& samples) const;
 };
 
 /// The axis of a copy from (source, sourceLength) to (destination, length); negative lengths mirror.
@@ -30,9 +32,46 @@ AxisMap MapAxis(int destination, int length, int source, int sourceLength, bool 
 /// How several source pixels that fall on one destination pixel are joined.
 enum class Sampling { Point, And, Or, Bilinear };
 
-/// Scales the source into `pixels`, row after row, for the destination rectangle `part` (surface
-/// coordinates). Source pixels outside the source surface read as 0.
-void ScalePixels(const Surface& source, const AxisMap& columns, const AxisMap& rows, const RECT& part,
-                 Sampling sampling, std::vector<std::uint32_t>& pixels);
+/// Scales a source for a part of a destination (a rectangle in surface coordinates that is not empty). Source
+/// pixels outside the source surface read as 0. One scaler lives at a time: its tables are used again.
+class Scaler {
+public:
+    Scaler(const Surface& source, const AxisMap& columns, const AxisMap& rows, Sampling sampling,
+           const RECT& part);
+
+    /// Writes the pixels of `area`, a rectangle inside the part, to rows that are `stride` pixels apart.
+    void Scale(const RECT& area, std::uint32_t* out, std::ptrdiff_t stride) const;
+
+private:
+    /// The source pixels of one destination pixel when there are several: those of [first, second) joined, or
+    /// the two of which the second weighs `weight` / 256.
+    struct Span {
+        int first;
+        int second;
+        int weight;
+    };
+    struct Tables {
+        std::vector<int> columns;
+        std::vector<int> rows;
+        std::vector<Span> spans;
+    };
+    static Tables& SharedTables();
+    static Span GroupOf(const AxisMap& axis, int position);
+    static Span NeighboursOf(const AxisMap& axis, int position);
+
+    void ScalePoints(const RECT& area, std::uint32_t* out, std::ptrdiff_t stride) const;
+    void CopySamples(const int* columns, std::size_t count, int row, std::uint32_t* out) const;
+    std::uint32_t JoinGroup(const Span& columns, const Span& rows) const;
+    std::uint32_t Interpolate(const Span& columns, const Span& rows) const;
+    std::uint32_t At(int x, int y) const;
+
+    const Surface& m_source;
+    const AxisMap& m_rows;
+    Sampling m_sampling;
+    RECT m_part;
+    Tables& m_tables;
+    bool m_isInside = false;  // the columns are inside a 32-bit source
+    bool m_isShifted;         // the columns follow each other
+};
 
 }  // namespace qvui::native

@@ -127,14 +127,6 @@ private:
     std::int64_t m_minor;
 };
 
-// Coordinates may be absurd; beyond this nothing shows, and below it the arithmetic of LineSteps cannot
-// overflow.
-constexpr int kFarthest = 1 << 28;
-POINT Bounded(POINT point)
-{
-    return {std::clamp(point.x, -kFarthest, kFarthest), std::clamp(point.y, -kFarthest, kFarthest)};
-}
-
 RECT Inset(const RECT& rect, int by)
 {
     return {rect.left + by, rect.top + by, rect.right - by, rect.bottom - by};
@@ -266,8 +258,8 @@ BOOL LineTo(HDC dc, int x, int y)
     if (!context)
         return FALSE;
     const std::shared_ptr<PenObject> pen = context->state.penObject;
-    const POINT from = Bounded(context->ToSurface(context->state.position.x, context->state.position.y));
-    const POINT to = Bounded(context->ToSurface(x, y));
+    const POINT from = context->ToSurface(context->state.position.x, context->state.position.y);
+    const POINT to = context->ToSurface(x, y);
     context->state.position = {x, y};
     if (pen->style == PS_NULL)
         return TRUE;

@@ -1,7 +1,5 @@
 #include "native/gdi/surface.h"
 
-#include <cstring>
-
 namespace qvui::native {
 namespace {
 
@@ -25,35 +23,30 @@ std::shared_ptr<Surface> Surface::Create(int width, int height, int bitsPerPixel
     return surface;
 }
 
-std::uint32_t Surface::Get(int x, int y) const
+Surface::~Surface()
 {
-    std::uint32_t pixel = 0;
-    Load(x, y, 1, &pixel);
-    return pixel;
+    if (m_image)
+        pixman_image_unref(m_image);
 }
 
-void Surface::Set(int x, int y, std::uint32_t pixel) const
+pixman_image_t* Surface::Image() const
 {
-    Store(x, y, 1, &pixel);
+    if (!m_image)
+        m_image =
+            pixman_image_create_bits(bitsPerPixel == 32 ? PIXMAN_a8r8g8b8 : PIXMAN_r8g8b8, width, height,
+                                     reinterpret_cast<std::uint32_t*>(top), static_cast<int>(stride));
+    return m_image;
 }
 
-void Surface::Load(int x, int y, int count, std::uint32_t* pixels) const
+void Surface::Load24(int x, int y, int count, std::uint32_t* pixels) const
 {
-    if (bitsPerPixel == 32) {
-        std::memcpy(pixels, Row32(y) + x, static_cast<std::size_t>(count) * 4);
-        return;
-    }
     const std::uint8_t* from = Row(y) + x * 3;
     for (int i = 0; i < count; ++i, from += 3)
         pixels[i] = static_cast<std::uint32_t>(from[0] | (from[1] << 8) | (from[2] << 16));
 }
 
-void Surface::Store(int x, int y, int count, const std::uint32_t* pixels) const
+void Surface::Store24(int x, int y, int count, const std::uint32_t* pixels) const
 {
-    if (bitsPerPixel == 32) {
-        std::memmove(Row32(y) + x, pixels, static_cast<std::size_t>(count) * 4);
-        return;
-    }
     std::uint8_t* to = Row(y) + x * 3;
     for (int i = 0; i < count; ++i, to += 3) {
         to[0] = static_cast<std::uint8_t>(pixels[i]);

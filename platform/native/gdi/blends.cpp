@@ -1,0 +1,87 @@
+// AlphaBlend: premultiplied pixels over others, and plain ones weighed by a constant.
+
+#include <memory>
+
+#include "native/gdi/blit.h"
+
+using namespace qvui::native;
+
+namespace {
+
+struct UnrefImage {
+    void operator()(pixman_image_t* image) const { pixman_image_unref(image); }
+};
+using Image = std::unique_ptr<pixman_image_t, UnrefImage>;
+
+Image MaskOf(BYTE alpha)
+{
+    if (alpha == 255)
+        return nullptr;
+    const auto wide = static_cast<std::uint16_t>(alpha * 0x101);
+    const pixman_color_t colour{0, 0, 0, wide};
+    return Image(pixman_image_create_solid_fill(&colour));
+}
+
+// Premultiplied "over" with a constant alpha; pixman's rounding is the platform's, bit for bit.
+void BlendPremultiplied(const Blit& blit, BYTE alpha)
+{
+    const Image mask = MaskOf(alpha);
+    pixman_image_t* const target = blit.target->Target().Image();
+    const auto over = [&](const Surface& source, int x, int y, const RECT& part) {
+        pixman_image_composite32(PIXMAN_OP_OVER, source.Image(), mask.get(), target, x, y, 0, 0, part.left,
+                                 part.top, part.right - part.left, part.bottom - part.top);
+    };
+    if (blit.IsUnscaled()) {
+        const auto [dx, dy] = blit.Shift();
+        ForEachDrawable(*blit.target, blit.destination, [&, dx = dx, dy = dy](const RECT& part) {
+            over(*blit.source, part.left + dx, part.top + dy, part);
+        });
+    } else {
+        ForEachTile(blit, Sampling::Point,
+                    [&](const RECT& area, const Surface& tile) { over(tile, 0, 0, area); });
+    }
+}
+
+// Two channels at once, one in each half of the number: (s * alpha + d * (255 - alpha) + 127) / 255. No half
+// overflows into the other, and the division is exact for all numbers that occur.
+std::uint32_t MixHalves(std::uint32_t source, std::uint32_t destination, std::uint32_t alpha)
+{
+    constexpr std::uint32_t kHalves = 0x00FF00FF;
+    const std::uint32_t sum =
+        (source & kHalves) * alpha + (destination & kHalves) * (255 - alpha) + 0x007F007F;
+    return ((sum + 0x00010001 + ((sum >> 8) & kHalves)) >> 8) & kHalves;
+}
+
+// Weighs colours that carry no alpha of their own.
+void BlendConstant(const Blit& blit, std::uint32_t alpha)
+{
+    JoinScaled(blit, Sampling::Point, [alpha](std::uint32_t source, std::uint32_t destination) {
+        return MixHalves(source, destination, alpha) | MixHalves(source >> 8, destination >> 8, alpha) << 8;
+    });
+}
+
+}  // namespace
+
+BOOL AlphaBlend(HDC dc, int x, int y, int width, int height, HDC source, int sourceX, int sourceY,
+                int sourceWidth, int sourceHeight, BLENDFUNCTION blend)
+{
+    DeviceContext* target = LookUpContext(dc);
+    DeviceContext* from = LookUpContext(source);
+    if (!target || !from || width < 0 || height < 0 || sourceWidth < 0 || sourceHeight < 0)
+        return FALSE;
+    const Blit blit = PrepareBlit(*target, target->ToSurface(x, y, width, height), from->Target(),
+                                  from->ToSurface(sourceX, sourceY, sourceWidth, sourceHeight));
+    const bool isPerPixel = (blend.AlphaFormat & AC_SRC_ALPHA) != 0;
+    if (!blit.IsInsideSource() || (isPerPixel && from->Target().bitsPerPixel != 32))
+        return FALSE;
+    if (blit.IsEmpty())
+        return TRUE;
+    const bool isOneSurface = target->Target().top == from->Target().top;
+    if (isOneSurface && !IsEmptyRect(Intersection(blit.destination, blit.origin)))
+        return FALSE;
+    if (isPerPixel)
+        BlendPremultiplied(blit, blend.SourceConstantAlpha);
+    else
+        BlendConstant(blit, blend.SourceConstantAlpha);
+    return TRUE;
+}

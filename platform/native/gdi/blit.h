@@ -1,0 +1,71 @@
+#pragma once
+
+#include "native/gdi/scaling.h"
+
+namespace qvui::native {
+
+/// A copy from a rectangle of one surface to one of another.
+struct Blit {
+    DeviceContext* target;
+    const Surface* source;
+    RECT destination;  // surface coordinates of the target, normalised
+    RECT origin;       // surface coordinates of the source, normalised
+    AxisMap columns;
+    AxisMap rows;
+
+    bool IsEmpty() const { return columns.IsEmpty() || rows.IsEmpty(); }
+    /// Whether every pixel is copied to one pixel, in order.
+    bool IsUnscaled() const { return columns.IsUnscaled() && rows.IsUnscaled(); }
+    bool Shrinks() const { return columns.Shrinks() || rows.Shrinks(); }
+    bool IsInsideSource() const { return source->Contains(origin); }
+    /// From a destination pixel to its source pixel, when nothing is scaled.
+    POINT Shift() const { return {origin.left - destination.left, origin.top - destination.top}; }
+};
+
+/// Both rectangles in surface coordinates; negative extents mirror.
+Blit PrepareBlit(DeviceContext& target, const RECT& to, const Surface& source, const RECT& from);
+
+/// Copies with a raster operation, scaled by the target's stretch mode; within one surface as if from a copy.
+void DrawBlit(Blit blit, DWORD operation);
+
+/// A surface of 32-bit pixels for what is scaled to a width: as wide where possible, and small enough to stay
+/// in the processor's cache until it has been drawn.
+constexpr int kWidestTile = 2048;
+Surface& ScalingTile(int width);
+
+/// Scales the source tile by tile and calls `write(area, tile)` for each: a rectangle of the target that may
+/// be touched, and the surface that holds its pixels in the upper left corner.
+template <class Write>
+void ForEachTile(const Blit& blit, Sampling sampling, Write write)
+{
+    ForEachDrawable(*blit.target, blit.destination, [&](const RECT& part) {
+        Surface& tile = ScalingTile(part.right - part.left);
+        const Scaler scaler(*blit.source, blit.columns, blit.rows, sampling, part);
+        for (int top = part.top; top < part.bottom; top += tile.height)
+            for (int left = part.left; left < part.right; left += tile.width) {
+                const RECT area = Intersection({left, top, left + tile.width, top + tile.height}, part);
+                scaler.Scale(area, tile.Row32(0), tile.width);
+                write(area, tile);
+            }
+    });
+}
+
+/// Scales, and makes every pixel of the target what `join(source pixel, target pixel)` answers.
+template <class Join>
+void JoinScaled(const Blit& blit, Sampling sampling, Join join)
+{
+    const Surface& target = blit.target->Target();
+    ForEachTile(blit, sampling, [&](const RECT& area, const Surface& tile) {
+        const int width = area.right - area.left;
+        std::uint32_t row[kWidestTile];
+        for (int y = area.top; y < area.bottom; ++y) {
+            const std::uint32_t* const pixels = tile.Row32(y - area.top);
+            target.Load(area.left, y, width, row);
+            for (int i = 0; i < width; ++i)
+                row[i] = join(pixels[i], row[i]);
+            target.Store(area.left, y, width, row);
+        }
+    });
+}
+
+}  // namespace qvui::native
