@@ -11,6 +11,13 @@
 
 namespace qvui::bench {
 
+/// "ours takes 1.20 times the time of theirs (at most 2.00)".
+inline void PrintRatio(const char* ours, const char* theirs, double ratio, double most)
+{
+    std::printf("%s takes %.2f times the time of %s (at most %.2f%s)\n", ours, ratio, theirs, most,
+                ratio <= most ? "" : ": MISSED");
+}
+
 /// Prints as the console does and keeps the shortest processor time of every benchmark.
 class RatioReporter : public benchmark::ConsoleReporter {
 public:
@@ -27,16 +34,13 @@ public:
         }
     }
 
-    /// "ours takes 1.20 times the time of theirs (at most 2.00)"; nothing when one of them did not run.
+    /// The ratio of two benchmarks; nothing when one of them did not run.
     void PrintRatio(const char* ours, const char* theirs, double most) const
     {
         const auto left = m_times.find(ours);
         const auto right = m_times.find(theirs);
-        if (left == m_times.end() || right == m_times.end())
-            return;
-        const double ratio = left->second / right->second;
-        std::printf("%s takes %.2f times the time of %s (at most %.2f%s)\n", ours, ratio, theirs, most,
-                    ratio <= most ? "" : ": MISSED");
+        if (left != m_times.end() && right != m_times.end())
+            bench::PrintRatio(ours, theirs, left->second / right->second, most);
     }
 
 private:

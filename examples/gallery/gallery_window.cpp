@@ -42,30 +42,28 @@ bool GalleryWindow::BuildControls()
 {
     RECT client{};
     GetClientRect(m_hWindow, &client);
+    m_behaviour.reset();
     if (!CreateFromResource("gallery", m_hWindow, client))
         return false;
-    for (const char* const page : kPages)
-        if (!BuildPage(page))
-            return false;
-    m_behaviour.reset();
     StartControls();
     m_behaviour = std::make_unique<PageBehaviour>(*this);
-    m_behaviour->Start();
-    m_behaviour->PlaceDialog();
     m_frame.Shape();
     return ShowPage(kPages[m_nPage]);
 }
 
-// Every page has a template of its own and a place in the window's.
-bool GalleryWindow::BuildPage(const char* name)
+// Every page has a template of its own and a place in the window's, which it takes when it is shown first.
+bool GalleryWindow::BuildPage(const CString& name)
 {
     DUI::IDUIControl* const host = GetControlByName(CString("host_") + name, FALSE);
+    if (host && host->GetControlCount() > 0)
+        return true;
     const DUI::CRefPtr<DUI::IDUIControl> page =
         DUI::CDUIControlBuilder(nullptr).CreateFromResource(CString("page_") + name);
     if (!host || page.IsNull() || !host->AddControl(page)) {
-        std::fprintf(stderr, "The skin package has no usable page \"%s\".\n", name);
+        std::fprintf(stderr, "The skin package has no usable page \"%s\".\n", name.GetString());
         return false;
     }
+    m_behaviour->Start(name);
     return true;
 }
 
@@ -74,7 +72,7 @@ bool GalleryWindow::ShowPage(const CString& name)
     auto* const bar =
         dynamic_cast<DUI::CDUITabBar<DUI::CDUIVerticalLayout>*>(GetControlByName("pages", TRUE));
     const int page = PageOf(name);
-    if (!bar || page < 0)
+    if (!bar || page < 0 || !BuildPage(name))
         return false;
     bar->SetSelectIndex(page, FALSE);
     m_nPage = page;
@@ -107,7 +105,8 @@ void GalleryWindow::OnDUINotify(const DUI::tagDUINotify& notify, BOOL& bHandled)
         bHandled = PressCaptionButton(name);
     } else if (notify.nCode == DUI::DUINOTIFY_TABACTIVATE && !name.IsEmpty()) {
         Tell("page", name);
-        if (const int page = PageOf(name.Mid(static_cast<int>(std::strlen(kTabPrefix)))); page >= 0)
+        const CString pageName = name.Mid(static_cast<int>(std::strlen(kTabPrefix)));
+        if (const int page = PageOf(pageName); page >= 0 && BuildPage(pageName))
             m_nPage = page;
     }
     CDUIWindowMgr::OnDUINotify(notify, bHandled);

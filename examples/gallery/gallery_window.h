@@ -23,7 +23,7 @@ private:
     std::vector<CString> ToldControls() override;
     LRESULT Handle(HWND hWnd, UINT message, WPARAM wParam, LPARAM lParam) override;
     void OnDUINotify(const DUI::tagDUINotify& notify, BOOL& bHandled) override;
-    bool BuildPage(const char* name);
+    bool BuildPage(const CString& name);
     bool PressCaptionButton(const CString& name);
 
     CustomFrame m_frame;

@@ -83,13 +83,30 @@ void PageBehaviour::Tell(const char* label, const CString& text)
     m_window.SetContrlText(label, text);
 }
 
-void PageBehaviour::Start()
+void PageBehaviour::Start(const CString& page)
 {
-    m_window.GetControlByName("window", TRUE);  // the pages have come since the names were read last
+    constexpr struct {
+        const char* page;
+        void (PageBehaviour::*start)();
+    } kStarts[] = {{"buttons", &PageBehaviour::CheckButtons},
+                   {"lists", &PageBehaviour::FillLists},
+                   {"trees", &PageBehaviour::FillTrees},
+                   {"layouts", &PageBehaviour::PlaceDialog},
+                   {"animation", &PageBehaviour::StartSpinner}};
+    m_window.GetControlByName(page, TRUE);  // the page has come since the names were read last
+    for (const auto& entry : kStarts)
+        if (page == entry.page)
+            (this->*entry.start)();
+}
+
+void PageBehaviour::CheckButtons()
+{
     for (const char* const name : {"b_checked", "check_1", "radio_2"})
         m_window.SetButtonChecked(name, TRUE);
-    FillLists();
-    FillTrees();
+}
+
+void PageBehaviour::StartSpinner()
+{
     if (auto* const spinner = Find<Spinner>("spinner_1"))
         spinner->Start();
 }
@@ -238,9 +255,8 @@ void PageBehaviour::OnTool(Notify notify)
 
 void PageBehaviour::OnAnimationStart(Notify notify)
 {
-    auto* const spinner = Find<Spinner>("spinner_1");
-    if (notify.nCode == DUI::DUINOTIFY_CLICK && spinner)
-        spinner->Start();
+    if (notify.nCode == DUI::DUINOTIFY_CLICK)
+        StartSpinner();
 }
 
 void PageBehaviour::OnAnimationStop(Notify notify)

@@ -8,8 +8,8 @@ public:
     /// The window outlives this.
     explicit PageBehaviour(DUI::CDUIWindowMgr& window);
 
-    /// Fills the long lists and trees and brings the pages to life; to be called when the controls are there.
-    void Start();
+    /// Brings a page to life whose controls have come into the window.
+    void Start(const CString& page);
     /// Puts the controls of the dialog layout, which stay where they are told, where the layout is now.
     void PlaceDialog();
 
@@ -30,8 +30,10 @@ private:
     void OnAnimationStop(Notify notify);
     void OnAnimationOnce(Notify notify);
 
+    void CheckButtons();
     void FillLists();
     void FillTrees();
+    void StartSpinner();
     void MoveProgress(int by);
     /// Shows what happened in a page's line of text.
     void Tell(const char* label, const CString& text);

@@ -111,16 +111,18 @@ TEST_F(LinearLayout, PlacesItsVisibleChildren)
     }
 }
 
-TEST_F(LinearLayout, AsksTwiceAndPlacesOnce)
+TEST_F(LinearLayout, AsksForWhatIsLeftAndPlacesOnce)
 {
     CRefPtr<CDUIHorizontalLayout> layout = new CDUIHorizontalLayout;
     layout->SetPaddingWidth(10);
     Brick* const first = AddBrick(*layout.GetPtr(), {30, 0});
+    AddBrick(*layout.GetPtr(), {0, 0});
     Brick* const last = AddBrick(*layout.GetPtr(), {20, 0});
     layout->SetControlRect({0, 0, 100, 40});
     using Spaces = std::vector<std::string>;
-    EXPECT_EQ(first->asked, (Spaces{"100x40", "100x40"}));
-    EXPECT_EQ(last->asked, (Spaces{"60x40", "60x40"}));
+    EXPECT_EQ(first->asked, Spaces{"100x40"});
+    // Again when the flexible child has its share.
+    EXPECT_EQ(last->asked, (Spaces{"50x40", "20x40"}));
     EXPECT_EQ(first->placed, 1);
     // Placing the lengthened last child twice would double the work at every level of nesting.
     EXPECT_EQ(last->placed, 1);
