@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <sstream>
 
 namespace qvui::test {
 namespace {
@@ -11,25 +12,43 @@ struct NamedMessage {
     const char* name;
 };
 
-#define QVUI_NAMED(message) {message, #message}
+// clang-format off
+#define QVUI_NAMED(message) {WM_##message, #message}
 constexpr NamedMessage kNames[] = {
-    QVUI_NAMED(WM_NULL), QVUI_NAMED(WM_CREATE), QVUI_NAMED(WM_DESTROY), QVUI_NAMED(WM_MOVE), QVUI_NAMED(WM_SIZE),
-    QVUI_NAMED(WM_ACTIVATE), QVUI_NAMED(WM_SETFOCUS), QVUI_NAMED(WM_KILLFOCUS), QVUI_NAMED(WM_ENABLE),
-    QVUI_NAMED(WM_SETTEXT), QVUI_NAMED(WM_PAINT), QVUI_NAMED(WM_CLOSE), QVUI_NAMED(WM_QUIT), QVUI_NAMED(WM_ERASEBKGND),
-    QVUI_NAMED(WM_SHOWWINDOW), QVUI_NAMED(WM_CANCELMODE), QVUI_NAMED(WM_SETCURSOR), QVUI_NAMED(WM_MOUSEACTIVATE),
-    QVUI_NAMED(WM_GETMINMAXINFO), QVUI_NAMED(WM_WINDOWPOSCHANGING), QVUI_NAMED(WM_WINDOWPOSCHANGED),
-    QVUI_NAMED(WM_CONTEXTMENU), QVUI_NAMED(WM_NCCREATE), QVUI_NAMED(WM_NCDESTROY), QVUI_NAMED(WM_NCCALCSIZE),
-    QVUI_NAMED(WM_NCHITTEST), QVUI_NAMED(WM_NCPAINT), QVUI_NAMED(WM_NCACTIVATE), QVUI_NAMED(WM_NCMOUSEMOVE),
-    QVUI_NAMED(WM_NCLBUTTONDOWN), QVUI_NAMED(WM_NCLBUTTONUP), QVUI_NAMED(WM_NCLBUTTONDBLCLK), QVUI_NAMED(WM_KEYDOWN),
-    QVUI_NAMED(WM_KEYUP), QVUI_NAMED(WM_CHAR), QVUI_NAMED(WM_SYSKEYDOWN), QVUI_NAMED(WM_SYSKEYUP),
-    QVUI_NAMED(WM_SYSCHAR), QVUI_NAMED(WM_COMMAND), QVUI_NAMED(WM_SYSCOMMAND), QVUI_NAMED(WM_TIMER),
-    QVUI_NAMED(WM_MOUSEMOVE), QVUI_NAMED(WM_LBUTTONDOWN), QVUI_NAMED(WM_LBUTTONUP), QVUI_NAMED(WM_LBUTTONDBLCLK),
-    QVUI_NAMED(WM_RBUTTONDOWN), QVUI_NAMED(WM_RBUTTONUP), QVUI_NAMED(WM_RBUTTONDBLCLK), QVUI_NAMED(WM_MBUTTONDOWN),
-    QVUI_NAMED(WM_MBUTTONUP), QVUI_NAMED(WM_MBUTTONDBLCLK), QVUI_NAMED(WM_MOUSEWHEEL), QVUI_NAMED(WM_PARENTNOTIFY),
-    QVUI_NAMED(WM_SIZING), QVUI_NAMED(WM_CAPTURECHANGED), QVUI_NAMED(WM_MOVING), QVUI_NAMED(WM_ENTERSIZEMOVE),
-    QVUI_NAMED(WM_EXITSIZEMOVE), QVUI_NAMED(WM_MOUSEHOVER), QVUI_NAMED(WM_MOUSELEAVE),
+    QVUI_NAMED(NULL), QVUI_NAMED(CREATE), QVUI_NAMED(DESTROY), QVUI_NAMED(MOVE), QVUI_NAMED(SIZE),
+    QVUI_NAMED(ACTIVATE), QVUI_NAMED(SETFOCUS), QVUI_NAMED(KILLFOCUS), QVUI_NAMED(ENABLE),
+    QVUI_NAMED(SETTEXT), QVUI_NAMED(PAINT), QVUI_NAMED(CLOSE), QVUI_NAMED(QUIT), QVUI_NAMED(ERASEBKGND),
+    QVUI_NAMED(SHOWWINDOW), QVUI_NAMED(CANCELMODE), QVUI_NAMED(SETCURSOR), QVUI_NAMED(MOUSEACTIVATE),
+    QVUI_NAMED(GETMINMAXINFO), QVUI_NAMED(WINDOWPOSCHANGING), QVUI_NAMED(WINDOWPOSCHANGED),
+    QVUI_NAMED(CONTEXTMENU), QVUI_NAMED(NCCREATE), QVUI_NAMED(NCDESTROY), QVUI_NAMED(NCCALCSIZE),
+    QVUI_NAMED(NCHITTEST), QVUI_NAMED(NCPAINT), QVUI_NAMED(NCACTIVATE), QVUI_NAMED(NCMOUSEMOVE),
+    QVUI_NAMED(NCLBUTTONDOWN), QVUI_NAMED(NCLBUTTONUP), QVUI_NAMED(NCLBUTTONDBLCLK), QVUI_NAMED(KEYDOWN),
+    QVUI_NAMED(KEYUP), QVUI_NAMED(CHAR), QVUI_NAMED(SYSKEYDOWN), QVUI_NAMED(SYSKEYUP), QVUI_NAMED(SYSCHAR),
+    QVUI_NAMED(COMMAND), QVUI_NAMED(SYSCOMMAND), QVUI_NAMED(TIMER), QVUI_NAMED(MOUSEMOVE),
+    QVUI_NAMED(LBUTTONDOWN), QVUI_NAMED(LBUTTONUP), QVUI_NAMED(LBUTTONDBLCLK), QVUI_NAMED(RBUTTONDOWN),
+    QVUI_NAMED(RBUTTONUP), QVUI_NAMED(RBUTTONDBLCLK), QVUI_NAMED(MBUTTONDOWN), QVUI_NAMED(MBUTTONUP),
+    QVUI_NAMED(MBUTTONDBLCLK), QVUI_NAMED(MOUSEWHEEL), QVUI_NAMED(PARENTNOTIFY), QVUI_NAMED(SIZING),
+    QVUI_NAMED(CAPTURECHANGED), QVUI_NAMED(MOVING), QVUI_NAMED(ENTERSIZEMOVE), QVUI_NAMED(EXITSIZEMOVE),
+    QVUI_NAMED(MOUSEHOVER), QVUI_NAMED(MOUSELEAVE), QVUI_NAMED(APP),
 };
 #undef QVUI_NAMED
+// clang-format on
+
+/// The numbers that a text of Tells names.
+std::vector<UINT> NumbersIn(std::string text)
+{
+    std::replace(text.begin(), text.end(), ',', ' ');
+    std::istringstream words(text);
+    std::vector<UINT> numbers;
+    for (std::string word; words >> word;) {
+        for (const NamedMessage& named : kNames)
+            if (word == named.name)
+                numbers.push_back(named.number);
+        if (word.rfind("APP+", 0) == 0)
+            numbers.push_back(WM_APP + static_cast<UINT>(std::stoi(word.substr(4))));
+    }
+    return numbers;
+}
 
 }  // namespace
 
@@ -38,6 +57,8 @@ std::string MessageName(UINT message)
     for (const NamedMessage& named : kNames)
         if (named.number == message)
             return named.name;
+    if (message > WM_APP && message < WM_APP + 10)
+        return "APP+" + std::to_string(message - WM_APP);
     char digits[16];
     std::snprintf(digits, sizeof digits, "0x%X", static_cast<unsigned>(message));
     return digits;
@@ -52,12 +73,27 @@ std::vector<LoggedMessage> MessageLog::Only(const std::vector<UINT>& numbers) co
     return chosen;
 }
 
-std::vector<std::string> MessageLog::Lines(const std::vector<UINT>& numbers) const
+LoggedMessage MessageLog::Last(UINT number) const
 {
-    std::vector<std::string> lines;
-    for (const LoggedMessage& message : Only(numbers))
-        lines.push_back(message.window + " " + MessageName(message.message));
-    return lines;
+    const std::vector<LoggedMessage> messages = Only({number});
+    return messages.empty() ? LoggedMessage{} : messages.back();
+}
+
+testing::AssertionResult MessageLog::Tells(const std::string& text, std::vector<UINT> also) const
+{
+    for (const UINT number : NumbersIn(text))
+        also.push_back(number);
+    std::string told;
+    std::string window;
+    for (const LoggedMessage& message : Only(also)) {
+        if (told.empty() || message.window != window)
+            told += (told.empty() ? "" : ", ") + message.window;
+        window = message.window;
+        told.append(1, ' ').append(MessageName(message.message));
+    }
+    if (told == text)
+        return testing::AssertionSuccess();
+    return testing::AssertionFailure() << "\"" << told << "\" instead of \"" << text << "\"";
 }
 
 }  // namespace qvui::test

@@ -23,7 +23,31 @@ std::uint32_t ClientPixels::At(int x, int y) const
 {
     if (x < 0 || y < 0 || x >= width || y >= height)
         return 0xFFFFFFFF;
-    return pixels[static_cast<std::size_t>(y) * static_cast<std::size_t>(width) + static_cast<std::size_t>(x)];
+    return pixels[static_cast<std::size_t>(y) * static_cast<std::size_t>(width) +
+                  static_cast<std::size_t>(x)];
+}
+
+MessageHandler Answer(UINT number, LRESULT answer)
+{
+    return [=](const LoggedMessage& message) -> std::optional<LRESULT> {
+        return message.message == number ? std::optional(answer) : std::nullopt;
+    };
+}
+
+MessageHandler On(UINT number, std::function<void(const LoggedMessage&)> act)
+{
+    return [=](const LoggedMessage& message) -> std::optional<LRESULT> {
+        if (message.message == number)
+            act(message);
+        return std::nullopt;
+    };
+}
+
+std::string PlaceOf(HWND window)
+{
+    RECT rect{};
+    GetWindowRect(window, &rect);
+    return Text(rect);
 }
 
 ClientPixels ReadClient(HWND window)
@@ -95,9 +119,10 @@ PlatformWindow::PlatformWindow(PlatformWindowOptions options) : m_options(std::m
 
     PlatformWindow* const outer = std::exchange(g_creating, this);
     const RECT& place = m_options.place;
-    const HWND created = CreateWindowExA(m_options.exStyle, m_className.c_str(), m_options.name, m_options.style, place.left,
-                                         place.top, place.right - place.left, place.bottom - place.top, m_options.parent,
-                                         nullptr, definition.hInstance, nullptr);
+    const HWND created =
+        CreateWindowExA(m_options.exStyle, m_className.c_str(), m_options.name, m_options.style, place.left,
+                        place.top, place.right - place.left, place.bottom - place.top, m_options.parent,
+                        nullptr, definition.hInstance, nullptr);
     g_creating = outer;
     if (!created)
         return;
@@ -123,7 +148,8 @@ LRESULT CALLBACK PlatformWindow::Procedure(HWND window, UINT message, WPARAM wPa
 {
     const auto known = WindowsByHandle().find(window);
     PlatformWindow* const self = known != WindowsByHandle().end() ? known->second : g_creating;
-    return self ? self->Handle(window, message, wParam, lParam) : DefWindowProcA(window, message, wParam, lParam);
+    return self ? self->Handle(window, message, wParam, lParam)
+                : DefWindowProcA(window, message, wParam, lParam);
 }
 
 LRESULT PlatformWindow::Handle(HWND window, UINT message, WPARAM wParam, LPARAM lParam)

@@ -9,6 +9,7 @@
 
 #include <qvui/platform/platform.h>
 
+#include "support/geometry_text.h"
 #include "support/message_log.h"
 
 namespace qvui::test {
@@ -22,6 +23,9 @@ struct ClientPixels {
     /// The pixel at a client point; 0xFFFFFFFF outside.
     std::uint32_t At(int x, int y) const;
 };
+
+/// The window's rectangle on the screen, as a text.
+std::string PlaceOf(HWND window);
 
 /// What the window shows or would show, read back through its device context.
 ClientPixels ReadClient(HWND window);
@@ -37,19 +41,42 @@ PumpResult Pump();
 
 /// Answers a message; nullopt leaves it to DefWindowProcA.
 using MessageHandler = std::function<std::optional<LRESULT>(const LoggedMessage&)>;
+/// Answers messages of one number and leaves all others.
+MessageHandler Answer(UINT number, LRESULT answer);
+/// Does something when such a message comes and leaves the answer to DefWindowProcA.
+MessageHandler On(UINT number, std::function<void(const LoggedMessage&)> act);
 
 struct PlatformWindowOptions {
-    const char* name = "window";      // in the log, and its title
-    RECT place{100, 100, 300, 200};   // on the screen; a child's in its parent's client area
-    DWORD style = WS_POPUP;           // add WS_CHILD (and take WS_POPUP away) for a child
+    const char* name = "window";     // in the log, and its title
+    RECT place{100, 100, 300, 200};  // on the screen; a child's in its parent's client area
+    DWORD style = WS_POPUP;          // add WS_CHILD (and take WS_POPUP away) for a child
     DWORD exStyle = 0;
     UINT classStyle = 0;
-    HWND parent = nullptr;            // or owner
-    HBRUSH background = nullptr;      // stays the caller's
+    HWND parent = nullptr;        // or owner
+    HBRUSH background = nullptr;  // stays the caller's
     HCURSOR cursor = nullptr;
-    MessageLog* log = nullptr;        // null: a log of its own
+    MessageLog* log = nullptr;  // null: a log of its own
     MessageHandler handler = nullptr;
     bool isShown = true;
+
+    // The same options but for one thing, to write after one another
+    PlatformWindowOptions Hidden() const { return With(&PlatformWindowOptions::isShown, false); }
+    PlatformWindowOptions Styled(DWORD to) const { return With(&PlatformWindowOptions::style, to); }
+    PlatformWindowOptions ExStyled(DWORD to) const { return With(&PlatformWindowOptions::exStyle, to); }
+    PlatformWindowOptions OfClass(UINT to) const { return With(&PlatformWindowOptions::classStyle, to); }
+    PlatformWindowOptions Below(HWND to) const { return With(&PlatformWindowOptions::parent, to); }
+    PlatformWindowOptions Filled(HBRUSH to) const { return With(&PlatformWindowOptions::background, to); }
+    PlatformWindowOptions Answering(MessageHandler to) const
+    {
+        return With(&PlatformWindowOptions::handler, to);
+    }
+    template <class Value>
+    PlatformWindowOptions With(Value PlatformWindowOptions::*member, const Value& to) const
+    {
+        PlatformWindowOptions changed = *this;
+        changed.*member = to;
+        return changed;
+    }
 };
 
 /// A plain window of the platform with a class of its own. It logs what it receives, asks its handler first
@@ -63,6 +90,7 @@ public:
 
     /// Null when creation was refused or the window has been destroyed.
     HWND Handle() const { return m_handle; }
+    operator HWND() const { return m_handle; }
     MessageLog& Log() { return *m_log; }
     void SetHandler(MessageHandler handler) { m_options.handler = std::move(handler); }
     void Destroy();

@@ -124,7 +124,7 @@ BOOL UpdateLayeredWindow(HWND handle, HDC, POINT* position, SIZE* size, HDC sour
         Validate(*window, window->paint.region);
         PresentDamage(*window, window->Client());
     }
-    if (blend && (flags & ULW_ALPHA))
-        TheDisplay().SetOpacity(handle, blend->SourceConstantAlpha);
+    if (!(flags & ULW_ALPHA) || blend)
+        TheDisplay().SetOpacity(handle, flags & ULW_ALPHA ? blend->SourceConstantAlpha : BYTE{255});
     return TRUE;
 }

@@ -3,15 +3,14 @@
 #include "platform/user/window_test.h"
 
 using namespace qvui::test;
-using testing::ElementsAre;
-using testing::IsEmpty;
 
 namespace {
 
-const std::vector<UINT> kLife{WM_GETMINMAXINFO, WM_NCCREATE, WM_NCCALCSIZE, WM_CREATE, WM_SIZE, WM_MOVE,
-                              WM_PARENTNOTIFY, WM_SHOWWINDOW, WM_WINDOWPOSCHANGING, WM_WINDOWPOSCHANGED, WM_NCACTIVATE,
-                              WM_ACTIVATE, WM_SETFOCUS, WM_KILLFOCUS, WM_NCPAINT, WM_ERASEBKGND, WM_PAINT,
-                              WM_DESTROY, WM_NCDESTROY};
+const std::vector<UINT> kLife{WM_GETMINMAXINFO, WM_NCCREATE,   WM_NCCALCSIZE,        WM_CREATE,
+                              WM_SIZE,          WM_MOVE,       WM_PARENTNOTIFY,      WM_SHOWWINDOW,
+                              WM_NCACTIVATE,    WM_ACTIVATE,   WM_SETFOCUS,          WM_KILLFOCUS,
+                              WM_NCPAINT,       WM_ERASEBKGND, WM_WINDOWPOSCHANGING, WM_WINDOWPOSCHANGED,
+                              WM_PAINT,         WM_DESTROY,    WM_NCDESTROY};
 
 class Creation : public WindowTest {};
 
@@ -19,150 +18,124 @@ class Creation : public WindowTest {};
 
 TEST_F(Creation, SendsItsMessagesBeforeItReturns)
 {
-    const PlatformWindow parent(Hidden(Popup("parent")));
-    struct Case {
+    const PlatformWindow parent(Popup("parent").Hidden());
+    const struct {
         const char* name;
         DWORD style;
-        std::vector<std::string> expected;
-    };
-    const std::vector<Case> cases{
-        {"hidden overlapped", WS_OVERLAPPEDWINDOW,
-         {"w WM_GETMINMAXINFO", "w WM_NCCREATE", "w WM_NCCALCSIZE", "w WM_CREATE"}},
-        {"hidden popup", WS_POPUP, {"w WM_NCCREATE", "w WM_NCCALCSIZE", "w WM_CREATE", "w WM_SIZE", "w WM_MOVE"}},
-        {"hidden child", WS_CHILD,
-         {"w WM_NCCREATE", "w WM_NCCALCSIZE", "w WM_CREATE", "w WM_SIZE", "w WM_MOVE", "parent WM_PARENTNOTIFY"}},
+        const char* expected;
+    } cases[] = {
+        {"hidden overlapped", WS_OVERLAPPEDWINDOW, "w GETMINMAXINFO NCCREATE NCCALCSIZE CREATE"},
+        {"hidden popup", WS_POPUP, "w NCCREATE NCCALCSIZE CREATE SIZE MOVE"},
+        {"hidden child", WS_CHILD, "w NCCREATE NCCALCSIZE CREATE SIZE MOVE, parent PARENTNOTIFY"},
         {"visible child of a hidden parent", WS_CHILD | WS_VISIBLE,
-         {"w WM_NCCREATE", "w WM_NCCALCSIZE", "w WM_CREATE", "w WM_SIZE", "w WM_MOVE", "parent WM_PARENTNOTIFY",
-          "w WM_SHOWWINDOW"}},
+         "w NCCREATE NCCALCSIZE CREATE SIZE MOVE, parent PARENTNOTIFY, w SHOWWINDOW"},
         {"visible popup", WS_POPUP | WS_VISIBLE,
-         {"w WM_NCCREATE", "w WM_NCCALCSIZE", "w WM_CREATE", "w WM_SIZE", "w WM_MOVE", "w WM_SHOWWINDOW",
-          "w WM_WINDOWPOSCHANGING", "w WM_NCACTIVATE", "w WM_ACTIVATE", "w WM_SETFOCUS", "w WM_NCPAINT",
-          "w WM_ERASEBKGND", "w WM_WINDOWPOSCHANGED"}},
+         "w NCCREATE NCCALCSIZE CREATE SIZE MOVE SHOWWINDOW WINDOWPOSCHANGING NCACTIVATE ACTIVATE SETFOCUS "
+         "NCPAINT ERASEBKGND WINDOWPOSCHANGED"},
     };
-    for (const Case& c : cases) {
-        PlatformWindowOptions options = Hidden(Popup("w"));
-        options.style = c.style;
-        options.parent = c.style & WS_CHILD ? parent.Handle() : nullptr;
+    for (const auto& c : cases) {
         Settle();
-        const PlatformWindow window(options);
-        EXPECT_EQ(log.Lines(kLife), c.expected) << c.name;
+        const PlatformWindow window(
+            Popup().Hidden().Styled(c.style).Below(c.style & WS_CHILD ? parent.Handle() : nullptr));
+        EXPECT_TRUE(log.Tells(c.expected, kLife)) << c.name;
     }
 }
 
 TEST_F(Creation, TellsSizeAndPlaceOfTheClientArea)
 {
-    const PlatformWindow popup(Hidden(Popup("popup", {110, 120, 310, 220})));
+    const PlatformWindow popup(Popup("popup", {110, 120, 310, 220}).Hidden());
+    EXPECT_EQ(log.Last(WM_SIZE).wParam, static_cast<WPARAM>(SIZE_RESTORED));
+    EXPECT_EQ(log.Last(WM_SIZE).lParam, MAKELPARAM(200, 100));
+    EXPECT_EQ(log.Last(WM_MOVE).lParam, MAKELPARAM(110, 120));
     const PlatformWindow child(Child("child", popup, {10, -20, 50, 30}));
-    for (const LoggedMessage& size : log.Only({WM_SIZE})) {
-        EXPECT_EQ(size.wParam, static_cast<WPARAM>(SIZE_RESTORED));
-        EXPECT_EQ(size.lParam, size.window == "popup" ? MAKELPARAM(200, 100) : MAKELPARAM(40, 50));
-    }
-    for (const LoggedMessage& move : log.Only({WM_MOVE})) {
-        EXPECT_EQ(GET_X_LPARAM(move.lParam), move.window == "popup" ? 110 : 10);
-        EXPECT_EQ(GET_Y_LPARAM(move.lParam), move.window == "popup" ? 120 : -20);
-    }
+    EXPECT_EQ(log.Last(WM_SIZE).lParam, MAKELPARAM(40, 50));
+    EXPECT_EQ(log.Last(WM_MOVE).X(), 10);
+    EXPECT_EQ(log.Last(WM_MOVE).Y(), -20);
 }
 
 TEST_F(Creation, PassesItsParameters)
 {
     CREATESTRUCTA seen{};
-    PlatformWindowOptions options = Hidden(Popup("named", {1, 2, 31, 42}));
-    options.exStyle = WS_EX_TOOLWINDOW;
-    options.handler = [&](const LoggedMessage& message) -> std::optional<LRESULT> {
-        if (message.message == WM_NCCREATE)
-            seen = *reinterpret_cast<const CREATESTRUCTA*>(message.lParam);
-        return std::nullopt;
-    };
-    const PlatformWindow window(options);
-    EXPECT_EQ(seen.x, 1);
-    EXPECT_EQ(seen.y, 2);
-    EXPECT_EQ(seen.cx, 30);
-    EXPECT_EQ(seen.cy, 40);
+    const PlatformWindow window(Popup("named", {1, 2, 31, 42})
+                                    .Hidden()
+                                    .ExStyled(WS_EX_TOOLWINDOW)
+                                    .Answering(On(WM_NCCREATE, [&](auto& message) {
+                                        seen = *reinterpret_cast<const CREATESTRUCTA*>(message.lParam);
+                                    })));
+    EXPECT_EQ(Text(RECT{seen.x, seen.y, seen.cx, seen.cy}), "1,2,30,40");
     EXPECT_STREQ(seen.lpszName, "named");
     EXPECT_EQ(seen.dwExStyle, WS_EX_TOOLWINDOW);
     char title[16] = "";
-    EXPECT_EQ(GetWindowTextA(window.Handle(), title, sizeof title), 5);
+    EXPECT_EQ(GetWindowTextA(window, title, sizeof title), 5);
     EXPECT_STREQ(title, "named");
-    EXPECT_EQ(GetWindowTextA(window.Handle(), title, 4), 3);
+    EXPECT_EQ(GetWindowTextA(window, title, 4), 3);
     EXPECT_STREQ(title, "nam");
 }
 
 TEST_F(Creation, IsRefusedByTheProcedure)
 {
-    struct Case {
-        const char* name;
+    const struct {
         UINT refused;
         LRESULT answer;
-        std::vector<std::string> expected;
+        const char* expected;
+    } cases[] = {
+        {WM_NCCREATE, FALSE, "w NCCREATE NCDESTROY"},
+        {WM_CREATE, -1, "w NCCREATE CREATE NCDESTROY"},
     };
-    const std::vector<Case> cases{
-        {"WM_NCCREATE answered FALSE", WM_NCCREATE, 0, {"w WM_NCCREATE", "w WM_NCDESTROY"}},
-        {"WM_CREATE answered -1", WM_CREATE, -1, {"w WM_NCCREATE", "w WM_CREATE", "w WM_NCDESTROY"}},
-    };
-    for (const Case& c : cases) {
+    for (const auto& c : cases) {
         log.Clear();
-        PlatformWindowOptions options = Hidden(Popup("w"));
-        options.handler = [&](const LoggedMessage& message) -> std::optional<LRESULT> {
-            return message.message == c.refused ? std::optional(c.answer) : std::nullopt;
-        };
-        const PlatformWindow window(options);
-        EXPECT_EQ(window.Handle(), nullptr) << c.name;
-        EXPECT_EQ(log.Lines({WM_NCCREATE, WM_CREATE, WM_NCDESTROY}), c.expected) << c.name;
+        const PlatformWindow window(Popup().Hidden().Answering(Answer(c.refused, c.answer)));
+        EXPECT_EQ(window.Handle(), nullptr) << c.expected;
+        EXPECT_TRUE(log.Tells(c.expected, {WM_CREATE}));
     }
 }
 
 TEST_F(Creation, FailsWithoutClassOrParent)
 {
-    EXPECT_EQ(CreateWindowExA(0, "no such class", "", WS_POPUP, 0, 0, 10, 10, nullptr, nullptr, nullptr, nullptr), nullptr);
-    const PlatformWindow orphan([&] {
-        PlatformWindowOptions options = Hidden(Popup("orphan"));
-        options.style = WS_CHILD;
-        return options;
-    }());
-    EXPECT_EQ(orphan.Handle(), nullptr);
+    EXPECT_EQ(
+        CreateWindowExA(0, "no such class", "", WS_POPUP, 0, 0, 10, 10, nullptr, nullptr, nullptr, nullptr),
+        nullptr);
+    EXPECT_EQ(PlatformWindow(Popup().Hidden().Styled(WS_CHILD)).Handle(), nullptr);
 }
 
 TEST_F(Creation, FirstShowOfAnOverlappedWindowTellsSizeAndPlaceLast)
 {
-    PlatformWindowOptions options = Hidden(Popup("w"));
-    options.style = WS_OVERLAPPED | WS_CAPTION;
-    const PlatformWindow window(options);
+    const PlatformWindow window(Popup().Hidden().Styled(WS_OVERLAPPED | WS_CAPTION));
     Settle();
-    ShowWindow(window.Handle(), SW_SHOW);
-    EXPECT_THAT(log.Lines({WM_SHOWWINDOW, WM_SETFOCUS, WM_WINDOWPOSCHANGED, WM_SIZE, WM_MOVE}),
-                ElementsAre("w WM_SHOWWINDOW", "w WM_SETFOCUS", "w WM_WINDOWPOSCHANGED", "w WM_SIZE", "w WM_MOVE"));
-    ShowWindow(window.Handle(), SW_HIDE);
+    ShowWindow(window, SW_SHOW);
+    EXPECT_TRUE(log.Tells("w SHOWWINDOW SETFOCUS WINDOWPOSCHANGED SIZE MOVE"));
+    ShowWindow(window, SW_HIDE);
     Settle();
-    ShowWindow(window.Handle(), SW_SHOW);
-    EXPECT_THAT(log.Lines({WM_SIZE, WM_MOVE}), IsEmpty());
+    ShowWindow(window, SW_SHOW);
+    EXPECT_TRUE(log.Tells("", {WM_SIZE, WM_MOVE}));
 }
 
 TEST_F(Creation, ShowErasesAtOnceAndPaintsLater)
 {
-    const PlatformWindow window(Hidden(Popup("w")));
+    const PlatformWindow window(Popup().Hidden());
     Settle();
-    EXPECT_FALSE(ShowWindow(window.Handle(), SW_SHOW));
-    EXPECT_THAT(log.Lines(kLife),
-                ElementsAre("w WM_SHOWWINDOW", "w WM_WINDOWPOSCHANGING", "w WM_NCACTIVATE", "w WM_ACTIVATE",
-                            "w WM_SETFOCUS", "w WM_NCPAINT", "w WM_ERASEBKGND", "w WM_WINDOWPOSCHANGED"));
-    EXPECT_EQ(log.Only({WM_SHOWWINDOW}).front().wParam, 1U);
-    EXPECT_EQ(log.Only({WM_SHOWWINDOW}).front().lParam, 0);
+    EXPECT_FALSE(ShowWindow(window, SW_SHOW));
+    EXPECT_TRUE(
+        log.Tells("w SHOWWINDOW WINDOWPOSCHANGING NCACTIVATE ACTIVATE SETFOCUS NCPAINT ERASEBKGND "
+                  "WINDOWPOSCHANGED",
+                  kLife));
+    EXPECT_EQ(log.Last(WM_SHOWWINDOW).wParam, 1U);
+    EXPECT_EQ(log.Last(WM_SHOWWINDOW).lParam, 0);
     log.Clear();
-    EXPECT_TRUE(ShowWindow(window.Handle(), SW_SHOW));
+    EXPECT_TRUE(ShowWindow(window, SW_SHOW));
     EXPECT_EQ(log.Count(WM_SHOWWINDOW), 0);
     Pump();
-    EXPECT_THAT(log.Lines(kLife), ElementsAre("w WM_PAINT"));
+    EXPECT_TRUE(log.Tells("w PAINT", kLife));
 }
 
 TEST_F(Creation, ShowingActivatesAsItsCommandSays)
 {
-    struct Case {
+    const struct {
         const char* name;
         DWORD exStyle;
         int command;
         bool isActivated;
-    };
-    const std::vector<Case> cases{
+    } cases[] = {
         {"SW_SHOW", 0, SW_SHOW, true},
         {"SW_SHOWNORMAL", 0, SW_SHOWNORMAL, true},
         {"SW_SHOW of a tool window", WS_EX_TOOLWINDOW, SW_SHOW, true},
@@ -170,119 +143,106 @@ TEST_F(Creation, ShowingActivatesAsItsCommandSays)
         {"SW_SHOWNA", 0, SW_SHOWNA, false},
     };
     const PlatformWindow first(Popup("first"));
-    for (const Case& c : cases) {
-        SetActiveWindow(first.Handle());
-        PlatformWindowOptions options = Hidden(Popup("second", {400, 100, 500, 200}));
-        options.exStyle = c.exStyle;
-        const PlatformWindow second(options);
-        ShowWindow(second.Handle(), c.command);
-        EXPECT_TRUE(IsWindowVisible(second.Handle())) << c.name;
-        EXPECT_EQ(GetActiveWindow(), c.isActivated ? second.Handle() : first.Handle()) << c.name;
-        EXPECT_EQ(GetFocus(), c.isActivated ? second.Handle() : first.Handle()) << c.name;
+    for (const auto& c : cases) {
+        SetActiveWindow(first);
+        const PlatformWindow second(Popup("second", kBeside).Hidden().ExStyled(c.exStyle));
+        ShowWindow(second, c.command);
+        EXPECT_TRUE(IsWindowVisible(second)) << c.name;
+        EXPECT_EQ(GetActiveWindow() == second, c.isActivated) << c.name;
+        EXPECT_EQ(GetFocus(), GetActiveWindow()) << c.name;
     }
 }
 
 TEST_F(Creation, SetWindowPosShowsAndHidesWithoutShowWindowMessage)
 {
-    const PlatformWindow window(Hidden(Popup("w")));
+    const PlatformWindow window(Popup().Hidden());
     Settle();
     constexpr UINT kKeep = SWP_NOMOVE | SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE;
-    SetWindowPos(window.Handle(), nullptr, 0, 0, 0, 0, kKeep | SWP_SHOWWINDOW);
-    EXPECT_THAT(log.Lines(kLife), ElementsAre("w WM_WINDOWPOSCHANGING", "w WM_NCPAINT", "w WM_ERASEBKGND", "w WM_WINDOWPOSCHANGED"));
-    EXPECT_TRUE(IsWindowVisible(window.Handle()));
+    SetWindowPos(window, nullptr, 0, 0, 0, 0, kKeep | SWP_SHOWWINDOW);
+    EXPECT_TRUE(log.Tells("w WINDOWPOSCHANGING NCPAINT ERASEBKGND WINDOWPOSCHANGED", kLife));
+    EXPECT_TRUE(IsWindowVisible(window));
     log.Clear();
-    SetWindowPos(window.Handle(), nullptr, 0, 0, 0, 0, kKeep | SWP_HIDEWINDOW);
-    EXPECT_THAT(log.Lines(kLife), ElementsAre("w WM_WINDOWPOSCHANGING", "w WM_WINDOWPOSCHANGED"));
-    EXPECT_FALSE(IsWindowVisible(window.Handle()));
+    SetWindowPos(window, nullptr, 0, 0, 0, 0, kKeep | SWP_HIDEWINDOW);
+    EXPECT_TRUE(log.Tells("w WINDOWPOSCHANGING WINDOWPOSCHANGED", kLife));
+    EXPECT_FALSE(IsWindowVisible(window));
 }
 
 TEST_F(Creation, HidingTheActiveWindowActivatesThePreviousOne)
 {
     const PlatformWindow first(Popup("first"));
-    const PlatformWindow second(Popup("second", {400, 100, 500, 200}));
+    const PlatformWindow second(Popup("second", kBeside));
     Settle();
-    ShowWindow(second.Handle(), SW_HIDE);
-    EXPECT_THAT(log.Lines({WM_SHOWWINDOW, WM_WINDOWPOSCHANGING, WM_WINDOWPOSCHANGED, WM_ACTIVATE, WM_KILLFOCUS, WM_SETFOCUS}),
-                ElementsAre("second WM_SHOWWINDOW", "second WM_WINDOWPOSCHANGING", "second WM_WINDOWPOSCHANGED",
-                            "second WM_ACTIVATE", "first WM_ACTIVATE", "second WM_KILLFOCUS", "first WM_SETFOCUS"));
-    EXPECT_EQ(GetActiveWindow(), first.Handle());
+    ShowWindow(second, SW_HIDE);
+    EXPECT_TRUE(
+        log.Tells("second SHOWWINDOW WINDOWPOSCHANGING WINDOWPOSCHANGED ACTIVATE, first ACTIVATE, "
+                  "second KILLFOCUS, first SETFOCUS"));
+    EXPECT_EQ(GetActiveWindow(), first);
 }
 
 TEST_F(Creation, HidingAnOwnerLeavesItsPopupsShown)
 {
     const PlatformWindow owner(Popup("owner"));
-    PlatformWindowOptions options = Popup("owned", {400, 100, 500, 200});
-    options.parent = owner.Handle();
-    const PlatformWindow owned(options);
-    ShowWindow(owner.Handle(), SW_HIDE);
-    EXPECT_TRUE(IsWindowVisible(owned.Handle()));
+    const PlatformWindow owned(Popup("owned", kBeside).Below(owner));
+    ShowWindow(owner, SW_HIDE);
+    EXPECT_TRUE(IsWindowVisible(owned));
 }
 
 TEST_F(Creation, DestroyingAChildTellsItsParentAndMovesTheFocus)
 {
     const PlatformWindow parent(Popup("parent"));
     PlatformWindow child(Child("child", parent, {10, 10, 50, 50}));
-    SetWindowLongPtrA(child.Handle(), GWLP_ID, 77);
-    SetFocus(child.Handle());
+    SetWindowLongPtrA(child, GWLP_ID, 77);
+    SetFocus(child);
     Settle();
-    const HWND handle = child.Handle();
+    const HWND handle = child;
     child.Destroy();
-    EXPECT_THAT(log.Lines({WM_PARENTNOTIFY, WM_SHOWWINDOW, WM_WINDOWPOSCHANGING, WM_WINDOWPOSCHANGED, WM_KILLFOCUS,
-                           WM_SETFOCUS, WM_DESTROY, WM_NCDESTROY}),
-                ElementsAre("parent WM_PARENTNOTIFY", "child WM_SHOWWINDOW", "child WM_WINDOWPOSCHANGING",
-                            "child WM_WINDOWPOSCHANGED", "child WM_KILLFOCUS", "parent WM_SETFOCUS", "child WM_DESTROY",
-                            "child WM_NCDESTROY"));
-    const LoggedMessage notice = log.Only({WM_PARENTNOTIFY}).front();
-    EXPECT_EQ(notice.wParam, MAKEWPARAM(WM_DESTROY, 77));
-    EXPECT_EQ(reinterpret_cast<HWND>(notice.lParam), handle);
+    EXPECT_TRUE(
+        log.Tells("parent PARENTNOTIFY, child SHOWWINDOW WINDOWPOSCHANGING WINDOWPOSCHANGED KILLFOCUS, "
+                  "parent SETFOCUS, child DESTROY NCDESTROY"));
+    EXPECT_EQ(log.Last(WM_PARENTNOTIFY).wParam, MAKEWPARAM(WM_DESTROY, 77));
+    EXPECT_EQ(reinterpret_cast<HWND>(log.Last(WM_PARENTNOTIFY).lParam), handle);
     EXPECT_FALSE(IsWindow(handle));
 }
 
 TEST_F(Creation, DestroyingATopLevelWindowTakesWhatBelongsToIt)
 {
-    const PlatformWindow before(Popup("before", {400, 100, 500, 200}));
+    const PlatformWindow before(Popup("before", kBeside));
     PlatformWindow window(Popup("top"));
     const PlatformWindow first(Child("first", window, {0, 0, 20, 20}));
     const PlatformWindow grandchild(Child("grandchild", first, {0, 0, 10, 10}));
     const PlatformWindow second(Child("second", window, {30, 0, 50, 20}));
-    PlatformWindowOptions options = Hidden(Popup("owned", {400, 300, 500, 400}));
-    options.parent = window.Handle();
-    const PlatformWindow owned(options);
-    ShowWindow(owned.Handle(), SW_SHOWNOACTIVATE);
+    const PlatformWindow owned(Popup("owned", {400, 300, 500, 400}).Hidden().Below(window));
+    ShowWindow(owned, SW_SHOWNOACTIVATE);
     Settle();
     window.Destroy();
-    EXPECT_THAT(log.Lines({WM_SHOWWINDOW, WM_ACTIVATE, WM_DESTROY, WM_NCDESTROY}),
-                ElementsAre("owned WM_DESTROY", "owned WM_NCDESTROY", "top WM_ACTIVATE", "before WM_ACTIVATE", "top WM_DESTROY",
-                            "first WM_DESTROY", "grandchild WM_DESTROY", "second WM_DESTROY", "grandchild WM_NCDESTROY",
-                            "first WM_NCDESTROY", "second WM_NCDESTROY", "top WM_NCDESTROY"));
-    EXPECT_EQ(GetActiveWindow(), before.Handle());
-    EXPECT_EQ(GetFocus(), before.Handle());
+    EXPECT_TRUE(
+        log.Tells("owned DESTROY NCDESTROY, top ACTIVATE, before ACTIVATE, top DESTROY, first DESTROY, "
+                  "grandchild DESTROY, second DESTROY, grandchild NCDESTROY, first NCDESTROY, "
+                  "second NCDESTROY, top NCDESTROY",
+                  {WM_SHOWWINDOW}));
+    EXPECT_EQ(GetActiveWindow(), before);
+    EXPECT_EQ(GetFocus(), before);
 }
 
 TEST_F(Creation, DestroyingAnActivePopupActivatesItsOwner)
 {
     const PlatformWindow other(Popup("other", {400, 300, 500, 400}));
     const PlatformWindow owner(Popup("owner"));
-    SetActiveWindow(other.Handle());
-    PlatformWindowOptions options = Popup("owned", {400, 100, 500, 200});
-    options.parent = owner.Handle();
-    PlatformWindow owned(options);
-    ASSERT_EQ(GetActiveWindow(), owned.Handle());
+    SetActiveWindow(other);
+    PlatformWindow owned(Popup("owned", kBeside).Below(owner));
+    ASSERT_EQ(GetActiveWindow(), owned);
     owned.Destroy();
-    EXPECT_EQ(GetActiveWindow(), owner.Handle());
+    EXPECT_EQ(GetActiveWindow(), owner);
 }
 
 TEST_F(Creation, AWindowMayDestroyItselfWhileItAnswers)
 {
-    PlatformWindow window(Popup("w"));
-    window.SetHandler([&](const LoggedMessage& message) -> std::optional<LRESULT> {
+    const PlatformWindow window(Popup().Answering([](const LoggedMessage& message) -> std::optional<LRESULT> {
         if (message.message != WM_APP)
             return std::nullopt;
         DestroyWindow(message.handle);
-        EXPECT_FALSE(IsWindow(message.handle));
-        return 42;
-    });
-    const HWND handle = window.Handle();
-    EXPECT_EQ(SendMessageA(handle, WM_APP, 0, 0), 42);
-    EXPECT_FALSE(IsWindow(handle));
+        return IsWindow(message.handle) ? 0 : 42;
+    }));
+    EXPECT_EQ(SendMessageA(window, WM_APP, 0, 0), 42);
+    EXPECT_EQ(window.Handle(), nullptr);
 }

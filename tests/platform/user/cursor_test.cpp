@@ -7,23 +7,26 @@ using namespace qvui::test;
 
 namespace {
 
-class Cursors : public WindowTest {};
+class Cursors : public WindowTest {
+protected:
+    const HCURSOR hand = LoadCursorA(nullptr, IDC_HAND);
+    const HCURSOR beam = LoadCursorA(nullptr, IDC_IBEAM);
+};
 
 }  // namespace
 
-TEST_F(Cursors, SystemCursorsAreShared)
+TEST_F(Cursors, OfTheSystemAreSharedAndBrokenOnesAreNone)
 {
-    const HCURSOR hand = LoadCursorA(nullptr, IDC_HAND);
     ASSERT_NE(hand, nullptr);
     EXPECT_EQ(LoadCursorA(nullptr, IDC_HAND), hand);
-    EXPECT_NE(LoadCursorA(nullptr, IDC_IBEAM), hand);
+    EXPECT_NE(beam, hand);
     EXPECT_EQ(LoadCursorA(nullptr, MAKEINTRESOURCEA(77)), nullptr);
+    EXPECT_EQ(LoadImageA(nullptr, "no such file.cur", IMAGE_CURSOR, 0, 0, LR_LOADFROMFILE), nullptr);
+    EXPECT_FALSE(DestroyCursor(nullptr));
 }
 
 TEST_F(Cursors, SetCursorAnswersThePreviousOne)
 {
-    const HCURSOR hand = LoadCursorA(nullptr, IDC_HAND);
-    const HCURSOR beam = LoadCursorA(nullptr, IDC_IBEAM);
     SetCursor(hand);
     EXPECT_EQ(SetCursor(beam), hand);
     EXPECT_EQ(GetCursor(), beam);
@@ -34,18 +37,13 @@ TEST_F(Cursors, SetCursorAnswersThePreviousOne)
 
 TEST_F(Cursors, TheClassCursorShowsOverTheWindowUnlessItsParentDecides)
 {
-    const HCURSOR hand = LoadCursorA(nullptr, IDC_HAND);
-    const HCURSOR beam = LoadCursorA(nullptr, IDC_IBEAM);
-    PlatformWindowOptions options = Popup("w");
-    options.cursor = hand;
-    PlatformWindow window(options);
-    PlatformWindowOptions inner = Child("child", window, {10, 10, 60, 60});
-    inner.cursor = beam;
-    const PlatformWindow child(inner);
+    PlatformWindow window(Popup().With(&PlatformWindowOptions::cursor, hand));
+    const PlatformWindow child(
+        Child("child", window, {10, 10, 60, 60}).With(&PlatformWindowOptions::cursor, beam));
     SyntheticInput input;
-    input.MoveTo(SyntheticInput::At(window.Handle(), 150, 80));
+    input.MoveTo(SyntheticInput::At(window, 150, 80));
     EXPECT_EQ(GetCursor(), hand);
-    input.MoveTo(SyntheticInput::At(child.Handle(), 5, 5));
+    input.MoveTo(SyntheticInput::At(child, 5, 5));
     EXPECT_EQ(GetCursor(), beam);
     window.SetHandler([&](const LoggedMessage& message) -> std::optional<LRESULT> {
         if (message.message != WM_SETCURSOR)
@@ -53,12 +51,6 @@ TEST_F(Cursors, TheClassCursorShowsOverTheWindowUnlessItsParentDecides)
         SetCursor(hand);
         return TRUE;
     });
-    input.MoveTo(SyntheticInput::At(child.Handle(), 6, 6));
+    input.MoveTo(SyntheticInput::At(child, 6, 6));
     EXPECT_EQ(GetCursor(), hand);
-}
-
-TEST_F(Cursors, BrokenFilesLoadAsNothing)
-{
-    EXPECT_EQ(LoadImageA(nullptr, "no such file.cur", IMAGE_CURSOR, 0, 0, LR_LOADFROMFILE), nullptr);
-    EXPECT_FALSE(DestroyCursor(nullptr));
 }

@@ -1,11 +1,11 @@
 // What the windows look like on the display, and what the display reports about them.
 
+#include "platform/user/layer_pixels.h"
 #include "platform/user/window_test.h"
 #include "support/manual_clock.h"
 
 using namespace qvui;
 using namespace qvui::test;
-using testing::ElementsAre;
 
 namespace {
 
@@ -17,38 +17,13 @@ protected:
         DeleteObject(blue);
     }
 
-    PlatformWindowOptions Filled(PlatformWindowOptions options, HBRUSH brush)
+    const native::HeadlessDisplay::Shown& Shown(const PlatformWindow& window) const
     {
-        options.background = brush;
-        return options;
-    }
-    const native::HeadlessDisplay::Shown& Shown(const PlatformWindow& window) const { return *display.Find(window.Handle()); }
-
-    /// Gives a layered window of 4 × 4 pixels their premultiplied values.
-    static void SetLayer(HWND window, const std::vector<std::uint32_t>& pixels, BYTE opacity, DWORD flags = ULW_ALPHA,
-                         COLORREF key = 0)
-    {
-        BITMAPINFO info{};
-        info.bmiHeader.biSize = sizeof info.bmiHeader;
-        info.bmiHeader.biWidth = 4;
-        info.bmiHeader.biHeight = -4;
-        info.bmiHeader.biPlanes = 1;
-        info.bmiHeader.biBitCount = 32;
-        void* rows = nullptr;
-        const HBITMAP bitmap = CreateDIBSection(nullptr, &info, DIB_RGB_COLORS, &rows, nullptr, 0);
-        std::copy(pixels.begin(), pixels.end(), static_cast<std::uint32_t*>(rows));
-        const HDC memory = CreateCompatibleDC(nullptr);
-        const HGDIOBJ previous = SelectObject(memory, bitmap);
-        SIZE size{4, 4};
-        POINT origin{0, 0};
-        BLENDFUNCTION blend{AC_SRC_OVER, 0, opacity, AC_SRC_ALPHA};
-        EXPECT_TRUE(UpdateLayeredWindow(window, nullptr, nullptr, &size, memory, &origin, key, &blend, flags));
-        SelectObject(memory, previous);
-        DeleteDC(memory);
-        DeleteObject(bitmap);
+        return *display.Find(window);
     }
 
     native::HeadlessDisplay& display = *native::TheHeadlessDisplay();
+    native::InputSink& sink = native::TheInputSink();
     const HBRUSH red = CreateSolidBrush(RGB(255, 0, 0));
     const HBRUSH blue = CreateSolidBrush(RGB(0, 0, 255));
 };
@@ -57,33 +32,33 @@ protected:
 
 TEST_F(OnDisplay, PaintedPixelsArePresented)
 {
-    const PlatformWindow window(Filled(Popup("w", {100, 100, 140, 120}), red));
+    const PlatformWindow window(Popup("w", {100, 100, 140, 120}).Filled(red));
     EXPECT_EQ(display.PixelAt({100, 100}), 0xFF0000U);
     EXPECT_EQ(display.PixelAt({139, 119}), 0xFF0000U);
     EXPECT_EQ(display.PixelAt({140, 119}), 0U);
-    ShowWindow(window.Handle(), SW_HIDE);
+    ShowWindow(window, SW_HIDE);
     EXPECT_EQ(display.PixelAt({100, 100}), 0U);
 }
 
 TEST_F(OnDisplay, NothingIsPresentedWithoutDrawing)
 {
-    const PlatformWindow window(Filled(Popup("w", {100, 100, 140, 120}), red));
+    const PlatformWindow window(Popup("w", {100, 100, 140, 120}).Filled(red));
     Pump();
     const int before = Shown(window).presented;
     Pump();
-    SendMessageA(window.Handle(), WM_APP, 0, 0);
-    MoveWindow(window.Handle(), 110, 100, 40, 20, TRUE);
+    SendMessageA(window, WM_APP, 0, 0);
+    MoveWindow(window, 110, 100, 40, 20, TRUE);
     Pump();
     EXPECT_EQ(Shown(window).presented, before);
-    InvalidateRect(window.Handle(), nullptr, FALSE);
+    InvalidateRect(window, nullptr, FALSE);
     Pump();
     EXPECT_EQ(Shown(window).presented, before + 1);
 }
 
 TEST_F(OnDisplay, GrownWindowsKeepWhatTheyShow)
 {
-    const PlatformWindow window(Filled(Popup("w", {100, 100, 140, 120}), red));
-    MoveWindow(window.Handle(), 100, 100, 80, 20, TRUE);
+    const PlatformWindow window(Popup("w", {100, 100, 140, 120}).Filled(red));
+    MoveWindow(window, 100, 100, 80, 20, TRUE);
     EXPECT_EQ(display.PixelAt({105, 105}), 0xFF0000U) << "before the new strip is painted";
     Pump();
     EXPECT_EQ(display.PixelAt({179, 119}), 0xFF0000U);
@@ -91,97 +66,84 @@ TEST_F(OnDisplay, GrownWindowsKeepWhatTheyShow)
 
 TEST_F(OnDisplay, TitlePlaceAndKindAreKnown)
 {
-    PlatformWindowOptions options = Popup("title", {10, 20, 110, 70});
-    options.style = WS_POPUP | WS_THICKFRAME;
+    const PlatformWindowOptions options = Popup("title", {10, 20, 110, 70}).Styled(WS_POPUP | WS_THICKFRAME);
     const PlatformWindow window(options);
     const auto& shown = Shown(window);
     EXPECT_EQ(shown.Title(), "title");
-    SetWindowTextA(window.Handle(), "other");
+    SetWindowTextA(window, "other");
     EXPECT_EQ(shown.Title(), "other");
     EXPECT_EQ(shown.screen.right, 110);
     EXPECT_TRUE(shown.options.isSizable);
     EXPECT_FALSE(shown.options.isDecorated);
     EXPECT_FALSE(shown.options.isPopup);
-    EXPECT_EQ(display.Active(), window.Handle());
-    options.exStyle = WS_EX_NOACTIVATE;
-    options.parent = window.Handle();
-    const PlatformWindow tip(options);
+    EXPECT_EQ(display.Active(), window);
+    const PlatformWindow tip(options.ExStyled(WS_EX_NOACTIVATE).Below(window));
     EXPECT_TRUE(Shown(tip).options.isPassive);
-    EXPECT_EQ(Shown(tip).options.owner, window.Handle());
-    EXPECT_EQ(display.Active(), window.Handle());
+    EXPECT_EQ(Shown(tip).options.owner, window);
+    EXPECT_EQ(display.Active(), window);
 }
 
 TEST_F(OnDisplay, StackingIsThatOfTheWindows)
 {
-    const PlatformWindow lower(Filled(Popup("lower", {100, 100, 140, 140}), red));
-    const PlatformWindow upper(Filled(Popup("upper", {120, 100, 160, 140}), blue));
+    const PlatformWindow lower(Popup("lower", {100, 100, 140, 140}).Filled(red));
+    const PlatformWindow upper(Popup("upper", {120, 100, 160, 140}).Filled(blue));
     EXPECT_EQ(display.PixelAt({130, 110}), 0x0000FFU);
-    SetActiveWindow(lower.Handle());
+    SetActiveWindow(lower);
     EXPECT_EQ(display.PixelAt({130, 110}), 0xFF0000U);
-    SetWindowPos(lower.Handle(), HWND_BOTTOM, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
+    SetWindowPos(lower, HWND_BOTTOM, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
     EXPECT_EQ(display.PixelAt({130, 110}), 0x0000FFU);
 }
 
 TEST_F(OnDisplay, OwnedPopupsStayAboveTheirActivatedOwner)
 {
-    const PlatformWindow owner(Filled(Popup("owner", {100, 100, 140, 140}), red));
-    PlatformWindowOptions options = Hidden(Filled(Popup("tip", {120, 100, 160, 140}), blue));
-    options.parent = owner.Handle();
-    options.exStyle = WS_EX_TOOLWINDOW | WS_EX_NOACTIVATE;
-    const PlatformWindow tip(options);
-    const PlatformWindow other(Filled(Popup("other", {100, 100, 160, 140}), red));
-    ShowWindow(tip.Handle(), SW_SHOWNOACTIVATE);
+    const PlatformWindow owner(Popup("owner", {100, 100, 140, 140}).Filled(red));
+    const PlatformWindow tip(Popup("tip", {120, 100, 160, 140})
+                                 .Hidden()
+                                 .Filled(blue)
+                                 .Below(owner)
+                                 .ExStyled(WS_EX_TOOLWINDOW | WS_EX_NOACTIVATE));
+    const PlatformWindow other(Popup("other", {100, 100, 160, 140}).Filled(red));
+    ShowWindow(tip, SW_SHOWNOACTIVATE);
     EXPECT_EQ(display.PixelAt({130, 110}), 0xFF0000U) << "below the window that is active";
-    SetActiveWindow(owner.Handle());
+    SetActiveWindow(owner);
     Pump();
     EXPECT_EQ(display.PixelAt({130, 110}), 0x0000FFU);
 }
 
 TEST_F(OnDisplay, ShapeCutsTheWindow)
 {
-    const PlatformWindow lower(Filled(Popup("lower", {100, 100, 140, 140}), red));
-    const PlatformWindow upper(Filled(Popup("upper", {100, 100, 140, 140}), blue));
-    SetWindowRgn(upper.Handle(), CreateRoundRectRgn(0, 0, 40, 40, 30, 30), TRUE);
+    const PlatformWindow lower(Popup("lower", {100, 100, 140, 140}).Filled(red));
+    const PlatformWindow upper(Popup("upper", {100, 100, 140, 140}).Filled(blue));
+    SetWindowRgn(upper, CreateRoundRectRgn(0, 0, 40, 40, 30, 30), TRUE);
     Pump();
     EXPECT_EQ(display.PixelAt({101, 101}), 0xFF0000U);
     EXPECT_EQ(display.PixelAt({120, 120}), 0x0000FFU);
-    SetWindowRgn(upper.Handle(), nullptr, TRUE);
+    SetWindowRgn(upper, nullptr, TRUE);
     EXPECT_EQ(display.PixelAt({101, 101}), 0x0000FFU);
 }
 
-TEST_F(OnDisplay, LayeredPixelsBlendByTheirAlpha)
+TEST_F(OnDisplay, LayersBlendByTheirAlphaOrAreOpaqueOrKeyed)
 {
-    const PlatformWindow below(Filled(Popup("below", {100, 100, 140, 140}), red));
-    PlatformWindowOptions options = Popup("layer", {100, 100, 104, 104});
-    options.exStyle = WS_EX_LAYERED;
-    const PlatformWindow layer(options);
-    std::vector<std::uint32_t> pixels(16, 0);
+    const PlatformWindow below(Popup("below", {100, 100, 140, 140}).Filled(red));
+    const PlatformWindow layer(Popup("layer", {100, 100, 104, 104}).ExStyled(WS_EX_LAYERED));
+    LayerPixels pixels({4, 4});
     pixels[0] = 0xFF0000FF;
     pixels[1] = 0x80000080;
-    SetLayer(layer.Handle(), pixels, 255);
+    EXPECT_TRUE(pixels.Show(layer, 255));
     EXPECT_EQ(display.PixelAt({100, 100}), 0x0000FFU);
     EXPECT_EQ(display.PixelAt({101, 100}), 0x7F0080U);
     EXPECT_EQ(display.PixelAt({102, 100}), 0xFF0000U);
-    EXPECT_EQ(WindowFromPoint({101, 100}), layer.Handle());
-    EXPECT_EQ(WindowFromPoint({102, 100}), below.Handle()) << "what is clear takes no mouse";
-    SetLayer(layer.Handle(), pixels, 128);
+    EXPECT_EQ(WindowFromPoint({101, 100}), layer);
+    EXPECT_EQ(WindowFromPoint({102, 100}), below) << "what is clear takes no mouse";
+    pixels.Show(layer, 128);
     EXPECT_EQ(display.PixelAt({100, 100}), 0x7F0080U);
     Pump();
     EXPECT_EQ(display.PixelAt({102, 100}), 0xFF0000U) << "nothing paints over a layer";
-}
-
-TEST_F(OnDisplay, LayersWithoutAlphaAreOpaqueOrKeyed)
-{
-    const PlatformWindow below(Filled(Popup("below", {100, 100, 140, 140}), red));
-    PlatformWindowOptions options = Popup("layer", {100, 100, 104, 104});
-    options.exStyle = WS_EX_LAYERED;
-    const PlatformWindow layer(options);
-    std::vector<std::uint32_t> pixels(16, 0x00FF00FF);
-    pixels[0] = 0x000000FF;
-    SetLayer(layer.Handle(), pixels, 255, ULW_COLORKEY, RGB(255, 0, 255));
+    pixels[1] = 0x00FF00FF;
+    pixels.Show(layer, 255, ULW_COLORKEY, RGB(255, 0, 255));
     EXPECT_EQ(display.PixelAt({100, 100}), 0x0000FFU);
     EXPECT_EQ(display.PixelAt({101, 100}), 0xFF0000U);
-    SetLayer(layer.Handle(), pixels, 255, ULW_OPAQUE);
+    pixels.Show(layer, 255, ULW_OPAQUE);
     EXPECT_EQ(display.PixelAt({101, 100}), 0xFF00FFU);
 }
 
@@ -197,8 +159,8 @@ TEST_F(OnDisplay, CursorFollowsSetCursor)
 
 TEST_F(OnDisplay, CaptureIsAskedOfTheDisplay)
 {
-    PlatformWindow window(Popup("w"));
-    SetCapture(window.Handle());
+    PlatformWindow window(Popup());
+    SetCapture(window);
     EXPECT_TRUE(display.IsCaptured());
     window.Destroy();
     EXPECT_FALSE(display.IsCaptured());
@@ -206,46 +168,40 @@ TEST_F(OnDisplay, CaptureIsAskedOfTheDisplay)
 
 TEST_F(OnDisplay, PlacesThatTheDisplayDecidesAreTaken)
 {
-    const PlatformWindow window(Popup("w"));
+    const PlatformWindow window(Popup());
     Settle();
-    native::TheInputSink().OnMoved(window.Handle(), {120, 130, 420, 330});
-    EXPECT_THAT(log.Lines({WM_MOVE, WM_SIZE}), ElementsAre("w WM_MOVE", "w WM_SIZE"));
-    RECT rect{};
-    GetWindowRect(window.Handle(), &rect);
-    EXPECT_EQ(rect.left, 120);
-    EXPECT_EQ(rect.bottom, 330);
+    sink.OnMoved(window, {120, 130, 420, 330});
+    EXPECT_TRUE(log.Tells("w MOVE SIZE"));
+    EXPECT_EQ(PlaceOf(window), "120,130,420,330");
 }
 
 TEST_F(OnDisplay, CloseRequestIsASystemCommand)
 {
-    PlatformWindow window(Popup("w"));
-    window.SetHandler([](const LoggedMessage& message) -> std::optional<LRESULT> {
-        return message.message == WM_CLOSE ? std::optional<LRESULT>(0) : std::nullopt;
-    });
+    const PlatformWindow window(Popup().Answering(Answer(WM_CLOSE, 0)));
     Settle();
-    native::TheInputSink().OnClose(window.Handle());
+    sink.OnClose(window);
     Pump();
-    EXPECT_THAT(log.Lines({WM_SYSCOMMAND, WM_CLOSE}), ElementsAre("w WM_SYSCOMMAND", "w WM_CLOSE"));
-    EnableWindow(window.Handle(), FALSE);
+    EXPECT_TRUE(log.Tells("w SYSCOMMAND CLOSE"));
+    EnableWindow(window, FALSE);
     log.Clear();
-    native::TheInputSink().OnClose(window.Handle());
+    sink.OnClose(window);
     Pump();
     EXPECT_EQ(log.Count(WM_SYSCOMMAND), 0) << "a disabled window waits for another one";
 }
 
 TEST_F(OnDisplay, MinimisedWindowsComeBackThroughTheDisplay)
 {
-    const PlatformWindow window(Filled(Popup("w", {100, 100, 140, 120}), red));
-    ShowWindow(window.Handle(), SW_MINIMIZE);
+    const PlatformWindow window(Popup("w", {100, 100, 140, 120}).Filled(red));
+    ShowWindow(window, SW_MINIMIZE);
     EXPECT_TRUE(Shown(window).isMinimised);
     EXPECT_EQ(display.PixelAt({110, 110}), 0U);
-    native::TheInputSink().OnMinimised(window.Handle(), false);
+    sink.OnMinimised(window, false);
     Pump();
-    EXPECT_FALSE(IsIconic(window.Handle()));
+    EXPECT_FALSE(IsIconic(window));
     EXPECT_FALSE(Shown(window).isMinimised);
     EXPECT_EQ(display.PixelAt({110, 110}), 0xFF0000U);
-    native::TheInputSink().OnMinimised(window.Handle(), true);
-    EXPECT_TRUE(IsIconic(window.Handle()));
+    sink.OnMinimised(window, true);
+    EXPECT_TRUE(IsIconic(window));
 }
 
 TEST_F(OnDisplay, AnswersForAClipboardAndScreens)

@@ -1,205 +1,164 @@
 // Which window is active, which has the focus, and who is told.
 
-#include <map>
-
 #include "platform/user/window_test.h"
 
 using namespace qvui::test;
 using testing::ElementsAre;
-using testing::IsEmpty;
 
 namespace {
 
+/// Two popups a and b, of which b is active, and a child of a.
 class Focus : public WindowTest {
 protected:
-    PlatformWindow a{Popup("A")};
-    PlatformWindow b{Popup("B", {400, 100, 500, 200})};
+    PlatformWindow a{Popup("a")};
+    PlatformWindow b{Popup("b", kBeside)};
+    PlatformWindow child{Child("child", a, {10, 10, 60, 60})};
 
-    std::string NameOf(const void* handle) const
+    std::string NameOf(HWND handle) const
     {
-        const auto found = names.find(reinterpret_cast<HWND>(const_cast<void*>(handle)));
-        return found == names.end() ? (handle ? "?" : "0") : found->second;
+        for (const PlatformWindow* const window : {&a, &b, &child})
+            if (*window == handle)
+                return handle == a ? "a" : handle == b ? "b" : "child";
+        return handle ? "?" : "-";
     }
-    /// "A ACTIVATE(0,B)", "B SETFOCUS(A)"; the other window by its name, "0" for none.
-    std::vector<std::string> Lines()
+    /// What was told since the last call, "a NCACTIVATE 0, b ACTIVATE 1 a, b SETFOCUS a": with a window's
+    /// name that the message gives, "-" for none.
+    std::string Told()
     {
-        for (const LoggedMessage& message : log.All())
-            names[message.handle] = message.window;
-        std::vector<std::string> lines;
+        std::string text;
         for (const LoggedMessage& message :
              log.Only({WM_NCACTIVATE, WM_ACTIVATE, WM_SETFOCUS, WM_KILLFOCUS, WM_CANCELMODE, WM_ENABLE})) {
-            std::string line = message.window + " " + MessageName(message.message).substr(3);
-            const std::string number = std::to_string(LOWORD(message.wParam));
-            if (message.message == WM_ACTIVATE)
-                line += "(" + number + "," + NameOf(reinterpret_cast<const void*>(message.lParam)) + ")";
-            else if (message.message == WM_NCACTIVATE || message.message == WM_ENABLE)
-                line += "(" + number + ")";
-            else if (message.message != WM_CANCELMODE)
-                line += "(" + NameOf(reinterpret_cast<const void*>(message.wParam)) + ")";
-            lines.push_back(line);
+            const UINT number = message.message;
+            text += (text.empty() ? "" : ", ") + message.window + " " + MessageName(number);
+            if (number == WM_NCACTIVATE || number == WM_ENABLE || number == WM_ACTIVATE)
+                text.append(" ").append(std::to_string(LOWORD(message.wParam)));
+            if (number == WM_ACTIVATE)
+                text.append(" ").append(NameOf(reinterpret_cast<HWND>(message.lParam)));
+            if (number == WM_SETFOCUS || number == WM_KILLFOCUS)
+                text.append(" ").append(NameOf(reinterpret_cast<HWND>(message.wParam)));
         }
-        return lines;
+        log.Clear();
+        return text;
     }
-
-    std::map<HWND, std::string> names{{a.Handle(), "A"}, {b.Handle(), "B"}};
+    /// Makes a window active, a child with the focus, and forgets what that told.
+    void Begin(HWND window)
+    {
+        SetFocus(window);
+        Settle();
+    }
 };
 
 }  // namespace
 
 TEST_F(Focus, ActivationTellsBothWindowsThenMovesTheFocus)
 {
-    SetActiveWindow(a.Handle());
-    Settle();
-    EXPECT_EQ(SetActiveWindow(b.Handle()), a.Handle());
-    EXPECT_THAT(Lines(), ElementsAre("A NCACTIVATE(0)", "A ACTIVATE(0,B)", "B NCACTIVATE(1)", "B ACTIVATE(1,A)",
-                                     "A KILLFOCUS(B)", "B SETFOCUS(A)"));
-    log.Clear();
-    EXPECT_EQ(SetActiveWindow(b.Handle()), b.Handle());
-    EXPECT_THAT(Lines(), IsEmpty());
+    Begin(a);
+    EXPECT_EQ(SetActiveWindow(b), a);
+    EXPECT_EQ(Told(),
+              "a NCACTIVATE 0, a ACTIVATE 0 b, b NCACTIVATE 1, b ACTIVATE 1 a, a KILLFOCUS b, b SETFOCUS a");
+    EXPECT_EQ(SetActiveWindow(b), b);
+    EXPECT_EQ(Told(), "");
 }
 
 TEST_F(Focus, ActiveWindowChangesBetweenTheTwoActivateMessages)
 {
+    Begin(a);
     std::vector<HWND> seen;
-    const MessageHandler watch = [&](const LoggedMessage& message) -> std::optional<LRESULT> {
-        if (message.message == WM_ACTIVATE)
-            seen.push_back(GetActiveWindow());
-        return std::nullopt;
-    };
-    SetActiveWindow(a.Handle());
+    const MessageHandler watch = On(WM_ACTIVATE, [&](auto&) { seen.push_back(GetActiveWindow()); });
     const ScopedHandler watchA(a, watch);
     const ScopedHandler watchB(b, watch);
-    SetActiveWindow(b.Handle());
+    SetActiveWindow(b);
     EXPECT_THAT(seen, ElementsAre(a.Handle(), b.Handle()));
 }
 
-TEST_F(Focus, ActivatingAgainDoesNotRestoreTheChildThatHadTheFocus)
+TEST_F(Focus, ActivationIsThatOfTheTopLevelWindowAndDoesNotRestoreItsChildsFocus)
 {
-    const PlatformWindow child(Child("child", a, {10, 10, 40, 40}));
-    SetFocus(child.Handle());
-    SetActiveWindow(b.Handle());
-    SetActiveWindow(a.Handle());
-    EXPECT_EQ(GetFocus(), a.Handle());
+    Begin(child);
+    SetActiveWindow(b);
+    SetForegroundWindow(a);
+    EXPECT_EQ(GetActiveWindow(), a);
+    EXPECT_EQ(GetForegroundWindow(), a);
+    EXPECT_EQ(GetFocus(), a);
 }
 
 TEST_F(Focus, MovesWithOldBeforeNew)
 {
-    PlatformWindow child(Child("child", a, {10, 10, 40, 40}));
-    SetFocus(a.Handle());
-    Settle();
+    Begin(a);
     std::vector<HWND> seen;
-    const MessageHandler watch = [&](const LoggedMessage& message) -> std::optional<LRESULT> {
-        if (message.message == WM_KILLFOCUS || message.message == WM_SETFOCUS)
-            seen.push_back(GetFocus());
-        return std::nullopt;
-    };
-    const ScopedHandler watchA(a, watch);
-    const ScopedHandler watchChild(child, watch);
-    EXPECT_EQ(SetFocus(child.Handle()), a.Handle());
-    EXPECT_THAT(Lines(), ElementsAre("A KILLFOCUS(child)", "child SETFOCUS(A)"));
+    const auto see = [&](const LoggedMessage&) { seen.push_back(GetFocus()); };
+    {
+        const ScopedHandler watchA(a, On(WM_KILLFOCUS, see));
+        const ScopedHandler watchChild(child, On(WM_SETFOCUS, see));
+        EXPECT_EQ(SetFocus(child), a);
+    }
+    EXPECT_EQ(Told(), "a KILLFOCUS child, child SETFOCUS a");
     EXPECT_THAT(seen, ElementsAre(child.Handle(), child.Handle()));
-    log.Clear();
-    EXPECT_EQ(SetFocus(child.Handle()), child.Handle());
-    EXPECT_THAT(Lines(), IsEmpty());
-    EXPECT_EQ(SetFocus(nullptr), child.Handle());
-    EXPECT_THAT(Lines(), ElementsAre("child KILLFOCUS(0)"));
+    EXPECT_EQ(SetFocus(child), child);
+    EXPECT_EQ(Told(), "");
+    EXPECT_EQ(SetFocus(nullptr), child);
+    EXPECT_EQ(Told(), "child KILLFOCUS -");
     EXPECT_EQ(GetFocus(), nullptr);
-    EXPECT_EQ(GetActiveWindow(), a.Handle());
+    EXPECT_EQ(GetActiveWindow(), a);
 }
 
 TEST_F(Focus, OfAnotherTopLevelWindowActivatesIt)
 {
-    const PlatformWindow child(Child("child", a, {10, 10, 40, 40}));
-    SetActiveWindow(b.Handle());
-    Settle();
-    names[child.Handle()] = "child";
-    SetFocus(child.Handle());
-    EXPECT_THAT(Lines(), ElementsAre("B NCACTIVATE(0)", "B ACTIVATE(0,A)", "A NCACTIVATE(1)", "A ACTIVATE(1,B)",
-                                     "B KILLFOCUS(A)", "A SETFOCUS(B)", "A KILLFOCUS(child)", "child SETFOCUS(A)"));
+    Begin(b);
+    SetFocus(child);
+    EXPECT_EQ(Told(),
+              "b NCACTIVATE 0, b ACTIVATE 0 a, a NCACTIVATE 1, a ACTIVATE 1 b, b KILLFOCUS a, a SETFOCUS b, "
+              "a KILLFOCUS child, child SETFOCUS a");
 }
 
 TEST_F(Focus, IsRefusedToDisabledWindowsAndTheirChildren)
 {
-    const PlatformWindow child(Child("child", a, {10, 10, 60, 60}));
     const PlatformWindow inner(Child("inner", child, {0, 0, 20, 20}));
-    SetFocus(a.Handle());
-    EnableWindow(child.Handle(), FALSE);
+    Begin(a);
+    EnableWindow(child, FALSE);
     Settle();
-    EXPECT_EQ(SetFocus(child.Handle()), nullptr);
-    EXPECT_EQ(SetFocus(inner.Handle()), nullptr);
-    EXPECT_EQ(GetFocus(), a.Handle());
-    EXPECT_THAT(Lines(), IsEmpty());
+    EXPECT_EQ(SetFocus(child), nullptr);
+    EXPECT_EQ(SetFocus(inner), nullptr);
+    EXPECT_EQ(GetFocus(), a);
+    EXPECT_EQ(Told(), "");
 }
 
 TEST_F(Focus, GoesToTheParentOfAHiddenChild)
 {
-    const PlatformWindow child(Child("child", a, {10, 10, 60, 60}));
-    SetFocus(child.Handle());
-    Settle();
-    ShowWindow(child.Handle(), SW_HIDE);
-    EXPECT_THAT(Lines(), ElementsAre("child KILLFOCUS(A)", "A SETFOCUS(child)"));
-    EXPECT_EQ(GetFocus(), a.Handle());
+    Begin(child);
+    ShowWindow(child, SW_HIDE);
+    EXPECT_EQ(Told(), "child KILLFOCUS a, a SETFOCUS child");
+    EXPECT_EQ(GetFocus(), a);
 }
 
 TEST_F(Focus, IsLostByDisabling)
 {
-    PlatformWindow child(Child("child", a, {10, 10, 60, 60}));
-    SetFocus(child.Handle());
-    Settle();
-    EXPECT_FALSE(EnableWindow(child.Handle(), FALSE));
-    EXPECT_THAT(Lines(), ElementsAre("child CANCELMODE", "child KILLFOCUS(0)", "child ENABLE(0)"));
+    Begin(child);
+    EXPECT_FALSE(EnableWindow(child, FALSE));
+    EXPECT_EQ(Told(), "child CANCELMODE, child KILLFOCUS -, child ENABLE 0");
     EXPECT_EQ(GetFocus(), nullptr);
-    EXPECT_FALSE(IsWindowEnabled(child.Handle()));
+    EXPECT_FALSE(IsWindowEnabled(child));
+    EXPECT_TRUE(EnableWindow(child, FALSE));
+    EXPECT_TRUE(log.Tells("", {WM_KILLFOCUS, WM_ENABLE}));
     log.Clear();
-    EXPECT_TRUE(EnableWindow(child.Handle(), FALSE));
-    EXPECT_THAT(log.Lines({WM_KILLFOCUS, WM_ENABLE}), IsEmpty());
-    log.Clear();
-    EXPECT_TRUE(EnableWindow(child.Handle(), TRUE));
-    EXPECT_THAT(Lines(), ElementsAre("child ENABLE(1)"));
+    EXPECT_TRUE(EnableWindow(child, TRUE));
+    EXPECT_EQ(Told(), "child ENABLE 1");
 }
 
 TEST_F(Focus, AHandlerOfKillFocusHasTheLastWord)
 {
-    PlatformWindow first(Child("first", a, {0, 0, 10, 10}));
-    const PlatformWindow second(Child("second", a, {20, 0, 30, 10}));
-    const PlatformWindow third(Child("third", a, {40, 0, 50, 10}));
-    SetFocus(first.Handle());
-    first.SetHandler([&](const LoggedMessage& message) -> std::optional<LRESULT> {
-        if (message.message == WM_KILLFOCUS)
-            SetFocus(third.Handle());
-        return std::nullopt;
-    });
-    Settle();
-    names[first.Handle()] = "first";
-    names[second.Handle()] = "second";
-    names[third.Handle()] = "third";
-    SetFocus(second.Handle());
-    EXPECT_THAT(Lines(), ElementsAre("first KILLFOCUS(second)", "second KILLFOCUS(third)", "third SETFOCUS(second)"));
-    EXPECT_EQ(GetFocus(), third.Handle());
+    const PlatformWindow third(Child("third", a, {70, 0, 80, 10}));
+    Begin(a);
+    const ScopedHandler handler(a, On(WM_KILLFOCUS, [&](auto&) { SetFocus(third); }));
+    SetFocus(child);
+    EXPECT_EQ(Told(), "a KILLFOCUS child, child KILLFOCUS ?, third SETFOCUS child");
+    EXPECT_EQ(GetFocus(), third);
 }
 
 TEST_F(Focus, AHandlerMayDestroyTheWindowThatGetsIt)
 {
-    PlatformWindow first(Child("first", a, {0, 0, 10, 10}));
-    PlatformWindow second(Child("second", a, {20, 0, 30, 10}));
-    SetFocus(first.Handle());
-    first.SetHandler([&](const LoggedMessage& message) -> std::optional<LRESULT> {
-        if (message.message == WM_KILLFOCUS)
-            second.Destroy();
-        return std::nullopt;
-    });
-    Settle();
-    SetFocus(second.Handle());
+    Begin(a);
+    const ScopedHandler handler(a, On(WM_KILLFOCUS, [&](auto&) { child.Destroy(); }));
+    SetFocus(child);
     EXPECT_EQ(log.Count(WM_NCDESTROY), 1);
-    EXPECT_NE(GetFocus(), first.Handle());
-}
-
-TEST_F(Focus, ActivationOfAChildIsThatOfItsTopLevelWindow)
-{
-    const PlatformWindow child(Child("child", a, {10, 10, 60, 60}));
-    SetActiveWindow(b.Handle());
-    SetForegroundWindow(a.Handle());
-    EXPECT_EQ(GetActiveWindow(), a.Handle());
-    EXPECT_EQ(GetForegroundWindow(), a.Handle());
-    EXPECT_EQ(GetFocus(), a.Handle());
+    EXPECT_EQ(GetFocus(), a);
 }

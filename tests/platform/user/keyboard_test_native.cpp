@@ -6,7 +6,6 @@
 
 using namespace qvui;
 using namespace qvui::test;
-using testing::ElementsAre;
 
 namespace {
 
@@ -23,9 +22,10 @@ protected:
         return text;
     }
 
+    native::InputSink& sink = native::TheInputSink();
     native::HeadlessDisplay& display = *native::TheHeadlessDisplay();
     SyntheticInput input;
-    PlatformWindow window{Popup("w")};
+    PlatformWindow window{Popup()};
 };
 
 }  // namespace
@@ -45,28 +45,27 @@ TEST_F(NativeKeyboard, TextKeepsItsPlaceAmongKeys)
     display.Key(VK_LEFT, false);
     display.Type("y");
     Pump();
-    EXPECT_THAT(log.Lines({WM_CHAR, WM_KEYDOWN}), ElementsAre("w WM_CHAR", "w WM_KEYDOWN", "w WM_CHAR"));
+    EXPECT_TRUE(log.Tells("w CHAR KEYDOWN CHAR"));
 }
 
 TEST_F(NativeKeyboard, AKeyTypesWhatTheDisplaySays)
 {
     // A key in another script: the display knows its text, the layer its place on the keyboard.
-    native::TheInputSink().OnKey('A', true);
-    native::TheInputSink().OnText("\xD1\x84");
-    native::TheInputSink().OnKey('A', false);
+    sink.OnKey('A', true);
+    sink.OnText("\xD1\x84");
+    sink.OnKey('A', false);
     Pump();
     EXPECT_EQ(Typed(), "\xD1\x84");
-    EXPECT_THAT(log.Lines({WM_KEYDOWN, WM_CHAR, WM_KEYUP}),
-                ElementsAre("w WM_KEYDOWN", "w WM_CHAR", "w WM_CHAR", "w WM_KEYUP"));
+    EXPECT_TRUE(log.Tells("w KEYDOWN CHAR CHAR KEYUP"));
 }
 
 TEST_F(NativeKeyboard, ThirdLevelKeysTypeTheirCharacter)
 {
-    native::TheInputSink().OnKey(VK_RMENU, true);
-    native::TheInputSink().OnKey('Q', true);
-    native::TheInputSink().OnText("@");
-    native::TheInputSink().OnKey('Q', false);
-    native::TheInputSink().OnKey(VK_RMENU, false);
+    sink.OnKey(VK_RMENU, true);
+    sink.OnKey('Q', true);
+    sink.OnText("@");
+    sink.OnKey('Q', false);
+    sink.OnKey(VK_RMENU, false);
     Pump();
     EXPECT_EQ(Typed(), "@");
     EXPECT_EQ(log.Count(WM_SYSCHAR), 0);
@@ -90,17 +89,16 @@ TEST_F(NativeKeyboard, EitherShiftHoldsShift)
 TEST_F(NativeKeyboard, KeysAreUpAfterTheDisplayTookTheKeyboardAway)
 {
     input.KeyDown(VK_CONTROL);
-    SetCapture(window.Handle());
+    SetCapture(window);
     log.Clear();
-    native::TheInputSink().OnActivated(nullptr);
+    sink.OnActivated(nullptr);
     EXPECT_GE(GetKeyState(VK_CONTROL), 0);
     EXPECT_EQ(GetActiveWindow(), nullptr);
     EXPECT_EQ(GetFocus(), nullptr);
     EXPECT_EQ(GetCapture(), nullptr);
-    EXPECT_THAT(log.Lines({WM_CANCELMODE, WM_CAPTURECHANGED, WM_ACTIVATE, WM_KILLFOCUS}),
-                ElementsAre("w WM_CANCELMODE", "w WM_CAPTURECHANGED", "w WM_ACTIVATE", "w WM_KILLFOCUS"));
-    native::TheInputSink().OnActivated(window.Handle());
-    EXPECT_EQ(GetFocus(), window.Handle());
+    EXPECT_TRUE(log.Tells("w CANCELMODE CAPTURECHANGED ACTIVATE KILLFOCUS"));
+    sink.OnActivated(window);
+    EXPECT_EQ(GetFocus(), window);
 }
 
 TEST_F(NativeKeyboard, KeysOfNobodyAreForgotten)

@@ -1,5 +1,5 @@
-// Handlers that pull the windows from under the layer's feet. Which messages still come is nobody's promise; that
-// everything ends in order is.
+// Handlers that pull the windows from under the layer's feet. Which messages still come is nobody's promise;
+// that everything ends in order is.
 
 #include "platform/user/window_test.h"
 #include "support/input_source.h"
@@ -15,47 +15,48 @@ class Lifetime : public WindowTest {};
 
 TEST_F(Lifetime, AnyMessageMayDestroyItsWindow)
 {
-    constexpr UINT kMessages[] = {WM_GETMINMAXINFO, WM_NCCREATE, WM_NCCALCSIZE, WM_CREATE, WM_SIZE, WM_MOVE, WM_SHOWWINDOW,
-                                  WM_WINDOWPOSCHANGING, WM_NCACTIVATE, WM_ACTIVATE, WM_SETFOCUS, WM_KILLFOCUS, WM_NCPAINT,
-                                  WM_ERASEBKGND, WM_WINDOWPOSCHANGED, WM_PAINT, WM_NCHITTEST, WM_SETCURSOR, WM_MOUSEMOVE,
-                                  WM_MOUSEACTIVATE, WM_LBUTTONDOWN, WM_CAPTURECHANGED, WM_CANCELMODE, WM_ENABLE, WM_KEYDOWN,
-                                  WM_CHAR, WM_SYSKEYDOWN, WM_SYSCOMMAND, WM_CLOSE, WM_DESTROY, WM_NCDESTROY,
-                                  WM_ENTERSIZEMOVE, WM_MOVING, WM_EXITSIZEMOVE, WM_SETTEXT};
+    constexpr UINT kMessages[] = {
+        WM_GETMINMAXINFO, WM_NCCREATE,       WM_NCCALCSIZE,       WM_CREATE,
+        WM_SIZE,          WM_MOVE,           WM_SHOWWINDOW,       WM_WINDOWPOSCHANGING,
+        WM_NCACTIVATE,    WM_ACTIVATE,       WM_SETFOCUS,         WM_KILLFOCUS,
+        WM_NCPAINT,       WM_ERASEBKGND,     WM_WINDOWPOSCHANGED, WM_PAINT,
+        WM_NCHITTEST,     WM_SETCURSOR,      WM_MOUSEMOVE,        WM_MOUSEACTIVATE,
+        WM_LBUTTONDOWN,   WM_CAPTURECHANGED, WM_CANCELMODE,       WM_ENABLE,
+        WM_KEYDOWN,       WM_CHAR,           WM_SYSKEYDOWN,       WM_SYSCOMMAND,
+        WM_CLOSE,         WM_DESTROY,        WM_NCDESTROY,        WM_ENTERSIZEMOVE,
+        WM_MOVING,        WM_EXITSIZEMOVE,   WM_SETTEXT};
     for (const DWORD style : {DWORD{WS_OVERLAPPEDWINDOW}, WS_POPUP, WS_CHILD}) {
         for (const UINT deadly : kMessages) {
             SCOPED_TRACE(MessageName(deadly));
-            const PlatformWindow other(Popup("other", {400, 100, 500, 200}));
-            PlatformWindowOptions options = Popup("w", {10, 10, 210, 110});
-            options.style = style;
-            options.parent = style & WS_CHILD ? other.Handle() : nullptr;
-            options.handler = [&](const LoggedMessage& message) -> std::optional<LRESULT> {
+            const PlatformWindow other(Popup("other", kBeside));
+            const auto answer = [&](const LoggedMessage& message) -> std::optional<LRESULT> {
                 if (message.message == deadly)
                     DestroyWindow(message.handle);
                 return message.message == WM_NCHITTEST ? std::optional<LRESULT>(HTCAPTION) : std::nullopt;
             };
             SyntheticInput input;
-            PlatformWindow window(options);
+            const HWND parent = style & WS_CHILD ? other.Handle() : nullptr;
+            PlatformWindow window(
+                Popup("w", {10, 10, 210, 110}).Styled(style).Below(parent).Answering(answer));
             Pump();
-            MoveWindow(window.Handle(), 20, 20, 150, 150, TRUE);
-            SetFocus(window.Handle());
-            SetCapture(window.Handle());
+            MoveWindow(window, 20, 20, 150, 150, TRUE);
+            SetFocus(window);
+            SetCapture(window);
             input.PressKey('A').KeyDown(VK_MENU).PressKey('X').KeyUp(VK_MENU);
             ReleaseCapture();
-            const POINT inside = SyntheticInput::At(window.Handle(), 30, 30);
+            const POINT inside = SyntheticInput::At(window, 30, 30);
             input.MoveTo(inside);
             InjectButton(VK_LBUTTON, true);
             InjectMove({inside.x + 5, inside.y + 5});
             InjectButton(VK_LBUTTON, false);
             Pump();
-            SetWindowTextA(window.Handle(), "text");
-            EnableWindow(window.Handle(), FALSE);
-            EnableWindow(window.Handle(), TRUE);
-            SetFocus(other.Handle());
-            ShowWindow(window.Handle(), SW_MAXIMIZE);
-            ShowWindow(window.Handle(), SW_MINIMIZE);
-            ShowWindow(window.Handle(), SW_RESTORE);
-            ShowWindow(window.Handle(), SW_HIDE);
-            SendMessageA(window.Handle(), WM_CLOSE, 0, 0);
+            SetWindowTextA(window, "text");
+            EnableWindow(window, FALSE);
+            EnableWindow(window, TRUE);
+            SetFocus(other);
+            for (const int command : {SW_MAXIMIZE, SW_MINIMIZE, SW_RESTORE, SW_HIDE})
+                ShowWindow(window, command);
+            SendMessageA(window, WM_CLOSE, 0, 0);
             Pump();
             EXPECT_EQ(window.Handle(), nullptr);
         }
@@ -66,12 +67,8 @@ TEST_F(Lifetime, AChildMayDestroyItsParentWhileItIsDestroyed)
 {
     PlatformWindow parent(Popup("parent"));
     PlatformWindow child(Child("child", parent, {0, 0, 20, 20}));
-    const HWND top = parent.Handle();
-    child.SetHandler([&](const LoggedMessage& message) -> std::optional<LRESULT> {
-        if (message.message == WM_DESTROY)
-            DestroyWindow(top);
-        return std::nullopt;
-    });
+    const HWND top = parent;
+    child.SetHandler(On(WM_DESTROY, [&](auto&) { DestroyWindow(top); }));
     child.Destroy();
     EXPECT_FALSE(IsWindow(top));
     EXPECT_EQ(child.Handle(), nullptr);
@@ -81,18 +78,17 @@ TEST_F(Lifetime, AChildMayDestroyItsParentWhileItIsDestroyed)
 TEST_F(Lifetime, ActivationHandlersThatActivateDoNotGoRoundForever)
 {
     PlatformWindow first(Popup("first"));
-    PlatformWindow second(Popup("second", {400, 100, 500, 200}));
+    const PlatformWindow second(Popup("second", kBeside));
     const PlatformWindow third(Popup("third", {400, 300, 500, 400}));
-    SetActiveWindow(first.Handle());
-    first.SetHandler([&](const LoggedMessage& message) -> std::optional<LRESULT> {
-        if (message.message == WM_ACTIVATE && LOWORD(message.wParam) == WA_INACTIVE)
-            SetActiveWindow(third.Handle());
-        return std::nullopt;
-    });
-    SetActiveWindow(second.Handle());
-    EXPECT_EQ(GetActiveWindow(), third.Handle());
-    EXPECT_EQ(GetFocus(), third.Handle());
-    EXPECT_EQ(log.Only({WM_ACTIVATE}).back().window, "third");
+    SetActiveWindow(first);
+    first.SetHandler(On(WM_ACTIVATE, [&](auto& message) {
+        if (LOWORD(message.wParam) == WA_INACTIVE)
+            SetActiveWindow(third);
+    }));
+    SetActiveWindow(second);
+    EXPECT_EQ(GetActiveWindow(), third);
+    EXPECT_EQ(GetFocus(), third);
+    EXPECT_EQ(log.Last(WM_ACTIVATE).window, "third");
 }
 
 TEST_F(Lifetime, ManyWindowsPaintAndTakeInputInOrder)
@@ -103,11 +99,11 @@ TEST_F(Lifetime, ManyWindowsPaintAndTakeInputInOrder)
         children.push_back(std::make_unique<PlatformWindow>(
             Child("child", parent, {i % 40 * 20, i / 40 * 20, i % 40 * 20 + 18, i / 40 * 20 + 18})));
     Settle();
-    RedrawWindow(parent.Handle(), nullptr, nullptr, RDW_INVALIDATE | RDW_ALLCHILDREN);
+    RedrawWindow(parent, nullptr, nullptr, RDW_INVALIDATE | RDW_ALLCHILDREN);
     Pump();
     EXPECT_EQ(log.Count(WM_PAINT), 1001);
     EXPECT_EQ(log.Only({WM_PAINT}).front().window, "parent");
     SyntheticInput input;
     input.MoveTo({39 * 20 + 5, 24 * 20 + 5});
-    EXPECT_EQ(log.Only({WM_MOUSEMOVE}).back().handle, children.back()->Handle());
+    EXPECT_EQ(log.Last(WM_MOUSEMOVE).handle, children.back()->Handle());
 }

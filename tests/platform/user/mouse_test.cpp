@@ -4,43 +4,38 @@
 #include "support/synthetic_input.h"
 
 using namespace qvui::test;
-using testing::ElementsAre;
-using testing::IsEmpty;
 
 namespace {
 
-const std::vector<UINT> kButtons{WM_PARENTNOTIFY, WM_MOUSEACTIVATE, WM_LBUTTONDOWN, WM_LBUTTONUP, WM_LBUTTONDBLCLK,
-                                 WM_RBUTTONDOWN, WM_RBUTTONUP, WM_CONTEXTMENU, WM_MBUTTONDOWN, WM_MBUTTONUP};
+const std::vector<UINT> kButtons{WM_PARENTNOTIFY,  WM_MOUSEACTIVATE, WM_LBUTTONDOWN, WM_LBUTTONUP,
+                                 WM_LBUTTONDBLCLK, WM_RBUTTONDOWN,   WM_RBUTTONUP,   WM_CONTEXTMENU,
+                                 WM_MBUTTONDOWN,   WM_MBUTTONUP};
 
 class Mouse : public WindowTest {
 protected:
-    Mouse()
-    {
-        PlatformWindowOptions options = Child("child", top, {10, 10, 60, 60});
-        child = std::make_unique<PlatformWindow>(options);
-        Settle();
-    }
-    POINT InTop() const { return SyntheticInput::At(top.Handle(), 150, 80); }
-    POINT InChild() const { return SyntheticInput::At(child->Handle(), 5, 6); }
-    POINT InOther() const { return SyntheticInput::At(other.Handle(), 20, 20); }
+    Mouse() { Settle(); }
 
-    /// The last message with this number; an empty one when there was none.
-    LoggedMessage Last(UINT number) const
+    POINT InTop() const { return SyntheticInput::At(top, 150, 80); }
+    POINT InChild() const { return SyntheticInput::At(child, 5, 6); }
+    POINT InOther() const { return SyntheticInput::At(other, 20, 20); }
+    /// Makes the first window active, puts the pointer there and forgets what that told.
+    void Begin(POINT pointer)
     {
-        const std::vector<LoggedMessage> messages = log.Only({number});
-        return messages.empty() ? LoggedMessage{} : messages.back();
+        SetActiveWindow(top);
+        input.MoveTo(pointer);
+        log.Clear();
     }
-    static MessageHandler Answer(UINT number, LRESULT answer)
+    /// "child 5,6": who got the last move, and where.
+    std::string LastMove() const
     {
-        return [=](const LoggedMessage& message) -> std::optional<LRESULT> {
-            return message.message == number ? std::optional(answer) : std::nullopt;
-        };
+        const LoggedMessage move = log.Last(WM_MOUSEMOVE);
+        return move.window + " " + Text(POINT{move.X(), move.Y()});
     }
 
     SyntheticInput input;
-    PlatformWindow other{Popup("other", {400, 100, 500, 200})};
+    PlatformWindow other{Popup("other", kBeside)};
     PlatformWindow top{Popup("top")};
-    std::unique_ptr<PlatformWindow> child;
+    PlatformWindow child{Child("child", top, {10, 10, 60, 60})};
 };
 
 }  // namespace
@@ -48,153 +43,109 @@ protected:
 TEST_F(Mouse, MessageFollowsHitTestAndCursor)
 {
     input.MoveTo(InChild());
-    EXPECT_THAT(log.Lines({WM_NCHITTEST, WM_SETCURSOR, WM_MOUSEMOVE}),
-                testing::IsSupersetOf({"child WM_NCHITTEST", "child WM_SETCURSOR", "top WM_SETCURSOR", "child WM_MOUSEMOVE"}));
-    ASSERT_FALSE(log.All().empty());
-    EXPECT_EQ(log.Lines({WM_NCHITTEST, WM_SETCURSOR, WM_MOUSEMOVE}).back(), "child WM_MOUSEMOVE");
-    const LoggedMessage move = Last(WM_MOUSEMOVE);
-    EXPECT_EQ(move.lParam, MAKELPARAM(5, 6));
-    EXPECT_EQ(move.wParam, 0U);
-    const LoggedMessage cursor = Last(WM_SETCURSOR);
-    EXPECT_EQ(reinterpret_cast<HWND>(cursor.wParam), child->Handle());
-    EXPECT_EQ(cursor.lParam, MAKELPARAM(HTCLIENT, WM_MOUSEMOVE));
-    const LoggedMessage hit = Last(WM_NCHITTEST);
-    EXPECT_EQ(GET_X_LPARAM(hit.lParam), InChild().x);
-    EXPECT_EQ(GET_Y_LPARAM(hit.lParam), InChild().y);
+    std::vector<std::string> told;
+    for (const LoggedMessage& message : log.Only({WM_NCHITTEST, WM_SETCURSOR, WM_MOUSEMOVE}))
+        told.push_back(message.window + " " + MessageName(message.message));
+    EXPECT_THAT(told, testing::IsSupersetOf(
+                          {"child NCHITTEST", "child SETCURSOR", "top SETCURSOR", "child MOUSEMOVE"}));
+    EXPECT_EQ(told.back(), "child MOUSEMOVE");
+    EXPECT_EQ(LastMove(), "child 5,6");
+    EXPECT_EQ(log.Last(WM_MOUSEMOVE).wParam, 0U);
+    EXPECT_EQ(reinterpret_cast<HWND>(log.Last(WM_SETCURSOR).wParam), child);
+    EXPECT_EQ(log.Last(WM_SETCURSOR).lParam, MAKELPARAM(HTCLIENT, WM_MOUSEMOVE));
+    EXPECT_EQ(log.Last(WM_NCHITTEST).lParam, MAKELPARAM(InChild().x, InChild().y));
 }
 
 TEST_F(Mouse, ButtonsCarryWhatIsHeld)
 {
-    input.MoveTo(InTop());
-    log.Clear();
+    Begin(InTop());
     input.KeyDown(VK_SHIFT).Press().KeyDown(VK_CONTROL).Press(VK_RBUTTON).Release();
-    const auto flags = [&](UINT number) { return Last(number).wParam; };
-    EXPECT_EQ(flags(WM_LBUTTONDOWN), static_cast<WPARAM>(MK_LBUTTON | MK_SHIFT));
-    EXPECT_EQ(flags(WM_RBUTTONDOWN), static_cast<WPARAM>(MK_LBUTTON | MK_RBUTTON | MK_SHIFT | MK_CONTROL));
-    EXPECT_EQ(flags(WM_LBUTTONUP), static_cast<WPARAM>(MK_RBUTTON | MK_SHIFT | MK_CONTROL));
+    const auto flags = [&](UINT number) { return static_cast<int>(log.Last(number).wParam); };
+    EXPECT_EQ(flags(WM_LBUTTONDOWN), MK_LBUTTON | MK_SHIFT);
+    EXPECT_EQ(flags(WM_RBUTTONDOWN), MK_LBUTTON | MK_RBUTTON | MK_SHIFT | MK_CONTROL);
+    EXPECT_EQ(flags(WM_LBUTTONUP), MK_RBUTTON | MK_SHIFT | MK_CONTROL);
 }
 
-TEST_F(Mouse, DisabledAndTransparentChildrenPassToTheParent)
+TEST_F(Mouse, DisabledAndTransparentChildrenPassToWhatIsBelow)
 {
-    EnableWindow(child->Handle(), FALSE);
-    Settle();
+    EnableWindow(child, FALSE);
     input.MoveTo(InChild());
-    EXPECT_EQ(Last(WM_MOUSEMOVE).window, "top");
-    EXPECT_EQ(Last(WM_MOUSEMOVE).lParam, MAKELPARAM(15, 16));
-    EnableWindow(child->Handle(), TRUE);
-    child->SetHandler(Answer(WM_NCHITTEST, HTTRANSPARENT));
-    Settle();
-    input.MoveTo(SyntheticInput::At(child->Handle(), 7, 8));
-    EXPECT_EQ(Last(WM_MOUSEMOVE).window, "top");
-    EXPECT_EQ(Last(WM_MOUSEMOVE).lParam, MAKELPARAM(17, 18));
-}
-
-TEST_F(Mouse, TransparentChildPassesToTheSiblingBelow)
-{
-    const PlatformWindow below(Child("below", top, {10, 10, 60, 60}));
-    child->SetHandler(Answer(WM_NCHITTEST, HTTRANSPARENT));
-    Settle();
-    input.MoveTo(InChild());
-    EXPECT_EQ(Last(WM_MOUSEMOVE).window, "below");
-}
-
-TEST_F(Mouse, ADisabledTopLevelWindowGetsNothing)
-{
-    EnableWindow(top.Handle(), FALSE);
+    EXPECT_EQ(LastMove(), "top 15,16");
+    EnableWindow(child, TRUE);
+    child.SetHandler(Answer(WM_NCHITTEST, HTTRANSPARENT));
+    input.MoveTo(SyntheticInput::At(child, 7, 8));
+    EXPECT_EQ(LastMove(), "top 17,18");
+    const PlatformWindow sibling(Child("sibling", top, {10, 10, 60, 60}));
+    input.MoveTo(SyntheticInput::At(child, 9, 9));
+    EXPECT_EQ(LastMove(), "sibling 9,9");
+    EnableWindow(top, FALSE);
     Settle();
     input.Click(InTop());
-    EXPECT_THAT(log.Lines({WM_MOUSEMOVE, WM_LBUTTONDOWN, WM_LBUTTONUP}), IsEmpty());
+    EXPECT_TRUE(log.Tells("", {WM_MOUSEMOVE, WM_LBUTTONDOWN, WM_LBUTTONUP}))
+        << "of a disabled top-level window";
 }
 
 TEST_F(Mouse, PressInTheActiveWindowAsksNobody)
 {
-    SetActiveWindow(top.Handle());
-    input.MoveTo(InTop());
-    log.Clear();
+    Begin(InTop());
     input.Press().Release();
-    EXPECT_THAT(log.Lines(kButtons), ElementsAre("top WM_LBUTTONDOWN", "top WM_LBUTTONUP"));
+    EXPECT_TRUE(log.Tells("top LBUTTONDOWN LBUTTONUP", kButtons));
 }
 
 TEST_F(Mouse, PressInAChildTellsAndAsksTheParent)
 {
-    SetActiveWindow(top.Handle());
-    input.MoveTo(InChild());
-    log.Clear();
+    Begin(InChild());
     input.Press();
-    EXPECT_THAT(log.Lines(kButtons),
-                ElementsAre("top WM_PARENTNOTIFY", "child WM_MOUSEACTIVATE", "top WM_MOUSEACTIVATE", "child WM_LBUTTONDOWN"));
-    const LoggedMessage notice = Last(WM_PARENTNOTIFY);
-    EXPECT_EQ(LOWORD(notice.wParam), WM_LBUTTONDOWN);
-    EXPECT_EQ(notice.lParam, MAKELPARAM(15, 16));
-    const LoggedMessage question = Last(WM_MOUSEACTIVATE);
-    EXPECT_EQ(reinterpret_cast<HWND>(question.wParam), top.Handle());
-    EXPECT_EQ(question.lParam, MAKELPARAM(HTCLIENT, WM_LBUTTONDOWN));
-    EXPECT_EQ(GetFocus(), top.Handle());
+    EXPECT_TRUE(
+        log.Tells("top PARENTNOTIFY, child MOUSEACTIVATE, top MOUSEACTIVATE, child LBUTTONDOWN", kButtons));
+    EXPECT_EQ(LOWORD(log.Last(WM_PARENTNOTIFY).wParam), WM_LBUTTONDOWN);
+    EXPECT_EQ(log.Last(WM_PARENTNOTIFY).lParam, MAKELPARAM(15, 16));
+    EXPECT_EQ(reinterpret_cast<HWND>(log.Last(WM_MOUSEACTIVATE).wParam), top);
+    EXPECT_EQ(log.Last(WM_MOUSEACTIVATE).lParam, MAKELPARAM(HTCLIENT, WM_LBUTTONDOWN));
+    EXPECT_EQ(GetFocus(), top);
 }
 
-TEST_F(Mouse, PressActivatesAsTheWindowAnswers)
+TEST_F(Mouse, PressActivatesAsTheWindowAnswersBeforeItIsDelivered)
 {
-    struct Case {
-        const char* name;
+    const struct {
         LRESULT answer;
-        bool isActivated;
-        std::vector<std::string> expected;
+        const char* expected;
+    } cases[] = {
+        {MA_ACTIVATE, "other MOUSEACTIVATE, top ACTIVATE, other ACTIVATE SETFOCUS LBUTTONDOWN LBUTTONUP"},
+        {MA_ACTIVATEANDEAT, "other MOUSEACTIVATE, top ACTIVATE, other ACTIVATE SETFOCUS LBUTTONUP"},
+        {MA_NOACTIVATE, "other MOUSEACTIVATE LBUTTONDOWN LBUTTONUP"},
+        {MA_NOACTIVATEANDEAT, "other MOUSEACTIVATE LBUTTONUP"},
     };
-    const std::vector<Case> cases{
-        {"MA_ACTIVATE", MA_ACTIVATE, true, {"other WM_MOUSEACTIVATE", "other WM_LBUTTONDOWN", "other WM_LBUTTONUP"}},
-        {"MA_ACTIVATEANDEAT", MA_ACTIVATEANDEAT, true, {"other WM_MOUSEACTIVATE", "other WM_LBUTTONUP"}},
-        {"MA_NOACTIVATE", MA_NOACTIVATE, false, {"other WM_MOUSEACTIVATE", "other WM_LBUTTONDOWN", "other WM_LBUTTONUP"}},
-        {"MA_NOACTIVATEANDEAT", MA_NOACTIVATEANDEAT, false, {"other WM_MOUSEACTIVATE", "other WM_LBUTTONUP"}},
-    };
-    for (const Case& c : cases) {
+    for (const auto& c : cases) {
         other.SetHandler(Answer(WM_MOUSEACTIVATE, c.answer));
-        SetActiveWindow(top.Handle());
-        input.MoveTo(InOther());
-        log.Clear();
+        Begin(InOther());
         input.Press().Release();
-        EXPECT_EQ(log.Lines(kButtons), c.expected) << c.name;
-        EXPECT_EQ(GetActiveWindow(), c.isActivated ? other.Handle() : top.Handle()) << c.name;
+        EXPECT_TRUE(log.Tells(c.expected, {WM_LBUTTONDOWN, WM_ACTIVATE, WM_SETFOCUS})) << c.answer;
+        if (log.Count(WM_ACTIVATE) > 0) {
+            EXPECT_EQ(log.Last(WM_ACTIVATE).wParam, static_cast<WPARAM>(WA_CLICKACTIVE));
+        }
     }
-}
-
-TEST_F(Mouse, PressActivatesBeforeItIsDelivered)
-{
-    SetActiveWindow(top.Handle());
-    input.MoveTo(InOther());
-    log.Clear();
-    input.Press();
-    EXPECT_THAT(log.Lines({WM_MOUSEACTIVATE, WM_ACTIVATE, WM_SETFOCUS, WM_LBUTTONDOWN}),
-                ElementsAre("other WM_MOUSEACTIVATE", "top WM_ACTIVATE", "other WM_ACTIVATE", "other WM_SETFOCUS",
-                            "other WM_LBUTTONDOWN"));
-    EXPECT_EQ(Last(WM_ACTIVATE).wParam, static_cast<WPARAM>(WA_CLICKACTIVE));
 }
 
 TEST_F(Mouse, RightButtonAsksForAMenuAtItsRelease)
 {
-    SetActiveWindow(top.Handle());
-    input.MoveTo(InChild());
-    log.Clear();
+    Begin(InChild());
     input.Press(VK_RBUTTON).Release(VK_RBUTTON);
-    EXPECT_THAT(log.Lines({WM_RBUTTONDOWN, WM_RBUTTONUP, WM_CONTEXTMENU}),
-                ElementsAre("child WM_RBUTTONDOWN", "child WM_RBUTTONUP", "child WM_CONTEXTMENU", "top WM_CONTEXTMENU"));
+    EXPECT_TRUE(log.Tells("child RBUTTONDOWN RBUTTONUP CONTEXTMENU, top CONTEXTMENU"));
     for (const LoggedMessage& menu : log.Only({WM_CONTEXTMENU})) {
-        EXPECT_EQ(reinterpret_cast<HWND>(menu.wParam), child->Handle());
-        EXPECT_EQ(GET_X_LPARAM(menu.lParam), InChild().x);
-        EXPECT_EQ(GET_Y_LPARAM(menu.lParam), InChild().y);
+        EXPECT_EQ(reinterpret_cast<HWND>(menu.wParam), child);
+        EXPECT_EQ(menu.lParam, MAKELPARAM(InChild().x, InChild().y));
     }
 }
 
 TEST_F(Mouse, WheelGoesToTheWindowUnderThePointerAndUp)
 {
-    SetActiveWindow(top.Handle());
-    input.MoveTo(InChild());
-    log.Clear();
+    Begin(InChild());
     input.Wheel(-2);
-    EXPECT_THAT(log.Lines({WM_MOUSEWHEEL}), ElementsAre("child WM_MOUSEWHEEL", "top WM_MOUSEWHEEL"));
-    const LoggedMessage wheel = Last(WM_MOUSEWHEEL);
+    EXPECT_TRUE(log.Tells("child MOUSEWHEEL, top MOUSEWHEEL"));
+    const LoggedMessage wheel = log.Last(WM_MOUSEWHEEL);
     EXPECT_EQ(static_cast<SHORT>(HIWORD(wheel.wParam)), -240);
-    EXPECT_EQ(GET_X_LPARAM(wheel.lParam), InChild().x);
-    EXPECT_EQ(GET_Y_LPARAM(wheel.lParam), InChild().y);
+    EXPECT_EQ(wheel.lParam, MAKELPARAM(InChild().x, InChild().y));
 }
 
 TEST_F(Mouse, NonClientHitsMakeNonClientMessages)
@@ -204,103 +155,86 @@ TEST_F(Mouse, NonClientHitsMakeNonClientMessages)
             return HTMINBUTTON;
         return message.message == WM_NCLBUTTONDOWN ? std::optional<LRESULT>(0) : std::nullopt;
     });
-    SetActiveWindow(top.Handle());
+    SetActiveWindow(top);
     input.MoveTo(InTop());
-    EXPECT_EQ(Last(WM_NCMOUSEMOVE).window, "top");
-    EXPECT_EQ(Last(WM_SETCURSOR).lParam, MAKELPARAM(HTMINBUTTON, WM_MOUSEMOVE));
-    log.Clear();
+    EXPECT_EQ(log.Last(WM_NCMOUSEMOVE).window, "top");
+    EXPECT_EQ(log.Last(WM_SETCURSOR).lParam, MAKELPARAM(HTMINBUTTON, WM_MOUSEMOVE));
     input.Press().Release();
-    EXPECT_THAT(log.Lines({WM_NCLBUTTONDOWN, WM_NCLBUTTONUP, WM_LBUTTONDOWN, WM_LBUTTONUP}),
-                ElementsAre("top WM_NCLBUTTONDOWN", "top WM_NCLBUTTONUP"));
-    const LoggedMessage press = Last(WM_NCLBUTTONDOWN);
-    EXPECT_EQ(press.wParam, static_cast<WPARAM>(HTMINBUTTON));
-    EXPECT_EQ(GET_X_LPARAM(press.lParam), InTop().x);
+    EXPECT_TRUE(log.Tells("top NCLBUTTONDOWN NCLBUTTONUP", {WM_LBUTTONDOWN, WM_LBUTTONUP}));
+    EXPECT_EQ(log.Last(WM_NCLBUTTONDOWN).wParam, static_cast<WPARAM>(HTMINBUTTON));
+    EXPECT_EQ(log.Last(WM_NCLBUTTONDOWN).X(), InTop().x);
 }
 
 TEST_F(Mouse, CaptureTakesMovesFromEverywhere)
 {
     input.MoveTo(InTop()).Press();
-    EXPECT_EQ(SetCapture(top.Handle()), nullptr);
-    EXPECT_EQ(GetCapture(), top.Handle());
+    EXPECT_EQ(SetCapture(top), nullptr);
+    EXPECT_EQ(GetCapture(), top);
     Settle();
     input.MoveTo({50, 40});
-    EXPECT_THAT(log.Lines({WM_NCHITTEST, WM_SETCURSOR, WM_MOUSEMOVE}), testing::Each("top WM_MOUSEMOVE"));
-    EXPECT_EQ(GET_X_LPARAM(Last(WM_MOUSEMOVE).lParam), -50);
-    EXPECT_EQ(GET_Y_LPARAM(Last(WM_MOUSEMOVE).lParam), -60);
+    EXPECT_TRUE(log.Tells("", {WM_NCHITTEST, WM_SETCURSOR}));
+    EXPECT_EQ(LastMove(), "top -50,-60");
     input.MoveTo(InChild());
-    EXPECT_EQ(Last(WM_MOUSEMOVE).window, "top");
+    EXPECT_EQ(LastMove(), "top 15,16");
     input.MoveTo(InOther()).Release();
-    EXPECT_EQ(log.Lines({WM_LBUTTONUP}), std::vector<std::string>{"top WM_LBUTTONUP"});
+    EXPECT_TRUE(log.Tells("top LBUTTONUP"));
     ReleaseCapture();
 }
 
 TEST_F(Mouse, CaptureIsToldToItsLoser)
 {
     std::vector<HWND> holders;
-    const MessageHandler watch = [&](const LoggedMessage& message) -> std::optional<LRESULT> {
-        if (message.message == WM_CAPTURECHANGED)
-            holders.push_back(GetCapture());
-        return std::nullopt;
-    };
-    const ScopedHandler watchTop(top, watch);
-    SetCapture(top.Handle());
-    EXPECT_EQ(SetCapture(child->Handle()), top.Handle());
-    ASSERT_EQ(log.Count(WM_CAPTURECHANGED), 1);
-    EXPECT_EQ(reinterpret_cast<HWND>(Last(WM_CAPTURECHANGED).lParam), child->Handle());
-    SetCapture(top.Handle());
+    const ScopedHandler watch(top, On(WM_CAPTURECHANGED, [&](auto&) { holders.push_back(GetCapture()); }));
+    SetCapture(top);
+    EXPECT_EQ(SetCapture(child), top);
+    EXPECT_TRUE(log.Tells("top CAPTURECHANGED"));
+    EXPECT_EQ(reinterpret_cast<HWND>(log.Last(WM_CAPTURECHANGED).lParam), child);
+    SetCapture(top);
     log.Clear();
     holders.clear();
     EXPECT_TRUE(ReleaseCapture());
-    EXPECT_THAT(log.Lines({WM_CAPTURECHANGED}), ElementsAre("top WM_CAPTURECHANGED"));
-    EXPECT_EQ(Last(WM_CAPTURECHANGED).lParam, 0);
-    EXPECT_THAT(holders, ElementsAre(nullptr));
-    log.Clear();
     ReleaseCapture();
-    EXPECT_EQ(log.Count(WM_CAPTURECHANGED), 0);
+    EXPECT_TRUE(log.Tells("top CAPTURECHANGED")) << "once";
+    EXPECT_EQ(log.Last(WM_CAPTURECHANGED).lParam, 0);
+    EXPECT_THAT(holders, testing::ElementsAre(nullptr));
 }
 
 TEST_F(Mouse, CaptureEndsWithCancelModeAndWithItsWindow)
 {
-    SetCapture(child->Handle());
-    SendMessageA(child->Handle(), WM_CANCELMODE, 0, 0);
+    SetCapture(child);
+    SendMessageA(child, WM_CANCELMODE, 0, 0);
     EXPECT_EQ(GetCapture(), nullptr);
     EXPECT_EQ(log.Count(WM_CAPTURECHANGED), 1);
-    SetCapture(child->Handle());
+    SetCapture(child);
     log.Clear();
-    child->Destroy();
+    child.Destroy();
     EXPECT_EQ(GetCapture(), nullptr);
     EXPECT_EQ(log.Count(WM_CAPTURECHANGED), 0);
 }
 
 TEST_F(Mouse, DoubleClickIsTheSecondPressOfOneWindowAndButton)
 {
-    PlatformWindowOptions options = Popup("doubles", {600, 100, 700, 200});
-    options.classStyle = CS_DBLCLKS;
-    const PlatformWindow doubles(options);
+    const PlatformWindow doubles(Popup("doubles", {600, 100, 700, 200}).OfClass(CS_DBLCLKS));
     input.MoveTo({650, 150});
     Settle();
     for (int press = 0; press < 4; ++press)
         input.Press().Release();
-    EXPECT_THAT(log.Lines({WM_LBUTTONDOWN, WM_LBUTTONDBLCLK}),
-                ElementsAre("doubles WM_LBUTTONDOWN", "doubles WM_LBUTTONDBLCLK", "doubles WM_LBUTTONDOWN",
-                            "doubles WM_LBUTTONDBLCLK"));
+    EXPECT_TRUE(log.Tells("doubles LBUTTONDOWN LBUTTONDBLCLK LBUTTONDOWN LBUTTONDBLCLK"));
     log.Clear();
     input.Press().Release().Press(VK_RBUTTON).Release(VK_RBUTTON).Press().Release();
-    EXPECT_THAT(log.Lines({WM_LBUTTONDOWN, WM_LBUTTONDBLCLK, WM_RBUTTONDOWN, WM_RBUTTONDBLCLK}),
-                ElementsAre("doubles WM_LBUTTONDOWN", "doubles WM_RBUTTONDOWN", "doubles WM_LBUTTONDOWN"));
-    input.MoveTo(InTop());
-    log.Clear();
-    input.Press().Release().Press().Release();
+    EXPECT_TRUE(
+        log.Tells("doubles LBUTTONDOWN RBUTTONDOWN LBUTTONDOWN", {WM_LBUTTONDBLCLK, WM_RBUTTONDBLCLK}));
+    input.MoveTo(InTop()).Press().Release().Press().Release();
     EXPECT_EQ(log.Count(WM_LBUTTONDBLCLK), 0) << "a class without CS_DBLCLKS";
 }
 
 TEST_F(Mouse, WindowFromPointSeesWhatTheMouseSees)
 {
-    EXPECT_EQ(WindowFromPoint(InChild()), child->Handle());
-    EXPECT_EQ(WindowFromPoint(InTop()), top.Handle());
-    child->SetHandler(Answer(WM_NCHITTEST, HTTRANSPARENT));
-    EXPECT_EQ(WindowFromPoint(InChild()), top.Handle());
-    child->SetHandler(nullptr);
-    ShowWindow(child->Handle(), SW_HIDE);
-    EXPECT_EQ(WindowFromPoint(InChild()), top.Handle());
+    EXPECT_EQ(WindowFromPoint(InChild()), child);
+    EXPECT_EQ(WindowFromPoint(InTop()), top);
+    child.SetHandler(Answer(WM_NCHITTEST, HTTRANSPARENT));
+    EXPECT_EQ(WindowFromPoint(InChild()), top);
+    child.SetHandler(nullptr);
+    ShowWindow(child, SW_HIDE);
+    EXPECT_EQ(WindowFromPoint(InChild()), top);
 }

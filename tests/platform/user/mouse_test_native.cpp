@@ -7,8 +7,6 @@
 
 using namespace qvui;
 using namespace qvui::test;
-using testing::ElementsAre;
-using testing::IsEmpty;
 
 namespace {
 
@@ -18,106 +16,105 @@ class NativeMouse : public WindowTest {
 protected:
     NativeMouse() { Settle(); }
 
-    static PlatformWindowOptions WithDoubleClicks(PlatformWindowOptions options)
+    POINT At(int x, int y) const { return SyntheticInput::At(top, x, y); }
+    /// Puts the pointer there and forgets what that told.
+    void Begin(POINT pointer)
     {
-        options.classStyle = CS_DBLCLKS;
-        return options;
+        input.MoveTo(pointer);
+        log.Clear();
     }
-    POINT At(int x, int y) const { return SyntheticInput::At(top.Handle(), x, y); }
     void Track(DWORD flags, DWORD hoverTime = 0)
     {
-        TRACKMOUSEEVENT request{sizeof request, flags, top.Handle(), hoverTime};
+        TRACKMOUSEEVENT request{sizeof request, flags, top, hoverTime};
         EXPECT_TRUE(TrackMouseEvent(&request));
+        Pump();
+    }
+    /// How often the window was told of the pointer's rest when so much time has passed.
+    int HoversAfter(int milliseconds)
+    {
+        clock.Advance(milliseconds);
+        Pump();
+        return log.Count(WM_MOUSEHOVER);
+    }
+    /// A drag whose press starts a loop of its own, which finds the rest waiting.
+    void Drag(POINT from, POINT to)
+    {
+        input.MoveTo(from);
+        InjectButton(VK_LBUTTON, true);
+        InjectMove(to);
+        InjectButton(VK_LBUTTON, false);
         Pump();
     }
 
     ManualClock clock;
     SyntheticInput input;
-    PlatformWindow top{WithDoubleClicks(Popup("top"))};
+    PlatformWindow top{Popup("top").OfClass(CS_DBLCLKS)};
 };
 
 }  // namespace
 
 TEST_F(NativeMouse, DoubleClickNeedsTimeAndPlace)
 {
-    struct Case {
+    const PlatformWindow child(Child("child", top, {0, 0, 50, 50}).OfClass(CS_DBLCLKS));
+    const struct {
         const char* name;
         int milliseconds;
-        POINT moved;
-        bool isDouble;
+        POINT second;
+        int doubles;
+    } cases[] = {
+        {"at once", 0, {100, 50}, 1},           {"after 500 ms", 500, {100, 50}, 1},
+        {"after 501 ms", 501, {100, 50}, 0},    {"one pixel off", 10, {101, 49}, 1},
+        {"two pixels right", 10, {102, 50}, 0}, {"two pixels up", 10, {100, 48}, 0},
     };
-    const std::vector<Case> cases{
-        {"at once", 0, {0, 0}, true},
-        {"after 500 ms", 500, {0, 0}, true},
-        {"after 501 ms", 501, {0, 0}, false},
-        {"one pixel off", 10, {1, -1}, true},
-        {"two pixels right", 10, {2, 0}, false},
-        {"two pixels up", 10, {0, -2}, false},
-    };
-    for (const Case& c : cases) {
+    for (const auto& c : cases) {
         input.Click(At(100, 50));
         log.Clear();
         clock.Advance(c.milliseconds);
-        input.Click(At(100 + c.moved.x, 50 + c.moved.y));
-        EXPECT_EQ(log.Count(WM_LBUTTONDBLCLK), c.isDouble ? 1 : 0) << c.name;
+        input.Click(At(c.second.x, c.second.y));
+        EXPECT_EQ(log.Count(WM_LBUTTONDBLCLK), c.doubles) << c.name;
         clock.Advance(1000);
     }
-}
-
-TEST_F(NativeMouse, DoubleClickNeedsOneWindow)
-{
-    const PlatformWindow child(WithDoubleClicks(Child("child", top, {0, 0, 50, 50})));
     input.Click(At(50, 49));
     log.Clear();
     input.Click(At(49, 49));
-    EXPECT_THAT(log.Lines({WM_LBUTTONDOWN, WM_LBUTTONDBLCLK}), ElementsAre("child WM_LBUTTONDOWN"));
+    EXPECT_TRUE(log.Tells("child LBUTTONDOWN", {WM_LBUTTONDBLCLK})) << "in another window";
 }
 
 TEST_F(NativeMouse, MovesInARowBecomeOne)
 {
-    input.MoveTo(At(10, 10));
-    log.Clear();
+    Begin(At(10, 10));
     for (int x = 11; x < 20; ++x)
         InjectMove(At(x, 10));
     InjectButton(VK_LBUTTON, true);
     InjectMove(At(30, 10));
     InjectButton(VK_LBUTTON, false);
     Pump();
-    EXPECT_THAT(log.Lines({WM_MOUSEMOVE, WM_LBUTTONDOWN, WM_LBUTTONUP}),
-                ElementsAre("top WM_MOUSEMOVE", "top WM_LBUTTONDOWN", "top WM_MOUSEMOVE", "top WM_LBUTTONUP"));
+    EXPECT_TRUE(log.Tells("top MOUSEMOVE LBUTTONDOWN MOUSEMOVE LBUTTONUP"));
     EXPECT_EQ(log.Only({WM_MOUSEMOVE}).front().lParam, MAKELPARAM(19, 10));
 }
 
 TEST_F(NativeMouse, LeavingIsToldOnceToWhoAskedForIt)
 {
     const PlatformWindow child(Child("child", top, {0, 0, 50, 50}));
-    input.MoveTo(At(100, 50));
+    Begin(At(100, 50));
     Track(TME_LEAVE);
-    log.Clear();
     input.MoveTo(At(110, 50));
     EXPECT_EQ(log.Count(WM_MOUSELEAVE), 0);
     input.MoveTo(kElsewhere);
     EXPECT_EQ(log.Count(WM_MOUSELEAVE), 1);
     input.MoveTo(At(100, 50)).MoveTo(kElsewhere);
     EXPECT_EQ(log.Count(WM_MOUSELEAVE), 1) << "asked for once";
-    log.Clear();
     Track(TME_LEAVE);
-    EXPECT_EQ(log.Count(WM_MOUSELEAVE), 1) << "asked for while the pointer is outside";
+    EXPECT_EQ(log.Count(WM_MOUSELEAVE), 2) << "asked for while the pointer is outside";
     input.MoveTo(At(100, 50));
     Track(TME_LEAVE);
-    log.Clear();
     input.MoveTo(At(5, 5));
-    EXPECT_EQ(log.Count(WM_MOUSELEAVE), 1) << "into a child of its own";
-}
-
-TEST_F(NativeMouse, LeavingCanBeCalledOff)
-{
+    EXPECT_EQ(log.Count(WM_MOUSELEAVE), 3) << "into a child of its own";
     input.MoveTo(At(100, 50));
     Track(TME_LEAVE);
     Track(TME_LEAVE | TME_CANCEL);
-    log.Clear();
     input.MoveTo(kElsewhere);
-    EXPECT_EQ(log.Count(WM_MOUSELEAVE), 0);
+    EXPECT_EQ(log.Count(WM_MOUSELEAVE), 3) << "called off";
 }
 
 TEST_F(NativeMouse, LeavingAllWindowsIsLeavingToo)
@@ -131,15 +128,14 @@ TEST_F(NativeMouse, LeavingAllWindowsIsLeavingToo)
     GetCursorPos(&pointer);
     EXPECT_EQ(pointer.x, -1) << "the display knows where the pointer is";
     input.MoveTo(At(100, 50));
-    EXPECT_EQ(log.Only({WM_MOUSEMOVE}).back().lParam, MAKELPARAM(100, 50));
+    EXPECT_EQ(log.Last(WM_MOUSEMOVE).lParam, MAKELPARAM(100, 50));
 }
 
 TEST_F(NativeMouse, CaptureHoldsLeavingBackUntilItEnds)
 {
     input.MoveTo(At(100, 50)).Press();
-    SetCapture(top.Handle());
+    SetCapture(top);
     Track(TME_LEAVE);
-    log.Clear();
     input.MoveTo(kElsewhere);
     EXPECT_EQ(log.Count(WM_MOUSELEAVE), 0);
     input.Release();
@@ -148,162 +144,107 @@ TEST_F(NativeMouse, CaptureHoldsLeavingBackUntilItEnds)
     EXPECT_EQ(log.Count(WM_MOUSELEAVE), 1);
 }
 
-TEST_F(NativeMouse, HoverIsToldWhenThePointerRests)
+TEST_F(NativeMouse, HoverIsToldOnceWhenThePointerRests)
 {
-    input.MoveTo(At(100, 50));
+    Begin(At(100, 50));
     Track(TME_HOVER);
-    log.Clear();
-    clock.Advance(399);
-    Pump();
-    EXPECT_EQ(log.Count(WM_MOUSEHOVER), 0);
-    clock.Advance(1);
-    Pump();
-    EXPECT_EQ(log.Count(WM_MOUSEHOVER), 1);
-    EXPECT_EQ(log.Only({WM_MOUSEHOVER}).front().lParam, MAKELPARAM(100, 50));
-    clock.Advance(1000);
-    Pump();
-    EXPECT_EQ(log.Count(WM_MOUSEHOVER), 1) << "asked for once";
-}
+    EXPECT_EQ(HoversAfter(399), 0);
+    EXPECT_EQ(HoversAfter(1), 1);
+    EXPECT_EQ(log.Last(WM_MOUSEHOVER).lParam, MAKELPARAM(100, 50));
+    EXPECT_EQ(HoversAfter(1000), 1) << "asked for once";
 
-TEST_F(NativeMouse, HoverStartsAnewWithEveryMovement)
-{
-    input.MoveTo(At(100, 50));
+    Begin(At(100, 50));
     Track(TME_HOVER | TME_LEAVE, 50);
-    log.Clear();
-    clock.Advance(40);
+    EXPECT_EQ(HoversAfter(40), 0);
     input.MoveTo(At(120, 50));
-    clock.Advance(40);
-    Pump();
-    EXPECT_EQ(log.Count(WM_MOUSEHOVER), 0);
-    clock.Advance(10);
-    Pump();
-    EXPECT_EQ(log.Count(WM_MOUSEHOVER), 1);
+    EXPECT_EQ(HoversAfter(40), 0) << "it starts anew with every movement";
+    EXPECT_EQ(HoversAfter(10), 1);
     input.MoveTo(kElsewhere);
     EXPECT_EQ(log.Count(WM_MOUSELEAVE), 1) << "both kinds can be asked for together";
-    clock.Advance(100);
-    Pump();
-    EXPECT_EQ(log.Count(WM_MOUSEHOVER), 1);
+    EXPECT_EQ(HoversAfter(100), 1);
 }
 
 TEST_F(NativeMouse, AWindowThatComesOrGoesUnderThePointerMakesAMove)
 {
-    input.MoveTo(At(20, 20));
-    log.Clear();
+    Begin(At(20, 20));
     {
         const PlatformWindow child(Child("child", top, {10, 10, 60, 60}));
         Pump();
-        EXPECT_THAT(log.Lines({WM_MOUSEMOVE}), ElementsAre("child WM_MOUSEMOVE"));
-        ShowWindow(child.Handle(), SW_HIDE);
+        EXPECT_TRUE(log.Tells("child MOUSEMOVE"));
+        ShowWindow(child, SW_HIDE);
         Pump();
-        EXPECT_THAT(log.Lines({WM_MOUSEMOVE}), ElementsAre("child WM_MOUSEMOVE", "top WM_MOUSEMOVE"));
-        ShowWindow(child.Handle(), SW_SHOW);
+        EXPECT_TRUE(log.Tells("child MOUSEMOVE, top MOUSEMOVE"));
+        ShowWindow(child, SW_SHOW);
         Settle();
-        MoveWindow(child.Handle(), 100, 50, 50, 50, TRUE);
+        MoveWindow(child, 100, 50, 50, 50, TRUE);
         Pump();
-        EXPECT_THAT(log.Lines({WM_MOUSEMOVE}), ElementsAre("top WM_MOUSEMOVE"));
-        MoveWindow(child.Handle(), 10, 10, 50, 50, TRUE);
+        EXPECT_TRUE(log.Tells("top MOUSEMOVE"));
+        MoveWindow(child, 10, 10, 50, 50, TRUE);
         Settle();
     }
     Pump();
-    EXPECT_THAT(log.Lines({WM_MOUSEMOVE}), ElementsAre("top WM_MOUSEMOVE")) << "destroyed";
-}
-
-TEST_F(NativeMouse, NoMoveIsMadeWhereNothingChanged)
-{
-    input.MoveTo(At(20, 20));
+    EXPECT_TRUE(log.Tells("top MOUSEMOVE")) << "destroyed";
     Settle();
-    MoveWindow(top.Handle(), 90, 90, 220, 120, TRUE);
+    MoveWindow(top, 90, 90, 220, 120, TRUE);
     EXPECT_FALSE(log.All().empty());
     Pump();
-    EXPECT_THAT(log.Lines({WM_MOUSEMOVE}), IsEmpty());
+    EXPECT_EQ(log.Count(WM_MOUSEMOVE), 0) << "the window below the pointer is the same";
 }
 
 TEST_F(NativeMouse, WindowsThatDoNotActivateStayInactive)
 {
-    PlatformWindowOptions options = Popup("tip", {400, 100, 500, 200});
-    options.exStyle = WS_EX_NOACTIVATE | WS_EX_TOOLWINDOW;
-    const PlatformWindow tip(options);
-    EXPECT_EQ(GetActiveWindow(), top.Handle());
-    log.Clear();
+    const PlatformWindow tip(Popup("tip", kBeside).ExStyled(WS_EX_NOACTIVATE | WS_EX_TOOLWINDOW));
+    EXPECT_EQ(GetActiveWindow(), top);
     input.Click({450, 150});
-    EXPECT_THAT(log.Lines({WM_MOUSEACTIVATE, WM_LBUTTONDOWN, WM_LBUTTONUP}),
-                ElementsAre("tip WM_MOUSEACTIVATE", "tip WM_LBUTTONDOWN", "tip WM_LBUTTONUP"));
-    EXPECT_EQ(GetActiveWindow(), top.Handle());
-    EXPECT_EQ(GetFocus(), top.Handle());
+    EXPECT_TRUE(log.Tells("tip MOUSEACTIVATE LBUTTONDOWN LBUTTONUP"));
+    EXPECT_EQ(GetActiveWindow(), top);
+    EXPECT_EQ(GetFocus(), top);
 }
 
 TEST_F(NativeMouse, DraggingTheCaptionMovesAndTheBordersSize)
 {
-    struct Case {
-        const char* name;
+    const struct {
         int hit;
-        RECT moved;  // by how much each edge follows a drag of (30, 20)
+        const char* place;  // after a drag of 30, 20
+    } cases[] = {
+        {HTCAPTION, "430,320,630,420"},     {HTLEFT, "430,300,600,400"},
+        {HTRIGHT, "400,300,630,400"},       {HTTOP, "400,320,600,400"},
+        {HTBOTTOM, "400,300,600,420"},      {HTTOPLEFT, "430,320,600,400"},
+        {HTTOPRIGHT, "400,320,630,400"},    {HTBOTTOMLEFT, "430,300,600,420"},
+        {HTBOTTOMRIGHT, "400,300,630,420"},
     };
-    const std::vector<Case> cases{
-        {"caption", HTCAPTION, {30, 20, 30, 20}},      {"left", HTLEFT, {30, 0, 0, 0}},
-        {"right", HTRIGHT, {0, 0, 30, 0}},             {"top", HTTOP, {0, 20, 0, 0}},
-        {"bottom", HTBOTTOM, {0, 0, 0, 20}},           {"top left", HTTOPLEFT, {30, 20, 0, 0}},
-        {"top right", HTTOPRIGHT, {0, 20, 30, 0}},     {"bottom left", HTBOTTOMLEFT, {30, 0, 0, 20}},
-        {"bottom right", HTBOTTOMRIGHT, {0, 0, 30, 20}},
-    };
-    for (const Case& c : cases) {
-        PlatformWindow window(Popup("w", {400, 300, 600, 400}));
-        window.SetHandler([&](const LoggedMessage& message) -> std::optional<LRESULT> {
-            return message.message == WM_NCHITTEST ? std::optional<LRESULT>(c.hit) : std::nullopt;
-        });
-        input.MoveTo({450, 350});
-        // The press starts a loop of its own, which finds the rest waiting.
-        InjectButton(VK_LBUTTON, true);
-        InjectMove({480, 370});
-        InjectButton(VK_LBUTTON, false);
-        Pump();
-        RECT rect{};
-        GetWindowRect(window.Handle(), &rect);
-        EXPECT_EQ(rect.left, 400 + c.moved.left) << c.name;
-        EXPECT_EQ(rect.top, 300 + c.moved.top) << c.name;
-        EXPECT_EQ(rect.right, 600 + c.moved.right) << c.name;
-        EXPECT_EQ(rect.bottom, 400 + c.moved.bottom) << c.name;
-        EXPECT_EQ(GetCapture(), nullptr) << c.name;
-        EXPECT_GE(GetKeyState(VK_LBUTTON), 0) << c.name;
+    for (const auto& c : cases) {
+        const PlatformWindow window(Popup("w", {400, 300, 600, 400}).Answering(Answer(WM_NCHITTEST, c.hit)));
+        Drag({450, 350}, {480, 370});
+        EXPECT_EQ(PlaceOf(window), c.place) << c.hit;
+        EXPECT_EQ(GetCapture(), nullptr) << c.hit;
+        EXPECT_GE(GetKeyState(VK_LBUTTON), 0) << c.hit;
     }
 }
 
 TEST_F(NativeMouse, SizingStopsAtTheLimits)
 {
-    PlatformWindow window(Popup("w", {400, 300, 600, 400}));
-    window.SetHandler([](const LoggedMessage& message) -> std::optional<LRESULT> {
-        if (message.message == WM_NCHITTEST)
-            return HTTOPLEFT;
-        if (message.message == WM_GETMINMAXINFO)
-            reinterpret_cast<MINMAXINFO*>(message.lParam)->ptMinTrackSize = {80, 60};
-        return std::nullopt;
-    });
-    input.MoveTo({401, 301});
-    InjectButton(VK_LBUTTON, true);
-    InjectMove({900, 900});
-    InjectButton(VK_LBUTTON, false);
-    Pump();
-    RECT rect{};
-    GetWindowRect(window.Handle(), &rect);
-    EXPECT_EQ(rect.left, 520);
-    EXPECT_EQ(rect.top, 340);
-    EXPECT_EQ(rect.right, 600);
-    EXPECT_EQ(rect.bottom, 400);
+    const PlatformWindow window(
+        Popup("w", {400, 300, 600, 400}).Answering([](auto& message) -> std::optional<LRESULT> {
+            if (message.message == WM_NCHITTEST)
+                return HTTOPLEFT;
+            if (message.message == WM_GETMINMAXINFO)
+                reinterpret_cast<MINMAXINFO*>(message.lParam)->ptMinTrackSize = {80, 60};
+            return std::nullopt;
+        }));
+    Drag({401, 301}, {900, 900});
+    EXPECT_EQ(PlaceOf(window), "520,340,600,400");
 }
 
 TEST_F(NativeMouse, AWindowMayGoWhileItIsDragged)
 {
-    PlatformWindow window(Popup("w", {400, 300, 600, 400}));
-    window.SetHandler([](const LoggedMessage& message) -> std::optional<LRESULT> {
-        if (message.message == WM_MOVING)
-            DestroyWindow(message.handle);
-        return message.message == WM_NCHITTEST ? std::optional<LRESULT>(HTCAPTION) : std::nullopt;
-    });
-    input.MoveTo({450, 350});
-    InjectButton(VK_LBUTTON, true);
-    InjectMove({480, 370});
-    InjectButton(VK_LBUTTON, false);
-    Pump();
+    const PlatformWindow window(
+        Popup("w", {400, 300, 600, 400}).Answering([](auto& message) -> std::optional<LRESULT> {
+            if (message.message == WM_MOVING)
+                DestroyWindow(message.handle);
+            return message.message == WM_NCHITTEST ? std::optional<LRESULT>(HTCAPTION) : std::nullopt;
+        }));
+    Drag({450, 350}, {480, 370});
     EXPECT_EQ(window.Handle(), nullptr);
     EXPECT_EQ(GetCapture(), nullptr);
 }

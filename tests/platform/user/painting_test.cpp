@@ -3,70 +3,75 @@
 #include "platform/user/window_test.h"
 
 using namespace qvui::test;
-using testing::ElementsAre;
-using testing::IsEmpty;
 
 namespace {
 
-std::vector<LONG> Numbers(const RECT& rect)
-{
-    return {rect.left, rect.top, rect.right, rect.bottom};
-}
+constexpr std::uint32_t kRed = 0xFF0000;
+constexpr std::uint32_t kBlue = 0x0000FF;
 
-std::vector<LONG> Pending(const PlatformWindow& window)
+std::string Pending(HWND window)
 {
     RECT rect{};
-    GetUpdateRect(window.Handle(), &rect, FALSE);
-    return Numbers(rect);
+    GetUpdateRect(window, &rect, FALSE);
+    return Text(rect);
 }
 
-const std::vector<LONG> kNone{0, 0, 0, 0};
+constexpr const char* kNone = "0,0,0,0";
 
 struct Paint {
-    std::string window;
-    std::vector<LONG> area;  // rcPaint
-    std::vector<LONG> clip;
+    std::string area;  // rcPaint
+    std::string clip;
     int clipKind = 0;
     bool erase = false;
 };
 
 class Painting : public WindowTest {
 protected:
-    Painting() { SetLastError(0); }
     ~Painting() override
     {
         DeleteObject(red);
         DeleteObject(blue);
     }
 
-    /// Paints by BeginPaint and EndPaint, and notes what that was told.
-    MessageHandler Painter()
-    {
-        return [this](const LoggedMessage& message) -> std::optional<LRESULT> {
-            if (message.message != WM_PAINT)
-                return std::nullopt;
-            PAINTSTRUCT paint{};
-            BeginPaint(message.handle, &paint);
-            RECT clip{};
-            const int kind = GetClipBox(paint.hdc, &clip);
-            paints.push_back({message.window, Numbers(paint.rcPaint), Numbers(clip), kind, paint.fErase != FALSE});
-            if (draw)
-                draw(message, paint.hdc);
-            EndPaint(message.handle, &paint);
-            return 0;
-        };
-    }
-    PlatformWindowOptions Painted(PlatformWindowOptions options)
-    {
-        options.handler = Painter();
-        return options;
-    }
+    /// With a handler that paints by BeginPaint and EndPaint, and notes what that was told.
+    PlatformWindowOptions Painted(PlatformWindowOptions options) { return options.Answering(painter); }
     void Settle()
     {
         WindowTest::Settle();
         paints.clear();
     }
 
+    /// Invalidates a part of a parent in which a child stands.
+    void PaintPartOfParentAndChild(DWORD style, const char* told, const char* lastArea)
+    {
+        const PlatformWindow parent(Painted(Popup("parent")).Styled(style).Filled(red));
+        const PlatformWindow child(Painted(Child("child", parent, {50, 20, 100, 60})).Filled(blue));
+        Settle();
+        const RECT part{40, 30, 70, 40};
+        InvalidateRect(parent, &part, TRUE);
+        Pump();
+        EXPECT_TRUE(log.Tells(told));
+        EXPECT_EQ(ReadClient(child).At(15, 15), kBlue);
+        EXPECT_EQ(paints.back().area, lastArea);
+        Settle();
+        RedrawWindow(parent, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
+        Pump();
+        EXPECT_TRUE(log.Tells("parent PAINT, child PAINT"));
+    }
+
+    const MessageHandler painter = [this](const LoggedMessage& message) -> std::optional<LRESULT> {
+        if (message.message != WM_PAINT)
+            return std::nullopt;
+        PAINTSTRUCT paint{};
+        BeginPaint(message.handle, &paint);
+        RECT clip{};
+        const int kind = GetClipBox(paint.hdc, &clip);
+        paints.push_back({Text(paint.rcPaint), Text(clip), kind, paint.fErase != FALSE});
+        if (draw)
+            draw(message, paint.hdc);
+        EndPaint(message.handle, &paint);
+        return 0;
+    };
     const HBRUSH red = CreateSolidBrush(RGB(255, 0, 0));
     const HBRUSH blue = CreateSolidBrush(RGB(0, 0, 255));
     std::vector<Paint> paints;
@@ -77,18 +82,18 @@ protected:
 
 TEST_F(Painting, InvalidatingOnlyNotesTheArea)
 {
-    const PlatformWindow window(Painted(Popup("w")));
+    const PlatformWindow window(Painted(Popup()));
     Settle();
     const RECT first{10, 10, 20, 20};
     const RECT second{50, 40, 60, 70};
-    InvalidateRect(window.Handle(), &first, FALSE);
-    InvalidateRect(window.Handle(), &second, FALSE);
-    EXPECT_THAT(log.All(), IsEmpty());
-    EXPECT_EQ(Pending(window), Numbers({10, 10, 60, 70}));
+    InvalidateRect(window, &first, FALSE);
+    InvalidateRect(window, &second, FALSE);
+    EXPECT_TRUE(log.All().empty());
+    EXPECT_EQ(Pending(window), "10,10,60,70");
     Pump();
     ASSERT_EQ(paints.size(), 1U);
-    EXPECT_EQ(paints[0].area, Numbers({10, 10, 60, 70}));
-    EXPECT_EQ(paints[0].clip, Numbers({10, 10, 60, 70}));
+    EXPECT_EQ(paints[0].area, "10,10,60,70");
+    EXPECT_EQ(paints[0].clip, "10,10,60,70");
     EXPECT_EQ(paints[0].clipKind, COMPLEXREGION);
     EXPECT_FALSE(paints[0].erase);
     EXPECT_EQ(log.Count(WM_ERASEBKGND), 0);
@@ -97,9 +102,7 @@ TEST_F(Painting, InvalidatingOnlyNotesTheArea)
 
 TEST_F(Painting, OnlyTheUpdateRegionIsTouched)
 {
-    PlatformWindowOptions options = Painted(Popup("w"));
-    options.background = red;
-    const PlatformWindow window(options);
+    const PlatformWindow window(Painted(Popup()).Filled(red));
     Settle();
     draw = [&](const LoggedMessage&, HDC dc) {
         const RECT all{0, 0, 200, 100};
@@ -108,60 +111,52 @@ TEST_F(Painting, OnlyTheUpdateRegionIsTouched)
     const HRGN region = CreateRectRgn(10, 10, 20, 20);
     const HRGN other = CreateRectRgn(30, 30, 40, 40);
     CombineRgn(region, region, other, RGN_OR);
-    InvalidateRgn(window.Handle(), region, TRUE);
+    InvalidateRgn(window, region, TRUE);
     DeleteObject(region);
     DeleteObject(other);
     Pump();
-    const ClientPixels pixels = ReadClient(window.Handle());
-    EXPECT_EQ(pixels.At(15, 15), 0x0000FFU);
-    EXPECT_EQ(pixels.At(35, 35), 0x0000FFU);
-    EXPECT_EQ(pixels.At(25, 25), 0xFF0000U);
-    EXPECT_EQ(pixels.At(9, 10), 0xFF0000U);
-    EXPECT_EQ(pixels.At(20, 20), 0xFF0000U);
+    const ClientPixels pixels = ReadClient(window);
+    EXPECT_EQ(pixels.At(15, 15), kBlue);
+    EXPECT_EQ(pixels.At(35, 35), kBlue);
+    for (const POINT outside : {POINT{25, 25}, {9, 10}, {20, 20}})
+        EXPECT_EQ(pixels.At(outside.x, outside.y), kRed) << Text(outside);
 }
 
 TEST_F(Painting, UpdateWindowPaintsAtOnceIfAnythingIsPending)
 {
-    const PlatformWindow window(Painted(Popup("w")));
+    const PlatformWindow window(Painted(Popup()));
     Settle();
-    UpdateWindow(window.Handle());
-    EXPECT_THAT(log.All(), IsEmpty());
-    InvalidateRect(window.Handle(), nullptr, TRUE);
-    UpdateWindow(window.Handle());
-    EXPECT_THAT(log.Lines({WM_PAINT, WM_ERASEBKGND}), ElementsAre("w WM_PAINT", "w WM_ERASEBKGND"));
-    EXPECT_EQ(paints.size(), 1U);
+    UpdateWindow(window);
+    EXPECT_TRUE(log.All().empty());
+    InvalidateRect(window, nullptr, TRUE);
+    UpdateWindow(window);
+    EXPECT_TRUE(log.Tells("w PAINT ERASEBKGND"));
     Pump();
     EXPECT_EQ(paints.size(), 1U);
 }
 
 TEST_F(Painting, BackgroundIsErasedOnceForAllOfTheRegion)
 {
-    const PlatformWindow window(Painted(Popup("w")));
-    Settle();
-    std::vector<LONG> erased;
-    const auto withErase = [&](LRESULT answer) {
-        return [&, answer, painter = Painter()](const LoggedMessage& message) -> std::optional<LRESULT> {
+    PlatformWindow window(Popup());
+    std::string erased;
+    const RECT plain{10, 10, 20, 20};
+    const RECT erasing{50, 40, 60, 70};
+    for (const LRESULT answer : {1, 0}) {
+        window.SetHandler([&](const LoggedMessage& message) -> std::optional<LRESULT> {
             if (message.message != WM_ERASEBKGND)
                 return painter(message);
             RECT clip{};
             GetClipBox(reinterpret_cast<HDC>(message.wParam), &clip);
-            erased = Numbers(clip);
+            erased = Text(clip);
             return answer;
-        };
-    };
-    const RECT plain{10, 10, 20, 20};
-    const RECT erasing{50, 40, 60, 70};
-    for (const LRESULT answer : {1, 0}) {
-        const_cast<PlatformWindow&>(window).SetHandler(withErase(answer));
-        InvalidateRect(window.Handle(), &plain, FALSE);
-        InvalidateRect(window.Handle(), &erasing, TRUE);
+        });
         Settle();
-        InvalidateRect(window.Handle(), &plain, FALSE);
-        InvalidateRect(window.Handle(), &erasing, TRUE);
-        InvalidateRect(window.Handle(), &plain, FALSE);
+        InvalidateRect(window, &plain, FALSE);
+        InvalidateRect(window, &erasing, TRUE);
+        InvalidateRect(window, &plain, FALSE);
         Pump();
         EXPECT_EQ(log.Count(WM_ERASEBKGND), 1);
-        EXPECT_EQ(erased, Numbers({10, 10, 60, 70}));
+        EXPECT_EQ(erased, "10,10,60,70");
         ASSERT_EQ(paints.size(), 1U);
         EXPECT_EQ(paints[0].erase, answer == 0);
     }
@@ -169,23 +164,23 @@ TEST_F(Painting, BackgroundIsErasedOnceForAllOfTheRegion)
 
 TEST_F(Painting, ValidatingTakesAreasBack)
 {
-    const PlatformWindow window(Painted(Popup("w")));
+    const PlatformWindow window(Painted(Popup()));
     Settle();
     const RECT all{0, 0, 200, 100};
     const RECT left{0, 0, 150, 100};
-    InvalidateRect(window.Handle(), &all, TRUE);
-    ValidateRect(window.Handle(), &left);
-    EXPECT_EQ(Pending(window), Numbers({150, 0, 200, 100}));
-    ValidateRect(window.Handle(), nullptr);
+    InvalidateRect(window, &all, TRUE);
+    ValidateRect(window, &left);
+    EXPECT_EQ(Pending(window), "150,0,200,100");
+    ValidateRect(window, nullptr);
     EXPECT_EQ(Pending(window), kNone);
     Pump();
-    EXPECT_THAT(log.Lines({WM_PAINT, WM_ERASEBKGND}), IsEmpty());
+    EXPECT_TRUE(log.Tells("", {WM_PAINT, WM_ERASEBKGND}));
 }
 
 TEST_F(Painting, ComesAgainUntilTheWindowIsValid)
 {
     int asked = 0;
-    PlatformWindow window(Popup("w"));
+    PlatformWindow window(Popup());
     Settle();
     window.SetHandler([&](const LoggedMessage& message) -> std::optional<LRESULT> {
         if (message.message != WM_PAINT)
@@ -194,187 +189,139 @@ TEST_F(Painting, ComesAgainUntilTheWindowIsValid)
             ValidateRect(message.handle, nullptr);
         return 0;
     });
-    InvalidateRect(window.Handle(), nullptr, FALSE);
+    InvalidateRect(window, nullptr, FALSE);
     Pump();
     EXPECT_EQ(asked, 3);
 }
 
 TEST_F(Painting, NothingIsPendingWhereNothingShows)
 {
-    const PlatformWindow hidden(Hidden(Popup("hidden")));
-    const PlatformWindow shown(Painted(Popup("shown", {400, 100, 500, 200})));
+    const PlatformWindow hidden(Popup("hidden").Hidden());
+    const PlatformWindow shown(Painted(Popup("shown", kBeside)));
     const PlatformWindow child(Child("child", hidden, {0, 0, 20, 20}));
     Settle();
     const RECT outside{200, 10, 300, 40};
     const RECT empty{10, 10, 10, 40};
-    InvalidateRect(hidden.Handle(), nullptr, TRUE);
-    InvalidateRect(child.Handle(), nullptr, TRUE);
-    InvalidateRect(shown.Handle(), &outside, TRUE);
-    InvalidateRect(shown.Handle(), &empty, TRUE);
-    EXPECT_EQ(Pending(hidden), kNone);
-    EXPECT_EQ(Pending(child), kNone);
-    EXPECT_EQ(Pending(shown), kNone);
+    InvalidateRect(hidden, nullptr, TRUE);
+    InvalidateRect(child, nullptr, TRUE);
+    InvalidateRect(shown, &outside, TRUE);
+    InvalidateRect(shown, &empty, TRUE);
+    for (const PlatformWindow* const window : {&hidden, &child, &shown})
+        EXPECT_EQ(Pending(*window), kNone);
     Pump();
     EXPECT_EQ(log.Count(WM_PAINT), 0);
 }
 
-TEST_F(Painting, ClipChildrenKeepsChildrenOutOfTheParentsRegion)
-{
-    PlatformWindowOptions options = Painted(Popup("parent"));
-    options.style = WS_POPUP | WS_CLIPCHILDREN;
-    options.background = red;
-    const PlatformWindow parent(options);
-    PlatformWindowOptions inner = Painted(Child("child", parent, {50, 20, 100, 60}));
-    inner.background = blue;
-    const PlatformWindow child(inner);
-    Settle();
-    InvalidateRect(parent.Handle(), nullptr, TRUE);
-    EXPECT_EQ(Pending(child), kNone);
-    Pump();
-    EXPECT_THAT(log.Lines({WM_PAINT}), ElementsAre("parent WM_PAINT"));
-    const ClientPixels pixels = ReadClient(child.Handle());
-    EXPECT_EQ(pixels.At(10, 10), 0x0000FFU);
-    Settle();
-    RedrawWindow(parent.Handle(), nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
-    Pump();
-    EXPECT_THAT(log.Lines({WM_PAINT}), ElementsAre("parent WM_PAINT", "child WM_PAINT"));
-}
-
 TEST_F(Painting, WithoutClipChildrenTheChildrenArePaintedAgainAfterTheParent)
 {
-    PlatformWindowOptions options = Painted(Popup("parent"));
-    options.background = red;
-    const PlatformWindow parent(options);
-    PlatformWindowOptions inner = Painted(Child("child", parent, {50, 20, 100, 60}));
-    inner.background = blue;
-    const PlatformWindow child(inner);
-    Settle();
-    const RECT part{60, 30, 70, 40};
-    InvalidateRect(parent.Handle(), &part, TRUE);
-    Pump();
-    EXPECT_THAT(log.Lines({WM_PAINT}), ElementsAre("parent WM_PAINT", "child WM_PAINT"));
-    EXPECT_EQ(ReadClient(child.Handle()).At(15, 15), 0x0000FFU);
-    ASSERT_EQ(paints.size(), 2U);
-    EXPECT_EQ(paints[1].area, Numbers({10, 10, 20, 20}));
+    PaintPartOfParentAndChild(WS_POPUP, "parent PAINT, child PAINT", "0,10,20,20");
+}
+
+TEST_F(Painting, ClipChildrenKeepsChildrenOutOfTheParentsRegion)
+{
+    PaintPartOfParentAndChild(WS_POPUP | WS_CLIPCHILDREN, "parent PAINT", "40,30,50,40");
 }
 
 TEST_F(Painting, RedrawWindowCombinesInvalidatingValidatingAndUpdating)
 {
-    const PlatformWindow window(Painted(Popup("w")));
+    const PlatformWindow window(Painted(Popup()));
     Settle();
     const RECT part{5, 6, 25, 36};
-    RedrawWindow(window.Handle(), &part, nullptr, RDW_INVALIDATE);
-    EXPECT_EQ(Pending(window), Numbers(part));
-    RedrawWindow(window.Handle(), nullptr, nullptr, RDW_VALIDATE);
+    RedrawWindow(window, &part, nullptr, RDW_INVALIDATE);
+    EXPECT_EQ(Pending(window), Text(part));
+    RedrawWindow(window, nullptr, nullptr, RDW_VALIDATE);
     EXPECT_EQ(Pending(window), kNone);
-    RedrawWindow(window.Handle(), &part, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_UPDATENOW);
-    EXPECT_THAT(log.Lines({WM_PAINT, WM_ERASEBKGND}), ElementsAre("w WM_PAINT", "w WM_ERASEBKGND"));
-    EXPECT_EQ(paints.size(), 1U);
+    RedrawWindow(window, &part, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_UPDATENOW);
+    EXPECT_TRUE(log.Tells("w PAINT ERASEBKGND"));
 }
 
 TEST_F(Painting, GrowingAsksForTheNewStripUnlessTheClassWantsAll)
 {
-    struct Case {
+    const struct {
         const char* name;
         UINT classStyle;
         SIZE size;
-        std::vector<LONG> expected;
+        const char* expected;
+    } cases[] = {
+        {"wider", 0, {230, 100}, "200,0,230,100"},
+        {"taller", 0, {200, 120}, "0,100,200,120"},
+        {"smaller", 0, {150, 80}, kNone},
+        {"wider with CS_HREDRAW", CS_HREDRAW, {230, 100}, "0,0,230,100"},
+        {"smaller with CS_HREDRAW", CS_HREDRAW, {150, 100}, "0,0,150,100"},
+        {"taller with CS_HREDRAW", CS_HREDRAW, {200, 120}, "0,100,200,120"},
+        {"taller with CS_VREDRAW", CS_VREDRAW, {200, 120}, "0,0,200,120"},
     };
-    const std::vector<Case> cases{
-        {"wider", 0, {230, 100}, {200, 0, 230, 100}},
-        {"taller", 0, {200, 120}, {0, 100, 200, 120}},
-        {"smaller", 0, {150, 80}, {0, 0, 0, 0}},
-        {"wider with CS_HREDRAW", CS_HREDRAW, {230, 100}, {0, 0, 230, 100}},
-        {"smaller with CS_HREDRAW", CS_HREDRAW, {150, 100}, {0, 0, 150, 100}},
-        {"taller with CS_HREDRAW", CS_HREDRAW, {200, 120}, {0, 100, 200, 120}},
-        {"taller with CS_VREDRAW", CS_VREDRAW, {200, 120}, {0, 0, 200, 120}},
-    };
-    for (const Case& c : cases) {
-        PlatformWindowOptions options = Painted(Popup("w"));
-        options.classStyle = c.classStyle;
-        const PlatformWindow window(options);
+    for (const auto& c : cases) {
+        const PlatformWindow window(Painted(Popup()).OfClass(c.classStyle));
         Settle();
-        MoveWindow(window.Handle(), 100, 100, c.size.cx, c.size.cy, TRUE);
+        MoveWindow(window, 100, 100, c.size.cx, c.size.cy, TRUE);
         EXPECT_EQ(Pending(window), c.expected) << c.name;
     }
 }
 
 TEST_F(Painting, MovingKeepsThePixels)
 {
-    PlatformWindowOptions options = Painted(Popup("w"));
-    options.background = red;
-    const PlatformWindow window(options);
+    const PlatformWindow window(Painted(Popup()).Filled(red));
     const PlatformWindow child(Painted(Child("child", window, {0, 0, 40, 40})));
     draw = [&](const LoggedMessage& message, HDC dc) {
         const RECT part{0, 0, 10, 10};
         FillRect(dc, &part, message.window == "w" ? red : blue);
     };
-    InvalidateRect(child.Handle(), nullptr, FALSE);
+    InvalidateRect(child, nullptr, FALSE);
     Settle();
-    MoveWindow(child.Handle(), 60, 20, 40, 40, TRUE);
+    MoveWindow(child, 60, 20, 40, 40, TRUE);
     EXPECT_EQ(Pending(child), kNone);
     Pump();
-    EXPECT_EQ(ReadClient(child.Handle()).At(5, 5), 0x0000FFU);
-    EXPECT_EQ(ReadClient(window.Handle()).At(5, 5), 0xFF0000U) << "the place that the child left";
-    EXPECT_EQ(ReadClient(window.Handle()).At(65, 25), 0x0000FFU);
-    MoveWindow(window.Handle(), 140, 150, 200, 100, TRUE);
+    EXPECT_EQ(ReadClient(child).At(5, 5), kBlue);
+    EXPECT_EQ(ReadClient(window).At(5, 5), kRed) << "the place that the child left";
+    EXPECT_EQ(ReadClient(window).At(65, 25), kBlue);
+    MoveWindow(window, 140, 150, 200, 100, TRUE);
     EXPECT_EQ(Pending(window), kNone);
-    EXPECT_EQ(ReadClient(window.Handle()).At(65, 25), 0x0000FFU);
+    EXPECT_EQ(ReadClient(window).At(65, 25), kBlue);
 }
 
 TEST_F(Painting, HidingAChildShowsWhatIsBehindIt)
 {
-    PlatformWindowOptions options = Painted(Popup("parent"));
-    options.background = red;
-    const PlatformWindow parent(options);
-    PlatformWindowOptions below = Painted(Child("below", parent, {40, 10, 80, 50}));
-    PlatformWindowOptions above = Painted(Child("above", parent, {50, 20, 100, 60}));
-    above.background = blue;
-    const PlatformWindow top(above);
-    const PlatformWindow bottom(below);
+    const PlatformWindow parent(Painted(Popup("parent")).Filled(red));
+    const PlatformWindow above(Painted(Child("above", parent, {50, 20, 100, 60})).Filled(blue));
+    const PlatformWindow below(Painted(Child("below", parent, {40, 10, 80, 50})));
     Settle();
-    ShowWindow(top.Handle(), SW_HIDE);
+    ShowWindow(above, SW_HIDE);
     Pump();
-    EXPECT_THAT(log.Lines({WM_PAINT}), ElementsAre("parent WM_PAINT", "below WM_PAINT"));
-    EXPECT_EQ(ReadClient(parent.Handle()).At(95, 55), 0xFF0000U);
+    EXPECT_TRUE(log.Tells("parent PAINT, below PAINT"));
+    EXPECT_EQ(ReadClient(parent).At(95, 55), kRed);
 }
 
 TEST_F(Painting, DrawingIsCutToTheWindow)
 {
-    PlatformWindowOptions options = Painted(Popup("parent"));
-    options.background = red;
-    options.style = WS_POPUP | WS_CLIPCHILDREN;
-    const PlatformWindow parent(options);
+    const PlatformWindow parent(Painted(Popup("parent")).Styled(WS_POPUP | WS_CLIPCHILDREN).Filled(red));
     const PlatformWindow child(Child("child", parent, {50, 20, 100, 60}));
     const PlatformWindow inner(Child("inner", child, {30, 30, 100, 100}));
     Settle();
-    const auto fill = [&](const PlatformWindow& window, HBRUSH brush) {
-        const HDC dc = GetDC(window.Handle());
+    const auto fill = [&](HWND window, HBRUSH brush) {
+        const HDC dc = GetDC(window);
         const RECT all{-500, -500, 500, 500};
         FillRect(dc, &all, brush);
-        ReleaseDC(window.Handle(), dc);
+        ReleaseDC(window, dc);
     };
     fill(parent, red);
     fill(child, blue);
-    EXPECT_EQ(ReadClient(parent.Handle()).At(49, 30), 0xFF0000U);
-    EXPECT_EQ(ReadClient(child.Handle()).At(49, 39), 0x0000FFU);
+    EXPECT_EQ(ReadClient(parent).At(49, 30), kRed);
+    EXPECT_EQ(ReadClient(child).At(49, 39), kBlue);
     fill(inner, red);
-    EXPECT_EQ(ReadClient(child.Handle()).At(49, 39), 0xFF0000U);
-    EXPECT_EQ(ReadClient(child.Handle()).At(29, 29), 0x0000FFU);
-    const ClientPixels pixels = ReadClient(inner.Handle());
-    EXPECT_EQ(pixels.At(0, 0), 0xFF0000U);
+    EXPECT_EQ(ReadClient(child).At(49, 39), kRed);
+    EXPECT_EQ(ReadClient(child).At(29, 29), kBlue);
+    EXPECT_EQ(ReadClient(inner).At(0, 0), kRed);
 }
 
 TEST_F(Painting, SetRedrawOffSuppressesInvalidation)
 {
-    const PlatformWindow window(Painted(Popup("w")));
+    const PlatformWindow window(Painted(Popup()));
     Settle();
-    SendMessageA(window.Handle(), WM_SETREDRAW, FALSE, 0);
-    InvalidateRect(window.Handle(), nullptr, TRUE);
-    Pump();
-    EXPECT_THAT(paints, IsEmpty());
-    SendMessageA(window.Handle(), WM_SETREDRAW, TRUE, 0);
-    InvalidateRect(window.Handle(), nullptr, TRUE);
-    Pump();
-    EXPECT_EQ(paints.size(), 1U);
+    for (const bool isOn : {false, true}) {
+        SendMessageA(window, WM_SETREDRAW, isOn, 0);
+        InvalidateRect(window, nullptr, TRUE);
+        Pump();
+        EXPECT_EQ(paints.size(), isOn ? 1U : 0U);
+    }
 }

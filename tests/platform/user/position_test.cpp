@@ -3,149 +3,119 @@
 #include "platform/user/window_test.h"
 
 using namespace qvui::test;
-using testing::ElementsAre;
 
 namespace {
 
 const std::vector<UINT> kPosition{WM_WINDOWPOSCHANGING, WM_NCCALCSIZE, WM_WINDOWPOSCHANGED, WM_MOVE, WM_SIZE};
+constexpr UINT kStack = SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE;
 
-class Positions : public WindowTest {
-protected:
-    static RECT PlaceOf(const PlatformWindow& window)
-    {
-        RECT rect{};
-        GetWindowRect(window.Handle(), &rect);
-        return rect;
-    }
-    static std::vector<LONG> Numbers(const RECT& rect) { return {rect.left, rect.top, rect.right, rect.bottom}; }
-};
+void Stack(HWND window, HWND after, UINT flags = kStack)
+{
+    SetWindowPos(window, after, 0, 0, 0, 0, flags);
+}
+
+class Positions : public WindowTest {};
 
 }  // namespace
 
 TEST_F(Positions, AreToldInOrder)
 {
-    struct Case {
+    const struct {
         const char* name;
         RECT place;
-        std::vector<std::string> expected;
-    };
-    const std::vector<Case> cases{
-        {"move only", {120, 130, 320, 230}, {"w WM_WINDOWPOSCHANGING", "w WM_WINDOWPOSCHANGED", "w WM_MOVE"}},
-        {"size only", {120, 130, 330, 240}, {"w WM_WINDOWPOSCHANGING", "w WM_NCCALCSIZE", "w WM_WINDOWPOSCHANGED", "w WM_SIZE"}},
-        {"both", {100, 100, 300, 200},
-         {"w WM_WINDOWPOSCHANGING", "w WM_NCCALCSIZE", "w WM_WINDOWPOSCHANGED", "w WM_MOVE", "w WM_SIZE"}},
-        {"the same rectangle", {100, 100, 300, 200}, {"w WM_WINDOWPOSCHANGING"}},
-        {"negative extents are none", {100, 100, 90, 95},
-         {"w WM_WINDOWPOSCHANGING", "w WM_NCCALCSIZE", "w WM_WINDOWPOSCHANGED", "w WM_SIZE"}},
+        const char* expected;
+    } cases[] = {
+        {"move only", {120, 130, 320, 230}, "w WINDOWPOSCHANGING WINDOWPOSCHANGED MOVE"},
+        {"size only", {120, 130, 330, 240}, "w WINDOWPOSCHANGING NCCALCSIZE WINDOWPOSCHANGED SIZE"},
+        {"both", {100, 100, 300, 200}, "w WINDOWPOSCHANGING NCCALCSIZE WINDOWPOSCHANGED MOVE SIZE"},
+        {"the same rectangle", {100, 100, 300, 200}, "w WINDOWPOSCHANGING"},
+        {"negative extents are none",
+         {100, 100, 90, 95},
+         "w WINDOWPOSCHANGING NCCALCSIZE WINDOWPOSCHANGED SIZE"},
     };
     for (const bool isShown : {true, false}) {
-        PlatformWindowOptions options = Popup("w");
-        options.isShown = isShown;
-        const PlatformWindow window(options);
-        for (const Case& c : cases) {
+        const PlatformWindow window(isShown ? Popup() : Popup().Hidden());
+        for (const auto& c : cases) {
+            const RECT& place = c.place;
             Settle();
-            MoveWindow(window.Handle(), c.place.left, c.place.top, c.place.right - c.place.left,
-                       c.place.bottom - c.place.top, TRUE);
-            EXPECT_EQ(log.Lines(kPosition), c.expected) << c.name << (isShown ? ", shown" : ", hidden");
-            const RECT expected{c.place.left, c.place.top, std::max(c.place.right, c.place.left),
-                                std::max(c.place.bottom, c.place.top)};
-            EXPECT_EQ(Numbers(PlaceOf(window)), Numbers(expected)) << c.name;
+            MoveWindow(window, place.left, place.top, place.right - place.left, place.bottom - place.top,
+                       TRUE);
+            EXPECT_TRUE(log.Tells(c.expected, kPosition)) << c.name << (isShown ? ", shown" : ", hidden");
+            EXPECT_EQ(PlaceOf(window), Text(RECT{place.left, place.top, std::max(place.right, place.left),
+                                                 std::max(place.bottom, place.top)}))
+                << c.name;
         }
     }
 }
 
 TEST_F(Positions, CarryClientSizeAndPlace)
 {
-    const PlatformWindow window(Popup("w"));
+    const PlatformWindow window(Popup());
     const PlatformWindow child(Child("child", window, {0, 0, 10, 10}));
     Settle();
-    MoveWindow(child.Handle(), -5, 7, 30, 40, TRUE);
-    EXPECT_EQ(GET_X_LPARAM(log.Only({WM_MOVE}).front().lParam), -5);
-    EXPECT_EQ(GET_Y_LPARAM(log.Only({WM_MOVE}).front().lParam), 7);
-    EXPECT_EQ(log.Only({WM_SIZE}).front().lParam, MAKELPARAM(30, 40));
-    EXPECT_EQ(Numbers(PlaceOf(child)), (std::vector<LONG>{95, 107, 125, 147}));
+    MoveWindow(child, -5, 7, 30, 40, TRUE);
+    EXPECT_EQ(log.Last(WM_MOVE).X(), -5);
+    EXPECT_EQ(log.Last(WM_MOVE).Y(), 7);
+    EXPECT_EQ(log.Last(WM_SIZE).lParam, MAKELPARAM(30, 40));
+    EXPECT_EQ(PlaceOf(child), "95,107,125,147");
 }
 
-TEST_F(Positions, AnswerOfTheChangingMessageIsWhatHappens)
+TEST_F(Positions, AnswersDecideWhatHappensAndWhatIsTold)
 {
-    PlatformWindow window(Popup("w"));
-    window.SetHandler([](const LoggedMessage& message) -> std::optional<LRESULT> {
-        if (message.message == WM_WINDOWPOSCHANGING)
-            reinterpret_cast<WINDOWPOS*>(message.lParam)->cx = 64;
-        return std::nullopt;
-    });
+    PlatformWindow window(Popup());
+    window.SetHandler(On(WM_WINDOWPOSCHANGING,
+                         [](auto& message) { reinterpret_cast<WINDOWPOS*>(message.lParam)->cx = 64; }));
+    MoveWindow(window, 100, 100, 150, 80, TRUE);
+    EXPECT_EQ(PlaceOf(window), "100,100,164,180");
+    EXPECT_EQ(log.Last(WM_SIZE).lParam, MAKELPARAM(64, 80));
+    window.SetHandler(Answer(WM_WINDOWPOSCHANGED, 0));
     Settle();
-    MoveWindow(window.Handle(), 100, 100, 150, 80, TRUE);
-    EXPECT_EQ(Numbers(PlaceOf(window)), (std::vector<LONG>{100, 100, 164, 180}));
-    EXPECT_EQ(log.Only({WM_SIZE}).front().lParam, MAKELPARAM(64, 80));
-}
-
-TEST_F(Positions, WhoSwallowsTheChangedMessageIsNotToldSizeAndPlace)
-{
-    PlatformWindow window(Popup("w"));
-    window.SetHandler([](const LoggedMessage& message) -> std::optional<LRESULT> {
-        return message.message == WM_WINDOWPOSCHANGED ? std::optional<LRESULT>(0) : std::nullopt;
-    });
-    Settle();
-    MoveWindow(window.Handle(), 120, 120, 150, 80, TRUE);
-    EXPECT_THAT(log.Lines(kPosition), ElementsAre("w WM_WINDOWPOSCHANGING", "w WM_NCCALCSIZE", "w WM_WINDOWPOSCHANGED"));
+    MoveWindow(window, 120, 120, 150, 80, TRUE);
+    EXPECT_TRUE(log.Tells("w WINDOWPOSCHANGING NCCALCSIZE WINDOWPOSCHANGED", kPosition)) << "swallowed";
 }
 
 TEST_F(Positions, MinimisingAndMaximisingNameTheirKind)
 {
-    const PlatformWindow window(Popup("w"));
-    Settle();
-    ShowWindow(window.Handle(), SW_MINIMIZE);
-    EXPECT_TRUE(IsIconic(window.Handle()));
-    EXPECT_EQ(log.Only({WM_SIZE}).back().wParam, static_cast<WPARAM>(SIZE_MINIMIZED));
-    EXPECT_EQ(log.Only({WM_SIZE}).back().lParam, 0);
-    Settle();
-    ShowWindow(window.Handle(), SW_RESTORE);
-    EXPECT_FALSE(IsIconic(window.Handle()));
-    EXPECT_EQ(log.Only({WM_SIZE}).back().wParam, static_cast<WPARAM>(SIZE_RESTORED));
-    EXPECT_EQ(log.Only({WM_SIZE}).back().lParam, MAKELPARAM(200, 100));
-    Settle();
-    ShowWindow(window.Handle(), SW_MAXIMIZE);
-    EXPECT_TRUE(IsZoomed(window.Handle()));
-    EXPECT_EQ(log.Only({WM_SIZE}).back().wParam, static_cast<WPARAM>(SIZE_MAXIMIZED));
-    EXPECT_EQ(log.Only({WM_SIZE}).back().lParam, MAKELPARAM(GetSystemMetrics(SM_CXSCREEN), GetSystemMetrics(SM_CYSCREEN)));
-    ShowWindow(window.Handle(), SW_RESTORE);
-    EXPECT_FALSE(IsZoomed(window.Handle()));
-    EXPECT_EQ(Numbers(PlaceOf(window)), (std::vector<LONG>{100, 100, 300, 200}));
+    const PlatformWindow window(Popup());
+    const SIZE screen{GetSystemMetrics(SM_CXSCREEN), GetSystemMetrics(SM_CYSCREEN)};
+    const struct {
+        int command;
+        BOOL isIconic, isZoomed;
+        WPARAM kind;
+        SIZE size;
+    } cases[] = {
+        {SW_MINIMIZE, TRUE, FALSE, SIZE_MINIMIZED, {0, 0}},
+        {SW_RESTORE, FALSE, FALSE, SIZE_RESTORED, {200, 100}},
+        {SW_MAXIMIZE, FALSE, TRUE, SIZE_MAXIMIZED, screen},
+        {SW_RESTORE, FALSE, FALSE, SIZE_RESTORED, {200, 100}},
+    };
+    for (const auto& c : cases) {
+        Settle();
+        ShowWindow(window, c.command);
+        EXPECT_EQ(IsIconic(window), c.isIconic) << c.command;
+        EXPECT_EQ(IsZoomed(window), c.isZoomed) << c.command;
+        EXPECT_EQ(log.Last(WM_SIZE).wParam, c.kind) << c.command;
+        EXPECT_EQ(log.Last(WM_SIZE).lParam, MAKELPARAM(c.size.cx, c.size.cy)) << c.command;
+    }
+    EXPECT_EQ(PlaceOf(window), Text(kPlace));
 }
 
-TEST_F(Positions, MaximisingAsksForTheLargestPlace)
+TEST_F(Positions, TheWindowSetsItsLimits)
 {
-    PlatformWindow window(Popup("w"));
-    window.SetHandler([](const LoggedMessage& message) -> std::optional<LRESULT> {
-        if (message.message != WM_GETMINMAXINFO)
-            return std::nullopt;
-        auto& limits = *reinterpret_cast<MINMAXINFO*>(message.lParam);
-        limits.ptMaxPosition = {7, 9};
-        limits.ptMaxSize = {300, 250};
-        return 0;
-    });
-    ShowWindow(window.Handle(), SW_MAXIMIZE);
-    EXPECT_EQ(Numbers(PlaceOf(window)), (std::vector<LONG>{7, 9, 307, 259}));
-}
-
-TEST_F(Positions, TrackSizesLimitASizableWindow)
-{
-    PlatformWindowOptions options = Popup("w");
-    options.style = WS_POPUP | WS_THICKFRAME;
-    PlatformWindow window(options);
-    window.SetHandler([](const LoggedMessage& message) -> std::optional<LRESULT> {
-        if (message.message != WM_GETMINMAXINFO)
-            return std::nullopt;
-        auto& limits = *reinterpret_cast<MINMAXINFO*>(message.lParam);
-        limits.ptMinTrackSize = {150, 90};
-        limits.ptMaxTrackSize = {400, 300};
-        return 0;
-    });
-    MoveWindow(window.Handle(), 100, 100, 60, 50, TRUE);
-    EXPECT_EQ(Numbers(PlaceOf(window)), (std::vector<LONG>{100, 100, 250, 190}));
-    MoveWindow(window.Handle(), 100, 100, 600, 500, TRUE);
-    EXPECT_EQ(Numbers(PlaceOf(window)), (std::vector<LONG>{100, 100, 500, 400}));
+    const PlatformWindow window(
+        Popup().Styled(WS_POPUP | WS_THICKFRAME).Answering(On(WM_GETMINMAXINFO, [](auto& message) {
+            auto& limits = *reinterpret_cast<MINMAXINFO*>(message.lParam);
+            limits.ptMaxPosition = {7, 9};
+            limits.ptMaxSize = {300, 250};
+            limits.ptMinTrackSize = {150, 90};
+            limits.ptMaxTrackSize = {400, 300};
+        })));
+    MoveWindow(window, 100, 100, 60, 50, TRUE);
+    EXPECT_EQ(PlaceOf(window), "100,100,250,190");
+    MoveWindow(window, 100, 100, 600, 500, TRUE);
+    EXPECT_EQ(PlaceOf(window), "100,100,500,400");
+    ShowWindow(window, SW_MAXIMIZE);
+    EXPECT_EQ(PlaceOf(window), "7,9,307,259");
 }
 
 TEST_F(Positions, StackingFollowsInsertAfter)
@@ -155,66 +125,57 @@ TEST_F(Positions, StackingFollowsInsertAfter)
     const PlatformWindow b(Child("b", parent, {0, 0, 10, 10}));
     const PlatformWindow c(Child("c", parent, {0, 0, 10, 10}));
     const auto order = [&] {
-        std::vector<HWND> handles;
-        for (HWND at = GetWindow(parent.Handle(), GW_CHILD); at; at = GetWindow(at, GW_HWNDNEXT))
-            handles.push_back(at);
-        return handles;
+        std::string names;
+        for (HWND at = GetWindow(parent, GW_CHILD); at; at = GetWindow(at, GW_HWNDNEXT))
+            names += at == a ? "a" : at == b ? "b" : "c";
+        return names;
     };
-    // A new child goes below its siblings.
-    EXPECT_THAT(order(), ElementsAre(a.Handle(), b.Handle(), c.Handle()));
-    constexpr UINT kStack = SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE;
-    SetWindowPos(c.Handle(), HWND_TOP, 0, 0, 0, 0, kStack);
-    EXPECT_THAT(order(), ElementsAre(c.Handle(), a.Handle(), b.Handle()));
-    SetWindowPos(c.Handle(), a.Handle(), 0, 0, 0, 0, kStack);
-    EXPECT_THAT(order(), ElementsAre(a.Handle(), c.Handle(), b.Handle()));
-    SetWindowPos(a.Handle(), HWND_BOTTOM, 0, 0, 0, 0, kStack);
-    EXPECT_THAT(order(), ElementsAre(c.Handle(), b.Handle(), a.Handle()));
+    EXPECT_EQ(order(), "abc") << "a new child goes below its siblings";
+    Stack(c, HWND_TOP);
+    EXPECT_EQ(order(), "cab");
+    Stack(c, a);
+    EXPECT_EQ(order(), "acb");
+    Stack(a, HWND_BOTTOM);
+    EXPECT_EQ(order(), "cba");
 }
 
 TEST_F(Positions, StackingActivatesUnlessToldNot)
 {
     const PlatformWindow first(Popup("first"));
-    const PlatformWindow second(Popup("second", {400, 100, 500, 200}));
-    constexpr UINT kKeep = SWP_NOMOVE | SWP_NOSIZE;
-    SetWindowPos(first.Handle(), HWND_TOP, 0, 0, 0, 0, kKeep | SWP_NOACTIVATE);
-    EXPECT_EQ(GetActiveWindow(), second.Handle());
-    SetWindowPos(second.Handle(), HWND_TOP, 0, 0, 0, 0, kKeep | SWP_NOACTIVATE);
+    const PlatformWindow second(Popup("second", kBeside));
+    Stack(first, HWND_TOP);
+    EXPECT_EQ(GetActiveWindow(), second);
+    Stack(second, HWND_TOP);
     Settle();
-    SetWindowPos(first.Handle(), HWND_TOP, 0, 0, 0, 0, kKeep);
-    EXPECT_EQ(GetActiveWindow(), first.Handle());
-    EXPECT_THAT(log.Lines({WM_WINDOWPOSCHANGING, WM_ACTIVATE, WM_SETFOCUS, WM_WINDOWPOSCHANGED}),
-                ElementsAre("first WM_WINDOWPOSCHANGING", "second WM_ACTIVATE", "first WM_ACTIVATE", "first WM_SETFOCUS",
-                            "first WM_WINDOWPOSCHANGED"));
+    Stack(first, HWND_TOP, SWP_NOMOVE | SWP_NOSIZE);
+    EXPECT_EQ(GetActiveWindow(), first);
+    EXPECT_TRUE(
+        log.Tells("first WINDOWPOSCHANGING, second ACTIVATE, first ACTIVATE SETFOCUS WINDOWPOSCHANGED"));
 }
 
-TEST_F(Positions, OwnedPopupsStayAboveTheirOwner)
+TEST_F(Positions, OwnedAndTopmostPopupsStayAbove)
 {
-    const PlatformWindow owner(Popup("owner", {100, 100, 300, 300}));
-    PlatformWindowOptions options = Popup("owned", {150, 150, 250, 250});
-    options.parent = owner.Handle();
-    const PlatformWindow owned(options);
-    SetActiveWindow(owner.Handle());
-    EXPECT_EQ(WindowFromPoint({200, 200}), owned.Handle());
-    SetWindowPos(owner.Handle(), HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE);
-    EXPECT_EQ(WindowFromPoint({200, 200}), owned.Handle());
-}
-
-TEST_F(Positions, ATopmostWindowStaysAboveAnActivatedOne)
-{
-    const PlatformWindow plain(Popup("plain", {100, 100, 300, 300}));
-    PlatformWindowOptions options = Hidden(Popup("topmost", {150, 150, 250, 250}));
-    options.exStyle = WS_EX_TOPMOST;
-    const PlatformWindow topmost(options);
-    ShowWindow(topmost.Handle(), SW_SHOWNOACTIVATE);
-    SetActiveWindow(plain.Handle());
-    SetWindowPos(plain.Handle(), HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE);
-    EXPECT_EQ(WindowFromPoint({200, 200}), topmost.Handle());
-    SetWindowPos(topmost.Handle(), HWND_NOTOPMOST, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
-    SetWindowPos(plain.Handle(), HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
-    EXPECT_EQ(WindowFromPoint({200, 200}), plain.Handle());
-    SetWindowPos(topmost.Handle(), HWND_TOPMOST, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
-    EXPECT_EQ(WindowFromPoint({200, 200}), topmost.Handle());
-    EXPECT_TRUE(GetWindowLongA(topmost.Handle(), GWL_EXSTYLE) & WS_EX_TOPMOST);
+    const PlatformWindow below(Popup("below", {100, 100, 300, 300}));
+    const RECT inside{150, 150, 250, 250};
+    const auto onTop = [] { return WindowFromPoint({200, 200}); };
+    {
+        const PlatformWindow owned(Popup("owned", inside).Below(below));
+        SetActiveWindow(below);
+        EXPECT_EQ(onTop(), owned);
+        Stack(below, HWND_TOP, SWP_NOMOVE | SWP_NOSIZE);
+        EXPECT_EQ(onTop(), owned);
+    }
+    const PlatformWindow topmost(Popup("topmost", inside).Hidden().ExStyled(WS_EX_TOPMOST));
+    ShowWindow(topmost, SW_SHOWNOACTIVATE);
+    SetActiveWindow(below);
+    Stack(below, HWND_TOP, SWP_NOMOVE | SWP_NOSIZE);
+    EXPECT_EQ(onTop(), topmost);
+    Stack(topmost, HWND_NOTOPMOST);
+    Stack(below, HWND_TOP);
+    EXPECT_EQ(onTop(), below);
+    Stack(topmost, HWND_TOPMOST);
+    EXPECT_EQ(onTop(), topmost);
+    EXPECT_TRUE(GetWindowLongA(topmost, GWL_EXSTYLE) & WS_EX_TOPMOST);
 }
 
 TEST_F(Positions, ScreenAndClientCoordinatesConvertThroughAllParents)
@@ -223,10 +184,8 @@ TEST_F(Positions, ScreenAndClientCoordinatesConvertThroughAllParents)
     const PlatformWindow child(Child("child", window, {10, 20, 110, 120}));
     const PlatformWindow grandchild(Child("grandchild", child, {1, 2, 50, 50}));
     POINT point{3, 4};
-    EXPECT_TRUE(ClientToScreen(grandchild.Handle(), &point));
-    EXPECT_EQ(point.x, 114);
-    EXPECT_EQ(point.y, 136);
-    EXPECT_TRUE(ScreenToClient(child.Handle(), &point));
-    EXPECT_EQ(point.x, 4);
-    EXPECT_EQ(point.y, 6);
+    EXPECT_TRUE(ClientToScreen(grandchild, &point));
+    EXPECT_EQ(Text(point), "114,136");
+    EXPECT_TRUE(ScreenToClient(child, &point));
+    EXPECT_EQ(Text(point), "4,6");
 }

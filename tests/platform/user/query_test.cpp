@@ -3,7 +3,6 @@
 #include "platform/user/window_test.h"
 
 using namespace qvui::test;
-using testing::ElementsAre;
 
 namespace {
 
@@ -25,68 +24,56 @@ TEST_F(Query, ParentIsParentOrOwnerOfAPopup)
         HWND parent;
         HWND owner;
     };
-    const std::vector<Case> cases{
-        {"child", WS_CHILD, child.Handle(), child.Handle(), nullptr},
-        {"owned popup", WS_POPUP, top.Handle(), top.Handle(), top.Handle()},
+    const Case cases[] = {
+        {"child", WS_CHILD, child, child, nullptr},
+        {"owned popup", WS_POPUP, top, top, top},
         {"unowned popup", WS_POPUP, nullptr, nullptr, nullptr},
-        {"owned overlapped", WS_OVERLAPPED, top.Handle(), nullptr, top.Handle()},
-        {"a child given as owner", WS_POPUP, grandchild.Handle(), top.Handle(), top.Handle()},
+        {"owned overlapped", WS_OVERLAPPED, top, nullptr, top},
+        {"a child given as owner", WS_POPUP, grandchild, top, top},
     };
     for (const Case& c : cases) {
-        PlatformWindowOptions options = Hidden(Popup("w"));
-        options.style = c.style;
-        options.parent = c.given;
-        const PlatformWindow window(options);
-        EXPECT_EQ(GetParent(window.Handle()), c.parent) << c.name;
-        EXPECT_EQ(GetWindow(window.Handle(), GW_OWNER), c.owner) << c.name;
+        const PlatformWindow window(Popup().Hidden().Styled(c.style).Below(c.given));
+        EXPECT_EQ(GetParent(window), c.parent) << c.name;
+        EXPECT_EQ(GetWindow(window, GW_OWNER), c.owner) << c.name;
     }
-    EXPECT_EQ(GetAncestor(grandchild.Handle(), GA_ROOT), top.Handle());
-    EXPECT_EQ(GetAncestor(grandchild.Handle(), GA_PARENT), child.Handle());
-    EXPECT_TRUE(IsChild(top.Handle(), grandchild.Handle()));
-    EXPECT_FALSE(IsChild(grandchild.Handle(), top.Handle()));
-    EXPECT_FALSE(IsChild(top.Handle(), top.Handle()));
-}
-
-TEST_F(Query, RootOwnerGoesThroughOwners)
-{
-    PlatformWindowOptions options = Hidden(Popup("owned"));
-    options.parent = top.Handle();
-    const PlatformWindow owned(options);
-    const PlatformWindow child(Child("child", owned, {0, 0, 10, 10}));
-    EXPECT_EQ(GetAncestor(child.Handle(), GA_ROOT), owned.Handle());
-    EXPECT_EQ(GetAncestor(child.Handle(), GA_ROOTOWNER), top.Handle());
+    EXPECT_EQ(GetAncestor(grandchild, GA_ROOT), top);
+    EXPECT_EQ(GetAncestor(grandchild, GA_PARENT), child);
+    EXPECT_TRUE(IsChild(top, grandchild));
+    EXPECT_FALSE(IsChild(grandchild, top));
+    EXPECT_FALSE(IsChild(top, top));
+    const PlatformWindow owned(Popup("owned").Hidden().Below(top));
+    const PlatformWindow inOwned(Child("inOwned", owned, {0, 0, 10, 10}));
+    EXPECT_EQ(GetAncestor(inOwned, GA_ROOT), owned);
+    EXPECT_EQ(GetAncestor(inOwned, GA_ROOTOWNER), top);
 }
 
 TEST_F(Query, TabItemsGoRoundAndSkipWhatCannotTakeTheFocus)
 {
-    EXPECT_EQ(GetNextDlgTabItem(top.Handle(), nullptr, FALSE), nullptr);
-    PlatformWindowOptions plain = Child("plain", top, {0, 0, 10, 10});
-    const PlatformWindow still(plain);
-    EXPECT_EQ(GetNextDlgTabItem(top.Handle(), still.Handle(), FALSE), still.Handle());
-    const auto stop = [&](const char* name, DWORD more, DWORD less = 0) {
-        PlatformWindowOptions options = Child(name, top, {0, 0, 10, 10});
-        options.style = (options.style | WS_TABSTOP | more) & ~less;
-        return std::make_unique<PlatformWindow>(options);
+    EXPECT_EQ(GetNextDlgTabItem(top, nullptr, FALSE), nullptr);
+    const PlatformWindow still(Child("plain", top, {0, 0, 10, 10}));
+    EXPECT_EQ(GetNextDlgTabItem(top, still, FALSE), still);
+    const auto stop = [&](const char* name, DWORD style = WS_VISIBLE) {
+        return Child(name, top, {0, 0, 10, 10}).Styled(WS_CHILD | WS_TABSTOP | style);
     };
-    const auto first = stop("first", 0);
-    const auto disabled = stop("disabled", WS_DISABLED);
-    const auto hidden = stop("hidden", 0, WS_VISIBLE);
-    const auto second = stop("second", 0);
-    const auto third = stop("third", 0);
-    const auto next = [&](HWND from, BOOL previous) { return GetNextDlgTabItem(top.Handle(), from, previous); };
-    EXPECT_EQ(next(nullptr, FALSE), first->Handle());
-    EXPECT_EQ(next(first->Handle(), FALSE), second->Handle());
-    EXPECT_EQ(next(third->Handle(), FALSE), first->Handle());
-    EXPECT_EQ(next(first->Handle(), TRUE), third->Handle());
-    EXPECT_EQ(next(third->Handle(), TRUE), second->Handle());
+    const PlatformWindow first(stop("first"));
+    const PlatformWindow disabled(stop("disabled", WS_VISIBLE | WS_DISABLED));
+    const PlatformWindow hidden(stop("hidden", 0));
+    const PlatformWindow second(stop("second"));
+    const PlatformWindow third(stop("third"));
+    const auto next = [&](HWND from, BOOL previous) { return GetNextDlgTabItem(top, from, previous); };
+    EXPECT_EQ(next(nullptr, FALSE), first);
+    EXPECT_EQ(next(first, FALSE), second);
+    EXPECT_EQ(next(third, FALSE), first);
+    EXPECT_EQ(next(first, TRUE), third);
+    EXPECT_EQ(next(third, TRUE), second);
 }
 
 TEST_F(Query, StaleHandlesAnswerNothing)
 {
-    PlatformWindow gone(Popup("gone", {400, 100, 500, 200}));
-    const HWND handle = gone.Handle();
+    PlatformWindow gone(Popup("gone", kBeside));
+    const HWND handle = gone;
     gone.Destroy();
-    const PlatformWindow successor(Popup("successor", {400, 100, 500, 200}));
+    const PlatformWindow successor(Popup("successor", kBeside));
     for (const HWND stale : {handle, reinterpret_cast<HWND>(INT_PTR{0x1234568}), HWND{nullptr}}) {
         RECT rect{};
         POINT point{};
@@ -107,19 +94,17 @@ TEST_F(Query, StaleHandlesAnswerNothing)
             EXPECT_FALSE(InvalidateRect(stale, nullptr, FALSE));
         }
     }
-    EXPECT_TRUE(IsWindow(successor.Handle()));
+    EXPECT_TRUE(IsWindow(successor));
 }
 
 TEST_F(Query, ValuesBelongToTheWindow)
 {
-    const HWND handle = top.Handle();
+    const HWND handle = top;
     EXPECT_EQ(SetWindowLongPtrA(handle, GWLP_USERDATA, 1234), 0);
     EXPECT_EQ(SetWindowLongPtrA(handle, GWLP_USERDATA, 5678), 1234);
     EXPECT_EQ(GetWindowLongPtrA(handle, GWLP_USERDATA), 5678);
     EXPECT_TRUE(GetWindowLongA(handle, GWL_STYLE) & WS_VISIBLE);
-    PlatformWindowOptions options = Hidden(Popup("long title"));
-    const PlatformWindow other(options);
-    EXPECT_FALSE(GetWindowLongA(other.Handle(), GWL_STYLE) & WS_VISIBLE);
+    EXPECT_FALSE(GetWindowLongA(PlatformWindow(Popup("other").Hidden()), GWL_STYLE) & WS_VISIBLE);
     EXPECT_TRUE(SetWindowTextA(handle, "new title"));
     char text[20] = "";
     EXPECT_EQ(GetWindowTextA(handle, text, sizeof text), 9);
@@ -138,12 +123,12 @@ TEST_F(Query, TheProcedureCanBeReplacedAndCalled)
     top.SetHandler([](const LoggedMessage& message) -> std::optional<LRESULT> {
         return message.message >= WM_APP ? std::optional<LRESULT>(7) : std::nullopt;
     });
-    original = reinterpret_cast<WNDPROC>(SetWindowLongPtrA(top.Handle(), GWLP_WNDPROC,
-                                                           reinterpret_cast<LONG_PTR>(static_cast<WNDPROC>(replacement))));
-    EXPECT_EQ(SendMessageA(top.Handle(), WM_APP, 0, 0), 99);
-    EXPECT_EQ(SendMessageA(top.Handle(), WM_APP + 1, 0, 0), 7);
-    SetWindowLongPtrA(top.Handle(), GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(original));
-    EXPECT_EQ(SendMessageA(top.Handle(), WM_APP, 0, 0), 7);
+    original = reinterpret_cast<WNDPROC>(
+        SetWindowLongPtrA(top, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(static_cast<WNDPROC>(replacement))));
+    EXPECT_EQ(SendMessageA(top, WM_APP, 0, 0), 99);
+    EXPECT_EQ(SendMessageA(top, WM_APP + 1, 0, 0), 7);
+    SetWindowLongPtrA(top, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(original));
+    EXPECT_EQ(SendMessageA(top, WM_APP, 0, 0), 7);
 }
 
 TEST_F(Query, ClassesAreFoundByName)
@@ -162,8 +147,8 @@ TEST_F(Query, ClassesAreFoundByName)
     found.cbSize = sizeof found;
     EXPECT_TRUE(GetClassInfoExA(definition.hInstance, "QVUI QUERY CLASS", &found));
     EXPECT_EQ(found.style, static_cast<UINT>(CS_DBLCLKS));
-    const HWND byAtom = CreateWindowExA(0, MAKEINTRESOURCEA(atom), "", WS_POPUP, 0, 0, 10, 10, nullptr, nullptr,
-                                        definition.hInstance, nullptr);
+    const HWND byAtom = CreateWindowExA(0, MAKEINTRESOURCEA(atom), "", WS_POPUP, 0, 0, 10, 10, nullptr,
+                                        nullptr, definition.hInstance, nullptr);
     EXPECT_NE(byAtom, nullptr);
     char name[32] = "";
     EXPECT_EQ(GetClassNameA(byAtom, name, sizeof name), 16);

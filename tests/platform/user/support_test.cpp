@@ -10,7 +10,6 @@
 #include "support/screenshot.h"
 
 using namespace qvui::test;
-using testing::ElementsAre;
 
 TEST(Support, LeakCheckNamesWhatIsLeft)
 {
@@ -28,7 +27,7 @@ TEST(Support, ClientPixelsShowWhatWasPainted)
     const HBRUSH red = CreateSolidBrush(RGB(255, 0, 0));
     {
         PlatformWindow window({.place = {50, 60, 90, 80}, .background = red});
-        const ClientPixels pixels = ReadClient(window.Handle());
+        const ClientPixels pixels = ReadClient(window);
         EXPECT_EQ(pixels.width, 40);
         EXPECT_EQ(pixels.height, 20);
         EXPECT_EQ(pixels.At(0, 0), 0xFF0000U);
@@ -70,27 +69,20 @@ TEST(Support, PointerAndKeysSendWhatTheyName)
     PlatformWindow window;
     Pump();
     window.Log().Clear();
-    MessagePointer(window.Handle()).Click({5, 6}).Wheel(-1);
-    MessageKeys(window.Handle()).Press(VK_TAB).Type("a").PressWithAlt('x');
-    EXPECT_THAT(window.Log().Lines({WM_MOUSEMOVE, WM_LBUTTONDOWN, WM_LBUTTONUP, WM_MOUSEWHEEL, WM_KEYDOWN, WM_CHAR, WM_KEYUP,
-                                    WM_SYSKEYDOWN, WM_SYSCHAR, WM_SYSKEYUP}),
-                ElementsAre("window WM_MOUSEMOVE", "window WM_LBUTTONDOWN", "window WM_LBUTTONUP", "window WM_MOUSEWHEEL",
-                            "window WM_KEYDOWN", "window WM_CHAR", "window WM_KEYUP", "window WM_CHAR",
-                            "window WM_SYSKEYDOWN", "window WM_SYSCHAR", "window WM_SYSKEYUP"));
-    const LoggedMessage wheel = window.Log().Only({WM_MOUSEWHEEL}).front();
-    EXPECT_EQ(GET_X_LPARAM(wheel.lParam), 105);
-    EXPECT_EQ(GET_Y_LPARAM(wheel.lParam), 106);
+    MessagePointer(window).Click({5, 6}).Wheel(-1);
+    MessageKeys keys(window);
+    keys.Press(VK_TAB).Type("a").PressWithAlt('x');
+    EXPECT_TRUE(
+        window.Log().Tells("window MOUSEMOVE LBUTTONDOWN LBUTTONUP MOUSEWHEEL KEYDOWN CHAR KEYUP CHAR "
+                           "SYSKEYDOWN SYSCHAR SYSKEYUP"));
+    EXPECT_FALSE(window.Log().Tells("window KEYDOWN KEYUP", {WM_CHAR}));
+    EXPECT_FALSE(window.Log().Tells("window KEYUP KEYDOWN"));
+    const LoggedMessage wheel = window.Log().Last(WM_MOUSEWHEEL);
+    EXPECT_EQ(wheel.lParam, MAKELPARAM(105, 106));
     EXPECT_EQ(static_cast<SHORT>(HIWORD(wheel.wParam)), -120);
     POINT pointer{};
     GetCursorPos(&pointer);
-    EXPECT_EQ(pointer.x, 105);
-    EXPECT_EQ(pointer.y, 106);
-}
-
-TEST(Support, HeldKeysAnswerGetKeyState)
-{
-    PlatformWindow window;
-    MessageKeys keys(window.Handle());
+    EXPECT_EQ(Text(pointer), "105,106");
     keys.Hold(VK_SHIFT);
     EXPECT_LT(GetKeyState(VK_SHIFT), 0);
     EXPECT_GE(GetKeyState(VK_CONTROL), 0);
@@ -101,12 +93,8 @@ TEST(Support, HeldKeysAnswerGetKeyState)
 TEST(Support, PumpFailsOnMessagesWithoutEnd)
 {
     PlatformWindow window;
-    window.SetHandler([](const LoggedMessage& message) -> std::optional<LRESULT> {
-        if (message.message == WM_PAINT)
-            return 0;  // never validates
-        return std::nullopt;
-    });
-    InvalidateRect(window.Handle(), nullptr, FALSE);
+    window.SetHandler(Answer(WM_PAINT, 0));  // never validates
+    InvalidateRect(window, nullptr, FALSE);
     EXPECT_NONFATAL_FAILURE(Pump(), "without end");
     window.SetHandler({});
     PostQuitMessage(7);

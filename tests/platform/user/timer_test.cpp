@@ -1,4 +1,5 @@
-// Timers: what they are, on both targets. When they fire is in timer_native_test.cpp, under a clock that stands still.
+// Timers: what they are, on both targets. When they fire is in timer_test_native.cpp, under a clock that
+// stands still.
 
 #include "platform/user/window_test.h"
 
@@ -8,7 +9,7 @@ namespace {
 
 class Timers : public WindowTest {
 protected:
-    PlatformWindow window{Popup("w")};
+    PlatformWindow window{Popup()};
 
     /// Waits for the next timer message of the queue.
     MSG Next()
@@ -31,13 +32,13 @@ void CALLBACK Called(HWND, UINT message, UINT_PTR id, DWORD)
 
 TEST_F(Timers, SendTheirIdToTheWindow)
 {
-    EXPECT_EQ(SetTimer(window.Handle(), 21, 1, nullptr), 21U);
+    EXPECT_EQ(SetTimer(window, 21, 1, nullptr), 21U);
     const MSG message = Next();
-    EXPECT_EQ(message.hwnd, window.Handle());
+    EXPECT_EQ(message.hwnd, window);
     EXPECT_EQ(message.wParam, 21U);
     EXPECT_EQ(message.lParam, 0);
-    EXPECT_TRUE(KillTimer(window.Handle(), 21));
-    EXPECT_FALSE(KillTimer(window.Handle(), 21));
+    EXPECT_TRUE(KillTimer(window, 21));
+    EXPECT_FALSE(KillTimer(window, 21));
 }
 
 TEST_F(Timers, WithoutAWindowGetAFreshId)
@@ -56,7 +57,7 @@ TEST_F(Timers, WithoutAWindowGetAFreshId)
 
 TEST_F(Timers, AProcedureTakesTheMessagesPlace)
 {
-    SetTimer(window.Handle(), 33, 1, Called);
+    SetTimer(window, 33, 1, Called);
     Settle();
     const MSG message = Next();
     EXPECT_NE(message.lParam, 0);
@@ -64,13 +65,13 @@ TEST_F(Timers, AProcedureTakesTheMessagesPlace)
     DispatchMessageA(&message);
     EXPECT_EQ(g_called, 33U);
     EXPECT_EQ(log.Count(WM_TIMER), 0);
-    KillTimer(window.Handle(), 33);
+    KillTimer(window, 33);
 }
 
 TEST_F(Timers, EndWithTheirWindow)
 {
-    PlatformWindow gone(Popup("gone", {400, 100, 500, 200}));
-    const HWND handle = gone.Handle();
+    PlatformWindow gone(Popup("gone", kBeside));
+    const HWND handle = gone;
     SetTimer(handle, 1, 1, nullptr);
     gone.Destroy();
     EXPECT_FALSE(KillTimer(handle, 1));

@@ -12,15 +12,16 @@ class WindowTest : public testing::Test {
 protected:
     WindowTest()
     {
-        SetCursorPos(kAway.x, kAway.y);
+        SetCursorPos(900, 700);
         Pump();
     }
     ~WindowTest() override { Pump(); }
 
-    static constexpr POINT kAway{900, 700};
+    static constexpr RECT kPlace{100, 100, 300, 200};
+    static constexpr RECT kBeside{400, 100, 500, 200};
 
     /// A popup on the screen.
-    PlatformWindowOptions Popup(const char* name, RECT place = {100, 100, 300, 200})
+    PlatformWindowOptions Popup(const char* name = "w", RECT place = kPlace)
     {
         PlatformWindowOptions options;
         options.name = name;
@@ -29,18 +30,9 @@ protected:
         return options;
     }
     /// A visible child, in its parent's client coordinates.
-    PlatformWindowOptions Child(const char* name, const PlatformWindow& parent, RECT place)
+    PlatformWindowOptions Child(const char* name, HWND parent, RECT place)
     {
-        PlatformWindowOptions options = Popup(name, place);
-        options.style = WS_CHILD | WS_VISIBLE;
-        options.parent = parent.Handle();
-        options.isShown = false;
-        return options;
-    }
-    static PlatformWindowOptions Hidden(PlatformWindowOptions options)
-    {
-        options.isShown = false;
-        return options;
+        return Popup(name, place).Styled(WS_CHILD | WS_VISIBLE).Below(parent).Hidden();
     }
 
     /// Dispatches what is pending and forgets what has been received.
