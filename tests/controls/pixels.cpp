@@ -22,12 +22,6 @@ RECT BoundsWhere(const ClientPixels& pixels, Matches matches)
 
 }  // namespace
 
-std::string Text(const RECT& rect)
-{
-    return std::to_string(rect.left) + "," + std::to_string(rect.top) + "," + std::to_string(rect.right) +
-           "," + std::to_string(rect.bottom);
-}
-
 RECT BoundsOf(const ClientPixels& pixels, std::uint32_t color)
 {
     return BoundsWhere(pixels, [&](int x, int y) { return pixels.At(x, y) == color; });

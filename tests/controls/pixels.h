@@ -27,8 +27,6 @@ inline std::string OnRed(const std::string& root)
     return "<window frame_style=\"red\">" + root + "</window>";
 }
 
-/// "left,top,right,bottom": rectangles that compare and print well.
-std::string Text(const RECT& rect);
 /// The bounds of the pixels of exactly this colour; empty without any.
 RECT BoundsOf(const ClientPixels& pixels, std::uint32_t color);
 /// The same as text.

@@ -8,12 +8,6 @@ namespace {
 
 using namespace DUI;
 
-std::string Text(const RECT& rect)
-{
-    return std::to_string(rect.left) + "," + std::to_string(rect.top) + "," + std::to_string(rect.right) +
-           "," + std::to_string(rect.bottom);
-}
-
 class WindowMgr : public ControlTest {
 protected:
     WindowMgr() { Probe::Register(); }

@@ -5,14 +5,9 @@
 
 #include <qvui/framework/control_base.h>
 
-namespace qvui::test {
+#include "support/geometry_text.h"
 
-/// "left,top,right,bottom": rectangles that compare and print well.
-inline std::string Text(const RECT& rect)
-{
-    return std::to_string(rect.left) + "," + std::to_string(rect.top) + "," + std::to_string(rect.right) +
-           "," + std::to_string(rect.bottom);
-}
+namespace qvui::test {
 
 /// Adds a word after a blank.
 inline void AddWord(std::string& words, const std::string& word)
