@@ -259,7 +259,7 @@ std::vector<Pair> Pairs()
                  Fill(part), Copy(part), Blend("blend", part, same), Blend("fade", part, same, 128),
                  Blend("blend_enlarged", part, less), Blend("blend_shrunk", part, more),
                  Stretch("enlarge", part, less), Stretch("shrink", part, more), NineGrid(part)}) {
-            pair.name += std::string("_") + place;
+            pair.name.append("_").append(place);
             pairs.push_back(std::move(pair));
         }
     }

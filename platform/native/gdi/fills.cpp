@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <array>
-#include <cwchar>
 
 #include "native/gdi/device_context.h"
 
@@ -13,16 +12,17 @@ constexpr std::uint32_t kColourBits = 0x00FFFFFF;
 
 void FillPart(const Surface& surface, const RECT& part, std::uint32_t pixel)
 {
-    // The C library's memset for units of 32 bits; it uses what the processor has.
-    static_assert(sizeof(wchar_t) == sizeof pixel);
-    const auto count = static_cast<std::size_t>(part.right - part.left);
-    for (int y = part.top; y < part.bottom; ++y)
-        if (surface.bitsPerPixel == 32)
-            std::wmemset(reinterpret_cast<wchar_t*>(surface.Row32(y) + part.left),
-                         static_cast<wchar_t>(pixel), count);
-        else
+    if (surface.bitsPerPixel != 32) {
+        for (int y = part.top; y < part.bottom; ++y)
             for (int x = part.left; x < part.right; ++x)
                 surface.Set(x, y, pixel);
+        return;
+    }
+    const auto count = static_cast<std::size_t>(part.right - part.left);
+    const std::ptrdiff_t stride = surface.stride;
+    std::uint8_t* row = surface.Row(part.top) + part.left * sizeof pixel;
+    for (int y = part.top; y < part.bottom; ++y, row += stride)
+        Repeat(pixel, count, reinterpret_cast<std::uint32_t*>(row));
 }
 
 int Modulo(int value, int divisor)

@@ -119,7 +119,7 @@ LOGFONTA DefaultDescription()
 
 }  // namespace
 
-FontObject::FontObject(const LOGFONTA& description) : GdiObject(GdiKind::Font), m_description(description)
+FontObject::FontObject(const LOGFONTA& description) : GdiObject(kKind), m_description(description)
 {
     m_advances.fill(kUnknown);
     m_description.lfFaceName[LF_FACESIZE - 1] = '\0';

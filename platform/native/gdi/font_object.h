@@ -34,6 +34,8 @@ struct ShapedLine {
 /// A font: its description, its metrics, and the lines shaped with it lately.
 class FontObject : public GdiObject {
 public:
+    static constexpr GdiKind kKind = GdiKind::Font;
+
     explicit FontObject(const LOGFONTA& description);
     ~FontObject() override;
     int Describe(int size, void* buffer) const override;

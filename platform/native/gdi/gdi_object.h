@@ -25,8 +25,9 @@ public:
 };
 
 struct BitmapObject : GdiObject {
+    static constexpr GdiKind kKind = GdiKind::Bitmap;
     BitmapObject(std::shared_ptr<Surface> pixels, bool section)
-        : GdiObject(GdiKind::Bitmap),
+        : GdiObject(kKind),
           surface(std::move(pixels)),
           isSection(section)
     {
@@ -39,7 +40,8 @@ struct BitmapObject : GdiObject {
 };
 
 struct BrushObject : GdiObject {
-    BrushObject() : GdiObject(GdiKind::Brush) {}
+    static constexpr GdiKind kKind = GdiKind::Brush;
+    BrushObject() : GdiObject(kKind) {}
     int Describe(int size, void* buffer) const override;
 
     bool isNull = false;
@@ -48,8 +50,9 @@ struct BrushObject : GdiObject {
 };
 
 struct PenObject : GdiObject {
+    static constexpr GdiKind kKind = GdiKind::Pen;
     PenObject(int penStyle, int penWidth, COLORREF penColour)
-        : GdiObject(GdiKind::Pen),
+        : GdiObject(kKind),
           style(penStyle),
           width(penWidth),
           colour(penColour)
@@ -63,7 +66,8 @@ struct PenObject : GdiObject {
 };
 
 struct RegionObject : GdiObject {
-    explicit RegionObject(Region shape) : GdiObject(GdiKind::Region), region(std::move(shape)) {}
+    static constexpr GdiKind kKind = GdiKind::Region;
+    explicit RegionObject(Region shape) : GdiObject(kKind), region(std::move(shape)) {}
 
     Region region;
 };
@@ -73,18 +77,21 @@ HandleTable<GdiObject, 4>& GdiObjects();
 /// The handle of a new object.
 HGDIOBJ AddGdiObject(std::shared_ptr<GdiObject> object);
 
-/// The object of a handle when it has the wanted class, else null.
+/// The object of a handle when it has the wanted class, else null; without a share of it, valid while the
+/// handle lives.
+template <class Object>
+Object* PeekGdiObject(const void* handle)
+{
+    GdiObject* const object = GdiObjects().Peek(handle);
+    return object && object->kind == Object::kKind ? static_cast<Object*>(object) : nullptr;
+}
+
+/// The same with a share.
 template <class Object>
 std::shared_ptr<Object> FindGdiObject(const void* handle)
 {
-    return std::dynamic_pointer_cast<Object>(GdiObjects().Find(handle));
-}
-
-/// As FindGdiObject, without taking a share; valid while the handle lives.
-template <class Object>
-const Object* PeekGdiObject(const void* handle)
-{
-    return dynamic_cast<const Object*>(GdiObjects().Peek(handle));
+    return PeekGdiObject<Object>(handle) ? std::static_pointer_cast<Object>(GdiObjects().Find(handle))
+                                         : nullptr;
 }
 
 /// A colour as an opaque-looking pixel whose alpha byte is 0, as solid drawing writes it.

@@ -5,6 +5,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
+#include <cwchar>
 #include <memory>
 #include <vector>
 
@@ -13,6 +14,14 @@
 #include <qvui/platform/native/gdi.h>
 
 namespace qvui::native {
+
+/// Writes a pixel so many times: with the C library's memset for units of 32 bits, which uses what the
+/// processor has.
+inline void Repeat(std::uint32_t pixel, std::size_t count, std::uint32_t* out)
+{
+    static_assert(sizeof(wchar_t) == sizeof pixel);
+    std::wmemset(reinterpret_cast<wchar_t*>(out), static_cast<wchar_t>(pixel), count);
+}
 
 /// A rectangle of pixels: 32 bits (blue, green, red, alpha) or 24 bits (blue, green, red). `stride` is the
 /// distance in bytes from a row to the one below it, negative when the rows are stored bottom-up.
