@@ -22,6 +22,7 @@
 #include <qvui/render/dib_section.h>
 #include <qvui/render/image_list.h>
 #include <qvui/render/render_engine.h>
+#include <qvui/skin/document_words.h>
 #include <qvui/skin/resource_loader.h>
 #include <qvui/skin/skin_manager.h>
 #include <qvui/skin/xml_document.h>

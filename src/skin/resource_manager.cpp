@@ -3,6 +3,8 @@
 #include <cstdio>
 #include <cstdlib>
 
+#include <qvui/skin/document_words.h>
+
 #include "skin/document_sets.h"
 
 namespace DUI {
@@ -10,46 +12,15 @@ namespace {
 
 BOOL g_yaHeiEnabled = TRUE;
 
-enum class Source { None, File, Dll, Exe };
-
-Source SourceOf(const CString& configType)
-{
-    struct Entry {
-        const char* word;
-        Source source;
-    };
-    static constexpr Entry kSources[] = {{"dll", Source::Dll}, {"file", Source::File}, {"exe", Source::Exe}};
-    for (const Entry& entry : kSources)
-        if (EqualNoCase(configType.View(), entry.word))
-            return entry.source;
-    return Source::None;
-}
-
-IMAGE_DRAW_STYLE DrawStyleOf(const CString& word, IMAGE_DRAW_STYLE otherwise)
-{
-    struct Entry {
-        const char* word;
-        IMAGE_DRAW_STYLE style;
-    };
-    static constexpr Entry kStyles[] = {
-        {"stretch", DRAW_STYLE_STRETCH},
-        {"stretch_horz", DRAW_STYLE_STRETCH_HORZ},
-        {"stretch_vert", DRAW_STYLE_STRETCH_VERT},
-        {"squard", DRAW_STYLE_SQUARD},
-        {"tile", DRAW_STYLE_TILE},
-    };
-    for (const Entry& entry : kStyles)
-        if (EqualNoCase(word.View(), entry.word))
-            return entry.style;
-    return otherwise;
-}
+using Source = DocumentSource;
 
 // The record's attributes that say how its picture is cut and drawn. A corner that is no pair counts as 0,0.
 void ApplyImageAttributes(CResourceImageData& record, CDUIImageList& list)
 {
     if (const int count = std::atoi(record.m_strCount); count > 0)
         list.SetItemCount(static_cast<DWORD>(count));
-    list.SetDrawStyle(DrawStyleOf(record.m_strDrawStyle, list.GetDrawStyle()));
+    list.SetDrawStyle(static_cast<IMAGE_DRAW_STYLE>(
+        DrawStyleWords().Find(record.m_strDrawStyle.View(), list.GetDrawStyle())));
     if (!record.m_strCorner.IsEmpty()) {
         int width = 0;
         int height = 0;
@@ -95,7 +66,7 @@ BOOL CResMgr::IsYaHeiEnabled()
 
 int CResMgr::GetXMLByConfigInfo(const CResourceFileInfo& info, CString& xml)
 {
-    switch (SourceOf(info.m_strConfigType)) {
+    switch (SourceOf(info.m_strConfigType.View())) {
         case Source::File:
             return m_loader.LoadXMLFromFile(info.m_strFileName, xml);
         case Source::Dll:
@@ -114,7 +85,7 @@ int CResMgr::Load(const CResourceFileInfo& info, ReadDocument read)
     CXmlDocument document;
     CString xml;
     // A file is parsed when it is loaded, so it need not be parsed again.
-    const bool isLoaded = SourceOf(info.m_strConfigType) == Source::File
+    const bool isLoaded = SourceOf(info.m_strConfigType.View()) == Source::File
                               ? m_loader.LoadDocumentFromFile(info.m_strFileName, document) != 0
                               : GetXMLByConfigInfo(info, xml) && document.SetDocument(std::move(xml));
     if (isLoaded)
@@ -251,7 +222,7 @@ CDUIImageListPtr CResMgr::GetImage(const CString& name, int share)
 CDUIImageListPtr CResMgr::CreateImage(const CRefPtr<CResourceImageData>& record)
 {
     CDUIImageListPtr list;
-    switch (SourceOf(record->m_strConfigType)) {
+    switch (SourceOf(record->m_strConfigType.View())) {
         case Source::File:
             list = m_loader.LoadImageFromFile(record->m_strFileName);
             break;
@@ -287,7 +258,7 @@ CRefPtr<CCursorObject> CResMgr::GetCursor(const CString& name, int share)
 
 CRefPtr<CCursorObject> CResMgr::CreateCursor(const CRefPtr<CResourceCursorData>& record)
 {
-    switch (SourceOf(record->m_strConfigType)) {
+    switch (SourceOf(record->m_strConfigType.View())) {
         case Source::File:
             return m_loader.LoadCursorFromFile(record->m_strFileName);
         case Source::Dll:

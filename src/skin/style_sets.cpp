@@ -4,43 +4,13 @@
 #include <locale>
 #include <sstream>
 
+#include <qvui/skin/document_words.h>
+
 #include "skin/document_sets.h"
 #include "skin/integer_list.h"
 
 namespace DUI {
 namespace {
-
-struct FormatName {
-    const char* name;
-    DWORD value;
-};
-
-// No name occurs inside another.
-constexpr FormatName kFormatNames[] = {
-    {"DT_TOP", DT_TOP},
-    {"DT_LEFT", DT_LEFT},
-    {"DT_CENTER", DT_CENTER},
-    {"DT_RIGHT", DT_RIGHT},
-    {"DT_VCENTER", DT_VCENTER},
-    {"DT_BOTTOM", DT_BOTTOM},
-    {"DT_WORDBREAK", DT_WORDBREAK},
-    {"DT_SINGLELINE", DT_SINGLELINE},
-    {"DT_EXPANDTABS", DT_EXPANDTABS},
-    {"DT_TABSTOP", DT_TABSTOP},
-    {"DT_NOCLIP", DT_NOCLIP},
-    {"DT_EXTERNALLEADING", DT_EXTERNALLEADING},
-    {"DT_NOPREFIX", DT_NOPREFIX},
-    {"DT_INTERNAL", DT_INTERNAL},
-    {"DT_EDITCONTROL", DT_EDITCONTROL},
-    {"DT_PATH_ELLIPSIS", DT_PATH_ELLIPSIS},
-    {"DT_END_ELLIPSIS", DT_END_ELLIPSIS},
-    {"DT_MODIFYSTRING", DT_MODIFYSTRING},
-    {"DT_RTLREADING", DT_RTLREADING},
-    {"DT_WORD_ELLIPSIS", DT_WORD_ELLIPSIS},
-    {"DT_NOFULLWIDTHCHARBREAK", DT_NOFULLWIDTHCHARBREAK},
-    {"DT_HIDEPREFIX", DT_HIDEPREFIX},
-    {"DT_PREFIXONLY", DT_PREFIXONLY},
-};
 
 using Frame = CRefPtr<CDUIFrameBK>;
 
@@ -211,9 +181,9 @@ DWORD CResMgr::ParseTextFormat(const CString& format)
     CString upper(format);
     upper.MakeUpper();
     DWORD flags = 0;
-    for (const FormatName& entry : kFormatNames)
-        if (upper.Find(entry.name) != -1)
-            flags |= entry.value;
+    for (const DocumentWord& entry : TextFormatWords())
+        if (upper.Find(entry.word) != -1)
+            flags |= static_cast<DWORD>(entry.value);
     return flags;
 }
 
@@ -238,20 +208,13 @@ void CResMgr::ParseFrameBKAttriColors(const CString& colors, const CRefPtr<CDUIF
 
 void CResMgr::ParseFrameBKImagePos(const CString& position, const CRefPtr<CDUIFrameBK>& frame) const
 {
-    struct Word {
-        const char* word;
-        int kind;
-    };
-    static constexpr Word kWords[] = {
-        {"left_top", 0}, {"left_bottom", 1}, {"right_bottom", 3}, {"right_top", 2}, {"center", 4},
-    };
     if (frame.IsNull())
         return;
     CFrameBKImagePos place = frame->GetSkinImagePos();
     place.kind = 0;
-    for (const Word& entry : kWords)
+    for (const DocumentWord& entry : ImagePositionWords())
         if (position.Find(entry.word) != -1) {
-            place.kind = entry.kind;
+            place.kind = entry.value;
             break;
         }
     frame->SetSkinImagePos(place);

@@ -5,25 +5,29 @@
 #include <qvui/framework/attribute_table.h>
 #include <qvui/platform/file.h>
 #include <qvui/render/image_list.h>
+#include <qvui/skin/document_words.h>
 
 #include "check.h"
 
 namespace qvui::skin_tool {
 namespace {
 
-bool IsFromFile(const Element& record) { return EqualNoCase(record.Value("config_type"), "file"); }
+bool IsFromFile(const Element& record)
+{
+    return DUI::SourceOf(record.Value("config_type")) == DUI::DocumentSource::File;
+}
 
 // How much of an icon the corners of a draw style take.
 struct CornerUse {
-    const char* drawStyle;
+    DUI::IMAGE_DRAW_STYLE drawStyle;
     int widths;            // of the corner's width, in the icon's width
     int heights;           // of the corner's height, in the icon's height
     int widthsInHeight;    // of the corner's width, in the icon's height
 };
 constexpr CornerUse kCornerUses[] = {
-    {"stretch_horz", 2, 0, 0},
-    {"stretch_vert", 0, 0, 2},
-    {"squard", 2, 2, 0},
+    {DUI::DRAW_STYLE_STRETCH_HORZ, 2, 0, 0},
+    {DUI::DRAW_STYLE_STRETCH_VERT, 0, 0, 2},
+    {DUI::DRAW_STYLE_SQUARD, 2, 2, 0},
 };
 
 bool IsTooLarge(const CornerUse& use, SIZE corner, SIZE icon)
@@ -82,8 +86,9 @@ void Checker::CheckImage(const PackageDocument& part, int entry)
     if (!corner)
         return;
     const SIZE size = DUI::ReadPair(corner->value.c_str());
+    const int drawStyle = DUI::DrawStyleWords().Find(record.Value("drawstyle"), DUI::DRAW_STYLE_NORMAL);
     for (const CornerUse& use : kCornerUses)
-        if (EqualNoCase(record.Value("drawstyle"), use.drawStyle) &&
+        if (drawStyle == use.drawStyle &&
             IsTooLarge(use, size, {image.GetIconWidth(), image.GetIconHeight()}))
             m_report.Add(Severity::Warning, document, corner->valueOffset,
                          "the corners do not fit into an icon of " +

@@ -4,6 +4,7 @@
 
 #include <nlohmann/json.hpp>
 
+#include <qvui/skin/document_words.h>
 #include <qvui/skin/text_style.h>
 
 #include "resolved.h"
@@ -34,10 +35,12 @@ Json FontValue(const DUI::CRefPtr<DUI::CFontObject>& font)
     return value;
 }
 
-const char* DrawStyleName(DUI::IMAGE_DRAW_STYLE style)
+std::string DrawStyleName(DUI::IMAGE_DRAW_STYLE style)
 {
-    constexpr const char* kNames[] = {"normal", "stretch", "stretch_horz", "stretch_vert", "squard", "tile"};
-    return kNames[style];
+    for (const DUI::DocumentWord& entry : DUI::DrawStyleWords())
+        if (entry.value == style)
+            return entry.word;
+    return "normal";
 }
 
 Json ImageValue(ResolvedSkin& skin, const std::string& name)
@@ -67,14 +70,11 @@ Json CursorValue(ResolvedSkin& skin, const std::string& name)
 std::string FormatText(DWORD format)
 {
     std::string text;
-    for (const SetSchema& set : SchemaOf(DocumentKind::Styles).sets)
-        for (const EntryAttribute& attribute : set.attributes)
-            if (attribute.kind == ValueKind::Flags)
-                for (const std::string& word : Split(attribute.keywords, '|')) {
-                    const DWORD bits = DUI::CResMgr::ParseTextFormat(word.c_str());
-                    if (bits != 0 && (format & bits) == bits)
-                        text += (text.empty() ? "" : "|") + word;
-                }
+    for (const DUI::DocumentWord& entry : DUI::TextFormatWords()) {
+        const auto bits = static_cast<DWORD>(entry.value);
+        if (bits != 0 && (format & bits) == bits)
+            text.append(text.empty() ? "" : "|").append(entry.word);
+    }
     return text;
 }
 

@@ -1,26 +1,15 @@
 #include "package.h"
 
 #include <algorithm>
-#include <cstring>
 #include <filesystem>
 
+#include <qvui/skin/document_words.h>
 #include <qvui/skin/resource_loader.h>
 
 namespace qvui::skin_tool {
 namespace {
 
 namespace fs = std::filesystem;
-
-bool SameType(const std::string& type, const char* wanted) { return EqualNoCase(type, wanted); }
-
-struct SourceSet {
-    const char* set;
-    DocumentKind kind;
-};
-constexpr SourceSet kSourceSets[] = {{"language_set", DocumentKind::Strings},
-                                     {"skin_set", DocumentKind::Resources},
-                                     {"style_set", DocumentKind::Styles},
-                                     {"template_set", DocumentKind::Templates}};
 
 std::string Slashed(std::string path)
 {
@@ -93,19 +82,14 @@ std::vector<const PackageDocument*> Package::OfKind(DocumentKind kind) const
 void Package::ReadEntry(Report& report)
 {
     for (const SeenEntry& seen : SeenEntries(m_entry, DocumentKind::Entry, report)) {
-        if (!seen.set->entry)
+        if (!seen.set->documents)
             continue;
-        if (seen.entryElement < 0) {
-            const std::string first = m_entry.At(seen.setElement).Value("default");
-            if (!std::strcmp(seen.set->set, "language_set"))
-                m_defaultLanguage = first;
-            else if (!std::strcmp(seen.set->set, "skin_set"))
-                m_defaultSkin = first;
-            continue;
-        }
-        for (const SourceSet& set : kSourceSets)
-            if (!std::strcmp(seen.set->set, set.set))
-                ReadSource(set.kind, seen.entryElement, report);
+        if (seen.entryElement >= 0)
+            ReadSource(*seen.set->documents, seen.entryElement, report);
+        else if (seen.set->documents == DocumentKind::Strings)
+            m_defaultLanguage = m_entry.At(seen.setElement).Value("default");
+        else if (seen.set->documents == DocumentKind::Resources)
+            m_defaultSkin = m_entry.At(seen.setElement).Value("default");
     }
     CheckEntry(report);
 }
@@ -122,16 +106,17 @@ const Document* Package::Load(int element, Report& report)
     const std::string file = source.Value("file_name");
     const Attribute* const place = source.Find(type.empty() ? "name" : "file_name");
     const int offset = place ? place->valueOffset : source.offset;
-    if (SameType(type, "exe")) {
+    const DUI::DocumentSource from = DUI::SourceOf(type);
+    if (from == DUI::DocumentSource::Exe) {
         report.Add(Severity::Note, m_entry, source.offset, "a resource of the program: not looked at");
         return nullptr;
     }
-    const bool isModule = SameType(type, "dll");
-    if (!isModule && !SameType(type, "file")) {
+    if (from == DUI::DocumentSource::None) {
         if (type.empty())
             report.Add(Severity::Error, m_entry, offset, "without a config_type nothing is loaded");
         return nullptr;
     }
+    const bool isModule = from == DUI::DocumentSource::Dll;
     const std::string path = isModule ? PathOf(file) + "(" + source.Value("resource_id") + ")" : PathOf(file);
     std::unique_ptr<Document>& stored = m_files[path];
     if (!stored) {

@@ -1,16 +1,26 @@
 #include "schema.h"
 
+#include <qvui/skin/document_words.h>
+
 namespace qvui::skin_tool {
 namespace {
 
 using Attributes = std::vector<EntryAttribute>;
+
+std::string Joined(const DUI::DocumentWords& words)
+{
+    std::string text;
+    for (const DUI::DocumentWord& entry : words)
+        text.append(text.empty() ? "" : "|").append(entry.word);
+    return text;
+}
 
 // Where a document, image or cursor comes from.
 Attributes Source(const char* nameDescription, const Attributes& more = {})
 {
     Attributes attributes{
         {"name", ValueKind::Text, nameDescription},
-        {"config_type", ValueKind::ChoiceAny, "Where it comes from.", "file|dll|exe"},
+        {"config_type", ValueKind::ChoiceAny, "Where it comes from.", Joined(DUI::SourceWords())},
         {"file_name", ValueKind::FileName,
          "For file: the file, relative to the program's directory; for dll: the module that holds it."},
         {"resource_id", ValueKind::Integer, "For dll and exe: the resource's id."},
@@ -20,12 +30,6 @@ Attributes Source(const char* nameDescription, const Attributes& more = {})
     return attributes;
 }
 
-constexpr const char* kTextFormats =
-    "DT_TOP|DT_LEFT|DT_CENTER|DT_RIGHT|DT_VCENTER|DT_BOTTOM|DT_WORDBREAK|DT_SINGLELINE|DT_EXPANDTABS|"
-    "DT_TABSTOP|DT_NOCLIP|DT_EXTERNALLEADING|DT_NOPREFIX|DT_INTERNAL|DT_EDITCONTROL|DT_PATH_ELLIPSIS|"
-    "DT_END_ELLIPSIS|DT_MODIFYSTRING|DT_RTLREADING|DT_WORD_ELLIPSIS|DT_NOFULLWIDTHCHARBREAK|DT_HIDEPREFIX|"
-    "DT_PREFIXONLY";
-
 DocumentSchema EntrySchema()
 {
     return {"Entry document",
@@ -34,14 +38,14 @@ DocumentSchema EntrySchema()
             {
                 {"language_set", "language", "The string tables, one for each language.", {},
                  EntryContent::Plain, Source("The language."),
-                 {{"default", ValueKind::Text, "The language at the start."}}},
+                 {{"default", ValueKind::Text, "The language at the start."}}, DocumentKind::Strings},
                 {"skin_set", "skin", "The resource documents, one for each skin.", {},
                  EntryContent::Plain, Source("The skin."),
-                 {{"default", ValueKind::Text, "The skin at the start."}}},
+                 {{"default", ValueKind::Text, "The skin at the start."}}, DocumentKind::Resources},
                 {"style_set", "style", "The style documents, one for each skin.", {},
-                 EntryContent::Plain, Source("The skin whose styles these are."), {}},
+                 EntryContent::Plain, Source("The skin whose styles these are."), {}, DocumentKind::Styles},
                 {"template_set", "template", "The template documents; all of them are loaded.", {},
-                 EntryContent::Plain, Source("Free."), {}},
+                 EntryContent::Plain, Source("Free."), {}, DocumentKind::Templates},
                 {"skin_package", nullptr, "Accepted; nothing is loaded from it.", {},
                  EntryContent::Plain, {}, {{"file", ValueKind::Text, "A package file."}}},
             }};
@@ -66,7 +70,7 @@ SetSchema ImageSet()
                      "vert: the icons stand one above the other, not side by side.", "vert|horz"},
                     {"drawstyle", ValueKind::ChoiceAny,
                      "How an icon fills a larger rectangle; without it, it is stretched.",
-                     "stretch|stretch_horz|stretch_vert|squard|tile"},
+                     Joined(DUI::DrawStyleWords())},
                     {"corner", ValueKind::IntPair,
                      "Width and height of the corners that keep their size in stretch_horz, stretch_vert and "
                      "squard; the first number alone counts in stretch_vert."},
@@ -107,7 +111,7 @@ DocumentSchema StylesSchema()
             {
                 {"text_style_set", "text_style", "How text is drawn.", NameKind::TextStyle, EntryContent::Plain,
                  {{"name", ValueKind::Text, "What controls call the style."},
-                  {"format", ValueKind::Flags, "Alignment and line breaks.", kTextFormats},
+                  {"format", ValueKind::Flags, "Alignment and line breaks.", Joined(DUI::TextFormatWords())},
                   {"font", ValueKind::Font, "The font."},
                   {"font_hover", ValueKind::Font, "Below the pointer; without it, as font."},
                   {"font_select", ValueKind::Font, "Selected or pressed; without it, as font."},
@@ -126,7 +130,7 @@ DocumentSchema StylesSchema()
                   {"back_vertical", ValueKind::Boolean, "Whether the gradient runs from top to bottom."},
                   {"back_image", ValueKind::Image, "The image over the colours."},
                   {"back_image_pos", ValueKind::Choice, "Where that image stands.",
-                   "left_top|left_bottom|right_bottom|right_top|center"},
+                   Joined(DUI::ImagePositionWords())},
                   {"border_image", ValueKind::Image, "The image that the border is cut from."},
                   {"border_color", ValueKind::Color, "The border's colour."},
                   {"border_rect", ValueKind::Rect, "The border's thickness on each side."},

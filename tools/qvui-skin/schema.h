@@ -13,7 +13,7 @@ struct EntryAttribute {
     const char* name;
     ValueKind kind;
     const char* description;
-    const char* keywords = "";
+    std::string keywords = {};
 };
 
 /// What else an entry's attributes and children may be.
@@ -25,6 +25,9 @@ enum class EntryContent {
     Free,          // anything
 };
 
+enum class DocumentKind { Entry, Strings, Resources, Styles, Templates };
+constexpr int kDocumentKinds = 5;
+
 struct SetSchema {
     const char* set;    // null: entries stand right under the root
     const char* entry;  // null: the set has none
@@ -33,6 +36,7 @@ struct SetSchema {
     EntryContent content = EntryContent::Plain;
     std::vector<EntryAttribute> attributes;     // of an entry
     std::vector<EntryAttribute> setAttributes;  // of the set itself
+    std::optional<DocumentKind> documents = {};  // what the entries name
 };
 
 /// One kind of document: its sets in the order in which they must stand.
@@ -42,9 +46,6 @@ struct DocumentSchema {
     bool isFirstOfEachKind;  // the first set of each kind is read, and no further one
     std::vector<SetSchema> sets;
 };
-
-enum class DocumentKind { Entry, Strings, Resources, Styles, Templates };
-constexpr int kDocumentKinds = 5;
 
 /// What a document of a package may hold besides controls.
 const DocumentSchema& SchemaOf(DocumentKind kind);
