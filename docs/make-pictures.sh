@@ -23,7 +23,7 @@ gallery() { # gallery LAUNCHER...
             for language in English Chinese; do
                 "$@" --page "$page" --skin "$skin" --language "$language" --screenshot "$scratch/page.png" >/dev/null
                 # 256 colours keep the repository small and look the same.
-                convert "$scratch/page.png" -colors 256 "png8:$pictures/gallery_${page}_${skin}_${language}.png"
+                convert "$scratch/page.png" +dither -colors 256 "png8:$pictures/gallery_${page}_${skin}_${language}.png"
             done
         done
     done

@@ -409,6 +409,8 @@ void CDUIWindowMgr::DoPaint(HDC hdc)
         return;
     const HDC memory = CreateCompatibleDC(hdc);
     const HGDIOBJ old = SelectObject(memory, m_backBuffer.GetBitmap());
+    // A new context combines the pixels that it leaves out when a picture shrinks, which shows as dark lines.
+    SetStretchBltMode(memory, COLORONCOLOR);
     // Only what the context will take is copied, painted and copied back.
     IntersectClipRect(memory, box.left, box.top, box.right, box.bottom);
     BitBlt(memory, box.left, box.top, Width(box), Height(box), hdc, box.left, box.top, SRCCOPY);

@@ -231,6 +231,7 @@ bool WriteSheet(const Package& package, const std::string& skinName, const std::
 
     const HDC hdc = CreateCompatibleDC(nullptr);
     const HGDIOBJ old = SelectObject(hdc, sheet);
+    SetStretchBltMode(hdc, COLORONCOLOR);  // as windows paint
     Fill(hdc, {0, 0, kWidth, height}, RGB(243, 244, 247));
     int top = kMargin;
     for (std::size_t i = 0; i < sections.size(); ++i) {

@@ -123,7 +123,7 @@ public:
     /// A layered window gets a posted WM_PAINT too, since invalidation alone gives it none.
     BOOL InvalidateRect(const RECT* rect, BOOL bErase);
     void InvalidateRgn(HRGN region, BOOL bErase);
-    /// Paints frame and controls through the back buffer.
+    /// Paints frame and controls through the back buffer, where a picture that shrinks leaves pixels out.
     void DoPaint(HDC hdc);
     /// Whether a press on the control counts as one on the window itself.
     BOOL IsTrasparentCtrl(IDUIControl* control);
