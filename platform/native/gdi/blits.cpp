@@ -39,13 +39,13 @@ void MovePixels(const Blit& blit)
 {
     const Surface& target = blit.target->Target();
     const Surface& source = *blit.source;
-    const auto [dx, dy] = blit.Shift();
-    const bool isUpwards = target.top == source.top && dy < 0;
+    const POINT shift = blit.Shift();
+    const bool isUpwards = target.top == source.top && shift.y < 0;
     const int step = isUpwards ? -1 : 1;
     ForEachDrawable(*blit.target, blit.destination, [&](const RECT& part) {
         const int first = isUpwards ? part.bottom - 1 : part.top;
         MoveRows(target.Row(first) + part.left * kPixelBytes, step * target.stride,
-                 source.Row(first + dy) + (part.left + dx) * kPixelBytes, step * source.stride,
+                 source.Row(first + shift.y) + (part.left + shift.x) * kPixelBytes, step * source.stride,
                  part.bottom - part.top, static_cast<std::size_t>(part.right - part.left) * kPixelBytes);
     });
 }
