@@ -103,16 +103,6 @@ CDUIButton::CDUIButton()
 
 CDUIButton::~CDUIButton() = default;
 
-void* CDUIButton::GetInterface(const CString& name)
-{
-    return Class().Answers(name) ? this : nullptr;
-}
-
-CRefPtr<IDUIControl> CDUIButton::Clone()
-{
-    return new CDUIButton(*this);
-}
-
 BOOL CDUIButton::Activate()
 {
     if (!CDUIControlBase::Activate())
@@ -122,12 +112,6 @@ BOOL CDUIButton::Activate()
     if (m_isToolCheck)
         SetCheck(!GetCheck());
     return TRUE;
-}
-
-void CDUIButton::SetAttribute(const CString& name, const CString& value)
-{
-    if (!Attributes().Apply(*this, name, value))
-        CDUIControlBase::SetAttribute(name, value);
 }
 
 BOOL CDUIButton::EstimateSize(SIZE, SIZE& size)

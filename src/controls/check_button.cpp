@@ -52,12 +52,6 @@ CDUICheckButton::CDUICheckButton()
 
 CDUICheckButton::~CDUICheckButton() = default;
 
-void CDUICheckButton::SetAttribute(const CString& name, const CString& value)
-{
-    if (!Attributes().Apply(*this, name, value))
-        CDUIButton::SetAttribute(name, value);
-}
-
 void CDUICheckButton::PaintForgnd(HDC hdc)
 {
     CButtonUIData& data = UIData();
@@ -76,11 +70,6 @@ const ControlClass& CDUIRadioButton::Class()
     return theClass;
 }
 
-CRefPtr<IDUIControl> CDUIRadioButton::Clone()
-{
-    return new CDUIRadioButton(*this);
-}
-
 BOOL CDUIRadioButton::Activate()
 {
     const ControlGuard keep(this);
@@ -96,11 +85,6 @@ const ControlClass& CDUICheckBox::Class()
         "CDUICheckBox", &CDUICheckButton::Class(), "An option that is on or off.", {}, nullptr,
         {{"DUINOTIFY_CLICK", "The box was activated; its check state turns over right after."}});
     return theClass;
-}
-
-CRefPtr<IDUIControl> CDUICheckBox::Clone()
-{
-    return new CDUICheckBox(*this);
 }
 
 BOOL CDUICheckBox::Activate()

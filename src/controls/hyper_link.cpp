@@ -31,28 +31,12 @@ CDUIHyperLink::CDUIHyperLink()
 
 CDUIHyperLink::~CDUIHyperLink() = default;
 
-void* CDUIHyperLink::GetInterface(const CString& name)
-{
-    return Class().Answers(name) ? this : nullptr;
-}
-
-CRefPtr<IDUIControl> CDUIHyperLink::Clone()
-{
-    return new CDUIHyperLink(*this);
-}
-
 BOOL CDUIHyperLink::Activate()
 {
     if (!CDUILabel::Activate())
         return FALSE;
     SendNotify(DUINOTIFY_LINKCLICK, 0, 0);
     return TRUE;
-}
-
-void CDUIHyperLink::SetAttribute(const CString& name, const CString& value)
-{
-    if (!Attributes().Apply(*this, name, value))
-        CDUILabel::SetAttribute(name, value);
 }
 
 LRESULT CDUIHyperLink::ProcessEvent(const tagDUIEvent& event, BOOL& bHandled)

@@ -41,22 +41,6 @@ const ControlClass& CDUILabel::Class()
 
 CDUILabel::~CDUILabel() = default;
 
-void* CDUILabel::GetInterface(const CString& name)
-{
-    return Class().Answers(name) ? this : nullptr;
-}
-
-CRefPtr<IDUIControl> CDUILabel::Clone()
-{
-    return new CDUILabel(*this);
-}
-
-void CDUILabel::SetAttribute(const CString& name, const CString& value)
-{
-    if (!LabelAttributes().Apply(*this, name, value))
-        CDUIControlBase::SetAttribute(name, value);
-}
-
 BOOL CDUILabel::EstimateSize(SIZE, SIZE& size)
 {
     const CRefPtr<CTextStyle> style = GetTextStyle();

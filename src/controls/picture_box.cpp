@@ -36,22 +36,6 @@ const ControlClass& CDUIPictureBox::Class()
 
 CDUIPictureBox::~CDUIPictureBox() = default;
 
-void* CDUIPictureBox::GetInterface(const CString& name)
-{
-    return Class().Answers(name) ? this : nullptr;
-}
-
-CRefPtr<IDUIControl> CDUIPictureBox::Clone()
-{
-    return new CDUIPictureBox(*this);
-}
-
-void CDUIPictureBox::SetAttribute(const CString& name, const CString& value)
-{
-    if (!Attributes().Apply(*this, name, value))
-        CDUIControlBase::SetAttribute(name, value);
-}
-
 BOOL CDUIPictureBox::EstimateSize(SIZE, SIZE& size)
 {
     const SIZE icon = IconSize(m_pImage);

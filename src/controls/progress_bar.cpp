@@ -44,17 +44,6 @@ const ControlClass& CDUIProgressBar::Class()
 
 CDUIProgressBar::~CDUIProgressBar() = default;
 
-void* CDUIProgressBar::GetInterface(const CString& name)
-{
-    return Class().Answers(name) ? this : nullptr;
-}
-
-void CDUIProgressBar::SetAttribute(const CString& name, const CString& value)
-{
-    if (!Attributes().Apply(*this, name, value))
-        CDUIControlBase::SetAttribute(name, value);
-}
-
 BOOL CDUIProgressBar::EstimateSize(SIZE, SIZE& size)
 {
     const SIZE icon = IconSize(m_uiData.m_pImage);
@@ -154,21 +143,11 @@ const ControlClass& CDUIHorizontalProgressBar::Class()
     return theClass;
 }
 
-CRefPtr<IDUIControl> CDUIHorizontalProgressBar::Clone()
-{
-    return new CDUIHorizontalProgressBar(*this);
-}
-
 const ControlClass& CDUIVerticalProgressBar::Class()
 {
     static const ControlClass theClass("CDUIVerticalProgressBar", &CDUIProgressBar::Class(),
                                        "A progress bar that fills from the bottom.", {});
     return theClass;
-}
-
-CRefPtr<IDUIControl> CDUIVerticalProgressBar::Clone()
-{
-    return new CDUIVerticalProgressBar(*this);
 }
 
 }  // namespace DUI

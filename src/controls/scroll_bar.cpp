@@ -150,11 +150,6 @@ CDUIScrollBarBase::~CDUIScrollBarBase()
     SetMsgSink(FALSE);
 }
 
-void* CDUIScrollBarBase::GetInterface(const CString& name)
-{
-    return Class().Answers(name) ? this : nullptr;
-}
-
 void CDUIScrollBarBase::CreateCtrls()
 {
     const CRefPtr<IDUIControl> buttons[] = {new CDUISBArrowBtn(CDUISBArrowBtn::kStart), new CDUISBThumButton,
@@ -190,12 +185,6 @@ void CDUIScrollBarBase::OnDestroy()
 {
     SetMsgSink(FALSE);
     CDUIControlBase::OnDestroy();
-}
-
-void CDUIScrollBarBase::SetAttribute(const CString& name, const CString& value)
-{
-    if (!Attributes().Apply(*this, name, value))
-        CDUIControlBase::SetAttribute(name, value);
 }
 
 void CDUIScrollBarBase::UpdateCtrlsAttributes()
@@ -519,31 +508,11 @@ const ControlClass& CDUIVerticalSB::Class()
     return theClass;
 }
 
-void* CDUIVerticalSB::GetInterface(const CString& name)
-{
-    return Class().Answers(name) ? this : nullptr;
-}
-
-CRefPtr<IDUIControl> CDUIVerticalSB::Clone()
-{
-    return new CDUIVerticalSB(*this);
-}
-
 const ControlClass& CDUIHorizontalSB::Class()
 {
     static const ControlClass theClass("CDUIHorizontalSB", &CDUIScrollBarBase::Class(),
                                        "A horizontal scroll bar.", {"horz_scrollbar"});
     return theClass;
-}
-
-void* CDUIHorizontalSB::GetInterface(const CString& name)
-{
-    return Class().Answers(name) ? this : nullptr;
-}
-
-CRefPtr<IDUIControl> CDUIHorizontalSB::Clone()
-{
-    return new CDUIHorizontalSB(*this);
 }
 
 }  // namespace DUI

@@ -39,27 +39,11 @@ const ControlClass& CDUISBThumButton::Class()
 }
 
 CDUISBThumButton::CDUISBThumButton(const CDUISBThumButton& other)
-    : CDUIButton(other),
+    : ControlOf(other),
       m_nDragAnchor(other.m_nDragAnchor),
       m_nClampState(other.m_nClampState),
       m_pThumbMark(other.m_pThumbMark)
 {
-}
-
-void* CDUISBThumButton::GetInterface(const CString& name)
-{
-    return Class().Answers(name) ? this : nullptr;
-}
-
-CRefPtr<IDUIControl> CDUISBThumButton::Clone()
-{
-    return new CDUISBThumButton(*this);
-}
-
-void CDUISBThumButton::SetAttribute(const CString& name, const CString& value)
-{
-    if (!Attributes().Apply(*this, name, value))
-        CDUIButton::SetAttribute(name, value);
 }
 
 LRESULT CDUISBThumButton::ProcessEvent(const tagDUIEvent& event, BOOL& bHandled)

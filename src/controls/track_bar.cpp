@@ -97,16 +97,6 @@ const ControlClass& CDUITrackBarThumb::Class()
 
 // --- the thumb ---------------------------------------------------------------------------------------------
 
-void* CDUITrackBarThumb::GetInterface(const CString& name)
-{
-    return Class().Answers(name) ? this : nullptr;
-}
-
-CRefPtr<IDUIControl> CDUITrackBarThumb::Clone()
-{
-    return new CDUITrackBarThumb(*this);
-}
-
 // --- life --------------------------------------------------------------------------------------------------
 
 CDUITrackBarBase::CDUITrackBarBase()
@@ -120,7 +110,7 @@ CDUITrackBarBase::CDUITrackBarBase()
 
 // The base has copied the thumb with the other children. A drag stays with the bar that it began on.
 CDUITrackBarBase::CDUITrackBarBase(const CDUITrackBarBase& other)
-    : CDUIControlBase(other),
+    : ControlOf(other),
       m_uiData(other.m_uiData),
       m_nMin(other.m_nMin),
       m_nMax(other.m_nMax),
@@ -146,16 +136,6 @@ void CDUITrackBarBase::ListenToThumb(CRefPtr<CDUITrackBarThumb> thumb)
     SubclassControl(m_pHeard.GetPtr(), TRUE);
 }
 
-CRefPtr<IDUIControl> CDUIHorizontalTrackBar::Clone()
-{
-    return new CDUIHorizontalTrackBar(*this);
-}
-
-CRefPtr<IDUIControl> CDUIVerticalTrackBar::Clone()
-{
-    return new CDUIVerticalTrackBar(*this);
-}
-
 void CDUITrackBarBase::OnCreate()
 {
     CDUIControlBase::OnCreate();
@@ -171,11 +151,6 @@ void CDUITrackBarBase::OnDestroy()
 
 // --- state -------------------------------------------------------------------------------------------------
 
-void* CDUITrackBarBase::GetInterface(const CString& name)
-{
-    return Class().Answers(name) ? this : nullptr;
-}
-
 void CDUITrackBarBase::SetTooltip(const CString& tooltip)
 {
     CDUIControlBase::SetTooltip(tooltip);
@@ -189,12 +164,6 @@ void CDUITrackBarBase::SetControlRect(const RECT& rect)
     StoreControlRect(rect);
     PlaceThumb();
     UpdateLayout(FALSE, nullptr);
-}
-
-void CDUITrackBarBase::SetAttribute(const CString& name, const CString& value)
-{
-    if (!TrackBarAttributes().Apply(*this, name, value))
-        CDUIControlBase::SetAttribute(name, value);
 }
 
 BOOL CDUITrackBarBase::EstimateSize(SIZE, SIZE& size)

@@ -24,22 +24,6 @@ const ControlClass& CDUICanvas::Class()
     return info;
 }
 
-void* CDUICanvas::GetInterface(const CString& name)
-{
-    return Class().Answers(name) ? this : nullptr;
-}
-
-CRefPtr<IDUIControl> CDUICanvas::Clone()
-{
-    return new CDUICanvas(*this);
-}
-
-void CDUICanvas::SetAttribute(const CString& name, const CString& value)
-{
-    if (!Attributes().Apply(*this, name, value))
-        CDUIControlBase::SetAttribute(name, value);
-}
-
 void CDUICanvas::PaintBkgnd(HDC hdc)
 {
     if (!m_pFrameBK.IsNull() && !m_pFrameBK->IsEmpty())

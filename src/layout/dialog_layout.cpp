@@ -39,22 +39,6 @@ CDUIDialogLayout::CDUIDialogLayout()
     ModifyStyle(0, DUISTYLE_TRANSPARENT);
 }
 
-void* CDUIDialogLayout::GetInterface(const CString& name)
-{
-    return Class().Answers(name) ? this : nullptr;
-}
-
-CRefPtr<IDUIControl> CDUIDialogLayout::Clone()
-{
-    return new CDUIDialogLayout(*this);
-}
-
-void CDUIDialogLayout::SetAttribute(const CString& name, const CString& value)
-{
-    if (!Attributes().Apply(*this, name, value))
-        CDUICanvas::SetAttribute(name, value);
-}
-
 void CDUIDialogLayout::Recalculate()
 {
     m_nRecalculate = 1;

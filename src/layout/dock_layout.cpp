@@ -33,22 +33,6 @@ CDUIDockLayout::CDUIDockLayout()
     ModifyStyle(0, DUISTYLE_TRANSPARENT);
 }
 
-void* CDUIDockLayout::GetInterface(const CString& name)
-{
-    return Class().Answers(name) ? this : nullptr;
-}
-
-CRefPtr<IDUIControl> CDUIDockLayout::Clone()
-{
-    return new CDUIDockLayout(*this);
-}
-
-void CDUIDockLayout::SetAttribute(const CString& name, const CString& value)
-{
-    if (!Attributes().Apply(*this, name, value))
-        CDUICanvas::SetAttribute(name, value);
-}
-
 void CDUIDockLayout::SetControlRect(const RECT& rect)
 {
     StoreControlRect(rect);

@@ -78,22 +78,6 @@ CDUIFramePanel::CDUIFramePanel()
     ModifyStyle(0, DUISTYLE_TRANSPARENT);
 }
 
-void* CDUIFramePanel::GetInterface(const CString& name)
-{
-    return Class().Answers(name) ? this : nullptr;
-}
-
-CRefPtr<IDUIControl> CDUIFramePanel::Clone()
-{
-    return new CDUIFramePanel(*this);
-}
-
-void CDUIFramePanel::SetAttribute(const CString& name, const CString& value)
-{
-    if (!Attributes().Apply(*this, name, value))
-        CDUIControlBase::SetAttribute(name, value);
-}
-
 void CDUIFramePanel::SetControlRect(const RECT& rect)
 {
     StoreControlRect(rect);

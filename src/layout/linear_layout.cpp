@@ -46,33 +46,17 @@ CDUIHorizontalLayout::CDUIHorizontalLayout()
 }
 
 CDUIHorizontalLayout::CDUIHorizontalLayout(const CDUIHorizontalLayout& other)
-    : CDUICanvas(other),
+    : ControlOf(other),
       m_pScrollBar(owned_scroll_bar::Clone(other.m_pScrollBar)),
       m_nEnableScroll(other.m_nEnableScroll)
 {
     ModifyStyle(0, DUISTYLE_TRANSPARENT);
 }
 
-void* CDUIHorizontalLayout::GetInterface(const CString& name)
-{
-    return Class().Answers(name) ? this : nullptr;
-}
-
-CRefPtr<IDUIControl> CDUIHorizontalLayout::Clone()
-{
-    return new CDUIHorizontalLayout(*this);
-}
-
 void CDUIHorizontalLayout::SetControlRect(const RECT& rect)
 {
     StoreControlRect(rect);
     LayOutLine<axis::Horizontal>(*this, Leftover::ToLastChild);
-}
-
-void CDUIHorizontalLayout::SetAttribute(const CString& name, const CString& value)
-{
-    if (!Attributes<CDUIHorizontalLayout>().Apply(*this, name, value))
-        CDUICanvas::SetAttribute(name, value);
 }
 
 void CDUIHorizontalLayout::OnCreate()
@@ -100,33 +84,17 @@ CDUIVerticalLayout::CDUIVerticalLayout()
 }
 
 CDUIVerticalLayout::CDUIVerticalLayout(const CDUIVerticalLayout& other)
-    : CDUICanvas(other),
+    : ControlOf(other),
       m_pScrollBar(owned_scroll_bar::Clone(other.m_pScrollBar)),
       m_nEnableScroll(other.m_nEnableScroll)
 {
     ModifyStyle(0, DUISTYLE_TRANSPARENT);
 }
 
-void* CDUIVerticalLayout::GetInterface(const CString& name)
-{
-    return Class().Answers(name) ? this : nullptr;
-}
-
-CRefPtr<IDUIControl> CDUIVerticalLayout::Clone()
-{
-    return new CDUIVerticalLayout(*this);
-}
-
 void CDUIVerticalLayout::SetControlRect(const RECT& rect)
 {
     StoreControlRect(rect);
     LayOutLine<axis::Vertical>(*this, Leftover::ToLastChild);
-}
-
-void CDUIVerticalLayout::SetAttribute(const CString& name, const CString& value)
-{
-    if (!Attributes<CDUIVerticalLayout>().Apply(*this, name, value))
-        CDUICanvas::SetAttribute(name, value);
 }
 
 void CDUIVerticalLayout::OnCreate()

@@ -14,9 +14,4 @@ CDUIPaddingPanel::CDUIPaddingPanel()
     ModifyStyle(0, DUISTYLE_TRANSPARENT);
 }
 
-CRefPtr<IDUIControl> CDUIPaddingPanel::Clone()
-{
-    return new CDUIPaddingPanel(*this);
-}
-
 }  // namespace DUI

@@ -85,17 +85,6 @@ CDUISplitBase::CDUISplitBase()
 
 CDUISplitBase::~CDUISplitBase() = default;
 
-void* CDUISplitBase::GetInterface(const CString& name)
-{
-    return Class().Answers(name) ? this : nullptr;
-}
-
-void CDUISplitBase::SetAttribute(const CString& name, const CString& value)
-{
-    if (!Attributes().Apply(*this, name, value))
-        CDUIControlBase::SetAttribute(name, value);
-}
-
 // --- places ------------------------------------------------------------------------------------------------
 
 void CDUISplitBase::SetControlRect(const RECT& rect)
@@ -276,22 +265,12 @@ const ControlClass& CDUIVerticalSplit::Class()
     return info;
 }
 
-CRefPtr<IDUIControl> CDUIVerticalSplit::Clone()
-{
-    return new CDUIVerticalSplit(*this);
-}
-
 const ControlClass& CDUIHorizontalSplit::Class()
 {
     static const ControlClass info("CDUIHorizontalSplit", &CDUISplitBase::Class(),
                                    "Two panes, side by side, with a bar between them that the user drags.",
                                    {});
     return info;
-}
-
-CRefPtr<IDUIControl> CDUIHorizontalSplit::Clone()
-{
-    return new CDUIHorizontalSplit(*this);
 }
 
 }  // namespace DUI

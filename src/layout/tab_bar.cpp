@@ -67,23 +67,10 @@ void* CDUITabBar<Layout>::GetInterface(const CString& name)
 }
 
 template <class Layout>
-CRefPtr<IDUIControl> CDUITabBar<Layout>::Clone()
-{
-    return new CDUITabBar(*this);
-}
-
-template <class Layout>
 void CDUITabBar<Layout>::SetControlRect(const RECT& rect)
 {
     this->StoreControlRect(rect);
     layout::LayOutLine<axis::Of<Layout>>(*this, layout::Leftover::Nobody);
-}
-
-template <class Layout>
-void CDUITabBar<Layout>::SetAttribute(const CString& name, const CString& value)
-{
-    if (!Attributes<Layout>().Apply(*this, name, value))
-        Layout::SetAttribute(name, value);
 }
 
 // --- the tabs ----------------------------------------------------------------------------------------------

@@ -46,22 +46,6 @@ const ControlClass& CDUITabItem::Class()
     return info;
 }
 
-void* CDUITabItem::GetInterface(const CString& name)
-{
-    return Class().Answers(name) ? this : nullptr;
-}
-
-CRefPtr<IDUIControl> CDUITabItem::Clone()
-{
-    return new CDUITabItem(*this);
-}
-
-void CDUITabItem::SetAttribute(const CString& name, const CString& value)
-{
-    if (!Attributes().Apply(*this, name, value))
-        CDUIButton::SetAttribute(name, value);
-}
-
 void CDUITabItem::AllowTabStop(bool isAllowed)
 {
     m_isTabStopAllowed = isAllowed;

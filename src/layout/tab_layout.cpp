@@ -32,22 +32,6 @@ CDUITabLayout::CDUITabLayout()
     ModifyStyle(0, DUISTYLE_TRANSPARENT);
 }
 
-void* CDUITabLayout::GetInterface(const CString& name)
-{
-    return Class().Answers(name) ? this : nullptr;
-}
-
-CRefPtr<IDUIControl> CDUITabLayout::Clone()
-{
-    return new CDUITabLayout(*this);
-}
-
-void CDUITabLayout::SetAttribute(const CString& name, const CString& value)
-{
-    if (!Attributes().Apply(*this, name, value))
-        CDUICanvas::SetAttribute(name, value);
-}
-
 void CDUITabLayout::SetControlRect(const RECT& rect)
 {
     StoreControlRect(rect);

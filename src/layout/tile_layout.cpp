@@ -92,28 +92,12 @@ CDUITileLayout::CDUITileLayout()
 }
 
 CDUITileLayout::CDUITileLayout(const CDUITileLayout& other)
-    : IDUITileLayout(other),
+    : ControlOf(other),
       m_pScrollBar(owned_scroll_bar::Clone(other.m_pScrollBar)),
       m_nColumnCount(other.m_nColumnCount),
       m_nRowGap(other.m_nRowGap)
 {
     ModifyStyle(0, DUISTYLE_TRANSPARENT);
-}
-
-void* CDUITileLayout::GetInterface(const CString& name)
-{
-    return Class().Answers(name) ? this : nullptr;
-}
-
-CRefPtr<IDUIControl> CDUITileLayout::Clone()
-{
-    return new CDUITileLayout(*this);
-}
-
-void CDUITileLayout::SetAttribute(const CString& name, const CString& value)
-{
-    if (!Attributes().Apply(*this, name, value))
-        CDUICanvas::SetAttribute(name, value);
 }
 
 void CDUITileLayout::SetControlRect(const RECT& rect)

@@ -104,16 +104,6 @@ CDUIToolBarSeparator::CDUIToolBarSeparator()
     ModifyStyle(0, DUISTYLE_TRANSPARENT);
 }
 
-void* CDUIToolBarSeparator::GetInterface(const CString& name)
-{
-    return Class().Answers(name) ? this : nullptr;
-}
-
-CRefPtr<IDUIControl> CDUIToolBarSeparator::Clone()
-{
-    return new CDUIToolBarSeparator(*this);
-}
-
 void CDUIToolBarSeparator::SetLook(CDUIImageListPtr image, bool isBarVertical)
 {
     m_pImage = std::move(image);
@@ -171,8 +161,9 @@ CDUIToolBar<Layout>::CDUIToolBar() : m_pItems(MakeItems(*this))
 }
 
 template <class Layout>
-CDUIToolBar<Layout>::CDUIToolBar(const CDUIToolBar& other) : Layout(other),
-                                                             m_pItems(MakeItems(*this))
+CDUIToolBar<Layout>::CDUIToolBar(const CDUIToolBar& other)
+    : ControlOf<CDUIToolBar, Layout>(other),
+      m_pItems(MakeItems(*this))
 {
     m_pItems->SetLook(other.m_pItems->GetLook());
     m_pItems->CopyTabStops(*other.m_pItems);
@@ -182,23 +173,10 @@ template <class Layout>
 CDUIToolBar<Layout>::~CDUIToolBar() = default;
 
 template <class Layout>
-CRefPtr<IDUIControl> CDUIToolBar<Layout>::Clone()
-{
-    return new CDUIToolBar(*this);
-}
-
-template <class Layout>
 void CDUIToolBar<Layout>::SetControlRect(const RECT& rect)
 {
     this->StoreControlRect(rect);
     LayOutTools<axis::Of<Layout>>(*this, *m_pItems);
-}
-
-template <class Layout>
-void CDUIToolBar<Layout>::SetAttribute(const CString& name, const CString& value)
-{
-    if (!Attributes<Layout>().Apply(*this, name, value))
-        Layout::SetAttribute(name, value);
 }
 
 template <class Layout>

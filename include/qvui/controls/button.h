@@ -1,7 +1,7 @@
 #pragma once
 
 #include <qvui/controls/measured_text.h>
-#include <qvui/framework/control_base.h>
+#include <qvui/framework/control_of.h>
 #include <qvui/render/image_list.h>
 
 namespace DUI {
@@ -45,16 +45,15 @@ struct CButtonUIData {
 ///
 /// Skin attributes: back_image, icon, button_style, focus, want_return, toolbar_style.
 /// Notifications: DUINOTIFY_CLICK when it is activated.
-class QVUI_API CDUIButton : public CDUIControlBase {
+class QVUI_API CDUIButton : public ControlOf<CDUIButton, CDUIControlBase> {
+    friend ControlOf<CDUIButton, CDUIControlBase>;
+
 public:
     CDUIButton();
     ~CDUIButton() override;
     static const ControlClass& Class();
 
-    void* GetInterface(const CString& name) override;
-    CRefPtr<IDUIControl> Clone() override;
     BOOL Activate() override;
-    void SetAttribute(const CString& name, const CString& value) override;
     /// Text and icon beside or over each other, and the margin; with BTNSTYLE_AUTO_FIT the back image's icon.
     BOOL EstimateSize(SIZE available, SIZE& size) override;
 

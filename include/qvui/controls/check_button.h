@@ -8,13 +8,13 @@ namespace DUI {
 /// rectangle.
 ///
 /// Skin attributes: checked_image, unchecked_image.
-class QVUI_API CDUICheckButton : public CDUIButton {
+class QVUI_API CDUICheckButton : public ControlOf<CDUICheckButton, CDUIButton> {
+    friend ControlOf<CDUICheckButton, CDUIButton>;
+
 public:
     CDUICheckButton();
     ~CDUICheckButton() override;
     static const ControlClass& Class();
-
-    void SetAttribute(const CString& name, const CString& value) override;
 
 protected:
     void PaintForgnd(HDC hdc) override;
@@ -26,12 +26,13 @@ protected:
 /// A choice: activating it checks it, and never unchecks it. The application unchecks the others of a group.
 ///
 /// Notifications: DUINOTIFY_CLICK when it is activated, while the check state is still the old one.
-class QVUI_API CDUIRadioButton : public CDUICheckButton {
+class QVUI_API CDUIRadioButton : public ControlOf<CDUIRadioButton, CDUICheckButton> {
+    friend ControlOf<CDUIRadioButton, CDUICheckButton>;
+
 public:
     CDUIRadioButton() = default;
     static const ControlClass& Class();
 
-    CRefPtr<IDUIControl> Clone() override;
     BOOL Activate() override;
 
 protected:
@@ -41,12 +42,13 @@ protected:
 /// An option: activating it turns the check state over, "+" checks it and "-" unchecks it.
 ///
 /// Notifications: DUINOTIFY_CLICK when it is activated, while the check state is still the old one.
-class QVUI_API CDUICheckBox : public CDUICheckButton {
+class QVUI_API CDUICheckBox : public ControlOf<CDUICheckBox, CDUICheckButton> {
+    friend ControlOf<CDUICheckBox, CDUICheckButton>;
+
 public:
     CDUICheckBox() = default;
     static const ControlClass& Class();
 
-    CRefPtr<IDUIControl> Clone() override;
     BOOL Activate() override;
 
 protected:

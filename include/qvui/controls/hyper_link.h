@@ -9,16 +9,15 @@ namespace DUI {
 ///
 /// Skin attributes: href.
 /// Notifications: DUINOTIFY_LINKCLICK when it is activated; GetHyperLink of the sender is the link.
-class QVUI_API CDUIHyperLink : public CDUILabel {
+class QVUI_API CDUIHyperLink : public ControlOf<CDUIHyperLink, CDUILabel> {
+    friend ControlOf<CDUIHyperLink, CDUILabel>;
+
 public:
     CDUIHyperLink();
     ~CDUIHyperLink() override;
     static const ControlClass& Class();
 
-    void* GetInterface(const CString& name) override;
-    CRefPtr<IDUIControl> Clone() override;
     BOOL Activate() override;
-    void SetAttribute(const CString& name, const CString& value) override;
 
 protected:
     LRESULT ProcessEvent(const tagDUIEvent& event, BOOL& bHandled) override;

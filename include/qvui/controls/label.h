@@ -1,7 +1,7 @@
 #pragma once
 
 #include <qvui/controls/measured_text.h>
-#include <qvui/framework/control_base.h>
+#include <qvui/framework/control_of.h>
 #include <qvui/render/image_list.h>
 
 namespace DUI {
@@ -9,15 +9,14 @@ namespace DUI {
 /// A text, with a shadow when wanted, over a background image.
 ///
 /// Skin attributes: enable_shadowtext, shadowtext_color, back_image.
-class QVUI_API CDUILabel : public CDUIControlBase {
+class QVUI_API CDUILabel : public ControlOf<CDUILabel, CDUIControlBase> {
+    friend ControlOf<CDUILabel, CDUIControlBase>;
+
 public:
     CDUILabel() = default;
     ~CDUILabel() override;
     static const ControlClass& Class();
 
-    void* GetInterface(const CString& name) override;
-    CRefPtr<IDUIControl> Clone() override;
-    void SetAttribute(const CString& name, const CString& value) override;
     /// The text on one line, without the margin. FALSE, with `size` untouched, without a text, a text style
     /// or its normal font.
     BOOL EstimateSize(SIZE available, SIZE& size) override;

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <qvui/framework/control_base.h>
+#include <qvui/framework/control_of.h>
 #include <qvui/render/image_list.h>
 
 namespace DUI {
@@ -9,15 +9,14 @@ namespace DUI {
 /// stands in the middle at its own size; everything else fills the content rectangle.
 ///
 /// Skin attributes: icon.
-class QVUI_API CDUIPictureBox : public CDUIControlBase {
+class QVUI_API CDUIPictureBox : public ControlOf<CDUIPictureBox, CDUIControlBase> {
+    friend ControlOf<CDUIPictureBox, CDUIControlBase>;
+
 public:
     CDUIPictureBox() = default;
     ~CDUIPictureBox() override;
     static const ControlClass& Class();
 
-    void* GetInterface(const CString& name) override;
-    CRefPtr<IDUIControl> Clone() override;
-    void SetAttribute(const CString& name, const CString& value) override;
     /// One icon and the margin.
     BOOL EstimateSize(SIZE available, SIZE& size) override;
 

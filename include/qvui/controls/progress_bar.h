@@ -1,6 +1,6 @@
 #pragma once
 
-#include <qvui/framework/control_base.h>
+#include <qvui/framework/control_of.h>
 #include <qvui/render/image_list.h>
 
 namespace DUI {
@@ -15,14 +15,14 @@ struct CProgressBarUIData {
 ///
 /// Skin attributes: back_image, range, pos.
 /// Notifications: DUINOTIFY_PROGRESSPOS, wParam the new position, when it changed.
-class QVUI_API CDUIProgressBar : public CDUIControlBase {
+class QVUI_API CDUIProgressBar : public ControlOf<CDUIProgressBar, CDUIControlBase> {
+    friend ControlOf<CDUIProgressBar, CDUIControlBase>;
+
 public:
     CDUIProgressBar() = default;
     ~CDUIProgressBar() override;
     static const ControlClass& Class();
 
-    void* GetInterface(const CString& name) override;
-    void SetAttribute(const CString& name, const CString& value) override;
     /// One icon and the margin.
     BOOL EstimateSize(SIZE available, SIZE& size) override;
 
@@ -58,18 +58,20 @@ private:
 };
 
 /// Fills from the left.
-class QVUI_API CDUIHorizontalProgressBar : public CDUIProgressBar {
+class QVUI_API CDUIHorizontalProgressBar : public ControlOf<CDUIHorizontalProgressBar, CDUIProgressBar> {
+    friend ControlOf<CDUIHorizontalProgressBar, CDUIProgressBar>;
+
 public:
     static const ControlClass& Class();
-    CRefPtr<IDUIControl> Clone() override;
     BOOL IsVertical() override { return FALSE; }
 };
 
 /// Fills from the bottom.
-class QVUI_API CDUIVerticalProgressBar : public CDUIProgressBar {
+class QVUI_API CDUIVerticalProgressBar : public ControlOf<CDUIVerticalProgressBar, CDUIProgressBar> {
+    friend ControlOf<CDUIVerticalProgressBar, CDUIProgressBar>;
+
 public:
     static const ControlClass& Class();
-    CRefPtr<IDUIControl> Clone() override;
     BOOL IsVertical() override { return TRUE; }
 };
 

@@ -27,15 +27,16 @@ protected:
 /// the bar captures meanwhile.
 ///
 /// Skin attributes: back_image, thumb_image, thumb_mark, notifier, enable_arrow, arrow_image1, arrow_image2.
-class QVUI_API CDUIScrollBarBase : public CDUIControlBase, public IDUIScrollSink {
+class QVUI_API CDUIScrollBarBase : public ControlOf<CDUIScrollBarBase, CDUIControlBase>,
+                                   public IDUIScrollSink {
+    friend ControlOf<CDUIScrollBarBase, CDUIControlBase>;
+
 public:
     CDUIScrollBarBase();
     ~CDUIScrollBarBase() override;
     static const ControlClass& Class();
 
-    void* GetInterface(const CString& name) override;
     void SetControlRect(const RECT& rect) override;
-    void SetAttribute(const CString& name, const CString& value) override;
     /// A disabled bar has no thumb and ignores presses.
     void ModifyStatus(DWORD remove, DWORD add) override;
 
@@ -114,26 +115,26 @@ private:
     bool m_isOwnerByName = false;
 };
 
-class QVUI_API CDUIVerticalSB : public CDUIScrollBarBase {
+class QVUI_API CDUIVerticalSB : public ControlOf<CDUIVerticalSB, CDUIScrollBarBase> {
+    friend ControlOf<CDUIVerticalSB, CDUIScrollBarBase>;
+
 public:
     CDUIVerticalSB() = default;
     static const ControlClass& Class();
 
-    void* GetInterface(const CString& name) override;
-    CRefPtr<IDUIControl> Clone() override;
     int IsVerticalSB() override { return 1; }
 
 protected:
     CDUIVerticalSB(const CDUIVerticalSB& other) = default;
 };
 
-class QVUI_API CDUIHorizontalSB : public CDUIScrollBarBase {
+class QVUI_API CDUIHorizontalSB : public ControlOf<CDUIHorizontalSB, CDUIScrollBarBase> {
+    friend ControlOf<CDUIHorizontalSB, CDUIScrollBarBase>;
+
 public:
     CDUIHorizontalSB() = default;
     static const ControlClass& Class();
 
-    void* GetInterface(const CString& name) override;
-    CRefPtr<IDUIControl> Clone() override;
     int IsVerticalSB() override { return 0; }
 
 protected:
@@ -143,15 +144,14 @@ protected:
 /// The thumb of a scroll bar. It reports how far it is dragged and is moved by what comes of it.
 ///
 /// Skin attributes: thumb_mark.
-class QVUI_API CDUISBThumButton : public CDUIButton {
+class QVUI_API CDUISBThumButton : public ControlOf<CDUISBThumButton, CDUIButton> {
+    friend ControlOf<CDUISBThumButton, CDUIButton>;
+
 public:
     CDUISBThumButton() = default;
     static const ControlClass& Class();
 
-    void* GetInterface(const CString& name) override;
-    CRefPtr<IDUIControl> Clone() override;
     BOOL Activate() override { return 0; }
-    void SetAttribute(const CString& name, const CString& value) override;
 
 protected:
     LRESULT ProcessEvent(const tagDUIEvent& event, BOOL& bHandled) override;

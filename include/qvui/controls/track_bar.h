@@ -12,13 +12,12 @@ struct CTrackBarUIData {
 };
 
 /// The thumb of a track bar, which handles the thumb's events.
-class QVUI_API CDUITrackBarThumb : public CDUIButton {
+class QVUI_API CDUITrackBarThumb : public ControlOf<CDUITrackBarThumb, CDUIButton> {
+    friend ControlOf<CDUITrackBarThumb, CDUIButton>;
+
 public:
     CDUITrackBarThumb() = default;
     static const ControlClass& Class();
-
-    void* GetInterface(const CString& name) override;
-    CRefPtr<IDUIControl> Clone() override;
 
 protected:
     CDUITrackBarThumb(const CDUITrackBarThumb& other) = default;
@@ -33,17 +32,17 @@ protected:
 ///
 /// Skin attributes: back_image, thumb_image, range, pos, step, percent, back_color.
 /// Notifications: DUINOTIFY_TRACKPOS, wParam the new position, when it changed.
-class QVUI_API CDUITrackBarBase : public CDUIControlBase {
+class QVUI_API CDUITrackBarBase : public ControlOf<CDUITrackBarBase, CDUIControlBase> {
+    friend ControlOf<CDUITrackBarBase, CDUIControlBase>;
+
 public:
     CDUITrackBarBase();
     ~CDUITrackBarBase() override;
     static const ControlClass& Class();
 
-    void* GetInterface(const CString& name) override;
     /// A thumb without a tooltip takes it too.
     void SetTooltip(const CString& tooltip) override;
     void SetControlRect(const RECT& rect) override;
-    void SetAttribute(const CString& name, const CString& value) override;
     /// Room for one icon of the track and for the thumb, and the margin.
     BOOL EstimateSize(SIZE available, SIZE& size) override;
 
@@ -113,18 +112,20 @@ private:
 };
 
 /// Grows to the right.
-class QVUI_API CDUIHorizontalTrackBar : public CDUITrackBarBase {
+class QVUI_API CDUIHorizontalTrackBar : public ControlOf<CDUIHorizontalTrackBar, CDUITrackBarBase> {
+    friend ControlOf<CDUIHorizontalTrackBar, CDUITrackBarBase>;
+
 public:
     static const ControlClass& Class();
-    CRefPtr<IDUIControl> Clone() override;
     BOOL IsVertical() override { return FALSE; }
 };
 
 /// Grows upwards.
-class QVUI_API CDUIVerticalTrackBar : public CDUITrackBarBase {
+class QVUI_API CDUIVerticalTrackBar : public ControlOf<CDUIVerticalTrackBar, CDUITrackBarBase> {
+    friend ControlOf<CDUIVerticalTrackBar, CDUITrackBarBase>;
+
 public:
     static const ControlClass& Class();
-    CRefPtr<IDUIControl> Clone() override;
     BOOL IsVertical() override { return TRUE; }
 };
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <qvui/framework/control_base.h>
+#include <qvui/framework/control_of.h>
 #include <qvui/render/background.h>
 
 namespace DUI {
@@ -9,14 +9,12 @@ namespace DUI {
 /// leaves the others where their "position" puts them. The base of all layouts.
 ///
 /// Skin attributes: frame_style.
-class QVUI_API CDUICanvas : public CDUIControlBase {
+class QVUI_API CDUICanvas : public ControlOf<CDUICanvas, CDUIControlBase> {
+    friend ControlOf<CDUICanvas, CDUIControlBase>;
+
 public:
     CDUICanvas() = default;
     static const ControlClass& Class();
-
-    void* GetInterface(const CString& name) override;
-    CRefPtr<IDUIControl> Clone() override;
-    void SetAttribute(const CString& name, const CString& value) override;
 
 protected:
     /// The frame, over the content rectangle.

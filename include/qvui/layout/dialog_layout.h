@@ -9,15 +9,14 @@ namespace DUI {
 /// only after recalc was set. The stretch bits are the application's.
 ///
 /// Skin attributes: recalc.
-class QVUI_API CDUIDialogLayout : public CDUICanvas {
+class QVUI_API CDUIDialogLayout : public ControlOf<CDUIDialogLayout, CDUICanvas> {
+    friend ControlOf<CDUIDialogLayout, CDUICanvas>;
+
 public:
     CDUIDialogLayout();
     static const ControlClass& Class();
 
-    void* GetInterface(const CString& name) override;
-    CRefPtr<IDUIControl> Clone() override;
     void SetControlRect(const RECT& rect) override;
-    void SetAttribute(const CString& name, const CString& value) override;
     /// The dialog's size, whatever is available.
     BOOL EstimateSize(SIZE available, SIZE& size) override;
 

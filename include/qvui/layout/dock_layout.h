@@ -20,15 +20,14 @@ protected:
 /// their space too. A child without an edge gets nothing.
 ///
 /// Skin attributes: fill_last.
-class QVUI_API CDUIDockLayout : public IDUIDockLayout {
+class QVUI_API CDUIDockLayout : public ControlOf<CDUIDockLayout, IDUIDockLayout> {
+    friend ControlOf<CDUIDockLayout, IDUIDockLayout>;
+
 public:
     CDUIDockLayout();
     static const ControlClass& Class();
 
-    void* GetInterface(const CString& name) override;
-    CRefPtr<IDUIControl> Clone() override;
     void SetControlRect(const RECT& rect) override;
-    void SetAttribute(const CString& name, const CString& value) override;
 
     void SetLastFill(int fill) override { m_nLastFill = fill; }
     int GetLastFill() const override { return m_nLastFill; }

@@ -1,7 +1,7 @@
 #pragma once
 
 #include <qvui/foundation/color.h>
-#include <qvui/framework/control_base.h>
+#include <qvui/framework/control_of.h>
 #include <qvui/render/image_list.h>
 
 namespace DUI {
@@ -27,15 +27,14 @@ enum FRAMEPANEL_DRAW : unsigned long {
 ///
 /// Skin attributes: frame_type, border_color, left_border_image, right_border_image, top_border_image,
 /// bottom_border_image, border_rect, back_image.
-class QVUI_API CDUIFramePanel : public CDUIControlBase {
+class QVUI_API CDUIFramePanel : public ControlOf<CDUIFramePanel, CDUIControlBase> {
+    friend ControlOf<CDUIFramePanel, CDUIControlBase>;
+
 public:
     CDUIFramePanel();
     static const ControlClass& Class();
 
-    void* GetInterface(const CString& name) override;
-    CRefPtr<IDUIControl> Clone() override;
     void SetControlRect(const RECT& rect) override;
-    void SetAttribute(const CString& name, const CString& value) override;
 
 protected:
     void PaintBkgnd(HDC hdc) override;

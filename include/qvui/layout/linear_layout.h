@@ -13,15 +13,14 @@ namespace DUI {
 /// "cs_h_scrollbar" where there is one, stands at the bottom edge while it is needed.
 ///
 /// Skin attributes: enable_scroll.
-class QVUI_API CDUIHorizontalLayout : public CDUICanvas {
+class QVUI_API CDUIHorizontalLayout : public ControlOf<CDUIHorizontalLayout, CDUICanvas> {
+    friend ControlOf<CDUIHorizontalLayout, CDUICanvas>;
+
 public:
     CDUIHorizontalLayout();
     static const ControlClass& Class();
 
-    void* GetInterface(const CString& name) override;
-    CRefPtr<IDUIControl> Clone() override;
     void SetControlRect(const RECT& rect) override;
-    void SetAttribute(const CString& name, const CString& value) override;
 
     /// Borrowed; null when there is none.
     CDUIHorizontalSB* GetHorizontalSB() override { return m_pScrollBar.GetPtr(); }
@@ -45,15 +44,14 @@ private:
 
 /// The same from top to bottom, with heights ("height"), a vertical scroll bar at the right edge and its
 /// style "cs_v_scrollbar".
-class QVUI_API CDUIVerticalLayout : public CDUICanvas {
+class QVUI_API CDUIVerticalLayout : public ControlOf<CDUIVerticalLayout, CDUICanvas> {
+    friend ControlOf<CDUIVerticalLayout, CDUICanvas>;
+
 public:
     CDUIVerticalLayout();
     static const ControlClass& Class();
 
-    void* GetInterface(const CString& name) override;
-    CRefPtr<IDUIControl> Clone() override;
     void SetControlRect(const RECT& rect) override;
-    void SetAttribute(const CString& name, const CString& value) override;
 
     CDUIVerticalSB* GetVerticalSB() override { return m_pScrollBar.GetPtr(); }
 

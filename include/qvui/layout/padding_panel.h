@@ -1,16 +1,16 @@
 #pragma once
 
-#include <qvui/framework/control_base.h>
+#include <qvui/framework/control_of.h>
 
 namespace DUI {
 
 /// A transparent container whose first child fills its content rectangle, so that "margin" insets it.
-class QVUI_API CDUIPaddingPanel : public CDUIControlBase {
+class QVUI_API CDUIPaddingPanel : public ControlOf<CDUIPaddingPanel, CDUIControlBase> {
+    friend ControlOf<CDUIPaddingPanel, CDUIControlBase>;
+
 public:
     CDUIPaddingPanel();
     static const ControlClass& Class();
-
-    CRefPtr<IDUIControl> Clone() override;
 
 protected:
     CDUIPaddingPanel(const CDUIPaddingPanel& other) = default;

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <qvui/framework/control_base.h>
+#include <qvui/framework/control_of.h>
 
 namespace DUI {
 
@@ -25,15 +25,15 @@ enum SPLIT_RESIZE : DWORD {
 /// after a release that went to another control.
 ///
 /// Skin attributes: split_style, split_pos, split_min.
-class QVUI_API CDUISplitBase : public CDUIControlBase {
+class QVUI_API CDUISplitBase : public ControlOf<CDUISplitBase, CDUIControlBase> {
+    friend ControlOf<CDUISplitBase, CDUIControlBase>;
+
 public:
     CDUISplitBase();
     ~CDUISplitBase() override;
     static const ControlClass& Class();
 
-    void* GetInterface(const CString& name) override;
     void SetControlRect(const RECT& rect) override;
-    void SetAttribute(const CString& name, const CString& value) override;
 
 protected:
     CDUISplitBase(const CDUISplitBase& other) = default;
@@ -84,12 +84,13 @@ private:
 };
 
 /// The second pane below the first.
-class QVUI_API CDUIVerticalSplit : public CDUISplitBase {
+class QVUI_API CDUIVerticalSplit : public ControlOf<CDUIVerticalSplit, CDUISplitBase> {
+    friend ControlOf<CDUIVerticalSplit, CDUISplitBase>;
+
 public:
     CDUIVerticalSplit() = default;
     static const ControlClass& Class();
 
-    CRefPtr<IDUIControl> Clone() override;
     BOOL IsVertical() override { return TRUE; }
 
 protected:
@@ -97,12 +98,13 @@ protected:
 };
 
 /// The second pane to the right of the first.
-class QVUI_API CDUIHorizontalSplit : public CDUISplitBase {
+class QVUI_API CDUIHorizontalSplit : public ControlOf<CDUIHorizontalSplit, CDUISplitBase> {
+    friend ControlOf<CDUIHorizontalSplit, CDUISplitBase>;
+
 public:
     CDUIHorizontalSplit() = default;
     static const ControlClass& Class();
 
-    CRefPtr<IDUIControl> Clone() override;
     BOOL IsVertical() override { return FALSE; }
 
 protected:

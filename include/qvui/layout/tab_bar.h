@@ -24,15 +24,15 @@ class IDUITabLayout;
 /// Skin attributes: tab_layout, select_index.
 /// Notifications: DUINOTIFY_TABACTIVATE (wParam 1, sender the tab) when the user selects another tab.
 template <class Layout>
-class QVUI_API CDUITabBar : public Layout, public IDUITabBar {
+class QVUI_API CDUITabBar : public ControlOf<CDUITabBar<Layout>, Layout>, public IDUITabBar {
+    friend ControlOf<CDUITabBar<Layout>, Layout>;
+
 public:
     CDUITabBar();
     static const ControlClass& Class();
 
     void* GetInterface(const CString& name) override;
-    CRefPtr<IDUIControl> Clone() override;
     void SetControlRect(const RECT& rect) override;
-    void SetAttribute(const CString& name, const CString& value) override;
     IDUIControl* FindControl(FindControlProc proc, void* pData, UINT flags) override;
 
 protected:

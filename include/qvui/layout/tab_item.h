@@ -10,16 +10,15 @@ namespace DUI {
 ///
 /// Skin attributes: tab_stop.
 /// Notifications: DUINOTIFY_TABACTIVATE when its bar selects it.
-class QVUI_API CDUITabItem : public CDUIButton {
+class QVUI_API CDUITabItem : public ControlOf<CDUITabItem, CDUIButton> {
+    friend ControlOf<CDUITabItem, CDUIButton>;
+
 public:
     CDUITabItem() = default;
     static const ControlClass& Class();
 
-    void* GetInterface(const CString& name) override;
-    CRefPtr<IDUIControl> Clone() override;
     /// Selects the tab; no DUINOTIFY_CLICK.
     BOOL Activate() override;
-    void SetAttribute(const CString& name, const CString& value) override;
 
     /// For the tab bar: puts the tab among the window's tab stops, or takes it away from them. A tab whose
     /// tab_stop is off never gets there.

@@ -20,15 +20,14 @@ protected:
 /// attached to a window the pages are as visible as their templates say. A tab bar drives it.
 ///
 /// Skin attributes: select_index.
-class QVUI_API CDUITabLayout : public IDUITabLayout {
+class QVUI_API CDUITabLayout : public ControlOf<CDUITabLayout, IDUITabLayout> {
+    friend ControlOf<CDUITabLayout, IDUITabLayout>;
+
 public:
     CDUITabLayout();
     static const ControlClass& Class();
 
-    void* GetInterface(const CString& name) override;
-    CRefPtr<IDUIControl> Clone() override;
     void SetControlRect(const RECT& rect) override;
-    void SetAttribute(const CString& name, const CString& value) override;
 
 protected:
     CDUITabLayout(const CDUITabLayout& other) = default;

@@ -23,15 +23,14 @@ protected:
 /// with a scroll bar in the skin's control style "cs_v_scrollbar".
 ///
 /// Skin attributes: column_count, padding_height, vscroll_style.
-class QVUI_API CDUITileLayout : public IDUITileLayout {
+class QVUI_API CDUITileLayout : public ControlOf<CDUITileLayout, IDUITileLayout> {
+    friend ControlOf<CDUITileLayout, IDUITileLayout>;
+
 public:
     CDUITileLayout();
     static const ControlClass& Class();
 
-    void* GetInterface(const CString& name) override;
-    CRefPtr<IDUIControl> Clone() override;
     void SetControlRect(const RECT& rect) override;
-    void SetAttribute(const CString& name, const CString& value) override;
 
     /// Borrowed; there is one while the layout is attached to a window.
     CDUIVerticalSB* GetVerticalSB() override { return m_pScrollBar.GetPtr(); }

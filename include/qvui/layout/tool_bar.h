@@ -11,13 +11,13 @@ class ToolBarItems;
 
 /// A line between the items of a tool bar ("toolbar_separator"). It shows the bar's separator_image in the
 /// middle of its place; without one it draws a thin line across the bar.
-class QVUI_API CDUIToolBarSeparator : public CDUIControlBase {
+class QVUI_API CDUIToolBarSeparator : public ControlOf<CDUIToolBarSeparator, CDUIControlBase> {
+    friend ControlOf<CDUIToolBarSeparator, CDUIControlBase>;
+
 public:
     CDUIToolBarSeparator();
     static const ControlClass& Class();
 
-    void* GetInterface(const CString& name) override;
-    CRefPtr<IDUIControl> Clone() override;
     /// The image's size, or that of the thin line with the space around it; fixed sizes replace them.
     BOOL EstimateSize(SIZE available, SIZE& size) override;
 
@@ -50,15 +50,15 @@ private:
 /// Skin attributes: separator_image, overflow_image, overflow_frame, overflow_item_style. enable_scroll has
 /// no effect.
 template <class Layout>
-class QVUI_API CDUIToolBar : public Layout {
+class QVUI_API CDUIToolBar : public ControlOf<CDUIToolBar<Layout>, Layout> {
+    friend ControlOf<CDUIToolBar<Layout>, Layout>;
+
 public:
     CDUIToolBar();
     ~CDUIToolBar() override;
     static const ControlClass& Class();
 
-    CRefPtr<IDUIControl> Clone() override;
     void SetControlRect(const RECT& rect) override;
-    void SetAttribute(const CString& name, const CString& value) override;
     void DoPaint(HDC hdc, const RECT& rcPaint) override;
     IDUIControl* FindControl(FindControlProc proc, void* pData, UINT flags) override;
     void RemoveAllControl() override;
