@@ -142,6 +142,9 @@ bool ReadBmp(std::span<const std::uint8_t> file, Alpha& alpha)
     const Numbers numbers(file, Order::LittleEndian);
     constexpr std::uint32_t kCoreHeader = 12;
     constexpr std::uint32_t kInfoHeader = 40;
+    constexpr std::uint32_t kPlain = 0;
+    constexpr std::uint32_t kRle8 = 1;
+    constexpr std::uint32_t kRle4 = 2;
     constexpr std::uint32_t kBitFields = 3;
     const std::uint32_t headerSize = numbers.U32(14);
     const bool isCore = headerSize == kCoreHeader;
@@ -155,8 +158,10 @@ bool ReadBmp(std::span<const std::uint8_t> file, Alpha& alpha)
     const std::uint64_t pixels = numbers.U32(10);
     if (!IsSize(numbers, width, height) || bits > 32 || pixels < 14 + headerSize)
         return false;
-    const bool isPlain = compression == 0 || compression == kBitFields;
-    return numbers.Has(pixels, isPlain ? (width * bits + 31) / 32 * 4 * height : 1);
+    if (compression == kRle8 || compression == kRle4)
+        return numbers.Has(pixels, 1);
+    return (compression == kPlain || compression == kBitFields) &&
+           numbers.Has(pixels, (width * bits + 31) / 32 * 4 * height);
 }
 
 bool ReadTiff(std::span<const std::uint8_t> file, Alpha&)

@@ -267,6 +267,7 @@ TEST_F(Images, OfAbsurdSizesFail)
         {"24.bmp", 22, {0, 0, 0, 0x80}},
         {"24.bmp", 10, {0xFF, 0xFF, 0xFF, 0x7F}},
         {"8-rle.bmp", 18, {0, 0x10, 0, 0, 0, 0x10, 0, 0}},
+        {"16.bmp", 30, {37, 0}},  // compressed in no known way
         {"rgb.tif", 4, {0xFF, 0xFF, 0xFF, 0x7F}},
         {"rgb.tif", 48, {16, 0}},  // a width of a type that decoders read from elsewhere
         {"rgb.tif", 150, {0xFF, 0xFF}},
