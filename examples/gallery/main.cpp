@@ -1,7 +1,6 @@
 #include <cstdio>
 
-#include "common/options.h"
-#include "common/screenshot.h"
+#include "common/application.h"
 #include "gallery/gallery_window.h"
 #include "gallery/spinner.h"
 
@@ -20,10 +19,7 @@ int Run(const example::Options& options)
         std::fprintf(stderr, "There is no page \"%s\".\n", options.page.c_str());
         return 1;
     }
-    window.Show();
-    if (!options.screenshot.empty())
-        return example::SaveScreenshot(window.GetHWND(), options.screenshot.c_str()) ? 0 : 1;
-    return DUIGetAppInstance()->GetMessageLoop()->Run();
+    return example::Run(window, options);
 }
 
 }  // namespace
@@ -31,10 +27,5 @@ int Run(const example::Options& options)
 // Shows the gallery, or writes a picture of one of its pages to a file.
 int main(int argc, char** argv)
 {
-    example::Options options;
-    if (!example::ReadOptions(argc, argv, options))
-        return 2;
-    const int status = Run(options);
-    DUIGetAppInstance()->Term();
-    return status;
+    return example::Main(argc, argv, &Run);
 }

@@ -1,7 +1,6 @@
 #include <cstdio>
 
-#include "common/options.h"
-#include "common/screenshot.h"
+#include "common/application.h"
 #include "hello/hello_window.h"
 
 namespace {
@@ -15,10 +14,7 @@ int Run(const example::Options& options)
         std::fprintf(stderr, "The skin package has no usable window \"hello\".\n");
         return 1;
     }
-    window.Show();
-    if (!options.screenshot.empty())
-        return example::SaveScreenshot(window.GetHWND(), options.screenshot.c_str()) ? 0 : 1;
-    return DUIGetAppInstance()->GetMessageLoop()->Run();
+    return example::Run(window, options);
 }
 
 }  // namespace
@@ -26,10 +22,5 @@ int Run(const example::Options& options)
 // Shows the window, or writes its picture to a file.
 int main(int argc, char** argv)
 {
-    example::Options options;
-    if (!example::ReadOptions(argc, argv, options))
-        return 2;
-    const int status = Run(options);
-    DUIGetAppInstance()->Term();
-    return status;
+    return example::Main(argc, argv, &Run);
 }

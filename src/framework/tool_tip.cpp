@@ -7,6 +7,7 @@
 #include <qvui/framework/draw_manager.h>
 #include <qvui/framework/html_drawer.h>
 
+#include "framework/popup_class.h"
 #include "framework/tool_tip_placement.h"
 #include "framework/tool_tip_timers.h"
 
@@ -61,7 +62,6 @@ private:
     };
 
     static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
-    static bool RegisterWindowClass();
     LRESULT OnMessage(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
     void OnTimer(UINT_PTR id);
     void OnMove(const MSG& message);
@@ -95,25 +95,9 @@ private:
     DWORD m_hiddenAt = 0;
 };
 
-bool CPPToolTip::Window::RegisterWindowClass()
-{
-    WNDCLASSEXA windowClass{};
-    windowClass.cbSize = sizeof windowClass;
-    if (GetClassInfoExA(GetModuleHandleA(nullptr), kClassName, &windowClass))
-        return true;
-    windowClass = {};
-    windowClass.cbSize = sizeof windowClass;
-    windowClass.style = CS_DROPSHADOW;
-    windowClass.lpfnWndProc = &Window::Procedure;
-    windowClass.hInstance = GetModuleHandleA(nullptr);
-    windowClass.hCursor = LoadCursorA(nullptr, IDC_ARROW);
-    windowClass.lpszClassName = kClassName;
-    return RegisterClassExA(&windowClass) != 0;
-}
-
 BOOL CPPToolTip::Window::Create(HWND host)
 {
-    if (m_hWnd || !IsWindow(host) || !RegisterWindowClass())
+    if (m_hWnd || !IsWindow(host) || !RegisterPopupClass(kClassName, &Window::Procedure))
         return FALSE;
     m_host = host;
     constexpr DWORD kExStyle = WS_EX_TOOLWINDOW | WS_EX_TOPMOST | WS_EX_NOACTIVATE | WS_EX_TRANSPARENT;

@@ -19,18 +19,50 @@ const AttributeTable<Layout>& Attributes()
     return table;
 }
 
-template <class Axis>
-void CreateScrollBar(CDUICanvas& layout, CRefPtr<typename Axis::ScrollBar>& bar, bool isWanted)
+}  // namespace
+
+template <class Layout, class ScrollBar>
+CDUILinearLayout<Layout, ScrollBar>::CDUILinearLayout()
 {
-    if (isWanted && bar.IsNull()) {
-        bar = owned_scroll_bar::Create<typename Axis::ScrollBar>();
-        if (!bar.IsNull())
-            bar->SetAttribute("control_style", Axis::kScrollBarStyle);
-    }
-    owned_scroll_bar::Attach(bar, layout);
+    this->ModifyStyle(0, DUISTYLE_TRANSPARENT);
 }
 
-}  // namespace
+template <class Layout, class ScrollBar>
+CDUILinearLayout<Layout, ScrollBar>::CDUILinearLayout(const CDUILinearLayout& other)
+    : ControlOf<Layout, CDUICanvas>(other),
+      m_pScrollBar(owned_scroll_bar::Clone(other.m_pScrollBar)),
+      m_nEnableScroll(other.m_nEnableScroll)
+{
+    this->ModifyStyle(0, DUISTYLE_TRANSPARENT);
+}
+
+template <class Layout, class ScrollBar>
+void CDUILinearLayout<Layout, ScrollBar>::SetControlRect(const RECT& rect)
+{
+    this->StoreControlRect(rect);
+    LayOutLine<axis::Of<Layout>>(*this, Leftover::ToLastChild);
+}
+
+template <class Layout, class ScrollBar>
+void CDUILinearLayout<Layout, ScrollBar>::OnCreate()
+{
+    if (m_nEnableScroll && m_pScrollBar.IsNull()) {
+        m_pScrollBar = owned_scroll_bar::Create<ScrollBar>();
+        if (!m_pScrollBar.IsNull())
+            m_pScrollBar->SetAttribute("control_style", axis::Of<Layout>::kScrollBarStyle);
+    }
+    owned_scroll_bar::Attach(m_pScrollBar, *this);
+}
+
+template <class Layout, class ScrollBar>
+void CDUILinearLayout<Layout, ScrollBar>::OnDestroy()
+{
+    owned_scroll_bar::Release(m_pScrollBar);
+    CDUICanvas::OnDestroy();
+}
+
+template class CDUILinearLayout<CDUIHorizontalLayout, CDUIHorizontalSB>;
+template class CDUILinearLayout<CDUIVerticalLayout, CDUIVerticalSB>;
 
 const ControlClass& CDUIHorizontalLayout::Class()
 {
@@ -40,72 +72,12 @@ const ControlClass& CDUIHorizontalLayout::Class()
     return info;
 }
 
-CDUIHorizontalLayout::CDUIHorizontalLayout()
-{
-    ModifyStyle(0, DUISTYLE_TRANSPARENT);
-}
-
-CDUIHorizontalLayout::CDUIHorizontalLayout(const CDUIHorizontalLayout& other)
-    : ControlOf(other),
-      m_pScrollBar(owned_scroll_bar::Clone(other.m_pScrollBar)),
-      m_nEnableScroll(other.m_nEnableScroll)
-{
-    ModifyStyle(0, DUISTYLE_TRANSPARENT);
-}
-
-void CDUIHorizontalLayout::SetControlRect(const RECT& rect)
-{
-    StoreControlRect(rect);
-    LayOutLine<axis::Horizontal>(*this, Leftover::ToLastChild);
-}
-
-void CDUIHorizontalLayout::OnCreate()
-{
-    CreateScrollBar<axis::Horizontal>(*this, m_pScrollBar, m_nEnableScroll != 0);
-}
-
-void CDUIHorizontalLayout::OnDestroy()
-{
-    owned_scroll_bar::Release(m_pScrollBar);
-    CDUICanvas::OnDestroy();
-}
-
 const ControlClass& CDUIVerticalLayout::Class()
 {
     static const ControlClass info("CDUIVerticalLayout", &CDUICanvas::Class(),
                                    "Lines up its children from top to bottom.", {"vert_layout"},
                                    &Attributes<CDUIVerticalLayout>());
     return info;
-}
-
-CDUIVerticalLayout::CDUIVerticalLayout()
-{
-    ModifyStyle(0, DUISTYLE_TRANSPARENT);
-}
-
-CDUIVerticalLayout::CDUIVerticalLayout(const CDUIVerticalLayout& other)
-    : ControlOf(other),
-      m_pScrollBar(owned_scroll_bar::Clone(other.m_pScrollBar)),
-      m_nEnableScroll(other.m_nEnableScroll)
-{
-    ModifyStyle(0, DUISTYLE_TRANSPARENT);
-}
-
-void CDUIVerticalLayout::SetControlRect(const RECT& rect)
-{
-    StoreControlRect(rect);
-    LayOutLine<axis::Vertical>(*this, Leftover::ToLastChild);
-}
-
-void CDUIVerticalLayout::OnCreate()
-{
-    CreateScrollBar<axis::Vertical>(*this, m_pScrollBar, m_nEnableScroll != 0);
-}
-
-void CDUIVerticalLayout::OnDestroy()
-{
-    owned_scroll_bar::Release(m_pScrollBar);
-    CDUICanvas::OnDestroy();
 }
 
 }  // namespace DUI

@@ -6,6 +6,7 @@
 #include <qvui/layout/linear_layout.h>
 
 #include "controls/geometry.h"
+#include "framework/popup_class.h"
 #include "framework/tool_tip_placement.h"
 #include "layout/tool_bar_colors.h"
 #include "layout/tool_bar_plan.h"
@@ -65,25 +66,9 @@ ToolBarMenu::~ToolBarMenu()
 
 // --- opening and closing -----------------------------------------------------------------------------------
 
-bool ToolBarMenu::RegisterWindowClass()
-{
-    WNDCLASSEXA windowClass{};
-    windowClass.cbSize = sizeof windowClass;
-    if (GetClassInfoExA(GetModuleHandleA(nullptr), kClassName, &windowClass))
-        return true;
-    windowClass = {};
-    windowClass.cbSize = sizeof windowClass;
-    windowClass.style = CS_DROPSHADOW;
-    windowClass.lpfnWndProc = &ToolBarMenu::Procedure;
-    windowClass.hInstance = GetModuleHandleA(nullptr);
-    windowClass.hCursor = LoadCursorA(nullptr, IDC_ARROW);
-    windowClass.lpszClassName = kClassName;
-    return RegisterClassExA(&windowClass) != 0;
-}
-
 bool ToolBarMenu::Open(const Request& request, Closed closed)
 {
-    if (m_window || !::IsWindow(request.owner) || !RegisterWindowClass())
+    if (m_window || !::IsWindow(request.owner) || !RegisterPopupClass(kClassName, &ToolBarMenu::Procedure))
         return false;
     m_window = CreateWindowExA(WS_EX_TOOLWINDOW, kClassName, "", WS_POPUP, 0, 0, 0, 0, request.owner, nullptr,
                                GetModuleHandleA(nullptr), this);

@@ -46,7 +46,6 @@ public:
 
 private:
     static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
-    static bool RegisterWindowClass();
     LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam);
     CRefPtr<IDUIControl> MakeEntries(const Request& request);
     void PlaceWindow(const Request& request);

@@ -5,6 +5,33 @@
 
 namespace DUI {
 
+/// What the two line layouts share: a scroll bar of their own, and how they lay out.
+template <class Layout, class ScrollBar>
+class QVUI_API CDUILinearLayout : public ControlOf<Layout, CDUICanvas> {
+public:
+    void SetControlRect(const RECT& rect) override;
+
+protected:
+    CDUILinearLayout();
+    /// The copy has a scroll bar of its own when the source has one.
+    CDUILinearLayout(const CDUILinearLayout& other);
+
+    void OnCreate() override;
+    void OnDestroy() override;
+
+    /// Borrowed; null when there is none.
+    ScrollBar* GetOwnScrollBar() const { return m_pScrollBar.GetPtr(); }
+
+public:
+    /// Counts when the layout is attached to a window: later it neither makes nor removes a scroll bar.
+    void SetEnableScroll(int enable) { m_nEnableScroll = enable; }
+    int GetEnableScroll() const { return m_nEnableScroll; }
+
+private:
+    CRefPtr<ScrollBar> m_pScrollBar;
+    int m_nEnableScroll = 0;
+};
+
 /// Lines up its visible children from left to right. Each gets the width that it asks for ("width") or, when
 /// it asks for none, an equal share of what is left; the last one is widened to the end. Each is as high as
 /// the content rectangle. "padding" is the gap between neighbours.
@@ -13,61 +40,35 @@ namespace DUI {
 /// "cs_h_scrollbar" where there is one, stands at the bottom edge while it is needed.
 ///
 /// Skin attributes: enable_scroll.
-class QVUI_API CDUIHorizontalLayout : public ControlOf<CDUIHorizontalLayout, CDUICanvas> {
+class QVUI_API CDUIHorizontalLayout : public CDUILinearLayout<CDUIHorizontalLayout, CDUIHorizontalSB> {
     friend ControlOf<CDUIHorizontalLayout, CDUICanvas>;
 
 public:
-    CDUIHorizontalLayout();
+    CDUIHorizontalLayout() = default;
     static const ControlClass& Class();
 
-    void SetControlRect(const RECT& rect) override;
-
-    /// Borrowed; null when there is none.
-    CDUIHorizontalSB* GetHorizontalSB() override { return m_pScrollBar.GetPtr(); }
+    CDUIHorizontalSB* GetHorizontalSB() override { return GetOwnScrollBar(); }
 
 protected:
-    /// The copy has a scroll bar of its own when the source has one.
-    CDUIHorizontalLayout(const CDUIHorizontalLayout& other);
-
-    void OnCreate() override;
-    void OnDestroy() override;
-
-public:
-    /// Counts when the layout is attached to a window: later it neither makes nor removes a scroll bar.
-    void SetEnableScroll(int enable) { m_nEnableScroll = enable; }
-    int GetEnableScroll() const { return m_nEnableScroll; }
-
-private:
-    CRefPtr<CDUIHorizontalSB> m_pScrollBar;
-    int m_nEnableScroll = 0;
+    CDUIHorizontalLayout(const CDUIHorizontalLayout& other) = default;
 };
 
 /// The same from top to bottom, with heights ("height"), a vertical scroll bar at the right edge and its
 /// style "cs_v_scrollbar".
-class QVUI_API CDUIVerticalLayout : public ControlOf<CDUIVerticalLayout, CDUICanvas> {
+class QVUI_API CDUIVerticalLayout : public CDUILinearLayout<CDUIVerticalLayout, CDUIVerticalSB> {
     friend ControlOf<CDUIVerticalLayout, CDUICanvas>;
 
 public:
-    CDUIVerticalLayout();
+    CDUIVerticalLayout() = default;
     static const ControlClass& Class();
 
-    void SetControlRect(const RECT& rect) override;
-
-    CDUIVerticalSB* GetVerticalSB() override { return m_pScrollBar.GetPtr(); }
+    CDUIVerticalSB* GetVerticalSB() override { return GetOwnScrollBar(); }
 
 protected:
-    CDUIVerticalLayout(const CDUIVerticalLayout& other);
-
-    void OnCreate() override;
-    void OnDestroy() override;
-
-public:
-    void SetEnableScroll(int enable) { m_nEnableScroll = enable; }
-    int GetEnableScroll() const { return m_nEnableScroll; }
-
-private:
-    CRefPtr<CDUIVerticalSB> m_pScrollBar;
-    int m_nEnableScroll = 0;
+    CDUIVerticalLayout(const CDUIVerticalLayout& other) = default;
 };
+
+extern template class CDUILinearLayout<CDUIHorizontalLayout, CDUIHorizontalSB>;
+extern template class CDUILinearLayout<CDUIVerticalLayout, CDUIVerticalSB>;
 
 }  // namespace DUI
