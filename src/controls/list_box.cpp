@@ -69,16 +69,14 @@ CDUIListBox::CDUIListBox(const CDUIListBox& other)
       m_bHoverSelect(other.m_bHoverSelect),
       m_pRows(std::make_unique<RowIndex>())
 {
-    if (!m_pScrollBar.IsNull())
-        m_pScrollBar->SetScrollOwner(this);
+    owned_scroll_bar::ReportTo(m_pScrollBar, this);
     // The base class took the children over without the hooks of this one.
     TakeAllRows();
 }
 
 CDUIListBox::~CDUIListBox()
 {
-    if (!m_pScrollBar.IsNull())
-        m_pScrollBar->SetScrollOwner(static_cast<IDUIControl*>(nullptr));
+    owned_scroll_bar::ReportTo(m_pScrollBar, nullptr);
     for (int i = 0; CDUIListItem* const item = ItemAt(i); ++i)
         if (item->m_pList == this)
             item->m_pList = nullptr;
@@ -109,13 +107,7 @@ int CDUIListBox::GetScrollLineStep()
 void CDUIListBox::OnCreate()
 {
     CDUIControlBase::OnCreate();
-    if (m_pScrollBar.IsNull())
-        m_pScrollBar = owned_scroll_bar::Create<CDUIVerticalSB>();
-    if (!m_pScrollBar.IsNull()) {
-        m_pScrollBar->SetFixedWidth(kScrollBarWidth);
-        m_pScrollBar->SetAttribute("control_style", "cs_v_scrollbar");
-        owned_scroll_bar::Attach(m_pScrollBar, *this);
-    }
+    owned_scroll_bar::Open(m_pScrollBar, *this, kScrollBarWidth);
     CheckInitGroupStatus();
 }
 

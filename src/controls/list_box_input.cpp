@@ -1,6 +1,6 @@
 #include <qvui/controls/list_box.h>
 
-#include "controls/geometry.h"
+#include "controls/owned_scroll_bar.h"
 #include "controls/row_index.h"
 #include "framework/control_guard.h"
 
@@ -75,11 +75,7 @@ int CDUIListBox::SetTopIndex(int index)
     CDUIListItem* const item = ItemAt(index);
     if (!item || !item->IsVisible(FALSE) || m_pScrollBar.IsNull() || !m_pScrollBar->IsVisible(FALSE))
         return 0;
-    SCROLLINFO info{};
-    info.cbSize = sizeof(info);
-    info.fMask = SIF_POS;
-    info.nPos = geometry::Narrow(m_pRows->OffsetOf(index));
-    m_pScrollBar->SetScrollBarInfo(&info);
+    owned_scroll_bar::ScrollTo(*m_pScrollBar.GetPtr(), m_pRows->OffsetOf(index));
     UpdateLayout(TRUE, nullptr);
     return 1;
 }

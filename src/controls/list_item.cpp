@@ -1,7 +1,6 @@
 #include <qvui/controls/list_item.h>
 
 #include <qvui/controls/list_box.h>
-#include <qvui/render/render_engine.h>
 
 #include "controls/geometry.h"
 #include "controls/state_text.h"
@@ -197,20 +196,12 @@ void CDUIListItem::PaintForgnd(HDC hdc)
 
 void CDUIListItem::PaintText(HDC hdc)
 {
-    const CString& text = GetText();
-    if (text.IsEmpty() || !GetParent())
+    if (GetText().IsEmpty() || !GetParent())
         return;
     const CRefPtr<CTextStyle> style = GetParent()->GetTextStyle();
-    const HFONT font = StateFont(style.GetPtr(), TextState::Normal);
-    if (!font)
-        return;
     const bool isHot = (GetStatus() & DUISTATUS_HOT) != 0;
     const TextState state = m_bSelect ? TextState::Select : isHot ? TextState::Hover : TextState::Normal;
-    RECT rect = GetTextRect();
-    const FontScope scope(hdc, font);
-    SetBkMode(hdc, TRANSPARENT);
-    SetTextColor(hdc, StateColor(style.GetPtr(), state));
-    CDUIRenderEngine::DrawTextA(hdc, text, text.GetLength(), &rect, style->GetTextFormat());
+    DrawStateText(hdc, GetText(), GetTextRect(), style.GetPtr(), state, TextState::Normal);
 }
 
 }  // namespace DUI

@@ -47,6 +47,23 @@ void Attach(const CRefPtr<ScrollBar>& bar, CDUIControlBase& container)
     bar->SetScrollOwner(&container);
 }
 
+/// The same for a container whose bar is there as long as it is attached: makes the bar first unless there is
+/// one, this broad until its control style ("cs_v_scrollbar", "cs_h_scrollbar") says otherwise.
+template <class ScrollBar>
+void Open(CRefPtr<ScrollBar>& bar, CDUIControlBase& container, int breadth)
+{
+    if (bar.IsNull())
+        bar = Create<ScrollBar>();
+    if (bar.IsNull())
+        return;
+    if constexpr (kIsVertical<ScrollBar>)
+        bar->SetFixedWidth(breadth);
+    else
+        bar->SetFixedHeight(breadth);
+    bar->SetAttribute("control_style", kIsVertical<ScrollBar> ? "cs_v_scrollbar" : "cs_h_scrollbar");
+    Attach(bar, container);
+}
+
 /// For the container's OnDestroy: the bar leaves the window, and the container lets go of it.
 template <class ScrollBar>
 void Release(CRefPtr<ScrollBar>& bar)
@@ -56,6 +73,24 @@ void Release(CRefPtr<ScrollBar>& bar)
         return;
     released->DetachWindow();
     released->SetScrollOwner(static_cast<IDUIControl*>(nullptr));
+}
+
+/// Makes the container (or nobody, as it must before it ends) the one that the bar reports to.
+template <class ScrollBar>
+void ReportTo(const CRefPtr<ScrollBar>& bar, IDUIControl* container)
+{
+    if (!bar.IsNull())
+        bar->SetScrollOwner(container);
+}
+
+/// Moves the bar; the container lays out anew afterwards.
+inline void ScrollTo(CDUIScrollBarBase& bar, LONGLONG position)
+{
+    SCROLLINFO info{};
+    info.cbSize = sizeof info;
+    info.fMask = SIF_POS;
+    info.nPos = geometry::Narrow(position);
+    bar.SetScrollBarInfo(&info);
 }
 
 /// Puts a visible bar at the right (or bottom) edge of the content rectangle and takes its breadth off it.

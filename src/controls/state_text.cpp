@@ -1,5 +1,7 @@
 #include "controls/state_text.h"
 
+#include <qvui/render/render_engine.h>
+
 namespace DUI {
 namespace {
 
@@ -36,6 +38,18 @@ HFONT StateFont(const CTextStyle* style, TextState state)
     if (font.IsNull())
         font = style->GetNormalFont();
     return font.IsNull() ? nullptr : font->GetFont();
+}
+
+void DrawStateText(HDC hdc, const CString& text, RECT place, const CTextStyle* style, TextState color,
+                   TextState font)
+{
+    const HFONT selected = StateFont(style, font);
+    if (text.IsEmpty() || !selected)
+        return;
+    const FontScope scope(hdc, selected);
+    SetBkMode(hdc, TRANSPARENT);
+    SetTextColor(hdc, StateColor(style, color));
+    CDUIRenderEngine::DrawTextA(hdc, text, text.GetLength(), &place, style->GetTextFormat());
 }
 
 }  // namespace DUI

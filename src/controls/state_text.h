@@ -30,4 +30,8 @@ private:
     HGDIOBJ m_hOld;
 };
 
+/// Draws a text over what is there; nothing without a text, a style or a font.
+void DrawStateText(HDC hdc, const CString& text, RECT place, const CTextStyle* style, TextState color,
+                   TextState font);
+
 }  // namespace DUI

@@ -100,14 +100,7 @@ void TreeBranch::AfterAdd(const CRefPtr<IDUIControl>& child)
     const ControlGuard keepOwner(&m_owner);
     const ControlGuard keepTree(tree);
     child->AttachWindow(manager);
-    if (m_owner.GetControlCount() == 1)
-        m_owner.UpdateLayout(FALSE, nullptr);  // its expander appears
-    if (!tree)
-        return;
-    if (isSeen)
-        tree->UpdateLayout(TRUE, nullptr);
-    else
-        tree->UpdateScrollRange();
+    Show(tree, isSeen, m_owner.GetControlCount() == 1);
 }
 
 void TreeBranch::BeforeRemove(const CRefPtr<IDUIControl>& child)
@@ -137,8 +130,13 @@ void TreeBranch::AfterRemove(const CRefPtr<IDUIControl>& child)
     if (m_owner.GetControlMgr())
         child->DetachWindow();
     child->SetParent(nullptr);
-    if (m_owner.GetControlCount() == 0)
-        m_owner.UpdateLayout(FALSE, nullptr);  // its expander goes
+    Show(tree, isSeen, m_owner.GetControlCount() == 0);
+}
+
+void TreeBranch::Show(CDUITreeViewImpl* tree, bool isSeen, bool hasExpanderChanged)
+{
+    if (hasExpanderChanged)
+        m_owner.UpdateLayout(FALSE, nullptr);
     if (!tree)
         return;
     if (isSeen)

@@ -47,6 +47,8 @@ private:
 
     bool Update(CDUITreeNode& child);
     bool Spread();
+    /// Shows that children came or went; what cannot be seen asks the window for no layout.
+    void Show(CDUITreeViewImpl* tree, bool isSeen, bool hasExpanderChanged);
 
     CDUIControlBase& m_owner;
     CDUITreeNode* m_pNode;

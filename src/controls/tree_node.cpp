@@ -1,7 +1,6 @@
 #include <qvui/controls/tree_node.h>
 
 #include <qvui/controls/tree_view.h>
-#include <qvui/render/render_engine.h>
 
 #include "controls/geometry.h"
 #include "controls/row_container.h"
@@ -306,22 +305,15 @@ void CDUITreeNode::PaintForgnd(HDC hdc)
 void CDUITreeNode::PaintText(HDC hdc)
 {
     CDUITreeViewImpl* const tree = GetTree();
-    const CString& text = GetText();
-    RECT place = GetNodeTextRect();
-    if (!tree || text.IsEmpty() || IsRectEmpty(&place))
+    const RECT place = GetNodeTextRect();
+    if (!tree || GetText().IsEmpty() || IsRectEmpty(&place))
         return;
     const TextState state = !IsEnabled()  ? TextState::Disable
                             : GetSelect() ? TextState::Select
                             : IsHoverd()  ? TextState::Hover
                                           : TextState::Normal;
     const CRefPtr<CTextStyle> style = tree->GetTextStyle();
-    const HFONT font = StateFont(style.GetPtr(), state);
-    if (!font)
-        return;
-    const FontScope scope(hdc, font);
-    SetBkMode(hdc, TRANSPARENT);
-    SetTextColor(hdc, StateColor(style.GetPtr(), state));
-    CDUIRenderEngine::DrawTextA(hdc, text, text.GetLength(), &place, style->GetTextFormat());
+    DrawStateText(hdc, GetText(), place, style.GetPtr(), state, state);
 }
 
 // --- input -------------------------------------------------------------------------------------------------

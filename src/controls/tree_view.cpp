@@ -72,8 +72,7 @@ CDUITreeViewImpl::CDUITreeViewImpl(const CDUITreeViewImpl& other)
       m_nItemHeight(other.m_nItemHeight),
       m_nTopRow(other.m_nTopRow)
 {
-    if (!m_pScrollBar.IsNull())
-        m_pScrollBar->SetScrollOwner(this);
+    owned_scroll_bar::ReportTo(m_pScrollBar, this);
     m_pBranch->TakeAll();
     for (CDUITreeNode* node = GetNextNode(nullptr); node && m_pSelected.IsNull(); node = GetNextNode(node))
         if (node->GetSelect())
@@ -82,8 +81,7 @@ CDUITreeViewImpl::CDUITreeViewImpl(const CDUITreeViewImpl& other)
 
 CDUITreeViewImpl::~CDUITreeViewImpl()
 {
-    if (!m_pScrollBar.IsNull())
-        m_pScrollBar->SetScrollOwner(static_cast<IDUIControl*>(nullptr));
+    owned_scroll_bar::ReportTo(m_pScrollBar, nullptr);
 }
 
 void* CDUITreeViewImpl::GetInterface(const CString& name)
@@ -105,13 +103,7 @@ void CDUITreeViewImpl::SetAttribute(const CString& name, const CString& value)
 void CDUITreeViewImpl::OnCreate()
 {
     CDUIControlBase::OnCreate();
-    if (m_pScrollBar.IsNull())
-        m_pScrollBar = owned_scroll_bar::Create<CDUIVerticalSB>();
-    if (m_pScrollBar.IsNull())
-        return;
-    m_pScrollBar->SetFixedWidth(kScrollBarWidth);
-    m_pScrollBar->SetAttribute("control_style", "cs_v_scrollbar");
-    owned_scroll_bar::Attach(m_pScrollBar, *this);
+    owned_scroll_bar::Open(m_pScrollBar, *this, kScrollBarWidth);
     UpdateLayout(TRUE, nullptr);
 }
 
@@ -242,11 +234,7 @@ void CDUITreeViewImpl::SetTopRow(int row)
     UpdateScrollRange();
     if (m_pScrollBar.IsNull())
         return;
-    SCROLLINFO info{};
-    info.cbSize = sizeof(info);
-    info.fMask = SIF_POS;
-    info.nPos = Narrow(LONGLONG{std::max(row, 0)} * m_nItemHeight);
-    m_pScrollBar->SetScrollBarInfo(&info);
+    owned_scroll_bar::ScrollTo(*m_pScrollBar.GetPtr(), LONGLONG{std::max(row, 0)} * m_nItemHeight);
     UpdateLayout(TRUE, nullptr);
 }
 

@@ -41,6 +41,8 @@ public:
     void DoPaint(HDC hdc, const RECT& rcPaint) override;
     IDUIControl* FindControl(FindControlProc proc, void* pData, UINT flags) override;
     void SetControlRect(const RECT& rect) override;
+    /// Not passed on, like all that concerns the nodes below.
+    void OnParentVisibleStatusChange(BOOL) override {}
     void RemoveAllControl() override;
     int GetControlIndex(CRefPtr<IDUIControl> child) override;
 

@@ -28,8 +28,9 @@ enum DUITREENOTIFY : WPARAM {
 ///
 /// Costs: expanding, scrolling, painting and hit-testing cost the rows in view and the depth of the tree,
 /// however many nodes there are; a node that is added where it cannot be seen asks for no layout of the
-/// window. Window events that are broadcast end at the view. A search for what is visible or hit looks at the
-/// rows in view, any other search (a node's name) at all nodes.
+/// window. Window events that are broadcast, and the news that a parent was shown or hidden, end at the view:
+/// no node holds anything but nodes. A search for what is visible or hit looks at the rows in view, any other
+/// search (a node's name) at all nodes.
 ///
 /// Removing the selected node clears the selection, without a notification. A copy has its own scroll bar and
 /// the same node selected.
@@ -49,6 +50,7 @@ public:
     void DoPaint(HDC hdc, const RECT& rcPaint) override;
     IDUIControl* FindControl(FindControlProc proc, void* pData, UINT flags) override;
     void BroadcastEvent(const tagDUIEvent& event) override;
+    void OnParentVisibleStatusChange(BOOL) override {}
     void RemoveAllControl() override;
     int GetControlIndex(CRefPtr<IDUIControl> child) override;
     CDUIVerticalSB* GetVerticalSB() override { return m_pScrollBar.GetPtr(); }
