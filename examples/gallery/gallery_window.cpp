@@ -4,8 +4,6 @@
 #include <cstdio>
 #include <cstring>
 
-#include <qvui/layout/tab_bar.h>
-
 namespace {
 
 constexpr const char* kTabPrefix = "tab_";  // before a page's name, in the name of its tab

@@ -1,11 +1,5 @@
 #include "gallery/page_behaviour.h"
 
-#include <qvui/controls/list_box.h>
-#include <qvui/controls/picture_box.h>
-#include <qvui/controls/progress_bar.h>
-#include <qvui/controls/tree_node.h>
-#include <qvui/controls/tree_view.h>
-
 #include "gallery/spinner.h"
 
 namespace {

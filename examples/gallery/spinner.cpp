@@ -5,26 +5,24 @@ namespace {
 constexpr int kAnimation = 1;
 constexpr int kMilliseconds = 70;
 
+const DUI::AttributeTable<Spinner>& Attributes()
+{
+    static const DUI::AttributeTable<Spinner> table{
+        {"icon", DUI::AttributeKind::Image, "The strip whose icons are shown in turn.",
+         [](Spinner& spinner, const CString& value) {
+             spinner.SetIcons(DUIGetAppInstance()->GetSkinMgr()->GetImage(value, 1));
+         }},
+    };
+    return table;
+}
+
 }  // namespace
 
 const DUI::ControlClass& Spinner::Class()
 {
     static const DUI::ControlClass info("Spinner", &CDUIControlBase::Class(), "Turns while something lasts.",
-                                        {"spinner"});
+                                        {"spinner"}, &Attributes());
     return info;
-}
-
-void* Spinner::GetInterface(const CString& name)
-{
-    return Class().Answers(name) ? this : nullptr;
-}
-
-void Spinner::SetAttribute(const CString& name, const CString& value)
-{
-    if (name == "icon")
-        m_pIcons = DUIGetAppInstance()->GetSkinMgr()->GetImage(value, 1);
-    else
-        CDUIAnimationControl::SetAttribute(name, value);
 }
 
 void Spinner::Start()

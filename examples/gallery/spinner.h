@@ -6,15 +6,14 @@
 /// is stopped.
 ///
 /// Skin attributes: icon.
-class Spinner : public DUI::CDUIAnimationControl {
+class Spinner : public DUI::ControlOf<Spinner, DUI::CDUIAnimationControl> {
+    friend ControlOf;
+
 public:
     Spinner() = default;
     static const DUI::ControlClass& Class();
 
-    void* GetInterface(const CString& name) override;
-    DUI::CRefPtr<DUI::IDUIControl> Clone() override { return new Spinner(*this); }
-    void SetAttribute(const CString& name, const CString& value) override;
-
+    void SetIcons(DUI::CDUIImageListPtr icons) { m_pIcons = std::move(icons); }
     /// Starts from the icon that shows; nothing happens when it runs already.
     void Start();
     void Stop();

@@ -2,6 +2,18 @@
 
 /// Everything that an application includes. The library starts with DUIGetAppInstance (framework/app.h).
 
+#include <qvui/controls/button.h>
+#include <qvui/controls/check_button.h>
+#include <qvui/controls/hyper_link.h>
+#include <qvui/controls/label.h>
+#include <qvui/controls/list_box.h>
+#include <qvui/controls/list_item.h>
+#include <qvui/controls/picture_box.h>
+#include <qvui/controls/progress_bar.h>
+#include <qvui/controls/scroll_bar.h>
+#include <qvui/controls/track_bar.h>
+#include <qvui/controls/tree_node.h>
+#include <qvui/controls/tree_view.h>
 #include <qvui/foundation/color.h>
 #include <qvui/foundation/ref_ptr.h>
 #include <qvui/foundation/trace.h>
@@ -10,16 +22,30 @@
 #include <qvui/framework/control_base.h>
 #include <qvui/framework/control_builder.h>
 #include <qvui/framework/control_factory.h>
+#include <qvui/framework/control_of.h>
 #include <qvui/framework/draw_manager.h>
 #include <qvui/framework/html_drawer.h>
 #include <qvui/framework/message_loop.h>
 #include <qvui/framework/tool_tip.h>
 #include <qvui/framework/window_mgr.h>
+#include <qvui/layout/canvas.h>
+#include <qvui/layout/dialog_layout.h>
+#include <qvui/layout/dock_layout.h>
+#include <qvui/layout/frame_panel.h>
+#include <qvui/layout/linear_layout.h>
+#include <qvui/layout/padding_panel.h>
+#include <qvui/layout/split.h>
+#include <qvui/layout/tab_bar.h>
+#include <qvui/layout/tab_item.h>
+#include <qvui/layout/tab_layout.h>
+#include <qvui/layout/tile_layout.h>
+#include <qvui/layout/tool_bar.h>
 #include <qvui/platform/cimage.h>
 #include <qvui/platform/cstring.h>
 #include <qvui/render/background.h>
 #include <qvui/render/bitmap_functions.h>
 #include <qvui/render/dib_section.h>
+#include <qvui/render/image_filter.h>
 #include <qvui/render/image_list.h>
 #include <qvui/render/render_engine.h>
 #include <qvui/skin/document_words.h>
