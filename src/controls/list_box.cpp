@@ -56,7 +56,7 @@ CDUIListBox::CDUIListBox() : m_pRows(std::make_unique<RowIndex>())
 }
 
 CDUIListBox::CDUIListBox(const CDUIListBox& other)
-    : CDUIControlBase(other),
+    : ControlOf(other),
       m_pScrollBar(owned_scroll_bar::Clone(other.m_pScrollBar)),
       m_nTopIndex(other.m_nTopIndex),
       m_nLastIndex(other.m_nLastIndex),
@@ -80,22 +80,6 @@ CDUIListBox::~CDUIListBox()
     for (int i = 0; CDUIListItem* const item = ItemAt(i); ++i)
         if (item->m_pList == this)
             item->m_pList = nullptr;
-}
-
-void* CDUIListBox::GetInterface(const CString& name)
-{
-    return Class().Answers(name) ? this : nullptr;
-}
-
-CRefPtr<IDUIControl> CDUIListBox::Clone()
-{
-    return new CDUIListBox(*this);
-}
-
-void CDUIListBox::SetAttribute(const CString& name, const CString& value)
-{
-    if (!Attributes().Apply(*this, name, value))
-        CDUIControlBase::SetAttribute(name, value);
 }
 
 int CDUIListBox::GetScrollLineStep()

@@ -83,7 +83,7 @@ CDUIListItem::CDUIListItem()
 CDUIListItem::~CDUIListItem() = default;
 
 CDUIListItem::CDUIListItem(const CDUIListItem& other)
-    : CDUIControlBase(other),
+    : ControlOf(other),
       m_bSelect(other.m_bSelect),
       m_bExpand(other.m_bExpand),
       m_bGroup(other.m_bGroup),
@@ -98,27 +98,11 @@ CDUIListItem::CDUIListItem(const CDUIListItem& other)
 {
 }
 
-void* CDUIListItem::GetInterface(const CString& name)
-{
-    return Class().Answers(name) ? this : nullptr;
-}
-
-CRefPtr<IDUIControl> CDUIListItem::Clone()
-{
-    return new CDUIListItem(*this);
-}
-
 void CDUIListItem::SetParent(IDUIControl* parent)
 {
     CDUIControlBase::SetParent(parent);
     if (parent != m_pList)
         m_pList = nullptr;
-}
-
-void CDUIListItem::SetAttribute(const CString& name, const CString& value)
-{
-    if (!Attributes().Apply(*this, name, value))
-        CDUIControlBase::SetAttribute(name, value);
 }
 
 void CDUIListItem::UpdateLayout(BOOL bNeedLayout, RECT* prcInvalid)

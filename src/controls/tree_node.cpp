@@ -53,7 +53,7 @@ CDUITreeNode::CDUITreeNode()
 }
 
 CDUITreeNode::CDUITreeNode(const CDUITreeNode& other)
-    : CDUIButton(other),
+    : ControlOf(other),
       m_bExpand(other.m_bExpand),
       m_bHasChildren(other.m_bHasChildren),
       m_nItemData(other.m_nItemData)
@@ -65,16 +65,6 @@ CDUITreeNode::CDUITreeNode(const CDUITreeNode& other)
 
 CDUITreeNode::~CDUITreeNode() = default;
 
-void* CDUITreeNode::GetInterface(const CString& name)
-{
-    return Class().Answers(name) ? this : nullptr;
-}
-
-CRefPtr<IDUIControl> CDUITreeNode::Clone()
-{
-    return new CDUITreeNode(*this);
-}
-
 BOOL CDUITreeNode::Activate()
 {
     CDUITreeViewImpl* const tree = GetTree();
@@ -85,12 +75,6 @@ void CDUITreeNode::SetFocus(BOOL bFocus)
 {
     if (CDUITreeViewImpl* const tree = GetTree())
         tree->SetFocus(bFocus);
-}
-
-void CDUITreeNode::SetAttribute(const CString& name, const CString& value)
-{
-    if (!Attributes().Apply(*this, name, value))
-        CDUIButton::SetAttribute(name, value);
 }
 
 // --- the place in the tree ---------------------------------------------------------------------------------

@@ -62,7 +62,7 @@ CDUITreeViewImpl::CDUITreeViewImpl() : m_pBranch(std::make_unique<TreeBranch>(*t
 }
 
 CDUITreeViewImpl::CDUITreeViewImpl(const CDUITreeViewImpl& other)
-    : CDUIControlBase(other),
+    : ControlOf(other),
       m_pBranch(std::make_unique<TreeBranch>(*this)),
       m_pScrollBar(owned_scroll_bar::Clone(other.m_pScrollBar)),
       m_pExpanderImage(other.m_pExpanderImage),
@@ -82,22 +82,6 @@ CDUITreeViewImpl::CDUITreeViewImpl(const CDUITreeViewImpl& other)
 CDUITreeViewImpl::~CDUITreeViewImpl()
 {
     owned_scroll_bar::ReportTo(m_pScrollBar, nullptr);
-}
-
-void* CDUITreeViewImpl::GetInterface(const CString& name)
-{
-    return Class().Answers(name) ? this : nullptr;
-}
-
-CRefPtr<IDUIControl> CDUITreeViewImpl::Clone()
-{
-    return new CDUITreeViewImpl(*this);
-}
-
-void CDUITreeViewImpl::SetAttribute(const CString& name, const CString& value)
-{
-    if (!Attributes().Apply(*this, name, value))
-        CDUIControlBase::SetAttribute(name, value);
 }
 
 void CDUITreeViewImpl::OnCreate()

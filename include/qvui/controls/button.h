@@ -46,7 +46,7 @@ struct CButtonUIData {
 /// Skin attributes: back_image, icon, button_style, focus, want_return, toolbar_style.
 /// Notifications: DUINOTIFY_CLICK when it is activated.
 class QVUI_API CDUIButton : public ControlOf<CDUIButton, CDUIControlBase> {
-    friend ControlOf<CDUIButton, CDUIControlBase>;
+    friend ControlOf;
 
 public:
     CDUIButton();

@@ -9,7 +9,7 @@ namespace DUI {
 ///
 /// Skin attributes: checked_image, unchecked_image.
 class QVUI_API CDUICheckButton : public ControlOf<CDUICheckButton, CDUIButton> {
-    friend ControlOf<CDUICheckButton, CDUIButton>;
+    friend ControlOf;
 
 public:
     CDUICheckButton();
@@ -27,7 +27,7 @@ protected:
 ///
 /// Notifications: DUINOTIFY_CLICK when it is activated, while the check state is still the old one.
 class QVUI_API CDUIRadioButton : public ControlOf<CDUIRadioButton, CDUICheckButton> {
-    friend ControlOf<CDUIRadioButton, CDUICheckButton>;
+    friend ControlOf;
 
 public:
     CDUIRadioButton() = default;
@@ -43,7 +43,7 @@ protected:
 ///
 /// Notifications: DUINOTIFY_CLICK when it is activated, while the check state is still the old one.
 class QVUI_API CDUICheckBox : public ControlOf<CDUICheckBox, CDUICheckButton> {
-    friend ControlOf<CDUICheckBox, CDUICheckButton>;
+    friend ControlOf;
 
 public:
     CDUICheckBox() = default;

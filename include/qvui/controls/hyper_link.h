@@ -10,7 +10,7 @@ namespace DUI {
 /// Skin attributes: href.
 /// Notifications: DUINOTIFY_LINKCLICK when it is activated; GetHyperLink of the sender is the link.
 class QVUI_API CDUIHyperLink : public ControlOf<CDUIHyperLink, CDUILabel> {
-    friend ControlOf<CDUIHyperLink, CDUILabel>;
+    friend ControlOf;
 
 public:
     CDUIHyperLink();

@@ -10,7 +10,7 @@ namespace DUI {
 ///
 /// Skin attributes: enable_shadowtext, shadowtext_color, back_image.
 class QVUI_API CDUILabel : public ControlOf<CDUILabel, CDUIControlBase> {
-    friend ControlOf<CDUILabel, CDUIControlBase>;
+    friend ControlOf;
 
 public:
     CDUILabel() = default;

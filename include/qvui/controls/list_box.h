@@ -23,16 +23,15 @@ class RowIndex;
 /// Skin attributes: select_expand, hover_expand.
 /// Notifications: DUINOTIFY_LISTBOX, lParam the item, wParam 1 an item was clicked (before the selection
 /// changes), 2 double-clicked, 3 selected, 4 the pointer entered an item that is no group header.
-class QVUI_API CDUIListBox : public CDUIControlBase {
+class QVUI_API CDUIListBox : public ControlOf<CDUIListBox, CDUIControlBase> {
+    friend ControlOf;
+
 public:
     CDUIListBox();
     ~CDUIListBox() override;
     static const ControlClass& Class();
 
-    void* GetInterface(const CString& name) override;
-    CRefPtr<IDUIControl> Clone() override;
     void SetControlRect(const RECT& rect) override;
-    void SetAttribute(const CString& name, const CString& value) override;
     void DoPaint(HDC hdc, const RECT& rcPaint) override;
     IDUIControl* FindControl(FindControlProc proc, void* pData, UINT flags) override;
     /// Clears the selection too, and lays out again so that the scroll bar goes.

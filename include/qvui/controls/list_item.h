@@ -1,6 +1,6 @@
 #pragma once
 
-#include <qvui/framework/control_base.h>
+#include <qvui/framework/control_of.h>
 #include <qvui/render/background.h>
 
 namespace DUI {
@@ -20,16 +20,15 @@ struct CIconTextItemUIData {
 ///
 /// Skin attributes: normal_icon, expand_icon, normal_frame, hover_frame, select_frame, normal_height,
 /// expand_height, group, expand.
-class QVUI_API CDUIListItem : public CDUIControlBase {
+class QVUI_API CDUIListItem : public ControlOf<CDUIListItem, CDUIControlBase> {
+    friend ControlOf;
+
 public:
     CDUIListItem();
     ~CDUIListItem() override;
     static const ControlClass& Class();
 
-    void* GetInterface(const CString& name) override;
-    CRefPtr<IDUIControl> Clone() override;
     void SetParent(IDUIControl* parent) override;
-    void SetAttribute(const CString& name, const CString& value) override;
     /// An item that is shown, hidden or made higher or lower repaints its list box; one out of view repaints
     /// nothing.
     void UpdateLayout(BOOL bNeedLayout, RECT* prcInvalid) override;

@@ -10,7 +10,7 @@ namespace DUI {
 ///
 /// Skin attributes: icon.
 class QVUI_API CDUIPictureBox : public ControlOf<CDUIPictureBox, CDUIControlBase> {
-    friend ControlOf<CDUIPictureBox, CDUIControlBase>;
+    friend ControlOf;
 
 public:
     CDUIPictureBox() = default;

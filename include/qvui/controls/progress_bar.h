@@ -16,7 +16,7 @@ struct CProgressBarUIData {
 /// Skin attributes: back_image, range, pos.
 /// Notifications: DUINOTIFY_PROGRESSPOS, wParam the new position, when it changed.
 class QVUI_API CDUIProgressBar : public ControlOf<CDUIProgressBar, CDUIControlBase> {
-    friend ControlOf<CDUIProgressBar, CDUIControlBase>;
+    friend ControlOf;
 
 public:
     CDUIProgressBar() = default;
@@ -59,7 +59,7 @@ private:
 
 /// Fills from the left.
 class QVUI_API CDUIHorizontalProgressBar : public ControlOf<CDUIHorizontalProgressBar, CDUIProgressBar> {
-    friend ControlOf<CDUIHorizontalProgressBar, CDUIProgressBar>;
+    friend ControlOf;
 
 public:
     static const ControlClass& Class();
@@ -68,7 +68,7 @@ public:
 
 /// Fills from the bottom.
 class QVUI_API CDUIVerticalProgressBar : public ControlOf<CDUIVerticalProgressBar, CDUIProgressBar> {
-    friend ControlOf<CDUIVerticalProgressBar, CDUIProgressBar>;
+    friend ControlOf;
 
 public:
     static const ControlClass& Class();

@@ -29,7 +29,7 @@ protected:
 /// Skin attributes: back_image, thumb_image, thumb_mark, notifier, enable_arrow, arrow_image1, arrow_image2.
 class QVUI_API CDUIScrollBarBase : public ControlOf<CDUIScrollBarBase, CDUIControlBase>,
                                    public IDUIScrollSink {
-    friend ControlOf<CDUIScrollBarBase, CDUIControlBase>;
+    friend ControlOf;
 
 public:
     CDUIScrollBarBase();
@@ -116,7 +116,7 @@ private:
 };
 
 class QVUI_API CDUIVerticalSB : public ControlOf<CDUIVerticalSB, CDUIScrollBarBase> {
-    friend ControlOf<CDUIVerticalSB, CDUIScrollBarBase>;
+    friend ControlOf;
 
 public:
     CDUIVerticalSB() = default;
@@ -129,7 +129,7 @@ protected:
 };
 
 class QVUI_API CDUIHorizontalSB : public ControlOf<CDUIHorizontalSB, CDUIScrollBarBase> {
-    friend ControlOf<CDUIHorizontalSB, CDUIScrollBarBase>;
+    friend ControlOf;
 
 public:
     CDUIHorizontalSB() = default;
@@ -145,7 +145,7 @@ protected:
 ///
 /// Skin attributes: thumb_mark.
 class QVUI_API CDUISBThumButton : public ControlOf<CDUISBThumButton, CDUIButton> {
-    friend ControlOf<CDUISBThumButton, CDUIButton>;
+    friend ControlOf;
 
 public:
     CDUISBThumButton() = default;

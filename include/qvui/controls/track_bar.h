@@ -13,7 +13,7 @@ struct CTrackBarUIData {
 
 /// The thumb of a track bar, which handles the thumb's events.
 class QVUI_API CDUITrackBarThumb : public ControlOf<CDUITrackBarThumb, CDUIButton> {
-    friend ControlOf<CDUITrackBarThumb, CDUIButton>;
+    friend ControlOf;
 
 public:
     CDUITrackBarThumb() = default;
@@ -33,7 +33,7 @@ protected:
 /// Skin attributes: back_image, thumb_image, range, pos, step, percent, back_color.
 /// Notifications: DUINOTIFY_TRACKPOS, wParam the new position, when it changed.
 class QVUI_API CDUITrackBarBase : public ControlOf<CDUITrackBarBase, CDUIControlBase> {
-    friend ControlOf<CDUITrackBarBase, CDUIControlBase>;
+    friend ControlOf;
 
 public:
     CDUITrackBarBase();
@@ -113,7 +113,7 @@ private:
 
 /// Grows to the right.
 class QVUI_API CDUIHorizontalTrackBar : public ControlOf<CDUIHorizontalTrackBar, CDUITrackBarBase> {
-    friend ControlOf<CDUIHorizontalTrackBar, CDUITrackBarBase>;
+    friend ControlOf;
 
 public:
     static const ControlClass& Class();
@@ -122,7 +122,7 @@ public:
 
 /// Grows upwards.
 class QVUI_API CDUIVerticalTrackBar : public ControlOf<CDUIVerticalTrackBar, CDUITrackBarBase> {
-    friend ControlOf<CDUIVerticalTrackBar, CDUITrackBarBase>;
+    friend ControlOf;
 
 public:
     static const ControlClass& Class();

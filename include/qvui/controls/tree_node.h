@@ -22,20 +22,19 @@ class TreeBranch;
 /// A row that is out of view repaints nothing.
 ///
 /// Skin attributes: expand, has_children, and of the button text, icon and back_image.
-class QVUI_API CDUITreeNode : public CDUIButton {
+class QVUI_API CDUITreeNode : public ControlOf<CDUITreeNode, CDUIButton> {
+    friend ControlOf;
+
 public:
     CDUITreeNode();
     ~CDUITreeNode() override;
     static const ControlClass& Class();
 
-    void* GetInterface(const CString& name) override;
-    CRefPtr<IDUIControl> Clone() override;
     /// Selects the node.
     BOOL Activate() override;
     /// The tree view has the focus for all its nodes.
     void SetFocus(BOOL bFocus) override;
     void SetParent(IDUIControl* parent) override;
-    void SetAttribute(const CString& name, const CString& value) override;
     void UpdateLayout(BOOL bNeedLayout, RECT* prcInvalid) override;
     /// The row alone; the nodes below are rows of their own.
     void DoPaint(HDC hdc, const RECT& rcPaint) override;

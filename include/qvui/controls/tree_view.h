@@ -37,16 +37,15 @@ enum DUITREENOTIFY : WPARAM {
 ///
 /// Skin attributes: expander_image, indent, item_height, hover_frame, select_frame.
 /// Notifications: DUINOTIFY_TREEEXPAND, see DUITREENOTIFY. Its handler may do anything, also remove the node.
-class QVUI_API CDUITreeViewImpl : public CDUIControlBase {
+class QVUI_API CDUITreeViewImpl : public ControlOf<CDUITreeViewImpl, CDUIControlBase> {
+    friend ControlOf;
+
 public:
     CDUITreeViewImpl();
     ~CDUITreeViewImpl() override;
     static const ControlClass& Class();
 
-    void* GetInterface(const CString& name) override;
-    CRefPtr<IDUIControl> Clone() override;
     void SetControlRect(const RECT& rect) override;
-    void SetAttribute(const CString& name, const CString& value) override;
     void DoPaint(HDC hdc, const RECT& rcPaint) override;
     IDUIControl* FindControl(FindControlProc proc, void* pData, UINT flags) override;
     void BroadcastEvent(const tagDUIEvent& event) override;

@@ -9,7 +9,7 @@ namespace DUI {
 /// What every control class overrides in the same way, from what its Class() declares:
 ///
 ///     class Gauge : public ControlOf<Gauge, CDUIControlBase> {
-///         friend ControlOf<Gauge, CDUIControlBase>;  // copies it
+///         friend ControlOf;  // copies it
 ///     public:
 ///         static const ControlClass& Class();
 ///

@@ -10,7 +10,7 @@ namespace DUI {
 ///
 /// Skin attributes: frame_style.
 class QVUI_API CDUICanvas : public ControlOf<CDUICanvas, CDUIControlBase> {
-    friend ControlOf<CDUICanvas, CDUIControlBase>;
+    friend ControlOf;
 
 public:
     CDUICanvas() = default;

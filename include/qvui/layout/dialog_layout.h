@@ -10,7 +10,7 @@ namespace DUI {
 ///
 /// Skin attributes: recalc.
 class QVUI_API CDUIDialogLayout : public ControlOf<CDUIDialogLayout, CDUICanvas> {
-    friend ControlOf<CDUIDialogLayout, CDUICanvas>;
+    friend ControlOf;
 
 public:
     CDUIDialogLayout();

@@ -21,7 +21,7 @@ protected:
 ///
 /// Skin attributes: fill_last.
 class QVUI_API CDUIDockLayout : public ControlOf<CDUIDockLayout, IDUIDockLayout> {
-    friend ControlOf<CDUIDockLayout, IDUIDockLayout>;
+    friend ControlOf;
 
 public:
     CDUIDockLayout();

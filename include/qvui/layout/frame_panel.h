@@ -28,7 +28,7 @@ enum FRAMEPANEL_DRAW : unsigned long {
 /// Skin attributes: frame_type, border_color, left_border_image, right_border_image, top_border_image,
 /// bottom_border_image, border_rect, back_image.
 class QVUI_API CDUIFramePanel : public ControlOf<CDUIFramePanel, CDUIControlBase> {
-    friend ControlOf<CDUIFramePanel, CDUIControlBase>;
+    friend ControlOf;
 
 public:
     CDUIFramePanel();

@@ -41,7 +41,7 @@ private:
 ///
 /// Skin attributes: enable_scroll.
 class QVUI_API CDUIHorizontalLayout : public CDUILinearLayout<CDUIHorizontalLayout, CDUIHorizontalSB> {
-    friend ControlOf<CDUIHorizontalLayout, CDUICanvas>;
+    friend ControlOf;
 
 public:
     CDUIHorizontalLayout() = default;
@@ -56,7 +56,7 @@ protected:
 /// The same from top to bottom, with heights ("height"), a vertical scroll bar at the right edge and its
 /// style "cs_v_scrollbar".
 class QVUI_API CDUIVerticalLayout : public CDUILinearLayout<CDUIVerticalLayout, CDUIVerticalSB> {
-    friend ControlOf<CDUIVerticalLayout, CDUICanvas>;
+    friend ControlOf;
 
 public:
     CDUIVerticalLayout() = default;

@@ -6,7 +6,7 @@ namespace DUI {
 
 /// A transparent container whose first child fills its content rectangle, so that "margin" insets it.
 class QVUI_API CDUIPaddingPanel : public ControlOf<CDUIPaddingPanel, CDUIControlBase> {
-    friend ControlOf<CDUIPaddingPanel, CDUIControlBase>;
+    friend ControlOf;
 
 public:
     CDUIPaddingPanel();

@@ -26,7 +26,7 @@ enum SPLIT_RESIZE : DWORD {
 ///
 /// Skin attributes: split_style, split_pos, split_min.
 class QVUI_API CDUISplitBase : public ControlOf<CDUISplitBase, CDUIControlBase> {
-    friend ControlOf<CDUISplitBase, CDUIControlBase>;
+    friend ControlOf;
 
 public:
     CDUISplitBase();
@@ -85,7 +85,7 @@ private:
 
 /// The second pane below the first.
 class QVUI_API CDUIVerticalSplit : public ControlOf<CDUIVerticalSplit, CDUISplitBase> {
-    friend ControlOf<CDUIVerticalSplit, CDUISplitBase>;
+    friend ControlOf;
 
 public:
     CDUIVerticalSplit() = default;
@@ -99,7 +99,7 @@ protected:
 
 /// The second pane to the right of the first.
 class QVUI_API CDUIHorizontalSplit : public ControlOf<CDUIHorizontalSplit, CDUISplitBase> {
-    friend ControlOf<CDUIHorizontalSplit, CDUISplitBase>;
+    friend ControlOf;
 
 public:
     CDUIHorizontalSplit() = default;

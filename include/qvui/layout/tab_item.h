@@ -11,7 +11,7 @@ namespace DUI {
 /// Skin attributes: tab_stop.
 /// Notifications: DUINOTIFY_TABACTIVATE when its bar selects it.
 class QVUI_API CDUITabItem : public ControlOf<CDUITabItem, CDUIButton> {
-    friend ControlOf<CDUITabItem, CDUIButton>;
+    friend ControlOf;
 
 public:
     CDUITabItem() = default;

@@ -21,7 +21,7 @@ protected:
 ///
 /// Skin attributes: select_index.
 class QVUI_API CDUITabLayout : public ControlOf<CDUITabLayout, IDUITabLayout> {
-    friend ControlOf<CDUITabLayout, IDUITabLayout>;
+    friend ControlOf;
 
 public:
     CDUITabLayout();

@@ -24,7 +24,7 @@ protected:
 ///
 /// Skin attributes: column_count, padding_height, vscroll_style.
 class QVUI_API CDUITileLayout : public ControlOf<CDUITileLayout, IDUITileLayout> {
-    friend ControlOf<CDUITileLayout, IDUITileLayout>;
+    friend ControlOf;
 
 public:
     CDUITileLayout();

@@ -12,7 +12,7 @@ class ToolBarItems;
 /// A line between the items of a tool bar ("toolbar_separator"). It shows the bar's separator_image in the
 /// middle of its place; without one it draws a thin line across the bar.
 class QVUI_API CDUIToolBarSeparator : public ControlOf<CDUIToolBarSeparator, CDUIControlBase> {
-    friend ControlOf<CDUIToolBarSeparator, CDUIControlBase>;
+    friend ControlOf;
 
 public:
     CDUIToolBarSeparator();
