@@ -60,33 +60,45 @@ constexpr int kCapsFirst[3] = {0, 2, 1};
 constexpr Cell kCornersFirst[9] = {{0, 0}, {2, 0}, {1, 0}, {0, 2}, {2, 2}, {0, 1}, {2, 1}, {1, 2}, {1, 1}};
 
 // Blue, green and red times alpha divided by 255, truncated; (v + 1 + v / 256) / 256 is v / 255 for all
-// products of two bytes. Blue and red share a word, because loading a skin does this to all its pixels.
-std::uint32_t Premultiplied(std::uint32_t pixel)
+// products of two bytes. Alpha itself is multiplied by 255, so that all bytes go through the same steps,
+// which compilers do side by side.
+template <std::size_t Count>
+void PremultiplyPixels(std::uint32_t* pixels)
 {
-    constexpr std::uint32_t kPair = 0x00FF00FF;
-    const std::uint32_t alpha = pixel >> 24;
-    const std::uint32_t blueAndRed = (pixel & kPair) * alpha;
-    const std::uint32_t green = ((pixel >> 8) & 0xFF) * alpha;
-    return (pixel & 0xFF000000) | (((blueAndRed + 0x00010001 + ((blueAndRed >> 8) & kPair)) >> 8) & kPair) |
-           ((green + 1 + (green >> 8)) & 0xFF00);
+    std::uint32_t factors[Count];
+    for (std::size_t i = 0; i < Count; ++i) {
+        const std::uint32_t alpha = pixels[i] >> 24;
+        factors[i] = 0xFF000000 | alpha << 16 | alpha << 8 | alpha;
+    }
+    std::uint8_t bytes[sizeof factors];
+    std::uint8_t factorBytes[sizeof factors];
+    std::memcpy(bytes, pixels, sizeof bytes);
+    std::memcpy(factorBytes, factors, sizeof factors);
+    for (std::size_t i = 0; i < sizeof bytes; ++i) {
+        const auto product = static_cast<std::uint16_t>(bytes[i] * factorBytes[i]);
+        bytes[i] = static_cast<std::uint8_t>(static_cast<std::uint16_t>(product + 1 + (product >> 8)) >> 8);
+    }
+    std::memcpy(pixels, bytes, sizeof bytes);
 }
 
 void PremultiplyRow(std::uint32_t* row, std::size_t width)
 {
     constexpr std::size_t kStep = 4;
-    constexpr std::uint32_t kOpaque = 0xFF000000;
-    constexpr std::uint32_t kClear = 0x01000000;
+    constexpr std::uint64_t kAlphas = 0xFF000000FF000000;
     std::size_t x = 0;
     for (; x + kStep <= width; x += kStep) {
         // Nearly all pixels of a skin are opaque, and stay as they are, or clear, and become nothing.
-        if ((row[x] & row[x + 1] & row[x + 2] & row[x + 3]) >= kOpaque)
+        std::uint64_t pairs[kStep / 2];
+        std::memcpy(pairs, row + x, sizeof pairs);
+        if ((pairs[0] & pairs[1] & kAlphas) == kAlphas)
             continue;
-        if ((row[x] | row[x + 1] | row[x + 2] | row[x + 3]) < kClear)
+        if (((pairs[0] | pairs[1]) & kAlphas) == 0)
             std::fill_n(row + x, kStep, 0U);
         else
-            std::transform(row + x, row + x + kStep, row + x, Premultiplied);
+            PremultiplyPixels<kStep>(row + x);
     }
-    std::transform(row + x, row + width, row + x, Premultiplied);
+    for (; x < width; ++x)
+        PremultiplyPixels<1>(row + x);
 }
 
 }  // namespace
