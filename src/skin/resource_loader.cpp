@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <memory>
+#include <string>
+#include <utility>
 
 #include <qvui/foundation/trace.h>
 #include <qvui/skin/xml_document.h>
@@ -66,10 +68,11 @@ CString ResolvePath(const CString& name)
 
 CString ResolveSkinPath(std::string_view executableDirectory, std::string_view name)
 {
+    // No character of any code page has "/" for its second byte.
+    std::string slashed(name);
+    std::replace(slashed.begin(), slashed.end(), '/', kSeparator);
+    std::string_view rest = slashed;
     CString base(executableDirectory);
-    CString slashed(name);
-    slashed.Replace("/", "\\");
-    std::string_view rest = slashed.View();
     if (rest.size() > 2 && BeginsWith(rest, ".\\"))
         rest.remove_prefix(2);
     while (rest.size() > 3 && BeginsWith(rest, "..\\")) {
@@ -78,10 +81,12 @@ CString ResolveSkinPath(std::string_view executableDirectory, std::string_view n
     }
     if (rest.empty())
         return base;
+    std::string path;
+    path.reserve(base.View().size() + 1 + rest.size());
+    path += base.View();
     if (rest.front() != kSeparator)
-        base += kSeparator;
-    base.Append(rest.data(), static_cast<int>(rest.size()));
-    return base;
+        path += kSeparator;
+    return CString(std::move(path += rest));
 }
 
 void CResLoader::SetBaseDirectory(const CString& directory)

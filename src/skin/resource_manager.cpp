@@ -1,6 +1,5 @@
 #include <qvui/skin/resource_manager.h>
 
-#include <cstdio>
 #include <cstdlib>
 
 #include <qvui/skin/document_words.h>
@@ -14,6 +13,19 @@ BOOL g_yaHeiEnabled = TRUE;
 
 using Source = DocumentSource;
 
+// Two whole numbers with a comma right behind the first; anything else leaves the pair as it is.
+void ReadPair(const char* text, SIZE& pair)
+{
+    char* end = nullptr;
+    const long first = std::strtol(text, &end, 10);
+    if (end == text || *end != ',')
+        return;
+    const char* const next = end + 1;
+    const long second = std::strtol(next, &end, 10);
+    if (end != next)
+        pair = {static_cast<LONG>(first), static_cast<LONG>(second)};
+}
+
 // The record's attributes that say how its picture is cut and drawn. A corner that is no pair counts as 0,0.
 void ApplyImageAttributes(CResourceImageData& record, CDUIImageList& list)
 {
@@ -22,11 +34,10 @@ void ApplyImageAttributes(CResourceImageData& record, CDUIImageList& list)
     list.SetDrawStyle(static_cast<IMAGE_DRAW_STYLE>(
         DrawStyleWords().Find(record.m_strDrawStyle.View(), list.GetDrawStyle())));
     if (!record.m_strCorner.IsEmpty()) {
-        int width = 0;
-        int height = 0;
         record.m_strCorner.Trim();
-        const bool isPair = std::sscanf(record.m_strCorner, "%d,%d", &width, &height) == 2;
-        list.SetCornerSize(isPair ? width : 0, isPair ? height : 0);
+        SIZE corner{};
+        ReadPair(record.m_strCorner, corner);
+        list.SetCornerSize(corner.cx, corner.cy);
     }
     if (EqualNoCase(record.m_strDirection.View(), "vert"))
         list.SetImageDirection(1);

@@ -97,6 +97,17 @@ CRefPtr<Style> StyleOf(CNameTable<CRefPtr<Style>>& table, const CString& name)
     return style;
 }
 
+// The bits of the format's word that the text begins with.
+DWORD WordAt(std::string_view text)
+{
+    for (const DocumentWord& entry : TextFormatWords()) {
+        const std::string_view word = entry.word;
+        if (EqualNoCase(text.substr(0, word.size()), word))
+            return static_cast<DWORD>(entry.value);
+    }
+    return 0;
+}
+
 }  // namespace
 
 void CResMgr::ReadStyles(CXmlDocument& xml)
@@ -178,12 +189,13 @@ CRefPtr<CDUIFrameBK> CResMgr::GetFrameBK(const CString& name) const
 
 DWORD CResMgr::ParseTextFormat(const CString& format)
 {
-    CString upper(format);
-    upper.MakeUpper();
     DWORD flags = 0;
-    for (const DocumentWord& entry : TextFormatWords())
-        if (upper.Find(entry.word) != -1)
-            flags |= static_cast<DWORD>(entry.value);
+    const std::string_view text = format.View();
+    const char* const end = text.data() + text.size();
+    for (const char* at = text.data(); at < end; at += CharacterLength(at, end))
+        // Every word begins with it.
+        if (*at == 'D' || *at == 'd')
+            flags |= WordAt({at, static_cast<std::size_t>(end - at)});
     return flags;
 }
 

@@ -1,7 +1,10 @@
 #pragma once
 
+#include <cstdint>
+#include <deque>
 #include <string_view>
-#include <unordered_map>
+#include <utility>
+#include <vector>
 
 #include <qvui/foundation/ref_ptr.h>
 
@@ -14,43 +17,84 @@ class CNameTable {
 public:
     T* Find(const CString& name)
     {
-        const auto found = m_values.find(name);
-        return found == m_values.end() ? nullptr : &found->second;
+        const std::uint32_t found = m_slots.empty() ? 0 : m_slots[SlotOf(name.View(), HashOf(name))];
+        return found ? &m_entries[found - 1].value : nullptr;
     }
     const T* Find(const CString& name) const { return const_cast<CNameTable*>(this)->Find(name); }
     /// The value of that name, made empty when it is new.
-    T& operator[](const CString& name) { return m_values[name]; }
+    T& operator[](const CString& name) { return Place(name, T()).first; }
     /// False, and nothing changes, when the name is there already.
-    bool Add(const CString& name, T value) { return m_values.try_emplace(name, std::move(value)).second; }
+    bool Add(const CString& name, T value) { return Place(name, std::move(value)).second; }
 
-    bool IsEmpty() const { return m_values.empty(); }
-    void Clear() { m_values.clear(); }
+    bool IsEmpty() const { return m_entries.empty(); }
+    void Clear()
+    {
+        m_slots.clear();
+        m_entries.clear();
+    }
     /// The value whose name comes first; null for an empty table. Looks at every name.
     const T* First() const
     {
-        const typename Map::value_type* first = nullptr;
-        for (const auto& entry : m_values)
-            if (!first || Precedes(entry.first, first->first))
+        const Entry* first = nullptr;
+        for (const Entry& entry : m_entries)
+            if (!first || Precedes(entry.name, first->name))
                 first = &entry;
-        return first ? &first->second : nullptr;
+        return first ? &first->value : nullptr;
     }
 
 private:
-    struct Hash {
-        std::size_t operator()(const CString& name) const
-        {
-            return std::hash<std::string_view>()(name.View());
-        }
+    struct Entry {
+        std::size_t hash;
+        CString name;
+        T value;
     };
-    using Map = std::unordered_map<CString, T, Hash>;
 
+    static std::size_t HashOf(const CString& name) { return std::hash<std::string_view>()(name.View()); }
     static bool Precedes(const CString& left, const CString& right)
     {
         const CStrLessCmp less;
         return less(left, right) || (!less(right, left) && left < right);
     }
 
-    Map m_values;
+    /// The slot of that name, or the free one where it belongs.
+    std::size_t SlotOf(std::string_view name, std::size_t hash) const
+    {
+        const std::size_t mask = m_slots.size() - 1;
+        std::size_t slot = hash & mask;
+        while (m_slots[slot] != 0) {
+            const Entry& entry = m_entries[m_slots[slot] - 1];
+            if (entry.hash == hash && entry.name.View() == name)
+                break;
+            slot = (slot + 1) & mask;
+        }
+        return slot;
+    }
+
+    /// The value of that name, the given one when it is new, and whether it is.
+    std::pair<T&, bool> Place(const CString& name, T value)
+    {
+        if (m_entries.size() * 2 >= m_slots.size())
+            Grow();
+        const std::size_t hash = HashOf(name);
+        std::uint32_t& slot = m_slots[SlotOf(name.View(), hash)];
+        if (slot != 0)
+            return {m_entries[slot - 1].value, false};
+        m_entries.push_back({hash, name, std::move(value)});
+        slot = static_cast<std::uint32_t>(m_entries.size());
+        return {m_entries.back().value, true};
+    }
+
+    void Grow()
+    {
+        constexpr std::size_t kFewest = 16;
+        m_slots.assign(m_slots.empty() ? kFewest : m_slots.size() * 2, 0);
+        std::uint32_t number = 0;
+        for (const Entry& entry : m_entries)
+            m_slots[SlotOf(entry.name.View(), entry.hash)] = ++number;
+    }
+
+    std::deque<Entry> m_entries;
+    std::vector<std::uint32_t> m_slots;  // of an entry its number, counted from 1; at least half are free
 };
 
 }  // namespace DUI
