@@ -57,16 +57,9 @@ TEST(Color, IsOnePixelInMemory)
     color.GetA() = 9;
     color.SetG(8);
     EXPECT_EQ(Bits(color), 0x09010803U);
-}
-
-TEST(Color, IsEmptyOnlyWhenAllFourAreZero)
-{
     EXPECT_TRUE(CARGB().IsEmpty());
-    for (int channel = 0; channel < 4; ++channel) {
-        unsigned char bytes[4] = {};
-        bytes[channel] = 1;
-        EXPECT_FALSE(CARGB(bytes[0], bytes[1], bytes[2], bytes[3]).IsEmpty()) << channel;
-    }
+    for (const CARGB& one : {CARGB(1, 0, 0, 0), CARGB(0, 1, 0, 0), CARGB(0, 0, 1, 0), CARGB(0, 0, 0, 1)})
+        EXPECT_FALSE(one.IsEmpty()) << std::hex << Bits(one);
 }
 
 TEST(Color, WalksScanLines)
@@ -195,6 +188,9 @@ TEST(Hls, CorrectionStopsShortOfTheFullCircle)
     CHLSColor color(0, std::numeric_limits<double>::quiet_NaN(), 5);
     EXPECT_TRUE(std::isnan(color.m_luminance)) << "passes unchanged";
     EXPECT_EQ(color.m_saturation, 1);
+    CARGB given(1, 2, 3, 200);
+    EXPECT_EQ(static_cast<DWORD>(CHLSColor(given)), 0x030201U) << "a COLORREF";
+    EXPECT_EQ(static_cast<DWORD>(CHLSColor(DWORD{0x030201})), 0x030201U);
 }
 
 // Truncation may lose one step per channel on the way to HLS and back, and a hue from 359 up is pulled back.
@@ -210,11 +206,4 @@ TEST(Hls, ThereAndBackStaysWithinOneStep)
                             std::abs(color.m_blue - blue) <= 1)
                     << red << "," << green << "," << blue;
             }
-}
-
-TEST(Hls, IsAColorref)
-{
-    CARGB color(1, 2, 3, 200);
-    EXPECT_EQ(static_cast<DWORD>(CHLSColor(color)), 0x030201U);
-    EXPECT_EQ(static_cast<DWORD>(CHLSColor(DWORD{0x030201})), 0x030201U);
 }

@@ -118,6 +118,33 @@ TEST_F(BrokenPackage, ChangedDocumentsAreOverwrittenByGoodOnes)
     traces.Take();
 }
 
+// The entry document, with the files that it names.
+TEST_F(BrokenPackage, BrokenEntryDocumentsLeaveAGoodOneAlone)
+{
+    const auto set = [](const std::string& tag, const std::string& file) {
+        return "<" + tag + "_set default=\"x\"><" + tag +
+               " name=\"x\" config_type=\"file\" file_name=\"skin-test/" + file + "\"/></" + tag + "_set>";
+    };
+    const std::string entry = "<p>" + set("language", Parts()[0].name) + set("skin", Parts()[1].name) +
+                              set("style", Parts()[2].name) + set("template", Parts()[3].name) + "</p>";
+    for (const Part& part : Parts())
+        folder.Write(part.name, part.text);
+    DUI::CDUISkinMgr manager;
+    for (std::size_t length = 0; length < entry.size(); ++length)
+        ASSERT_EQ(manager.InitializeSkin(entry.substr(0, length).c_str()), 0) << length;
+    for (std::size_t at = 0; at < entry.size(); ++at) {
+        std::string changed = entry;
+        changed[at] = "<\"& \xFF"[at % 5];
+        manager.InitializeSkin(changed.c_str());
+        manager.UninitializeSkin();
+    }
+    EXPECT_EQ(manager.InitializeSkin(entry.c_str()), 1);
+    CString text;
+    EXPECT_EQ(manager.GetStringText("a", text), 1);
+    EXPECT_STREQ(text, "1 < 2");
+    traces.Take();
+}
+
 TEST_F(BrokenPackage, BrokenFilesAreNoPicturesAndNoCursors)
 {
     const std::string picture = folder.Read("i.png");

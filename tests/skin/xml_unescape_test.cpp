@@ -13,49 +13,17 @@
 
 TEST(XmlEntities, StandForTheirCharacters)
 {
-    struct Case {
-        const char* name;
-        unsigned character;
-    };
-    const std::vector<Case> cases{
-        {"lt", '<'},
-        {"gt", '>'},
-        {"amp", '&'},
-        {"apos", '\''},
-        {"quot", '"'},
-        {"nbsp", 0xA0},
-        {"szlig", 0xDF},
-        {"euro", 0x20AC},
-        {"thetasym", 0x3D1},
-        {"sup1", 0xB9},
-        {"frac34", 0xBE},
-        {"there4", 0x2234},
-        {"alefsym", 0x2135},
-        {"zwnj", 0x200C},
-        {"unknown", 0},
-        {"", 0},
-        {"l", 0},
-        {"ltt", 0},
-        {"thetasymx", 0},
-        // Of two names that differ in case alone, the one with a capital.
-        {"oslash", 0xD8},
-        {"rarr", 0x21D2},
-        {"aacute", 0xC1},
-        {"alpha", 0x391},
-        {"dagger", 0x2021},
-        {"prime", 0x2033},
-        {"yuml", 0x178},
-        {"eth", 0xD0},
-        {"thorn", 0xDE},
-        {"scaron", 0x160},
-        // A small letter alone.
-        {"piv", 0x3D6},
-        {"sigmaf", 0x3C2},
-        {"upsih", 0x3D2},
-        {"crarr", 0x21B5},
-    };
-    for (const Case& c : cases)
-        EXPECT_EQ(DUI::FindXmlEntity(c.name), c.character) << c.name;
+    // Of two names that differ in case alone ("oslash" to "scaron"), the one with a capital counts.
+    const std::map<std::string, unsigned> characters{
+        {"lt", '<'},       {"gt", '>'},        {"amp", '&'},        {"apos", '\''},      {"quot", '"'},
+        {"nbsp", 0xA0},    {"szlig", 0xDF},    {"euro", 0x20AC},    {"thetasym", 0x3D1}, {"sup1", 0xB9},
+        {"frac34", 0xBE},  {"there4", 0x2234}, {"alefsym", 0x2135}, {"zwnj", 0x200C},    {"unknown", 0},
+        {"", 0},           {"l", 0},           {"ltt", 0},          {"thetasymx", 0},    {"oslash", 0xD8},
+        {"rarr", 0x21D2},  {"aacute", 0xC1},   {"alpha", 0x391},    {"dagger", 0x2021},  {"prime", 0x2033},
+        {"yuml", 0x178},   {"eth", 0xD0},      {"thorn", 0xDE},     {"scaron", 0x160},   {"piv", 0x3D6},
+        {"sigmaf", 0x3C2}, {"upsih", 0x3D2},   {"crarr", 0x21B5}};
+    for (const auto& [name, character] : characters)
+        EXPECT_EQ(DUI::FindXmlEntity(name), character) << name;
 }
 
 TEST(XmlEntities, ReplaceThemselvesInTexts)
@@ -125,45 +93,39 @@ TEST(XmlEntities, BecomeTheSystemCodePagesBytes)
 
 TEST(XmlEncodings, HaveCodePagesByName)
 {
-    struct Case {
-        const char* name;
-        int codePage;
-    };
     const std::string longest(99, 'a');
     const std::string tooLong(100, 'a');
-    const std::vector<Case> cases{
-        {"", 0},
-        {"utf-8", 65001},
-        {"UTF-8", 65001},
-        {"uTf-16", 1200},
-        {"utf-16le", 1200},
-        {"utf-16be", 1201},
-        {"UTF-32", 65005},
-        {"UTF-32LE", 65005},
-        {"UTF-32-anything", 65005},
-        {"gb2312", 936},
-        {"GBK", 936},
-        {"gb18030", 54936},
-        {"big5", 950},
-        {"Shift_JIS", 932},
-        {"euc-jp", 51932},
-        {"euc-kr", 51949},
-        {"ks_c_5601-1987", 949},
-        {"ISO-8859-1", 28591},
-        {"latin1", 28591},
-        {"iso-8859-15", 28605},
-        {"us-ascii", 20127},
-        {"windows-1252", 1252},
-        {"koi8-r", 20866},
-        {"macintosh", 10000},
-        {"437", 437},
-        {"x-x-big5", 950},
-        {"utf-9", -1},
-        {"gb2312 ", -1},
-        {"nonsense", -1},
-        {longest.c_str(), -1},
-        {tooLong.c_str(), -1},
-    };
-    for (const Case& c : cases)
-        EXPECT_EQ(DUI::FindCodePage(c.name), c.codePage) << c.name;
+    const std::map<std::string, int> codePages{{"", 0},
+                                               {"utf-8", 65001},
+                                               {"UTF-8", 65001},
+                                               {"uTf-16", 1200},
+                                               {"utf-16le", 1200},
+                                               {"utf-16be", 1201},
+                                               {"UTF-32", 65005},
+                                               {"UTF-32LE", 65005},
+                                               {"UTF-32-anything", 65005},
+                                               {"gb2312", 936},
+                                               {"GBK", 936},
+                                               {"gb18030", 54936},
+                                               {"big5", 950},
+                                               {"Shift_JIS", 932},
+                                               {"euc-jp", 51932},
+                                               {"euc-kr", 51949},
+                                               {"ks_c_5601-1987", 949},
+                                               {"ISO-8859-1", 28591},
+                                               {"latin1", 28591},
+                                               {"iso-8859-15", 28605},
+                                               {"us-ascii", 20127},
+                                               {"windows-1252", 1252},
+                                               {"koi8-r", 20866},
+                                               {"macintosh", 10000},
+                                               {"437", 437},
+                                               {"x-x-big5", 950},
+                                               {"utf-9", -1},
+                                               {"gb2312 ", -1},
+                                               {"nonsense", -1},
+                                               {longest, -1},
+                                               {tooLong, -1}};
+    for (const auto& [name, codePage] : codePages)
+        EXPECT_EQ(DUI::FindCodePage(name), codePage) << name;
 }
