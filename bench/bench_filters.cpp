@@ -162,9 +162,10 @@ std::vector<Pair> Pairs()
          }},
         {"mirror", [](Pictures& p) { CMirrorImageFilter::Process(&p.section); }, CopyMat},
         {"flip", [](Pictures& p) { CFlipImageFilter::Process(&p.section); }, CopyMat},
-        // Turning writes a new section, and reads or writes across the rows: more than twice a copy.
-        {"rotate_left", [](Pictures& p) { CRotateLeftFilter::Process(&p.section); }, CopyMat, 4},
-        {"rotate_right", [](Pictures& p) { CRotateRightFilter::Process(&p.section); }, CopyMat, 4},
+        // Turning makes a new section, whose pixels are cleared first, and writes it across the rows that it
+        // reads.
+        {"rotate_left", [](Pictures& p) { CRotateLeftFilter::Process(&p.section); }, CopyMat, 3.5},
+        {"rotate_right", [](Pictures& p) { CRotateRightFilter::Process(&p.section); }, CopyMat, 3.5},
         {"turn_left", [](Pictures& p) { CRotateLeftFilter::Process(&p.section); },
          [](Pictures& p) { cv::rotate(p.mat, p.result, cv::ROTATE_90_COUNTERCLOCKWISE); }},
         {"cut_out", [](Pictures& p) { CSelectImageFilter::Process(&p.section, &p.target, nullptr); },

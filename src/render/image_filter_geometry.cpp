@@ -32,36 +32,106 @@ int WithPixelType(const CDibSection& section, Operation operation)
     }
 }
 
-// Copies the section's pixels into a section of swapped width and height, turned. The source is read in tiles
-// of short rows and many of them, through a buffer: so the target is written in long runs, and neither a row
-// length that is a power of two nor the many pages touched defeat the processor's caches.
-template <class Pixel>
-void Turn(const CDibSection& from, CDibSection& to, bool isLeft)
+// Four neighbouring pixels as numbers. Three bytes each are joined in two numbers, so that nothing beyond
+// them is touched.
+template <int size>
+void LoadFour(const BYTE* pixels, std::uint32_t (&four)[4])
 {
-    constexpr int kTileWidth = 32;
-    constexpr int kTileHeight = 256;
-    const std::unique_ptr<Pixel[]> tile(new Pixel[kTileWidth * kTileHeight]);
-    const int width = WidthOf(from);
-    const int height = HeightOf(from);
-    for (int left = 0; left < width; left += kTileWidth)
-        for (int low = 0; low < height; low += kTileHeight) {
-            const int columns = std::min(kTileWidth, width - left);
-            const int rows = std::min(kTileHeight, height - low);
-            for (int i = 0; i < rows; ++i) {
-                const int row = isLeft ? height - 1 - (low + i) : low + i;
-                const BYTE* const pixels = StoredRow(from, row) + left * sizeof(Pixel);
-                if (columns == kTileWidth)  // a constant length is copied without a call
-                    std::memcpy(&tile[i * kTileWidth], pixels, kTileWidth * sizeof(Pixel));
-                else
-                    std::memcpy(&tile[i * kTileWidth], pixels, columns * sizeof(Pixel));
-            }
-            for (int column = 0; column < columns; ++column) {
-                const int row = isLeft ? left + column : width - 1 - (left + column);
-                auto* const run = reinterpret_cast<Pixel*>(StoredRow(to, row)) + low;
-                for (int i = 0; i < rows; ++i)
-                    run[i] = tile[i * kTileWidth + column];
-            }
+    if constexpr (size == 3) {
+        constexpr std::uint64_t kPixel = 0xFFFFFF;
+        std::uint64_t low;
+        std::uint32_t high;
+        std::memcpy(&low, pixels, sizeof low);
+        std::memcpy(&high, pixels + sizeof low, sizeof high);
+        four[0] = static_cast<std::uint32_t>(low & kPixel);
+        four[1] = static_cast<std::uint32_t>(low >> 24 & kPixel);
+        four[2] = static_cast<std::uint32_t>(low >> 48 | (high & 0xFF) << 16);
+        four[3] = high >> 8;
+    } else if constexpr (size == 4) {
+        std::memcpy(four, pixels, sizeof four);
+    } else {
+        for (int i = 0; i < 4; ++i)
+            std::memcpy(&four[i], pixels + i * size, size);
+    }
+}
+
+template <int size>
+void StoreFour(const std::uint32_t (&four)[4], BYTE* pixels)
+{
+    if constexpr (size == 3) {
+        const std::uint64_t low =
+            four[0] | static_cast<std::uint64_t>(four[1]) << 24 | static_cast<std::uint64_t>(four[2]) << 48;
+        const std::uint32_t high = four[2] >> 16 | four[3] << 8;
+        std::memcpy(pixels, &low, sizeof low);
+        std::memcpy(pixels + sizeof low, &high, sizeof high);
+    } else if constexpr (size == 4) {
+        std::memcpy(pixels, four, sizeof four);
+    } else {
+        for (int i = 0; i < 4; ++i)
+            std::memcpy(pixels + i * size, &four[i], size);
+    }
+}
+
+// A rectangle of pixels that become rows where they were columns: the pixel at (x, y) goes to (y, x), counted
+// from either rectangle's first pixel by its steps, in bytes, from row to row.
+struct Turned {
+    const BYTE* from;
+    std::ptrdiff_t fromStep;
+    BYTE* to;
+    std::ptrdiff_t toStep;
+    int width;
+    int height;
+
+    template <int size>
+    Turned Part(int x, int y, int partWidth, int partHeight) const
+    {
+        return {from + y * fromStep + x * size,
+                fromStep,
+                to + x * toStep + y * size,
+                toStep,
+                partWidth,
+                partHeight};
+    }
+};
+
+template <int size>
+void TurnPixels(const Turned& part)
+{
+    for (int x = 0; x < part.width; ++x)
+        for (int y = 0; y < part.height; ++y)
+            std::memcpy(part.to + x * part.toStep + y * size, part.from + y * part.fromStep + x * size, size);
+}
+
+// Blocks of four rows and columns, and single pixels for the rest.
+template <int size>
+void TurnTile(const Turned& tile)
+{
+    int x = 0;
+    for (; x + 4 <= tile.width; x += 4) {
+        int y = 0;
+        for (; y + 4 <= tile.height; y += 4) {
+            const Turned part = tile.Part<size>(x, y, 4, 4);
+            std::uint32_t block[4][4] = {};
+            for (int i = 0; i < 4; ++i)
+                LoadFour<size>(part.from + i * part.fromStep, block[i]);
+            for (int i = 0; i < 4; ++i)
+                StoreFour<size>({block[0][i], block[1][i], block[2][i], block[3][i]},
+                                part.to + i * part.toStep);
         }
+        TurnPixels<size>(tile.Part<size>(x, y, 4, tile.height - y));
+    }
+    TurnPixels<size>(tile.Part<size>(x, 0, tile.width - x, tile.height));
+}
+
+// Tile by tile, so that what is read in rows and written in columns stays in the processor's cache meanwhile.
+template <int size>
+void Turn(const Turned& whole)
+{
+    constexpr int kTile = 64;
+    for (int y = 0; y < whole.height; y += kTile)
+        for (int x = 0; x < whole.width; x += kTile)
+            TurnTile<size>(
+                whole.Part<size>(x, y, std::min(kTile, whole.width - x), std::min(kTile, whole.height - y)));
 }
 
 // Reverses a row's pixels; `copy` holds the row and a byte more. Moving four bytes at once is faster than
@@ -86,7 +156,16 @@ int Rotate(CDibSection* section, bool isLeft)
         if (!turned.Create(static_cast<DWORD>(HeightOf(*section)), static_cast<DWORD>(WidthOf(*section)),
                            section->GetBitCount()))
             return FALSE;
-        Turn<PixelType>(*section, turned, isLeft);
+        const int width = WidthOf(*section);
+        const int height = HeightOf(*section);
+        const std::ptrdiff_t fromLine = section->GetLineWidth();
+        const std::ptrdiff_t toLine = turned.GetLineWidth();
+        if (isLeft)
+            Turn<sizeof(PixelType)>(
+                {StoredRow(*section, height - 1), -fromLine, StoredRow(turned, 0), toLine, width, height});
+        else
+            Turn<sizeof(PixelType)>(
+                {StoredRow(*section, 0), fromLine, StoredRow(turned, width - 1), -toLine, width, height});
         return section->Transfer(&turned);
     });
 }

@@ -14,7 +14,7 @@ using namespace DUI;
 namespace {
 
 constexpr SIZE kSizes[] = {{1, 1}, {1, 6}, {6, 1},  {2, 2},   {2, 7},  {7, 2},
-                           {3, 3}, {5, 5}, {17, 9}, {33, 31}, {67, 40}};
+                           {3, 3}, {5, 5}, {17, 9}, {33, 31}, {67, 70}};
 
 using Operation = std::function<int(CDibSection& section)>;
 using Reference = std::function<Model(const Model& source)>;
