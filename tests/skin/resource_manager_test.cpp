@@ -22,6 +22,23 @@ protected:
         return "(none)";
     }
 
+    // Loads one set of the resource document.
+    void Load(const std::string& set, const std::string& entries)
+    {
+        EXPECT_EQ(manager.ParseDUIResource(Document("<" + set + ">" + entries + "</" + set + ">")), 1);
+    }
+    void LoadImage(const std::string& file, const std::string& attributes = "")
+    {
+        Load("image_set", R"(<image name="a" config_type="FILE" file_name="skin-test\)" + file + "\" " +
+                              attributes + "/>");
+    }
+    void LoadFonts(const std::string& fonts) { Load("font_set", fonts); }
+    CRefPtr<CFontObject> Font(const std::string& attributes)
+    {
+        LoadFonts("<font name=\"f\" " + attributes + "/>");
+        return manager.GetFont("f", 0);
+    }
+
     CResMgr manager;
 };
 
@@ -148,8 +165,7 @@ TEST_F(ResourceManager, ColoursAreLiteralsOrNamesOfLiterals)
 TEST_F(ResourceManager, ImagesAreSharedOrNew)
 {
     folder.WriteStrip("a.png", {0xFFFF0000, 0xFF00FF00});
-    manager.ParseDUIResource(Document(
-        R"(<image_set><image name="a" config_type="FILE" file_name="skin-test\a.png" count="2"/></image_set>)"));
+    LoadImage("a.png", "count=\"2\"");
     const CDUIImageListPtr own = manager.GetImage("a", 0);
     const CDUIImageListPtr shared = manager.GetImage("a", 1);
     ASSERT_TRUE(own && shared);
@@ -166,47 +182,40 @@ TEST_F(ResourceManager, ImageAttributesSayHowItIsDrawn)
 {
     struct Case {
         const char* attributes;
-        int count;
-        int direction;
-        int style;
-        int cornerWidth, cornerHeight;
+        std::vector<int> drawing;  // count, direction, style, corner
     };
     const std::vector<Case> cases{
-        {R"()", 1, 0, 0, 0, 0},
-        {R"(count="3")", 3, 0, 0, 0, 0},
-        {R"(count="0")", 1, 0, 0, 0, 0},
-        {R"(count="-2")", 1, 0, 0, 0, 0},
-        {R"(count="4 icons")", 4, 0, 0, 0, 0},
-        {R"(count="many")", 1, 0, 0, 0, 0},
-        {R"(direction="vert")", 1, 1, 0, 0, 0},
-        {R"(direction="VERT")", 1, 1, 0, 0, 0},
-        {R"(direction="horz")", 1, 0, 0, 0, 0},
-        {R"(drawstyle="stretch")", 1, 0, 1, 0, 0},
-        {R"(drawstyle="Stretch_Horz")", 1, 0, 2, 0, 0},
-        {R"(drawstyle="stretch_vert")", 1, 0, 3, 0, 0},
-        {R"(drawstyle="SQUARD")", 1, 0, 4, 0, 0},
-        {R"(drawstyle="tile")", 1, 0, 5, 0, 0},
-        {R"(drawstyle="stretched")", 1, 0, 0, 0, 0},
-        {R"(corner="4,6")", 1, 0, 0, 4, 6},
-        {R"(corner=" 4, 6 ")", 1, 0, 0, 4, 6},
-        {R"(corner="4")", 1, 0, 0, 0, 0},
-        {R"(corner="x,6")", 1, 0, 0, 0, 0},
-        {R"(alpha="10" mask_color="#FF00FF")", 1, 0, 0, 0, 0},
-        {R"(count="2" direction="vert" drawstyle="squard" corner="1,2")", 2, 1, 4, 1, 2},
+        {R"()", {1, 0, 0, 0, 0}},
+        {R"(count="3")", {3, 0, 0, 0, 0}},
+        {R"(count="0")", {1, 0, 0, 0, 0}},
+        {R"(count="-2")", {1, 0, 0, 0, 0}},
+        {R"(count="4 icons")", {4, 0, 0, 0, 0}},
+        {R"(count="many")", {1, 0, 0, 0, 0}},
+        {R"(direction="vert")", {1, 1, 0, 0, 0}},
+        {R"(direction="VERT")", {1, 1, 0, 0, 0}},
+        {R"(direction="horz")", {1, 0, 0, 0, 0}},
+        {R"(drawstyle="stretch")", {1, 0, 1, 0, 0}},
+        {R"(drawstyle="Stretch_Horz")", {1, 0, 2, 0, 0}},
+        {R"(drawstyle="stretch_vert")", {1, 0, 3, 0, 0}},
+        {R"(drawstyle="SQUARD")", {1, 0, 4, 0, 0}},
+        {R"(drawstyle="tile")", {1, 0, 5, 0, 0}},
+        {R"(drawstyle="stretched")", {1, 0, 0, 0, 0}},
+        {R"(corner="4,6")", {1, 0, 0, 4, 6}},
+        {R"(corner=" 4, 6 ")", {1, 0, 0, 4, 6}},
+        {R"(corner="4")", {1, 0, 0, 0, 0}},
+        {R"(corner="x,6")", {1, 0, 0, 0, 0}},
+        {R"(alpha="10" mask_color="#FF00FF")", {1, 0, 0, 0, 0}},
+        {R"(count="2" direction="vert" drawstyle="squard" corner="1,2")", {2, 1, 4, 1, 2}},
     };
     folder.WriteStrip("a.png", {0xFFFF0000});
     for (const Case& c : cases) {
-        CResMgr fresh;
-        fresh.ParseDUIResource(
-            Document(R"(<image_set><image name="a" config_type="file" file_name="skin-test\a.png" )" +
-                     std::string(c.attributes) + "/></image_set>"));
-        const CDUIImageListPtr list = fresh.GetImage("a", 1);
+        LoadImage("a.png", c.attributes);
+        const CDUIImageListPtr list = manager.GetImage("a", 0);
         ASSERT_TRUE(list && !list->IsNull());
-        EXPECT_EQ(list->GetItemCount(), c.count) << c.attributes;
-        EXPECT_EQ(list->GetImageDirection(), c.direction) << c.attributes;
-        EXPECT_EQ(list->GetDrawStyle(), c.style) << c.attributes;
-        EXPECT_EQ(list->GetCornerWidth(), c.cornerWidth) << c.attributes;
-        EXPECT_EQ(list->GetCornerHeight(), c.cornerHeight) << c.attributes;
+        EXPECT_EQ((std::vector<int>{list->GetItemCount(), list->GetImageDirection(), list->GetDrawStyle(),
+                                    list->GetCornerWidth(), list->GetCornerHeight()}),
+                  c.drawing)
+            << c.attributes;
     }
 }
 
@@ -238,27 +247,22 @@ TEST_F(ResourceManager, ReloadingShowsTheNewPictureToAllHolders)
 {
     folder.WriteStrip("a.png", {0xFFFF0000});
     folder.WriteStrip("b.png", {0xFF00FF00});
-    const auto load = [&](const char* file) {
-        manager.ParseDUIResource(
-            Document(R"(<image_set><image name="bk" config_type="file" file_name="skin-test\)" +
-                     std::string(file) + "\"/></image_set>"));
-    };
-    load("a.png");
-    const CDUIImageListPtr own = manager.GetImage("bk", 0);
-    load("b.png");
+    LoadImage("a.png");
+    const CDUIImageListPtr own = manager.GetImage("a", 0);
+    LoadImage("b.png");
     EXPECT_EQ(IconColor(own), 0xFFFF0000U) << "a private list stays as it is";
-    const CDUIImageListPtr shared = manager.GetImage("bk", 1);
+    const CDUIImageListPtr shared = manager.GetImage("a", 1);
     EXPECT_EQ(IconColor(shared), 0xFF00FF00U);
-    load("a.png");
+    LoadImage("a.png");
     EXPECT_EQ(IconColor(shared), 0xFFFF0000U);
-    EXPECT_EQ(manager.GetImage("bk", 1), shared);
-    load("no.png");
+    EXPECT_EQ(manager.GetImage("a", 1), shared);
+    LoadImage("no.png");
     EXPECT_TRUE(shared->IsNull());
     EXPECT_EQ(traces.Take().size(), 1U);
-    load("b.png");
+    LoadImage("b.png");
     EXPECT_EQ(IconColor(shared), 0xFF00FF00U) << "the list of the record comes back";
     manager.ClearDUIResource();
-    EXPECT_EQ(manager.GetImage("bk", 1), nullptr);
+    EXPECT_EQ(manager.GetImage("a", 1), nullptr);
     EXPECT_EQ(IconColor(shared), 0xFF00FF00U) << "who holds it keeps it";
 }
 
@@ -268,9 +272,8 @@ TEST_F(ResourceManager, ReloadingShowsTheNewPictureToAllHolders)
 TEST_F(ResourceManager, CursorsAreSharedOrNewAndStayWhenTheSkinChanges)
 {
     folder.WriteCursor("a.cur");
-    manager.ParseDUIResource(Document(R"(<cursor_set>
-        <cursor name="hand" config_type="file" file_name="skin-test\a.cur"/>
-        <cursor name="missing" config_type="file" file_name="no.cur"/><cursor name="bare"/></cursor_set>)"));
+    Load("cursor_set", R"(<cursor name="hand" config_type="file" file_name="skin-test\a.cur"/>
+        <cursor name="missing" config_type="file" file_name="no.cur"/><cursor name="bare"/>)");
     const auto shared = manager.GetCursor("hand", 1);
     ASSERT_FALSE(shared.IsNull());
     EXPECT_EQ(shared->IsNull(), 0);
@@ -283,8 +286,7 @@ TEST_F(ResourceManager, CursorsAreSharedOrNewAndStayWhenTheSkinChanges)
     EXPECT_EQ(manager.GetCursor("missing", 1).GetPtr(), missing.GetPtr())
         << "an object is kept, cursor or not";
     EXPECT_EQ(traces.Take().size(), 1U);
-    manager.ParseDUIResource(
-        Document(R"(<cursor_set><cursor name="hand" config_type="file" file_name="no.cur"/></cursor_set>)"));
+    Load("cursor_set", R"(<cursor name="hand" config_type="file" file_name="no.cur"/>)");
     EXPECT_EQ(manager.GetCursor("hand", 1).GetPtr(), shared.GetPtr());
     EXPECT_EQ(manager.GetCursor("hand", 0)->IsNull(), 1) << "the record is the new skin's";
     EXPECT_EQ(traces.Take().size(), 1U);
@@ -300,32 +302,28 @@ TEST_F(ResourceManager, FontAttributesDescribeTheFont)
     const int weight = plain->GetWeight();
     struct Case {
         const char* attributes;
-        int height, weight, italic, underline, strikeout;
+        std::vector<int> font;  // height, weight, italic, underline, strikeout
     };
     const std::vector<Case> cases{
-        {R"()", height, weight, 0, 0, 0},
-        {R"(height="-12")", -12, weight, 0, 0, 0},
-        {R"(height="20px")", 20, weight, 0, 0, 0},
-        {R"(height="tall")", 0, weight, 0, 0, 0},
-        {R"(weight="700")", height, 700, 0, 0, 0},
-        {R"(weight="0")", height, 0, 0, 0, 0},
-        {R"(weight="999")", height, 999, 0, 0, 0},
-        {R"(weight="1000")", height, weight, 0, 0, 0},
-        {R"(weight="-1")", height, weight, 0, 0, 0},
-        {R"(italic="true" underline="TRUE" strikeout="True")", height, weight, 1, 1, 1},
-        {R"(italic="1" underline="yes" strikeout="false")", height, weight, 0, 0, 0},
+        {R"()", {height, weight, 0, 0, 0}},
+        {R"(height="-12")", {-12, weight, 0, 0, 0}},
+        {R"(height="20px")", {20, weight, 0, 0, 0}},
+        {R"(height="tall")", {0, weight, 0, 0, 0}},
+        {R"(weight="700")", {height, 700, 0, 0, 0}},
+        {R"(weight="0")", {height, 0, 0, 0, 0}},
+        {R"(weight="999")", {height, 999, 0, 0, 0}},
+        {R"(weight="1000")", {height, weight, 0, 0, 0}},
+        {R"(weight="-1")", {height, weight, 0, 0, 0}},
+        {R"(italic="true" underline="TRUE" strikeout="True")", {height, weight, 1, 1, 1}},
+        {R"(italic="1" underline="yes" strikeout="false")", {height, weight, 0, 0, 0}},
     };
     for (const Case& c : cases) {
-        manager.ParseDUIResource(
-            Document(R"(<font_set><font name="f" )" + std::string(c.attributes) + "/></font_set>"));
-        const CRefPtr<CFontObject> font = manager.GetFont("f", 0);
-        ASSERT_FALSE(font.IsNull());
-        EXPECT_EQ(font->IsNull(), 0) << c.attributes;
-        EXPECT_EQ(font->GetHeight(), c.height) << c.attributes;
-        EXPECT_EQ(font->GetWeight(), c.weight) << c.attributes;
-        EXPECT_EQ(font->GetItalic(), c.italic) << c.attributes;
-        EXPECT_EQ(font->GetUnderline(), c.underline) << c.attributes;
-        EXPECT_EQ(font->GetStrikeout(), c.strikeout) << c.attributes;
+        const CRefPtr<CFontObject> font = Font(c.attributes);
+        ASSERT_FALSE(font.IsNull() || font->IsNull()) << c.attributes;
+        EXPECT_EQ((std::vector<int>{font->GetHeight(), font->GetWeight(), font->GetItalic(),
+                                    font->GetUnderline(), font->GetStrikeout()}),
+                  c.font)
+            << c.attributes;
     }
 }
 
@@ -341,9 +339,7 @@ TEST_F(ResourceManager, FaceNamesAreStringIds)
          {Case{"#DejaVu Sans", "DejaVu Sans"}, Case{"face", "DejaVu Serif"}, Case{"unknown", system},
           Case{"", system}, Case{"#", ""},
           Case{"#a name of a face that is much too long", "a name of a face that is much "}}) {
-        manager.ParseDUIResource(
-            Document(R"(<font_set><font name="f" facename=")" + std::string(c.facename) + "\"/></font_set>"));
-        EXPECT_EQ(manager.GetFont("f", 0)->GetFaceName(), c.face) << c.facename;
+        EXPECT_EQ(Font("facename=\"" + std::string(c.facename) + "\"")->GetFaceName(), c.face) << c.facename;
     }
 }
 
@@ -372,11 +368,11 @@ TEST_F(ResourceManager, TheYaHeiFaceMayBeSwitchedOff)
 
 TEST_F(ResourceManager, FontsAreSharedOrNew)
 {
-    manager.ParseDUIResource(Document(R"(<font_set><font name="a" height="10"/></font_set>)"));
+    LoadFonts(R"(<font name="a" height="10"/>)");
     const CRefPtr<CFontObject> shared = manager.GetFont("a", 1);
     EXPECT_EQ(manager.GetFont("a", 1).GetPtr(), shared.GetPtr());
     EXPECT_NE(manager.GetFont("a", 0).GetPtr(), shared.GetPtr());
-    manager.ParseDUIResource(Document(R"(<font_set><font name="a" height="20"/></font_set>)"));
+    LoadFonts(R"(<font name="a" height="20"/>)");
     EXPECT_EQ(manager.GetFont("a", 1).GetPtr(), shared.GetPtr()) << "the record keeps the font made before";
     EXPECT_EQ(shared->GetHeight(), 10);
     EXPECT_EQ(manager.GetFont("a", 0)->GetHeight(), 20) << "but is the new skin's";
@@ -410,14 +406,13 @@ TEST_F(ResourceManager, TheDefaultFontIsChosenOnce)
 
 TEST_F(ResourceManager, TheDefaultFontIsARecordsFont)
 {
-    manager.ParseDUIResource(
-        Document(R"(<font_set><font name="b" height="11"/><font name="a" height="12"/></font_set>)"));
+    LoadFonts(R"(<font name="b" height="11"/><font name="a" height="12"/>)");
     EXPECT_TRUE(manager.GetDefaultFont().IsNull());
     manager.GetFont("b", 1);
     EXPECT_TRUE(manager.GetDefaultFont().IsNull()) << "a comes first";
     const CRefPtr<CFontObject> first = manager.GetFont("a", 1);
     EXPECT_EQ(manager.GetDefaultFont().GetPtr(), first.GetPtr());
-    manager.ParseDUIResource(Document(R"(<font_set><font name="b" height="13" default="true"/></font_set>)"));
+    LoadFonts(R"(<font name="b" height="13" default="true"/>)");
     EXPECT_EQ(manager.GetDefaultFont()->GetHeight(), 13);
     EXPECT_EQ(manager.GetFont("b", 1).GetPtr(), manager.GetDefaultFont().GetPtr());
     manager.ClearDUIResource();

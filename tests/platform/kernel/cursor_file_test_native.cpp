@@ -1,7 +1,5 @@
 // Cursor files of every depth, and broken ones.
 
-#include <functional>
-
 #include "native/kernel/cursor_file.h"
 #include "platform/platform_test.h"
 
@@ -74,24 +72,26 @@ TEST_F(CursorFiles, AreReadAtEveryDepth)
     }
 }
 
-TEST_F(CursorFiles, AreStoredFromTheBottomUp)
+TEST_F(CursorFiles, AreStoredFromTheBottomUpAndMayLackAlpha)
 {
-    Bytes bitmap = BitmapHeader(1, 2, 32);
-    bitmap.insert(bitmap.end(), {1, 0, 0, 0xFF, 2, 0, 0, 0xFF, 0, 0, 0, 0, 0, 0, 0, 0});
-    const auto cursor = qvui::native::ReadCursorFile(CursorFile(bitmap, 0, 0));
-    ASSERT_NE(cursor.pixels, nullptr);
-    EXPECT_EQ(cursor.pixels->Get(0, 0), 0xFF000002U);
-    EXPECT_EQ(cursor.pixels->Get(0, 1), 0xFF000001U);
-}
-
-TEST_F(CursorFiles, With32BitsAndNoAlphaTakeTheMask)
-{
-    Bytes bitmap = BitmapHeader(2, 1, 32);
-    bitmap.insert(bitmap.end(), {1, 2, 3, 0, 4, 5, 6, 0, 0x40, 0, 0, 0});
-    const auto cursor = qvui::native::ReadCursorFile(CursorFile(bitmap, 0, 0));
-    ASSERT_NE(cursor.pixels, nullptr);
-    EXPECT_EQ(cursor.pixels->Get(0, 0), 0xFF030201U);
-    EXPECT_EQ(cursor.pixels->Get(1, 0), 0U);
+    struct Case {
+        const char* name;
+        int width, height;
+        Bytes rows;
+        std::uint32_t first, second;
+    };
+    const std::vector<Case> cases{
+        {"two rows", 1, 2, {1, 0, 0, 0xFF, 2, 0, 0, 0xFF, 0, 0, 0, 0, 0, 0, 0, 0}, 0xFF000002, 0xFF000001},
+        {"no alpha, so the mask counts", 2, 1, {1, 2, 3, 0, 4, 5, 6, 0, 0x40, 0, 0, 0}, 0xFF030201, 0},
+    };
+    for (const Case& c : cases) {
+        Bytes bitmap = BitmapHeader(c.width, c.height, 32);
+        bitmap.insert(bitmap.end(), c.rows.begin(), c.rows.end());
+        const auto cursor = qvui::native::ReadCursorFile(CursorFile(bitmap, 0, 0));
+        ASSERT_NE(cursor.pixels, nullptr) << c.name;
+        EXPECT_EQ(cursor.pixels->Get(0, 0), c.first) << c.name;
+        EXPECT_EQ(cursor.pixels->Get(c.width - 1, c.height - 1), c.second) << c.name;
+    }
 }
 
 TEST_F(CursorFiles, OfAnotherKindAreRefused)
