@@ -10,13 +10,13 @@ using Registration = std::pair<std::size_t LiveCounts::*, CountFunction>;
 
 std::vector<Registration>& Registrations()
 {
-    static std::vector<Registration> registrations;
+    static auto& registrations = *new std::vector<Registration>();
     return registrations;
 }
 
 LiveCounts& LeftOut()
 {
-    static LiveCounts counts;
+    static auto& counts = *new LiveCounts();
     return counts;
 }
 

@@ -11,7 +11,7 @@ namespace {
 
 HandleTable<DeviceContext, 5>& Contexts()
 {
-    static HandleTable<DeviceContext, 5> contexts;
+    static auto& contexts = *new HandleTable<DeviceContext, 5>();
     return contexts;
 }
 

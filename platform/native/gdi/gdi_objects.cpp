@@ -51,7 +51,7 @@ std::array<HGDIOBJ, 9> MakeStock()
 
 HandleTable<GdiObject, 4>& GdiObjects()
 {
-    static HandleTable<GdiObject, 4> objects;
+    static auto& objects = *new HandleTable<GdiObject, 4>();
     return objects;
 }
 

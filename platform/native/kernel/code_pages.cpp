@@ -92,7 +92,7 @@ private:
 // Converters are expensive to open, so each pair is opened once.
 const Converter& ConverterOf(UINT from, UINT to)
 {
-    static std::map<std::pair<UINT, UINT>, Converter> converters;
+    static auto& converters = *new std::map<std::pair<UINT, UINT>, Converter>();
     return converters.try_emplace({from, to}, from, to).first->second;
 }
 

@@ -100,7 +100,7 @@ struct File {
 
 HandleTable<File, 2>& Files()
 {
-    static HandleTable<File, 2> files;
+    static auto& files = *new HandleTable<File, 2>();
     return files;
 }
 

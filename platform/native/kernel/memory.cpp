@@ -20,7 +20,7 @@ using Block = std::vector<BYTE>;
 
 HandleTable<Block, 1>& Blocks()
 {
-    static HandleTable<Block, 1> blocks;
+    static auto& blocks = *new HandleTable<Block, 1>();
     return blocks;
 }
 

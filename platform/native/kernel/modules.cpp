@@ -42,7 +42,7 @@ struct Modules {
 
 Modules& All()
 {
-    static Modules modules;
+    static auto& modules = *new Modules();
     return modules;
 }
 

@@ -14,7 +14,7 @@ constexpr UINT kFirstAtom = 0xC000;
 
 std::vector<std::shared_ptr<WindowClass>>& Classes()
 {
-    static std::vector<std::shared_ptr<WindowClass>> classes;
+    static auto& classes = *new std::vector<std::shared_ptr<WindowClass>>();
     return classes;
 }
 

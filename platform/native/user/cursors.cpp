@@ -19,13 +19,13 @@ struct CursorObject {
 
 HandleTable<CursorObject, 7>& Cursors()
 {
-    static HandleTable<CursorObject, 7> cursors;
+    static auto& cursors = *new HandleTable<CursorObject, 7>();
     return cursors;
 }
 
 std::vector<std::pair<int, HCURSOR>>& SystemCursors()
 {
-    static std::vector<std::pair<int, HCURSOR>> cursors;
+    static auto& cursors = *new std::vector<std::pair<int, HCURSOR>>();
     return cursors;
 }
 

@@ -14,7 +14,7 @@ using Kind = InputEvent::Kind;
 
 std::deque<InputEvent>& Waiting()
 {
-    static std::deque<InputEvent> events;
+    static auto& events = *new std::deque<InputEvent>();
     return events;
 }
 
@@ -192,13 +192,13 @@ public:
 
 InputState& TheInputState()
 {
-    static InputState state;
+    static auto& state = *new InputState();
     return state;
 }
 
 InputSink& TheInputSink()
 {
-    static Sink sink;
+    static auto& sink = *new Sink();
     return sink;
 }
 

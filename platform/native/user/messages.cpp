@@ -18,7 +18,7 @@ struct Queue {
 
 Queue& TheQueue()
 {
-    static Queue queue;
+    static auto& queue = *new Queue();
     return queue;
 }
 

@@ -13,7 +13,7 @@ namespace {
 // destroyed since are dropped when they are met.
 std::deque<HWND>& Listed()
 {
-    static std::deque<HWND> windows;
+    static auto& windows = *new std::deque<HWND>();
     return windows;
 }
 

@@ -22,7 +22,7 @@ struct Timer {
 // In the order in which they are due.
 std::vector<Timer>& Timers()
 {
-    static std::vector<Timer> timers;
+    static auto& timers = *new std::vector<Timer>();
     return timers;
 }
 

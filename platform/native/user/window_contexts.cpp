@@ -18,7 +18,7 @@ struct OpenContext {
 
 std::map<HDC, OpenContext>& OpenContexts()
 {
-    static std::map<HDC, OpenContext> contexts;
+    static auto& contexts = *new std::map<HDC, OpenContext>();
     return contexts;
 }
 

@@ -133,7 +133,7 @@ void SubtractShown(Region& region, HWND handle, POINT offset)
 
 std::vector<HWND>& TopLevelWindows()
 {
-    static std::vector<HWND> windows;
+    static auto& windows = *new std::vector<HWND>();
     return windows;
 }
 

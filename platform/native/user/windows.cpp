@@ -13,7 +13,7 @@ namespace qvui::native {
 
 HandleTable<Window, 6>& Windows()
 {
-    static HandleTable<Window, 6> windows;
+    static auto& windows = *new HandleTable<Window, 6>();
     return windows;
 }
 

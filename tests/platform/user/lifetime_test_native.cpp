@@ -1,6 +1,8 @@
 // Handlers that pull the windows from under the layer's feet. Which messages still come is nobody's promise;
 // that everything ends in order is.
 
+#include <cstdlib>
+
 #include "platform/user/window_test.h"
 #include "support/input_source.h"
 #include "support/synthetic_input.h"
@@ -11,7 +13,24 @@ namespace {
 
 class Lifetime : public WindowTest {};
 
+struct AskAtTheEnd {
+    ~AskAtTheEnd()
+    {
+        if (IsWindow(window))
+            std::_Exit(1);
+    }
+    HWND window = nullptr;
+} g_askAtTheEnd;
+
 }  // namespace
+
+// An application's window object may be global, and older than everything that the layer keeps.
+TEST_F(Lifetime, AGlobalObjectMayAskAboutItsWindowWhileTheProcessEnds)
+{
+    const PlatformWindow window(Popup("w", kBeside));
+    g_askAtTheEnd.window = window;
+    EXPECT_TRUE(IsWindow(g_askAtTheEnd.window));
+}
 
 TEST_F(Lifetime, AnyMessageMayDestroyItsWindow)
 {
