@@ -15,24 +15,17 @@ public:
     Button() : ControlTest(BigText()) {}
 };
 
-CDUIButton* RootButton(ControlWindow& window)
-{
-    return dynamic_cast<CDUIButton*>(window.GetRootControl());
-}
-
 const Noticed kClick{DUINOTIFY_CLICK, "b", 0, 0};
 
 TEST_F(Button, ShowsImageColourAndFontOfItsState)
 {
-    struct Case {
+    constexpr DWORD kHot = DUISTATUS_HOT, kPushed = DUISTATUS_PUSHED, kChecked = DUISTATUS_CHECKED;
+    const struct {
         const char* name;
         DWORD status;
-        std::uint32_t image;
-        std::uint32_t text;
+        std::uint32_t image, text;
         bool isSmall;
-    };
-    constexpr DWORD kHot = DUISTATUS_HOT, kPushed = DUISTATUS_PUSHED, kChecked = DUISTATUS_CHECKED;
-    const Case cases[] = {
+    } cases[] = {
         {"normal", 0, kRed, kWhite, false},
         {"hot, without a font of its own", kHot, kGreen, kCyan, false},
         {"pushed", kPushed | kHot, kBlue, kYellow, true},
@@ -47,8 +40,8 @@ TEST_F(Button, ShowsImageColourAndFontOfItsState)
         const RECT text = BoundsOf(window.Paint(), kWhite);
         return text.bottom - text.top;
     }();
-    for (const Case& c : cases) {
-        RootButton(window)->ModifyStatus(0xFFFFFFFF, c.status);
+    for (const auto& c : cases) {
+        window.Root<CDUIButton>().ModifyStatus(0xFFFFFFFF, c.status);
         const ClientPixels pixels = window.Paint();
         EXPECT_EQ(pixels.At(98, 58), c.image) << c.name;
         const RECT text = BoundsOf(pixels, c.text);
@@ -60,21 +53,22 @@ TEST_F(Button, ShowsImageColourAndFontOfItsState)
 TEST_F(Button, AStripThatIsTooShortShowsItsFirstIcon)
 {
     ControlWindow window({40, 40}, R"(<button back_image="strip2" icon="dot" button_style="center_icon"/>)");
-    RootButton(window)->SetEnable(FALSE);
+    window.Root<CDUIButton>().SetEnable(FALSE);
     const ClientPixels pixels = window.Paint();
     EXPECT_EQ(pixels.At(1, 1), kRed);
     EXPECT_EQ(Bounds(pixels, kBlue), "16,16,24,24");
+    window.Resize({6, 4});
+    EXPECT_EQ(Bounds(window.Paint(), kBlue), "0,0,6,4") << "cut where it does not fit";
 }
 
 TEST_F(Button, PlacesIconAndText)
 {
-    struct Case {
+    // 100x60 with the margin 3,4,5,6, an icon of 20x20 and 7 pixels of padding.
+    const struct {
         const char* style;
         const char* icon;
         const char* text;
-    };
-    // 100x60 with the margin 3,4,5,6, an icon of 20x20 and 7 pixels of padding.
-    const Case cases[] = {
+    } cases[] = {
         {"", "0,0,0,0", "3,4,95,54"},
         {"center_icon", "40,20,60,40", "3,4,95,54"},
         {"left_icon", "3,20,23,40", "30,4,95,54"},
@@ -88,8 +82,8 @@ TEST_F(Button, PlacesIconAndText)
     ControlWindow window(
         {100, 60},
         OnBlue(R"(<button icon="strip" text="#H" text_style="big" padding="7" margin="3,4,5,6"/>)"));
-    CDUIButton* const button = RootButton(window);
-    for (const Case& c : cases) {
+    auto* const button = &window.Root<CDUIButton>();
+    for (const auto& c : cases) {
         button->SetAttribute("button_style", c.style);
         const ClientPixels pixels = window.Paint();
         EXPECT_EQ(Text(button->GetIconRect()), c.icon) << c.style;
@@ -102,18 +96,11 @@ TEST_F(Button, PlacesIconAndText)
     }
 }
 
-TEST_F(Button, CutsAnIconThatDoesNotFit)
-{
-    ControlWindow window({12, 10}, R"(<button icon="strip" button_style="center_icon"/>)");
-    window.Paint();
-    EXPECT_EQ(Text(RootButton(window)->GetIconRect()), "0,0,12,10");
-}
-
 TEST_F(Button, VerticalTextStandsInOneColumn)
 {
     ControlWindow window({200, 200}, OnBlue(R"(<button text="#中文" text_style="big"/>)"));
     const RECT flat = BoundsOf(window.Paint(), kWhite);
-    RootButton(window)->SetAttribute("button_style", "ver_text");
+    window.Root<CDUIButton>().SetAttribute("button_style", "ver_text");
     const RECT upright = BoundsOf(window.Paint(), kWhite);
     EXPECT_LT(upright.right - upright.left, flat.right - flat.left);
     EXPECT_GT(upright.bottom - upright.top, flat.bottom - flat.top);
@@ -121,80 +108,45 @@ TEST_F(Button, VerticalTextStandsInOneColumn)
 
 TEST_F(Button, EstimatesItsSize)
 {
-    struct Case {
-        const char* name;
-        const char* attributes;
-        SIZE (*expected)(SIZE text);
-    };
-    const Case cases[] = {
-        {"nothing but margins", R"(margin="1,2,3,4")",
-         [](SIZE) {
-             return SIZE{4, 6};
-         }},
-        {"text", R"(text="#Save")", [](SIZE t) { return t; }},
-        {"an icon that is not placed", R"(text="#Save" icon="strip")", [](SIZE t) { return t; }},
-        {"icon at the left", R"(text="#Save" icon="strip" button_style="left_icon" padding="7")",
-         [](SIZE t) {
-             return SIZE{t.cx + 27, std::max<LONG>(t.cy, 20)};
-         }},
-        {"icon at the right", R"(text="#Save" icon="strip" button_style="right_icon")",
-         [](SIZE t) {
-             return SIZE{t.cx + 20, std::max<LONG>(t.cy, 20)};
-         }},
-        {"icon above", R"(text="#Save" icon="strip" button_style="top_icon" padding="7")",
-         [](SIZE t) {
-             return SIZE{std::max<LONG>(t.cx, 20), t.cy + 27};
-         }},
-        {"icon below", R"(text="#Save" icon="strip" button_style="bottom_icon")",
-         [](SIZE t) {
-             return SIZE{std::max<LONG>(t.cx, 20), t.cy + 20};
-         }},
-        {"icon in the middle", R"(text="#Save" icon="strip" button_style="center_icon" padding="7")",
-         [](SIZE t) {
-             return SIZE{std::max<LONG>(t.cx, 20), std::max<LONG>(t.cy, 20)};
-         }},
-        {"icon without text",
-         R"(text="#Save" icon="strip" button_style="left_icon no_text" margin="1,2,3,4")",
-         [](SIZE) {
-             return SIZE{24, 26};
-         }},
-        {"the back image alone counts for nothing", R"(back_image="strip")",
-         [](SIZE) {
-             return SIZE{0, 0};
-         }},
-        {"auto fit ignores all else",
-         R"(back_image="strip" text="#Save" button_style="auto_fit" width="7" margin="1,2,3,4")",
-         [](SIZE) {
-             return SIZE{20, 20};
-         }},
-        {"auto fit without an image", R"(text="#Save" button_style="auto_fit")", [](SIZE t) { return t; }},
-        {"fixed width", R"(text="#Save" width="300" margin="1,2,3,4")",
-         [](SIZE t) {
-             return SIZE{300, t.cy + 6};
-         }},
-        {"fixed height", R"(text="#Save" height="1")",
-         [](SIZE t) {
-             return SIZE{t.cx, 1};
-         }},
-    };
     const HFONT font = Skin().Manager().GetTextStyle("normal")->GetNormalFont()->GetFont();
     const SIZE text = CDUIRenderEngine::GetTextIdealSize("Save", font, 0, DT_SINGLELINE);
-    for (const Case& c : cases) {
+    const LONG wider = std::max<LONG>(text.cx, 20), higher = std::max<LONG>(text.cy, 20);
+    const struct {
+        const char* name;
+        const char* attributes;
+        SIZE expected;
+    } cases[] = {
+        {"nothing but margins", R"(margin="1,2,3,4")", {4, 6}},
+        {"text", R"(text="#Save")", text},
+        {"an icon that is not placed", R"(text="#Save" icon="strip")", text},
+        {"left", R"(text="#Save" icon="strip" button_style="left_icon" padding="7")", {text.cx + 27, higher}},
+        {"right", R"(text="#Save" icon="strip" button_style="right_icon")", {text.cx + 20, higher}},
+        {"above", R"(text="#Save" icon="strip" button_style="top_icon" padding="7")", {wider, text.cy + 27}},
+        {"below", R"(text="#Save" icon="strip" button_style="bottom_icon")", {wider, text.cy + 20}},
+        {"middle", R"(text="#Save" icon="strip" button_style="center_icon" padding="7")", {wider, higher}},
+        {"no text",
+         R"(text="#Save" icon="strip" button_style="left_icon no_text" margin="1,2,3,4")",
+         {24, 26}},
+        {"the back image alone counts for nothing", R"(back_image="strip")", {0, 0}},
+        {"auto fit ignores all else",
+         R"(back_image="strip" text="#Save" button_style="auto_fit" width="7" margin="1,2,3,4")",
+         {20, 20}},
+        {"auto fit without an image", R"(text="#Save" button_style="auto_fit")", text},
+        {"fixed width", R"(text="#Save" width="300" margin="1,2,3,4")", {300, text.cy + 6}},
+        {"fixed height", R"(text="#Save" height="1")", {text.cx, 1}},
+    };
+    for (const auto& c : cases) {
         ControlWindow window({50, 50}, std::string("<button text_style=\"normal\" ") + c.attributes + "/>");
-        SIZE size{-1, -1};
-        EXPECT_TRUE(RootButton(window)->EstimateSize({0, 0}, size)) << c.name;
-        EXPECT_EQ(size.cx, c.expected(text).cx) << c.name;
-        EXPECT_EQ(size.cy, c.expected(text).cy) << c.name;
+        EXPECT_EQ(Estimate(window), Text(c.expected)) << c.name;
     }
 }
 
 TEST_F(Button, ParsesItsStyle)
 {
-    struct Case {
+    const struct {
         const char* value;
         DWORD style;
-    };
-    const Case cases[] = {
+    } cases[] = {
         {"center_icon", BTNSTYLE_CENTER_ICON},
         {"bottom_icon,top_icon", BTNSTYLE_TOP_ICON},
         {"left_icon|auto_fit|no_draw_focus", BTNSTYLE_LEFT_ICON | BTNSTYLE_AUTO_FIT | BTNSTYLE_NO_DRAW_FOCUS},
@@ -203,8 +155,8 @@ TEST_F(Button, ParsesItsStyle)
         {"", 0},
     };
     ControlWindow window({50, 50}, "<button/>");
-    CDUIButton* const button = RootButton(window);
-    for (const Case& c : cases) {
+    auto* const button = &window.Root<CDUIButton>();
+    for (const auto& c : cases) {
         button->SetAttribute("Button_Style", c.value);
         EXPECT_EQ(button->GetButtonStyle(), c.style) << c.value;
     }
@@ -213,7 +165,7 @@ TEST_F(Button, ParsesItsStyle)
 TEST_F(Button, WantReturnChangesOneBitOnly)
 {
     ControlWindow window({50, 50}, R"(<button want_return="TRUE"/>)");
-    CDUIButton* const button = RootButton(window);
+    auto* const button = &window.Root<CDUIButton>();
     constexpr DWORD kNew = DUISTYLE_VISIBLE | DUISTYLE_TABSTOP | DUISTYLE_TOOLTIP;
     EXPECT_EQ(button->GetStyle(), kNew | DUISTYLE_WANTRETURN);
     button->SetAttribute("want_return", "yes");
@@ -222,82 +174,53 @@ TEST_F(Button, WantReturnChangesOneBitOnly)
 
 TEST_F(Button, ClicksOnReleaseInside)
 {
-    struct Case {
-        const char* name;
-        void (*play)(MessagePointer&);
+    constexpr DWORD kFocused = DUISTATUS_FOCUSED, kHot = DUISTATUS_HOT;
+    const struct {
+        const char* deeds;  // press, release, double click, the right button, leave the window; digits move
         std::size_t clicks;
         DWORD status;
+    } cases[] = {
+        {"0pr", 1, kFocused | kHot},
+        {"0d", 2, kFocused | kHot},
+        {"0p", 0, kFocused | kHot | DUISTATUS_PUSHED},
+        {"0p3", 0, kFocused},
+        {"0p2r", 0, kFocused},
+        {"0p1r", 0, kFocused},
+        {"0p20r", 1, kFocused | kHot},
+        {"2p0r", 0, 0},
+        {"0R", 0, kHot},
+        {"0l", 0, 0},
     };
-    constexpr DWORD kFocused = DUISTATUS_FOCUSED;
-    const Case cases[] = {
-        {"click",
-         [](MessagePointer& p) {
-             p.Click({10, 10});
-         },
-         1, kFocused | DUISTATUS_HOT},
-        {"double click",
-         [](MessagePointer& p) {
-             p.DoubleClick({10, 10});
-         },
-         2, kFocused | DUISTATUS_HOT},
-        {"held",
-         [](MessagePointer& p) {
-             p.Press({10, 10});
-         },
-         0, kFocused | DUISTATUS_HOT | DUISTATUS_PUSHED},
-        {"dragged out",
-         [](MessagePointer& p) {
-             p.Press({10, 10}).MoveTo({10, -5});
-         },
-         0, kFocused},
-        {"released outside",
-         [](MessagePointer& p) {
-             p.Press({10, 10}).MoveTo({90, 10}).Release();
-         },
-         0, kFocused},
-        {"released at its right edge",
-         [](MessagePointer& p) {
-             p.Press({10, 10}).MoveTo({50, 10}).Release();
-         },
-         0, kFocused},
-        {"out and back",
-         [](MessagePointer& p) {
-             p.Press({10, 10}).MoveTo({90, 10}).MoveTo({49, 10}).Release();
-         },
-         1, kFocused | DUISTATUS_HOT},
-        {"pressed outside",
-         [](MessagePointer& p) {
-             p.Press({90, 10}).MoveTo({10, 10}).Release();
-         },
-         0, 0},
-        {"the right button",
-         [](MessagePointer& p) {
-             p.MoveTo({10, 10}).PressRight().ReleaseRight();
-         },
-         0, DUISTATUS_HOT},
-        {"left the window",
-         [](MessagePointer& p) {
-             p.MoveTo({10, 10}).Leave();
-         },
-         0, 0},
-    };
-    for (const Case& c : cases) {
+    // In the button, at its right edge, beside it and above it.
+    const POINT places[] = {{10, 10}, {50, 10}, {90, 10}, {10, -5}};
+    for (const auto& c : cases) {
         CRefPtr<IDUIControl> root = new CDUIControlBase;
         root->SetMargin({0, 0, 50, 0});
         CRefPtr<IDUIControl> button = new CDUIButton;
         button->SetName("b");
         root->AddControl(button);
         ControlWindow window({100, 20}, root);
-        c.play(window.mouse);
-        EXPECT_EQ(window.TakeNotifications(), std::vector<Noticed>(c.clicks, kClick)) << c.name;
-        EXPECT_EQ(button->GetStatus(), c.status) << c.name;
+        const std::map<char, std::function<void()>> deeds{
+            {'p', [&] { window.mouse.Press(); }},
+            {'r', [&] { window.mouse.Release(); }},
+            {'d', [&] { window.mouse.DoubleClick(places[0]); }},
+            {'R', [&] { window.mouse.PressRight().ReleaseRight(); }},
+            {'l', [&] { window.mouse.Leave(); }},
+        };
+        for (const char* deed = c.deeds; *deed; ++deed)
+            if (*deed < 'A')
+                window.mouse.MoveTo(places[*deed - '0']);
+            else
+                deeds.at (*deed)();
+        EXPECT_EQ(window.TakeNotifications(), std::vector<Noticed>(c.clicks, kClick)) << c.deeds;
+        EXPECT_EQ(button->GetStatus(), c.status) << c.deeds;
     }
 }
 
 TEST_F(Button, SpaceClicksAndEnterDoesNot)
 {
     ControlWindow window({50, 50}, R"(<button name="b"/>)");
-    CDUIButton* const button = RootButton(window);
+    auto* const button = &window.Root<CDUIButton>();
     button->SetFocus(TRUE);
     SendMessageA(window.Handle(), WM_KEYDOWN, VK_SPACE, 0);
     EXPECT_EQ(button->GetStatus(), static_cast<DWORD>(DUISTATUS_FOCUSED | DUISTATUS_PUSHED));
@@ -312,7 +235,7 @@ TEST_F(Button, SpaceClicksAndEnterDoesNot)
 TEST_F(Button, DisabledIgnoresPointerAndKeys)
 {
     ControlWindow window({50, 50}, R"(<button name="b" enable="false"/>)");
-    CDUIButton* const button = RootButton(window);
+    auto* const button = &window.Root<CDUIButton>();
     BOOL bHandled = FALSE;
     // The manager sends a disabled control few events; an application may send any.
     for (const UINT type :
@@ -330,7 +253,7 @@ TEST_F(Button, DisabledIgnoresPointerAndKeys)
 TEST_F(Button, DrawsTheFocusTwoPixelsInside)
 {
     ControlWindow window({50, 30}, R"(<button back_image="strip"/>)");
-    CDUIButton* const button = RootButton(window);
+    auto* const button = &window.Root<CDUIButton>();
     const ClientPixels plain = window.Paint();
     button->SetFocus(TRUE);
     EXPECT_EQ(Difference(plain, window.Paint()), "2,2,48,28");
@@ -341,7 +264,7 @@ TEST_F(Button, DrawsTheFocusTwoPixelsInside)
 TEST_F(Button, TheFocusAttributeTakesAndGivesUp)
 {
     ControlWindow window({50, 30}, "<button/>");
-    CDUIButton* const button = RootButton(window);
+    auto* const button = &window.Root<CDUIButton>();
     button->SetAttribute("focus", "True");
     EXPECT_EQ(window.GetFocusControl(), button);
     button->SetAttribute("focus", "no");
@@ -351,7 +274,7 @@ TEST_F(Button, TheFocusAttributeTakesAndGivesUp)
 TEST_F(Button, UncheckingReleasesIt)
 {
     ControlWindow window({50, 30}, "<button/>");
-    CDUIButton* const button = RootButton(window);
+    auto* const button = &window.Root<CDUIButton>();
     button->ModifyStatus(0, DUISTATUS_PUSHED | DUISTATUS_HOT);
     button->SetCheck(TRUE);
     EXPECT_EQ(button->GetCheck(), 4);

@@ -10,28 +10,22 @@ using namespace DUI;
 
 class CheckButton : public ControlTest {};
 
-CDUIButton* RootButton(ControlWindow& window)
-{
-    return dynamic_cast<CDUIButton*>(window.GetRootControl());
-}
-
 TEST_F(CheckButton, ActivatingChangesTheStateAfterTheHandlers)
 {
-    struct Case {
+    const struct {
         const char* tag;
         const char* keys;  // typed after the clicks
         int clicks;
         std::vector<int> seenByHandler;  // check states at each click
         int finalState;
-    };
-    const Case cases[] = {
+    } cases[] = {
         {"check_box", "", 1, {0}, 4},   {"check_box", "", 3, {0, 4, 0}, 4}, {"check_box", "+", 0, {0}, 4},
         {"check_box", "++", 0, {0}, 4}, {"check_box", "-", 0, {}, 0},       {"check_box", "+-", 0, {0, 4}, 0},
         {"check_box", "x=", 0, {}, 0},  {"radio_button", "", 2, {0, 4}, 4}, {"radio_button", "+-", 0, {}, 0},
     };
-    for (const Case& c : cases) {
+    for (const auto& c : cases) {
         ControlWindow window({50, 20}, std::string("<") + c.tag + "/>");
-        CDUIButton* const button = RootButton(window);
+        auto* const button = &window.Root<CDUIButton>();
         std::vector<int> seen;
         window.OnNotify([&](const tagDUINotify& notify) {
             if (notify.nCode == DUINOTIFY_CLICK)
@@ -49,7 +43,7 @@ TEST_F(CheckButton, ActivatingChangesTheStateAfterTheHandlers)
 TEST_F(CheckButton, SpaceTurnsACheckBoxAndDisabledOnesStay)
 {
     ControlWindow window({50, 20}, "<check_box/>");
-    CDUIButton* const box = RootButton(window);
+    auto* const box = &window.Root<CDUIButton>();
     box->SetFocus(TRUE);
     window.keys.Press(VK_SPACE);
     EXPECT_EQ(box->GetCheck(), 4);
@@ -63,7 +57,7 @@ TEST_F(CheckButton, ShowsTheImageOfItsStateAtTheLeft)
 {
     ControlWindow window({60, 20},
                          OnRed(R"(<check_box checked_image="strip" unchecked_image="dot" text="#x"/>)"));
-    CDUIButton* const box = RootButton(window);
+    auto* const box = &window.Root<CDUIButton>();
     EXPECT_EQ(Bounds(window.Paint(), kBlue), "0,6,8,14");
     EXPECT_EQ(box->GetTextRect().left, 13) << "5 pixels beside the icon";
     box->SetCheck(TRUE);
@@ -77,20 +71,19 @@ TEST_F(CheckButton, ShowsTheImageOfItsStateAtTheLeft)
 
 TEST_F(CheckButton, IsMeasuredWithTheImageOfItsStateBeforeItIsPainted)
 {
-    struct Case {
+    const struct {
         const char* attributes;
         LONG width;
-    };
-    const Case cases[] = {
+    } cases[] = {
         {R"(unchecked_image="dot")", 13},
         {R"(checked_image="strip")", 0},
         {R"(checked_image="strip" unchecked_image="dot")", 13},
         {R"(icon="strip" checked_image="dot")", 25},
     };
-    for (const Case& c : cases) {
+    for (const auto& c : cases) {
         ControlWindow window({60, 20}, std::string("<radio_button ") + c.attributes + "/>");
         SIZE size{-1, -1};
-        RootButton(window)->EstimateSize({0, 0}, size);
+        window.Root<CDUIButton>().EstimateSize({0, 0}, size);
         EXPECT_EQ(size.cx, c.width) << c.attributes;
     }
 }
@@ -100,7 +93,7 @@ TEST_F(CheckButton, DrawsNoFocusRectangle)
     for (const char* tag : {"check_box", "radio_button"}) {
         ControlWindow window({60, 20}, std::string("<") + tag + R"( unchecked_image="dot"/>)");
         const ClientPixels plain = window.Paint();
-        RootButton(window)->SetFocus(TRUE);
+        window.Root<CDUIButton>().SetFocus(TRUE);
         EXPECT_EQ(Difference(plain, window.Paint()), "0,0,0,0") << tag;
     }
 }

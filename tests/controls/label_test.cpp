@@ -15,20 +15,14 @@ public:
     Label() : ControlTest(BigText()) {}
 };
 
-IDUIControl* Root(ControlWindow& window)
-{
-    return window.GetRootControl();
-}
-
 TEST_F(Label, ShowsColourAndFontOfItsState)
 {
-    struct Case {
+    const struct {
         const char* name;
         DWORD status;
         std::uint32_t color;
         bool isSmall;
-    };
-    const Case cases[] = {
+    } cases[] = {
         {"normal", 0, kWhite, false},
         {"hot", DUISTATUS_HOT, kCyan, false},
         {"a press changes the font alone", DUISTATUS_PUSHED, kWhite, true},
@@ -38,8 +32,8 @@ TEST_F(Label, ShowsColourAndFontOfItsState)
     for (const char* tag : {"label", "hyperlink"}) {
         ControlWindow window({100, 60}, OnBlue(std::string("<") + tag + R"( text="#HH" text_style="big"/>)"));
         const RECT big = BoundsOf(window.Paint(), kWhite);
-        for (const Case& c : cases) {
-            Root(window)->ModifyStatus(0xFFFFFFFF, c.status);
+        for (const auto& c : cases) {
+            window.Root().ModifyStatus(0xFFFFFFFF, c.status);
             const RECT text = BoundsOf(window.Paint(), c.color);
             EXPECT_FALSE(IsRectEmpty(&text)) << tag << ": " << c.name;
             EXPECT_EQ(text.bottom - text.top < big.bottom - big.top, c.isSmall) << tag << ": " << c.name;
@@ -51,14 +45,14 @@ TEST_F(Label, FollowsThePointerUnlessDisabled)
 {
     ControlWindow window({50, 20}, R"(<label text="#x"/>)");
     window.mouse.MoveTo({5, 5});
-    EXPECT_EQ(Root(window)->GetStatus(), static_cast<DWORD>(DUISTATUS_HOT));
+    EXPECT_EQ(window.Root().GetStatus(), static_cast<DWORD>(DUISTATUS_HOT));
     window.mouse.Press();
-    EXPECT_EQ(Root(window)->GetStatus(), static_cast<DWORD>(DUISTATUS_HOT | DUISTATUS_PUSHED));
+    EXPECT_EQ(window.Root().GetStatus(), static_cast<DWORD>(DUISTATUS_HOT | DUISTATUS_PUSHED));
     window.mouse.Release().Leave();
-    EXPECT_EQ(Root(window)->GetStatus(), 0u);
-    Root(window)->SetEnable(FALSE);
+    EXPECT_EQ(window.Root().GetStatus(), 0u);
+    window.Root().SetEnable(FALSE);
     window.mouse.Click({5, 5});
-    EXPECT_EQ(Root(window)->GetStatus(), static_cast<DWORD>(DUISTATUS_DISABLED));
+    EXPECT_EQ(window.Root().GetStatus(), static_cast<DWORD>(DUISTATUS_DISABLED));
     EXPECT_TRUE(window.TakeNotifications().empty());
 }
 
@@ -72,8 +66,8 @@ TEST_F(Label, DrawsAShadowOnePixelAside)
     EXPECT_EQ(Bounds(window.Paint(), kRed), "0,0,0,0");
     // Once on, it stays on.
     for (const char* value : {"True", "false"}) {
-        Root(window)->SetAttribute("enable_shadowtext", value);
-        Root(window)->UpdateLayout(FALSE, nullptr);
+        window.Root().SetAttribute("enable_shadowtext", value);
+        window.Root().UpdateLayout(FALSE, nullptr);
         const ClientPixels pixels = window.Paint();
         EXPECT_EQ(Bounds(pixels, kWhite), Text(text)) << value;
         const RECT shadow = BoundsOf(pixels, kRed);
@@ -87,7 +81,7 @@ TEST_F(Label, FillsItsContentWithTheImage)
     ControlWindow window({60, 40}, R"(<label back_image="strip2" margin="5,6,7,8"/>)");
     EXPECT_EQ(Bounds(window.Paint(), kRed), "5,6,53,32");
     SIZE size{-1, -2};
-    EXPECT_FALSE(Root(window)->EstimateSize({0, 0}, size)) << "an image without text has no size";
+    EXPECT_FALSE(window.Root().EstimateSize({0, 0}, size)) << "an image without text has no size";
     EXPECT_EQ(size.cy, -2);
 }
 
@@ -96,13 +90,13 @@ TEST_F(Label, MeasuresAnewWhenItsTextOrFontChanges)
     ControlWindow window({60, 40}, "<label text=\"#one two\" text_style=\"big\"/>");
     const auto measure = [&window] {
         SIZE size{};
-        Root(window)->EstimateSize({1, 1}, size);
+        window.Root().EstimateSize({1, 1}, size);
         return size;
     };
     const SIZE before = measure();
-    Root(window)->SetText("one two three");
+    window.Root().SetText("one two three");
     EXPECT_GT(measure().cx, before.cx);
-    Root(window)->SetText("one two");
+    window.Root().SetText("one two");
     EXPECT_EQ(measure().cx, before.cx);
     const CRefPtr<CFontObject> font = Skin().Manager().GetTextStyle("big")->GetNormalFont();
     font->SetHeight(font->GetHeight() * 2);
@@ -114,31 +108,22 @@ TEST_F(Label, EstimatesItsTextOnOneLineWithoutTheMargin)
 {
     const HFONT font = Skin().Manager().GetTextStyle("big")->GetNormalFont()->GetFont();
     const SIZE text = CDUIRenderEngine::GetTextIdealSize("one two", font, 0, DT_SINGLELINE);
-    struct Case {
+    const struct {
         const char* attributes;
         SIZE expected;
-    };
-    const Case cases[] = {
+    } cases[] = {
         {R"(margin="5,6,7,8")", text},
         {R"(width="9")", {9, text.cy}},
         {R"(height="300")", {text.cx, 300}},
     };
-    for (const Case& c : cases) {
+    for (const auto& c : cases) {
         ControlWindow window(
             {60, 40}, std::string("<label text=\"#one two\" text_style=\"big\" ") + c.attributes + "/>");
-        SIZE size{};
-        EXPECT_TRUE(Root(window)->EstimateSize({1, 1}, size)) << c.attributes;
-        EXPECT_EQ(size.cx, c.expected.cx) << c.attributes;
-        EXPECT_EQ(size.cy, c.expected.cy) << c.attributes;
+        EXPECT_EQ(Estimate(window), Text(c.expected)) << c.attributes;
     }
 }
 
 class HyperLink : public ControlTest {};
-
-CDUIHyperLink* RootLink(ControlWindow& window)
-{
-    return dynamic_cast<CDUIHyperLink*>(window.GetRootControl());
-}
 
 TEST_F(HyperLink, ReportsAClickInside)
 {
@@ -170,27 +155,26 @@ TEST_F(HyperLink, ShowsTheHandWhateverItsCursor)
 
 TEST_F(HyperLink, TheLinkIsTheTooltipUnlessThereIsOne)
 {
-    struct Case {
+    const struct {
         const char* attributes;
         const char* tooltip;
-    };
-    const Case cases[] = {
+    } cases[] = {
         {R"(href="a.htm")", "a.htm"},
         {R"(tooltip="#help" href="a.htm")", "help"},
         {R"(href="a.htm" tooltip="#help")", "help"},
         {R"(href="b.htm" href2="" HREF="a.htm")", "b.htm"},
     };
-    for (const Case& c : cases) {
+    for (const auto& c : cases) {
         ControlWindow window({50, 20}, std::string("<hyperlink ") + c.attributes + "/>");
-        EXPECT_EQ(RootLink(window)->GetTooltip(), c.tooltip) << c.attributes;
-        EXPECT_EQ(RootLink(window)->GetHyperLink(), "a.htm") << c.attributes;
+        EXPECT_EQ(window.Root<CDUIHyperLink>().GetTooltip(), c.tooltip) << c.attributes;
+        EXPECT_EQ(window.Root<CDUIHyperLink>().GetHyperLink(), "a.htm") << c.attributes;
     }
 }
 
 TEST_F(HyperLink, AnswersToItsOwnNameAlone)
 {
     ControlWindow window({50, 20}, R"(<hyperlink transparent="false"/>)");
-    CDUIHyperLink* const link = RootLink(window);
+    auto* const link = &window.Root<CDUIHyperLink>();
     EXPECT_EQ(link->GetInterface("Hyper_Link"), link);
     for (const char* name : {"label", "control_base", "control", "hyperlink", ""})
         EXPECT_EQ(link->GetInterface(name), nullptr) << name;

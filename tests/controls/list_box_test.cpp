@@ -3,8 +3,7 @@
 #include <qvui/controls/button.h>
 
 #include "controls/pixels.h"
-#include "controls/scroll_box.h"
-#include "support/controls/control_test.h"
+#include "controls/row_views.h"
 
 namespace qvui::test {
 namespace {
@@ -40,27 +39,14 @@ std::string Groups(const char* letters)
     return text + "</listbox>";
 }
 
-CDUIListBox& RootList(ControlWindow& window)
-{
-    return *dynamic_cast<CDUIListBox*>(window.GetRootControl());
-}
-
 CDUIListItem& Item(CDUIListBox& list, int index)
 {
     return *dynamic_cast<CDUIListItem*>(list.GetControlByIndex(index));
 }
 
-/// "1 a", "3 b": sub-code and item of each notification since the last call.
 Strings Noted(ControlWindow& window)
 {
-    Strings result;
-    for (const Noticed& noticed : window.TakeNotifications()) {
-        EXPECT_EQ(noticed.code, UINT{DUINOTIFY_LISTBOX});
-        EXPECT_EQ(noticed.sender, "list");
-        result.push_back(std::to_string(noticed.wParam) + " " +
-                         reinterpret_cast<IDUIControl*>(noticed.lParam)->GetText().GetString());
-    }
-    return result;
+    return Noted(window, DUINOTIFY_LISTBOX);
 }
 
 /// The texts of the items that are not hidden.
@@ -86,23 +72,15 @@ Strings InView(CDUIListBox& list)
     return result;
 }
 
-void ScrollTo(CDUIListBox& list, int position)
-{
-    SCROLLINFO info{sizeof(SCROLLINFO), SIF_POS, 0, 0, 0, position, 0};
-    list.GetVerticalSB()->SetScrollBarInfo(&info);
-    list.UpdateLayout(TRUE, nullptr);
-}
-
 // --- items -------------------------------------------------------------------------------------------------
 
 TEST_F(ListBox, ItemsTakeTheHeightOfTheirState)
 {
-    struct Case {
+    const struct {
         const char* name;
         std::vector<std::pair<const char*, const char*>> attributes;
         int height;
-    };
-    const Case cases[] = {
+    } cases[] = {
         {"new", {}, 25},
         {"expanded", {{"expand", "TRUE"}}, 50},
         {"expanded and collapsed", {{"expand", "true"}, {"expand", "yes"}}, 25},
@@ -110,7 +88,7 @@ TEST_F(ListBox, ItemsTakeTheHeightOfTheirState)
         {"expanded height for later", {{"expand_height", "80"}}, 25},
         {"normal height at once", {{"Normal_Height", "31"}}, 31},
     };
-    for (const Case& c : cases) {
+    for (const auto& c : cases) {
         CRefPtr<CDUIListItem> item = new CDUIListItem;
         for (const auto& [name, value] : c.attributes)
             item->SetAttribute(name, value);
@@ -123,7 +101,7 @@ TEST_F(ListBox, PaintsFramesIconsAndText)
     ControlWindow window({100, 100},
                          OnBlue(List(2, "", R"(normal_frame="red" hover_frame="framed" normal_icon="strip2"
         expand_icon="expander" padding="4")")));
-    CDUIListBox& list = RootList(window);
+    auto& list = window.Root<CDUIListBox>();
     const ClientPixels normal = window.Paint();
     EXPECT_EQ(normal.At(80, 5), kRed);
     EXPECT_EQ(normal.At(80, 30), kRed);
@@ -169,7 +147,7 @@ TEST_F(ListBox, ItemsUseTheListsTextStyle)
     ControlWindow window({200, 25}, "<window frame_style=\"white\">" +
                                         List(1, R"(text_style="centre")", R"(text_style="normal")") +
                                         "</window>");
-    CDUIListBox& list = RootList(window);
+    auto& list = window.Root<CDUIListBox>();
     Item(list, 0).SetText("MMMM");
     const ClientPixels normal = window.Paint();
     EXPECT_EQ(InkColor(normal), "black");
@@ -215,7 +193,7 @@ TEST_F(ListBox, AddedStringsTakeTheirControlStyle)
 TEST_F(ListBox, AClickNotesAndSelects)
 {
     ControlWindow window({100, 100}, List(3));
-    CDUIListBox& list = RootList(window);
+    auto& list = window.Root<CDUIListBox>();
     window.mouse.Click({50, 30});
     EXPECT_EQ(Noted(window), (Strings{"4 b", "1 b", "3 b"}));
     EXPECT_EQ(window.GetFocusControl(), &list);
@@ -232,35 +210,30 @@ TEST_F(ListBox, AClickNotesAndSelects)
     EXPECT_EQ(Noted(window), Strings());
 }
 
-TEST_F(ListBox, ExpandsWhatIsSelected)
+TEST_F(ListBox, ExpandsWhatIsSelectedOrHovered)
 {
-    ControlWindow window({100, 200}, List(3, R"(select_expand="true")"));
-    CDUIListBox& list = RootList(window);
-    window.mouse.Click({50, 5});
-    EXPECT_EQ(InView(list), (Strings{"a 0-50", "b 50-75", "c 75-100"}));
-    window.mouse.Click({50, 80});
-    EXPECT_EQ(InView(list), (Strings{"a 0-25", "b 25-50", "c 50-100"}));
-    list.SetCurSel(-1);
-    EXPECT_EQ(InView(list), (Strings{"a 0-25", "b 25-50", "c 50-75"}));
-}
-
-TEST_F(ListBox, ExpandsWhatIsHovered)
-{
-    ControlWindow window({100, 200}, List(3, R"(hover_expand="true")"));
-    CDUIListBox& list = RootList(window);
-    window.mouse.MoveTo({50, 30});
-    EXPECT_EQ(InView(list), (Strings{"a 0-25", "b 25-75", "c 75-100"}));
-    window.mouse.MoveTo({50, 90});
-    EXPECT_EQ(InView(list), (Strings{"a 0-25", "b 25-50", "c 50-100"}));
-    window.mouse.Leave();
-    EXPECT_EQ(InView(list), (Strings{"a 0-25", "b 25-50", "c 50-75"}));
-    EXPECT_EQ(list.GetCurSel(), -1);
+    for (const bool hovers : {false, true}) {
+        ControlWindow window({100, 200},
+                             List(3, hovers ? R"(hover_expand="true")" : R"(select_expand="true")"));
+        auto& list = window.Root<CDUIListBox>();
+        const auto choose = [&](int y) {
+            hovers ? window.mouse.MoveTo({50, y}) : window.mouse.Click({50, y});
+        };
+        choose(5);
+        EXPECT_EQ(InView(list), (Strings{"a 0-50", "b 50-75", "c 75-100"}));
+        choose(80);
+        EXPECT_EQ(InView(list), (Strings{"a 0-25", "b 25-50", "c 50-100"}));
+        EXPECT_EQ(list.GetCurSel(), hovers ? -1 : 2);
+        window.mouse.Leave();
+        list.SetCurSel(-1);
+        EXPECT_EQ(InView(list), (Strings{"a 0-25", "b 25-50", "c 50-75"}));
+    }
 }
 
 TEST_F(ListBox, SelectsWhatIsHoveredWhenAsked)
 {
     ControlWindow window({100, 100}, List(3));
-    CDUIListBox& list = RootList(window);
+    auto& list = window.Root<CDUIListBox>();
     list.SetHoverSelect(1);
     window.mouse.MoveTo({50, 30}).MoveTo({50, 60}).Leave();
     EXPECT_EQ(Noted(window), (Strings{"4 b", "3 b", "4 c", "3 c"}));
@@ -291,13 +264,12 @@ TEST_F(ListBox, AnItemCutByTheLowerEdgeIsNotHitBelowIt)
 
 TEST_F(ListBox, ScrollsByWholeItems)
 {
-    struct Case {
+    // 10 items of 25 in 100: the range ends 2 beyond the overflow of 150.
+    const struct {
         const char* name;
         int position;
         Strings inView;
-    };
-    // 10 items of 25 in 100: the range ends 2 beyond the overflow of 150.
-    const Case cases[] = {
+    } cases[] = {
         {"start", 0, {"a 0-25", "b 25-50", "c 50-75", "d 75-100"}},
         {"before the second item", 24, {"a 0-25", "b 25-50", "c 50-75", "d 75-100"}},
         {"at the second item", 25, {"b 0-25", "c 25-50", "d 50-75", "e 75-100"}},
@@ -305,8 +277,8 @@ TEST_F(ListBox, ScrollsByWholeItems)
         {"end", 1000, {"g 0-25", "h 25-50", "i 50-75", "j 75-100"}},
     };
     ControlWindow window({100, 100}, List(10));
-    CDUIListBox& list = RootList(window);
-    for (const Case& c : cases) {
+    auto& list = window.Root<CDUIListBox>();
+    for (const auto& c : cases) {
         ScrollTo(list, c.position);
         EXPECT_EQ(InView(list), c.inView) << c.name;
     }
@@ -322,7 +294,7 @@ TEST_F(ListBox, ScrollsByWholeItems)
 TEST_F(ListBox, TheBarGoesWhenTheItemsFit)
 {
     ControlWindow window({100, 100}, List(5));
-    CDUIListBox& list = RootList(window);
+    auto& list = window.Root<CDUIListBox>();
     ScrollTo(list, 27);
     EXPECT_TRUE(list.GetVerticalSB()->IsVisible(FALSE));
     list.RemoveControlAt(4);
@@ -338,7 +310,7 @@ TEST_F(ListBox, TheBarGoesWhenTheItemsFit)
 TEST_F(ListBox, TopItems)
 {
     ControlWindow window({100, 100}, List(10));
-    CDUIListBox& list = RootList(window);
+    auto& list = window.Root<CDUIListBox>();
     Item(list, 1).SetVisible(FALSE);
     EXPECT_EQ(list.SetTopIndex(3), 1);
     EXPECT_EQ(InView(list).front(), "d 0-25");
@@ -356,7 +328,7 @@ TEST_F(ListBox, TopItems)
 TEST_F(ListBox, WheelThumbAndTrackScrollIt)
 {
     ControlWindow window({100, 100}, List(10));
-    CDUIListBox& list = RootList(window);
+    auto& list = window.Root<CDUIListBox>();
     list.SetFocus(TRUE);
     window.mouse.MoveTo({50, 50}).Wheel(-1).Wheel(-1);
     EXPECT_EQ(list.GetTopIndex(), 2);
@@ -373,15 +345,15 @@ TEST_F(ListBox, WheelThumbAndTrackScrollIt)
 
 TEST_F(ListBox, ArrowsMoveTheSelection)
 {
-    struct Case {
+    // Item c is hidden; four items of 25 fit.
+    const struct {
         const char* name;
         int selection;
         int key;
         int expected;
         int top;
-    };
-    // Item c is hidden; four items of 25 fit.
-    const Case cases[] = {
+        int topBefore = 0;
+    } cases[] = {
         {"down from nothing", -1, VK_DOWN, 0, 0},
         {"up from nothing", -1, VK_UP, -1, 0},
         {"up from the first", 0, VK_UP, 0, 0},
@@ -390,13 +362,15 @@ TEST_F(ListBox, ArrowsMoveTheSelection)
         {"right to the last in view scrolls", 3, VK_RIGHT, 4, 4},
         {"down from the last", 9, VK_DOWN, 9, 0},
         {"another key", 3, VK_HOME, 3, 0},
+        {"up above the view scrolls back", 6, VK_UP, 5, 5, 6},
     };
-    for (const Case& c : cases) {
+    for (const auto& c : cases) {
         ControlWindow window({100, 100}, List(10));
-        CDUIListBox& list = RootList(window);
+        auto& list = window.Root<CDUIListBox>();
         Item(list, 2).SetVisible(FALSE);
         list.SetFocus(TRUE);
         list.SetCurSel(c.selection);
+        list.SetTopIndex(c.topBefore);
         window.TakeNotifications();
         window.keys.Press(c.key);
         EXPECT_EQ(list.GetCurSel(), c.expected) << c.name;
@@ -405,24 +379,12 @@ TEST_F(ListBox, ArrowsMoveTheSelection)
     }
 }
 
-TEST_F(ListBox, UpAboveTheViewScrollsBack)
-{
-    ControlWindow window({100, 100}, List(10));
-    CDUIListBox& list = RootList(window);
-    list.SetFocus(TRUE);
-    list.SetCurSel(4);
-    list.SetTopIndex(4);
-    window.keys.Press(VK_UP);
-    EXPECT_EQ(list.GetCurSel(), 3);
-    EXPECT_EQ(InView(list).front(), "d 0-25");
-}
-
 // --- groups ------------------------------------------------------------------------------------------------
 
 TEST_F(ListBox, GroupsHideAndShowTheirItems)
 {
     ControlWindow window({100, 300}, Groups("xA!abBcdC!e"));
-    CDUIListBox& list = RootList(window);
+    auto& list = window.Root<CDUIListBox>();
     EXPECT_EQ(Shown(list), "xAabBCe");
     window.mouse.Click({50, 30});
     EXPECT_EQ(Noted(window), Strings{"1 A"}) << "no hover and no selection for headers";
@@ -452,13 +414,13 @@ TEST_F(ListBox, ACopyScrollsByABarOfItsOwn)
     CRefPtr<IDUIControl> clone;
     {
         ControlWindow window({100, 100}, List(10, R"(select_expand="true")"));
-        RootList(window).SetCurSel(2);
+        window.Root<CDUIListBox>().SetCurSel(2);
         clone = window.GetRootControl()->Clone();
         EXPECT_NE(dynamic_cast<CDUIListBox*>(clone.GetPtr())->GetVerticalSB(),
-                  RootList(window).GetVerticalSB());
+                  window.Root<CDUIListBox>().GetVerticalSB());
     }
     ControlWindow window({100, 100}, clone);
-    CDUIListBox& list = RootList(window);
+    auto& list = window.Root<CDUIListBox>();
     EXPECT_EQ(list.GetCurSel(), 2);
     EXPECT_EQ(list.GetSelectExpand(), 1);
     list.SetFocus(TRUE);
@@ -473,39 +435,11 @@ TEST_F(ListBox, ACopyScrollsByABarOfItsOwn)
 
 TEST_F(ListBox, AHandlerMayTakeAnythingAway)
 {
-    struct Case {
-        const char* name;
-        void (*act)(ControlWindow& window, CDUIListBox& list, CRefPtr<IDUIControl> item);
-    };
-    const Case cases[] = {
-        {"its item",
-         [](ControlWindow&, CDUIListBox& list, CRefPtr<IDUIControl> item) { list.RemoveControl(item); }},
-        {"all items",
-         [](ControlWindow&, CDUIListBox& list, CRefPtr<IDUIControl>) { list.RemoveAllControl(); }},
-        {"the list", [](ControlWindow&, CDUIListBox& list,
-                        CRefPtr<IDUIControl>) { list.GetParent()->RemoveAllControl(); }},
-        {"the window", [](ControlWindow& window, CDUIListBox&, CRefPtr<IDUIControl>) { window.Close(); }},
-    };
-    for (const Case& c : cases) {
-        for (WPARAM code = 1; code <= 4; ++code) {
-            SCOPED_TRACE(std::string(c.name) + " at " + std::to_string(code));
-            ControlWindow window(
-                {100, 100},
-                "<canvas>" + List(3, R"(select_expand="true" hover_expand="true")") + "</canvas>");
-            auto& list = *window.Find<CDUIListBox>("list");
-            list.SetHoverSelect(1);
-            bool isDone = false;
-            window.OnNotify([&](const tagDUINotify& notify) {
-                if (notify.nCode != DUINOTIFY_LISTBOX || notify.wParam != code || isDone)
-                    return;
-                isDone = true;
-                c.act(window, list, reinterpret_cast<IDUIControl*>(notify.lParam));
-            });
-            window.mouse.DoubleClick({50, 30}).MoveTo({50, 5}).Click({50, 5});
-            EXPECT_TRUE(isDone);
-            window.OnNotify(nullptr);
-        }
-    }
+    TakeAnythingAway(List(3, R"(select_expand="true" hover_expand="true")"), DUINOTIFY_LISTBOX, {1, 2, 3, 4},
+                     [](ControlWindow& window) {
+                         window.Find<CDUIListBox>("list")->SetHoverSelect(1);
+                         window.mouse.DoubleClick({50, 30}).MoveTo({50, 5}).Click({50, 5});
+                     });
 }
 
 TEST_F(ListBox, ItemsOutliveTheirList)

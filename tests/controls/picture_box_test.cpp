@@ -21,21 +21,15 @@ public:
     PictureBox() : ControlTest(StretchedDot()) {}
 };
 
-CDUIPictureBox* RootBox(ControlWindow& window)
-{
-    return dynamic_cast<CDUIPictureBox*>(window.GetRootControl());
-}
-
 TEST_F(PictureBox, DrawsASinglePictureUnscaledAndAllElseToFill)
 {
-    struct Case {
+    const struct {
         const char* name;
         SIZE client;
         const char* attributes;
         std::uint32_t color;
         const char* bounds;
-    };
-    const Case cases[] = {
+    } cases[] = {
         {"centred, rounded down", {33, 24}, R"(icon="dot")", kBlue, "12,8,20,16"},
         {"centred in the control, not in the content",
          {32, 24},
@@ -49,7 +43,7 @@ TEST_F(PictureBox, DrawsASinglePictureUnscaledAndAllElseToFill)
         {"nothing", {32, 24}, "", kBlue, "0,0,0,0"},
         {"an unknown picture", {32, 24}, R"(icon="none")", kBlue, "0,0,0,0"},
     };
-    for (const Case& c : cases) {
+    for (const auto& c : cases) {
         ControlWindow window(c.client, std::string("<picturebox ") + c.attributes + "/>");
         EXPECT_EQ(Bounds(window.Paint(), c.color), c.bounds) << c.name;
     }
@@ -58,7 +52,7 @@ TEST_F(PictureBox, DrawsASinglePictureUnscaledAndAllElseToFill)
 TEST_F(PictureBox, StepsThroughAStrip)
 {
     ControlWindow window({20, 20}, R"(<picturebox icon="strip"/>)");
-    CDUIPictureBox* const box = RootBox(window);
+    auto* const box = &window.Root<CDUIPictureBox>();
     EXPECT_EQ(box->GetIconCount(), 4);
     box->SetCurrentIconIndex(2);
     for (const int ignored : {4, -1})
@@ -76,21 +70,17 @@ TEST_F(PictureBox, StepsThroughAStrip)
 
 TEST_F(PictureBox, EstimatesIconAndMargin)
 {
-    struct Case {
+    const struct {
         const char* attributes;
         SIZE expected;
-    };
-    const Case cases[] = {
+    } cases[] = {
         {R"(margin="1,2,3,4")", {4, 6}},
         {R"(icon="strip" margin="1,2,3,4")", {24, 26}},
         {R"(icon="strip" margin="1,2,3,4" width="7")", {7, 26}},
     };
-    for (const Case& c : cases) {
+    for (const auto& c : cases) {
         ControlWindow window({20, 20}, std::string("<picturebox ") + c.attributes + "/>");
-        SIZE size{};
-        EXPECT_TRUE(RootBox(window)->EstimateSize({0, 0}, size)) << c.attributes;
-        EXPECT_EQ(size.cx, c.expected.cx) << c.attributes;
-        EXPECT_EQ(size.cy, c.expected.cy) << c.attributes;
+        EXPECT_EQ(Estimate(window), Text(c.expected)) << c.attributes;
     }
 }
 

@@ -42,4 +42,10 @@ std::string Difference(const ClientPixels& one, const ClientPixels& other)
     return Text(DifferenceOf(one, other));
 }
 
+std::string Estimate(const ControlWindow& window)
+{
+    SIZE size{-1, -1};
+    return window.Root().EstimateSize({0, 0}, size) ? Text(size) : "none";
+}
+
 }  // namespace qvui::test

@@ -36,4 +36,7 @@ RECT DifferenceOf(const ClientPixels& one, const ClientPixels& other);
 /// The same as text.
 std::string Difference(const ClientPixels& one, const ClientPixels& other);
 
+/// What the root of a window asks for, as text; "none" when it asks for nothing.
+std::string Estimate(const ControlWindow& window);
+
 }  // namespace qvui::test

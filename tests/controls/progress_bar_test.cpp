@@ -10,21 +10,15 @@ using namespace DUI;
 
 class ProgressBar : public ControlTest {};
 
-CDUIProgressBar* RootBar(ControlWindow& window)
-{
-    return dynamic_cast<CDUIProgressBar*>(window.GetRootControl());
-}
-
 TEST_F(ProgressBar, RevealsTheReachedPart)
 {
-    struct Case {
+    const struct {
         const char* name;
         SIZE client;
         const char* element;
         const char* reached;  // shown in icon 1's green
         const char* whole;    // of both colours' bounds, the empty bar's red
-    };
-    const Case cases[] = {
+    } cases[] = {
         {"half", {200, 10}, R"(horz_progressbar range="0,100" pos="50")", "0,0,100,10", "100,0,200,10"},
         {"rounded down, upwards", {4, 10}, R"(vert_progressbar range="0,3" pos="1")", "0,7,4,10", "0,0,4,7"},
         {"nothing reached", {20, 10}, R"(horz_progressbar range="0,100" pos="0")", "0,0,0,0", "0,0,20,10"},
@@ -46,7 +40,7 @@ TEST_F(ProgressBar, RevealsTheReachedPart)
          "0,0,10,10",
          "10,0,20,10"},
     };
-    for (const Case& c : cases) {
+    for (const auto& c : cases) {
         ControlWindow window(c.client, std::string("<") + c.element + " back_image=\"strip2\"/>");
         const ClientPixels pixels = window.Paint();
         EXPECT_EQ(Bounds(pixels, kGreen), c.reached) << c.name;
@@ -77,7 +71,7 @@ TEST_F(ProgressBar, DrawsNothingWithoutBothIcons)
 TEST_F(ProgressBar, NotifiesOfEveryChangeOnce)
 {
     ControlWindow window({20, 10}, R"(<horz_progressbar name="p" range="0,100"/>)");
-    CDUIProgressBar* const bar = RootBar(window);
+    auto* const bar = &window.Root<CDUIProgressBar>();
     const auto moved = [](WPARAM position) {
         return std::vector<Noticed>{{DUINOTIFY_PROGRESSPOS, "p", position, 0}};
     };
@@ -114,20 +108,19 @@ TEST_F(ProgressBar, NotifiesOfEveryChangeOnce)
 
 TEST_F(ProgressBar, ReadsItsRangeNumberByNumber)
 {
-    struct Case {
+    const struct {
         const char* value;
         int low;
         int high;
-    };
-    const Case cases[] = {
+    } cases[] = {
         {"1,9", 1, 9}, {"1; 9", 1, 9}, {"-5 5", -5, 5}, {"7", 7, 7},
         {"", 0, 0},    {"x,9", 0, 0},  {"3,,9", 3, 3},
     };
     ControlWindow window({20, 10}, "<vert_progressbar/>");
-    for (const Case& c : cases) {
-        RootBar(window)->SetAttribute("range", c.value);
+    for (const auto& c : cases) {
+        window.Root<CDUIProgressBar>().SetAttribute("range", c.value);
         int low = -1, high = -1;
-        RootBar(window)->GetRange(low, high);
+        window.Root<CDUIProgressBar>().GetRange(low, high);
         EXPECT_EQ(low, c.low) << c.value;
         EXPECT_EQ(high, c.high) << c.value;
     }
@@ -137,11 +130,11 @@ TEST_F(ProgressBar, EstimatesOneIconAndTheMargin)
 {
     ControlWindow window({20, 10}, R"(<horz_progressbar back_image="strip2" margin="1,2,3,4"/>)");
     SIZE size{};
-    EXPECT_TRUE(RootBar(window)->EstimateSize({0, 0}, size));
+    EXPECT_TRUE(window.Root<CDUIProgressBar>().EstimateSize({0, 0}, size));
     EXPECT_EQ(size.cx, 24);
     EXPECT_EQ(size.cy, 16);
-    RootBar(window)->SetFixedHeight(5);
-    RootBar(window)->EstimateSize({0, 0}, size);
+    window.Root<CDUIProgressBar>().SetFixedHeight(5);
+    window.Root<CDUIProgressBar>().EstimateSize({0, 0}, size);
     EXPECT_EQ(size.cy, 5);
 }
 

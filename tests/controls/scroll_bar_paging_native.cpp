@@ -11,6 +11,14 @@ using namespace DUI;
 
 class ScrollBarPaging : public ControlTest {
 protected:
+    /// Presses the track and holds the button for so many milliseconds; the bar pages by 200.
+    void Hold(int maximum, POINT press, POINT release, UINT milliseconds)
+    {
+        SetRange(box->Vertical(), 0, maximum, 200, 0);
+        window.mouse.MoveTo(press);
+        ReleaseAfter(window, release, milliseconds);
+        window.mouse.Press();
+    }
     /// Posts the release so many milliseconds from now.
     static void ReleaseAfter(ControlWindow& window, POINT point, UINT milliseconds)
     {
@@ -22,6 +30,10 @@ protected:
         });
     }
 
+    const ManualClock clock;
+    ScrollBox* box = new ScrollBox;
+    ControlWindow window{{210, 200}, CRefPtr<IDUIControl>(box)};
+
 private:
     static inline ControlWindow* s_window = nullptr;
     static inline POINT s_point{};
@@ -29,48 +41,25 @@ private:
 
 TEST_F(ScrollBarPaging, HoldingTheButtonPagesEveryTenthOfASecondAndAtTheRelease)
 {
-    const ManualClock clock;
-    auto* const box = new ScrollBox;
-    ControlWindow window({210, 200}, CRefPtr<IDUIControl>(box));
-    SetRange(box->Vertical(), 0, 5000, 200, 0);
-    window.mouse.MoveTo({205, 190});
-    ReleaseAfter(window, {205, 190}, 350);
-    window.mouse.Press();
+    Hold(5000, {205, 190}, {205, 190}, 350);
     EXPECT_EQ(box->TakeEvents(), std::vector<std::string>(4, "v 3 0"));
     EXPECT_EQ(PositionOf(box->Vertical()), 800);
-    window.mouse.Release();
 }
 
 TEST_F(ScrollBarPaging, PagingStopsWhenTheThumbArrivesBelowThePointer)
 {
-    const ManualClock clock;
-    auto* const box = new ScrollBox;
-    ControlWindow window({210, 200}, CRefPtr<IDUIControl>(box));
-    SetRange(box->Vertical(), 0, 600, 200, 0);  // the thumb is 50 long, a page moves it by 50
-    window.mouse.MoveTo({205, 120});
-    ReleaseAfter(window, {205, 120}, 2000);
-    window.mouse.Press();
+    Hold(600, {205, 120}, {205, 120}, 2000);  // the thumb is 50 long, a page moves it by 50
     EXPECT_EQ(box->TakeEvents(), std::vector<std::string>(2, "v 3 0"));
-    window.mouse.Release();
 }
 
-TEST_F(ScrollBarPaging, PagingGoesOnWhenThePointerComesBack)
+TEST_F(ScrollBarPaging, PagingNeverTurnsRound)
 {
-    const ManualClock clock;
-    auto* const box = new ScrollBox;
-    ControlWindow window({210, 200}, CRefPtr<IDUIControl>(box));
-    SetRange(box->Vertical(), 0, 5000, 200, 0);
-    window.mouse.MoveTo({205, 190});
-    int pages = 0;
     box->onScroll = [&] {
-        ++pages;
-        if (pages == 1)
-            PostAt(window, WM_MOUSEMOVE, {205, 5});
+        box->onScroll = nullptr;
+        PostAt(window, WM_MOUSEMOVE, {205, 5});
     };
-    ReleaseAfter(window, {205, 5}, 550);
-    window.mouse.Press();
-    EXPECT_EQ(pages, 1) << "above the thumb it does not page the other way";
-    window.mouse.Release();
+    Hold(5000, {205, 190}, {205, 5}, 550);
+    EXPECT_EQ(box->TakeEvents().size(), 1U) << "above the thumb it does not page the other way";
 }
 
 }  // namespace

@@ -19,14 +19,22 @@ std::string ThumbOf(CDUIScrollBarBase& bar)
     return Text(bar.GetControlByIndex(1)->GetControlRect());
 }
 
-CDUIScrollBarBase& RootBar(ControlWindow& window)
-{
-    return *dynamic_cast<CDUIScrollBarBase*>(window.GetRootControl());
-}
+/// A window with a box that has both bars and takes the focus.
+class Scrolling : public ScrollBar {
+protected:
+    Scrolling() { box->ModifyStyle(0, DUISTYLE_TABSTOP); }
+
+    Strings Events() { return box->TakeEvents(); }
+
+    ScrollBox* box = new ScrollBox;
+    CDUIVerticalSB& vertical = box->Vertical();
+    CDUIHorizontalSB& horizontal = box->Horizontal();
+    ControlWindow window{{210, 200}, CRefPtr<IDUIControl>(box)};
+};
 
 TEST_F(ScrollBar, SizesAndPlacesTheThumb)
 {
-    struct Case {
+    const struct {
         const char* name;
         const char* tag;
         SIZE client;
@@ -34,8 +42,7 @@ TEST_F(ScrollBar, SizesAndPlacesTheThumb)
         unsigned page;
         int position;
         const char* thumb;
-    };
-    const Case cases[] = {
+    } cases[] = {
         {"in proportion, at the start", "vert", {10, 200}, 0, 300, 200, 0, "0,0,10,80"},
         {"in the middle", "vert", {10, 200}, 0, 300, 200, 150, "0,60,10,140"},
         {"at the end", "vert", {10, 200}, 0, 300, 200, 300, "0,120,10,200"},
@@ -51,9 +58,9 @@ TEST_F(ScrollBar, SizesAndPlacesTheThumb)
         {"inverted range", "vert", {10, 200}, 300, 0, 200, 300, "0,0,10,0"},
         {"the widest range", "horz", {200, 10}, INT_MIN, INT_MAX, INT_MAX, INT_MAX, "134,0,200,10"},
     };
-    for (const Case& c : cases) {
+    for (const auto& c : cases) {
         ControlWindow window(c.client, std::string("<") + c.tag + "_scrollbar/>");
-        CDUIScrollBarBase& bar = RootBar(window);
+        CDUIScrollBarBase& bar = window.Root<CDUIScrollBarBase>();
         SetRange(bar, c.minimum, c.maximum, c.page, c.position);
         EXPECT_EQ(ThumbOf(bar), c.thumb) << c.name;
     }
@@ -62,7 +69,7 @@ TEST_F(ScrollBar, SizesAndPlacesTheThumb)
 TEST_F(ScrollBar, TakesOnlyWhatTheMaskNames)
 {
     ControlWindow window({10, 200}, "<vert_scrollbar/>");
-    CDUIScrollBarBase& bar = RootBar(window);
+    CDUIScrollBarBase& bar = window.Root<CDUIScrollBarBase>();
     SetRange(bar, 0, 300, 50, 100);
     SCROLLINFO info{sizeof(SCROLLINFO), SIF_PAGE, 7, 8, 60, 9, 10};
     bar.SetScrollBarInfo(&info);
@@ -78,7 +85,7 @@ TEST_F(ScrollBar, PaintsTrackThumbAndMark)
     ControlWindow window(
         {20, 200},
         OnBlue(R"(<vert_scrollbar back_image="strip2" thumb_image="strip" thumb_mark="expander"/>)"));
-    CDUIScrollBarBase& bar = RootBar(window);
+    CDUIScrollBarBase& bar = window.Root<CDUIScrollBarBase>();
     SetRange(bar, 0, 300, 200, 150);
     // The track is strip2's red icon, the hot thumb strip's green one, the mark red again.
     EXPECT_EQ(bar.GetFixedSize().cx, 20);
@@ -94,49 +101,44 @@ TEST_F(ScrollBar, HasNoArrowsWhateverTheSkinSays)
     ControlWindow arrows({10, 100}, OnBlue(R"(<vert_scrollbar enable_arrow="true" arrow_image1="strip"
         thumb_image="thumb" arrow_image2="strip"/>)"));
     for (ControlWindow* const window : {&plain, &arrows})
-        SetRange(RootBar(*window), 0, 300, 200, 0);
+        SetRange(window->Root<CDUIScrollBarBase>(), 0, 300, 200, 0);
     EXPECT_EQ(Difference(plain.Paint(), arrows.Paint()), "0,0,0,0");
 }
 
-TEST_F(ScrollBar, ADisabledBarHasNoThumbAndIgnoresPresses)
+TEST_F(Scrolling, ADisabledBarHasNoThumbAndIgnoresPresses)
 {
-    auto* const box = new ScrollBox;
-    ControlWindow window({210, 200}, CRefPtr<IDUIControl>(box));
-    SetRange(box->Vertical(), 0, 300, 200, 0);
-    box->Vertical().SetEnable(FALSE);
-    EXPECT_FALSE(box->Vertical().GetControlByIndex(1)->IsVisible(FALSE));
+    SetRange(vertical, 0, 300, 200, 0);
+    vertical.SetEnable(FALSE);
+    EXPECT_FALSE(vertical.GetControlByIndex(1)->IsVisible(FALSE));
     window.mouse.Click({205, 150});
-    EXPECT_EQ(box->TakeEvents(), Strings());
-    box->Vertical().SetEnable(TRUE);
-    EXPECT_TRUE(box->Vertical().GetControlByIndex(1)->IsVisible(FALSE));
+    EXPECT_EQ(Events(), Strings());
+    vertical.SetEnable(TRUE);
+    EXPECT_TRUE(vertical.GetControlByIndex(1)->IsVisible(FALSE));
 }
 
 // --- the protocol ------------------------------------------------------------------------------------------
 
-TEST_F(ScrollBar, ShowsAndHidesByTheContent)
+TEST_F(Scrolling, ShowsAndHidesByTheContent)
 {
-    struct Case {
+    const struct {
         const char* name;
         bool isShown;
         int content, extra;
         int result;
         bool isShownAfter;
         int maximum, position;  // 77 and 33 before
-    };
-    const Case cases[] = {
+    } cases[] = {
         {"too much content, hidden", false, 300, 0, TRUE, true, 100, 0},
         {"too much content, shown", true, 300, 5, FALSE, true, 105, 33},
         {"content fits, shown", true, 150, 5, TRUE, false, 77, 33},
         {"content fits exactly, hidden", false, 200, 5, FALSE, false, 77, 33},
         {"less room for the position", true, 220, 0, FALSE, true, 20, 20},
     };
-    for (const Case& c : cases) {
+    for (const auto& c : cases) {
         for (const bool isVertical : {true, false}) {
             SCOPED_TRACE(std::string(c.name) + (isVertical ? ", vertical" : ", horizontal"));
-            auto* const box = new ScrollBox;
-            ControlWindow window({200, 200}, CRefPtr<IDUIControl>(box));
-            CDUIScrollBarBase& bar = isVertical ? static_cast<CDUIScrollBarBase&>(box->Vertical())
-                                                : static_cast<CDUIScrollBarBase&>(box->Horizontal());
+            CDUIScrollBarBase& bar = isVertical ? static_cast<CDUIScrollBarBase&>(vertical)
+                                                : static_cast<CDUIScrollBarBase&>(horizontal);
             SetRange(bar, 0, 77, 50, 33);
             bar.SetVisible(c.isShown);
             const RECT view{0, 0, 200, 200};
@@ -153,58 +155,52 @@ TEST_F(ScrollBar, ShowsAndHidesByTheContent)
     }
 }
 
-TEST_F(ScrollBar, CodesMoveThePosition)
+TEST_F(Scrolling, CodesMoveThePosition)
 {
-    struct Case {
+    const struct {
         const char* name;
         WPARAM code;
         LPARAM value;
         int expected;  // from 500 in 0..1000; a line is 30, the box 210 by 200
         int expectedAcross;
-    };
-    const Case cases[] = {
+    } cases[] = {
         {"line up", SB_LINEUP, 0, 470, 470},       {"line down", SB_LINEDOWN, 0, 530, 530},
         {"page up", SB_PAGEUP, 0, 300, 290},       {"page down", SB_PAGEDOWN, 0, 700, 710},
         {"thumb", SB_THUMBTRACK, 123, 123, 123},   {"thumb beyond", SB_THUMBTRACK, 1 << 30, 1000, 1000},
         {"thumb before", SB_THUMBTRACK, -9, 0, 0}, {"no such code", SB_BOTTOM, 4, 500, 500},
     };
-    auto* const box = new ScrollBox;
-    ControlWindow window({210, 200}, CRefPtr<IDUIControl>(box));
-    for (const Case& c : cases) {
+    for (const auto& c : cases) {
         BOOL bHandled = FALSE;
         tagDUIEvent event;
         event.wParam = c.code;
         event.lParam = c.value;
         event.Type = DUIEVENT_VSCROLL;
-        SetRange(box->Vertical(), 0, 1000, 200, 500);
+        SetRange(vertical, 0, 1000, 200, 500);
         box->OnDUIEvent(event, bHandled);
-        EXPECT_EQ(PositionOf(box->Vertical()), c.expected) << c.name;
+        EXPECT_EQ(PositionOf(vertical), c.expected) << c.name;
         event.Type = DUIEVENT_HSCROLL;
-        SetRange(box->Horizontal(), 0, 1000, 200, 500);
+        SetRange(horizontal, 0, 1000, 200, 500);
         box->OnDUIEvent(event, bHandled);
-        EXPECT_EQ(PositionOf(box->Horizontal()), c.expectedAcross) << c.name;
+        EXPECT_EQ(PositionOf(horizontal), c.expectedAcross) << c.name;
     }
 }
 
-TEST_F(ScrollBar, TheWheelMovesOneLineOfTheFirstBarShown)
+TEST_F(Scrolling, TheWheelMovesOneLineOfTheFirstBarShown)
 {
-    auto* const box = new ScrollBox;
-    box->ModifyStyle(0, DUISTYLE_TABSTOP);
-    ControlWindow window({210, 200}, CRefPtr<IDUIControl>(box));
-    SetRange(box->Vertical(), 0, 300, 200, 100);
-    SetRange(box->Horizontal(), 0, 300, 200, 100);
+    SetRange(vertical, 0, 300, 200, 100);
+    SetRange(horizontal, 0, 300, 200, 100);
     box->SetFocus(TRUE);
     window.mouse.MoveTo({50, 50}).Wheel(1);
-    EXPECT_EQ(PositionOf(box->Vertical()), 70);
+    EXPECT_EQ(PositionOf(vertical), 70);
     window.mouse.Wheel(-3);
-    EXPECT_EQ(PositionOf(box->Vertical()), 100) << "the size of the delta does not count";
-    EXPECT_EQ(PositionOf(box->Horizontal()), 100);
-    box->Vertical().SetVisible(FALSE);
+    EXPECT_EQ(PositionOf(vertical), 100) << "the size of the delta does not count";
+    EXPECT_EQ(PositionOf(horizontal), 100);
+    vertical.SetVisible(FALSE);
     window.mouse.Wheel(1);
-    EXPECT_EQ(PositionOf(box->Horizontal()), 70);
-    box->Horizontal().SetVisible(FALSE);
+    EXPECT_EQ(PositionOf(horizontal), 70);
+    horizontal.SetVisible(FALSE);
     window.mouse.Wheel(1);
-    EXPECT_EQ(PositionOf(box->Horizontal()), 70);
+    EXPECT_EQ(PositionOf(horizontal), 70);
 }
 
 TEST_F(ScrollBar, TheWheelReachesTheContainerBelowThePointer)
@@ -230,53 +226,47 @@ TEST_F(ScrollBar, TheWheelReachesTheContainerBelowThePointer)
 
 // --- the thumb ---------------------------------------------------------------------------------------------
 
-TEST_F(ScrollBar, DraggingTheThumbScrollsAndStopsAtTheEnds)
+TEST_F(Scrolling, DraggingTheThumbScrollsAndStopsAtTheEnds)
 {
-    auto* const box = new ScrollBox;
-    box->ModifyStyle(0, DUISTYLE_TABSTOP);
-    ControlWindow window({210, 200}, CRefPtr<IDUIControl>(box));
-    SetRange(box->Vertical(), 0, 300, 200, 0);  // the thumb is 80 long, a pixel moves 2.5
+    SetRange(vertical, 0, 300, 200, 0);  // the thumb is 80 long, a pixel moves 2.5
     window.mouse.Press({205, 10});
     EXPECT_EQ(GetCapture(), window.Handle());
     EXPECT_EQ(window.GetFocusControl(), box);
     window.mouse.MoveTo({205, 50});
-    EXPECT_EQ(box->TakeEvents(), Strings{"v 5 100"});
+    EXPECT_EQ(Events(), Strings{"v 5 100"});
     window.mouse.MoveTo({205, 50});
-    EXPECT_EQ(box->TakeEvents(), Strings()) << "no distance, no event";
+    EXPECT_EQ(Events(), Strings()) << "no distance, no event";
     window.mouse.MoveTo({5, 150}).MoveTo({5, 170}).MoveTo({5, 190});
-    EXPECT_EQ(box->TakeEvents(), Strings{"v 5 300"}) << "nothing more beyond the end";
+    EXPECT_EQ(Events(), Strings{"v 5 300"}) << "nothing more beyond the end";
     window.mouse.MoveTo({5, 110});
-    EXPECT_EQ(box->TakeEvents(), Strings{"v 5 250"});
+    EXPECT_EQ(Events(), Strings{"v 5 250"});
     window.mouse.MoveTo({205, -500}).MoveTo({205, -600});
-    EXPECT_EQ(box->TakeEvents(), Strings{"v 5 0"});
+    EXPECT_EQ(Events(), Strings{"v 5 0"});
     window.mouse.Release();
     EXPECT_EQ(GetCapture(), nullptr);
     window.mouse.MoveTo({205, 60});
-    EXPECT_EQ(box->TakeEvents(), Strings());
+    EXPECT_EQ(Events(), Strings());
     EXPECT_EQ(window.TakeNotifications(), std::vector<Noticed>()) << "a thumb is no button that clicks";
 }
 
-TEST_F(ScrollBar, DraggingSidewaysScrollsTheHorizontalBar)
+TEST_F(Scrolling, DraggingSidewaysScrollsTheHorizontalBar)
 {
-    auto* const box = new ScrollBox;
-    ControlWindow window({210, 200}, CRefPtr<IDUIControl>(box));
-    SetRange(box->Horizontal(), -100, 200, 200, -100);  // 200 of track, a thumb of 80 and 120 pixels for 300
+    SetRange(horizontal, -100, 200, 200, -100);  // 200 of track, a thumb of 80 and 120 pixels for 300
     window.mouse.Press({40, 195}).MoveTo({80, 20});
-    EXPECT_EQ(box->TakeEvents(), Strings{"h 5 0"});
+    EXPECT_EQ(Events(), Strings{"h 5 0"});
     window.mouse.MoveTo({30, 20}).Release();
-    EXPECT_EQ(box->TakeEvents(), Strings{"h 5 -100"}) << "to the minimum, below 0 too";
+    EXPECT_EQ(Events(), Strings{"h 5 -100"}) << "to the minimum, below 0 too";
 }
 
-TEST_F(ScrollBar, DraggingATrackWithoutRoomIsHarmless)
+TEST_F(Scrolling, DraggingATrackWithoutRoomIsHarmless)
 {
-    auto* const box = new ScrollBox;
-    ControlWindow window({26, 26}, CRefPtr<IDUIControl>(box));
-    SetRange(box->Horizontal(), 0, 300, 2, 100);  // the thumb fills the track: no pixel is left for the range
-    EXPECT_EQ(box->Horizontal().OnHScrollEvent(SB_THUMBTRACK, 0), 0);
-    EXPECT_EQ(box->TakeEvents(), Strings());
-    EXPECT_EQ(box->Horizontal().OnHScrollEvent(SB_THUMBTRACK, 1), 2);
-    EXPECT_EQ(box->Horizontal().OnHScrollEvent(SB_THUMBTRACK, -1), 1);
-    EXPECT_EQ(box->TakeEvents(), (Strings{"h 5 300", "h 5 0"}));
+    window.Resize({26, 26});
+    SetRange(horizontal, 0, 300, 2, 100);  // the thumb fills the track: no pixel is left for the range
+    EXPECT_EQ(horizontal.OnHScrollEvent(SB_THUMBTRACK, 0), 0);
+    EXPECT_EQ(Events(), Strings());
+    EXPECT_EQ(horizontal.OnHScrollEvent(SB_THUMBTRACK, 1), 2);
+    EXPECT_EQ(horizontal.OnHScrollEvent(SB_THUMBTRACK, -1), 1);
+    EXPECT_EQ(Events(), (Strings{"h 5 300", "h 5 0"}));
 }
 
 TEST_F(ScrollBar, SinksStopAtTheEndsOfTheRange)
@@ -296,103 +286,80 @@ TEST_F(ScrollBar, SinksStopAtTheEndsOfTheRange)
 
 // --- the track ---------------------------------------------------------------------------------------------
 
-TEST_F(ScrollBar, AShortClickOnTheTrackPagesOnce)
+TEST_F(Scrolling, AShortClickOnTheTrackPagesOnce)
 {
-    struct Case {
+    // The thumb is 80 long and stands at 60.
+    const struct {
         const char* name;
         POINT point;
         Strings events;
         int position;
-    };
-    // The thumb is 80 long and stands at 60.
-    const Case cases[] = {
+    } cases[] = {
         {"below the thumb", {205, 180}, {"v 3 0"}, 300},
         {"above the thumb", {205, 20}, {"v 2 0"}, 0},
         {"first pixel above", {205, 59}, {"v 2 0"}, 0},
         {"first pixel below", {205, 140}, {"v 3 0"}, 300},
     };
-    for (const Case& c : cases) {
-        auto* const box = new ScrollBox;
-        box->ModifyStyle(0, DUISTYLE_TABSTOP);
-        ControlWindow window({210, 200}, CRefPtr<IDUIControl>(box));
-        SetRange(box->Vertical(), 0, 300, 200, 150);
+    for (const auto& c : cases) {
+        SetRange(vertical, 0, 300, 200, 150);
         window.mouse.MoveTo(c.point);
         PostAt(window, WM_LBUTTONUP, c.point);
         window.mouse.Press();
-        EXPECT_EQ(box->TakeEvents(), c.events) << c.name;
-        EXPECT_EQ(PositionOf(box->Vertical()), c.position) << c.name;
+        EXPECT_EQ(Events(), c.events) << c.name;
+        EXPECT_EQ(PositionOf(vertical), c.position) << c.name;
         EXPECT_EQ(window.GetFocusControl(), box) << c.name;
         EXPECT_EQ(GetCapture(), nullptr) << c.name;
         window.mouse.Release();
     }
 }
 
-TEST_F(ScrollBar, AReleaseOutsideTheTrackEndsPagingWithoutAPage)
+TEST_F(Scrolling, AReleaseOutsideTheTrackEndsPagingWithoutAPage)
 {
-    auto* const box = new ScrollBox;
-    ControlWindow window({210, 200}, CRefPtr<IDUIControl>(box));
-    SetRange(box->Horizontal(), 0, 300, 200, 0);
+    SetRange(horizontal, 0, 300, 200, 0);
     window.mouse.MoveTo({180, 195});
     PostAt(window, WM_MOUSEMOVE, {100, 50});
     PostAt(window, WM_LBUTTONUP, {100, 50});
     window.mouse.Press();
-    EXPECT_EQ(box->TakeEvents(), Strings());
+    EXPECT_EQ(Events(), Strings());
     window.mouse.Release();
 }
 
-TEST_F(ScrollBar, APressInsideThePagingLoopBeginsNoOther)
+TEST_F(Scrolling, APressInsideThePagingLoopBeginsNoOther)
 {
-    auto* const box = new ScrollBox;
-    ControlWindow window({210, 200}, CRefPtr<IDUIControl>(box));
-    SetRange(box->Horizontal(), 0, 30000, 200, 0);
+    SetRange(horizontal, 0, 30000, 200, 0);
     window.mouse.MoveTo({180, 195});
     for (int i = 0; i < 50; ++i)
         PostAt(window, WM_LBUTTONDOWN, {180, 195});
     PostAt(window, WM_LBUTTONUP, {180, 195});
     window.mouse.Press();
-    const Strings events = box->TakeEvents();
+    const Strings events = Events();
     EXPECT_GE(events.size(), 1U);
     // One for the release, and one for each tenth of a second that fifty messages may take on a slow machine.
     EXPECT_LT(events.size(), 50U);
     window.mouse.Release();
 }
 
-TEST_F(ScrollBar, PagingEndsWhenItsWindowCloses)
+TEST_F(Scrolling, PagingEndsWithTheLoopTheCaptureAndTheWindow)
 {
-    auto* const box = new ScrollBox;
-    ControlWindow window({210, 200}, CRefPtr<IDUIControl>(box));
-    SetRange(box->Vertical(), 0, 300, 200, 0);
-    window.mouse.MoveTo({205, 180});
-    PostMessageA(window.Handle(), WM_CLOSE, 0, 0);
-    window.mouse.Press();
-    EXPECT_EQ(window.GetRootControl(), nullptr);
-}
-
-TEST_F(ScrollBar, PagingPassesQuitOn)
-{
-    auto* const box = new ScrollBox;
-    ControlWindow window({210, 200}, CRefPtr<IDUIControl>(box));
-    SetRange(box->Vertical(), 0, 300, 200, 0);
+    SetRange(vertical, 0, 300000, 200, 0);
     window.mouse.MoveTo({205, 180});
     Pump();
     PostQuitMessage(7);
     window.mouse.Press();
-    EXPECT_EQ(Pump().exitCode, 0);
+    EXPECT_EQ(Pump().exitCode, 0) << "the quit was passed on";
     window.mouse.Release();
-}
-
-TEST_F(ScrollBar, PagingEndsWhenAnotherWindowTakesTheMouse)
-{
-    auto* const box = new ScrollBox;
-    ControlWindow window({210, 200}, CRefPtr<IDUIControl>(box));
-    PlatformWindow other;
-    SetRange(box->Vertical(), 0, 300000, 200, 0);
-    box->onScroll = [&] { SetCapture(other.Handle()); };
+    Events();
+    const PlatformWindow other;
+    box->onScroll = [&] { SetCapture(other); };
     window.mouse.Press({205, 180});
-    EXPECT_EQ(box->TakeEvents(), Strings{"v 3 0"});
-    EXPECT_EQ(GetCapture(), other.Handle());
+    EXPECT_EQ(Events(), Strings{"v 3 0"});
+    EXPECT_EQ(GetCapture(), other);
     ReleaseCapture();
     window.mouse.Release();
+    box->onScroll = nullptr;
+    PostMessageA(window.Handle(), WM_CLOSE, 0, 0);
+    window.mouse.Press();
+    EXPECT_EQ(window.GetRootControl(), nullptr);
 }
 
 TEST_F(ScrollBar, AScrollHandlerMayRemoveEverything)

@@ -1,8 +1,7 @@
 #include <qvui/controls/tree_view.h>
 
 #include "controls/pixels.h"
-#include "controls/scroll_box.h"
-#include "support/controls/control_test.h"
+#include "controls/row_views.h"
 
 namespace qvui::test {
 namespace {
@@ -75,17 +74,9 @@ std::string InView(ControlWindow& window, CDUITreeViewImpl& tree)
     return text;
 }
 
-/// "1 a": sub-code and node of each notification since the last call.
 Strings Noted(ControlWindow& window)
 {
-    Strings result;
-    for (const Noticed& noticed : window.TakeNotifications()) {
-        EXPECT_EQ(noticed.code, UINT{DUINOTIFY_TREEEXPAND});
-        EXPECT_EQ(noticed.sender, "tree");
-        result.push_back(std::to_string(noticed.wParam) + " " +
-                         reinterpret_cast<IDUIControl*>(noticed.lParam)->GetText().GetString());
-    }
-    return result;
+    return Noted(window, DUINOTIFY_TREEEXPAND);
 }
 
 std::string Selected(CDUITreeViewImpl& tree)
@@ -103,11 +94,10 @@ POINT At(int row)
 
 TEST_F(TreeView, ShowsWhatIsExpanded)
 {
-    struct Case {
+    const struct {
         const char* nodes;
         const char* rows;
-    };
-    const Case cases[] = {
+    } cases[] = {
         {"", ""},
         {"abc", "abc"},
         {"a(bc)d", "ad"},
@@ -116,7 +106,7 @@ TEST_F(TreeView, ShowsWhatIsExpanded)
         {"a(b!(cd)e)f", "af"},
         {"a!(b(cd)e)f!", "abef"},
     };
-    for (const Case& c : cases) {
+    for (const auto& c : cases) {
         ControlWindow window({100, 200}, Tree(c.nodes));
         EXPECT_EQ(Rows(TreeOf(window)), c.rows) << c.nodes;
     }
@@ -321,15 +311,14 @@ TEST_F(TreeView, ChildrenMayComeWithTheExpansion)
 
 TEST_F(TreeView, KeysMoveExpandAndCollapse)
 {
-    struct Case {
+    // Five rows fit; d is disabled.
+    const struct {
         const char* name;
         const char* selected;
         int key;
         const char* expected;
         const char* rows;
-    };
-    // Five rows fit; d is disabled.
-    const Case cases[] = {
+    } cases[] = {
         {"down", "a", VK_DOWN, "b", "abcdefgh"},
         {"down over a disabled node", "c", VK_DOWN, "e", "abcdefgh"},
         {"up over a disabled node", "e", VK_UP, "c", "abcdefgh"},
@@ -355,7 +344,7 @@ TEST_F(TreeView, KeysMoveExpandAndCollapse)
         {"asterisk", "g", VK_MULTIPLY, "g", "abcdefgikjh"},
         {"asterisk at a leaf", "a", VK_MULTIPLY, "a", "abcdefgh"},
     };
-    for (const Case& c : cases) {
+    for (const auto& c : cases) {
         ControlWindow window({100, 100}, Tree("ab!(cde)fg(i(k)j)h"));
         CDUITreeViewImpl& tree = TreeOf(window);
         Node(tree, "d")->SetEnable(FALSE);
@@ -396,21 +385,18 @@ TEST_F(TreeView, AShortcutSelectsItsNode)
 
 TEST_F(TreeView, ScrollsByWholeRowsToTheLastOne)
 {
-    struct Case {
+    // 8 rows of 20 in 70: three and a half fit, the range is 0..90.
+    const struct {
         int position;
         const char* inView;
-    };
-    // 8 rows of 20 in 70: three and a half fit, the range is 0..90.
-    const Case cases[] = {
+    } cases[] = {
         {0, "a0 b20 c40 d60"}, {1, "b0 c20 d40 e60"}, {20, "b0 c20 d40 e60"},
         {90, "f0 g20 h40"},    {500, "f0 g20 h40"},
     };
     ControlWindow window({100, 70}, Tree("abcdefgh"));
     CDUITreeViewImpl& tree = TreeOf(window);
-    for (const Case& c : cases) {
-        SCROLLINFO info{sizeof(SCROLLINFO), SIF_POS, 0, 0, 0, c.position, 0};
-        tree.GetVerticalSB()->SetScrollBarInfo(&info);
-        tree.UpdateLayout(TRUE, nullptr);
+    for (const auto& c : cases) {
+        ScrollTo(tree, c.position);
         EXPECT_EQ(InView(window, tree), c.inView) << c.position;
     }
     EXPECT_EQ(tree.GetNodeAtRow(6)->GetControlRect().right, 90) << "beside the bar";
@@ -474,17 +460,16 @@ TEST_F(TreeView, TheBarComesAndGoesWithTheRows)
 
 TEST_F(TreeView, RemovingTheSelectionClearsIt)
 {
-    struct Case {
+    const struct {
         const char* name;
         void (*remove)(CDUITreeViewImpl& tree);
-    };
-    const Case cases[] = {
+    } cases[] = {
         {"the node", [](CDUITreeViewImpl& tree) { tree.RemoveNode(tree.FindNode("c")); }},
         {"one above", [](CDUITreeViewImpl& tree) { tree.RemoveNode(tree.FindNode("a")); }},
         {"all below one above", [](CDUITreeViewImpl& tree) { tree.FindNode("a")->RemoveAllControl(); }},
         {"all", [](CDUITreeViewImpl& tree) { tree.RemoveAllControl(); }},
     };
-    for (const Case& c : cases) {
+    for (const auto& c : cases) {
         ControlWindow window({100, 200}, Tree("a!(b!(c))d"));
         CDUITreeViewImpl& tree = TreeOf(window);
         CRefPtr<CDUITreeNode> node = Node(tree, "c");
@@ -499,47 +484,24 @@ TEST_F(TreeView, RemovingTheSelectionClearsIt)
 
 TEST_F(TreeView, AHandlerMayTakeAnythingAway)
 {
-    struct Case {
-        const char* name;
-        void (*act)(ControlWindow& window, CDUITreeViewImpl& tree, CDUITreeNode* node);
+    const struct {
+        std::vector<WPARAM> subCodes;
+        void (*act)(ControlWindow& window);
+    } cases[] = {
+        {{1, 2, 3}, [](ControlWindow& window) { window.mouse.DoubleClick(At(0)); }},
+        {{0, 1, 2},
+         [](ControlWindow& window) {
+             window.mouse.Click(At(0)).Click({5, 10}).Click({5, 10});
+         }},
+        {{0, 1, 2, 3},
+         [](ControlWindow& window) {
+             window.mouse.Click(At(0));
+             for (const int key : {VK_MULTIPLY, VK_DOWN, VK_DOWN, VK_LEFT, VK_LEFT, VK_LEFT, VK_RETURN})
+                 window.keys.Press(key);
+         }},
     };
-    const Case cases[] = {
-        {"its node",
-         [](ControlWindow&, CDUITreeViewImpl& tree, CDUITreeNode* node) { tree.RemoveNode(node); }},
-        {"all nodes", [](ControlWindow&, CDUITreeViewImpl& tree, CDUITreeNode*) { tree.RemoveAllControl(); }},
-        {"the tree",
-         [](ControlWindow&, CDUITreeViewImpl& tree, CDUITreeNode*) { tree.GetParent()->RemoveAllControl(); }},
-        {"the window", [](ControlWindow& window, CDUITreeViewImpl&, CDUITreeNode*) { window.Close(); }},
-    };
-    const std::function<void(ControlWindow&)> triggers[] = {
-        [](ControlWindow& window) { window.mouse.DoubleClick(At(0)); },
-        [](ControlWindow& window) {
-            window.mouse.Click(At(0)).Click({5, 10}).Click({5, 10});
-        },
-        [](ControlWindow& window) {
-            window.mouse.Click(At(0));
-            for (const int key : {VK_MULTIPLY, VK_DOWN, VK_DOWN, VK_LEFT, VK_LEFT, VK_LEFT, VK_RETURN})
-                window.keys.Press(key);
-        },
-    };
-    for (const Case& c : cases) {
-        for (const auto& trigger : triggers) {
-            for (WPARAM code = 0; code <= 3; ++code) {
-                SCOPED_TRACE(std::string(c.name) + " at " + std::to_string(code));
-                ControlWindow window({100, 200}, "<canvas>" + Tree("a(b(c)d)e") + "</canvas>");
-                CDUITreeViewImpl& tree = TreeOf(window);
-                bool isDone = false;
-                window.OnNotify([&](const tagDUINotify& notify) {
-                    if (notify.nCode != DUINOTIFY_TREEEXPAND || notify.wParam != code || isDone)
-                        return;
-                    isDone = true;
-                    c.act(window, tree, reinterpret_cast<CDUITreeNode*>(notify.lParam));
-                });
-                trigger(window);
-                window.OnNotify(nullptr);
-            }
-        }
-    }
+    for (const auto& c : cases)
+        TakeAnythingAway(Tree("a(b(c)d)e"), DUINOTIFY_TREEEXPAND, c.subCodes, c.act);
 }
 
 TEST_F(TreeView, ACopyHasTheSameNodesAndLooksTheSame)

@@ -62,19 +62,18 @@ TEST_F(ScriptText, BreaksBetweenIdeographs)
         const NativeCodePage codePage(script.codePage);
         TextCanvas canvas;
         const int one = canvas.Width(script.characters[0]);
-        struct Case {
+        const struct {
             std::string text;
             int width;
             int lines;
             int widest;
-        };
-        const std::vector<Case> cases{
+        } cases[] = {
             {Joined(script.characters, 6), 2 * one, 3, 2 * one},
             {Joined(script.characters, 6), 4 * one + 1, 2, 4 * one},
             {Joined(script.characters, 3), one - 1, 3, one},
             {"ab" + Joined(script.characters, 2), canvas.Width("ab") + one, 2, canvas.Width("ab") + one},
         };
-        for (const Case& c : cases) {
+        for (const auto& c : cases) {
             const RECT rect = canvas.Calculated(c.text, {0, 0, c.width, 0}, DT_WORDBREAK);
             EXPECT_EQ(rect.bottom, c.lines * canvas.LineHeight()) << script.name << ' ' << c.text;
             EXPECT_EQ(rect.right, c.widest) << script.name << ' ' << c.text;

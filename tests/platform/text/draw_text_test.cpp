@@ -11,16 +11,15 @@ TEST_F(DrawTextPlacement, CentresAndAlignsInTheRectangle)
     const int width = canvas.Width(text);
     const int line = canvas.LineHeight();
     for (int height = 0; height <= 3 * line; ++height) {
-        struct Case {
+        const RECT rect{40, 60, 40 + 150 + height % 2, 60 + height};
+        const int middle = height / 2 - line / 2;
+        const int centre = (rect.right - rect.left - width) / 2;
+        const struct {
             const char* name;
             UINT format;
             POINT at;
             int result;  // 0 when not known
-        };
-        const RECT rect{40, 60, 40 + 150 + height % 2, 60 + height};
-        const int middle = height / 2 - line / 2;
-        const int centre = (rect.right - rect.left - width) / 2;
-        const std::vector<Case> cases{
+        } cases[] = {
             {"top", DT_SINGLELINE, {40, 60}, line},
             {"middle", DT_SINGLELINE | DT_VCENTER, {40, 60 + middle}, middle + line},
             {"bottom", DT_SINGLELINE | DT_BOTTOM, {40, 60 + height - line}, 0},
@@ -29,7 +28,7 @@ TEST_F(DrawTextPlacement, CentresAndAlignsInTheRectangle)
             {"middle is for single lines", DT_VCENTER, {40, 60}, line},
             {"bottom is for single lines", DT_BOTTOM | DT_RIGHT, {rect.right - width, 60}, line},
         };
-        for (const Case& c : cases) {
+        for (const auto& c : cases) {
             canvas.Fill(0);
             const int result = canvas.Draw(text, rect, c.format | DT_NOCLIP);
             if (c.result != 0) {
@@ -78,14 +77,13 @@ TEST_F(DrawTextCalculation, AnswersTheRectangleThatTheTextNeeds)
 {
     TextCanvas canvas;
     const int line = canvas.LineHeight();
-    struct Case {
+    const struct {
         const char* name;
         std::string text;
         UINT format;
         std::string widest;  // the text whose width is the rectangle's
         int lines;
-    };
-    const std::vector<Case> cases{
+    } cases[] = {
         {"one line", "Hello", 0, "Hello", 1},
         {"single line", "Hello", DT_SINGLELINE, "Hello", 1},
         {"centred", "Hello", DT_CENTER | DT_SINGLELINE, "Hello", 1},
@@ -103,7 +101,7 @@ TEST_F(DrawTextCalculation, AnswersTheRectangleThatTheTextNeeds)
         {"trailing ampersand", "Hello&", 0, "Hello&", 1},
         {"hidden mnemonic", "&Hello", DT_HIDEPREFIX, "Hello", 1},
     };
-    for (const Case& c : cases) {
+    for (const auto& c : cases) {
         int result = 0;
         const RECT rect = canvas.Calculated(c.text, {7, 9, 8, 10}, c.format, &result);
         EXPECT_EQ(RectText(rect), RectText({7, 9, 7 + canvas.Width(c.widest), 9 + c.lines * line})) << c.name;
@@ -136,13 +134,12 @@ TEST_F(DrawTextCalculation, StopsAfterTheFirstLineBeyondTheRectangle)
     TextCanvas canvas;
     const int line = canvas.LineHeight();
     const std::string text = "one\ntwo\nthree\nfour\nfive";
-    struct Case {
+    const struct {
         const char* name;
         int height;
         UINT format;
         int lines;
-    };
-    const std::vector<Case> cases{
+    } cases[] = {
         {"no height", 0, 0, 1},
         {"less than a line", line - 1, 0, 1},
         {"more than a line", line + 1, 0, 2},
@@ -150,7 +147,7 @@ TEST_F(DrawTextCalculation, StopsAfterTheFirstLineBeyondTheRectangle)
         {"all", 6 * line, 0, 5},
         {"not clipped", 1, DT_NOCLIP, 5},
     };
-    for (const Case& c : cases) {
+    for (const auto& c : cases) {
         canvas.Fill(0);
         EXPECT_EQ(canvas.Draw(text, {0, 0, 100, c.height}, c.format), c.lines * line) << c.name;
     }
@@ -170,13 +167,12 @@ using DrawTextPrefix = PlatformTest;
 
 TEST_F(DrawTextPrefix, UnderlinesTheLastMnemonic)
 {
-    struct Case {
+    const struct {
         const char* name;
         const char* text;
         UINT format;
         std::string before, underlined, all;
-    };
-    const std::vector<Case> cases{
+    } cases[] = {
         {"first", "&Open", 0, "", "O", "Open"},
         {"inside", "Ex&it", 0, "Ex", "i", "Exit"},
         {"two", "&Save &as", 0, "Save ", "a", "Save as"},
@@ -184,7 +180,7 @@ TEST_F(DrawTextPrefix, UnderlinesTheLastMnemonic)
         {"none", "R&&D", 0, "", "", "R&D"},
         {"off", "&Open", DT_NOPREFIX, "", "", "&Open"},
     };
-    for (const Case& c : cases) {
+    for (const auto& c : cases) {
         TextCanvas canvas;
         canvas.Draw(c.text, {20, 30, 300, 100}, DT_SINGLELINE | c.format);
         TextCanvas expected;
@@ -205,14 +201,13 @@ TEST_F(DrawTextTabs, ReachTheNextStop)
 {
     TextCanvas canvas;
     const int average = canvas.Metrics().tmAveCharWidth;
-    struct Case {
+    const struct {
         const char* name;
         std::string text;
         UINT format;
         int columns;  // the last stop, in average characters
         std::string rest;
-    };
-    const std::vector<Case> cases{
+    } cases[] = {
         {"eight characters", "a\tb", DT_EXPANDTABS, 8, "b"},
         {"two tabs", "a\t\tb", DT_EXPANDTABS, 16, "b"},
         {"at the start", "\tText", DT_EXPANDTABS, 8, "Text"},
@@ -220,7 +215,7 @@ TEST_F(DrawTextTabs, ReachTheNextStop)
         {"stops of twenty", "a\tb", DT_EXPANDTABS | DT_TABSTOP | (20 << 8), 20, "b"},
         {"two columns", "a\tb\tc", DT_EXPANDTABS | DT_TABSTOP | (10 << 8), 20, "c"},
     };
-    for (const Case& c : cases) {
+    for (const auto& c : cases) {
         if (!(c.format & DT_TABSTOP)) {  // whose count takes the place of DT_CALCRECT
             const RECT rect = canvas.Calculated(c.text, {0, 0, 10, 10}, c.format);
             EXPECT_EQ(rect.right, c.columns * average + canvas.Width(c.rest)) << c.name;

@@ -113,14 +113,13 @@ TEST_F(WordBreak, EndsParagraphsAtTheirLineBreaks)
 {
     TextCanvas canvas;
     const int line = canvas.LineHeight();
-    struct Case {
+    const int two = canvas.Width("aaa bbb ");
+    const struct {
         const char* name;
         std::string text;
         int width;
         int lines;
-    };
-    const int two = canvas.Width("aaa bbb ");
-    const std::vector<Case> cases{
+    } cases[] = {
         {"fits", "aaa bbb", two, 1},
         {"wraps", "aaa bbb ccc", two, 2},
         {"newline inside", "aaa\nbbb ccc", two, 2},
@@ -130,7 +129,7 @@ TEST_F(WordBreak, EndsParagraphsAtTheirLineBreaks)
         {"a word too long", "mmmmmmmmmmmmmmmm bbb", two, 2},
         {"no-break at a tab", "a\tb\tc", 1, 1},
     };
-    for (const Case& c : cases)
+    for (const auto& c : cases)
         EXPECT_EQ(canvas.Calculated(c.text, {0, 0, c.width, 0}, DT_WORDBREAK).bottom, c.lines * line)
             << c.name;
 }
@@ -202,22 +201,21 @@ TEST_F(Ellipsis, MarksTheLastLineThatIsDrawnWhenTextIsLeft)
 {
     TextCanvas canvas;
     const int line = canvas.LineHeight();
-    struct Case {
+    const int width = canvas.Width("first words ");
+    const struct {
         const char* name;
         std::string text;
         UINT format;
         int height;
         std::string last;
-    };
-    const int width = canvas.Width("first words ");
-    const std::vector<Case> cases{
+    } cases[] = {
         {"first line", "aa\nbb\ncc", 0, line - 1, "aa..."},
         {"second line", "aa\nbb\ncc", 0, 2 * line - 1, "bb..."},
         {"enough room", "aa\nbb\ncc", 0, 4 * line, "aa\nbb\ncc"},
         {"wrapped", "first words and more words that go on", DT_WORDBREAK, 2 * line - 1,
          Shortened(canvas, "and more ", "...", width)},
     };
-    for (const Case& c : cases)
+    for (const auto& c : cases)
         EXPECT_EQ(canvas.Modified(c.text, width, DT_END_ELLIPSIS | c.format, c.height), c.last) << c.name;
 }
 

@@ -17,21 +17,20 @@ TEST_F(Query, ParentIsParentOrOwnerOfAPopup)
 {
     const PlatformWindow child(Child("child", top, {0, 0, 10, 10}));
     const PlatformWindow grandchild(Child("grandchild", child, {0, 0, 10, 10}));
-    struct Case {
+    const struct {
         const char* name;
         DWORD style;
         HWND given;
         HWND parent;
         HWND owner;
-    };
-    const Case cases[] = {
+    } cases[] = {
         {"child", WS_CHILD, child, child, nullptr},
         {"owned popup", WS_POPUP, top, top, top},
         {"unowned popup", WS_POPUP, nullptr, nullptr, nullptr},
         {"owned overlapped", WS_OVERLAPPED, top, nullptr, top},
         {"a child given as owner", WS_POPUP, grandchild, top, top},
     };
-    for (const Case& c : cases) {
+    for (const auto& c : cases) {
         const PlatformWindow window(Popup().Hidden().Styled(c.style).Below(c.given));
         EXPECT_EQ(GetParent(window), c.parent) << c.name;
         EXPECT_EQ(GetWindow(window, GW_OWNER), c.owner) << c.name;

@@ -47,6 +47,13 @@ public:
         return dynamic_cast<Control*>(Find(name));
     }
 
+    /// The root, as its class.
+    template <class Control = DUI::IDUIControl>
+    Control& Root() const
+    {
+        return dynamic_cast<Control&>(*GetRootControl());
+    }
+
     /// Notifications since the last call, without DUINOTIFY_CREATED and DUINOTIFY_DESTROYED unless asked for.
     std::vector<Noticed> TakeNotifications();
     void LogLifetimes(bool isOn) { m_logsLifetimes = isOn; }
