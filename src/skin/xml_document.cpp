@@ -17,14 +17,7 @@ std::string_view ViewOf(LPCSTR name)
 
 bool CXmlDocument::SetDocument(LPCSTR text)
 {
-    if (text)
-        return SetDocument(CString(text));
-    if (m_flags & (kReadFile | kWriteFile))
-        return false;
-    const int flags = m_flags;
-    *this = CXmlDocument();
-    m_flags = flags;
-    return false;
+    return SetDocument(CString(text));
 }
 
 bool CXmlDocument::SetDocument(CString text)

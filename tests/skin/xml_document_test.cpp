@@ -145,6 +145,7 @@ TEST(XmlDocument, ReplacesTheDocumentBefore)
     EXPECT_TRUE(xml.FindElement("x"));
     EXPECT_STREQ(xml.GetAttribute("b"), "2");
     EXPECT_FALSE(xml.SetDocument(nullptr));
+    EXPECT_STREQ(xml.GetResult(), "<no_root_element/>\r\n");
     EXPECT_TRUE(xml.GetDocument().IsEmpty());
     EXPECT_FALSE(xml.FindElement());
     EXPECT_FALSE(xml.IntoElement() || xml.OutOfElement() || xml.FindChildElement());
