@@ -8,12 +8,31 @@
 namespace example {
 namespace {
 
+// The library says the same of a document that it cannot read and of one that is not well formed.
+void ExplainDocument(const std::string& path)
+{
+    CString text, log;
+    int flags = 0;
+    DUI::CXmlDocument document;
+    if (!DUI::CXmlDocument::ReadTextFile(path.c_str(), text, log, flags))
+        std::fprintf(stderr, "  The file is missing or cannot be read.\n");
+    else if (!document.SetDocument(text))
+        std::fprintf(stderr, "  The file is not well formed: %s\n",
+                     document.GetResult().Left(document.GetResult().Find('\r')).GetString());
+}
+
 // Why the library refused something is in its trace.
 void ShowTrace(void*, const char* line)
 {
+    constexpr std::string_view kRefusedDocument = "can not open file(";
     const std::string_view text(line);
-    if (text.find("failed") != text.npos || text.find("can not open") != text.npos)
+    const std::size_t document = text.find(kRefusedDocument);
+    if (document != text.npos || text.find("failed") != text.npos)
         std::fprintf(stderr, "%s\n", line);
+    if (document != text.npos) {
+        const std::size_t path = document + kRefusedDocument.size();
+        ExplainDocument(std::string(text.substr(path, text.rfind(')') - path)));
+    }
 }
 
 }  // namespace

@@ -27,10 +27,12 @@ hello_failures() {
     with_package
     rm "$scratch/app/hello-skin/entry.xml"
     expect_refusal "no entry document" 'entry.xml'
+    expect_refusal "no entry document" 'missing'
 
     with_package
     sed -i 's,</skin_set>,,' "$scratch/app/hello-skin/entry.xml"
     expect_refusal "an entry document that is not well formed" 'entry.xml'
+    expect_refusal "an entry document that is not well formed" 'not well formed: <unended_start_tag tagname="skin_set"'
 
     with_package
     sed -i '/<language /d' "$scratch/app/hello-skin/entry.xml"
