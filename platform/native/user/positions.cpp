@@ -232,6 +232,17 @@ void EraseChanged(HWND handle)
         EraseNow(window->parent);
 }
 
+// Between client and screen coordinates: the window's origin on the screen is added or, with -1, taken off.
+BOOL MoveByOrigin(HWND handle, POINT& point, int sign)
+{
+    const Window* const window = LookUpWindow(handle);
+    if (!window)
+        return FALSE;
+    const POINT origin = ScreenOrigin(*window);
+    point = {point.x + sign * origin.x, point.y + sign * origin.y};
+    return TRUE;
+}
+
 }  // namespace
 
 BOOL SetWindowPos(HWND handle, HWND insertAfter, int x, int y, int width, int height, UINT flags)
@@ -290,25 +301,9 @@ BOOL GetClientRect(HWND handle, RECT* rect)
 
 BOOL AdjustWindowRectEx(RECT*, DWORD, BOOL, DWORD) { return TRUE; }
 
-BOOL ClientToScreen(HWND handle, POINT* point)
-{
-    const Window* window = LookUpWindow(handle);
-    if (!window)
-        return FALSE;
-    const POINT origin = ScreenOrigin(*window);
-    *point = {point->x + origin.x, point->y + origin.y};
-    return TRUE;
-}
+BOOL ClientToScreen(HWND handle, POINT* point) { return MoveByOrigin(handle, *point, 1); }
 
-BOOL ScreenToClient(HWND handle, POINT* point)
-{
-    const Window* window = LookUpWindow(handle);
-    if (!window)
-        return FALSE;
-    const POINT origin = ScreenOrigin(*window);
-    *point = {point->x - origin.x, point->y - origin.y};
-    return TRUE;
-}
+BOOL ScreenToClient(HWND handle, POINT* point) { return MoveByOrigin(handle, *point, -1); }
 
 int SetWindowRgn(HWND handle, HRGN region, BOOL redraw)
 {
