@@ -25,13 +25,13 @@ protected:
 };
 
 /// A message loop with filters and idle handlers, none of which it owns. A filter or handler may remove
-/// itself or others while it is called.
+/// itself or others while it is called. Not to be deleted through a pointer to a base: the destructor is not
+/// among the published virtual operations.
 class QVUI_API CDUIMessageLoop {
 public:
     CDUIMessageLoop() = default;
     CDUIMessageLoop(const CDUIMessageLoop&) = delete;
     CDUIMessageLoop& operator=(const CDUIMessageLoop&) = delete;
-    virtual ~CDUIMessageLoop() = default;
 
     /// Asks the filters from the last added to the first; TRUE when one consumed the message.
     virtual BOOL PreTranslateMessage(MSG* pMsg);
