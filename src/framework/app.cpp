@@ -7,19 +7,24 @@ namespace {
 
 CDUIApp g_app;
 
-// Where the platform has a class that hosts ActiveX controls, windows of that class can be created after
-// this.
+// Where the platform has a class that hosts ActiveX controls, windows of the class "AtlAxWin90" can be created
+// after this.
 void RegisterActiveXHost()
 {
-    using InitializeHost = BOOL(WINAPI*)();
-    const HMODULE module = LoadLibraryA("atl.dll");
-    if (!module)
-        return;
-    const auto initialize = reinterpret_cast<InitializeHost>(GetProcAddress(module, "AtlAxWinInit"));
-    if (initialize)
-        initialize();
     RegisterWindowMessageA("WM_ATLGETHOST");
     RegisterWindowMessageA("WM_ATLGETCONTROL");
+    using InitializeHost = BOOL(WINAPI*)();
+    const HMODULE module = LoadLibraryA("atl.dll");
+    const auto initialize =
+        module ? reinterpret_cast<InitializeHost>(GetProcAddress(module, "AtlAxWinInit")) : nullptr;
+    WNDCLASSEXA host{};
+    host.cbSize = sizeof host;
+    if (!initialize || !initialize() || !GetClassInfoExA(nullptr, "AtlAxWin", &host))
+        return;
+    // The module that is always there names its class without a version.
+    host.hInstance = GetModuleHandleA(nullptr);
+    host.lpszClassName = "AtlAxWin90";
+    RegisterClassExA(&host);
 }
 
 }  // namespace
