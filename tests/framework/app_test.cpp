@@ -79,14 +79,14 @@ TEST(MessageLoop, AsksTheLastFilterFirstAndStopsAtOneThatConsumes)
         EXPECT_TRUE(loop.AddMessageFilter(step));
     loop.AddMessageFilter(nullptr);
     EXPECT_TRUE(loop.PreTranslateMessage(&message));
-    EXPECT_EQ(Probe::Take(), (std::vector<std::string>{"third", "second"}));
+    EXPECT_EQ(Probe::Take(), "third, second");
     third.then = [&] { loop.RemoveMessageFilter(&second); };
     EXPECT_FALSE(loop.PreTranslateMessage(&message));
-    EXPECT_EQ(Probe::Take(), (std::vector<std::string>{"third", "first"}));
+    EXPECT_EQ(Probe::Take(), "third, first");
     loop.RemoveMessageFilter(&first);
     loop.RemoveMessageFilter(&third);
     EXPECT_FALSE(loop.PreTranslateMessage(&message));
-    EXPECT_EQ(Probe::Take(), std::vector<std::string>{});
+    EXPECT_EQ(Probe::Take(), "");
 }
 
 TEST(MessageLoop, RunsUntilItIsToldToQuitAndIdlesOncePerPause)
@@ -108,7 +108,7 @@ TEST(MessageLoop, RunsUntilItIsToldToQuitAndIdlesOncePerPause)
     loop.AddMessageFilter(&filter);
     Probe::Take();
     EXPECT_EQ(loop.Run(), 42);
-    EXPECT_EQ(Probe::Take(), (std::vector<std::string>{"idle", "filter", "filter", "idle"}));
+    EXPECT_EQ(Probe::Take(), "idle, filter, filter, idle");
 }
 
 TEST(MessageLoop, KnowsWhichMessagesBeginAPause)

@@ -27,64 +27,48 @@ protected:
     }
 };
 
-TEST_F(ControlTree, RefusesNullDoubleAndCircularChildren)
-{
-    const CRefPtr<IDUIControl> root = Make("root");
-    const CRefPtr<IDUIControl> child = Make("child");
-    EXPECT_FALSE(root->AddControl(CRefPtr<IDUIControl>()));
-    EXPECT_FALSE(root->AddControl(root));
-    EXPECT_TRUE(root->AddControl(child));
-    EXPECT_FALSE(root->AddControl(child));
-    EXPECT_FALSE(child->AddControl(root));
-    EXPECT_EQ(root->GetControlCount(), 1);
-    EXPECT_EQ(child->GetParent(), root.GetPtr());
-    EXPECT_EQ(root->GetParent(), nullptr);
-}
-
-TEST_F(ControlTree, RefusesIndexesThatAreNotThere)
+TEST_F(ControlTree, TakesAChildOnceAndInItsPlace)
 {
     const CRefPtr<IDUIControl> root = Make("root");
     const CRefPtr<IDUIControl> first = Make("first");
+    const CRefPtr<IDUIControl> second = Make("second");
+    EXPECT_FALSE(root->AddControl(CRefPtr<IDUIControl>()));
+    EXPECT_FALSE(root->AddControl(root));
     EXPECT_FALSE(root->AddControlAt(0, first));
     EXPECT_EQ(first->GetParent(), nullptr);
-    root->AddControl(first);
-    const CRefPtr<IDUIControl> second = Make("second");
+    EXPECT_TRUE(root->AddControl(first));
+    EXPECT_FALSE(root->AddControl(first));
+    EXPECT_FALSE(first->AddControl(root));
+    EXPECT_EQ(first->GetParent(), root.GetPtr());
+    EXPECT_EQ(root->GetParent(), nullptr);
     EXPECT_FALSE(root->AddControlAt(1, second));
     EXPECT_FALSE(root->AddControlAt(-1, second));
     EXPECT_TRUE(root->AddControlAt(0, second));
     EXPECT_EQ(root->GetControlByIndex(0), second.GetPtr());
     EXPECT_EQ(root->GetControlIndex(first), 1);
-    EXPECT_FALSE(root->RemoveControlAt(2));
     EXPECT_EQ(root->GetControlByIndex(-1), nullptr);
     EXPECT_EQ(root->GetControlByIndex(2), nullptr);
+
+    auto& base = static_cast<CDUIControlBase&>(*root.GetPtr());
+    EXPECT_EQ(base.GetNextSiblingControl(second), first.GetPtr());
+    EXPECT_EQ(base.GetNextSiblingControl(first), nullptr);
+    EXPECT_EQ(base.GetPrevSiblingControl(second), nullptr);
+    EXPECT_EQ(base.GetNextSiblingControl(root), second.GetPtr()) << "a stranger stands before the first";
+
+    EXPECT_TRUE(root->RemoveControl(Make("stranger")));
+    EXPECT_FALSE(root->RemoveControlAt(2));
+    EXPECT_EQ(root->GetControlCount(), 2);
     EXPECT_TRUE(root->SetControlIndex(second, 0));
     EXPECT_FALSE(root->SetControlIndex(first, 1));
     EXPECT_EQ(root->GetControlCount(), 1);
     EXPECT_EQ(first->GetParent(), nullptr);
 }
 
-TEST_F(ControlTree, FindsNeighboursAndTakesStrangersForIndexMinusOne)
-{
-    const CRefPtr<IDUIControl> root = Make("root");
-    const CRefPtr<IDUIControl> first = Make("first");
-    const CRefPtr<IDUIControl> second = Make("second");
-    root->AddControl(first);
-    root->AddControl(second);
-    auto& base = static_cast<CDUIControlBase&>(*root.GetPtr());
-    EXPECT_EQ(base.GetNextSiblingControl(first), second.GetPtr());
-    EXPECT_EQ(base.GetNextSiblingControl(second), nullptr);
-    EXPECT_EQ(base.GetPrevSiblingControl(first), nullptr);
-    EXPECT_EQ(base.GetNextSiblingControl(root), first.GetPtr());
-    EXPECT_TRUE(root->RemoveControl(Make("stranger")));
-    EXPECT_EQ(root->GetControlCount(), 2);
-}
-
 TEST_F(ControlTree, TellsChildrenBeforeParentsThatTheyComeAndGo)
 {
     auto window = ThreeChildren();
-    const std::vector<std::string> created{"filler create", "a create", "b create", "c create",
-                                           "root create"};
-    EXPECT_EQ(Without(Probe::Take(), {"ground", "text", "border", "WINDOW"}), created);
+    EXPECT_EQ(Probe::Take({"ground", "text", "border", "WINDOW"}),
+              "filler create, a create, b create, c create, root create");
     window->LogLifetimes(true);
     IDUIControl* const root = window->Find("root");
     const CRefPtr<IDUIControl> late = Make("late");
@@ -92,24 +76,15 @@ TEST_F(ControlTree, TellsChildrenBeforeParentsThatTheyComeAndGo)
     root->AddControl(late);
     root->RemoveControl(late);
     EXPECT_EQ(late->GetParent(), nullptr);
-    EXPECT_EQ(Probe::Take(),
-              (std::vector<std::string>{"inner create", "late create", "inner destroy", "late destroy"}));
+    EXPECT_EQ(Probe::Take(), "inner create, late create, inner destroy, late destroy");
     EXPECT_EQ(window->TakeNotifications(), (std::vector<Noticed>{{DUINOTIFY_CREATED, "inner", 0, 0},
                                                                  {DUINOTIFY_CREATED, "late", 0, 0},
                                                                  {DUINOTIFY_DESTROYED, "inner", 0, 0},
                                                                  {DUINOTIFY_DESTROYED, "late", 0, 0}}));
     root->RemoveAllControl();
-    EXPECT_EQ(Probe::Take(),
-              (std::vector<std::string>{"filler destroy", "a destroy", "b destroy", "c destroy"}));
+    EXPECT_EQ(Probe::Take(), "filler destroy, a destroy, b destroy, c destroy");
     EXPECT_EQ(root->GetControlCount(), 0);
 }
-
-struct FindCase {
-    const char* name;
-    POINT point;
-    UINT flags;
-    const char* expected;
-};
 
 IDUIControl* ContainsPoint(IDUIControl* control, void* data)
 {
@@ -135,19 +110,25 @@ TEST_F(ControlTree, FindsTheDeepestOrTheOutermostControl)
     const CRefPtr<IDUIControl> disabled = Make("disabled", {80, 0, 100, 20});
     disabled->SetEnable(FALSE);
     root->AddControl(disabled);
-    const FindCase cases[] = {
-        {"a child of a transparent box", {22, 22}, DUIFIND_VISIBLE | DUIFIND_HITTEST, "inside"},
-        {"the box itself", {12, 12}, DUIFIND_VISIBLE | DUIFIND_HITTEST, "root"},
-        {"the lower index of two", {27, 27}, DUIFIND_VISIBLE | DUIFIND_HITTEST, "inside"},
-        {"a child outside its parent", {75, 75}, DUIFIND_VISIBLE | DUIFIND_HITTEST, "outside"},
-        {"a hidden one", {52, 52}, DUIFIND_VISIBLE | DUIFIND_HITTEST, "root"},
+    constexpr UINT kShown = DUIFIND_VISIBLE | DUIFIND_HITTEST;
+    const struct {
+        const char* name;
+        POINT point;
+        UINT flags;
+        const char* expected;
+    } cases[] = {
+        {"a child of a transparent box", {22, 22}, kShown, "inside"},
+        {"the box itself", {12, 12}, kShown, "root"},
+        {"the lower index of two", {27, 27}, kShown, "inside"},
+        {"a child outside its parent", {75, 75}, kShown, "outside"},
+        {"a hidden one", {52, 52}, kShown, "root"},
         {"a hidden one that counts", {52, 52}, DUIFIND_HITTEST, "hidden"},
-        {"a disabled one", {90, 10}, DUIFIND_VISIBLE | DUIFIND_ENABLED | DUIFIND_HITTEST, "root"},
-        {"a disabled one that counts", {90, 10}, DUIFIND_VISIBLE | DUIFIND_HITTEST, "disabled"},
-        {"the outermost", {22, 22}, DUIFIND_VISIBLE | DUIFIND_HITTEST | DUIFIND_ME_FIRST, "root"},
-        {"beyond everything", {100, 100}, DUIFIND_VISIBLE | DUIFIND_HITTEST, nullptr},
+        {"a disabled one", {90, 10}, kShown | DUIFIND_ENABLED, "root"},
+        {"a disabled one that counts", {90, 10}, kShown, "disabled"},
+        {"the outermost", {22, 22}, kShown | DUIFIND_ME_FIRST, "root"},
+        {"beyond everything", {100, 100}, kShown, nullptr},
     };
-    for (const FindCase& c : cases) {
+    for (const auto& c : cases) {
         POINT point = c.point;
         IDUIControl* const found = root->FindControl(&ContainsPoint, &point, c.flags);
         EXPECT_STREQ(found ? found->GetName().GetString() : nullptr, c.expected) << c.name;
@@ -159,13 +140,12 @@ TEST_F(ControlTree, OffersContainersTwiceInDocumentOrder)
     const CRefPtr<IDUIControl> root = Make("root");
     root->AddControl(Make("a"));
     root->AddControl(Make("b"));
-    std::vector<std::string> offered;
-    const auto write = [](IDUIControl* control, void* data) -> IDUIControl* {
-        static_cast<std::vector<std::string>*>(data)->push_back(control->GetName().GetString());
+    const auto write = [](IDUIControl* control, void*) -> IDUIControl* {
+        Probe::Write(control->GetName().GetString());
         return nullptr;
     };
-    root->FindControl(write, &offered, DUIFIND_ME_FIRST);
-    EXPECT_EQ(offered, (std::vector<std::string>{"root", "a", "a", "b", "b", "root"}));
+    root->FindControl(write, nullptr, DUIFIND_ME_FIRST);
+    EXPECT_EQ(Probe::Take(), "root, a, a, b, b, root");
 }
 
 TEST_F(ControlTree, PaintsInOrderAndOnlyWhatMeetsThePaintRectangle)
@@ -176,13 +156,10 @@ TEST_F(ControlTree, PaintsInOrderAndOnlyWhatMeetsThePaintRectangle)
     RECT changed{35, 5, 40, 10};
     window->Find("b")->UpdateLayout(FALSE, &changed);
     window->Paint();
-    EXPECT_EQ(Probe::Take(), (std::vector<std::string>{
-                                 "root background", "root foreground", "root text", "root border",
-                                 "filler background", "filler foreground", "filler text", "filler border",
-                                 "b background", "b foreground", "b text", "b border"}));
-    const RECT clip = window->Find<Probe>("b")->lastPaint;
-    EXPECT_EQ(clip.left, 35);
-    EXPECT_EQ(clip.right, 40);
+    EXPECT_EQ(Probe::Take(),
+              "root background, root foreground, root text, root border, filler background, filler "
+              "foreground, filler text, filler border, b background, b foreground, b text, b border");
+    EXPECT_EQ(Text(window->Find<Probe>("b")->lastPaint), "35,5,40,10");
 }
 
 TEST_F(ControlTree, AsksParentsForVisibilityOnlyWhenTold)

@@ -167,13 +167,12 @@ TEST(HtmlLayout, StopsBelowTheHeight)
 
 TEST(HtmlBreaks, IdeographsBreakBesidePunctuationRules)
 {
-    struct BreakCase {
+    const struct {
         const char* name;
         char32_t before;
         char32_t after;
         bool mayBreak;
-    };
-    const BreakCase cases[] = {
+    } cases[] = {
         {"letters", U'a', U'b', false},
         {"behind a space", U' ', U'b', true},
         {"before a space", U'a', U' ', false},
@@ -194,7 +193,7 @@ TEST(HtmlBreaks, IdeographsBreakBesidePunctuationRules)
         {"hangul", 0xD55C, 0xAE00, false},
         {"accented letters", 0xE9, 0xE8, false},
     };
-    for (const BreakCase& c : cases)
+    for (const auto& c : cases)
         EXPECT_EQ(MayBreakBetween(c.before, c.after), c.mayBreak) << c.name;
 }
 

@@ -25,7 +25,7 @@ public:
         m_pixels.Create(kWidth, kHeight, 32);
         m_hDC = CreateCompatibleDC(nullptr);
         m_old = SelectObject(m_hDC, m_pixels.GetBitmap());
-        PatBlt(m_hDC, 0, 0, kWidth, kHeight, WHITENESS);
+        Clear();
     }
     Paper(const Paper&) = delete;
     Paper& operator=(const Paper&) = delete;
@@ -35,6 +35,7 @@ public:
         DeleteDC(m_hDC);
     }
 
+    void Clear() const { PatBlt(m_hDC, 0, 0, kWidth, kHeight, WHITENESS); }
     HDC Context() const { return m_hDC; }
     COLORREF At(int x, int y) const { return m_pixels.GetPixel(x, y, TRUE).GetColor(); }
 
@@ -72,17 +73,22 @@ private:
     HGDIOBJ m_old;
 };
 
+/// Whether one channel stands out of the other two.
+bool IsOnly(int strong, int other, int third)
+{
+    return strong > 180 && other < 80 && third < 80;
+}
 bool IsRed(COLORREF color)
 {
-    return GetRValue(color) > 180 && GetGValue(color) < 80 && GetBValue(color) < 80;
-}
-bool IsBlue(COLORREF color)
-{
-    return GetBValue(color) > 180 && GetGValue(color) < 80 && GetRValue(color) < 80;
+    return IsOnly(GetRValue(color), GetGValue(color), GetBValue(color));
 }
 bool IsGreen(COLORREF color)
 {
-    return GetGValue(color) > 180 && GetRValue(color) < 80 && GetBValue(color) < 80;
+    return IsOnly(GetGValue(color), GetRValue(color), GetBValue(color));
+}
+bool IsBlue(COLORREF color)
+{
+    return IsOnly(GetBValue(color), GetRValue(color), GetGValue(color));
 }
 
 class HtmlDrawer : public qvui::test::ControlTest {
@@ -106,7 +112,7 @@ protected:
 TEST_F(HtmlDrawer, StylesShowInThePixels)
 {
     const auto inkOf = [this](const char* markup) {
-        PatBlt(paper.Context(), 0, 0, kWidth, kHeight, WHITENESS);
+        paper.Clear();
         Draw(markup);
         return paper.Ink();
     };
@@ -121,11 +127,10 @@ TEST_F(HtmlDrawer, StylesShowInThePixels)
 
 TEST_F(HtmlDrawer, ColoursComeFromLiteralsTheSkinAndTheBasicNames)
 {
-    struct ColorCase {
+    const struct {
         const char* markup;
         bool (*isOfColor)(COLORREF);
-    };
-    const ColorCase cases[] = {
+    } cases[] = {
         {"<font color=#FF0000 size=48>MM", IsRed},
         {"<font color=#FFFF0000 size=48>MM", IsRed},
         {"<font color=\"rgb(0,0,255)\" size=48>MM", IsBlue},
@@ -133,12 +138,12 @@ TEST_F(HtmlDrawer, ColoursComeFromLiteralsTheSkinAndTheBasicNames)
         {"<font color=red size=48>MM", IsRed},
         {"<font color=green size=48>MM", IsGreen},  // the skin's, which is lighter than the basic one
     };
-    for (const ColorCase& c : cases) {
-        PatBlt(paper.Context(), 0, 0, kWidth, kHeight, WHITENESS);
+    for (const auto& c : cases) {
+        paper.Clear();
         Draw(c.markup);
         EXPECT_GT(paper.Count(c.isOfColor), 50) << c.markup;
     }
-    PatBlt(paper.Context(), 0, 0, kWidth, kHeight, WHITENESS);
+    paper.Clear();
     CPPHtmlDrawer drawer;
     drawer.SetText("<font size=48>M<font color=nonsense>M");
     drawer.SetTextColor(RGB(0, 0, 255));
@@ -153,7 +158,7 @@ TEST_F(HtmlDrawer, MeasuresWhatItDraws)
          {"one line", "two\nlines",
           "<b>bold</b> and a sentence that is long enough to be wrapped at least once",
           "<center>centred</center>and not", "<font size=32>large</font> and <img src=strip> an icon"}) {
-        PatBlt(paper.Context(), 0, 0, kWidth, kHeight, WHITENESS);
+        paper.Clear();
         CPPHtmlDrawer drawer;
         drawer.SetText(markup);
         const SIZE size = drawer.Measure(nullptr, 200);
@@ -182,20 +187,16 @@ TEST_F(HtmlDrawer, ImagesAreTheSkins)
     EXPECT_TRUE(IsRed(paper.At(50, 10))) << "an icon that is not there is the first";
 }
 
-TEST_F(HtmlDrawer, RulesSpanTheRectangle)
+TEST_F(HtmlDrawer, RulesSpanTheRectangleAndCentresStandInIt)
 {
     Draw("<hr>", {50, 20, 250, 60});
-    const RECT ink = paper.InkBounds();
-    EXPECT_EQ(ink.left, 50);
-    EXPECT_EQ(ink.right, 250);
-    EXPECT_EQ(ink.bottom - ink.top, 1);
-}
-
-TEST_F(HtmlDrawer, CentresInTheRectangle)
-{
+    const RECT rule = paper.InkBounds();
+    EXPECT_EQ(rule.left, 50);
+    EXPECT_EQ(rule.right, 250);
+    EXPECT_EQ(rule.bottom - rule.top, 1);
+    paper.Clear();
     Draw("<center>mm</center>", {100, 0, 200, 40});
-    const RECT ink = paper.InkBounds();
-    EXPECT_NEAR((ink.left + ink.right) / 2, 150, 2);
+    EXPECT_NEAR((paper.InkBounds().left + paper.InkBounds().right) / 2, 150, 2);
 }
 
 TEST_F(HtmlDrawer, KeepsTheContextAndItsClip)
@@ -204,11 +205,10 @@ TEST_F(HtmlDrawer, KeepsTheContextAndItsClip)
     SetTextColor(paper.Context(), RGB(1, 2, 3));
     SetBkMode(paper.Context(), OPAQUE);
     Draw("<b>many words that do not fit</b> into so small a <font size=48>rectangle", {10, 10, 60, 30});
-    const RECT ink = paper.InkBounds();
-    EXPECT_GE(ink.left, 10);
-    EXPECT_GE(ink.top, 10);
-    EXPECT_LE(ink.right, 60);
-    EXPECT_LE(ink.bottom, 30);
+    const RECT ink = paper.InkBounds(), allowed{10, 10, 60, 30};
+    RECT both{};
+    UnionRect(&both, &ink, &allowed);
+    EXPECT_TRUE(EqualRect(&both, &allowed));
     EXPECT_EQ(SelectObject(paper.Context(), font), GetStockObject(SYSTEM_FONT));
     EXPECT_EQ(GetTextColor(paper.Context()), RGB(1, 2, 3));
     EXPECT_EQ(GetBkMode(paper.Context()), OPAQUE);
@@ -270,15 +270,14 @@ TEST(DrawManager, EffectsRunThroughTheirColours)
     constexpr COLORREF kFirst = RGB(250, 0, 0);
     constexpr COLORREF kMiddle = RGB(0, 250, 0);
     constexpr COLORREF kLast = RGB(0, 0, 250);
-    struct EffectCase {
+    const struct {
         const char* name;
         int effect;
         bool isVertical;
         COLORREF start;
         COLORREF middle;
         COLORREF end;
-    };
-    const EffectCase cases[] = {
+    } cases[] = {
         {"solid", TOOLTIP_EFFECT_SOLID, false, kFirst, kFirst, kFirst},
         {"unknown", 99, false, kFirst, kFirst, kFirst},
         {"negative", -1, false, kFirst, kFirst, kFirst},
@@ -297,7 +296,7 @@ TEST(DrawManager, EffectsRunThroughTheirColours)
     const qvui::test::LeakCheck leaks;
     const Paper paper;
     constexpr RECT kRect{10, 10, 110, 110};
-    for (const EffectCase& c : cases) {
+    for (const auto& c : cases) {
         CPPDrawManager::FillEffect(paper.Context(), kRect, c.effect, kFirst, kMiddle, kLast);
         const auto at = [&](int place) { return c.isVertical ? paper.At(60, place) : paper.At(place, 60); };
         EXPECT_TRUE(isNear(at(10), c.start)) << c.name;
@@ -314,7 +313,7 @@ TEST(DrawManager, BordersStayInsideTheRectangle)
         const Paper paper;
         CPPDrawManager::DrawBorder(paper.Context(), {10, 10, 60, 40}, corner, RGB(255, 0, 0));
         const RECT ink = paper.InkBounds();
-        EXPECT_TRUE(ink.left == 10 && ink.top == 10 && ink.right == 60 && ink.bottom == 40) << corner;
+        EXPECT_EQ(qvui::test::Text(ink), "10,10,60,40") << corner;
         EXPECT_EQ(IsRed(paper.At(10, 10)), corner == 0);
         EXPECT_FALSE(IsRed(paper.At(30, 25))) << corner;
     }

@@ -46,20 +46,19 @@ std::vector<std::string> LinesOf(const char* text, int width)
 
 TEST(HtmlLayout, WrapsChinese)
 {
-    struct WrapCase {
+    const struct {
         const char* name;
         const char* text;
         int width;
         std::vector<std::string> lines;
-    };
-    const WrapCase cases[] = {
+    } cases[] = {
         {"between any two", "\u4E2D\u6587\u5B57\u7B26", 40, {"\u4E2D\u6587", "\u5B57\u7B26"}},
         {"not before a full stop", "\u4E2D\u6587\u3002\u5B57", 40, {"\u4E2D", "\u6587\u3002", "\u5B57"}},
         {"not behind a bracket", "\u4E2D\uFF08\u6587\uFF09", 65, {"\u4E2D", "\uFF08\u6587\uFF09"}},
         {"beside a word", "\u4E2D\u6587abc\u5B57", 50, {"\u4E2D\u6587", "abc\u5B57"}},
         {"style inside", "\u4E2D<b>\u6587</b>\u5B57", 40, {"\u4E2D\u6587", "\u5B57"}},
     };
-    for (const WrapCase& c : cases)
+    for (const auto& c : cases)
         EXPECT_EQ(LinesOf(c.text, c.width), c.lines) << c.name;
 }
 

@@ -21,17 +21,27 @@ struct Listener : CDUINotifyTarget {
     std::function<void()> then;
 };
 
+/// Keeps notifications from everybody else.
+struct Deaf : ControlWindow {
+    using ControlWindow::ControlWindow;
+    void OnDUINotify(const tagDUINotify&, BOOL& bHandled) override { bHandled = TRUE; }
+};
+
 class Notifications : public ControlTest {
 protected:
     Notifications()
     {
         Probe::Register();
-        window = std::make_unique<ControlWindow>(SIZE{60, 30},
-                                                 "<probe name='root'><probe name='filler' visible='false'/>"
-                                                 "<probe name='a' position='0,0,30,30'>"
-                                                 "<probe name='inner' position='0,0,30,30'/></probe>"
-                                                 "<probe name='b' position='30,0,60,30'/></probe>");
+        Open();
         Probe::Take();
+    }
+    void Open()
+    {
+        window = std::make_unique<ControlWindow>(
+            SIZE{60, 30},
+            "<probe name='root'><probe name='filler' visible='false'/><probe name='a' position='0,0,30,30'>"
+            "<probe name='inner' position='0,0,30,30' tab_stop='true'/></probe>"
+            "<probe name='b' position='30,0,60,30'/></probe>");
     }
     void Send(const char* name) { window->Find<Probe>(name)->SendNotify(DUINOTIFY_CLICK, 0, 0); }
 
@@ -45,27 +55,23 @@ TEST_F(Notifications, ReachHandlersOfTheSendersNameInOrder)
     window->AddNotifyHandler("a", &second, &Listener::OnAny);
     window->AddNotifyHandler("b", &second, &Listener::OnAny);
     Send("a");
-    EXPECT_EQ(Probe::Take(), (std::vector<std::string>{"first hears a", "second hears a"}));
+    EXPECT_EQ(Probe::Take(), "first hears a, second hears a");
     window->RemoveNotifyHandler("a", &first);
     Send("a");
     Send("b");
-    EXPECT_EQ(Probe::Take(), (std::vector<std::string>{"second hears a", "second hears b"}));
+    EXPECT_EQ(Probe::Take(), "second hears a, second hears b");
     window->RemoveNotifyHandlers(&second);
     Send("b");
-    EXPECT_EQ(Probe::Take(), std::vector<std::string>{});
+    EXPECT_EQ(Probe::Take(), "");
 }
 
 TEST_F(Notifications, StopWhenTheWindowHandledThem)
 {
-    struct Deaf : ControlWindow {
-        using ControlWindow::ControlWindow;
-        void OnDUINotify(const tagDUINotify&, BOOL& bHandled) override { bHandled = TRUE; }
-    };
     Deaf deaf({20, 20}, "<probe name='a'/>");
     Listener listener("listener");
     deaf.AddNotifyHandler("a", &listener, &Listener::OnAny);
     deaf.Find<Probe>("a")->SendNotify(DUINOTIFY_CLICK, 0, 0);
-    EXPECT_EQ(Without(Probe::Take(), {"ground", "text", "border", "create"}), std::vector<std::string>{});
+    EXPECT_EQ(Probe::Take({"ground", "text", "border", "create"}), "");
 }
 
 TEST_F(Notifications, AreNotSentToListenersThatAreGone)
@@ -77,10 +83,10 @@ TEST_F(Notifications, AreNotSentToListenersThatAreGone)
         window->AddNotifyHandler("a", listener, &Listener::OnAny);
     first->then = [&second] { second.reset(); };
     Send("a");
-    EXPECT_EQ(Probe::Take(), (std::vector<std::string>{"first hears a", "third hears a"}));
+    EXPECT_EQ(Probe::Take(), "first hears a, third hears a");
     first.reset();
     Send("a");
-    EXPECT_EQ(Probe::Take(), (std::vector<std::string>{"third hears a"}));
+    EXPECT_EQ(Probe::Take(), "third hears a");
     window.reset();  // third outlives its window
 }
 
@@ -124,12 +130,7 @@ TEST_F(Notifications, MayDoAnythingInAHandler)
     for (const Deed& deed : deeds)
         for (const UINT moment : moments) {
             SCOPED_TRACE(std::string(deed.name) + " at event " + std::to_string(moment));
-            window =
-                std::make_unique<ControlWindow>(SIZE{60, 30},
-                                                "<probe name='root'><probe name='filler' visible='false'/>"
-                                                "<probe name='a' position='0,0,30,30'><probe name='inner' "
-                                                "position='0,0,30,30' tab_stop='true'/></probe>"
-                                                "<probe name='b' position='30,0,60,30'/></probe>");
+            Open();
             ControlWindow& host = *window;
             // Of their own: those of the window go with it.
             MessagePointer mouse(host.Handle());
@@ -167,10 +168,6 @@ TEST_F(Notifications, MayDoAnythingInAHandler)
 
 TEST_F(Notifications, ForgetControlsThatLeaveWhateverAnOverrideDoes)
 {
-    struct Deaf : ControlWindow {
-        using ControlWindow::ControlWindow;
-        void OnDUINotify(const tagDUINotify&, BOOL& bHandled) override { bHandled = TRUE; }
-    };
     Deaf deaf({60, 30},
               "<probe name='root'><probe name='filler' visible='false'/><probe name='a' "
               "position='0,0,60,30' tab_stop='true'/></probe>");
@@ -182,12 +179,6 @@ TEST_F(Notifications, ForgetControlsThatLeaveWhateverAnOverrideDoes)
     EXPECT_EQ(deaf.GetFocusControl(), nullptr);
     deaf.mouse.MoveTo({20, 15}).Release();
     SendMessageA(deaf.Handle(), WM_TIMER, 1, 0);
-}
-
-TEST_F(Notifications, KnowNoOtherRequests)
-{
-    tagDUINotify request{99, window->Find("a"), 0, 0, nullptr};
-    EXPECT_EQ(window->OnControlRequest(request), 1);
 }
 
 TEST_F(Notifications, NumberTimersFromTheSmallestFreeId)
@@ -202,8 +193,9 @@ TEST_F(Notifications, NumberTimersFromTheSmallestFreeId)
     EXPECT_TRUE(b->SetTimer(8, 1000));
     SendMessageA(window->Handle(), WM_TIMER, 1, 0);
     SendMessageA(window->Handle(), WM_TIMER, 3, 0);
-    EXPECT_EQ(TakeEvents(),
-              (std::vector<std::string>{"b TIMER self", "b timer 7", "b TIMER self", "b timer 8"}));
+    EXPECT_EQ(TakeEvents(), "b TIMER self, b timer 7, b TIMER self, b timer 8");
+    tagDUINotify request{99, a, 0, 0, nullptr};
+    EXPECT_EQ(window->OnControlRequest(request), 1) << "no such request";
     DUITimerRecord unknown{a, nullptr, 7, 0, 0};
     tagDUINotify stop{DUIREQUEST_TIMER, a, 2, reinterpret_cast<LPARAM>(&unknown), nullptr};
     EXPECT_EQ(window->OnControlRequest(stop), 1);
@@ -219,7 +211,7 @@ TEST_F(Notifications, RefuseTheTimerAfterTheLastId)
     EXPECT_TRUE(a->SetTimer(1024, 60000));
     TakeEvents();
     SendMessageA(window->Handle(), WM_TIMER, 500, 0);
-    EXPECT_EQ(TakeEvents(), (std::vector<std::string>{"a TIMER self", "a timer 1024"}));
+    EXPECT_EQ(TakeEvents(), "a TIMER self, a timer 1024");
 }
 
 }  // namespace

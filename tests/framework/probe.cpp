@@ -59,9 +59,14 @@ void Probe::Register()
     TheLog().clear();
 }
 
-std::vector<std::string> Probe::Take()
+std::string Probe::Take(const std::vector<const char*>& without)
 {
-    return std::exchange(TheLog(), {});
+    std::string text;
+    for (const std::string& line : std::exchange(TheLog(), {}))
+        if (std::none_of(without.begin(), without.end(),
+                         [&line](const char* word) { return line.find(word) != std::string::npos; }))
+            text += (text.empty() ? "" : ", ") + line;
+    return text;
 }
 
 void Probe::Write(const std::string& line)
@@ -132,19 +137,11 @@ void Probe::PaintBkgnd(HDC hdc)
     Write(Line("background"));
 }
 
-std::vector<std::string> Without(std::vector<std::string> lines, std::initializer_list<const char*> words)
+std::string TakeEvents(std::vector<const char*> without)
 {
-    const auto hasWord = [words](const std::string& line) {
-        return std::any_of(words.begin(), words.end(),
-                           [&line](const char* word) { return line.find(word) != std::string::npos; });
-    };
-    lines.erase(std::remove_if(lines.begin(), lines.end(), hasWord), lines.end());
-    return lines;
-}
-
-std::vector<std::string> TakeEvents()
-{
-    return Without(Probe::Take(), {"background", "foreground", " text", "border", "create", "destroy"});
+    for (const char* const word : {"background", "foreground", " text", "border", "create", "destroy"})
+        without.push_back(word);
+    return Probe::Take(without);
 }
 
 }  // namespace qvui::test

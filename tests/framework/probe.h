@@ -16,8 +16,8 @@ public:
     static const DUI::ControlClass& Class();
     /// Makes the tag known to the application's factory and empties the log.
     static void Register();
-    /// The log since the last call.
-    static std::vector<std::string> Take();
+    /// The log since the last call, "a create, root create", without the lines that contain one of the words.
+    static std::string Take(const std::vector<const char*>& without = {});
     static void Write(const std::string& line);
 
     Probe() = default;
@@ -57,9 +57,7 @@ private:
     CString m_answers;
 };
 
-/// Lines that contain none of the words.
-std::vector<std::string> Without(std::vector<std::string> lines, std::initializer_list<const char*> words);
-/// The log without painting, creation and destruction.
-std::vector<std::string> TakeEvents();
+/// The same without painting, creation and destruction.
+std::string TakeEvents(std::vector<const char*> without = {});
 
 }  // namespace qvui::test

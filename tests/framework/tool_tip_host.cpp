@@ -6,14 +6,12 @@ namespace qvui::test {
 
 ToolTipHost::ToolTipHost()
 {
-    PlatformWindowOptions options;
-    options.place = {100, 100, 400, 300};
-    options.handler = [this](const LoggedMessage& message) { return Answer(message); };
-    window = std::make_unique<PlatformWindow>(options);
-    SetActiveWindow(window->Handle());
+    window = std::make_unique<PlatformWindow>(PlatformWindowOptions{
+        .place = {100, 100, 400, 300}, .handler = [this](auto& message) { return Answer(message); }});
+    SetActiveWindow(*window);
     tip = std::make_unique<DUI::CPPToolTip>();
-    tip->Create(window->Handle());
-    tip->AddTool(window->Handle(), "", {0, 0, 300, 200}, 1);
+    tip->Create(*window);
+    tip->AddTool(*window, "", {0, 0, 300, 200}, 1);
 }
 
 std::optional<LRESULT> ToolTipHost::Answer(const LoggedMessage& message)
@@ -35,14 +33,14 @@ std::optional<LRESULT> ToolTipHost::Answer(const LoggedMessage& message)
 
 void ToolTipHost::Relay(UINT message, WPARAM wParam, LPARAM lParam)
 {
-    MSG msg{window->Handle(), message, wParam, lParam, 0, {}};
+    MSG msg{*window, message, wParam, lParam, 0, {}};
     tip->RelayEvent(&msg);
 }
 
 void ToolTipHost::MoveTo(int x, int y, WPARAM keys)
 {
     POINT screen{x, y};
-    ClientToScreen(window->Handle(), &screen);
+    ClientToScreen(*window, &screen);
     SetCursorPos(screen.x, screen.y);
     Relay(WM_MOUSEMOVE, keys, MAKELPARAM(x, y));
 }

@@ -31,6 +31,7 @@ public:
     /// The text that shows; empty while nothing does.
     std::string Shown() const { return tip->IsTooltipVisible() ? lastAnswer : ""; }
     RECT Place() const;
+    SIZE Size() const { return {Place().right - Place().left, Place().bottom - Place().top}; }
 
     std::map<int, std::string> texts{{0, "one"}, {1, "two"}, {2, ""}};  // by column
     int questions = 0;

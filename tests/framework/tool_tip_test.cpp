@@ -20,17 +20,16 @@ namespace {
 
 TEST(ToolTipPlacement, StandsBesideThePointerInsideTheWorkArea)
 {
-    struct PlaceCase {
+    // The offset is 5 and 10 pixels, the pointer's picture 12 high.
+    const RECT screen{0, 0, 1000, 800};
+    const RECT left{-1000, 100, 0, 700};
+    const struct {
         const char* name;
         RECT workArea;
         POINT pointer;
         SIZE size;
         POINT corner;
-    };
-    // The offset is 5 and 10 pixels, the pointer's picture 12 high.
-    const RECT screen{0, 0, 1000, 800};
-    const RECT left{-1000, 100, 0, 700};
-    const PlaceCase cases[] = {
+    } cases[] = {
         {"in the middle", screen, {500, 400}, {100, 30}, {505, 422}},
         {"just fits below", screen, {500, 748}, {100, 30}, {505, 770}},
         {"flipped above", screen, {500, 749}, {100, 30}, {505, 709}},
@@ -48,10 +47,9 @@ TEST(ToolTipPlacement, StandsBesideThePointerInsideTheWorkArea)
         {"in its task bar", left, {-500, 750}, {100, 30}, {-495, 670}},
         {"above its work area", left, {-500, 50}, {100, 30}, {-495, 100}},
     };
-    for (const PlaceCase& c : cases) {
+    for (const auto& c : cases) {
         const POINT corner = PlaceToolTip({c.workArea, c.pointer, c.size, {5, 10}});
-        EXPECT_EQ(corner.x, c.corner.x) << c.name;
-        EXPECT_EQ(corner.y, c.corner.y) << c.name;
+        EXPECT_EQ(Text(corner), Text(c.corner)) << c.name;
     }
 }
 
@@ -71,35 +69,32 @@ TEST_F(ToolTip, ShowsWhatTheOwnerSaysWhereThePointerRests)
     EXPECT_EQ(question.hdr.code, 0x464u);
     EXPECT_EQ(question.hdr.hwndFrom, host.tip->GetHWND());
     EXPECT_EQ(static_cast<int>(question.hdr.idFrom), host.tip->GetDlgCtrlID());
-    EXPECT_EQ(question.hwndTool, host.window->Handle());
-    EXPECT_EQ(question.pt.x, 150);
-    EXPECT_EQ(question.pt.y, 160);
-    EXPECT_EQ(host.Place().left, 155);
-    EXPECT_EQ(host.Place().top, 182);
+    EXPECT_EQ(question.hwndTool, *host.window);
+    EXPECT_EQ(Text(question.pt), "150,160");
+    EXPECT_EQ(Text(POINT{host.Place().left, host.Place().top}), "155,182");
     EXPECT_EQ(host.RestAt(250, 60), "") << "no text";
 }
 
 TEST_F(ToolTip, NeverTakesFocusActivationOrMouse)
 {
-    SetFocus(host.window->Handle());
+    SetFocus(*host.window);
     ASSERT_EQ(host.RestAt(50, 60), "one");
     EXPECT_EQ(GetActiveWindow(), host.window->Handle());
-    EXPECT_EQ(GetFocus(), host.window->Handle());
+    EXPECT_EQ(GetFocus(), *host.window);
     const HWND tip = host.tip->GetHWND();
     EXPECT_EQ(SendMessageA(tip, WM_NCHITTEST, 0, 0), HTTRANSPARENT);
-    EXPECT_EQ(GetWindow(tip, GW_OWNER), host.window->Handle());
+    EXPECT_EQ(GetWindow(tip, GW_OWNER), *host.window);
     const POINT inside{host.Place().left + 2, host.Place().top + 2};
-    EXPECT_EQ(WindowFromPoint(inside), host.window->Handle());
+    EXPECT_EQ(WindowFromPoint(inside), *host.window);
 }
 
 TEST_F(ToolTip, GoesWhenSomethingElseIsMeant)
 {
-    struct HideCase {
+    const auto message = [](UINT number) { return [=](ToolTipHost& at) { at.Relay(number); }; };
+    const struct {
         const char* name;
         std::function<void(ToolTipHost&)> happen;
-    };
-    const auto message = [](UINT number) { return [=](ToolTipHost& at) { at.Relay(number); }; };
-    const std::vector<HideCase> cases = {
+    } cases[] = {
         {"press", message(WM_LBUTTONDOWN)},
         {"press with the right button", message(WM_RBUTTONDOWN)},
         {"press of the caption", message(WM_NCLBUTTONDOWN)},
@@ -122,30 +117,30 @@ TEST_F(ToolTip, GoesWhenSomethingElseIsMeant)
         {"long enough", [](ToolTipHost& at) { at.Fire(kToolTipHide); }},
         {"host moved",
          [](ToolTipHost& at) {
-             MoveWindow(at.window->Handle(), 110, 100, 300, 200, TRUE);
+             MoveWindow(*at.window, 110, 100, 300, 200, TRUE);
              at.Fire(kToolTipWatch);
          }},
         {"host disabled",
          [](ToolTipHost& at) {
-             EnableWindow(at.window->Handle(), FALSE);
+             EnableWindow(*at.window, FALSE);
              at.Fire(kToolTipWatch);
          }},
         {"another window active",
          [](ToolTipHost& at) {
              const PlatformWindow other;
-             SetActiveWindow(other.Handle());
+             SetActiveWindow(other);
              at.Fire(kToolTipWatch);
          }},
         {"other application active",
          [](ToolTipHost& at) { SendMessageA(at.tip->GetHWND(), WM_ACTIVATEAPP, 0, 0); }},
         {"tool gone",
          [](ToolTipHost& at) {
-             at.tip->DelTool(at.window->Handle(), 1);
+             at.tip->DelTool(*at.window, 1);
              at.Fire(kToolTipWatch);
          }},
         {"told so", [](ToolTipHost& at) { at.tip->HideTooltip(); }},
     };
-    for (const HideCase& c : cases) {
+    for (const auto& c : cases) {
         ToolTipHost other;
         ASSERT_EQ(other.RestAt(50, 60), "one") << c.name;
         other.Fire(kToolTipWatch);
@@ -161,40 +156,33 @@ TEST_F(ToolTip, StaysWhileTheTextIsTheSame)
     ASSERT_EQ(host.RestAt(50, 60), "one");
     const RECT place = host.Place();
     host.MoveTo(60, 70);
-    host.Relay(WM_TIMER);
-    host.Relay(WM_LBUTTONUP);
-    host.Relay(WM_KEYUP);
+    for (const UINT message : {WM_TIMER, WM_LBUTTONUP, WM_KEYUP})
+        host.Relay(message);
     EXPECT_EQ(host.Shown(), "one");
-    EXPECT_EQ(host.Place().left, place.left) << "it does not follow the pointer";
-}
-
-TEST_F(ToolTip, AMoveWithoutMovementChangesNothing)
-{
-    ASSERT_EQ(host.RestAt(50, 60), "one");
+    EXPECT_EQ(Text(host.Place()), Text(place)) << "it does not follow the pointer";
     host.texts[0] = "changed";
     const int questions = host.questions;
-    host.MoveTo(50, 60);
-    EXPECT_EQ(host.questions, questions);
+    host.MoveTo(60, 70);
+    EXPECT_EQ(host.questions, questions) << "a move without movement changes nothing";
     EXPECT_TRUE(host.tip->IsTooltipVisible());
 }
 
 TEST_F(ToolTip, OncePutAwayItWaitsForAnotherText)
 {
-    struct AwayCase {
+    const auto message = [](UINT number) { return [=](ToolTipHost& at) { at.Relay(number); }; };
+    const struct {
         const char* name;
         bool showsFirst;
         std::function<void(ToolTipHost&)> putAway;
         const char* again;  // what shows on the same text afterwards
-    };
-    const auto message = [](UINT number) { return [=](ToolTipHost& at) { at.Relay(number); }; };
-    const std::vector<AwayCase> cases = {
+    } cases[] = {
         {"by a press", true, message(WM_LBUTTONDOWN), ""},
         {"by a key", true, message(WM_KEYDOWN), ""},
         {"by the end of its stay", true, [](ToolTipHost& at) { at.Fire(kToolTipHide); }, ""},
         {"by a press before it showed", false, message(WM_LBUTTONDOWN), ""},
         {"by the application", true, [](ToolTipHost& at) { at.tip->HideTooltip(); }, "one"},
     };
-    for (const AwayCase& c : cases) {
+    for (const auto& c : cases) {
         ToolTipHost at;
         at.MoveTo(50, 60);
         if (c.showsFirst)
@@ -217,31 +205,26 @@ TEST_F(ToolTip, WaitsWhileAButtonIsDown)
 
 TEST_F(ToolTip, ShowsOnlyWhileItsHostIsActiveAndEnabled)
 {
-    PlatformWindowOptions options;
-    options.place = {500, 100, 600, 200};
-    PlatformWindow other(options);
-    SetActiveWindow(other.Handle());
+    const PlatformWindow other({.place = {500, 100, 600, 200}});
+    SetActiveWindow(other);
     EXPECT_EQ(host.RestAt(50, 60), "");
-    SetActiveWindow(host.window->Handle());
+    SetActiveWindow(*host.window);
     EXPECT_EQ(host.RestAt(51, 60), "one");
     host.tip->HideTooltip();
-    EnableWindow(host.window->Handle(), FALSE);
+    EnableWindow(*host.window, FALSE);
     EXPECT_EQ(host.RestAt(52, 60), "");
 }
 
 TEST_F(ToolTip, ShowsForAWindowThatAnActiveOneOwns)
 {
-    PlatformWindowOptions options;
-    options.parent = host.window->Handle();
-    options.place = {0, 0, 50, 50};
-    PlatformWindow owned(options);
-    SetActiveWindow(owned.Handle());
+    const PlatformWindow owned({.place = {0, 0, 50, 50}, .parent = *host.window});
+    SetActiveWindow(owned);
     EXPECT_EQ(host.RestAt(50, 60), "one");
 }
 
 TEST_F(ToolTip, ToolsAreRectanglesWithTextsOfTheirOwn)
 {
-    const HWND window = host.window->Handle();
+    const HWND window = *host.window;
     host.tip->DelTool(window, 1);
     host.tip->AddTool(window, "first", {0, 0, 50, 50}, 7);
     host.tip->AddTool(window, "second", {50, 0, 100, 50}, 8);
@@ -258,19 +241,15 @@ TEST_F(ToolTip, ToolsAreRectanglesWithTextsOfTheirOwn)
 
 TEST_F(ToolTip, ChildWindowsArePartOfTheTool)
 {
-    PlatformWindowOptions options;
-    options.parent = host.window->Handle();
-    options.style = WS_CHILD;
-    options.place = {100, 0, 200, 200};
-    PlatformWindow child(options);
+    const PlatformWindow child({.place = {100, 0, 200, 200}, .style = WS_CHILD, .parent = *host.window});
     SetCursorPos(250, 160);
-    MSG move{child.Handle(), WM_MOUSEMOVE, 0, MAKELPARAM(50, 60), 0, {}};
+    MSG move{child, WM_MOUSEMOVE, 0, MAKELPARAM(50, 60), 0, {}};
     host.tip->RelayEvent(&move);
     host.Fire(kToolTipShow);
     EXPECT_EQ(host.Shown(), "two");
     // The pointer leaves the child for its parent: still the tool.
     SetCursorPos(150, 160);
-    MSG leave{child.Handle(), WM_MOUSELEAVE, 0, 0, 0, {}};
+    MSG leave{child, WM_MOUSELEAVE, 0, 0, 0, {}};
     host.tip->RelayEvent(&leave);
     EXPECT_EQ(host.Shown(), "two");
 }
@@ -279,7 +258,7 @@ TEST_F(ToolTip, OtherWindowsAreNoTool)
 {
     ASSERT_EQ(host.RestAt(50, 60), "one");
     const PlatformWindow other;
-    MSG move{other.Handle(), WM_MOUSEMOVE, 0, MAKELPARAM(5, 5), 0, {}};
+    MSG move{other, WM_MOUSEMOVE, 0, MAKELPARAM(5, 5), 0, {}};
     host.tip->RelayEvent(&move);
     EXPECT_EQ(host.Shown(), "");
 }
@@ -290,16 +269,13 @@ TEST_F(ToolTip, IsAsLargeAsItsTextAndItsMargins)
     CPPHtmlDrawer drawer;
     drawer.SetText("one");
     const SIZE text = drawer.Measure(nullptr, 1000);
-    EXPECT_EQ(host.Place().right - host.Place().left, text.cx + 2 * 6);
-    EXPECT_EQ(host.Place().bottom - host.Place().top, text.cy + 2 * 6);
+    EXPECT_EQ(Text(host.Size()), Text(SIZE{text.cx + 2 * 6, text.cy + 2 * 6}));
     host.tip->SetMargin(20, 0);
     host.tip->SetOffset(0, 30);
     host.tip->HideTooltip();
     ASSERT_EQ(host.RestAt(51, 60), "one");
-    EXPECT_EQ(host.Place().right - host.Place().left, text.cx + 2 * 21);
-    EXPECT_EQ(host.Place().bottom - host.Place().top, text.cy + 2 * 1);
-    EXPECT_EQ(host.Place().left, 151);
-    EXPECT_EQ(host.Place().top, 202);
+    EXPECT_EQ(Text(host.Size()), Text(SIZE{text.cx + 2 * 21, text.cy + 2 * 1}));
+    EXPECT_EQ(Text(POINT{host.Place().left, host.Place().top}), "151,202");
 }
 
 TEST_F(ToolTip, LongTextsStayOnTheScreen)
@@ -312,11 +288,10 @@ TEST_F(ToolTip, LongTextsStayOnTheScreen)
             text += unit;
         host.tip->HideTooltip();
         ASSERT_EQ(host.RestAt(50, static_cast<int>(unit.size())), text);
-        const RECT area = WorkAreaAt({150, 160});
-        EXPECT_GE(host.Place().left, area.left) << unit;
-        EXPECT_GE(host.Place().top, area.top) << unit;
-        EXPECT_LE(host.Place().right, area.right) << unit;
-        EXPECT_LE(host.Place().bottom, area.bottom) << unit;
+        const RECT place = host.Place(), area = WorkAreaAt({150, 160});
+        RECT both{};
+        UnionRect(&both, &place, &area);
+        EXPECT_EQ(Text(both), Text(area)) << unit;
     }
 }
 
@@ -350,7 +325,7 @@ TEST_F(ToolTip, RoundedCornersAreCutOff)
     ASSERT_EQ(host.RestAt(50, 60), "one");
     const HRGN region = CreateRectRgn(0, 0, 0, 0);
     ASSERT_NE(GetWindowRgn(host.tip->GetHWND(), region), 0);
-    const int width = host.Place().right - host.Place().left;
+    const int width = host.Size().cx;
     EXPECT_FALSE(PtInRegion(region, 0, 0));
     EXPECT_FALSE(PtInRegion(region, width - 1, 0));
     EXPECT_TRUE(PtInRegion(region, width / 2, 0));
@@ -363,11 +338,11 @@ TEST_F(ToolTip, TheOwnerMayDestroyItWhenAsked)
     EXPECT_EQ(host.RestAt(50, 60), "");
     EXPECT_EQ(host.tip->GetHWND(), nullptr);
     host.onAsked = nullptr;
-    EXPECT_TRUE(host.tip->Create(host.window->Handle()));
+    EXPECT_TRUE(host.tip->Create(*host.window));
     EXPECT_EQ(host.RestAt(50, 61), "one");
     // The object, too: here from inside a move that asks again.
     host.onAsked = [this](NM_TOOLTIP_DISPLAY&) { host.tip.reset(); };
-    MSG move{host.window->Handle(), WM_MOUSEMOVE, 0, MAKELPARAM(150, 60), 0, {}};
+    MSG move{*host.window, WM_MOUSEMOVE, 0, MAKELPARAM(150, 60), 0, {}};
     host.tip->RelayEvent(&move);
     EXPECT_EQ(host.tip, nullptr);
 }
@@ -375,7 +350,7 @@ TEST_F(ToolTip, TheOwnerMayDestroyItWhenAsked)
 TEST_F(ToolTip, GoesWithItsHost)
 {
     ASSERT_EQ(host.RestAt(50, 60), "one");
-    EXPECT_FALSE(host.tip->Create(host.window->Handle())) << "there is one already";
+    EXPECT_FALSE(host.tip->Create(*host.window)) << "there is one already";
     host.window->Destroy();
     EXPECT_EQ(host.tip->GetHWND(), nullptr);
     EXPECT_FALSE(host.tip->IsTooltipVisible());

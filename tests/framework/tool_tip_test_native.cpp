@@ -95,15 +95,14 @@ TEST(ToolTipScreens, TheScreenOfThePointerCounts)
 {
     qvui::native::HeadlessDisplay& display = *qvui::native::TheHeadlessDisplay();
     display.UseScreens({{{0, 0, 1000, 800}, {0, 0, 1000, 760}}, {{-800, 0, 0, 600}, {-800, 30, 0, 600}}});
-    struct ScreenCase {
+    const struct {
         POINT pointer;
         RECT workArea;
-    };
-    const ScreenCase cases[] = {
+    } cases[] = {
         {{500, 400}, {0, 0, 1000, 760}},   {{999, 799}, {0, 0, 1000, 760}},  {{-1, 5}, {-800, 30, 0, 600}},
         {{-300, 700}, {-800, 30, 0, 600}}, {{2000, 100}, {0, 0, 1000, 760}},
     };
-    for (const ScreenCase& c : cases) {
+    for (const auto& c : cases) {
         const RECT area = DUI::WorkAreaAt(c.pointer);
         EXPECT_TRUE(EqualRect(&area, &c.workArea)) << c.pointer.x << "," << c.pointer.y;
     }

@@ -74,8 +74,8 @@ TEST_F(WindowMgr, LaysOutAndPaintsAnewWhenItsSizeChanges)
     window.Paint();
     Probe::Take();
     window.Resize({100, 80});
-    EXPECT_EQ(Without(Probe::Take(), {"MOVE", "background", "foreground", "text", "border"}),
-              (std::vector<std::string>{"child WINDOWSIZE root", "root WINDOWSIZE self"}));
+    EXPECT_EQ(Probe::Take({"MOVE", "background", "foreground", "text", "border"}),
+              "child WINDOWSIZE root, root WINDOWSIZE self");
     EXPECT_EQ(Text(window.Find("root")->GetControlRect()), "0,0,100,80");
     EXPECT_EQ(window.Paint().At(99, 79), 0x0000FFu);
     window.Resize({30, 20});
@@ -198,19 +198,15 @@ TEST_F(WindowMgr, ClimbsToTheTopLevelParentOfItsHost)
     EXPECT_EQ(alone.GetMostTopParentStatus(), 0u);
     EXPECT_FALSE(alone.IsNcActivate());
     const PlatformWindow top;
-    PlatformWindowOptions options;
-    options.style = WS_CHILD;
-    options.parent = top.Handle();
-    const PlatformWindow middle(options);
-    options.parent = middle.Handle();
-    const PlatformWindow host(options);
+    const PlatformWindow middle({.style = WS_CHILD, .parent = top});
+    const PlatformWindow host({.style = WS_CHILD, .parent = middle});
     CDUIWindowMgr manager;
     RECT rect{};
-    EXPECT_TRUE(manager.CreateFromRootControl(new Probe("root"), host.Handle(), rect));
+    EXPECT_TRUE(manager.CreateFromRootControl(new Probe("root"), host, rect));
     EXPECT_EQ(manager.GetMostTopParent(), top.Handle());
-    SetActiveWindow(top.Handle());
+    SetActiveWindow(top);
     EXPECT_EQ(manager.GetMostTopParentStatus(), 0x24u);
-    EnableWindow(top.Handle(), FALSE);
+    EnableWindow(top, FALSE);
     EXPECT_EQ(manager.GetMostTopParentStatus() & 0x10u, 0x10u);
 }
 
@@ -219,21 +215,20 @@ TEST_F(WindowMgr, StartsFinishesAndStartsAgain)
     const PlatformWindow host;
     CDUIWindowMgr manager;
     RECT rect{1, 2, 3, 4};
-    EXPECT_FALSE(manager.CreateFromXML("broken", host.Handle(), rect));
+    EXPECT_FALSE(manager.CreateFromXML("broken", host, rect));
     EXPECT_EQ(manager.GetRootControl(), nullptr);
-    EXPECT_TRUE(manager.CreateFromXML("<window><probe name='one'/></window>", host.Handle(), rect));
+    EXPECT_TRUE(manager.CreateFromXML("<window><probe name='one'/></window>", host, rect));
     EXPECT_EQ(Text(manager.GetWindowRect()), "1,2,3,4");
-    EXPECT_FALSE(manager.CreateFromRootControl(CRefPtr<IDUIControl>(), host.Handle(), rect));
+    EXPECT_FALSE(manager.CreateFromRootControl(CRefPtr<IDUIControl>(), host, rect));
     manager.InitWindowMgr();
     manager.FinishWindowMgr();
     manager.FinishWindowMgr();
-    EXPECT_TRUE(manager.CreateFromXML("<window><probe name='two'/></window>", host.Handle(), rect));
+    EXPECT_TRUE(manager.CreateFromXML("<window><probe name='two'/></window>", host, rect));
     manager.InitWindowMgr();
-    EXPECT_EQ(Without(Probe::Take(), {"WINDOW"}),
-              (std::vector<std::string>{"one create", "one destroy", "two create"}));
+    EXPECT_EQ(Probe::Take({"WINDOW"}), "one create, one destroy, two create");
     const CRefPtr<IDUIControl> root = manager.DetachRootControl();
     manager.FinishWindowMgr();
-    EXPECT_EQ(Probe::Take(), std::vector<std::string>{});
+    EXPECT_EQ(Probe::Take(), "");
     root->DetachWindow();
 }
 
