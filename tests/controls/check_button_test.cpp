@@ -69,25 +69,6 @@ TEST_F(CheckButton, ShowsTheImageOfItsStateAtTheLeft)
     EXPECT_EQ(Bounds(window.Paint(), kBlue), "0,6,8,14");
 }
 
-TEST_F(CheckButton, IsMeasuredWithTheImageOfItsStateBeforeItIsPainted)
-{
-    const struct {
-        const char* attributes;
-        LONG width;
-    } cases[] = {
-        {R"(unchecked_image="dot")", 13},
-        {R"(checked_image="strip")", 0},
-        {R"(checked_image="strip" unchecked_image="dot")", 13},
-        {R"(icon="strip" checked_image="dot")", 25},
-    };
-    for (const auto& c : cases) {
-        ControlWindow window({60, 20}, std::string("<radio_button ") + c.attributes + "/>");
-        SIZE size{-1, -1};
-        window.Root<CDUIButton>().EstimateSize({0, 0}, size);
-        EXPECT_EQ(size.cx, c.width) << c.attributes;
-    }
-}
-
 TEST_F(CheckButton, DrawsNoFocusRectangle)
 {
     for (const char* tag : {"check_box", "radio_button"}) {

@@ -76,15 +76,6 @@ TEST_F(Label, DrawsAShadowOnePixelAside)
     }
 }
 
-TEST_F(Label, FillsItsContentWithTheImage)
-{
-    ControlWindow window({60, 40}, R"(<label back_image="strip2" margin="5,6,7,8"/>)");
-    EXPECT_EQ(Bounds(window.Paint(), kRed), "5,6,53,32");
-    SIZE size{-1, -2};
-    EXPECT_FALSE(window.Root().EstimateSize({0, 0}, size)) << "an image without text has no size";
-    EXPECT_EQ(size.cy, -2);
-}
-
 TEST_F(Label, MeasuresAnewWhenItsTextOrFontChanges)
 {
     ControlWindow window({60, 40}, "<label text=\"#one two\" text_style=\"big\"/>");

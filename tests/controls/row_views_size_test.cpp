@@ -192,7 +192,7 @@ TEST_F(ListBoxSize, AnyChangeLeavesItemsWhereTheRulesPutThem)
         const int count = view->GetControlCount();
         auto* const item =
             count > 0 ? dynamic_cast<CDUIListItem*>(view->GetControlByIndex(Pick(count))) : nullptr;
-        switch (item ? Pick(9) : 0) {
+        switch (item ? Pick(10) : 0) {
             case 0:
             case 1:
                 Append(1);
@@ -214,6 +214,10 @@ TEST_F(ListBoxSize, AnyChangeLeavesItemsWhereTheRulesPutThem)
                 break;
             case 7:
                 item->SetHeight(FALSE, Pick(60));
+                break;
+            case 8:
+                if (Pick(30) == 0)
+                    view->RemoveAllControl();
                 break;
             default:
                 view->SetTopIndex(Pick(count));
@@ -330,6 +334,8 @@ TEST_F(TreeViewSize, AnyChangeLeavesTheRowsRight)
             case 5:
                 if (Pick(3) == 0)
                     view->RemoveNode(node);
+                else if (Pick(60) == 0)
+                    view->RemoveAllControl();
                 break;
             case 6:
                 node->SetVisible(Pick(3) > 0);

@@ -79,36 +79,8 @@ TEST_F(TrackBar, PlacesThumbAndFilledPart)
     }
 }
 
-TEST_F(TrackBar, WithoutAThumbImageTheFilledPartEndsAtThePosition)
+TEST_F(TrackBar, ColoursRunAcrossTheTrack)
 {
-    BarWindow window({100, 10}, R"(horz_trackbar back_image="strip2" range="0,100" pos="40")");
-    EXPECT_EQ(Bounds(window.Paint(), kGreen), "0,0,40,10");
-    const RECT thumb = window.bar.GetThumbButton()->GetControlRect();
-    EXPECT_TRUE(IsRectEmpty(&thumb));
-}
-
-TEST_F(TrackBar, DrawsColoursInsteadOfAnImage)
-{
-    const struct {
-        const char* name;
-        const char* element;
-        const char* red;
-        const char* blue;
-        std::uint32_t below;
-    } cases[] = {
-        {"a band of 4 pixels", R"(horz_trackbar back_color="#FFFF0000,#FFFF0000")", "0,0,2,4", "0,0,0,0", 0},
-        {"the whole height", R"(vert_trackbar back_color="red,red")", "0,0,2,10", "0,0,0,0", kRed},
-        {"one colour", R"(horz_trackbar back_color="blue")", "0,0,0,0", "0,0,2,4", 0},
-        {"an image", R"(horz_trackbar back_color="blue" back_image="strip2")", "0,0,2,10", "0,0,0,0", kRed},
-        {"a single icon is no track", R"(horz_trackbar back_image="dot")", "0,0,0,0", "0,0,0,0", 0},
-    };
-    for (const auto& c : cases) {
-        BarWindow window({2, 10}, c.element);
-        const ClientPixels pixels = window.Paint();
-        EXPECT_EQ(Bounds(pixels, kRed), c.red) << c.name;
-        EXPECT_EQ(Bounds(pixels, kBlue), c.blue) << c.name;
-        EXPECT_EQ(pixels.At(0, 9), c.below) << c.name;
-    }
     ControlWindow window({256, 10}, R"(<horz_trackbar back_color="#FFFF0000,#FF0000FF"/>)");
     const ClientPixels pixels = window.Paint();
     EXPECT_EQ(pixels.At(0, 0), kRed);
@@ -243,19 +215,6 @@ TEST_F(TrackBar, TheThumbTakesTheTooltipOnce)
     window.bar.SetTooltip("loudness");
     EXPECT_EQ(window.bar.GetTooltip(), "loudness");
     EXPECT_EQ(window.bar.GetThumbButton()->GetTooltip(), "volume");
-}
-
-TEST_F(TrackBar, EstimatesTrackAndThumb)
-{
-    const std::pair<const char*, const char*> cases[] = {
-        {R"(margin="1,2,3,4")", "4,6"},
-        {R"(back_image="strip2")", "20,10"},
-        {R"(back_image="strip2" thumb_image="strip")", "20,20"},
-        {R"(back_image="expander" thumb_image="strip" margin="1,2,3,4")", "24,26"},
-        {R"(back_image="strip2" height="30")", "20,30"},
-    };
-    for (const auto& [attributes, expected] : cases)
-        EXPECT_EQ(Estimate(BarWindow({20, 20}, "vert_trackbar "s + attributes)), expected) << attributes;
 }
 
 TEST_F(TrackBar, ACopyHasAThumbOfItsOwn)

@@ -400,6 +400,9 @@ TEST_F(TreeView, ScrollsByWholeRowsToTheLastOne)
         EXPECT_EQ(InView(window, tree), c.inView) << c.position;
     }
     EXPECT_EQ(tree.GetNodeAtRow(6)->GetControlRect().right, 90) << "beside the bar";
+    tree.SetItemHeight(8);
+    EXPECT_EQ(InView(window, tree), "a0 b8 c16 d24 e32 f40 g48 h56");
+    EXPECT_EQ(tree.GetNodeAtRow(6)->GetControlRect().right, 100) << "the bar is gone";
 }
 
 TEST_F(TreeView, WheelThumbAndTrackScrollIt)
@@ -436,24 +439,6 @@ TEST_F(TreeView, BringsNodesIntoView)
     window.LockLayout(FALSE);
     tree.SelectNode(late);
     EXPECT_EQ(InView(window, tree), "l0 m20 n40 o60 z80");
-}
-
-TEST_F(TreeView, TheBarComesAndGoesWithTheRows)
-{
-    ControlWindow window({100, 60}, Tree("a(bcd)e"));
-    CDUITreeViewImpl& tree = TreeOf(window);
-    EXPECT_FALSE(tree.GetVerticalSB()->IsVisible(FALSE));
-    tree.ExpandNode(Node(tree, "a"), TRUE);
-    EXPECT_TRUE(tree.GetVerticalSB()->IsVisible(FALSE));
-    tree.SetTopRow(2);
-    EXPECT_EQ(InView(window, tree), "c0 d20 e40");
-    tree.ExpandNode(Node(tree, "a"), FALSE);
-    EXPECT_FALSE(tree.GetVerticalSB()->IsVisible(FALSE));
-    EXPECT_EQ(InView(window, tree), "a0 e20");
-    tree.SetItemHeight(40);
-    EXPECT_TRUE(tree.GetVerticalSB()->IsVisible(FALSE));
-    tree.RemoveAllControl();
-    EXPECT_FALSE(tree.GetVerticalSB()->IsVisible(FALSE));
 }
 
 // --- removing and copying ----------------------------------------------------------------------------------

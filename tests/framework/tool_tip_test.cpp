@@ -90,10 +90,12 @@ TEST_F(ToolTip, NeverTakesFocusActivationOrMouse)
 
 TEST_F(ToolTip, GoesWhenSomethingElseIsMeant)
 {
+    const PlatformWindow another({.place = {500, 400, 510, 410}});
     const auto message = [](UINT number) { return [=](ToolTipHost& at) { at.Relay(number); }; };
     const struct {
         const char* name;
         std::function<void(ToolTipHost&)> happen;
+        UINT_PTR timer = 0;  // that comes due then
     } cases[] = {
         {"press", message(WM_LBUTTONDOWN)},
         {"press with the right button", message(WM_RBUTTONDOWN)},
@@ -102,43 +104,17 @@ TEST_F(ToolTip, GoesWhenSomethingElseIsMeant)
         {"key", message(WM_KEYDOWN)},
         {"key with Alt", message(WM_SYSKEYDOWN)},
         {"pointer over the frame", message(WM_NCMOUSEMOVE)},
-        {"pointer over nothing", [](ToolTipHost& at) { at.MoveTo(250, 60); }},
-        {"pointer over another text", [](ToolTipHost& at) { at.MoveTo(150, 60); }},
-        {"pointer gone",
-         [](ToolTipHost& at) {
-             SetCursorPos(0, 0);
-             at.Relay(WM_MOUSELEAVE);
-         }},
-        {"pointer gone unnoticed",
-         [](ToolTipHost& at) {
-             SetCursorPos(0, 0);
-             at.Fire(kToolTipWatch);
-         }},
-        {"long enough", [](ToolTipHost& at) { at.Fire(kToolTipHide); }},
-        {"host moved",
-         [](ToolTipHost& at) {
-             MoveWindow(*at.window, 110, 100, 300, 200, TRUE);
-             at.Fire(kToolTipWatch);
-         }},
-        {"host disabled",
-         [](ToolTipHost& at) {
-             EnableWindow(*at.window, FALSE);
-             at.Fire(kToolTipWatch);
-         }},
-        {"another window active",
-         [](ToolTipHost& at) {
-             const PlatformWindow other;
-             SetActiveWindow(other);
-             at.Fire(kToolTipWatch);
-         }},
-        {"other application active",
-         [](ToolTipHost& at) { SendMessageA(at.tip->GetHWND(), WM_ACTIVATEAPP, 0, 0); }},
-        {"tool gone",
-         [](ToolTipHost& at) {
-             at.tip->DelTool(*at.window, 1);
-             at.Fire(kToolTipWatch);
-         }},
-        {"told so", [](ToolTipHost& at) { at.tip->HideTooltip(); }},
+        {"pointer over nothing", [](auto& at) { at.MoveTo(250, 60); }},
+        {"pointer over another text", [](auto& at) { at.MoveTo(150, 60); }},
+        {"pointer gone", [](auto& at) { SetCursorPos(0, 0), at.Relay(WM_MOUSELEAVE); }},
+        {"other application active", [](auto& at) { SendMessageA(at.tip->GetHWND(), WM_ACTIVATEAPP, 0, 0); }},
+        {"told so", [](auto& at) { at.tip->HideTooltip(); }},
+        {"long enough", [](auto&) {}, kToolTipHide},
+        {"pointer gone unnoticed", [](auto&) { SetCursorPos(0, 0); }, kToolTipWatch},
+        {"host moved", [](auto& at) { MoveWindow(*at.window, 110, 100, 300, 200, TRUE); }, kToolTipWatch},
+        {"host disabled", [](auto& at) { EnableWindow(*at.window, FALSE); }, kToolTipWatch},
+        {"another window active", [&another](auto&) { SetActiveWindow(another); }, kToolTipWatch},
+        {"tool gone", [](auto& at) { at.tip->DelTool(*at.window, 1); }, kToolTipWatch},
     };
     for (const auto& c : cases) {
         ToolTipHost other;
@@ -146,6 +122,8 @@ TEST_F(ToolTip, GoesWhenSomethingElseIsMeant)
         other.Fire(kToolTipWatch);
         ASSERT_EQ(other.Shown(), "one") << c.name;
         c.happen(other);
+        if (c.timer)
+            other.Fire(c.timer);
         EXPECT_FALSE(other.tip->IsTooltipVisible()) << c.name;
         EXPECT_FALSE(IsWindowVisible(other.tip->GetHWND())) << c.name;
     }
