@@ -25,95 +25,57 @@ private:
     }
 };
 
+/// "red 0,0,9,8 blue 9,0,20,8": where each of the pictures' colours shows.
+std::string Colors(ControlWindow& window)
+{
+    const ClientPixels pixels = window.Paint();
+    std::string text;
+    for (const auto& [name, color] : {std::pair("red ", kRed), {"green ", kGreen}, {"blue ", kBlue}})
+        if (const std::string bounds = Bounds(pixels, color); bounds != "0,0,0,0")
+            text += (text.empty() ? "" : " ") + std::string(name).append(bounds);
+    return text;
+}
+
 TEST_F(Pictures, StandWhereTheyBelong)
 {
-    struct Patch {
-        std::uint32_t color;
-        const char* bounds;
+    const std::pair<const char*, const char*> cases[] = {
+        // A label fills its content; a picture box draws a single picture unscaled, in the middle of the
+        // control and cut by the content, and all else to fill.
+        {R"(label back_image="strip2" margin="5,6,7,8")", "red 5,6,34,17"},
+        {R"(picturebox icon="dot")", "blue 16,8,24,16"},
+        {R"(picturebox icon="dot" margin="8,0,0,0")", "blue 16,8,24,16"},
+        {R"(picturebox icon="dot" margin="18,10,0,0")", "blue 18,10,24,16"},
+        {R"(picturebox icon="stretched" margin="1,2,3,4")", "blue 1,2,38,21"},
+        {R"(picturebox icon="strip" margin="1,2,3,4")", "red 1,2,38,21"},
+        {R"(picturebox)", ""},
+        {R"(picturebox icon="none")", ""},
+        // A progress bar shows icon 1 as far as it has come, rounded down, and icon 0 behind.
+        {R"(horz_progressbar back_image="strip2" range="0,100" pos="50")", "red 20,0,41,25 green 0,0,20,25"},
+        {R"(vert_progressbar back_image="strip2" range="0,3" pos="1")", "red 0,0,41,17 green 0,17,41,25"},
+        {R"(horz_progressbar back_image="strip2" range="0,100" pos="0")", "red 0,0,41,25"},
+        {R"(horz_progressbar back_image="strip2" range="-10,10" pos="10")", "green 0,0,41,25"},
+        {R"(horz_progressbar back_image="strip2" range="0,4" pos="1" margin="2,3,8,7")",
+         "red 9,3,33,18 green 2,3,9,18"},
+        {R"(horz_progressbar back_image="strip2" range="5,5" pos="5")", "red 0,0,41,25"},
+        {R"(vert_progressbar back_image="strip2" range="10,0" pos="5")", "red 0,0,41,25"},
+        {R"(horz_progressbar back_image="strip2" range="-2147483648,2147483647" pos="0")",
+         "red 20,0,41,25 green 0,0,20,25"},
+        {R"(horz_progressbar back_image="dot" range="0,100" pos="60")", ""},
+        // A track bar without a thumb image is filled up to the position; colours make a track without an
+        // image.
+        {R"(horz_trackbar back_image="strip2" range="0,100" pos="40")", "red 16,0,41,25 green 0,0,16,25"},
+        {R"(horz_trackbar back_color="#FFFF0000,#FFFF0000")", "red 0,0,41,4"},
+        {R"(vert_trackbar back_color="red,red")", "red 0,0,41,25"},
+        {R"(horz_trackbar back_color="blue")", "blue 0,0,41,4"},
+        {R"(horz_trackbar back_color="blue" back_image="strip2")", "red 0,0,41,25"},
+        {R"(horz_trackbar back_image="dot")", ""},
     };
-    constexpr const char* kNone = "0,0,0,0";
-    const struct {
-        const char* name;
-        SIZE client;
-        const char* element;
-        std::vector<Patch> patches;
-    } cases[] = {
-        // A label fills its content; a picture box draws a single picture unscaled and all else to fill.
-        {"label", {60, 40}, R"(label back_image="strip2" margin="5,6,7,8")", {{kRed, "5,6,53,32"}}},
-        {"centred, rounded down", {33, 24}, R"(picturebox icon="dot")", {{kBlue, "12,8,20,16"}}},
-        {"centred in the control",
-         {32, 24},
-         R"(picturebox icon="dot" margin="8,0,0,0")",
-         {{kBlue, "12,8,20,16"}}},
-        {"cut by the content",
-         {32, 24},
-         R"(picturebox icon="dot" margin="14,10,0,0")",
-         {{kBlue, "14,10,20,16"}}},
-        {"larger than the control", {5, 6}, R"(picturebox icon="dot")", {{kBlue, "0,0,5,6"}}},
-        {"stretched", {32, 24}, R"(picturebox icon="stretched" margin="1,2,3,4")", {{kBlue, "1,2,29,20"}}},
-        {"a strip", {32, 24}, R"(picturebox icon="strip" margin="1,2,3,4")", {{kRed, "1,2,29,20"}}},
-        {"no picture", {32, 24}, "picturebox", {{kBlue, kNone}}},
-        {"an unknown picture", {32, 24}, R"(picturebox icon="none")", {{kBlue, kNone}}},
-        // A progress bar shows strip2's green icon as far as it has come, and its red one behind.
-        {"half",
-         {200, 10},
-         R"(horz_progressbar range="0,100" pos="50" back_image="strip2")",
-         {{kGreen, "0,0,100,10"}, {kRed, "100,0,200,10"}}},
-        {"rounded down, upwards",
-         {4, 10},
-         R"(vert_progressbar range="0,3" pos="1" back_image="strip2")",
-         {{kGreen, "0,7,4,10"}, {kRed, "0,0,4,7"}}},
-        {"nothing reached",
-         {20, 10},
-         R"(horz_progressbar range="0,100" pos="0" back_image="strip2")",
-         {{kGreen, kNone}, {kRed, "0,0,20,10"}}},
-        {"all reached",
-         {20, 10},
-         R"(horz_progressbar range="-10,10" pos="10" back_image="strip2")",
-         {{kGreen, "0,0,20,10"}, {kRed, kNone}}},
-        {"margin",
-         {30, 20},
-         R"(horz_progressbar range="0,4" pos="1" margin="2,3,8,7" back_image="strip2")",
-         {{kGreen, "2,3,7,13"}, {kRed, "7,3,22,13"}}},
-        {"an empty range",
-         {20, 10},
-         R"(horz_progressbar range="5,5" pos="5" back_image="strip2")",
-         {{kGreen, kNone}, {kRed, "0,0,20,10"}}},
-        {"a reversed range is empty",
-         {20, 10},
-         R"(vert_progressbar range="10,0" pos="5" back_image="strip2")",
-         {{kGreen, kNone}, {kRed, "0,0,20,10"}}},
-        {"widest",
-         {20, 10},
-         R"(horz_progressbar range="-2147483648,2147483647" pos="0" back_image="strip2")",
-         {{kGreen, "0,0,10,10"}, {kRed, "10,0,20,10"}}},
-        {"a strip of one icon",
-         {20, 10},
-         R"(horz_progressbar back_image="dot" range="0,100" pos="60")",
-         {{kBlue, kNone}}},
-        // A track bar without a thumb image is filled up to the position.
-        {"no thumb",
-         {100, 10},
-         R"(horz_trackbar back_image="strip2" range="0,100" pos="40")",
-         {{kGreen, "0,0,40,10"}, {kRed, "40,0,100,10"}}},
-        {"a band of 4 pixels",
-         {2, 10},
-         R"(horz_trackbar back_color="#FFFF0000,#FFFF0000")",
-         {{kRed, "0,0,2,4"}}},
-        {"the whole height", {2, 10}, R"(vert_trackbar back_color="red,red")", {{kRed, "0,0,2,10"}}},
-        {"one colour", {2, 10}, R"(horz_trackbar back_color="blue")", {{kRed, kNone}, {kBlue, "0,0,2,4"}}},
-        {"an image before colours",
-         {2, 10},
-         R"(horz_trackbar back_color="blue" back_image="strip2")",
-         {{kRed, "0,0,2,10"}, {kBlue, kNone}}},
-        {"a single icon is no track", {2, 10}, R"(horz_trackbar back_image="dot")", {{kBlue, kNone}}},
-    };
-    for (const auto& c : cases) {
-        ControlWindow window(c.client, std::string("<") + c.element + "/>");
-        const ClientPixels pixels = window.Paint();
-        for (const Patch& patch : c.patches)
-            EXPECT_EQ(Bounds(pixels, patch.color), patch.bounds) << c.name << ", " << c.element;
+    for (const auto& [element, colors] : cases) {
+        ControlWindow window({41, 25}, std::string("<") + element + "/>");
+        EXPECT_EQ(Colors(window), colors) << element;
     }
+    ControlWindow small({5, 6}, R"(<picturebox icon="dot"/>)");
+    EXPECT_EQ(Colors(small), "blue 0,0,5,6") << "a picture that is larger than the control";
 }
 
 TEST_F(Pictures, SayHowLargeTheyAre)
