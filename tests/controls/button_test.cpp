@@ -82,16 +82,16 @@ TEST_F(Button, PlacesIconAndText)
     ControlWindow window(
         {100, 60},
         OnBlue(R"(<button icon="strip" text="#H" text_style="big" padding="7" margin="3,4,5,6"/>)"));
-    auto* const button = &window.Root<CDUIButton>();
+    auto& button = window.Root<CDUIButton>();
     for (const auto& c : cases) {
-        button->SetAttribute("button_style", c.style);
+        button.SetAttribute("button_style", c.style);
         const ClientPixels pixels = window.Paint();
-        EXPECT_EQ(Text(button->GetIconRect()), c.icon) << c.style;
-        EXPECT_EQ(Text(button->GetTextRect()), c.text) << c.style;
+        EXPECT_EQ(Text(button.GetIconRect()), c.icon) << c.style;
+        EXPECT_EQ(Text(button.GetTextRect()), c.text) << c.style;
         EXPECT_EQ(Bounds(pixels, kRed), c.icon) << c.style;
         const RECT drawn = BoundsOf(pixels, kWhite);
         RECT inside{};
-        IntersectRect(&inside, &drawn, &button->GetTextRect());
+        IntersectRect(&inside, &drawn, &button.GetTextRect());
         EXPECT_EQ(Text(inside), Text(drawn)) << c.style << ": text is drawn in its rectangle only";
     }
 }
@@ -155,21 +155,11 @@ TEST_F(Button, ParsesItsStyle)
         {"", 0},
     };
     ControlWindow window({50, 50}, "<button/>");
-    auto* const button = &window.Root<CDUIButton>();
+    auto& button = window.Root<CDUIButton>();
     for (const auto& c : cases) {
-        button->SetAttribute("Button_Style", c.value);
-        EXPECT_EQ(button->GetButtonStyle(), c.style) << c.value;
+        button.SetAttribute("Button_Style", c.value);
+        EXPECT_EQ(button.GetButtonStyle(), c.style) << c.value;
     }
-}
-
-TEST_F(Button, WantReturnChangesOneBitOnly)
-{
-    ControlWindow window({50, 50}, R"(<button want_return="TRUE"/>)");
-    auto* const button = &window.Root<CDUIButton>();
-    constexpr DWORD kNew = DUISTYLE_VISIBLE | DUISTYLE_TABSTOP | DUISTYLE_TOOLTIP;
-    EXPECT_EQ(button->GetStyle(), kNew | DUISTYLE_WANTRETURN);
-    button->SetAttribute("want_return", "yes");
-    EXPECT_EQ(button->GetStyle(), kNew);
 }
 
 TEST_F(Button, ClicksOnReleaseInside)
@@ -207,11 +197,12 @@ TEST_F(Button, ClicksOnReleaseInside)
             {'R', [&] { window.mouse.PressRight().ReleaseRight(); }},
             {'l', [&] { window.mouse.Leave(); }},
         };
-        for (const char* deed = c.deeds; *deed; ++deed)
-            if (*deed < 'A')
-                window.mouse.MoveTo(places[*deed - '0']);
+        for (const char deed : std::string(c.deeds)) {
+            if (const auto known = deeds.find(deed); known != deeds.end())
+                known->second();
             else
-                deeds.at (*deed)();
+                window.mouse.MoveTo(places[deed - '0']);
+        }
         EXPECT_EQ(window.TakeNotifications(), std::vector<Noticed>(c.clicks, kClick)) << c.deeds;
         EXPECT_EQ(button->GetStatus(), c.status) << c.deeds;
     }
@@ -220,13 +211,13 @@ TEST_F(Button, ClicksOnReleaseInside)
 TEST_F(Button, SpaceClicksAndEnterDoesNot)
 {
     ControlWindow window({50, 50}, R"(<button name="b"/>)");
-    auto* const button = &window.Root<CDUIButton>();
-    button->SetFocus(TRUE);
+    auto& button = window.Root<CDUIButton>();
+    button.SetFocus(TRUE);
     SendMessageA(window.Handle(), WM_KEYDOWN, VK_SPACE, 0);
-    EXPECT_EQ(button->GetStatus(), static_cast<DWORD>(DUISTATUS_FOCUSED | DUISTATUS_PUSHED));
+    EXPECT_EQ(button.GetStatus(), static_cast<DWORD>(DUISTATUS_FOCUSED | DUISTATUS_PUSHED));
     EXPECT_TRUE(window.TakeNotifications().empty()) << "the key is still down";
     SendMessageA(window.Handle(), WM_KEYUP, VK_SPACE, 0);
-    EXPECT_EQ(button->GetStatus(), static_cast<DWORD>(DUISTATUS_FOCUSED));
+    EXPECT_EQ(button.GetStatus(), static_cast<DWORD>(DUISTATUS_FOCUSED));
     EXPECT_EQ(window.TakeNotifications(), std::vector<Noticed>{kClick});
     window.keys.Press(VK_RETURN);
     EXPECT_TRUE(window.TakeNotifications().empty());
@@ -235,51 +226,49 @@ TEST_F(Button, SpaceClicksAndEnterDoesNot)
 TEST_F(Button, DisabledIgnoresPointerAndKeys)
 {
     ControlWindow window({50, 50}, R"(<button name="b" enable="false"/>)");
-    auto* const button = &window.Root<CDUIButton>();
+    auto& button = window.Root<CDUIButton>();
     BOOL bHandled = FALSE;
     // The manager sends a disabled control few events; an application may send any.
     for (const UINT type :
          {DUIEVENT_MOUSEENTER, DUIEVENT_LBUTTONDOWN, DUIEVENT_LBUTTONUP, DUIEVENT_KEYDOWN, DUIEVENT_KEYUP})
-        button->OnDUIEvent({type, button, {10, 10}, ' ', 0, VK_SPACE, 0}, bHandled);
+        button.OnDUIEvent({type, &button, {10, 10}, ' ', 0, VK_SPACE, 0}, bHandled);
     window.mouse.Click({10, 10});
     EXPECT_TRUE(window.TakeNotifications().empty());
-    EXPECT_EQ(button->GetStatus(), static_cast<DWORD>(DUISTATUS_DISABLED));
-    EXPECT_FALSE(button->Activate());
-    button->SetEnable(TRUE);
-    button->SetVisible(FALSE);
-    EXPECT_FALSE(button->Activate());
+    EXPECT_EQ(button.GetStatus(), static_cast<DWORD>(DUISTATUS_DISABLED));
+    EXPECT_FALSE(button.Activate());
+    button.SetEnable(TRUE);
+    button.SetVisible(FALSE);
+    EXPECT_FALSE(button.Activate());
 }
 
 TEST_F(Button, DrawsTheFocusTwoPixelsInside)
 {
     ControlWindow window({50, 30}, R"(<button back_image="strip"/>)");
-    auto* const button = &window.Root<CDUIButton>();
+    auto& button = window.Root<CDUIButton>();
     const ClientPixels plain = window.Paint();
-    button->SetFocus(TRUE);
+    button.SetFocus(TRUE);
     EXPECT_EQ(Difference(plain, window.Paint()), "2,2,48,28");
-    button->SetAttribute("button_style", "no_draw_focus");
+    button.SetAttribute("button_style", "no_draw_focus");
     EXPECT_EQ(Difference(plain, window.Paint()), "0,0,0,0");
 }
 
-TEST_F(Button, TheFocusAttributeTakesAndGivesUp)
+TEST_F(Button, AttributesAndChecksChangeOneThingOnly)
 {
-    ControlWindow window({50, 30}, "<button/>");
-    auto* const button = &window.Root<CDUIButton>();
-    button->SetAttribute("focus", "True");
-    EXPECT_EQ(window.GetFocusControl(), button);
-    button->SetAttribute("focus", "no");
+    constexpr DWORD kNew = DUISTYLE_VISIBLE | DUISTYLE_TABSTOP | DUISTYLE_TOOLTIP;
+    ControlWindow window({50, 30}, R"(<button want_return="TRUE"/>)");
+    auto& button = window.Root<CDUIButton>();
+    EXPECT_EQ(button.GetStyle(), kNew | DUISTYLE_WANTRETURN);
+    button.SetAttribute("want_return", "yes");
+    EXPECT_EQ(button.GetStyle(), kNew);
+    button.SetAttribute("focus", "True");
+    EXPECT_EQ(window.GetFocusControl(), &button);
+    button.SetAttribute("focus", "no");
     EXPECT_EQ(window.GetFocusControl(), nullptr);
-}
-
-TEST_F(Button, UncheckingReleasesIt)
-{
-    ControlWindow window({50, 30}, "<button/>");
-    auto* const button = &window.Root<CDUIButton>();
-    button->ModifyStatus(0, DUISTATUS_PUSHED | DUISTATUS_HOT);
-    button->SetCheck(TRUE);
-    EXPECT_EQ(button->GetCheck(), 4);
-    button->SetCheck(FALSE);
-    EXPECT_EQ(button->GetStatus(), static_cast<DWORD>(DUISTATUS_HOT));
+    button.ModifyStatus(0, DUISTATUS_PUSHED | DUISTATUS_HOT);
+    button.SetCheck(TRUE);
+    EXPECT_EQ(button.GetCheck(), 4);
+    button.SetCheck(FALSE);
+    EXPECT_EQ(button.GetStatus(), static_cast<DWORD>(DUISTATUS_HOT)) << "unchecking releases it";
 }
 
 TEST_F(Button, FollowsTheSkin)

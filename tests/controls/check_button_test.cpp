@@ -25,47 +25,47 @@ TEST_F(CheckButton, ActivatingChangesTheStateAfterTheHandlers)
     };
     for (const auto& c : cases) {
         ControlWindow window({50, 20}, std::string("<") + c.tag + "/>");
-        auto* const button = &window.Root<CDUIButton>();
+        auto& button = window.Root<CDUIButton>();
         std::vector<int> seen;
         window.OnNotify([&](const tagDUINotify& notify) {
             if (notify.nCode == DUINOTIFY_CLICK)
-                seen.push_back(button->GetCheck());
+                seen.push_back(button.GetCheck());
         });
         for (int i = 0; i < c.clicks; ++i)
             window.mouse.Click({5, 5});
-        button->SetFocus(TRUE);
+        button.SetFocus(TRUE);
         window.keys.Type(c.keys);
         EXPECT_EQ(seen, c.seenByHandler) << c.tag << ' ' << c.keys;
-        EXPECT_EQ(button->GetCheck(), c.finalState) << c.tag << ' ' << c.keys;
+        EXPECT_EQ(button.GetCheck(), c.finalState) << c.tag << ' ' << c.keys;
     }
 }
 
 TEST_F(CheckButton, SpaceTurnsACheckBoxAndDisabledOnesStay)
 {
     ControlWindow window({50, 20}, "<check_box/>");
-    auto* const box = &window.Root<CDUIButton>();
-    box->SetFocus(TRUE);
+    auto& box = window.Root<CDUIButton>();
+    box.SetFocus(TRUE);
     window.keys.Press(VK_SPACE);
-    EXPECT_EQ(box->GetCheck(), 4);
-    box->SetEnable(FALSE);
+    EXPECT_EQ(box.GetCheck(), 4);
+    box.SetEnable(FALSE);
     window.keys.Press(VK_SPACE).Type("-");
-    EXPECT_FALSE(box->Activate());
-    EXPECT_EQ(box->GetCheck(), 4);
+    EXPECT_FALSE(box.Activate());
+    EXPECT_EQ(box.GetCheck(), 4);
 }
 
 TEST_F(CheckButton, ShowsTheImageOfItsStateAtTheLeft)
 {
     ControlWindow window({60, 20},
                          OnRed(R"(<check_box checked_image="strip" unchecked_image="dot" text="#x"/>)"));
-    auto* const box = &window.Root<CDUIButton>();
+    auto& box = window.Root<CDUIButton>();
     EXPECT_EQ(Bounds(window.Paint(), kBlue), "0,6,8,14");
-    EXPECT_EQ(box->GetTextRect().left, 13) << "5 pixels beside the icon";
-    box->SetCheck(TRUE);
+    EXPECT_EQ(box.GetTextRect().left, 13) << "5 pixels beside the icon";
+    box.SetCheck(TRUE);
     EXPECT_EQ(Bounds(window.Paint(), kBlue), "0,0,20,20") << "a checked button shows the pushed icon";
     window.mouse.MoveTo({30, 10});
     EXPECT_EQ(Bounds(window.Paint(), kGreen), "0,0,20,20");
     window.mouse.Click({30, 10});
-    box->ModifyStatus(DUISTATUS_HOT, 0);
+    box.ModifyStatus(DUISTATUS_HOT, 0);
     EXPECT_EQ(Bounds(window.Paint(), kBlue), "0,6,8,14");
 }
 

@@ -99,18 +99,12 @@ TEST_F(Label, EstimatesItsTextOnOneLineWithoutTheMargin)
 {
     const HFONT font = Skin().Manager().GetTextStyle("big")->GetNormalFont()->GetFont();
     const SIZE text = CDUIRenderEngine::GetTextIdealSize("one two", font, 0, DT_SINGLELINE);
-    const struct {
-        const char* attributes;
-        SIZE expected;
-    } cases[] = {
-        {R"(margin="5,6,7,8")", text},
-        {R"(width="9")", {9, text.cy}},
-        {R"(height="300")", {text.cx, 300}},
-    };
-    for (const auto& c : cases) {
-        ControlWindow window(
-            {60, 40}, std::string("<label text=\"#one two\" text_style=\"big\" ") + c.attributes + "/>");
-        EXPECT_EQ(Estimate(window), Text(c.expected)) << c.attributes;
+    const std::pair<const char*, SIZE> cases[] = {
+        {"margin", text}, {"width", {9, text.cy}}, {"height", {text.cx, 9}}};
+    for (const auto& [attribute, expected] : cases) {
+        ControlWindow window({60, 40}, R"(<label text="#one two" text_style="big"/>)");
+        window.Root().SetAttribute(attribute, "9,9,9,9");
+        EXPECT_EQ(Estimate(window), Text(expected)) << attribute;
     }
 }
 
@@ -165,11 +159,11 @@ TEST_F(HyperLink, TheLinkIsTheTooltipUnlessThereIsOne)
 TEST_F(HyperLink, AnswersToItsOwnNameAlone)
 {
     ControlWindow window({50, 20}, R"(<hyperlink transparent="false"/>)");
-    auto* const link = &window.Root<CDUIHyperLink>();
-    EXPECT_EQ(link->GetInterface("Hyper_Link"), link);
+    auto& link = window.Root<CDUIHyperLink>();
+    EXPECT_EQ(link.GetInterface("Hyper_Link"), &link);
     for (const char* name : {"label", "control_base", "control", "hyperlink", ""})
-        EXPECT_EQ(link->GetInterface(name), nullptr) << name;
-    EXPECT_EQ(link->GetStyle(),
+        EXPECT_EQ(link.GetInterface(name), nullptr) << name;
+    EXPECT_EQ(link.GetStyle(),
               static_cast<DWORD>(DUISTYLE_VISIBLE | DUISTYLE_CURSOR | DUISTYLE_TABSTOP | DUISTYLE_TOOLTIP));
 }
 

@@ -105,20 +105,20 @@ TEST_F(Pictures, SayHowLargeTheyAre)
 TEST_F(Pictures, StepThroughAStrip)
 {
     ControlWindow window({20, 20}, R"(<picturebox icon="strip"/>)");
-    auto* const box = &window.Root<CDUIPictureBox>();
-    EXPECT_EQ(box->GetIconCount(), 4);
-    box->SetCurrentIconIndex(2);
+    auto& box = window.Root<CDUIPictureBox>();
+    EXPECT_EQ(box.GetIconCount(), 4);
+    box.SetCurrentIconIndex(2);
     for (const int ignored : {4, -1})
-        box->SetCurrentIconIndex(ignored);
-    EXPECT_EQ(box->GetCurrentIconIndex(), 2);
-    box->UpdateLayout(FALSE, nullptr);
+        box.SetCurrentIconIndex(ignored);
+    EXPECT_EQ(box.GetCurrentIconIndex(), 2);
+    box.UpdateLayout(FALSE, nullptr);
     EXPECT_EQ(window.Paint().At(1, 1), kBlue);
-    box->SetAttribute("icon", "strip2");
+    box.SetAttribute("icon", "strip2");
     EXPECT_EQ(window.Paint().At(1, 1), kRed) << "an index that the new picture lacks shows its first icon";
-    box->SetImage(nullptr);
-    EXPECT_EQ(box->GetIconCount(), 0);
-    box->SetCurrentIconIndex(0);
-    EXPECT_EQ(box->GetCurrentIconIndex(), 2);
+    box.SetImage(nullptr);
+    EXPECT_EQ(box.GetIconCount(), 0);
+    box.SetCurrentIconIndex(0);
+    EXPECT_EQ(box.GetCurrentIconIndex(), 2);
 }
 
 }  // namespace

@@ -27,39 +27,39 @@ TEST_F(ProgressBar, TheFullImageKeepsItsGeometry)
 TEST_F(ProgressBar, NotifiesOfEveryChangeOnce)
 {
     ControlWindow window({20, 10}, R"(<horz_progressbar name="p" range="0,100"/>)");
-    auto* const bar = &window.Root<CDUIProgressBar>();
+    auto& bar = window.Root<CDUIProgressBar>();
     const auto moved = [](WPARAM position) {
         return std::vector<Noticed>{{DUINOTIFY_PROGRESSPOS, "p", position, 0}};
     };
     const std::vector<Noticed> nothing;
     window.Paint();
-    bar->SetPos(150);
+    bar.SetPos(150);
     EXPECT_EQ(window.TakeNotifications(), moved(100));
     EXPECT_EQ(Text(window.Invalid()), "0,0,20,10");
     window.Validate();
-    bar->SetPos(200);
+    bar.SetPos(200);
     EXPECT_EQ(window.TakeNotifications(), nothing);
     EXPECT_EQ(Text(window.Invalid()), "0,0,0,0") << "nothing is repainted in vain";
-    bar->SetPos(5);
+    bar.SetPos(5);
     window.TakeNotifications();
-    EXPECT_TRUE(bar->OffsetPos(3));
+    EXPECT_TRUE(bar.OffsetPos(3));
     EXPECT_EQ(window.TakeNotifications(), moved(8));
-    EXPECT_FALSE(bar->OffsetPos(-10));
+    EXPECT_FALSE(bar.OffsetPos(-10));
     EXPECT_EQ(window.TakeNotifications(), moved(0));
-    EXPECT_FALSE(bar->OffsetPos(-1));
+    EXPECT_FALSE(bar.OffsetPos(-1));
     EXPECT_EQ(window.TakeNotifications(), nothing);
-    EXPECT_TRUE(bar->OffsetPos(100));
-    EXPECT_FALSE(bar->OffsetPos(2147483647));
+    EXPECT_TRUE(bar.OffsetPos(100));
+    EXPECT_FALSE(bar.OffsetPos(2147483647));
     EXPECT_EQ(window.TakeNotifications(), moved(100));
-    bar->SetRange(0, 50);
-    EXPECT_EQ(bar->GetPos(), 50);
+    bar.SetRange(0, 50);
+    EXPECT_EQ(bar.GetPos(), 50);
     EXPECT_EQ(window.TakeNotifications(), nothing) << "a range moves the position silently";
-    bar->SetRange(60, 10);
+    bar.SetRange(60, 10);
     int low = 0, high = 0;
-    bar->GetRange(low, high);
+    bar.GetRange(low, high);
     EXPECT_EQ(low, 60);
     EXPECT_EQ(high, 60);
-    EXPECT_EQ(bar->GetPos(), 60);
+    EXPECT_EQ(bar.GetPos(), 60);
 }
 
 TEST_F(ProgressBar, ReadsItsRangeNumberByNumber)
