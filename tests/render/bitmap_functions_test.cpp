@@ -12,50 +12,24 @@ using Functions = DUI::CBitmapCommonFunction;
 
 namespace {
 
-std::uint32_t PlacePixel(int x, int y)
-{
-    return static_cast<std::uint32_t>(0x00010000 * (x + 1) + 0x00000100 * (y + 1) + 0x55);
-}
-
-// The pixels of a new bitmap, which is deleted; empty for none.
-struct Picture {
-    int width = 0;
-    int height = 0;
-    std::vector<std::uint32_t> pixels;
-
-    std::uint32_t At(int x, int y) const { return pixels[static_cast<std::size_t>(y * width + x)]; }
-};
-
-Picture Take(HBITMAP bitmap)
+// Compares a new bitmap, which is deleted.
+void ExpectBitmap(HBITMAP bitmap, int width, int height, const PixelAt& expected, const std::string& name)
 {
     SIZE size{};
-    if (!Functions::GetBitmapSize(bitmap, size))
-        return {};
+    ASSERT_TRUE(Functions::GetBitmapSize(bitmap, size)) << name;
+    ASSERT_EQ(size.cx, width) << name;
+    ASSERT_EQ(size.cy, height) << name;
     CDibSection section;
     section.Create(bitmap, 32);
-    Picture picture{size.cx, size.cy, {}};
-    for (int y = 0; y < size.cy; ++y)
-        for (int x = 0; x < size.cx; ++x)
-            picture.pixels.push_back(Bits(section.GetPixel(x, y, TRUE)));
     DeleteObject(bitmap);
-    return picture;
-}
-
-void ExpectPixels(const Picture& picture, int width, int height,
-                  const std::function<std::uint32_t(int x, int y)>& expected, const std::string& name)
-{
-    ASSERT_EQ(picture.width, width) << name;
-    ASSERT_EQ(picture.height, height) << name;
-    for (int y = 0; y < height; ++y)
-        for (int x = 0; x < width; ++x)
-            ASSERT_EQ(picture.At(x, y), expected(x, y)) << name << " at " << x << "," << y;
+    const Canvas canvas(width, height, [&](int x, int y) { return Bits(section.GetPixel(x, y, TRUE)); });
+    canvas.Expect(expected, name);
 }
 
 // A bitmap that is in no context, painted pixel by pixel.
 class Source {
 public:
-    Source(int width, int height, const std::function<std::uint32_t(int x, int y)>& pixelAt,
-           WORD bitCount = 32)
+    Source(int width, int height, const PixelAt& pixelAt, WORD bitCount = 32)
     {
         m_section.Create(static_cast<DWORD>(width), static_cast<DWORD>(height), bitCount);
         for (int y = 0; y < height; ++y)
@@ -104,15 +78,16 @@ TEST_F(BitmapFunctions, CutOutParts)
     const Source bitmap(5, 4, PlacePixel);
     for (const Case& c : cases) {
         RECT rect = c.asked;
-        const Picture part = Take(Functions::GetSubBitmap(nullptr, bitmap, rect));
+        const HBITMAP part = Functions::GetSubBitmap(nullptr, bitmap, rect);
         EXPECT_EQ(RectText(rect), RectText(c.clamped)) << c.name;
-        ASSERT_EQ(part.width != 0, c.isMade) << c.name;
-        if (!c.isMade)
-            continue;
-        const auto expected = [&rect](int x, int y) {
-            return x + rect.left < 0 ? 0 : PlacePixel(x + rect.left, y + rect.top);
-        };
-        ExpectPixels(part, rect.right - rect.left, rect.bottom - rect.top, expected, c.name);
+        ASSERT_EQ(part != nullptr, c.isMade) << c.name;
+        if (c.isMade)
+            ExpectBitmap(
+                part, rect.right - rect.left, rect.bottom - rect.top,
+                [&rect](int x, int y) {
+                    return x + rect.left < 0 ? 0 : PlacePixel(x + rect.left, y + rect.top);
+                },
+                c.name);
     }
     RECT rect{0, 0, 1, 1};
     EXPECT_EQ(Functions::GetSubBitmap(nullptr, nullptr, rect), nullptr);
@@ -136,41 +111,33 @@ TEST_F(BitmapFunctions, UnscaledFormsCutAndCentre)
     };
     struct Form {
         const char* name;
-        int (*draw)(HDC, HBITMAP, const RECT&);
         bool isCentred;
+        std::function<int(HDC, const RECT&)> draw;
     };
-    static const CARGB kKey(255, 0, 255, 0);
-    const std::vector<Form> forms{
-        {"copied", [](HDC dc, HBITMAP b, const RECT& r) { return Functions::DrawBitmap(dc, b, r); }, false},
-        {"blended",
-         [](HDC dc, HBITMAP b, const RECT& r) { return Functions::AlphaBlendWithoutStretch(dc, b, r, 255); },
-         false},
-        {"keyed",
-         [](HDC dc, HBITMAP b, const RECT& r) {
-             return Functions::TransparentBltWithoutStretch(dc, b, r, kKey);
-         },
-         false},
-        {"copied, centred",
-         [](HDC dc, HBITMAP b, const RECT& r) { return Functions::DrawBitmapInCenter(dc, b, r); }, true},
-        {"blended, centred",
-         [](HDC dc, HBITMAP b, const RECT& r) { return Functions::AlphaBlendInCenter(dc, b, r, 255); }, true},
-        {"keyed, centred",
-         [](HDC dc, HBITMAP b, const RECT& r) { return Functions::TransparentBltInCenter(dc, b, r, kKey); },
-         true},
-    };
+    const CARGB key(255, 0, 255, 0);
     const Source bitmap(3, 2, PlacePixel);
+    const std::vector<Form> forms{
+        {"copied", false, [&](HDC dc, const RECT& r) { return Functions::DrawBitmap(dc, bitmap, r); }},
+        {"blended", false,
+         [&](HDC dc, const RECT& r) { return Functions::AlphaBlendWithoutStretch(dc, bitmap, r, 255); }},
+        {"keyed", false,
+         [&](HDC dc, const RECT& r) { return Functions::TransparentBltWithoutStretch(dc, bitmap, r, key); }},
+        {"copied", true, [&](HDC dc, const RECT& r) { return Functions::DrawBitmapInCenter(dc, bitmap, r); }},
+        {"blended", true,
+         [&](HDC dc, const RECT& r) { return Functions::AlphaBlendInCenter(dc, bitmap, r, 255); }},
+        {"keyed", true,
+         [&](HDC dc, const RECT& r) { return Functions::TransparentBltInCenter(dc, bitmap, r, key); }},
+    };
     for (const Case& c : cases)
         for (const Form& form : forms) {
-            Canvas canvas(10, 9);
-            EXPECT_TRUE(form.draw(canvas, bitmap, c.rect)) << c.name;
+            const Canvas canvas(10, 9);
+            EXPECT_TRUE(form.draw(canvas, c.rect)) << c.name;
             const RECT& covered = form.isCentred ? c.centred : c.plain;
-            for (int y = 0; y < 9; ++y)
-                for (int x = 0; x < 10; ++x) {
-                    const std::uint32_t expected =
-                        Holds(covered, x, y) ? PlacePixel(x - covered.left, y - covered.top) : 0;
-                    ASSERT_EQ(canvas.At(x, y), expected)
-                        << c.name << ", " << form.name << " at " << x << "," << y;
-                }
+            canvas.Expect(
+                [&covered](int x, int y) {
+                    return Holds(covered, x, y) ? PlacePixel(x - covered.left, y - covered.top) : 0;
+                },
+                std::string(c.name) + ", " + form.name + (form.isCentred ? ", centred" : ""));
         }
 }
 
@@ -228,10 +195,9 @@ TEST_F(BitmapFunctions, FillRepeatsFromTheBrushOrigin)
         Canvas canvas(8, 6);
         SetBrushOrgEx(canvas, origin.x, origin.y, nullptr);
         EXPECT_TRUE(Functions::FillBitmap(canvas, bitmap, {1, 1, 8, 6}));
-        for (int y = 1; y < 6; ++y)
-            for (int x = 1; x < 8; ++x)
-                EXPECT_EQ(canvas.At(x, y), PlacePixel((x - origin.x + 3) % 3, (y - origin.y + 2) % 2));
-        EXPECT_EQ(canvas.At(0, 0), 0U);
+        canvas.Expect([&origin](int x, int y) {
+            return x < 1 || y < 1 ? 0 : PlacePixel((x - origin.x + 3) % 3, (y - origin.y + 2) % 2);
+        });
     }
 }
 
@@ -254,17 +220,14 @@ TEST_F(MiddleStretch, RepeatsTheTwoMiddleLines)
     for (const Case& c : cases)
         for (const int vertical : {0, 1}) {
             const Source bitmap(vertical ? 2 : c.size, vertical ? c.size : 2, PlacePixel);
-            const Picture picture =
-                Take(Functions::GetMiddleStretchBitmap(nullptr, bitmap, c.length, vertical));
-            const auto expected = [&](int x, int y) {
-                const int line = c.lines[static_cast<std::size_t>(vertical ? y : x)];
-                return line < 0 ? 0 : PlacePixel(vertical ? x : line, vertical ? line : y);
-            };
-            if (c.size == 1)
-                EXPECT_EQ(picture.pixels.size(), 2U * static_cast<std::size_t>(c.length))
-                    << "no line to repeat well";
-            else
-                ExpectPixels(picture, vertical ? 2 : c.length, vertical ? c.length : 2, expected, c.name);
+            const HBITMAP stretched = Functions::GetMiddleStretchBitmap(nullptr, bitmap, c.length, vertical);
+            ExpectBitmap(
+                stretched, vertical ? 2 : c.length, vertical ? c.length : 2,
+                [&](int x, int y) {
+                    const int line = c.lines[static_cast<std::size_t>(vertical ? y : x)];
+                    return line < 0 ? 0 : PlacePixel(vertical ? x : line, vertical ? line : y);
+                },
+                c.name);
         }
     EXPECT_EQ(Functions::GetMiddleStretchBitmap(nullptr, nullptr, 5, 1), nullptr);
     EXPECT_EQ(Functions::GetMiddleStretchBitmap(nullptr, Source(4, 4, PlacePixel), 0, 1), nullptr);
@@ -281,14 +244,11 @@ TEST_F(MiddleStretch, ReachesASizeOrCutsToIt)
     };
     const Source bitmap(6, 6, PlacePixel);
     for (const int width : {3, 6, 9})
-        for (const int height : {2, 6, 11}) {
-            const Picture picture =
-                Take(Functions::GetMiddleStretchBitmap(nullptr, bitmap, SIZE{width, height}));
-            ExpectPixels(
-                picture, width, height,
+        for (const int height : {2, 6, 11})
+            ExpectBitmap(
+                Functions::GetMiddleStretchBitmap(nullptr, bitmap, SIZE{width, height}), width, height,
                 [&](int x, int y) { return PlacePixel(lineOf(x, width), lineOf(y, height)); },
                 std::to_string(width) + " x " + std::to_string(height));
-        }
     for (const SIZE size : {SIZE{0, 5}, SIZE{5, 0}, SIZE{-3, 5}})
         EXPECT_EQ(Functions::GetMiddleStretchBitmap(nullptr, bitmap, size), nullptr);
     EXPECT_EQ(Functions::GetMiddleStretchBitmap(nullptr, nullptr, SIZE{5, 5}), nullptr);
@@ -296,37 +256,37 @@ TEST_F(MiddleStretch, ReachesASizeOrCutsToIt)
 
 TEST_F(MiddleStretch, DrawsInThreeModes)
 {
-    // Opaque green with one keyed pixel in the middle, which the stretch repeats.
-    const Source bitmap(4, 1, [](int x, int) { return x == 1 ? 0x00FF00FFU : 0x00008000U; });
-    const CARGB key(255, 0, 255, 0);
-    const auto draw = [](int width, auto operation) {
-        Canvas canvas(8, 1);
-        canvas.Fill(0x00000011);
-        EXPECT_TRUE(operation(canvas, RECT{0, 0, width, 1}));
-        return canvas.Picture(0x11);
+    // A keyed row at the top, which no stretch repeats.
+    const Source bitmap(4, 4, [](int, int y) { return y == 0 ? 0x00FF00FFU : 0x80404040U; });
+    struct Case {
+        const char* name;
+        std::function<int(HDC, const RECT&)> draw;
+        std::uint32_t top, rest;
     };
-    EXPECT_EQ(draw(3, [&](HDC dc, const RECT& r) { return Functions::MiddleStretchDraw(dc, bitmap, r); }),
-              "###.....\n");
-    EXPECT_EQ(
-        draw(3, [&](HDC dc,
-                    const RECT& r) { return Functions::MiddleStretchTransparentBlt(dc, bitmap, r, key); }),
-        "#.#.....\n");
-    const Source tall(4, 4, [](int, int y) { return y == 0 ? 0x00FF00FFU : 0x00008000U; });
-    for (const int width : {6, 7}) {
-        Canvas canvas(8, 8);
-        canvas.Fill(0x00000011);
-        EXPECT_TRUE(Functions::MiddleStretchTransparentBlt(canvas, tall, {0, 0, width, 6}, key));
-        for (int y = 0; y < 8; ++y)
-            for (int x = 0; x < 8; ++x)
-                EXPECT_EQ(canvas.At(x, y), x < width && y > 0 && y < 6 ? 0x8000U : 0x11U) << x << "," << y;
-        EXPECT_TRUE(Functions::MiddleStretchDraw(canvas, tall, {0, 0, width, 6}));
-        EXPECT_EQ(canvas.At(width - 1, 0), 0xFF00FFU);
-    }
-    const Source translucent(4, 4, [](int, int) { return 0x80404040U; });
-    Canvas canvas(6, 6);
-    canvas.Fill(0x00202020);
-    EXPECT_TRUE(Functions::MiddleStretchAlphaBlend(canvas, translucent, {0, 0, 6, 6}, 128));
-    EXPECT_EQ(canvas.At(5, 5), Blended(0x80404040, 0x202020, 128));
+    constexpr std::uint32_t kBackground = 0x00202020;
+    const std::vector<Case> cases{
+        {"copied", [&](HDC dc, const RECT& r) { return Functions::MiddleStretchDraw(dc, bitmap, r); },
+         0x00FF00FF, 0x80404040},
+        {"keyed",
+         [&](HDC dc, const RECT& r) {
+             return Functions::MiddleStretchTransparentBlt(dc, bitmap, r, CARGB(255, 0, 255, 0));
+         },
+         kBackground, 0x00404040},
+        {"blended",
+         [&](HDC dc, const RECT& r) { return Functions::MiddleStretchAlphaBlend(dc, bitmap, r, 128); },
+         Blended(0x00FF00FF, kBackground, 128), Blended(0x80404040, kBackground, 128)},
+    };
+    for (const Case& c : cases)
+        for (const SIZE size : {SIZE{3, 3}, SIZE{3, 6}, SIZE{6, 6}, SIZE{7, 5}}) {
+            const Canvas canvas(8, 8, [](int, int) { return kBackground; });
+            EXPECT_TRUE(c.draw(canvas, {0, 0, size.cx, size.cy})) << c.name;
+            canvas.Expect(
+                [&](int x, int y) {
+                    const bool isInside = Holds({0, 0, size.cx, size.cy}, x, y);
+                    return !isInside ? kBackground : y == 0 ? c.top : c.rest;
+                },
+                c.name + (' ' + std::to_string(size.cx) + " x " + std::to_string(size.cy)));
+        }
 }
 
 using BitmapRegion = RenderTest;
@@ -334,18 +294,6 @@ using BitmapRegion = RenderTest;
 namespace {
 
 constexpr std::uint32_t kMagenta = 0xFF00FF;
-
-void ExpectRegion(HRGN region, int width, int height, const std::function<bool(int x, int y)>& isInside,
-                  const std::string& name)
-{
-    ASSERT_NE(region, nullptr) << name;
-    for (int y = -1; y <= height; ++y)
-        for (int x = -1; x <= width; ++x) {
-            const bool expected = x >= 0 && y >= 0 && x < width && y < height && isInside(x, y);
-            ASSERT_EQ(PtInRegion(region, x, y) != 0, expected) << name << " at " << x << "," << y;
-        }
-    DeleteObject(region);
-}
 
 }  // namespace
 
@@ -378,9 +326,13 @@ TEST_F(BitmapRegion, HoldsEveryPixelThatIsNotKeyed)
             inside.push_back(c.isInside(x, y));
             return inside.back() ? 0xFFFFFFFEU : 0x12000000U | kMagenta;
         });
-        ExpectRegion(
-            Functions::BitmapToRgn(bitmap, CARGB(255, 0, 255, 255), 0), c.width, c.height,
-            [&](int x, int y) { return inside[static_cast<std::size_t>(y * c.width + x)]; }, c.name);
+        const Scoped region(Functions::BitmapToRgn(bitmap, CARGB(255, 0, 255, 255), 0));
+        for (int y = -1; y <= c.height; ++y)
+            for (int x = -1; x <= c.width; ++x)
+                ASSERT_EQ(PtInRegion(region, x, y) != 0,
+                          Holds({0, 0, c.width, c.height}, x, y) &&
+                              inside[static_cast<std::size_t>(y * c.width + x)])
+                    << c.name << " at " << x << "," << y;
     }
     EXPECT_EQ(Functions::BitmapToRgn(nullptr, CARGB(), 0), nullptr);
 }

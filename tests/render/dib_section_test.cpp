@@ -12,17 +12,16 @@ using DUI::CRefPtr;
 
 namespace {
 
-// A pixel that tells where it stands.
-std::uint32_t PlacePixel(int x, int y)
+std::uint32_t MarkedPixel(int x, int y)
 {
-    return static_cast<std::uint32_t>(0x01000000 * (x + 1) + 0x00010000 * (y + 1) + 0x55);
+    return PlacePixel(x, y) | static_cast<std::uint32_t>(x + y + 1) << 24;
 }
 
 void Paint(CDibSection& section)
 {
     for (int y = 0; y < section.GetDibHeader()->biHeight; ++y)
         for (int x = 0; x < section.GetDibHeader()->biWidth; ++x)
-            section.SetPixel(x, y, Argb(PlacePixel(x, y)), TRUE);
+            section.SetPixel(x, y, Argb(MarkedPixel(x, y)), TRUE);
 }
 
 std::vector<unsigned char> FileBytes(const std::string& path)
@@ -78,11 +77,11 @@ TEST_F(DibSection, CountsRowsFromEitherEnd)
         Paint(section);
         for (int y = 0; y < 4; ++y)
             for (int x = 0; x < 3; ++x) {
-                const std::uint32_t expected = PlacePixel(x, y) & (bitCount == 32 ? 0xFFFFFFFF : 0x00FFFFFF);
+                const std::uint32_t expected = MarkedPixel(x, y) & (bitCount == 32 ? 0xFFFFFFFF : 0x00FFFFFF);
                 EXPECT_EQ(Bits(section.GetPixel(x, y, TRUE)), expected) << bitCount;
                 EXPECT_EQ(Bits(section.GetPixel(x, 3 - y, FALSE)), expected) << bitCount;
             }
-        EXPECT_EQ(section.GetBits()[2], 4) << "the bottom row is stored first";
+        EXPECT_EQ(section.GetBits()[1], 4) << "the bottom row is stored first";
     }
 }
 
@@ -100,7 +99,7 @@ TEST_F(DibSection, CopiesOwnTheirPixels)
     for (const CDibSection* each : {&copy, static_cast<const CDibSection*>(&assigned),
                                     static_cast<const CDibSection*>(clone.GetPtr())}) {
         EXPECT_EQ(each->GetBitCount(), 24);
-        EXPECT_EQ(Bits(each->GetPixel(1, 1, TRUE)), PlacePixel(1, 1) & 0xFFFFFF);
+        EXPECT_EQ(Bits(each->GetPixel(1, 1, TRUE)), MarkedPixel(1, 1) & 0xFFFFFF);
     }
 
     EXPECT_TRUE(section.CopyTo(&section));
@@ -123,7 +122,7 @@ TEST_F(DibSection, HandsItsBitmapOver)
     EXPECT_TRUE(from.IsNull());
     EXPECT_EQ(from.GetLineWidth(), 0U);
     EXPECT_EQ(to.GetLineWidth(), 12U);
-    EXPECT_EQ(Bits(to.GetPixel(2, 1, TRUE)), PlacePixel(2, 1));
+    EXPECT_EQ(Bits(to.GetPixel(2, 1, TRUE)), MarkedPixel(2, 1));
 
     const HBITMAP bitmap = to.Detach();
     EXPECT_TRUE(to.IsNull());
@@ -140,15 +139,14 @@ TEST_F(DibSection, TakesPixelsFromAnyBitmap)
     struct Case {
         WORD asked, given;
     };
-    const Canvas canvas(3, 2);
-    const_cast<Canvas&>(canvas).Paint(PlacePixel);
+    const Canvas canvas(3, 2, MarkedPixel);
     for (const Case& c : {Case{1, 24}, Case{23, 24}, Case{24, 32}, Case{32, 32}}) {
         CDibSection section;
         ASSERT_TRUE(section.Create(canvas.Bitmap(), c.asked)) << c.asked;
         EXPECT_EQ(section.GetBitCount(), c.given) << c.asked;
         for (int y = 0; y < 2; ++y)
             for (int x = 0; x < 3; ++x)
-                EXPECT_EQ(Bits(section.GetPixel(x, y, TRUE)) & 0xFFFFFF, PlacePixel(x, y) & 0xFFFFFF)
+                EXPECT_EQ(Bits(section.GetPixel(x, y, TRUE)) & 0xFFFFFF, MarkedPixel(x, y) & 0xFFFFFF)
                     << c.asked;
     }
     CDibSection section;
@@ -165,13 +163,13 @@ TEST_F(DibSection, DrawsCopiesAndScales)
     Canvas canvas(7, 6);
     EXPECT_TRUE(section.Draw(canvas, 1, 1));
     EXPECT_EQ(canvas.Picture(), ".......\n.##....\n.##....\n.......\n.......\n.......\n");
-    EXPECT_EQ(canvas.At(2, 2), PlacePixel(1, 1));
+    EXPECT_EQ(canvas.At(2, 2), MarkedPixel(1, 1));
 
     EXPECT_TRUE(section.Stretch(canvas, {1, 1, 5, 5}));
     EXPECT_EQ(GetStretchBltMode(canvas), COLORONCOLOR);
-    for (int y = 0; y < 4; ++y)
-        for (int x = 0; x < 4; ++x)
-            EXPECT_EQ(canvas.At(1 + x, 1 + y), PlacePixel(x / 2, y / 2)) << x << "," << y;
+    canvas.Expect([](int x, int y) {
+        return Holds({1, 1, 5, 5}, x, y) ? MarkedPixel((x - 1) / 2, (y - 1) / 2) : 0;
+    });
 }
 
 TEST_F(DibSection, BlendsByItsOwnAlphaOrAConstant)

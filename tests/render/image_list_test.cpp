@@ -13,22 +13,20 @@ using DUI::CDUIImageList;
 
 namespace {
 
-using PixelAt = std::function<std::uint32_t(int x, int y)>;
-
-// A pixel that tells where it stands.
-std::uint32_t PlacePixel(int x, int y)
+// A pixel that tells where it stands, in values that a product with an alpha keeps apart.
+std::uint32_t StepPixel(int x, int y)
 {
     return static_cast<std::uint32_t>(0x00010000 * (20 * x + 20) + 0x00000100 * (20 * y + 20) + 0x55);
 }
 
 std::uint32_t TranslucentPixel(int x, int y)
 {
-    return PlacePixel(x, y) | (static_cast<std::uint32_t>(30 * x + 3 * y) << 24);
+    return StepPixel(x, y) | (static_cast<std::uint32_t>(30 * x + 3 * y) << 24);
 }
 
 std::uint32_t KeyedPixel(int x, int y)
 {
-    return (x + y) % 3 == 0 ? 0x00FF00FFU : PlacePixel(x, y);
+    return (x + y) % 3 == 0 ? 0x00FF00FFU : StepPixel(x, y);
 }
 
 std::uint32_t Premultiplied(std::uint32_t pixel)
@@ -89,9 +87,9 @@ TEST_F(Image, LoadsPremultiplied)
     EXPECT_EQ(StoredPixel(image, 0, 0), 0x80193264U) << "(50, 100, 200) at alpha 128";
     EXPECT_EQ(StoredPixel(image, 1, 1), 0xFF010203U);
 
-    ASSERT_TRUE(image.CreateFromFile(WritePicture("opaque.png", 2, 2, false, PlacePixel).c_str()));
+    ASSERT_TRUE(image.CreateFromFile(WritePicture("opaque.png", 2, 2, false, StepPixel).c_str()));
     EXPECT_EQ(image.GetRawImage()->GetBPP(), 24);
-    EXPECT_EQ(StoredPixel(image, 1, 0), PlacePixel(1, 0));
+    EXPECT_EQ(StoredPixel(image, 1, 0), StepPixel(1, 0));
     image.Destory();
     EXPECT_TRUE(image.IsNull());
 }
@@ -111,7 +109,7 @@ TEST_F(Image, MultipliesEveryValueByEveryAlpha)
 
 TEST_F(Image, FilesReachEveryCopyAndStreamsOnlyOne)
 {
-    const std::string small = WritePicture("small.png", 2, 2, false, PlacePixel);
+    const std::string small = WritePicture("small.png", 2, 2, false, StepPixel);
     const std::string large = WritePicture("large.png", 5, 3, true, TranslucentPixel);
     CDUIImage image;
     ASSERT_TRUE(image.CreateFromFile(small.c_str()));
@@ -178,7 +176,7 @@ TEST_F(ImageList, CutsTheStripIntoIcons)
         {"as many as it gets", 0xFFFFFFFF, 1, 0, 60, 0, nullptr},
     };
     Probe list;
-    ASSERT_TRUE(list.CreateFromFile(WritePicture("strip.png", 60, 20, false, PlacePixel).c_str()));
+    ASSERT_TRUE(list.CreateFromFile(WritePicture("strip.png", 60, 20, false, StepPixel).c_str()));
     for (const Case& c : cases) {
         list.SetItemCount(c.count);
         list.SetImageDirection(c.direction);
@@ -224,7 +222,7 @@ struct Kind {
     PixelAt pixelAt;
 };
 const Kind kKinds[] = {
-    {"plain", false, CLR_INVALID, PlacePixel},
+    {"plain", false, CLR_INVALID, StepPixel},
     {"alpha", true, CLR_INVALID, TranslucentPixel},
     {"keyed", false, RGB(255, 0, 255), KeyedPixel},
 };
@@ -411,20 +409,20 @@ TEST_F(ImageList, DrawsEveryStyleWithEveryOperation)
 TEST_F(ImageList, DrawsOneIconAndNothingIntoEmptyRectangles)
 {
     CDUIImageList list;
-    ASSERT_TRUE(list.CreateFromFile(WritePicture("icons.png", 8, 4, false, PlacePixel).c_str()));
+    ASSERT_TRUE(list.CreateFromFile(WritePicture("icons.png", 8, 4, false, StepPixel).c_str()));
     list.SetItemCount(2);
     Canvas canvas(4, 4);
     list.DrawImage(canvas, {0, 0, 4, 4}, 1);
     for (int y = 0; y < 4; ++y)
         for (int x = 0; x < 4; ++x)
-            EXPECT_EQ(canvas.At(x, y) & 0xFFFFFF, PlacePixel(4 + x, y));
+            EXPECT_EQ(canvas.At(x, y) & 0xFFFFFF, StepPixel(4 + x, y));
     canvas.Fill(0);
     for (const RECT& rect : {RECT{1, 1, 1, 3}, RECT{3, 3, 1, 1}, RECT{0, 3, 4, 1}})
         list.DrawImage(canvas, rect, 0);
     EXPECT_EQ(canvas.Picture(), "....\n....\n....\n....\n");
 
     list.DrawImage(canvas, RECT{0, 0, 4, 4});
-    EXPECT_NE(canvas.At(3, 0), PlacePixel(3, 0)) << "the whole picture, not an icon";
+    EXPECT_NE(canvas.At(3, 0), StepPixel(3, 0)) << "the whole picture, not an icon";
 }
 
 TEST_F(ImageList, SurvivesCornersAndPlacesFromBrokenSkins)
@@ -473,7 +471,7 @@ TEST_F(ImageList, GivesOneIconAsABitmap)
 TEST_F(ImageList, GivesTheFirstIconsShape)
 {
     CDUIImageList list;
-    const auto pixelAt = [](int x, int y) { return x == y || x >= 4 ? 0xFF00FFU : PlacePixel(x, y); };
+    const auto pixelAt = [](int x, int y) { return x == y || x >= 4 ? 0xFF00FFU : StepPixel(x, y); };
     ASSERT_TRUE(list.CreateFromFile(WritePicture("shape.png", 8, 4, false, pixelAt).c_str()));
     list.SetItemCount(2);
     const Scoped region(list.GetIconRgn());

@@ -57,9 +57,3 @@ inline std::uint32_t Blended(std::uint32_t source, std::uint32_t destination, st
                  << (8 * channel);
     return pixel;
 }
-
-/// Whether a point lies in a rectangle.
-inline bool Holds(const RECT& rect, int x, int y)
-{
-    return x >= rect.left && x < rect.right && y >= rect.top && y < rect.bottom;
-}

@@ -188,9 +188,11 @@ BOOL TransparentBlt(HDC dc, int x, int y, int width, int height, HDC source, int
                                   from->ToSurface(sourceX, sourceY, sourceWidth, sourceHeight));
     if (blit.IsEmpty())
         return TRUE;
-    // A key with a high byte is no colour: no pixel matches it. All pixels lose their alpha.
+    // A key with a high byte is no colour, except that of a colour given by its parts. All pixels lose their
+    // alpha.
     constexpr std::uint32_t kColourBits = 0x00FFFFFF;
-    const bool isColour = (key & ~kColourBits) == 0;
+    constexpr UINT kByParts = 0x02000000;
+    const bool isColour = (key & ~kColourBits & ~kByParts) == 0;
     const std::uint32_t keyed = PixelOf(key);
     JoinScaled(blit, blit.Shrinks() ? Sampling::And : Sampling::Point,
                [=](std::uint32_t pixel, std::uint32_t destination) {

@@ -6,7 +6,7 @@
 
 namespace {
 
-constexpr BLENDFUNCTION Blend(int constantAlpha, bool perPixel)
+constexpr BLENDFUNCTION Blend(std::uint32_t constantAlpha, bool perPixel)
 {
     return {AC_SRC_OVER, 0, static_cast<BYTE>(constantAlpha), static_cast<BYTE>(perPixel ? AC_SRC_ALPHA : 0)};
 }
@@ -35,20 +35,15 @@ std::uint32_t Premultiplied(std::uint32_t pixel)
     return result;
 }
 
-// The number of pixels of `canvas` that differ from what blending `source` onto `before` gives; the first
-// one's values are reported.
-int Mismatches(const Canvas& canvas, const std::vector<std::uint32_t>& source,
-               const std::vector<std::uint32_t>& before, std::uint32_t constantAlpha, bool perPixel)
+// Blends the whole source onto a target of the same size.
+void ExpectBlended(const Canvas& target, const Canvas& source, std::uint32_t constantAlpha, bool perPixel)
 {
-    const std::vector<std::uint32_t> after = canvas.Pixels();
-    int count = 0;
-    for (std::size_t i = 0; i < after.size(); ++i) {
-        const std::uint32_t expected = Expected(source[i], before[i], constantAlpha, perPixel);
-        if (after[i] != expected && count++ == 0)
-            ADD_FAILURE() << std::hex << source[i] << " on " << before[i] << " gave " << after[i] << ", not "
-                          << expected << ", constant alpha " << constantAlpha;
-    }
-    return count;
+    const Canvas before(target.Width(), target.Height(), [&target](int x, int y) { return target.At(x, y); });
+    ASSERT_TRUE(AlphaBlend(target, 0, 0, target.Width(), target.Height(), source, 0, 0, target.Width(),
+                           target.Height(), Blend(constantAlpha, perPixel)));
+    target.Expect(
+        [&](int x, int y) { return Expected(source.At(x, y), before.At(x, y), constantAlpha, perPixel); },
+        (perPixel ? "per pixel, " : "constant, ") + std::to_string(constantAlpha));
 }
 
 }  // namespace
@@ -57,47 +52,37 @@ using AlphaBlending = PlatformTest;
 
 TEST_F(AlphaBlending, IsExactForEveryPremultipliedValue)
 {
-    Canvas target(256, 256);
-    Canvas source(256, 256);
     for (std::uint32_t alpha = 0; alpha < 256; alpha += 5) {
-        source.Paint([alpha](int x, int) {
+        const Canvas source(256, 256, [alpha](int x, int) {
             const std::uint32_t value = static_cast<std::uint32_t>(x) * alpha / 255;
             return (alpha << 24) | (value << 16) | ((alpha - value) << 8) | (value / 2);
         });
-        target.Paint([](int x, int y) {
+        const Canvas target(256, 256, [](int x, int y) {
             return 0x01010101U * static_cast<std::uint32_t>(y) ^ static_cast<std::uint32_t>(x << 8);
         });
-        const std::vector<std::uint32_t> before = target.Pixels();
-        ASSERT_TRUE(AlphaBlend(target, 0, 0, 256, 256, source, 0, 0, 256, 256, Blend(255, true)));
-        ASSERT_EQ(Mismatches(target, source.Pixels(), before, 255, true), 0) << "alpha " << alpha;
+        ExpectBlended(target, source, 255, true);
     }
 }
 
 TEST_F(AlphaBlending, IsExactForRandomPixelsAndConstantAlpha)
 {
     std::mt19937 random(20);
-    Canvas target(64, 64);
-    Canvas source(64, 64);
     for (int round = 0; round < 64; ++round) {
         const std::uint32_t constantAlpha = round == 0 ? 0 : round == 1 ? 255 : random() & 0xFF;
         const bool perPixel = round % 2 == 0;
-        source.Paint([&](int, int) {
+        const Canvas source(64, 64, [&](int, int) {
             const auto pixel = static_cast<std::uint32_t>(random());
             return perPixel ? Premultiplied(pixel) : pixel;
         });
-        target.Paint([&](int, int) { return static_cast<std::uint32_t>(random()); });
-        const std::vector<std::uint32_t> before = target.Pixels();
-        const BLENDFUNCTION blend = Blend(static_cast<int>(constantAlpha), perPixel);
-        ASSERT_TRUE(AlphaBlend(target, 0, 0, 64, 64, source, 0, 0, 64, 64, blend));
-        ASSERT_EQ(Mismatches(target, source.Pixels(), before, constantAlpha, perPixel), 0) << perPixel;
+        const Canvas target(64, 64, [&](int, int) { return static_cast<std::uint32_t>(random()); });
+        ExpectBlended(target, source, constantAlpha, perPixel);
     }
 }
 
 TEST_F(AlphaBlending, WritesTheRectangleInsideTheClipAndNothingElse)
 {
-    Canvas target(8, 4);
-    Canvas source(4, 4);
-    source.Fill(0xFF0000FF);
+    const Canvas target(8, 4);
+    const Canvas source(4, 4, [](int, int) { return 0xFF0000FFU; });
     IntersectClipRect(target, 0, 1, 5, 3);
     EXPECT_TRUE(AlphaBlend(target, 3, -1, 4, 4, source, 0, 0, 4, 4, Blend(255, true)));
     EXPECT_EQ(target.Picture(), "........\n...##...\n...##...\n........\n");
@@ -105,21 +90,22 @@ TEST_F(AlphaBlending, WritesTheRectangleInsideTheClipAndNothingElse)
 
 TEST_F(AlphaBlending, ReadsTheSourceThroughItsOwnOriginAndAlphaOfA24BitSourceAsNone)
 {
-    Canvas target(2, 1);
-    Canvas source(4, 1, 24);
-    source.Paint([](int x, int) { return static_cast<std::uint32_t>(0x111111 * x); });
+    const Canvas target(2, 1);
+    const Canvas source(4, 1, PlacePixel, 24);
     SetViewportOrgEx(source, 1, 0, nullptr);
     EXPECT_TRUE(AlphaBlend(target, 0, 0, 2, 1, source, 1, 0, 2, 1, Blend(255, false)));
-    EXPECT_EQ(target.At(0, 0) & 0xFFFFFF, 0x222222U);
-    EXPECT_EQ(target.At(1, 0) & 0xFFFFFF, 0x333333U);
+    EXPECT_EQ(target.At(0, 0) & 0xFFFFFF, PlacePixel(2, 0));
+    EXPECT_EQ(target.At(1, 0) & 0xFFFFFF, PlacePixel(3, 0));
 }
 
 TEST_F(AlphaBlending, RefusesWhatItCannotDrawAndDrawsNothingThen)
 {
+    struct Place {
+        int x, y, width, height;
+    };
     struct Case {
         const char* name;
-        RECT destination;  // left, top, width, height
-        RECT source;
+        Place to, from;
         BOOL result;
     };
     const std::vector<Case> cases{
@@ -131,23 +117,18 @@ TEST_F(AlphaBlending, RefusesWhatItCannotDrawAndDrawsNothingThen)
         {"no width", {0, 0, 0, 2}, {0, 0, 2, 2}, TRUE},
         {"no source height", {0, 0, 2, 2}, {0, 0, 2, 0}, TRUE},
     };
+    const auto blend = [](HDC target, const Place& to, HDC source, const Place& from) {
+        return AlphaBlend(target, to.x, to.y, to.width, to.height, source, from.x, from.y, from.width,
+                          from.height, Blend(255, true));
+    };
+    const Canvas source(4, 4, [](int, int) { return 0xFFFFFFFFU; });
     for (const Case& c : cases) {
-        Canvas target(8, 8);
-        Canvas source(4, 4);
-        source.Fill(0xFFFFFFFF);
-        EXPECT_EQ(AlphaBlend(target, c.destination.left, c.destination.top, c.destination.right,
-                             c.destination.bottom, source, c.source.left, c.source.top, c.source.right,
-                             c.source.bottom, Blend(255, true)),
-                  c.result)
-            << c.name;
-        EXPECT_EQ(target.Pixels(), std::vector<std::uint32_t>(64, 0)) << c.name;
+        const Canvas target(8, 8);
+        EXPECT_EQ(blend(target, c.to, source, c.from), c.result) << c.name;
+        target.Expect([](int, int) { return 0U; }, c.name);
     }
-    Canvas both(8, 8);
-    both.Fill(0x80808080);
-    EXPECT_FALSE(AlphaBlend(both, 1, 1, 4, 4, both, 0, 0, 4, 4, Blend(255, true))) << "overlap";
-    EXPECT_TRUE(AlphaBlend(both, 4, 4, 4, 4, both, 0, 0, 4, 4, Blend(255, true)))
-        << "two parts of one bitmap";
-    Canvas opaque(4, 4, 24);
-    EXPECT_FALSE(AlphaBlend(both, 0, 0, 4, 4, opaque, 0, 0, 4, 4, Blend(255, true)))
-        << "alpha of a 24-bit source";
+    const Canvas both(8, 8, [](int, int) { return 0x80808080U; });
+    EXPECT_FALSE(blend(both, {1, 1, 4, 4}, both, {0, 0, 4, 4})) << "overlap";
+    EXPECT_TRUE(blend(both, {4, 4, 4, 4}, both, {0, 0, 4, 4})) << "two parts of one bitmap";
+    EXPECT_FALSE(blend(both, {0, 0, 4, 4}, Canvas(4, 4, 24), {0, 0, 4, 4})) << "alpha of a 24-bit source";
 }

@@ -50,7 +50,7 @@ void Canvas::Set(int x, int y, std::uint32_t pixel)
     std::memcpy(Address(x, y), &pixel, static_cast<std::size_t>(m_bytes));
 }
 
-void Canvas::Paint(const std::function<std::uint32_t(int x, int y)>& pixelAt)
+void Canvas::Paint(const PixelAt& pixelAt)
 {
     GdiFlush();
     for (int y = 0; y < m_height; ++y)
@@ -76,15 +76,34 @@ std::vector<std::uint32_t> Canvas::Pixels() const
     return pixels;
 }
 
+void Canvas::Expect(const PixelAt& pixelAt, const std::string& name) const
+{
+    GdiFlush();
+    for (int y = 0; y < m_height; ++y)
+        for (int x = 0; x < m_width; ++x)
+            if (const std::uint32_t pixel = Read(Address(x, y)), expected = pixelAt(x, y);
+                pixel != expected) {
+                ADD_FAILURE() << name << " at " << x << ',' << y << std::hex << ": " << pixel << ", not "
+                              << expected;
+                return;
+            }
+}
+
 std::string Canvas::Picture(std::uint32_t background) const
 {
-    std::string picture;
+    return Letters([background](std::uint32_t pixel) { return pixel == background ? '.' : '#'; });
+}
+
+std::string Canvas::Letters(const std::function<char(std::uint32_t pixel)>& letterOf) const
+{
+    GdiFlush();
+    std::string text;
     for (int y = 0; y < m_height; ++y) {
         for (int x = 0; x < m_width; ++x)
-            picture += At(x, y) == background ? '.' : '#';
-        picture += '\n';
+            text += letterOf(Read(Address(x, y)));
+        text += '\n';
     }
-    return picture;
+    return text;
 }
 
 std::string Canvas::DifferenceFrom(const Canvas& other) const

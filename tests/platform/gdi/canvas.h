@@ -9,12 +9,19 @@
 
 #include "platform/platform_test.h"
 
+using PixelAt = std::function<std::uint32_t(int x, int y)>;
+
 /// A memory context that draws on a DIB section, whose pixels are read and written as AARRGGBB, top row
 /// first.
 class Canvas {
 public:
     /// All pixels start as 0. A negative height makes a top-down section.
     Canvas(int width, int height, int bitsPerPixel = 32);
+    Canvas(int width, int height, const PixelAt& pixelAt, int bitsPerPixel = 32)
+        : Canvas(width, height, bitsPerPixel)
+    {
+        Paint(pixelAt);
+    }
     Canvas(const Canvas&) = delete;
     Canvas& operator=(const Canvas&) = delete;
     ~Canvas();
@@ -27,11 +34,15 @@ public:
     std::uint32_t At(int x, int y) const;
     void Set(int x, int y, std::uint32_t pixel);
     /// Sets every pixel to what `pixelAt` answers for it.
-    void Paint(const std::function<std::uint32_t(int x, int y)>& pixelAt);
+    void Paint(const PixelAt& pixelAt);
     void Fill(std::uint32_t pixel);
     std::vector<std::uint32_t> Pixels() const;
+    /// Fails with the first pixel that is not what `pixelAt` answers.
+    void Expect(const PixelAt& pixelAt, const std::string& name = {}) const;
     /// One line of text per row; '#' where the pixel is not `background`.
     std::string Picture(std::uint32_t background = 0) const;
+    /// One line of text per row, a letter for every pixel.
+    std::string Letters(const std::function<char(std::uint32_t pixel)>& letterOf) const;
     /// Where the pixels differ from those of a canvas of the same size, in words; empty when they do not.
     std::string DifferenceFrom(const Canvas& other) const;
 
@@ -77,6 +88,18 @@ Scoped(HDC, Handle) -> Scoped<Handle>;
 
 /// A 32- or 24-bit BITMAPINFO; a negative height is top-down.
 BITMAPINFO BitmapInfo(int width, int height, int bitsPerPixel);
+
+/// A pixel that tells where it stands, with alpha 0.
+constexpr std::uint32_t PlacePixel(int x, int y)
+{
+    return static_cast<std::uint32_t>((x + 1) << 16 | (y + 1) << 8 | 0x55);
+}
+
+/// Whether a point lies in a rectangle.
+constexpr bool Holds(const RECT& rect, int x, int y)
+{
+    return x >= rect.left && x < rect.right && y >= rect.top && y < rect.bottom;
+}
 
 /// The platform's rounding division by 255.
 constexpr std::uint32_t Over255(std::uint32_t value)

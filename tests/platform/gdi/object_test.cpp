@@ -2,15 +2,6 @@
 
 #include "platform/gdi/canvas.h"
 
-namespace {
-
-std::function<BOOL(HDC)> Blitting(HDC source)
-{
-    return [source](HDC dc) { return BitBlt(dc, 0, 0, 1, 1, source, 0, 0, SRCCOPY); };
-}
-
-}  // namespace
-
 using Objects = PlatformTest;
 
 TEST_F(Objects, AreDeletedOnce)
@@ -34,11 +25,13 @@ TEST_F(Objects, AreDeletedOnce)
 
 TEST_F(Objects, ReturnWhatWasSelectedBefore)
 {
-    Canvas canvas(2, 2);
-    EXPECT_EQ(SelectObject(canvas, GetStockObject(BLACK_BRUSH)), GetStockObject(WHITE_BRUSH));
-    EXPECT_EQ(SelectObject(canvas, GetStockObject(WHITE_BRUSH)), GetStockObject(BLACK_BRUSH));
-    EXPECT_EQ(SelectObject(canvas, GetStockObject(NULL_PEN)), GetStockObject(BLACK_PEN));
-    EXPECT_EQ(SelectObject(canvas, GetStockObject(DEFAULT_GUI_FONT)), GetStockObject(SYSTEM_FONT));
+    const Canvas canvas(2, 2);
+    const std::pair<int, int> selections[]{{BLACK_BRUSH, WHITE_BRUSH},
+                                           {WHITE_BRUSH, BLACK_BRUSH},
+                                           {NULL_PEN, BLACK_PEN},
+                                           {DEFAULT_GUI_FONT, SYSTEM_FONT}};
+    for (const auto& [selected, before] : selections)
+        EXPECT_EQ(SelectObject(canvas, GetStockObject(selected)), GetStockObject(before)) << selected;
     const Scoped region(CreateRectRgn(0, 0, 1, 1));
     EXPECT_EQ(reinterpret_cast<INT_PTR>(SelectObject(canvas, static_cast<HRGN>(region))), SIMPLEREGION);
 }
@@ -127,8 +120,8 @@ TEST_F(Objects, ThatAreNotAliveFailCleanly)
     EXPECT_FALSE(DeleteDC(stale));
     EXPECT_EQ(SaveDC(stale), 0);
     EXPECT_FALSE(RestoreDC(stale, -1));
-    EXPECT_FALSE(Blitting(stale)(canvas));
-    EXPECT_FALSE(Blitting(canvas)(stale));
+    EXPECT_FALSE(BitBlt(canvas, 0, 0, 1, 1, stale, 0, 0, SRCCOPY));
+    EXPECT_FALSE(BitBlt(stale, 0, 0, 1, 1, canvas, 0, 0, SRCCOPY));
     EXPECT_FALSE(LineTo(stale, 1, 1));
     EXPECT_EQ(GetPixel(stale, 0, 0), CLR_INVALID);
     EXPECT_EQ(SetTextColor(stale, 0), CLR_INVALID);
@@ -164,14 +157,12 @@ TEST_F(Rectangles, IntersectAndUnite)
         {"both empty", {3, 3, 3, 9}, {1, 1, 1, 5}, "0,0,0,0", "0,0,0,0"},
         {"inside", {-5, -5, 5, 5}, {1, 1, 2, 2}, "1,1,2,2", "-5,-5,5,5"},
     };
+    const std::string none = "0,0,0,0";
     for (const Case& c : cases) {
         RECT result{7, 7, 7, 7};
-        EXPECT_EQ(IntersectRect(&result, &c.first, &c.second) != FALSE,
-                  std::string(c.intersection) != "0,0,0,0")
-            << c.name;
+        EXPECT_EQ(IntersectRect(&result, &c.first, &c.second) != FALSE, c.intersection != none) << c.name;
         EXPECT_EQ(RectText(result), c.intersection) << c.name;
-        EXPECT_EQ(UnionRect(&result, &c.first, &c.second) != FALSE, std::string(c.all) != "0,0,0,0")
-            << c.name;
+        EXPECT_EQ(UnionRect(&result, &c.first, &c.second) != FALSE, c.all != none) << c.name;
         EXPECT_EQ(RectText(result), c.all) << c.name;
     }
 }
@@ -184,13 +175,8 @@ TEST_F(Rectangles, MoveGrowAndAnswer)
     InflateRect(&rect, 1, -2);
     EXPECT_EQ(RectText(rect), "-2,7,4,7");
     EXPECT_TRUE(IsRectEmpty(&rect));
-    SetRect(&rect, 1, 1, 3, 3);
+    rect = {1, 1, 3, 3};
     EXPECT_TRUE(PtInRect(&rect, POINT{1, 1}));
     EXPECT_FALSE(PtInRect(&rect, POINT{3, 1}));
     EXPECT_FALSE(PtInRect(&rect, POINT{1, 3}));
-    RECT copy{};
-    CopyRect(&copy, &rect);
-    EXPECT_TRUE(EqualRect(&copy, &rect));
-    SetRectEmpty(&copy);
-    EXPECT_EQ(RectText(copy), "0,0,0,0");
 }

@@ -28,14 +28,14 @@ int Row(int y, int source, int destination)
                                  : (2 * source * y + destination) / (2 * destination);
 }
 
-// A pixel that tells its own place.
-std::uint32_t PlacePixel(int x, int y)
-{
-    return 0x80000000U | static_cast<std::uint32_t>(x << 8 | y);
-}
-
 struct Scale {
     int sourceWidth, sourceHeight, width, height;
+
+    std::string Name() const
+    {
+        return std::to_string(sourceWidth) + 'x' + std::to_string(sourceHeight) + " to " +
+               std::to_string(width) + 'x' + std::to_string(height);
+    }
 };
 
 // Sizes of every proportion; neither source extent is 1 when StretchBlt shrinks to it.
@@ -50,102 +50,101 @@ std::vector<Scale> Scales()
     return scales;
 }
 
-using Draw = std::function<void(HDC target, HDC source, const Scale& scale)>;
-
+// All draw to (3, 2) what lies in the source's middle, with two columns to its left, and one column and a row
+// elsewhere around it.
 struct Operation {
     const char* name;
-    Draw draw;
+    int mode;
+    std::function<void(HDC target, const Canvas& source, const Scale& scale)> draw;
 };
 
-void DrawRows(HDC target, HDC source, const Scale& s, bool topDown)
+void Stretch(HDC target, const Canvas& source, const Scale& s)
 {
-    const auto bitmap = static_cast<HBITMAP>(SelectObject(source, CreateBitmap(1, 1, 1, 32, nullptr)));
-    DIBSECTION section{};
-    GetObjectA(bitmap, sizeof section, &section);
-    const BITMAPINFO info = BitmapInfo(s.sourceWidth, topDown ? -s.sourceHeight : s.sourceHeight, 32);
-    EXPECT_EQ(StretchDIBits(target, 3, 2, s.width, s.height, 0, 0, s.sourceWidth, s.sourceHeight,
-                            section.dsBm.bmBits, &info, DIB_RGB_COLORS, SRCCOPY),
-              s.sourceHeight);
-    DeleteObject(SelectObject(source, bitmap));
+    StretchBlt(target, 3, 2, s.width, s.height, source, 2, 1, s.sourceWidth, s.sourceHeight, SRCCOPY);
 }
 
 const std::vector<Operation> kPointSampled{
-    {"AlphaBlend",
-     [](HDC target, HDC source, const Scale& s) {
-         SetStretchBltMode(target, HALFTONE);
-         AlphaBlend(target, 3, 2, s.width, s.height, source, 0, 0, s.sourceWidth, s.sourceHeight, kOpaque);
+    {"AlphaBlend", HALFTONE,
+     [](HDC target, const Canvas& source, const Scale& s) {
+         AlphaBlend(target, 3, 2, s.width, s.height, source, 2, 1, s.sourceWidth, s.sourceHeight, kOpaque);
      }},
-    {"StretchBlt, COLORONCOLOR",
-     [](HDC target, HDC source, const Scale& s) {
-         SetStretchBltMode(target, COLORONCOLOR);
-         StretchBlt(target, 3, 2, s.width, s.height, source, 0, 0, s.sourceWidth, s.sourceHeight, SRCCOPY);
-     }},
-    {"StretchDIBits, COLORONCOLOR",
-     [](HDC target, HDC source, const Scale& s) {
-         SetStretchBltMode(target, COLORONCOLOR);
-         DrawRows(target, source, s, false);
+    {"StretchBlt", COLORONCOLOR, Stretch},
+    {"StretchDIBits", COLORONCOLOR,
+     [](HDC target, const Canvas& source, const Scale& s) {
+         std::vector<std::uint32_t> rows;  // bottom-up
+         for (int y = source.Height() - 1; y >= 0; --y)
+             for (int x = 0; x < source.Width(); ++x)
+                 rows.push_back(source.At(x, y));
+         const BITMAPINFO info = BitmapInfo(source.Width(), source.Height(), 32);
+         EXPECT_EQ(StretchDIBits(target, 3, 2, s.width, s.height, 2, 1, s.sourceWidth, s.sourceHeight,
+                                 rows.data(), &info, DIB_RGB_COLORS, SRCCOPY),
+                   source.Height());
      }},
 };
-
-void ExpectSamples(const Canvas& target, const Scale& s, const RECT& drawn, const std::string& name)
-{
-    for (int y = 0; y < target.Height(); ++y)
-        for (int x = 0; x < target.Width(); ++x) {
-            const bool isInside = x >= drawn.left && x < drawn.right && y >= drawn.top && y < drawn.bottom;
-            const std::uint32_t expected = isInside ? PlacePixel(Column(x - 3, s.sourceWidth, s.width),
-                                                                 Row(y - 2, s.sourceHeight, s.height))
-                                                    : 0;
-            ASSERT_EQ(target.At(x, y), expected)
-                << name << ' ' << s.sourceWidth << 'x' << s.sourceHeight << " to " << s.width << 'x'
-                << s.height << " at " << x - 3 << ',' << y - 2;
-        }
-}
 
 }  // namespace
 
 using Scaling = PlatformTest;
 
-TEST_F(Scaling, TakesTheNearestSourcePixelWhenPointSampling)
+TEST_F(Scaling, TakesTheNearestSourcePixelWhateverTheClip)
 {
     for (const Operation& operation : kPointSampled)
-        for (const Scale& s : Scales()) {
-            Canvas source(s.sourceWidth, s.sourceHeight);
-            source.Paint(PlacePixel);
-            Canvas target(s.width + 6, s.height + 5);
-            operation.draw(target, source, s);
-            ExpectSamples(target, s, {3, 2, 3 + s.width, 2 + s.height}, operation.name);
-        }
+        for (const Scale& s : Scales())
+            for (const bool isClipped : {false, true}) {
+                const Canvas source(s.sourceWidth + 3, s.sourceHeight + 2, PlacePixel);
+                const Canvas target(s.width + 6, s.height + 5);
+                RECT drawn{3, 2, 3 + s.width, 2 + s.height};
+                if (isClipped) {
+                    drawn = {3 + s.width / 3, 2 + s.height / 4, 3 + s.width, 2 + s.height * 3 / 4};
+                    IntersectClipRect(target, drawn.left, drawn.top, drawn.right, drawn.bottom);
+                }
+                SetStretchBltMode(target, operation.mode);
+                operation.draw(target, source, s);
+                target.Expect(
+                    [&](int x, int y) {
+                        return Holds(drawn, x, y) ? PlacePixel(2 + Column(x - 3, s.sourceWidth, s.width),
+                                                               1 + Row(y - 2, s.sourceHeight, s.height))
+                                                  : 0;
+                    },
+                    operation.name + (' ' + s.Name()));
+            }
 }
 
-TEST_F(Scaling, IsNotMovedByAClip)
+// Wide and high enough for every way in which the pixels are gathered: the widest part, one of several, one
+// of a single column or row, and those of 24 bits.
+TEST_F(Scaling, IsTheSameForLargePartsAndTranslucentPixels)
 {
-    for (const Operation& operation : kPointSampled)
-        for (const Scale& s : Scales()) {
-            Canvas source(s.sourceWidth, s.sourceHeight);
-            source.Paint(PlacePixel);
-            Canvas target(s.width + 6, s.height + 5);
-            const RECT clip{3 + s.width / 3, 2 + s.height / 4, 3 + s.width, 2 + s.height * 3 / 4};
-            IntersectClipRect(target, clip.left, clip.top, clip.right, clip.bottom);
-            operation.draw(target, source, s);
-            ExpectSamples(target, s, clip, operation.name);
-        }
-}
-
-TEST_F(Scaling, OfOneSourcePixelFillsTheRectangle)
-{
-    Canvas source(4, 4);
-    source.Paint(PlacePixel);
-    Canvas target(5, 3);
-    EXPECT_TRUE(AlphaBlend(target, 0, 0, 5, 3, source, 2, 3, 1, 1, kOpaque));
-    EXPECT_EQ(target.Pixels(), std::vector<std::uint32_t>(15, PlacePixel(2, 3)));
+    const auto translucent = [](int x, int y) {
+        const auto alpha = static_cast<std::uint32_t>(x * 5 + y * 3) % 256;
+        return alpha << 24 | alpha / 2 << 16 | alpha / 3 << 8 | alpha;
+    };
+    constexpr BLENDFUNCTION kPerPixel{AC_SRC_OVER, 0, 255, AC_SRC_ALPHA};
+    for (const Scale& s : {Scale{700, 9, 2500, 40}, Scale{3000, 70, 2100, 33}, Scale{1, 200, 300, 90},
+                           Scale{200, 1, 90, 300}}) {
+        const Canvas source(s.sourceWidth, s.sourceHeight, translucent);
+        const Canvas target(s.width, s.height);
+        PatBlt(target, 0, 0, s.width, s.height, WHITENESS);
+        AlphaBlend(target, 0, 0, s.width, s.height, source, 0, 0, s.sourceWidth, s.sourceHeight, kPerPixel);
+        target.Expect(
+            [&](int x, int y) {
+                const std::uint32_t pixel =
+                    translucent(Column(x, s.sourceWidth, s.width), Row(y, s.sourceHeight, s.height));
+                return pixel + 0x01010101U * (255 - (pixel >> 24));
+            },
+            s.Name());
+    }
+    const Canvas source(50, 40, PlacePixel, 24);
+    const Canvas target(300, 20, 24);
+    SetStretchBltMode(target, COLORONCOLOR);
+    StretchBlt(target, 0, 0, 300, 20, source, 0, 0, 50, 40, SRCCOPY);
+    target.Expect([](int x, int y) { return PlacePixel(Column(x, 50, 300), Row(y, 40, 20)); }, "24 bits");
 }
 
 TEST_F(Scaling, JoinsTheGroupBitwiseInTheMonochromeModes)
 {
     struct Case {
         const char* name;
-        int mode;
-        int width;
+        int mode, width;
         std::vector<std::uint32_t> expected;
     };
     const std::vector<std::uint32_t> pixels{0xF0F0F0F0, 0x3C3C3C3C, 0x0F0F0F0F, 0xFF00FF00};
@@ -159,16 +158,12 @@ TEST_F(Scaling, JoinsTheGroupBitwiseInTheMonochromeModes)
          {pixels[0], pixels[0], pixels[1], pixels[1], pixels[2], pixels[2], pixels[3], pixels[3]}},
     };
     for (const Case& c : cases) {
-        Canvas source(4, 1);
-        source.Paint([&pixels](int x, int) { return pixels[static_cast<std::size_t>(x)]; });
-        Canvas target(c.width, 1);
-        SetStretchBltMode(target, c.mode);
+        const Canvas source(4, 1, [&pixels](int x, int) { return pixels[static_cast<std::size_t>(x)]; });
+        const Canvas target(c.width, 1);
+        EXPECT_EQ(SetStretchBltMode(target, c.mode), BLACKONWHITE) << "the first mode";
         StretchBlt(target, 0, 0, c.width, 1, source, 0, 0, 4, 1, SRCCOPY);
         EXPECT_EQ(target.Pixels(), c.expected) << c.name;
     }
-    Canvas fresh(1, 1);
-    EXPECT_EQ(GetStretchBltMode(fresh), BLACKONWHITE);
-    EXPECT_EQ(SetStretchBltMode(fresh, HALFTONE), BLACKONWHITE);
 }
 
 // The rounding is known to one unit only.
@@ -176,32 +171,30 @@ TEST_F(Scaling, InterpolatesInHalftoneMode)
 {
     std::mt19937 random(8);
     for (const Scale& s : {Scale{4, 4, 16, 16}, Scale{5, 3, 13, 10}, Scale{12, 9, 7, 5}, Scale{1, 6, 5, 2}}) {
-        Canvas source(s.sourceWidth, s.sourceHeight);
-        source.Paint([&random](int, int) { return static_cast<std::uint32_t>(random()); });
-        Canvas target(s.width, s.height);
+        const Canvas source(s.sourceWidth, s.sourceHeight,
+                            [&random](int, int) { return static_cast<std::uint32_t>(random()); });
+        const Canvas target(s.width, s.height);
         SetStretchBltMode(target, HALFTONE);
         StretchBlt(target, 0, 0, s.width, s.height, source, 0, 0, s.sourceWidth, s.sourceHeight, SRCCOPY);
         for (int y = 0; y < s.height; ++y)
-            for (int x = 0; x < s.width; ++x) {
-                const double sx = static_cast<double>(x) * s.sourceWidth / s.width;
-                const double sy = static_cast<double>(y) * s.sourceHeight / s.height;
-                const int left = static_cast<int>(sx);
-                const int top = static_cast<int>(sy);
-                const auto at = [&](int column, int row, int channel) {
-                    return static_cast<double>(Channel(
-                        source.At(std::min(column, s.sourceWidth - 1), std::min(row, s.sourceHeight - 1)),
-                        channel));
-                };
+            for (int x = 0; x < s.width; ++x)
                 for (int channel = 0; channel < 3; ++channel) {
-                    const auto across = [&](int row) {
-                        return at(left, row, channel) * (1 - sx + left) +
-                               at(left + 1, row, channel) * (sx - left);
+                    const double sx = static_cast<double>(x) * s.sourceWidth / s.width;
+                    const double sy = static_cast<double>(y) * s.sourceHeight / s.height;
+                    const int left = static_cast<int>(sx);
+                    const int top = static_cast<int>(sy);
+                    const auto at = [&](int column, int row) {
+                        return static_cast<double>(Channel(
+                            source.At(std::min(column, s.sourceWidth - 1), std::min(row, s.sourceHeight - 1)),
+                            channel));
                     };
-                    const double expected = across(top) * (1 - sy + top) + across(top + 1) * (sy - top);
-                    ASSERT_NEAR(Channel(target.At(x, y), channel), expected, 2.0)
-                        << s.sourceWidth << 'x' << s.sourceHeight << " at " << x << ',' << y;
+                    const auto across = [&](int row) {
+                        return at(left, row) * (1 - sx + left) + at(left + 1, row) * (sx - left);
+                    };
+                    ASSERT_NEAR(Channel(target.At(x, y), channel),
+                                across(top) * (1 - sy + top) + across(top + 1) * (sy - top), 2.0)
+                        << s.Name() << " at " << x << ',' << y;
                 }
-            }
     }
 }
 
@@ -218,14 +211,15 @@ TEST_F(Scaling, MirrorsForNegativeExtents)
         {"destination", 5, -4, 0, 4, "..dcba.."},
         {"source", 1, 4, 3, -4, ".dcba..."},
         {"both", 5, -4, 3, -4, "..abcd.."},
+        {"both, from outside the source", 7, -8, 3, -8, "....abcd"},
         {"destination, enlarging", 7, -8, 0, 4, "ddccbbaa"},
         {"part of the source", 0, 2, 2, -2, "cb......"},
     };
     for (const bool rows : {false, true})
         for (const Case& c : cases) {
-            Canvas source(rows ? 1 : 4, rows ? 4 : 1);
-            source.Paint([](int x, int y) { return static_cast<std::uint32_t>('a' + x + y); });
-            Canvas target(rows ? 1 : 8, rows ? 8 : 1);
+            const Canvas source(rows ? 1 : 4, rows ? 4 : 1,
+                                [](int x, int y) { return static_cast<std::uint32_t>('a' + x + y); });
+            const Canvas target(rows ? 1 : 8, rows ? 8 : 1);
             SetStretchBltMode(target, COLORONCOLOR);
             if (rows)
                 StretchBlt(target, 0, c.x, 1, c.width, source, 0, c.sourceX, 1, c.sourceWidth, SRCCOPY);
@@ -240,11 +234,8 @@ TEST_F(Scaling, MirrorsForNegativeExtents)
 
 TEST_F(Scaling, AppliesTheRasterOperation)
 {
-    Canvas source(2, 1);
-    source.Set(0, 0, 0x00FF00FF);
-    source.Set(1, 0, 0x12345678);
-    Canvas target(4, 1);
-    target.Fill(0x11111111);
+    const Canvas source(2, 1, [](int x, int) { return x ? 0x12345678U : 0x00FF00FFU; });
+    const Canvas target(4, 1, [](int, int) { return 0x11111111U; });
     SetStretchBltMode(target, COLORONCOLOR);
     StretchBlt(target, 0, 0, 4, 1, source, 0, 0, 2, 1, SRCINVERT);
     EXPECT_EQ(target.Pixels(), (std::vector<std::uint32_t>{0x11EE11EE, 0x11EE11EE, 0x03254769, 0x03254769}));

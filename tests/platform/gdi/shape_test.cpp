@@ -1,5 +1,6 @@
 // Rectangles, rounded rectangles and rounded regions.
 
+#include <algorithm>
 #include <random>
 
 #include "platform/gdi/canvas.h"
@@ -9,36 +10,35 @@ namespace {
 constexpr COLORREF kInk = RGB(0xFF, 0, 0);
 constexpr COLORREF kFill = RGB(0, 0, 0xFF);
 
-// '#' for the pen, 'b' for the brush, 'o' for the gaps of dashes.
+// '#' for the pen, 'b' for the brush, 'o' for the gaps of dashes; rows are divided by a space.
 std::string Drawn(const Canvas& canvas)
 {
-    std::string picture;
-    for (int y = 0; y < canvas.Height(); ++y) {
-        for (int x = 0; x < canvas.Width(); ++x) {
-            const std::uint32_t pixel = canvas.At(x, y);
-            picture += pixel == 0x00FF0000 ? '#' : pixel == 0x000000FF ? 'b' : pixel ? 'o' : '.';
-        }
-        picture += '\n';
-    }
+    std::string picture = canvas.Letters([](std::uint32_t pixel) {
+        return pixel == 0x00FF0000 ? '#' : pixel == 0x000000FF ? 'b' : pixel ? 'o' : '.';
+    });
+    std::replace(picture.begin(), picture.end(), '\n', ' ');
     return picture;
 }
 
+// A shape that is drawn on a canvas of the picture's size.
 struct ShapeCase {
     const char* name;
-    int penStyle;
-    int penWidth;
+    int penStyle, penWidth;
     RECT rect;
-    std::string picture;
-};
+    const char* picture;
 
-void Select(Canvas& canvas, const ShapeCase& c, const std::function<void()>& draw)
-{
-    const Scoped brush(canvas, CreateSolidBrush(kFill));
-    const Scoped pen(canvas, CreatePen(c.penStyle, c.penWidth, kInk));
-    SetBkColor(canvas, RGB(0, 0xFF, 0));
-    draw();
-    EXPECT_EQ(Drawn(canvas), c.picture) << c.name;
-}
+    void Run(const std::function<void(HDC)>& draw) const
+    {
+        const std::string text = picture;
+        const auto width = text.find(' ');
+        const Canvas canvas(static_cast<int>(width), static_cast<int>(text.size() / (width + 1)));
+        const Scoped brush(static_cast<HDC>(canvas), CreateSolidBrush(kFill));
+        const Scoped pen(static_cast<HDC>(canvas), CreatePen(penStyle, penWidth, kInk));
+        SetBkColor(canvas, RGB(0, 0xFF, 0));
+        draw(canvas);
+        EXPECT_EQ(Drawn(canvas), picture) << name;
+    }
+};
 
 // How far each row of the corner at the top left is set in, for the pixels that `draw` touches.
 std::vector<int> Insets(int width, int height, const std::function<void(HDC)>& draw)
@@ -62,69 +62,31 @@ using Shapes = PlatformTest;
 TEST_F(Shapes, RectanglesAreOutlinedAndFilled)
 {
     const std::vector<ShapeCase> cases{
-        {"one pixel",
+        {"one pixel", PS_SOLID, 1, {1, 1, 6, 4}, "....... .#####. .#bbb#. .#####. ....... "},
+        {"inverted", PS_SOLID, 1, {6, 4, 1, 1}, "....... .#####. .#bbb#. .#####. ....... "},
+        {"width 0", PS_SOLID, 0, {1, 1, 4, 4}, "..... .###. .#b#. .###. ..... "},
+        {"no inside", PS_SOLID, 1, {1, 1, 3, 3}, ".... .##. .##. .... "},
+        {"no pen", PS_NULL, 1, {1, 1, 6, 4}, "....... .bbbb.. .bbbb.. ....... ....... "},
+        {"two pixels", PS_SOLID, 2, {1, 1, 7, 6}, "#######. #######. ##bbb##. ##bbb##. #######. #######. "},
+        {"three pixels",
          PS_SOLID,
-         1,
-         {1, 1, 6, 4},
-         "........\n.#####..\n.#bbb#..\n.#####..\n........\n........\n"},
-        {"inverted",
-         PS_SOLID,
-         1,
-         {6, 4, 1, 1},
-         "........\n.#####..\n.#bbb#..\n.#####..\n........\n........\n"},
-        {"width 0",
-         PS_SOLID,
-         0,
-         {1, 1, 4, 4},
-         "........\n.###....\n.#b#....\n.###....\n........\n........\n"},
-        {"no inside",
-         PS_SOLID,
-         1,
-         {1, 1, 3, 3},
-         "........\n.##.....\n.##.....\n........\n........\n........\n"},
-        {"no pen", PS_NULL, 1, {1, 1, 6, 4}, "........\n.bbbb...\n.bbbb...\n........\n........\n........\n"},
-        {"two pixels",
-         PS_SOLID,
-         2,
-         {1, 1, 7, 6},
-         "#######.\n#######.\n##bbb##.\n##bbb##.\n#######.\n#######.\n"},
+         3,
+         {1, 1, 9, 7},
+         ".########. ########## ########## ###bbbb### ###bbbb### ########## ########## .########. "},
         {"inside frame",
          PS_INSIDEFRAME,
          2,
          {1, 0, 8, 6},
-         ".#######\n.#######\n.##bbb##\n.##bbb##\n.#######\n.#######\n"},
-        {"inside frame of one pixel",
-         PS_INSIDEFRAME,
+         ".####### .####### .##bbb## .##bbb## .####### .####### "},
+        {"inside frame of one pixel", PS_INSIDEFRAME, 1, {1, 1, 5, 4}, "...... .####. .#bb#. .####. ...... "},
+        {"dashes start at the top right and run counter-clockwise",
+         PS_DOT,
          1,
-         {1, 1, 5, 4},
-         "........\n.####...\n.#bb#...\n.####...\n........\n........\n"},
+         {0, 0, 13, 6},
+         "#ooo###ooo### #bbbbbbbbbbbo #bbbbbbbbbbb# obbbbbbbbbbb# obbbbbbbbbbb# o###ooo###ooo "},
     };
-    for (const ShapeCase& c : cases) {
-        Canvas canvas(8, 6);
-        Select(canvas, c, [&] { Rectangle(canvas, c.rect.left, c.rect.top, c.rect.right, c.rect.bottom); });
-    }
-    Canvas canvas(10, 8);
-    Select(canvas,
-           {"three pixels",
-            PS_SOLID,
-            3,
-            {},
-            ".########.\n##########\n##########\n###bbbb###\n###bbbb###\n"
-            "##########\n##########\n.########.\n"},
-           [&] { Rectangle(canvas, 1, 1, 9, 7); });
-}
-
-TEST_F(Shapes, DashedOutlinesStartAtTheTopRightAndRunCounterClockwise)
-{
-    Canvas canvas(13, 6);
-    Select(canvas,
-           {"dots",
-            PS_DOT,
-            1,
-            {},
-            "#ooo###ooo###\n#bbbbbbbbbbbo\n#bbbbbbbbbbb#\nobbbbbbbbbbb#\nobbbbbbbbbbb#\n"
-            "o###ooo###ooo\n"},
-           [&] { Rectangle(canvas, 0, 0, 13, 6); });
+    for (const ShapeCase& c : cases)
+        c.Run([&c](HDC dc) { Rectangle(dc, c.rect.left, c.rect.top, c.rect.right, c.rect.bottom); });
 }
 
 TEST_F(Shapes, RoundedCornersAreQuartersOfAnEllipse)
@@ -173,27 +135,31 @@ TEST_F(Shapes, RoundedCornersAreQuartersOfAnEllipse)
 
 TEST_F(Shapes, RoundedRectanglesAreOutlinedAndFilled)
 {
-    const std::vector<ShapeCase> cases{
-        {"eight",
-         PS_SOLID,
-         1,
-         {},
-         "..#######...\n.#bbbbbbb#..\n#bbbbbbbbb#.\n#bbbbbbbbb#.\n#bbbbbbbbb#.\n#bbbbbbbbb#.\n.#bbbbbbb#..\n."
-         ".#######...\n"},
-        {"eight, no pen",
-         PS_NULL,
-         1,
-         {},
-         "..bbbbbbb...\n.bbbbbbbbb..\nbbbbbbbbbbb.\nbbbbbbbbbbb.\nbbbbbbbbbbb.\nbbbbbbbbbbb.\n.bbbbbbbbb..\n."
-         ".bbbbbbb...\n"},
+    struct Case {
+        ShapeCase shape;
+        int ellipse;
     };
-    for (const ShapeCase& c : cases) {
-        Canvas canvas(12, 8);
-        Select(canvas, c, [&] { RoundRect(canvas, 0, 0, 11, 8, 8, 8); });
-    }
-    Canvas square(4, 4);
-    Select(square, {"square corners, no pen", PS_NULL, 1, {}, "bbb.\nbbb.\nbbb.\n....\n"},
-           [&] { RoundRect(square, 0, 0, 4, 4, 1, 1); });
+    const std::vector<Case> cases{
+        {{"eight",
+          PS_SOLID,
+          1,
+          {0, 0, 11, 8},
+          "..#######... .#bbbbbbb#.. #bbbbbbbbb#. #bbbbbbbbb#. #bbbbbbbbb#. #bbbbbbbbb#. .#bbbbbbb#.. "
+          "..#######... "},
+         8},
+        {{"eight, no pen",
+          PS_NULL,
+          1,
+          {0, 0, 11, 8},
+          "..bbbbbbb... .bbbbbbbbb.. bbbbbbbbbbb. bbbbbbbbbbb. bbbbbbbbbbb. bbbbbbbbbbb. .bbbbbbbbb.. "
+          "..bbbbbbb... "},
+         8},
+        {{"square corners, no pen", PS_NULL, 1, {0, 0, 4, 4}, "bbb. bbb. bbb. .... "}, 1},
+    };
+    for (const Case& c : cases)
+        c.shape.Run([&c](HDC dc) {
+            RoundRect(dc, 0, 0, c.shape.rect.right, c.shape.rect.bottom, c.ellipse, c.ellipse);
+        });
 }
 
 TEST_F(Shapes, WidePensInsideTheFrameCoverTheirWidth)
