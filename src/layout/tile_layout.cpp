@@ -189,23 +189,13 @@ void CDUITileLayout::MakeSureControlVisible(IDUIControl* child)
     CDUIVerticalSB* const bar = GetVerticalSB();
     if (index == count || !bar || !bar->IsVisible(FALSE))
         return;
-    SCROLLINFO info{};
-    info.cbSize = sizeof info;
-    info.fMask = SIF_POS;
-    info.nPos = Narrow(std::max<LONGLONG>(0, bottom - Height(GetControlRect())));
-    bar->SetScrollBarInfo(&info);
+    owned_scroll_bar::ScrollTo(*bar, std::max<LONGLONG>(0, bottom - Height(GetControlRect())));
     UpdateLayout(TRUE, nullptr);
 }
 
 void CDUITileLayout::OnCreate()
 {
-    if (m_pScrollBar.IsNull())
-        m_pScrollBar = owned_scroll_bar::Create<CDUIVerticalSB>();
-    if (m_pScrollBar.IsNull())
-        return;
-    m_pScrollBar->SetFixedWidth(kScrollBarWidth);
-    m_pScrollBar->SetAttribute("control_style", "cs_v_scrollbar");
-    owned_scroll_bar::Attach(m_pScrollBar, *this);
+    owned_scroll_bar::Open(m_pScrollBar, *this, kScrollBarWidth);
 }
 
 void CDUITileLayout::OnDestroy()
