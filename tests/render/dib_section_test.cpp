@@ -1,8 +1,5 @@
 #include <qvui/render/dib_section.h>
 
-#include <fstream>
-#include <iterator>
-
 #include "render/render_test.h"
 #include "support/screenshot.h"
 
@@ -22,12 +19,6 @@ void Paint(CDibSection& section)
     for (int y = 0; y < section.GetDibHeader()->biHeight; ++y)
         for (int x = 0; x < section.GetDibHeader()->biWidth; ++x)
             section.SetPixel(x, y, Argb(MarkedPixel(x, y)), TRUE);
-}
-
-std::vector<unsigned char> FileBytes(const std::string& path)
-{
-    std::ifstream file(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), {}};
 }
 
 }  // namespace

@@ -1,9 +1,7 @@
 #include <qvui/render/image_list.h>
 
 #include <climits>
-#include <fstream>
 #include <functional>
-#include <iterator>
 
 #include "render/render_test.h"
 #include "support/screenshot.h"
@@ -52,12 +50,6 @@ std::string WritePicture(const char* name, int width, int height, bool hasAlpha,
     const std::string path = qvui::test::OutputPath(name);
     EXPECT_EQ(image.Save(path.c_str()), S_OK);
     return path;
-}
-
-std::vector<unsigned char> FileBytes(const std::string& path)
-{
-    std::ifstream file(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), {}};
 }
 
 std::uint32_t StoredPixel(const CDUIImage& image, int x, int y)
@@ -209,11 +201,6 @@ TEST_F(ImageList, CopiesAreHorizontalAndAssignmentsKeepTheDirection)
 
 namespace {
 
-struct Part {
-    RECT dest;
-    RECT source;
-};
-
 // The picture's three kinds, each drawn by an operation of its own.
 struct Kind {
     const char* name;
@@ -243,238 +230,184 @@ std::uint32_t Drawn(const Kind& kind, std::uint32_t source, std::uint32_t destin
 }
 
 // Draws one part on a model of the canvas. Only a plain copy draws inverted rectangles, mirrored.
-void DrawModel(std::vector<std::uint32_t>& model, int width, const Kind& kind, const Part& part)
+void DrawModel(Canvas& model, const Kind& kind, const RECT& dest, const RECT& source)
 {
-    int w = part.dest.right - part.dest.left;
-    int h = part.dest.bottom - part.dest.top;
+    const SIZE extent{dest.right - dest.left, dest.bottom - dest.top};
     const bool isPlain = !kind.hasAlpha && kind.key == CLR_INVALID;
-    if (!isPlain && (w < 0 || h < 0))
+    if (!isPlain && (extent.cx < 0 || extent.cy < 0))
         return;
-    const int left = w < 0 ? part.dest.left + w + 1 : part.dest.left;
-    const int top = h < 0 ? part.dest.top + h + 1 : part.dest.top;
-    const bool mirrorX = w < 0;
-    const bool mirrorY = h < 0;
-    w = std::abs(w);
-    h = std::abs(h);
-    const int height = static_cast<int>(model.size()) / width;
+    const int w = std::abs(extent.cx);
+    const int h = std::abs(extent.cy);
     for (int y = 0; y < h; ++y)
         for (int x = 0; x < w; ++x) {
-            if (left + x < 0 || left + x >= width || top + y < 0 || top + y >= height)
+            const int toX = dest.left + (extent.cx < 0 ? -x : x);
+            const int toY = dest.top + (extent.cy < 0 ? -y : y);
+            if (!Holds({0, 0, model.Width(), model.Height()}, toX, toY))
                 continue;
-            const int sx = Enlarged(mirrorX ? w - 1 - x : x, part.source.right - part.source.left, w);
-            const int sy = Enlarged(mirrorY ? h - 1 - y : y, part.source.bottom - part.source.top, h);
-            std::uint32_t& pixel = model[static_cast<std::size_t>((top + y) * width + left + x)];
-            pixel = Drawn(kind, kind.pixelAt(part.source.left + sx, part.source.top + sy), pixel);
+            // The positive result is mirrored, ties and all.
+            const int sx = Enlarged(x, source.right - source.left, w);
+            const int sy = Enlarged(y, source.bottom - source.top, h);
+            const std::uint32_t pixel = kind.pixelAt(source.left + sx, source.top + sy);
+            model.Set(toX, toY, Drawn(kind, pixel, model.At(toX, toY)));
         }
 }
 
+// Where a rectangle is cut, and the places of a cell; beyond the last cell it is the last one.
+struct Cuts {
+    std::vector<int> x, y;
+
+    RECT Cell(std::size_t column, std::size_t row) const
+    {
+        column = std::min(column, x.size() - 2);
+        row = std::min(row, y.size() - 2);
+        return {x[column], y[row], x[column + 1], y[row + 1]};
+    }
+};
+
+// Every case draws the 8 x 8 picture on a canvas of 24 x 20.
 struct StyleCase {
     const char* name;
     DUI::IMAGE_DRAW_STYLE style;
     SIZE corner;
     RECT dest;
-    std::vector<Part> parts;  // in the order in which they are drawn
+    Cuts to, from;
+    const char* order;  // column and row of each cell, in the order in which they are drawn
 };
 
-// Every case draws the 8 x 8 picture on a canvas of 24 x 20.
+const Cuts kWhole{{0, 8}, {0, 8}};
+const char* const kNine = "00 20 10 02 22 01 21 12 11";
+
+StyleCase Whole(const char* name, DUI::IMAGE_DRAW_STYLE style, SIZE corner)
+{
+    return {name, style, corner, {1, 2, 20, 18}, {{1, 20}, {2, 18}}, kWhole, "00"};
+}
+
+StyleCase Cut(const char* name, DUI::IMAGE_DRAW_STYLE style, SIZE corner, const RECT& dest, const Cuts& to,
+              const Cuts& from, const char* order)
+{
+    return {name, style, corner, dest, to, from, order};
+}
+
 const std::vector<StyleCase> kStyleCases{
-    {"no style fills", DUI::DRAW_STYLE_NORMAL, {3, 3}, {1, 2, 17, 18}, {{{1, 2, 17, 18}, {0, 0, 8, 8}}}},
-    {"stretch fills", DUI::DRAW_STYLE_STRETCH, {3, 3}, {1, 2, 20, 18}, {{{1, 2, 20, 18}, {0, 0, 8, 8}}}},
-    {"three columns",
-     DUI::DRAW_STYLE_STRETCH_HORZ,
-     {2, 3},
-     {1, 2, 20, 13},
-     {{{1, 2, 3, 13}, {0, 0, 2, 8}}, {{18, 2, 20, 13}, {6, 0, 8, 8}}, {{3, 2, 18, 13}, {2, 0, 6, 8}}}},
-    {"columns without a corner",
-     DUI::DRAW_STYLE_STRETCH_HORZ,
-     {0, 0},
-     {0, 0, 24, 20},
-     {{{0, 0, 24, 20}, {0, 0, 8, 8}}}},
-    {"columns with a height alone",
-     DUI::DRAW_STYLE_STRETCH_HORZ,
-     {0, 6},
-     {0, 0, 24, 20},
-     {{{0, 0, 24, 20}, {0, 0, 8, 8}}}},
-    {"columns narrower than the caps",
-     DUI::DRAW_STYLE_STRETCH_HORZ,
-     {3, 0},
-     {10, 2, 14, 13},
-     {{{10, 2, 13, 13}, {0, 0, 3, 8}}, {{11, 2, 14, 13}, {5, 0, 8, 8}}, {{13, 2, 11, 13}, {3, 0, 5, 8}}}},
-    {"three rows of the corner's width",
-     DUI::DRAW_STYLE_STRETCH_VERT,
-     {2, 4},
-     {1, 2, 20, 18},
-     {{{1, 2, 20, 4}, {0, 0, 8, 2}}, {{1, 16, 20, 18}, {0, 6, 8, 8}}, {{1, 4, 20, 16}, {0, 2, 8, 6}}}},
-    {"rows with a height alone",
-     DUI::DRAW_STYLE_STRETCH_VERT,
-     {0, 6},
-     {1, 2, 20, 18},
-     {{{1, 2, 20, 18}, {0, 0, 8, 8}}}},
-    {"rows lower than the caps",
-     DUI::DRAW_STYLE_STRETCH_VERT,
-     {3, 0},
-     {1, 10, 20, 14},
-     {{{1, 10, 20, 13}, {0, 0, 8, 3}}, {{1, 11, 20, 14}, {0, 5, 8, 8}}, {{1, 13, 20, 11}, {0, 3, 8, 5}}}},
-    {"nine parts",
-     DUI::DRAW_STYLE_SQUARD,
-     {2, 3},
-     {1, 2, 20, 18},
-     {{{1, 2, 3, 5}, {0, 0, 2, 3}},
-      {{18, 2, 20, 5}, {6, 0, 8, 3}},
-      {{3, 2, 18, 5}, {2, 0, 6, 3}},
-      {{1, 15, 3, 18}, {0, 5, 2, 8}},
-      {{18, 15, 20, 18}, {6, 5, 8, 8}},
-      {{1, 5, 3, 15}, {0, 3, 2, 5}},
-      {{18, 5, 20, 15}, {6, 3, 8, 5}},
-      {{3, 15, 18, 18}, {2, 5, 6, 8}},
-      {{3, 5, 18, 15}, {2, 3, 6, 5}}}},
-    {"corners alone",
-     DUI::DRAW_STYLE_SQUARD,
-     {4, 4},
-     {2, 2, 10, 10},
-     {{{2, 2, 6, 6}, {0, 0, 4, 4}},
-      {{6, 2, 10, 6}, {4, 0, 8, 4}},
-      {{2, 6, 6, 10}, {0, 4, 4, 8}},
-      {{6, 6, 10, 10}, {4, 4, 8, 8}}}},
-    {"smaller than the corners",
-     DUI::DRAW_STYLE_SQUARD,
-     {3, 3},
-     {8, 8, 12, 12},
-     {{{8, 8, 11, 11}, {0, 0, 3, 3}},
-      {{9, 8, 12, 11}, {5, 0, 8, 3}},
-      {{11, 8, 9, 11}, {3, 0, 5, 3}},
-      {{8, 9, 11, 12}, {0, 5, 3, 8}},
-      {{9, 9, 12, 12}, {5, 5, 8, 8}},
-      {{8, 11, 11, 9}, {0, 3, 3, 5}},
-      {{9, 11, 12, 9}, {5, 3, 8, 5}},
-      {{11, 9, 9, 12}, {3, 5, 5, 8}},
-      {{11, 11, 9, 9}, {3, 3, 5, 5}}}},
-    {"corner wider than half the icon",
-     DUI::DRAW_STYLE_SQUARD,
-     {5, 1},
-     {1, 2, 20, 18},
-     {{{1, 2, 20, 18}, {0, 0, 8, 8}}}},
-    {"corner higher than half the icon",
-     DUI::DRAW_STYLE_SQUARD,
-     {1, 5},
-     {1, 2, 20, 18},
-     {{{1, 2, 20, 18}, {0, 0, 8, 8}}}},
-    {"no corner", DUI::DRAW_STYLE_SQUARD, {0, 0}, {1, 2, 20, 18}, {{{1, 2, 20, 18}, {0, 0, 8, 8}}}},
-    {"one row of tiles",
-     DUI::DRAW_STYLE_TILE,
-     {3, 3},
-     {1, 3, 18, 5},
-     {{{1, 3, 9, 11}, {0, 0, 8, 8}}, {{9, 3, 17, 11}, {0, 0, 8, 8}}, {{17, 3, 25, 11}, {0, 0, 8, 8}}}},
-    {"tiles from far away",
-     DUI::DRAW_STYLE_TILE,
-     {0, 0},
-     {-2147483640, 1, INT_MAX, 5},
-     {{{-8, 1, 0, 9}, {0, 0, 8, 8}},
-      {{0, 1, 8, 9}, {0, 0, 8, 8}},
-      {{8, 1, 16, 9}, {0, 0, 8, 8}},
-      {{16, 1, 24, 9}, {0, 0, 8, 8}}}},
+    Whole("no style", DUI::DRAW_STYLE_NORMAL, {3, 3}),
+    Whole("stretch", DUI::DRAW_STYLE_STRETCH, {3, 3}),
+    Whole("columns without a corner", DUI::DRAW_STYLE_STRETCH_HORZ, {0, 0}),
+    Whole("columns with a height alone", DUI::DRAW_STYLE_STRETCH_HORZ, {0, 6}),
+    Whole("rows with a height alone", DUI::DRAW_STYLE_STRETCH_VERT, {0, 6}),
+    Whole("corner wider than half the icon", DUI::DRAW_STYLE_SQUARD, {5, 1}),
+    Whole("corner higher than half the icon", DUI::DRAW_STYLE_SQUARD, {1, 5}),
+    Whole("no corner", DUI::DRAW_STYLE_SQUARD, {0, 0}),
+    Cut("three columns", DUI::DRAW_STYLE_STRETCH_HORZ, {2, 3}, {1, 2, 20, 13}, {{1, 3, 18, 20}, {2, 13}},
+        {{0, 2, 6, 8}, {0, 8}}, "00 20 10"),
+    Cut("columns narrower than the caps", DUI::DRAW_STYLE_STRETCH_HORZ, {3, 0}, {10, 2, 14, 13},
+        {{10, 13, 11, 14}, {2, 13}}, {{0, 3, 5, 8}, {0, 8}}, "00 20 10"),
+    Cut("three rows of the corner's width", DUI::DRAW_STYLE_STRETCH_VERT, {2, 4}, {1, 2, 20, 18},
+        {{1, 20}, {2, 4, 16, 18}}, {{0, 8}, {0, 2, 6, 8}}, "00 02 01"),
+    Cut("rows lower than the caps", DUI::DRAW_STYLE_STRETCH_VERT, {3, 0}, {1, 10, 20, 14},
+        {{1, 20}, {10, 13, 11, 14}}, {{0, 8}, {0, 3, 5, 8}}, "00 02 01"),
+    Cut("nine parts", DUI::DRAW_STYLE_SQUARD, {2, 3}, {1, 2, 20, 18}, {{1, 3, 18, 20}, {2, 5, 15, 18}},
+        {{0, 2, 6, 8}, {0, 3, 5, 8}}, kNine),
+    Cut("corners alone", DUI::DRAW_STYLE_SQUARD, {4, 4}, {2, 2, 10, 10}, {{2, 6, 6, 10}, {2, 6, 6, 10}},
+        {{0, 4, 4, 8}, {0, 4, 4, 8}}, kNine),
+    Cut("smaller than the corners", DUI::DRAW_STYLE_SQUARD, {3, 3}, {8, 8, 12, 12},
+        {{8, 11, 9, 12}, {8, 11, 9, 12}}, {{0, 3, 5, 8}, {0, 3, 5, 8}}, kNine),
+    Cut("one row of tiles", DUI::DRAW_STYLE_TILE, {3, 3}, {1, 3, 18, 5}, {{1, 9, 17, 25}, {3, 11}}, kWhole,
+        "00 10 20"),
+    Cut("tiles from far away", DUI::DRAW_STYLE_TILE, {0, 0}, {-2147483640, 1, INT_MAX, 5},
+        {{-8, 0, 8, 16, 24}, {1, 9}}, kWhole, "00 10 20 30"),
 };
+
+// A strip of a kind's pixels, as tall as its icons.
+std::shared_ptr<CDUIImageList> NewList(const Kind& kind, int width, int height, DWORD icons)
+{
+    auto list = std::make_shared<CDUIImageList>();
+    const std::string path = WritePicture("list.png", width, height, kind.hasAlpha, kind.pixelAt);
+    EXPECT_TRUE(list->CreateFromFile(path.c_str())) << kind.name;
+    EXPECT_EQ(list->GetRawImage()->GetHasAlphaChannel() != 0, kind.hasAlpha);
+    list->GetRawImage()->SetTransparentColor(kind.key);
+    list->SetItemCount(icons);
+    return list;
+}
 
 }  // namespace
 
 TEST_F(ImageList, DrawsEveryStyleWithEveryOperation)
 {
-    constexpr int kWidth = 24;
-    constexpr int kHeight = 20;
+    const auto background = [](int, int) { return kBackground; };
     for (const Kind& kind : kKinds) {
-        CDUIImageList list;
-        ASSERT_TRUE(
-            list.CreateFromFile(WritePicture("style.png", 8, 8, kind.hasAlpha, kind.pixelAt).c_str()));
-        ASSERT_EQ(list.GetRawImage()->GetHasAlphaChannel() != 0, kind.hasAlpha);
-        list.GetRawImage()->SetTransparentColor(kind.key);
+        const auto list = NewList(kind, 8, 8, 1);
         for (const StyleCase& c : kStyleCases) {
-            list.SetDrawStyle(c.style);
-            list.SetCornerSize(c.corner.cx, c.corner.cy);
-            Canvas canvas(kWidth, kHeight);
-            canvas.Fill(kBackground);
+            list->SetDrawStyle(c.style);
+            list->SetCornerSize(c.corner.cx, c.corner.cy);
+            const Canvas canvas(24, 20, background);
             SetStretchBltMode(canvas, COLORONCOLOR);
-            list.DrawImage(canvas, c.dest, 0);
-            std::vector<std::uint32_t> model(kWidth * kHeight, kBackground);
-            for (const Part& part : c.parts)
-                DrawModel(model, kWidth, kind, part);
-            for (int y = 0; y < kHeight; ++y)
-                for (int x = 0; x < kWidth; ++x)
-                    ASSERT_EQ(canvas.At(x, y) & 0xFFFFFF,
-                              model[static_cast<std::size_t>(y * kWidth + x)] & 0xFFFFFF)
-                        << kind.name << ", " << c.name << " at " << x << "," << y;
+            list->DrawImage(canvas, c.dest, 0);
+            Canvas model(24, 20, background);
+            for (const char* cell = c.order; *cell; cell += cell[2] ? 3 : 2) {
+                const auto column = static_cast<std::size_t>(cell[0] - '0');
+                const auto row = static_cast<std::size_t>(cell[1] - '0');
+                DrawModel(model, kind, c.to.Cell(column, row), c.from.Cell(column, row));
+            }
+            canvas.Expect([&model](int x, int y) { return model.At(x, y); },
+                          kind.name + (", " + std::string(c.name)), kColourBits);
         }
     }
 }
 
 TEST_F(ImageList, DrawsOneIconAndNothingIntoEmptyRectangles)
 {
-    CDUIImageList list;
-    ASSERT_TRUE(list.CreateFromFile(WritePicture("icons.png", 8, 4, false, StepPixel).c_str()));
-    list.SetItemCount(2);
-    Canvas canvas(4, 4);
-    list.DrawImage(canvas, {0, 0, 4, 4}, 1);
-    for (int y = 0; y < 4; ++y)
-        for (int x = 0; x < 4; ++x)
-            EXPECT_EQ(canvas.At(x, y) & 0xFFFFFF, StepPixel(4 + x, y));
-    canvas.Fill(0);
+    const auto list = NewList(kKinds[0], 8, 4, 2);
+    const Canvas canvas(4, 4);
     for (const RECT& rect : {RECT{1, 1, 1, 3}, RECT{3, 3, 1, 1}, RECT{0, 3, 4, 1}})
-        list.DrawImage(canvas, rect, 0);
+        list->DrawImage(canvas, rect, 0);
     EXPECT_EQ(canvas.Picture(), "....\n....\n....\n....\n");
-
-    list.DrawImage(canvas, RECT{0, 0, 4, 4});
-    EXPECT_NE(canvas.At(3, 0), StepPixel(3, 0)) << "the whole picture, not an icon";
+    list->DrawImage(canvas, {0, 0, 4, 4}, 1);
+    canvas.Expect([](int x, int y) { return StepPixel(4 + x, y); }, "an icon", kColourBits);
+    SetStretchBltMode(canvas, COLORONCOLOR);
+    list->DrawImage(canvas, RECT{0, 0, 4, 4});
+    canvas.Expect([](int x, int y) { return StepPixel(2 * x + 1, y); }, "the whole picture", kColourBits);
 }
 
 TEST_F(ImageList, SurvivesCornersAndPlacesFromBrokenSkins)
 {
     for (const Kind& kind : kKinds) {
-        CDUIImageList list;
-        ASSERT_TRUE(
-            list.CreateFromFile(WritePicture("broken.png", 8, 8, kind.hasAlpha, kind.pixelAt).c_str()));
-        list.GetRawImage()->SetTransparentColor(kind.key);
-        Canvas canvas(4, 4);
+        const auto list = NewList(kind, 8, 8, 1);
+        const Canvas canvas(4, 4);
         SetStretchBltMode(canvas, COLORONCOLOR);
         for (int style = 0; style <= DUI::DRAW_STYLE_TILE + 1; ++style)
             for (const SIZE& corner : {SIZE{-3, -3}, SIZE{30000, 30000}, SIZE{-30000, 1}})
                 for (const RECT& rect : {RECT{0, 0, 4, 4}, RECT{-20000, -20000, 20000, 20000}}) {
-                    list.SetDrawStyle(static_cast<DUI::IMAGE_DRAW_STYLE>(style));
-                    list.SetCornerSize(corner.cx, corner.cy);
-                    list.DrawImage(canvas, rect, 0);
+                    list->SetDrawStyle(static_cast<DUI::IMAGE_DRAW_STYLE>(style));
+                    list->SetCornerSize(corner.cx, corner.cy);
+                    list->DrawImage(canvas, rect, 0);
                 }
     }
 }
 
 TEST_F(ImageList, GivesOneIconAsABitmap)
 {
+    CDUIImageList none;
+    EXPECT_EQ(none.GetIconBitmap(nullptr, 0), nullptr);
+    EXPECT_EQ(none.GetIconRgn(), nullptr);
     for (const Kind& kind : kKinds) {
-        CDUIImageList list;
-        EXPECT_EQ(list.GetIconBitmap(nullptr, 0), nullptr);
-        EXPECT_EQ(list.GetIconRgn(), nullptr);
-        ASSERT_TRUE(
-            list.CreateFromFile(WritePicture("bitmap.png", 8, 4, kind.hasAlpha, kind.pixelAt).c_str()));
-        list.GetRawImage()->SetTransparentColor(kind.key);
-        list.SetItemCount(2);
+        const auto list = NewList(kind, 8, 4, 2);
         for (const int index : {-1, 2, INT_MAX})
-            EXPECT_EQ(list.GetIconBitmap(nullptr, index), nullptr) << index;
-        const Scoped bitmap(list.GetIconBitmap(nullptr, 1));
+            EXPECT_EQ(list->GetIconBitmap(nullptr, index), nullptr) << index;
+        const Scoped bitmap(list->GetIconBitmap(nullptr, 1));
         DUI::CDibSection section;
         ASSERT_TRUE(section.Create(bitmap, 32));
-        EXPECT_EQ(section.GetDibHeader()->biWidth, 4);
-        for (int y = 0; y < 4; ++y)
-            for (int x = 0; x < 4; ++x) {
-                const std::uint32_t expected = Drawn(kind, kind.pixelAt(4 + x, y), 0);
-                EXPECT_EQ(Bits(section.GetPixel(x, y, TRUE)) & 0xFFFFFF, expected & 0xFFFFFF) << kind.name;
-            }
+        const Canvas canvas(4, 4, [&](int x, int y) { return Bits(section.GetPixel(x, y, TRUE)); });
+        canvas.Expect([&kind](int x, int y) { return Drawn(kind, kind.pixelAt(4 + x, y), 0); }, kind.name,
+                      kColourBits);
     }
 }
 
 TEST_F(ImageList, GivesTheFirstIconsShape)
 {
-    CDUIImageList list;
-    const auto pixelAt = [](int x, int y) { return x == y || x >= 4 ? 0xFF00FFU : StepPixel(x, y); };
-    ASSERT_TRUE(list.CreateFromFile(WritePicture("shape.png", 8, 4, false, pixelAt).c_str()));
-    list.SetItemCount(2);
-    const Scoped region(list.GetIconRgn());
+    const Kind shape{"shape", false, CLR_INVALID,
+                     [](int x, int y) { return x == y || x >= 4 ? 0xFF00FFU : StepPixel(x, y); }};
+    const auto list = NewList(shape, 8, 4, 2);
+    const Scoped region(list->GetIconRgn());
     for (int y = 0; y < 4; ++y)
         for (int x = 0; x < 8; ++x)
             EXPECT_EQ(PtInRegion(region, x, y) != 0, x != y && x < 4) << x << "," << y;

@@ -6,6 +6,8 @@
 #include <gtest/gtest.h>
 
 #include <cstdint>
+#include <fstream>
+#include <iterator>
 #include <ostream>
 #include <string>
 
@@ -56,4 +58,23 @@ inline std::uint32_t Blended(std::uint32_t source, std::uint32_t destination, st
         pixel |= (Over255(Channel(source, channel) * alpha) + Over255(Channel(destination, channel) * rest))
                  << (8 * channel);
     return pixel;
+}
+
+/// One pixel of a two-colour gradient: each channel is 16 bits wide, interpolated, and cut to its high byte.
+inline std::uint32_t GradientPixel(std::uint32_t from, std::uint32_t to, int position, int length)
+{
+    std::uint32_t pixel = 0xFF000000;
+    for (int channel = 0; channel < 3; ++channel) {
+        const std::int64_t first = static_cast<std::int64_t>(Channel(from, channel)) << 8;
+        const std::int64_t last = static_cast<std::int64_t>(Channel(to, channel)) << 8;
+        const std::int64_t mixed = (first * (length - position) + last * position) / length;
+        pixel |= static_cast<std::uint32_t>(mixed >> 8) << (8 * channel);
+    }
+    return pixel;
+}
+
+inline std::vector<unsigned char> FileBytes(const std::string& path)
+{
+    std::ifstream file(path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), {}};
 }

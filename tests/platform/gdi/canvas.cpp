@@ -76,12 +76,12 @@ std::vector<std::uint32_t> Canvas::Pixels() const
     return pixels;
 }
 
-void Canvas::Expect(const PixelAt& pixelAt, const std::string& name) const
+void Canvas::Expect(const PixelAt& pixelAt, const std::string& name, std::uint32_t mask) const
 {
     GdiFlush();
     for (int y = 0; y < m_height; ++y)
         for (int x = 0; x < m_width; ++x)
-            if (const std::uint32_t pixel = Read(Address(x, y)), expected = pixelAt(x, y);
+            if (const std::uint32_t pixel = Read(Address(x, y)) & mask, expected = pixelAt(x, y) & mask;
                 pixel != expected) {
                 ADD_FAILURE() << name << " at " << x << ',' << y << std::hex << ": " << pixel << ", not "
                               << expected;

@@ -37,8 +37,8 @@ public:
     void Paint(const PixelAt& pixelAt);
     void Fill(std::uint32_t pixel);
     std::vector<std::uint32_t> Pixels() const;
-    /// Fails with the first pixel that is not what `pixelAt` answers.
-    void Expect(const PixelAt& pixelAt, const std::string& name = {}) const;
+    /// Fails with the first pixel that is not what `pixelAt` answers, in the bits of `mask`.
+    void Expect(const PixelAt& pixelAt, const std::string& name = {}, std::uint32_t mask = 0xFFFFFFFF) const;
     /// One line of text per row; '#' where the pixel is not `background`.
     std::string Picture(std::uint32_t background = 0) const;
     /// One line of text per row, a letter for every pixel.
@@ -88,6 +88,8 @@ Scoped(HDC, Handle) -> Scoped<Handle>;
 
 /// A 32- or 24-bit BITMAPINFO; a negative height is top-down.
 BITMAPINFO BitmapInfo(int width, int height, int bitsPerPixel);
+
+constexpr std::uint32_t kColourBits = 0x00FFFFFF;
 
 /// A pixel that tells where it stands, with alpha 0.
 constexpr std::uint32_t PlacePixel(int x, int y)
