@@ -69,6 +69,16 @@ TEST_F(Copying, WithinOneBitmapMovesTheOldPixels)
                 }
 }
 
+TEST_F(Copying, WithinOneBitmapScalesTheOldPixels)
+{
+    const Canvas canvas(10, 10, PlacePixel);
+    SetStretchBltMode(canvas, COLORONCOLOR);
+    StretchBlt(canvas, 1, 1, 8, 8, canvas, 0, 0, 4, 4, SRCCOPY);
+    canvas.Expect([](int x, int y) {
+        return Holds({1, 1, 9, 9}, x, y) ? PlacePixel((x - 1) / 2, (y - 1) / 2) : PlacePixel(x, y);
+    });
+}
+
 TEST_F(Copying, FollowsTheViewportOriginsAndTheClip)
 {
     const Canvas source(4, 1, [](int x, int) { return static_cast<std::uint32_t>('a' + x); });
