@@ -123,15 +123,31 @@ void TurnTile(const Turned& tile)
     TurnPixels<size>(tile.Part<size>(x, 0, tile.width - x, tile.height));
 }
 
-// Tile by tile, so that what is read in rows and written in columns stays in the processor's cache meanwhile.
+// Tile by tile, each through a buffer: what is read in rows and written in columns stays in the processor's
+// cache meanwhile, also where rows lie a power of two apart.
 template <int size>
 void Turn(const Turned& whole)
 {
-    constexpr int kTile = 64;
-    for (int y = 0; y < whole.height; y += kTile)
-        for (int x = 0; x < whole.width; x += kTile)
-            TurnTile<size>(
-                whole.Part<size>(x, y, std::min(kTile, whole.width - x), std::min(kTile, whole.height - y)));
+    constexpr int kWidth = 64;
+    constexpr int kHeight = 256;
+    constexpr std::ptrdiff_t kStep = kWidth * size;
+    const std::unique_ptr<BYTE[]> buffer(new BYTE[kStep * kHeight]);
+    for (int y = 0; y < whole.height; y += kHeight)
+        for (int x = 0; x < whole.width; x += kWidth) {
+            Turned tile = whole.Part<size>(x, y, std::min(kWidth, whole.width - x),
+                                           std::min(kHeight, whole.height - y));
+            for (int row = 0; row < tile.height; ++row) {
+                BYTE* const to = buffer.get() + row * kStep;
+                const BYTE* const from = tile.from + row * tile.fromStep;
+                if (tile.width == kWidth)  // a constant length is copied without a call
+                    std::memcpy(to, from, kStep);
+                else
+                    std::memcpy(to, from, static_cast<std::size_t>(tile.width) * size);
+            }
+            tile.from = buffer.get();
+            tile.fromStep = kStep;
+            TurnTile<size>(tile);
+        }
 }
 
 // Reverses a row's pixels; `copy` holds the row and a byte more. Moving four bytes at once is faster than

@@ -537,6 +537,22 @@ TEST_F(Geometry, MirrorsFlipsAndTurns)
         [](const Model& source) { return RotatedLeft(RotatedLeft(RotatedLeft(source))); });
 }
 
+TEST_F(Geometry, TurnsPicturesOfManyTiles)
+{
+    std::mt19937 random(9);
+    for (const int bitCount : {24, 32})
+        for (const SIZE& size : {SIZE{131, 523}, SIZE{515, 70}}) {
+            Model source(size.cx, size.cy, bitCount);
+            source.Randomise(random);
+            CDibSection section;
+            source.Store(section);
+            EXPECT_TRUE(CRotateLeftFilter::Process(&section));
+            EXPECT_TRUE(Model(section) == RotatedLeft(source)) << size.cx << ", " << bitCount << " bits";
+            EXPECT_TRUE(CRotateRightFilter::Process(&section));
+            EXPECT_TRUE(Model(section) == source) << size.cx << ", " << bitCount << " bits, back";
+        }
+}
+
 TEST_F(Geometry, PixelizesFromTheBottomLeft)
 {
     for (const int size : {INT_MIN, 0, 1, 2, 3, 7, 40, INT_MAX})
