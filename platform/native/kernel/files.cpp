@@ -38,10 +38,12 @@ bool Exists(const std::string& path)
     return access(path.c_str(), F_OK) == 0;
 }
 
-bool IsFolder(const std::string& path)
+// Whether a file may be opened. A folder may not, nor may a pipe or a device be read, which need not end; a file
+// that is not there is left to whoever opens it.
+bool MayOpen(const std::string& path, bool reads)
 {
     struct stat status {};
-    return stat(path.c_str(), &status) == 0 && S_ISDIR(status.st_mode);
+    return stat(path.c_str(), &status) != 0 || (reads ? S_ISREG(status.st_mode) : !S_ISDIR(status.st_mode));
 }
 
 }  // namespace
@@ -85,7 +87,7 @@ std::FILE* OpenPlatformFile(const char* path, const char* mode)
 {
     const bool reads = mode && mode[0] == 'r';
     const std::string local = reads ? ExistingPath(path) : LocalPath(path);
-    return IsFolder(local) ? nullptr : std::fopen(local.c_str(), mode);
+    return MayOpen(local, reads) ? std::fopen(local.c_str(), mode) : nullptr;
 }
 
 namespace {

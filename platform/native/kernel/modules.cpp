@@ -62,15 +62,22 @@ HMODULE FindBuiltIn(const char* name)
     return nullptr;
 }
 
-std::vector<std::uint8_t> ReadWholeFile(const std::string& path)
+// Empty when the file cannot be read, or is larger than any module of resources.
+std::vector<std::uint8_t> ReadWholeFile(LPCSTR path)
 {
+    constexpr std::size_t kLargestFile = std::size_t{256} << 20;
     std::vector<std::uint8_t> bytes;
-    std::FILE* file = std::fopen(path.c_str(), "rb");
+    std::FILE* file = OpenPlatformFile(path, "rb");
     if (!file)
         return bytes;
     std::uint8_t chunk[65536];
-    while (const std::size_t count = std::fread(chunk, 1, sizeof chunk, file))
+    while (const std::size_t count = std::fread(chunk, 1, sizeof chunk, file)) {
         bytes.insert(bytes.end(), chunk, chunk + count);
+        if (bytes.size() > kLargestFile) {
+            bytes.clear();
+            break;
+        }
+    }
     std::fclose(file);
     return bytes;
 }
@@ -152,7 +159,7 @@ HMODULE LoadLibraryA(LPCSTR path)
     auto module = std::make_shared<Module>();
     module->path = local;
     module->references = 1;
-    module->file = ReadWholeFile(local);
+    module->file = ReadWholeFile(path);
     auto resources = ReadResourceDirectory(module->file);
     if (!resources) {
         SetLastError(module->file.empty() ? ERROR_MOD_NOT_FOUND : ERROR_BAD_EXE_FORMAT);
