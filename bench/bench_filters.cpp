@@ -164,8 +164,8 @@ std::vector<Pair> Pairs()
         {"flip", [](Pictures& p) { CFlipImageFilter::Process(&p.section); }, CopyMat},
         // Turning makes a new section, whose pixels are cleared first, and writes it across the rows that it
         // reads.
-        {"rotate_left", [](Pictures& p) { CRotateLeftFilter::Process(&p.section); }, CopyMat, 3.5},
-        {"rotate_right", [](Pictures& p) { CRotateRightFilter::Process(&p.section); }, CopyMat, 3.5},
+        {"rotate_left", [](Pictures& p) { CRotateLeftFilter::Process(&p.section); }, CopyMat, 2.0},
+        {"rotate_right", [](Pictures& p) { CRotateRightFilter::Process(&p.section); }, CopyMat, 2.0},
         {"turn_left", [](Pictures& p) { CRotateLeftFilter::Process(&p.section); },
          [](Pictures& p) { cv::rotate(p.mat, p.result, cv::ROTATE_90_COUNTERCLOCKWISE); }},
         {"cut_out", [](Pictures& p) { CSelectImageFilter::Process(&p.section, &p.target, nullptr); },
