@@ -65,23 +65,21 @@ void BlendConstant(const Blit& blit, std::uint32_t alpha)
 BOOL AlphaBlend(HDC dc, int x, int y, int width, int height, HDC source, int sourceX, int sourceY,
                 int sourceWidth, int sourceHeight, BLENDFUNCTION blend)
 {
-    DeviceContext* target = LookUpContext(dc);
-    DeviceContext* from = LookUpContext(source);
-    if (!target || !from || width < 0 || height < 0 || sourceWidth < 0 || sourceHeight < 0)
+    const std::optional<Blit> blit =
+        PrepareBlit(dc, x, y, width, height, source, sourceX, sourceY, sourceWidth, sourceHeight);
+    if (!blit || width < 0 || height < 0 || sourceWidth < 0 || sourceHeight < 0)
         return FALSE;
-    const Blit blit = PrepareBlit(*target, target->ToSurface(x, y, width, height), from->Target(),
-                                  from->ToSurface(sourceX, sourceY, sourceWidth, sourceHeight));
     const bool isPerPixel = (blend.AlphaFormat & AC_SRC_ALPHA) != 0;
-    if (!blit.IsInsideSource() || (isPerPixel && from->Target().bitsPerPixel != 32))
+    if (!blit->IsInsideSource() || (isPerPixel && blit->source->bitsPerPixel != 32))
         return FALSE;
-    if (blit.IsEmpty())
+    if (blit->IsEmpty())
         return TRUE;
-    const bool isOneSurface = target->Target().top == from->Target().top;
-    if (isOneSurface && !IsEmptyRect(Intersection(blit.destination, blit.origin)))
+    const bool isOneSurface = blit->target->Target().top == blit->source->top;
+    if (isOneSurface && !IsEmptyRect(Intersection(blit->destination, blit->origin)))
         return FALSE;
     if (isPerPixel)
-        BlendPremultiplied(blit, blend.SourceConstantAlpha);
+        BlendPremultiplied(*blit, blend.SourceConstantAlpha);
     else
-        BlendConstant(blit, blend.SourceConstantAlpha);
+        BlendConstant(*blit, blend.SourceConstantAlpha);
     return TRUE;
 }

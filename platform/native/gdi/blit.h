@@ -1,5 +1,7 @@
 #pragma once
 
+#include <optional>
+
 #include "native/gdi/scaling.h"
 
 namespace qvui::native {
@@ -24,6 +26,10 @@ struct Blit {
 
 /// Both rectangles in surface coordinates; negative extents mirror.
 Blit PrepareBlit(DeviceContext& target, const RECT& to, const Surface& source, const RECT& from);
+
+/// The same between two contexts, in their logical coordinates; nothing when one of them is none.
+std::optional<Blit> PrepareBlit(HDC dc, int x, int y, int width, int height, HDC source, int sourceX,
+                                int sourceY, int sourceWidth, int sourceHeight);
 
 /// Copies with a raster operation, scaled by the target's stretch mode; within one surface as if from a copy.
 void DrawBlit(Blit blit, DWORD operation);

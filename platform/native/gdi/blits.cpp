@@ -111,6 +111,17 @@ Blit PrepareBlit(DeviceContext& target, const RECT& to, const Surface& source, c
         rows};
 }
 
+std::optional<Blit> PrepareBlit(HDC dc, int x, int y, int width, int height, HDC source, int sourceX,
+                                int sourceY, int sourceWidth, int sourceHeight)
+{
+    DeviceContext* target = LookUpContext(dc);
+    DeviceContext* from = LookUpContext(source);
+    if (!target || !from)
+        return std::nullopt;
+    return PrepareBlit(*target, target->ToSurface(x, y, width, height), from->Target(),
+                       from->ToSurface(sourceX, sourceY, sourceWidth, sourceHeight));
+}
+
 void DrawBlit(Blit blit, DWORD operation)
 {
     if (blit.IsEmpty())
@@ -167,26 +178,22 @@ BOOL BitBlt(HDC dc, int x, int y, int width, int height, HDC source, int sourceX
 BOOL StretchBlt(HDC dc, int x, int y, int width, int height, HDC source, int sourceX, int sourceY,
                 int sourceWidth, int sourceHeight, DWORD operation)
 {
-    DeviceContext* target = LookUpContext(dc);
-    DeviceContext* from = LookUpContext(source);
-    if (!target || !from)
+    const std::optional<Blit> blit =
+        PrepareBlit(dc, x, y, width, height, source, sourceX, sourceY, sourceWidth, sourceHeight);
+    if (!blit)
         return FALSE;
-    DrawBlit(PrepareBlit(*target, target->ToSurface(x, y, width, height), from->Target(),
-                         from->ToSurface(sourceX, sourceY, sourceWidth, sourceHeight)),
-             operation);
+    DrawBlit(*blit, operation);
     return TRUE;
 }
 
 BOOL TransparentBlt(HDC dc, int x, int y, int width, int height, HDC source, int sourceX, int sourceY,
                     int sourceWidth, int sourceHeight, UINT key)
 {
-    DeviceContext* target = LookUpContext(dc);
-    DeviceContext* from = LookUpContext(source);
-    if (!target || !from || width < 0 || height < 0 || sourceWidth < 0 || sourceHeight < 0)
+    const std::optional<Blit> blit =
+        PrepareBlit(dc, x, y, width, height, source, sourceX, sourceY, sourceWidth, sourceHeight);
+    if (!blit || width < 0 || height < 0 || sourceWidth < 0 || sourceHeight < 0)
         return FALSE;
-    const Blit blit = PrepareBlit(*target, target->ToSurface(x, y, width, height), from->Target(),
-                                  from->ToSurface(sourceX, sourceY, sourceWidth, sourceHeight));
-    if (blit.IsEmpty())
+    if (blit->IsEmpty())
         return TRUE;
     // A key with a high byte is no colour, except that of a colour given by its parts. All pixels lose their
     // alpha.
@@ -194,7 +201,7 @@ BOOL TransparentBlt(HDC dc, int x, int y, int width, int height, HDC source, int
     constexpr UINT kByParts = 0x02000000;
     const bool isColour = (key & ~kColourBits & ~kByParts) == 0;
     const std::uint32_t keyed = PixelOf(key);
-    JoinScaled(blit, blit.Shrinks() ? Sampling::And : Sampling::Point,
+    JoinScaled(*blit, blit->Shrinks() ? Sampling::And : Sampling::Point,
                [=](std::uint32_t pixel, std::uint32_t destination) {
                    return (isColour && pixel == keyed ? destination : pixel) & kColourBits;
                });
