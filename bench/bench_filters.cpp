@@ -95,6 +95,15 @@ void CopyMat(Pictures& p)
     std::memcpy(p.result.data, p.section.GetBits(), p.section.GetDibHeader()->biSizeImage);
 }
 
+// Turning cannot happen in place: it makes a new section, and so does what it is measured by.
+void CopyToNewSection(Pictures& p)
+{
+    CDibSection copy;
+    copy.Create(kSize, kSize, static_cast<WORD>(p.bitCount));
+    std::memcpy(copy.GetBits(), p.section.GetBits(), p.section.GetDibHeader()->biSizeImage);
+    p.section.Transfer(&copy);
+}
+
 std::vector<Pair> Pairs()
 {
     const CARGB color(10, 20, 30, 40);
@@ -162,10 +171,8 @@ std::vector<Pair> Pairs()
          }},
         {"mirror", [](Pictures& p) { CMirrorImageFilter::Process(&p.section); }, CopyMat},
         {"flip", [](Pictures& p) { CFlipImageFilter::Process(&p.section); }, CopyMat},
-        // Turning makes a new section, whose pixels are cleared first, and writes it across the rows that it
-        // reads.
-        {"rotate_left", [](Pictures& p) { CRotateLeftFilter::Process(&p.section); }, CopyMat, 2.0},
-        {"rotate_right", [](Pictures& p) { CRotateRightFilter::Process(&p.section); }, CopyMat, 2.0},
+        {"rotate_left", [](Pictures& p) { CRotateLeftFilter::Process(&p.section); }, CopyToNewSection},
+        {"rotate_right", [](Pictures& p) { CRotateRightFilter::Process(&p.section); }, CopyToNewSection},
         {"turn_left", [](Pictures& p) { CRotateLeftFilter::Process(&p.section); },
          [](Pictures& p) { cv::rotate(p.mat, p.result, cv::ROTATE_90_COUNTERCLOCKWISE); }},
         {"cut_out", [](Pictures& p) { CSelectImageFilter::Process(&p.section, &p.target, nullptr); },
