@@ -67,6 +67,14 @@ BOOL CDUITabItem::Activate()
     return TRUE;
 }
 
+// A selected tab looks selected, also below the pointer, where its bar could not tell it from the others.
+void CDUITabItem::ModifyStatus(DWORD remove, DWORD add)
+{
+    const DWORD status = (GetStatus() & ~remove) | add;
+    const DWORD hidden = (status & DUISTATUS_CHECKED) ? DWORD{DUISTATUS_HOT | DUISTATUS_PUSHED} : 0;
+    CDUIButton::ModifyStatus(remove | hidden, add & ~hidden);
+}
+
 LRESULT CDUITabItem::ProcessEvent(const tagDUIEvent& event, BOOL& bHandled)
 {
     const ControlGuard keep(this);

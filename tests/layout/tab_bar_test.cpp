@@ -77,6 +77,10 @@ TEST_F(TabBar, APressSelectsATabAndItsPage)
     EXPECT_EQ(Page(window), 3);
     EXPECT_EQ(Focus(window), "four");
     EXPECT_EQ(Activated(window), "four");
+    EXPECT_EQ(window.Find<CDUIButton>("four")->GetImageStatus(), BTN_STATUS_PUSHED)
+        << "below the pointer too";
+    window.mouse.MoveTo({10, 10});
+    EXPECT_EQ(window.Find<CDUIButton>("one")->GetImageStatus(), BTN_STATUS_HOT);
     window.mouse.Click({110, 10}).DoubleClick({110, 10});
     EXPECT_EQ(Activated(window), "") << "selected already";
     window.mouse.Click({60, 10});

@@ -19,6 +19,8 @@ public:
 
     /// Selects the tab; no DUINOTIFY_CLICK.
     BOOL Activate() override;
+    /// A tab is never hot or pushed while it is selected.
+    void ModifyStatus(DWORD remove, DWORD add) override;
 
     /// For the tab bar: puts the tab among the window's tab stops, or takes it away from them. A tab whose
     /// tab_stop is off never gets there.
