@@ -2,8 +2,9 @@
 
 namespace {
 
-constexpr int kBorder = 6;  // pixels at the edges by which the window is sized
-constexpr POINT kSmallest{760, 480};
+constexpr int kBorder = 6;            // pixels at the edges by which the window is sized
+constexpr int kCorner = 18;           // how far a corner reaches along them: the window is round there
+constexpr POINT kSmallest{760, 620};  // with all tabs of the pages
 constexpr BYTE kLayeredOpacity = 235;
 
 POINT PointOf(LPARAM lParam)
@@ -62,8 +63,13 @@ int CustomFrame::HitBorder(HWND hWnd, POINT client) const
         return 0;
     RECT size{};
     GetClientRect(hWnd, &size);
-    const auto third = [](int at, int end) { return at < kBorder ? 0 : at >= end - kBorder ? 2 : 1; };
-    return kHits[third(client.y, size.bottom)][third(client.x, size.right)];
+    const auto third = [](int at, int end, int length) {
+        return at < length ? 0 : at >= end - length ? 2 : 1;
+    };
+    const bool isAtSide = third(client.x, size.right, kBorder) != 1;
+    const bool isAtTopOrBottom = third(client.y, size.bottom, kBorder) != 1;
+    return kHits[third(client.y, size.bottom, isAtSide ? kCorner : kBorder)]
+                [third(client.x, size.right, isAtTopOrBottom ? kCorner : kBorder)];
 }
 
 // The caption is where no control is that takes presses.
