@@ -12,11 +12,11 @@ struct DialogControl {
     const char* text;
     RECT place;  // in the dialog layout
 };
-constexpr DialogControl kDialog[] = {{"label", "", "#Name", {0, 6, 60, 26}},
+constexpr DialogControl kDialog[] = {{"label", "", "y_name", {0, 6, 60, 26}},
                                      {"button", "cell", "#Ada Lovelace", {66, 0, 236, 32}},
-                                     {"label", "", "#Mail", {0, 46, 60, 66}},
+                                     {"label", "", "y_mail", {0, 46, 60, 66}},
                                      {"button", "cell", "#ada@example.org", {66, 40, 236, 72}},
-                                     {"check_box", "check", "#Remember me", {66, 82, 236, 106}}};
+                                     {"check_box", "check", "y_remember", {66, 82, 236, 106}}};
 
 // A progress bar that is moved by the frames of an animation.
 class ProgressAnimation : public DUI::CDUIAnimationControl {
@@ -42,13 +42,15 @@ PageBehaviour::PageBehaviour(DUI::CDUIWindowMgr& window) : m_window(window)
         const char* names;
         Handler handler;
     } kHandlers[] = {
-        {"b_plain b_main b_flat b_checked check_1 check_2", &PageBehaviour::OnPress},
+        {"b_plain b_main b_flat b_checked b_tooltip b_shortcut "
+         "b_left b_right b_gear b_top b_bottom b_vertical check_1 check_2",
+         &PageBehaviour::OnPress},
         {"radio_1 radio_2 radio_3", &PageBehaviour::OnRadio},
         {"link_docs link_project", &PageBehaviour::OnLink},
         {"next_frame", &PageBehaviour::OnNextFrame},
         {"progress_less", &PageBehaviour::OnLess},
         {"progress_more", &PageBehaviour::OnMore},
-        {"track_1 track_v", &PageBehaviour::OnTrack},
+        {"track_1 track_2 track_v track_v2", &PageBehaviour::OnTrack},
         {"list_simple list_groups list_many", &PageBehaviour::OnList},
         {"tree_files tree_many", &PageBehaviour::OnTree},
         {"tool_new tool_open tool_save tool_bold tool_italic tool_underline tool_find tool_delete",
