@@ -1,9 +1,8 @@
 #include <qvui/framework/control_base.h>
 
-#include <algorithm>
-
 #include "framework/control_guard.h"
 #include "framework/control_styles.h"
+#include "framework/inset.h"
 #include "framework/scroll_bars.h"
 #include "framework/skin_access.h"
 
@@ -423,13 +422,7 @@ void CDUIControlBase::SetFixedHeight(int height)
 
 RECT CDUIControlBase::GetContentRect()
 {
-    // Margins come from skins: the sums are made where they cannot overflow.
-    const auto inset = [](LONG edge, LONGLONG by) {
-        return static_cast<LONG>(std::clamp<LONGLONG>(edge + by, -0x7FFFFFFF, 0x7FFFFFFF));
-    };
-    const RECT content{inset(m_rcControl.left, m_rcMargin.left), inset(m_rcControl.top, m_rcMargin.top),
-                       inset(m_rcControl.right, -LONGLONG{m_rcMargin.right}),
-                       inset(m_rcControl.bottom, -LONGLONG{m_rcMargin.bottom})};
+    const RECT content = Inset(m_rcControl, m_rcMargin);
     if (IsRectEmpty(&content))
         return {m_rcControl.left, m_rcControl.top, m_rcControl.left, m_rcControl.top};
     return content;

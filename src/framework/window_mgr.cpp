@@ -1,12 +1,11 @@
 #include <qvui/framework/window_mgr.h>
 
-#include <algorithm>
-
 #include <qvui/foundation/trace.h>
 #include <qvui/framework/app.h>
 #include <qvui/framework/tool_tip.h>
 #include <qvui/render/render_engine.h>
 
+#include "framework/inset.h"
 #include "framework/skin_access.h"
 #include "framework/window_mgr_target.h"
 
@@ -28,11 +27,6 @@ int Width(const RECT& rect)
 int Height(const RECT& rect)
 {
     return rect.bottom - rect.top;
-}
-
-RECT Shrunk(const RECT& rect, const RECT& by)
-{
-    return {rect.left + by.left, rect.top + by.top, rect.right - by.right, rect.bottom - by.bottom};
 }
 
 }  // namespace
@@ -270,8 +264,8 @@ BOOL CDUIWindowMgr::GetDUIClientRect(RECT* prc)
     if (!IsWindow() || !prc || !GetClientRect(m_hWnd, &client))
         return FALSE;
     if (!m_pFrameBK.IsNull() && !m_pFrameBK->IsEmpty())
-        client = Shrunk(client, m_pFrameBK->GetFrameBorder());
-    client = Shrunk(client, m_rcClientMargin);
+        client = Inset(client, m_pFrameBK->GetFrameBorder());
+    client = Inset(client, m_rcClientMargin);
     if (IsRectEmpty(&client))
         client = {client.left, client.top, client.left, client.top};
     *prc = client;

@@ -26,6 +26,7 @@ TEST_F(WindowMgr, KeepsMarginAndBordersFreeAroundTheRoot)
         {"both", "frame_style='framed' CLIENT_MARGIN='1,2,3,4'", "3,4,295,194"},
         {"unknown frame", "frame_style='none'", "0,0,300,200"},
         {"too much", "frame_style='framed' client_margin='200,10,200,10'", "202,12,202,12"},
+        {"beyond numbers", "client_margin='0,0,-2147483648,-2147483648'", "0,0,2147483647,2147483647"},
     };
     for (const auto& c : cases) {
         ControlWindow window({300, 200},
