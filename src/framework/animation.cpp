@@ -65,9 +65,8 @@ void CDUIAnimation::OnAnimationElapse(int nAnimationID)
     const ControlGuard keep(m_pOwner);
     const int current = animation->nCurFrame;
     if (current == 0) {
-        const BOOL bFirstLoop = animation->bFirstLoop;
+        OnAnimationStart(nAnimationID, animation->bFirstLoop);
         animation->bFirstLoop = FALSE;
-        OnAnimationStart(nAnimationID, bFirstLoop);
     }
     OnAnimationStep(animation->nTotalFrame, current, nAnimationID);
     const bool isAtEnd = current >= animation->nTotalFrame;
