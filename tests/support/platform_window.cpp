@@ -5,6 +5,8 @@
 
 #include <gtest/gtest.h>
 
+#include "support/platform_bitmap.h"
+
 namespace qvui::test {
 namespace {
 
@@ -55,26 +57,13 @@ ClientPixels ReadClient(HWND window)
     RECT client{};
     GetClientRect(window, &client);
     ClientPixels result{client.right, client.bottom, {}};
-    BITMAPINFO info{};
-    info.bmiHeader.biSize = sizeof info.bmiHeader;
-    info.bmiHeader.biWidth = result.width;
-    info.bmiHeader.biHeight = -result.height;
-    info.bmiHeader.biPlanes = 1;
-    info.bmiHeader.biBitCount = 32;
-    void* rows = nullptr;
+    const MemoryBitmap copy(BitmapInfo(result.width, -result.height));
     const HDC from = GetDC(window);
-    const HDC memory = CreateCompatibleDC(from);
-    if (const HBITMAP bitmap = CreateDIBSection(memory, &info, DIB_RGB_COLORS, &rows, nullptr, 0)) {
-        const HGDIOBJ previous = SelectObject(memory, bitmap);
-        BitBlt(memory, 0, 0, result.width, result.height, from, 0, 0, SRCCOPY);
-        const auto* first = static_cast<const std::uint32_t*>(rows);
+    BitBlt(copy, 0, 0, result.width, result.height, from, 0, 0, SRCCOPY);
+    if (const auto* const first = static_cast<const std::uint32_t*>(copy.Bits()))
         result.pixels.assign(first, first + static_cast<std::ptrdiff_t>(result.width) * result.height);
-        for (std::uint32_t& pixel : result.pixels)
-            pixel &= 0xFFFFFF;
-        SelectObject(memory, previous);
-        DeleteObject(bitmap);
-    }
-    DeleteDC(memory);
+    for (std::uint32_t& pixel : result.pixels)
+        pixel &= 0xFFFFFF;
     ReleaseDC(window, from);
     return result;
 }

@@ -8,26 +8,19 @@
 #include <qvui/platform/platform.h>
 
 #include "platform/platform_test.h"
+#include "support/geometry_text.h"
+#include "support/platform_bitmap.h"
 
+using qvui::test::BitmapInfo;
 using PixelAt = std::function<std::uint32_t(int x, int y)>;
 
-/// A memory context that draws on a DIB section, whose pixels are read and written as AARRGGBB, top row
-/// first.
-class Canvas {
+/// A memory bitmap whose pixels are read and written as AARRGGBB, top row first. All start as 0; a negative
+/// height makes a top-down section.
+class Canvas : public qvui::test::MemoryBitmap {
 public:
-    /// All pixels start as 0. A negative height makes a top-down section.
     Canvas(int width, int height, int bitsPerPixel = 32);
-    Canvas(int width, int height, const PixelAt& pixelAt, int bitsPerPixel = 32)
-        : Canvas(width, height, bitsPerPixel)
-    {
-        Paint(pixelAt);
-    }
-    Canvas(const Canvas&) = delete;
-    Canvas& operator=(const Canvas&) = delete;
-    ~Canvas();
+    Canvas(int width, int height, const PixelAt& pixelAt, int bitsPerPixel = 32);
 
-    operator HDC() const { return m_dc; }
-    HBITMAP Bitmap() const { return m_bitmap; }
     int Width() const { return m_width; }
     int Height() const { return m_height; }
 
@@ -39,24 +32,19 @@ public:
     std::vector<std::uint32_t> Pixels() const;
     /// Fails with the first pixel that is not what `pixelAt` answers, in the bits of `mask`.
     void Expect(const PixelAt& pixelAt, const std::string& name = {}, std::uint32_t mask = 0xFFFFFFFF) const;
+    /// Fails when a canvas of the same size has other pixels.
+    void ExpectSame(const Canvas& other, const std::string& name = {}) const;
     /// One line of text per row; '#' where the pixel is not `background`.
     std::string Picture(std::uint32_t background = 0) const;
     /// One line of text per row, a letter for every pixel.
     std::string Letters(const std::function<char(std::uint32_t pixel)>& letterOf) const;
-    /// Where the pixels differ from those of a canvas of the same size, in words; empty when they do not.
-    std::string DifferenceFrom(const Canvas& other) const;
 
 private:
     std::uint8_t* Address(int x, int y) const;
-    std::uint32_t Read(const std::uint8_t* address) const;
 
-    HDC m_dc;
-    HBITMAP m_bitmap = nullptr;
-    HGDIOBJ m_previous = nullptr;
-    std::uint8_t* m_bits = nullptr;
     int m_width;
     int m_height;
-    int m_bytes;
+    std::size_t m_bytes;
     bool m_isTopDown;
 };
 
@@ -86,9 +74,6 @@ Scoped(Handle) -> Scoped<Handle>;
 template <class Handle>
 Scoped(HDC, Handle) -> Scoped<Handle>;
 
-/// A 32- or 24-bit BITMAPINFO; a negative height is top-down.
-BITMAPINFO BitmapInfo(int width, int height, int bitsPerPixel);
-
 constexpr std::uint32_t kColourBits = 0x00FFFFFF;
 
 /// A pixel that tells where it stands, with alpha 0.
@@ -115,4 +100,7 @@ constexpr std::uint32_t Channel(std::uint32_t pixel, int channel)
     return (pixel >> (8 * channel)) & 0xFF;
 }
 
-std::string RectText(const RECT& rect);
+inline std::string RectText(const RECT& rect)
+{
+    return qvui::test::Text(rect);
+}

@@ -1,5 +1,6 @@
 // The pixels that pens touch.
 
+#include <algorithm>
 #include <cstdlib>
 #include <set>
 #include <utility>
@@ -39,34 +40,22 @@ Points ThinLine(int x, int y, int dx, int dy)
     return points;
 }
 
-std::string Row(const Canvas& canvas, int y)
+// The pixels from a point onwards, in steps of dx and dy: '#' ink, 'o' the background colour, '.' untouched.
+std::string Along(const Canvas& canvas, POINT from, int dx, int dy)
 {
-    std::string row;
-    for (int x = 0; x < canvas.Width(); ++x)
-        row += canvas.At(x, y) == 0x00FF0000 ? '#' : canvas.At(x, y) ? 'o' : '.';
-    return row;
+    std::string pixels;
+    for (int x = from.x, y = from.y; x >= 0 && x < canvas.Width() && y < canvas.Height(); x += dx, y += dy)
+        pixels += canvas.At(x, y) == 0x00FF0000 ? '#' : canvas.At(x, y) ? 'o' : '.';
+    return pixels;
 }
 
-std::string Repeated(const std::vector<int>& dashes, int length, char gap)
+std::string Repeated(const std::vector<int>& dashes, std::size_t length, char gap)
 {
     std::string row;
-    for (std::size_t i = 0; static_cast<int>(row.size()) < length; ++i)
+    for (std::size_t i = 0; row.size() < length; ++i)
         row.append(static_cast<std::size_t>(dashes[i % dashes.size()]), i % 2 == 0 ? '#' : gap);
-    return row.substr(0, static_cast<std::size_t>(length));
+    return row.substr(0, length);
 }
-
-struct Dashes {
-    const char* name;
-    int style;
-    std::vector<int> lengths;
-};
-
-const std::vector<Dashes> kDashes{
-    {"dash", PS_DASH, {18, 6}},
-    {"dot", PS_DOT, {3, 3}},
-    {"dash dot", PS_DASHDOT, {9, 6, 3, 6}},
-    {"dash dot dot", PS_DASHDOTDOT, {9, 3, 3, 3, 3, 3}},
-};
 
 }  // namespace
 
@@ -91,19 +80,18 @@ TEST_F(Lines, ContinueWhereTheLastOneEnded)
     const Scoped pen(canvas, CreatePen(PS_SOLID, 0, kInk));
     POINT previous{9, 9};
     MoveToEx(canvas, 1, 0, &previous);
-    EXPECT_EQ(previous.x, 0);
+    EXPECT_EQ(qvui::test::Text(previous), "0,0");
     LineTo(canvas, 6, 0);
     LineTo(canvas, 6, 3);
     MoveToEx(canvas, 0, 0, &previous);
-    EXPECT_EQ(previous.x, 6);
-    EXPECT_EQ(previous.y, 3);
+    EXPECT_EQ(qvui::test::Text(previous), "6,3");
     EXPECT_EQ(canvas.Picture(), ".######.\n......#.\n......#.\n........\n");
 }
 
 TEST_F(Lines, AreCutByTheClipAndSurviveAbsurdCoordinates)
 {
-    const Canvas canvas(6, 3);
-    const Scoped pen(static_cast<HDC>(canvas), CreatePen(PS_SOLID, 1, kInk));
+    Canvas canvas(6, 3);
+    const Scoped pen(canvas, CreatePen(PS_SOLID, 1, kInk));
     IntersectClipRect(canvas, 1, 0, 4, 3);
     MoveToEx(canvas, -1000, 1, nullptr);
     LineTo(canvas, 1000, 1);
@@ -115,47 +103,33 @@ TEST_F(Lines, AreCutByTheClipAndSurviveAbsurdCoordinates)
     EXPECT_EQ(canvas.Picture(), "......\n.###..\n..#...\n") << "the null pen draws nothing";
 }
 
-TEST_F(Lines, DashFromTheirStart)
+TEST_F(Lines, DashFromWhereThePenWasMovedTo)
 {
-    for (const Dashes& dashes : kDashes)
-        for (const int mode : {TRANSPARENT, OPAQUE}) {
-            const std::string expected = Repeated(dashes.lengths, 60, mode == OPAQUE ? 'o' : '.');
-            Canvas canvas(60, 60);
-            const Scoped pen(canvas, CreatePen(dashes.style, 1, kInk));
-            SetBkMode(canvas, mode);
-            SetBkColor(canvas, RGB(0, 0xFF, 0));
-            LineTo(canvas, 60, 0);
-            EXPECT_EQ(Row(canvas, 0), expected) << dashes.name;
-            canvas.Fill(0);
-            MoveToEx(canvas, 59, 2, nullptr);
-            LineTo(canvas, -1, 2);
-            EXPECT_EQ(Row(canvas, 2), std::string(expected.rbegin(), expected.rend()))
-                << dashes.name << ", leftwards";
-            canvas.Fill(0);
-            MoveToEx(canvas, 0, 0, nullptr);
-            LineTo(canvas, 60, 60);
-            for (int i = 0; i < 60; ++i)
-                ASSERT_EQ(Row(canvas, i)[static_cast<std::size_t>(i)], expected[static_cast<std::size_t>(i)])
-                    << dashes.name << ", diagonal " << i;
-        }
+    const Table<const char*, int, std::vector<int>> styles{
+        {"dash", PS_DASH, {18, 6}},
+        {"dot", PS_DOT, {3, 3}},
+        {"dash dot", PS_DASHDOT, {9, 6, 3, 6}},
+        {"dash dot dot", PS_DASHDOTDOT, {9, 3, 3, 3, 3, 3}},
+    };
+    const Table<const char*, POINT, int, int> directions{
+        {"rightwards", {0, 0}, 1, 0}, {"leftwards", {59, 2}, -1, 0}, {"diagonal", {0, 0}, 1, 1}};
+    for (const auto& [style, number, dashes] : styles)
+        for (const int mode : {TRANSPARENT, OPAQUE})
+            for (const auto& [direction, from, dx, dy] : directions) {
+                Canvas canvas(60, 60);
+                const Scoped pen(canvas, CreatePen(number, 1, kInk));
+                SetBkMode(canvas, mode);
+                SetBkColor(canvas, RGB(0, 0xFF, 0));
+                LineTo(canvas, 0, 10);  // whose dashes do not count
+                canvas.Fill(0);
+                MoveToEx(canvas, from.x, from.y, nullptr);
+                LineTo(canvas, from.x + 60 * dx, from.y + 60 * dy);
+                EXPECT_EQ(Along(canvas, from, dx, dy), Repeated(dashes, 60, mode == OPAQUE ? 'o' : '.'))
+                    << style << ", " << direction;
+            }
 }
 
-TEST_F(Lines, DashAnewAfterThePenIsMovedAndSolidlyWhenWide)
-{
-    Canvas canvas(40, 5);
-    const Scoped pen(canvas, CreatePen(PS_DASH, 1, kInk));
-    SetBkMode(canvas, TRANSPARENT);
-    LineTo(canvas, 10, 0);
-    MoveToEx(canvas, 5, 1, nullptr);
-    LineTo(canvas, 40, 1);
-    EXPECT_EQ(Row(canvas, 1), "....." + Repeated({18, 6}, 35, '.'));
-    const Scoped wide(canvas, CreatePen(PS_DASH, 2, kInk));
-    MoveToEx(canvas, 0, 3, nullptr);
-    LineTo(canvas, 40, 3);
-    EXPECT_EQ(Row(canvas, 3), std::string(40, '#'));
-}
-
-TEST_F(Lines, OfTwoToFivePixelsAreStampsFromStartToEnd)
+TEST_F(Lines, OfTwoToFivePixelsAreStampsFromStartToEndWithoutDashes)
 {
     for (int width = 2; width <= 5; ++width)
         for (const POINT delta : {POINT{7, 0}, POINT{-7, 0}, POINT{0, 6}, POINT{0, -6}, POINT{1, 0}})

@@ -13,15 +13,6 @@ std::string BoxOf(HRGN region)
     return RectText(box);
 }
 
-// The rectangles {0,0,4,4} and {10,0,14,4}: a complex region.
-HRGN TwoSquares()
-{
-    const HRGN region = CreateRectRgn(0, 0, 4, 4);
-    const Scoped second(CreateRectRgn(10, 0, 14, 4));
-    CombineRgn(region, region, second, RGN_OR);
-    return region;
-}
-
 HRGN OfRects(const std::vector<RECT>& rects)
 {
     std::vector<char> buffer(sizeof(RGNDATAHEADER) + rects.size() * sizeof(RECT));
@@ -47,13 +38,7 @@ using Regions = PlatformTest;
 
 TEST_F(Regions, Combine)
 {
-    struct Case {
-        const char* name;
-        RECT first, second;
-        int mode, complexity;
-        const char* box;
-    };
-    const std::vector<Case> cases{
+    const Table<const char*, RECT, RECT, int, int, const char*> cases{
         {"overlap", {0, 0, 4, 4}, {2, 2, 6, 6}, RGN_AND, SIMPLEREGION, "2,2,4,4"},
         {"no overlap", {0, 0, 2, 2}, {2, 0, 4, 2}, RGN_AND, NULLREGION, "0,0,0,0"},
         {"neighbours", {0, 0, 2, 2}, {2, 0, 4, 2}, RGN_OR, SIMPLEREGION, "0,0,4,2"},
@@ -64,14 +49,14 @@ TEST_F(Regions, Combine)
         {"exclusive", {0, 0, 4, 2}, {2, 0, 6, 2}, RGN_XOR, COMPLEXREGION, "0,0,6,2"},
         {"copy", {1, 1, 4, 2}, {2, 0, 6, 2}, RGN_COPY, SIMPLEREGION, "1,1,4,2"},
     };
-    for (const Case& c : cases) {
-        const Scoped first(CreateRectRgnIndirect(&c.first));
-        const Scoped second(CreateRectRgnIndirect(&c.second));
+    for (const auto& [name, one, other, mode, complexity, box] : cases) {
+        const Scoped first(CreateRectRgnIndirect(&one));
+        const Scoped second(CreateRectRgnIndirect(&other));
         const Scoped result(CreateRectRgn(50, 50, 60, 60));
-        EXPECT_EQ(CombineRgn(result, first, second, c.mode), c.complexity) << c.name;
-        EXPECT_EQ(BoxOf(result), c.box) << c.name;
-        EXPECT_EQ(CombineRgn(first, first, second, c.mode), c.complexity) << c.name << ", onto itself";
-        EXPECT_TRUE(EqualRgn(first, result)) << c.name;
+        EXPECT_EQ(CombineRgn(result, first, second, mode), complexity) << name;
+        EXPECT_EQ(BoxOf(result), box) << name;
+        EXPECT_EQ(CombineRgn(first, first, second, mode), complexity) << name << ", onto itself";
+        EXPECT_TRUE(EqualRgn(first, result)) << name;
     }
     const Scoped region(CreateRectRgn(0, 0, 1, 1));
     EXPECT_EQ(CombineRgn(region, region, nullptr, RGN_OR), ERROR);
@@ -85,13 +70,10 @@ TEST_F(Regions, KnowTheirPoints)
     for (int y = 0; y < 6; ++y)
         for (int x = 0; x < 7; ++x)
             EXPECT_EQ(PtInRegion(inverted, x, y) != FALSE, Holds({1, 2, 5, 4}, x, y)) << x << ',' << y;
-    const Scoped squares(TwoSquares());
-    struct Case {
-        RECT rect;
-        BOOL meets;
-    };
-    for (const Case& c : {Case{{4, 0, 10, 4}, FALSE}, Case{{3, 3, 5, 5}, TRUE}, Case{{5, 5, 3, 3}, TRUE}})
-        EXPECT_EQ(RectInRegion(squares, &c.rect), c.meets) << RectText(c.rect);
+    const Scoped squares(OfRects({{0, 0, 4, 4}, {10, 0, 14, 4}}));
+    for (const auto& [rect, meets] :
+         Table<RECT, BOOL>{{{4, 0, 10, 4}, FALSE}, {{3, 3, 5, 5}, TRUE}, {{5, 5, 3, 3}, TRUE}})
+        EXPECT_EQ(RectInRegion(squares, &rect), meets) << RectText(rect);
     EXPECT_EQ(OffsetRgn(squares, 1, 2), COMPLEXREGION);
     EXPECT_EQ(BoxOf(squares), "1,2,15,6");
     EXPECT_TRUE(SetRectRgn(squares, 3, 3, 1, 1));
@@ -100,31 +82,26 @@ TEST_F(Regions, KnowTheirPoints)
 
 TEST_F(Regions, AreMadeFromRectanglesAndGiveThemBack)
 {
-    struct Case {
-        const char* name;
-        std::vector<RECT> rects;
-        int complexity;
-        std::vector<RECT> parts;
-    };
-    const std::vector<Case> cases{
+    const Table<const char*, std::vector<RECT>, int, std::vector<RECT>> cases{
         {"one", {{1, 2, 3, 4}}, SIMPLEREGION, {{1, 2, 3, 4}}},
         {"overlapping", {{0, 0, 4, 2}, {2, 0, 6, 2}}, SIMPLEREGION, {{0, 0, 6, 2}}},
         {"unsorted", {{5, 5, 6, 6}, {0, 0, 1, 1}}, COMPLEXREGION, {{0, 0, 1, 1}, {5, 5, 6, 6}}},
         {"bands", {{0, 0, 3, 3}, {1, 1, 5, 2}}, COMPLEXREGION, {{0, 0, 3, 1}, {0, 1, 5, 2}, {0, 2, 3, 3}}},
         {"empty ones", {{2, 2, 2, 5}, {0, 0, 1, 1}}, SIMPLEREGION, {{0, 0, 1, 1}}},
     };
-    for (const Case& c : cases) {
-        const Scoped region(OfRects(c.rects));
+    for (const auto& [name, rects, complexity, parts] : cases) {
+        const Scoped region(OfRects(rects));
         RECT box{};
-        EXPECT_EQ(GetRgnBox(region, &box), c.complexity) << c.name;
+        EXPECT_EQ(GetRgnBox(region, &box), complexity) << name;
+        const std::size_t bytes = parts.size() * sizeof(RECT);
         const DWORD size = GetRegionData(region, 0, nullptr);
-        ASSERT_EQ(size, sizeof(RGNDATAHEADER) + c.parts.size() * sizeof(RECT)) << c.name;
+        ASSERT_EQ(size, sizeof(RGNDATAHEADER) + bytes) << name;
         std::vector<char> buffer(size);
         auto* data = reinterpret_cast<RGNDATA*>(buffer.data());
-        EXPECT_EQ(GetRegionData(region, size, data), size) << c.name;
-        EXPECT_EQ(data->rdh.nCount, c.parts.size()) << c.name;
-        EXPECT_EQ(RectText(data->rdh.rcBound), RectText(box)) << c.name;
-        EXPECT_EQ(std::memcmp(data->Buffer, c.parts.data(), c.parts.size() * sizeof(RECT)), 0) << c.name;
+        EXPECT_EQ(GetRegionData(region, size, data), size) << name;
+        EXPECT_EQ(data->rdh.nCount, parts.size()) << name;
+        EXPECT_EQ(RectText(data->rdh.rcBound), RectText(box)) << name;
+        EXPECT_EQ(std::memcmp(data->Buffer, parts.data(), bytes), 0) << name;
     }
     EXPECT_EQ(BoxOf(Scoped(OfRects({}))), "0,0,0,0");
 }
@@ -133,13 +110,7 @@ using Clipping = PlatformTest;
 
 TEST_F(Clipping, HasTheStatesOfItsTable)
 {
-    struct Case {
-        const char* name;
-        std::vector<RECT> clip;
-        int complexity;
-        const char* box;
-    };
-    const std::vector<Case> cases{
+    const Table<const char*, std::vector<RECT>, int, std::string> cases{
         {"rectangle, partly outside", {{-5, 5, 10, 90}}, SIMPLEREGION, "0,5,10,20"},
         {"two rectangles", {{1, 1, 3, 3}, {20, 10, 90, 90}}, COMPLEXREGION, "1,1,30,20"},
         {"outside", {{100, 100, 110, 110}}, NULLREGION, "0,0,0,0"},
@@ -150,15 +121,15 @@ TEST_F(Clipping, HasTheStatesOfItsTable)
     EXPECT_EQ(GetClipRgn(canvas, copy), 0);
     EXPECT_EQ(BoxOf(copy), "3,3,5,5") << "untouched";
     ExpectClip(canvas, SIMPLEREGION, "0,0,30,20", "no clip");
-    for (const Case& c : cases) {
-        const Scoped region(OfRects(c.clip));
+    for (const auto& [name, clip, complexity, expected] : cases) {
+        const Scoped region(OfRects(clip));
         RECT box{};
-        EXPECT_EQ(SelectClipRgn(canvas, region), GetRgnBox(region, &box)) << c.name;
-        EXPECT_EQ(GetClipRgn(canvas, copy), 1) << c.name;
-        EXPECT_TRUE(EqualRgn(copy, region)) << c.name;
+        EXPECT_EQ(SelectClipRgn(canvas, region), GetRgnBox(region, &box)) << name;
+        EXPECT_EQ(GetClipRgn(canvas, copy), 1) << name;
+        EXPECT_TRUE(EqualRgn(copy, region)) << name;
         OffsetRgn(region, 1, 1);  // the context has a copy
-        EXPECT_EQ(GetClipBox(canvas, &box), c.complexity) << c.name;
-        EXPECT_TRUE(c.complexity == NULLREGION || RectText(box) == c.box) << c.name << ' ' << RectText(box);
+        EXPECT_EQ(GetClipBox(canvas, &box), complexity) << name;
+        EXPECT_TRUE(complexity == NULLREGION || RectText(box) == expected) << name << ' ' << RectText(box);
     }
     EXPECT_EQ(SelectClipRgn(canvas, nullptr), SIMPLEREGION);
     EXPECT_EQ(GetClipRgn(canvas, copy), 0);
@@ -168,23 +139,18 @@ TEST_F(Clipping, HasTheStatesOfItsTable)
 
 TEST_F(Clipping, CombinesWithNoClipAsWithTheSurface)
 {
-    struct Case {
-        const char* name;
-        int mode, complexity;
-        const char* picture;
-    };
-    const std::vector<Case> cases{
+    const Table<const char*, int, int, const char*> cases{
         {"and", RGN_AND, SIMPLEREGION, "......\n..####\n"},
         {"or", RGN_OR, COMPLEXREGION, "######\n######\n"},
         {"difference", RGN_DIFF, COMPLEXREGION, "######\n##....\n"},
         {"copy", RGN_COPY, SIMPLEREGION, "......\n..####\n"},
     };
-    for (const Case& c : cases) {
+    for (const auto& [name, mode, complexity, picture] : cases) {
         Canvas canvas(6, 2);
         const Scoped region(CreateRectRgn(2, 1, 8, 2));
-        EXPECT_EQ(ExtSelectClipRgn(canvas, region, c.mode), c.complexity) << c.name;
+        EXPECT_EQ(ExtSelectClipRgn(canvas, region, mode), complexity) << name;
         PatBlt(canvas, 0, 0, 6, 2, WHITENESS);
-        EXPECT_EQ(canvas.Picture(), c.picture) << c.name;
+        EXPECT_EQ(canvas.Picture(), picture) << name;
     }
 }
 

@@ -56,6 +56,7 @@ struct Operation {
     const char* name;
     int mode;
     std::function<void(HDC target, const Canvas& source, const Scale& scale)> draw;
+    bool canShrink = true;
 };
 
 void Stretch(HDC target, const Canvas& source, const Scale& s)
@@ -69,13 +70,18 @@ const std::vector<Operation> kPointSampled{
          AlphaBlend(target, 3, 2, s.width, s.height, source, 2, 1, s.sourceWidth, s.sourceHeight, kOpaque);
      }},
     {"StretchBlt", COLORONCOLOR, Stretch},
+    {"TransparentBlt", HALFTONE,
+     [](HDC target, const Canvas& source, const Scale& s) {
+         TransparentBlt(target, 3, 2, s.width, s.height, source, 2, 1, s.sourceWidth, s.sourceHeight, 0);
+     },
+     false},
     {"StretchDIBits", COLORONCOLOR,
      [](HDC target, const Canvas& source, const Scale& s) {
          std::vector<std::uint32_t> rows;  // bottom-up
          for (int y = source.Height() - 1; y >= 0; --y)
              for (int x = 0; x < source.Width(); ++x)
                  rows.push_back(source.At(x, y));
-         const BITMAPINFO info = BitmapInfo(source.Width(), source.Height(), 32);
+         const BITMAPINFO info = BitmapInfo(source.Width(), source.Height());
          EXPECT_EQ(StretchDIBits(target, 3, 2, s.width, s.height, 2, 1, s.sourceWidth, s.sourceHeight,
                                  rows.data(), &info, DIB_RGB_COLORS, SRCCOPY),
                    source.Height());
@@ -91,6 +97,8 @@ TEST_F(Scaling, TakesTheNearestSourcePixelWhateverTheClip)
     for (const Operation& operation : kPointSampled)
         for (const Scale& s : Scales())
             for (const bool isClipped : {false, true}) {
+                if (!operation.canShrink && (s.width < s.sourceWidth || s.height < s.sourceHeight))
+                    continue;
                 const Canvas source(s.sourceWidth + 3, s.sourceHeight + 2, PlacePixel);
                 const Canvas target(s.width + 6, s.height + 5);
                 RECT drawn{3, 2, 3 + s.width, 2 + s.height};
@@ -142,27 +150,22 @@ TEST_F(Scaling, IsTheSameForLargePartsAndTranslucentPixels)
 
 TEST_F(Scaling, JoinsTheGroupBitwiseInTheMonochromeModes)
 {
-    struct Case {
-        const char* name;
-        int mode, width;
-        std::vector<std::uint32_t> expected;
-    };
     const std::vector<std::uint32_t> pixels{0xF0F0F0F0, 0x3C3C3C3C, 0x0F0F0F0F, 0xFF00FF00};
-    const std::vector<Case> cases{
+    const Table<const char*, int, int, std::vector<std::uint32_t>> cases{
         {"black on white", BLACKONWHITE, 2, {0x30303030, 0x0F000F00}},
         {"white on black", WHITEONBLACK, 2, {0xFCFCFCFC, 0xFF0FFF0F}},
         {"black on white, same size", BLACKONWHITE, 4, pixels},
         {"white on black, enlarging",
          WHITEONBLACK,
-         8,
-         {pixels[0], pixels[0], pixels[1], pixels[1], pixels[2], pixels[2], pixels[3], pixels[3]}},
+         5,
+         {pixels[0], pixels[1], pixels[1], pixels[2], pixels[3]}},
     };
-    for (const Case& c : cases) {
+    for (const auto& [name, mode, width, expected] : cases) {
         const Canvas source(4, 1, [&pixels](int x, int) { return pixels[static_cast<std::size_t>(x)]; });
-        const Canvas target(c.width, 1);
-        EXPECT_EQ(SetStretchBltMode(target, c.mode), BLACKONWHITE) << "the first mode";
-        StretchBlt(target, 0, 0, c.width, 1, source, 0, 0, 4, 1, SRCCOPY);
-        EXPECT_EQ(target.Pixels(), c.expected) << c.name;
+        const Canvas target(width, 1);
+        EXPECT_EQ(SetStretchBltMode(target, mode), BLACKONWHITE) << "the first mode";
+        StretchBlt(target, 0, 0, width, 1, source, 0, 0, 4, 1, SRCCOPY);
+        EXPECT_EQ(target.Pixels(), expected) << name;
     }
 }
 
@@ -200,13 +203,8 @@ TEST_F(Scaling, InterpolatesInHalftoneMode)
 
 TEST_F(Scaling, MirrorsForNegativeExtents)
 {
-    struct Case {
-        const char* name;
-        int x, width, sourceX, sourceWidth;
-        const char* row;
-    };
     // The source row is "abcd"; '.' is untouched.
-    const std::vector<Case> cases{
+    const Table<const char*, int, int, int, int, const char*> cases{
         {"plain", 1, 4, 0, 4, ".abcd..."},
         {"destination", 5, -4, 0, 4, "..dcba.."},
         {"source", 1, 4, 3, -4, ".dcba..."},
@@ -216,19 +214,20 @@ TEST_F(Scaling, MirrorsForNegativeExtents)
         {"part of the source", 0, 2, 2, -2, "cb......"},
     };
     for (const bool rows : {false, true})
-        for (const Case& c : cases) {
-            const Canvas source(rows ? 1 : 4, rows ? 4 : 1,
-                                [](int x, int y) { return static_cast<std::uint32_t>('a' + x + y); });
+        for (const auto& [name, x, width, sourceX, sourceWidth, expected] : cases) {
+            const Canvas source(rows ? 1 : 4, rows ? 4 : 1, [](int column, int y) {
+                return static_cast<std::uint32_t>('a' + column + y);
+            });
             const Canvas target(rows ? 1 : 8, rows ? 8 : 1);
             SetStretchBltMode(target, COLORONCOLOR);
             if (rows)
-                StretchBlt(target, 0, c.x, 1, c.width, source, 0, c.sourceX, 1, c.sourceWidth, SRCCOPY);
+                StretchBlt(target, 0, x, 1, width, source, 0, sourceX, 1, sourceWidth, SRCCOPY);
             else
-                StretchBlt(target, c.x, 0, c.width, 1, source, c.sourceX, 0, c.sourceWidth, 1, SRCCOPY);
+                StretchBlt(target, x, 0, width, 1, source, sourceX, 0, sourceWidth, 1, SRCCOPY);
             std::string row;
             for (const std::uint32_t pixel : target.Pixels())
                 row += pixel ? static_cast<char>(pixel) : '.';
-            EXPECT_EQ(row, c.row) << c.name << (rows ? ", rows" : ", columns");
+            EXPECT_EQ(row, expected) << name << (rows ? ", rows" : ", columns");
         }
 }
 

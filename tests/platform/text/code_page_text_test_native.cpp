@@ -62,21 +62,17 @@ TEST_F(ScriptText, BreaksBetweenIdeographs)
         const NativeCodePage codePage(script.codePage);
         TextCanvas canvas;
         const int one = canvas.Width(script.characters[0]);
-        const struct {
-            std::string text;
-            int width;
-            int lines;
-            int widest;
-        } cases[] = {
+        // With a width, the lines that the text takes then, and the widest one's width
+        const Table<std::string, int, int, int> cases{
             {Joined(script.characters, 6), 2 * one, 3, 2 * one},
             {Joined(script.characters, 6), 4 * one + 1, 2, 4 * one},
             {Joined(script.characters, 3), one - 1, 3, one},
             {"ab" + Joined(script.characters, 2), canvas.Width("ab") + one, 2, canvas.Width("ab") + one},
         };
-        for (const auto& c : cases) {
-            const RECT rect = canvas.Calculated(c.text, {0, 0, c.width, 0}, DT_WORDBREAK);
-            EXPECT_EQ(rect.bottom, c.lines * canvas.LineHeight()) << script.name << ' ' << c.text;
-            EXPECT_EQ(rect.right, c.widest) << script.name << ' ' << c.text;
+        for (const auto& [text, width, lines, widest] : cases) {
+            const RECT rect = canvas.Calculated(text, {0, 0, width, 0}, DT_WORDBREAK);
+            EXPECT_EQ(RectText(rect), RectText({0, 0, widest, lines * canvas.LineHeight()}))
+                << script.name << ' ' << text;
         }
     }
 }
@@ -100,10 +96,8 @@ TEST_F(ScriptText, ThatIsBrokenIsDrawnAllTheSame)
             ASSERT_TRUE(GetTextExtentExPointA(canvas, text.data(), length, 50, &fit, widths.data(), &size));
             ASSERT_GE(fit, 0);
             ASSERT_LE(fit, length);
-            if (length > 0) {
-                ASSERT_EQ(widths[text.size() - 1], size.cx);
-            }
-            TextOutA(canvas, 0, 0, text.data(), length);
+            ASSERT_TRUE(length == 0 || widths[text.size() - 1] == size.cx);
+            canvas.Out(0, 0, text);
             for (const UINT format :
                  {DT_WORDBREAK | DT_EXPANDTABS, DT_SINGLELINE | DT_END_ELLIPSIS, DT_PATH_ELLIPSIS})
                 canvas.Modified(text, 40, format);

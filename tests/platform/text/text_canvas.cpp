@@ -26,6 +26,11 @@ int TextCanvas::Width(const std::string& text) const
     return size.cx;
 }
 
+void TextCanvas::Out(int x, int y, const std::string& text)
+{
+    TextOutA(*this, x, y, text.data(), static_cast<int>(text.size()));
+}
+
 int TextCanvas::Draw(const std::string& text, RECT rect, UINT format)
 {
     return DrawTextA(*this, text.data(), static_cast<int>(text.size()), &rect, format);

@@ -15,6 +15,8 @@ public:
     int LineHeight() const { return m_metrics.tmHeight; }
     const TEXTMETRICA& Metrics() const { return m_metrics; }
 
+    /// TextOutA
+    void Out(int x, int y, const std::string& text);
     /// DrawTextA; the text is not changed and `rect` neither.
     int Draw(const std::string& text, RECT rect, UINT format);
     /// DrawTextA with DT_CALCRECT added; the rectangle that it answers.

