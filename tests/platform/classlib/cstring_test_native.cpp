@@ -51,35 +51,27 @@ TEST(DoubleByteString, EditsWholeCharactersOnly)
 
 TEST(DoubleByteString, KnowsTheLengthOfItsCharacters)
 {
-    struct Case {
-        UINT codePage;
-        std::string text;
-        int length;
-    };
-    for (const Case& c :
-         {Case{936, "\xD6\xD0z", 2}, Case{936, "az", 1}, Case{936, "\xD6", 1}, Case{932, "\xB1z", 1},
-          Case{932, "\x83\x5C", 2}, Case{1252, "\xD6\xD0", 1}, Case{65001, "\xE4\xBD\xA0z", 3},
-          Case{65001, "\xC3\xBC", 2}, Case{65001, "\xF0\x9F\x98\x80z", 4}, Case{65001, "\xE4\xBDz", 2},
-          Case{65001, "\xE4z", 1}, Case{65001, "\x80\x80", 1}, Case{65001, "\xC3", 1}}) {
-        const NativeCodePage codePage(c.codePage);
-        EXPECT_EQ(CharacterLength(c.text.data(), c.text.data() + c.text.size()), c.length)
-            << c.codePage << ' ' << c.text;
+    const Table<UINT, std::string, int> cases{
+        {936, "\xD6\xD0z", 2},       {936, "az", 1},         {936, "\xD6", 1},
+        {932, "\xB1z", 1},           {932, "\x83\x5C", 2},   {1252, "\xD6\xD0", 1},
+        {65001, "\xE4\xBD\xA0z", 3}, {65001, "\xC3\xBC", 2}, {65001, "\xF0\x9F\x98\x80z", 4},
+        {65001, "\xE4\xBDz", 2},     {65001, "\xE4z", 1},    {65001, "\x80\x80", 1},
+        {65001, "\xC3", 1}};
+    for (const auto& [page, text, length] : cases) {
+        const NativeCodePage codePage(page);
+        EXPECT_EQ(CharacterLength(text.data(), text.data() + text.size()), length) << page << ' ' << text;
     }
 }
 
 TEST(DoubleByteString, ConvertsThroughItsCodePage)
 {
-    struct Case {
-        UINT codePage;
-        const char* text;
-    };
-    const std::string utf8 = "a\xE4\xBD\xA0z";
-    for (const Case& c : {Case{65001, "a\xE4\xBD\xA0z"}, Case{936, "a\xC4\xE3z"}, Case{950, "a\xA7\x41z"},
-                          Case{1252, "a?z"}}) {
-        const NativeCodePage codePage(c.codePage);
-        const CString text = CString::FromUtf8(utf8);
-        EXPECT_STREQ(text, c.text) << c.codePage;
-        EXPECT_EQ(text.ToWide().size(), 3U) << c.codePage;
-        EXPECT_EQ(CString::FromWide(text.ToWide().c_str()), text) << c.codePage;
+    const Table<UINT, const char*> cases{
+        {65001, "a\xE4\xBD\xA0z"}, {936, "a\xC4\xE3z"}, {950, "a\xA7\x41z"}, {1252, "a?z"}};
+    for (const auto& [page, expected] : cases) {
+        const NativeCodePage codePage(page);
+        const CString text = CString::FromUtf8("a\xE4\xBD\xA0z");
+        EXPECT_STREQ(text, expected) << page;
+        EXPECT_EQ(text.ToWide().size(), 3U) << page;
+        EXPECT_EQ(CString::FromWide(text.ToWide().c_str()), text) << page;
     }
 }

@@ -1,19 +1,20 @@
 #include "platform/classlib/picture_files.h"
 
 #include <cstring>
-#include <fstream>
-#include <iterator>
 
-Bytes FileBytes(const std::string& name)
+namespace {
+
+void LoadAndRead(const Bytes& bytes)
 {
-    std::ifstream file(kData + name, std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
+    CImage image;
+    LoadBytes(image, bytes);
+    volatile unsigned sum = 0;
+    for (int y = 0; y < image.GetHeight(); ++y)
+        for (int x = 0; x < image.GetWidth(); ++x)
+            sum = sum + *static_cast<std::uint8_t*>(image.GetPixelAddress(x, y));
 }
 
-Bytes Cut(const Bytes& bytes, std::size_t size)
-{
-    return {bytes.begin(), bytes.begin() + static_cast<std::ptrdiff_t>(size)};
-}
+}  // namespace
 
 HRESULT LoadBytes(CImage& image, const Bytes& bytes)
 {
@@ -29,18 +30,13 @@ HRESULT LoadBytes(CImage& image, const Bytes& bytes)
     return result;
 }
 
-void LoadEveryDamage(const Bytes& whole)
+void LoadEveryDamage(const std::string& name)
 {
-    unsigned sum = 0;
+    const Bytes whole = FileBytes(kData + name);
+    ForEachCut(whole, LoadAndRead);
     for (std::size_t at = 0; at < whole.size(); ++at) {
-        CImage image;
-        LoadBytes(image, Cut(whole, at));
         Bytes changed = whole;
         changed[at] ^= static_cast<std::uint8_t>(at % 3 == 0 ? 0xFF : at % 3 == 1 ? 0x80 : 0x01);
-        LoadBytes(image, changed);
-        for (int y = 0; y < image.GetHeight(); ++y)
-            for (int x = 0; x < image.GetWidth(); ++x)
-                sum += *static_cast<std::uint8_t*>(image.GetPixelAddress(x, y));
+        LoadAndRead(changed);
     }
-    static_cast<void>(sum);
 }

@@ -1,13 +1,15 @@
-// Files by platform paths, and the clock.
+// Files by platform paths.
 
+#include <algorithm>
 #include <cstdio>
-#include <cstring>
 #include <memory>
+#include <string>
 
 #include <qvui/platform/file.h>
 #include <qvui/platform/platform.h>
 
 #include "platform/platform_test.h"
+#include "support/screenshot.h"
 
 namespace {
 
@@ -24,28 +26,12 @@ std::string Read(const std::string& path)
     return {bytes, std::fread(bytes, 1, sizeof bytes, file.get())};
 }
 
-std::string BackSlashes(std::string path)
+HANDLE Open(const std::string& path, DWORD access, DWORD how)
 {
-    for (char& character : path)
-        character = character == '/' ? '\\' : character;
-    return path;
+    return CreateFileA(path.c_str(), access, FILE_SHARE_READ, nullptr, how, FILE_ATTRIBUTE_NORMAL, nullptr);
 }
 
 const std::string kData = QVUI_TEST_DATA "/platform/kernel/data/";
-
-// A file that is deleted at the end of its scope.
-class TemporaryFile {
-public:
-    TemporaryFile() : m_path(std::string(std::tmpnam(m_name)) + ".tmp") {}
-    TemporaryFile(const TemporaryFile&) = delete;
-    TemporaryFile& operator=(const TemporaryFile&) = delete;
-    ~TemporaryFile() { std::remove(m_path.c_str()); }
-    const char* Path() const { return m_path.c_str(); }
-
-private:
-    char m_name[L_tmpnam] = {};
-    std::string m_path;
-};
 
 }  // namespace
 
@@ -55,71 +41,41 @@ TEST_F(Files, AreFoundUnderEitherSeparatorAndInAnyCase)
 {
     const std::string text = Read(kData + "text.xml");
     ASSERT_NE(text, "not found");
-    const std::vector<std::string> paths{
-        BackSlashes(kData) + "text.xml",
-        BackSlashes(kData + "text.xml"),
-        kData + "TEXT.XML",
-        kData + "../Data/./Text.Xml",
-        BackSlashes(QVUI_TEST_DATA "/Platform/KERNEL/data/text.XML"),
-    };
-    for (const std::string& path : paths)
-        EXPECT_EQ(Read(path), text) << path;
-    EXPECT_EQ(Read(kData + "text.xm"), "not found");
-    EXPECT_EQ(Read(kData + "no/text.xml"), "not found");
-    EXPECT_EQ(Read(""), "not found");
+    for (const char* const name : {"TEXT.XML", "../Data/./Text.Xml", "..\\..\\KERNEL\\data\\text.XML"})
+        EXPECT_EQ(Read(kData + name), text) << name;
+    std::string path = kData + "Text.xml";
+    std::replace(path.begin(), path.end(), '/', '\\');
+    EXPECT_EQ(Read(path), text) << path;
+    for (const std::string& missing : {kData + "text.xm", kData + "no/text.xml", std::string()})
+        EXPECT_EQ(Read(missing), "not found") << missing;
 }
 
 TEST_F(Files, AreWrittenAndReadByHandle)
 {
-    const TemporaryFile temporary;
-    HANDLE file = CreateFileA(temporary.Path(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS,
-                              FILE_ATTRIBUTE_NORMAL, nullptr);
+    const std::string path = qvui::test::OutputPath("written.tmp");
+    HANDLE file = Open(path, GENERIC_WRITE, CREATE_ALWAYS);
     ASSERT_NE(file, INVALID_HANDLE_VALUE);
     DWORD count = 0;
     EXPECT_TRUE(WriteFile(file, "0123456789", 10, &count, nullptr));
     EXPECT_EQ(count, 10U);
     EXPECT_TRUE(CloseHandle(file));
-    file = CreateFileA(temporary.Path(), GENERIC_READ, FILE_SHARE_READ, nullptr, OPEN_EXISTING,
-                       FILE_ATTRIBUTE_NORMAL, nullptr);
+    file = Open(path, GENERIC_READ, OPEN_EXISTING);
     ASSERT_NE(file, INVALID_HANDLE_VALUE);
-    char buffer[16] = {};
-    EXPECT_TRUE(ReadFile(file, buffer, 4, &count, nullptr));
-    EXPECT_EQ(std::string(buffer, count), "0123");
-    EXPECT_TRUE(ReadFile(file, buffer, sizeof buffer, &count, nullptr));
-    EXPECT_EQ(std::string(buffer, count), "456789");
-    EXPECT_TRUE(ReadFile(file, buffer, sizeof buffer, &count, nullptr));
-    EXPECT_EQ(count, 0U) << "at the end";
+    for (const auto& [size, expected] : Table<DWORD, std::string>{{4, "0123"}, {16, "456789"}, {16, ""}}) {
+        char buffer[16] = {};
+        EXPECT_TRUE(ReadFile(file, buffer, size, &count, nullptr));
+        EXPECT_EQ(std::string(buffer, count), expected);
+    }
     EXPECT_TRUE(CloseHandle(file));
-    file = CreateFileA(temporary.Path(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL,
-                       nullptr);
-    EXPECT_TRUE(CloseHandle(file));
-    EXPECT_EQ(Read(temporary.Path()), "") << "made anew";
+    EXPECT_TRUE(CloseHandle(Open(path, GENERIC_WRITE, CREATE_ALWAYS)));
+    EXPECT_EQ(Read(path), "") << "made anew";
+    std::remove(path.c_str());
 }
 
 TEST_F(Files, ThatAreMissingHaveNoHandle)
 {
-    EXPECT_EQ(CreateFileA((kData + "missing").c_str(), GENERIC_READ, 0, nullptr, OPEN_EXISTING, 0, nullptr),
-              INVALID_HANDLE_VALUE);
+    EXPECT_EQ(Open(kData + "missing", GENERIC_READ, OPEN_EXISTING), INVALID_HANDLE_VALUE);
     EXPECT_EQ(GetLastError(), static_cast<DWORD>(ERROR_FILE_NOT_FOUND));
-    EXPECT_EQ(CreateFileA((kData + "no/where").c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, 0, nullptr),
-              INVALID_HANDLE_VALUE);
-    EXPECT_EQ(CreateFileA(kData.c_str(), GENERIC_READ, 0, nullptr, OPEN_EXISTING, 0, nullptr),
-              INVALID_HANDLE_VALUE)
-        << "a folder is no file";
-}
-
-using Clock = PlatformTest;
-
-TEST_F(Clock, CountsForwardsInItsFrequency)
-{
-    LARGE_INTEGER frequency{};
-    LARGE_INTEGER before{};
-    LARGE_INTEGER after{};
-    EXPECT_TRUE(QueryPerformanceFrequency(&frequency));
-    EXPECT_GT(frequency.QuadPart, 0);
-    EXPECT_TRUE(QueryPerformanceCounter(&before));
-    const DWORD ticks = GetTickCount();
-    EXPECT_TRUE(QueryPerformanceCounter(&after));
-    EXPECT_GE(after.QuadPart, before.QuadPart);
-    EXPECT_LT(GetTickCount() - ticks, 0x80000000U) << "ticks go forwards";
+    EXPECT_EQ(Open(kData + "no/where", GENERIC_WRITE, CREATE_ALWAYS), INVALID_HANDLE_VALUE);
+    EXPECT_EQ(Open(kData, GENERIC_READ, OPEN_EXISTING), INVALID_HANDLE_VALUE) << "a folder is no file";
 }

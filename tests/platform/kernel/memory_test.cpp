@@ -1,6 +1,7 @@
 // Movable memory and streams on it.
 
 #include <cstring>
+#include <string>
 
 #include <qvui/platform/platform.h>
 
@@ -16,11 +17,21 @@ HGLOBAL BlockOf(const std::string& text)
     return block;
 }
 
-LARGE_INTEGER Offset(LONGLONG value)
+std::string TextOf(HGLOBAL block, std::size_t size)
 {
-    LARGE_INTEGER offset{};
-    offset.QuadPart = value;
-    return offset;
+    const std::string text(static_cast<const char*>(GlobalLock(block)), size);
+    GlobalUnlock(block);
+    return text;
+}
+
+// Where the stream stands after the seek; -1 when it fails.
+LONGLONG Seek(IStream* stream, LONGLONG offset, DWORD origin)
+{
+    LARGE_INTEGER distance{};
+    distance.QuadPart = offset;
+    ULARGE_INTEGER position{};
+    return SUCCEEDED(stream->Seek(distance, origin, &position)) ? static_cast<LONGLONG>(position.QuadPart)
+                                                                : -1;
 }
 
 std::string ReadFrom(IStream* stream, ULONG size)
@@ -44,19 +55,11 @@ TEST_F(GlobalMemory, KeepsItsBytesWhenItGrowsAndShrinks)
         block = GlobalReAlloc(block, size, GMEM_MOVEABLE);
         ASSERT_NE(block, nullptr);
         EXPECT_EQ(GlobalSize(block), size);
-        EXPECT_EQ(std::memcmp(GlobalLock(block), "0123", 4), 0);
-        GlobalUnlock(block);
+        EXPECT_EQ(TextOf(block, 4), "0123");
     }
     EXPECT_EQ(GlobalFree(block), nullptr);
-}
-
-TEST_F(GlobalMemory, StartsAsZeroWhenAskedTo)
-{
-    const HGLOBAL block = GlobalAlloc(GHND, 64);
-    const auto* bytes = static_cast<const char*>(GlobalLock(block));
-    for (int i = 0; i < 64; ++i)
-        EXPECT_EQ(bytes[i], 0) << i;
-    GlobalUnlock(block);
+    block = GlobalAlloc(GHND, 64);
+    EXPECT_EQ(TextOf(block, 64), std::string(64, '\0')) << "zeroed when asked to";
     GlobalFree(block);
 }
 
@@ -64,30 +67,20 @@ using MemoryStream = PlatformTest;
 
 TEST_F(MemoryStream, ReadsItsBlockFromThePosition)
 {
-    const HGLOBAL block = BlockOf("0123456789");
     IStream* stream = nullptr;
-    ASSERT_EQ(CreateStreamOnHGlobal(block, TRUE, &stream), S_OK);
+    ASSERT_EQ(CreateStreamOnHGlobal(BlockOf("0123456789"), TRUE, &stream), S_OK);
     EXPECT_EQ(ReadFrom(stream, 4), "0123");
-    struct Case {
-        const char* name;
-        LONGLONG offset;
-        DWORD origin;
-        ULONGLONG position;
-        std::string rest;
-    };
-    const std::vector<Case> cases{
+    const Table<const char*, LONGLONG, DWORD, LONGLONG, std::string> cases{
         {"from the start", 7, STREAM_SEEK_SET, 7, "789"},
         {"back from the end", -2, STREAM_SEEK_END, 8, "89"},
         {"back from here", -10, STREAM_SEEK_CUR, 0, "0123456789"},
         {"the end", 0, STREAM_SEEK_END, 10, ""},
+        {"before the start", -1, STREAM_SEEK_SET, -1, ""},
     };
-    for (const Case& c : cases) {
-        ULARGE_INTEGER position{};
-        EXPECT_EQ(stream->Seek(Offset(c.offset), c.origin, &position), S_OK) << c.name;
-        EXPECT_EQ(position.QuadPart, c.position) << c.name;
-        EXPECT_EQ(ReadFrom(stream, 50), c.rest) << c.name;
+    for (const auto& [name, offset, origin, position, rest] : cases) {
+        EXPECT_EQ(Seek(stream, offset, origin), position) << name;
+        EXPECT_EQ(ReadFrom(stream, 50), rest) << name;
     }
-    EXPECT_TRUE(FAILED(stream->Seek(Offset(-1), STREAM_SEEK_SET, nullptr)));
     EXPECT_EQ(stream->Release(), 0U);
 }
 
@@ -98,14 +91,14 @@ TEST_F(MemoryStream, GrowsWhenWrittenTo)
     ULONG written = 0;
     EXPECT_EQ(stream->Write("hello", 5, &written), S_OK);
     EXPECT_EQ(written, 5U);
-    stream->Seek(Offset(3), STREAM_SEEK_SET, nullptr);
+    Seek(stream, 3, STREAM_SEEK_SET);
     stream->Write("p me", 4, nullptr);
-    stream->Seek(Offset(0), STREAM_SEEK_SET, nullptr);
+    Seek(stream, 0, STREAM_SEEK_SET);
     EXPECT_EQ(ReadFrom(stream, 50), "help me");
     ULARGE_INTEGER size{};
     size.QuadPart = 4;
     EXPECT_EQ(stream->SetSize(size), S_OK);
-    stream->Seek(Offset(0), STREAM_SEEK_SET, nullptr);
+    Seek(stream, 0, STREAM_SEEK_SET);
     EXPECT_EQ(ReadFrom(stream, 50), "help");
     stream->Release();
 }
@@ -119,7 +112,6 @@ TEST_F(MemoryStream, LeavesTheBlockToItsOwnerUnlessAskedToFreeIt)
     EXPECT_EQ(stream->QueryInterface(IID_IUnknown, reinterpret_cast<void**>(&same)), S_OK);
     EXPECT_EQ(same->Release(), 1U);
     EXPECT_EQ(stream->Release(), 0U);
-    EXPECT_EQ(std::memcmp(GlobalLock(block), "mine", 4), 0);
-    GlobalUnlock(block);
+    EXPECT_EQ(TextOf(block, 4), "mine");
     EXPECT_EQ(GlobalFree(block), nullptr);
 }
