@@ -11,12 +11,6 @@ namespace {
 
 class OnDisplay : public WindowTest {
 protected:
-    ~OnDisplay() override
-    {
-        DeleteObject(red);
-        DeleteObject(blue);
-    }
-
     const native::HeadlessDisplay::Shown& Shown(const PlatformWindow& window) const
     {
         return *display.Find(window);
@@ -24,28 +18,18 @@ protected:
 
     native::HeadlessDisplay& display = *native::TheHeadlessDisplay();
     native::InputSink& sink = native::TheInputSink();
-    const HBRUSH red = CreateSolidBrush(RGB(255, 0, 0));
-    const HBRUSH blue = CreateSolidBrush(RGB(0, 0, 255));
 };
 
 }  // namespace
 
-TEST_F(OnDisplay, PaintedPixelsArePresented)
+TEST_F(OnDisplay, OnlyWhatIsPaintedIsPresented)
 {
     const PlatformWindow window(Popup("w", {100, 100, 140, 120}).Filled(red));
-    EXPECT_EQ(display.PixelAt({100, 100}), 0xFF0000U);
-    EXPECT_EQ(display.PixelAt({139, 119}), 0xFF0000U);
+    EXPECT_EQ(display.PixelAt({100, 100}), kRed);
+    EXPECT_EQ(display.PixelAt({139, 119}), kRed);
     EXPECT_EQ(display.PixelAt({140, 119}), 0U);
-    ShowWindow(window, SW_HIDE);
-    EXPECT_EQ(display.PixelAt({100, 100}), 0U);
-}
-
-TEST_F(OnDisplay, NothingIsPresentedWithoutDrawing)
-{
-    const PlatformWindow window(Popup("w", {100, 100, 140, 120}).Filled(red));
     Pump();
     const int before = Shown(window).presented;
-    Pump();
     SendMessageA(window, WM_APP, 0, 0);
     MoveWindow(window, 110, 100, 40, 20, TRUE);
     Pump();
@@ -53,15 +37,12 @@ TEST_F(OnDisplay, NothingIsPresentedWithoutDrawing)
     InvalidateRect(window, nullptr, FALSE);
     Pump();
     EXPECT_EQ(Shown(window).presented, before + 1);
-}
-
-TEST_F(OnDisplay, GrownWindowsKeepWhatTheyShow)
-{
-    const PlatformWindow window(Popup("w", {100, 100, 140, 120}).Filled(red));
     MoveWindow(window, 100, 100, 80, 20, TRUE);
-    EXPECT_EQ(display.PixelAt({105, 105}), 0xFF0000U) << "before the new strip is painted";
+    EXPECT_EQ(display.PixelAt({105, 105}), kRed) << "before the new strip is painted";
     Pump();
-    EXPECT_EQ(display.PixelAt({179, 119}), 0xFF0000U);
+    EXPECT_EQ(display.PixelAt({179, 119}), kRed);
+    ShowWindow(window, SW_HIDE);
+    EXPECT_EQ(display.PixelAt({110, 110}), 0U);
 }
 
 TEST_F(OnDisplay, TitlePlaceAndKindAreKnown)
@@ -74,40 +55,33 @@ TEST_F(OnDisplay, TitlePlaceAndKindAreKnown)
     EXPECT_EQ(shown.Title(), "other");
     EXPECT_EQ(shown.screen.right, 110);
     EXPECT_TRUE(shown.options.isSizable);
-    EXPECT_FALSE(shown.options.isDecorated);
-    EXPECT_FALSE(shown.options.isPopup);
-    EXPECT_EQ(display.Active(), window);
+    EXPECT_FALSE(shown.options.isDecorated || shown.options.isPopup);
     const PlatformWindow tip(options.ExStyled(WS_EX_NOACTIVATE).Below(window));
     EXPECT_TRUE(Shown(tip).options.isPassive);
     EXPECT_EQ(Shown(tip).options.owner, window);
     EXPECT_EQ(display.Active(), window);
 }
 
-TEST_F(OnDisplay, StackingIsThatOfTheWindows)
+TEST_F(OnDisplay, StackingIsThatOfTheWindowsWithPopupsAboveTheirOwner)
 {
+    const auto shows = [&] { return display.PixelAt({130, 110}); };
     const PlatformWindow lower(Popup("lower", {100, 100, 140, 140}).Filled(red));
     const PlatformWindow upper(Popup("upper", {120, 100, 160, 140}).Filled(blue));
-    EXPECT_EQ(display.PixelAt({130, 110}), 0x0000FFU);
+    EXPECT_EQ(shows(), kBlue);
     SetActiveWindow(lower);
-    EXPECT_EQ(display.PixelAt({130, 110}), 0xFF0000U);
+    EXPECT_EQ(shows(), kRed);
     SetWindowPos(lower, HWND_BOTTOM, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
-    EXPECT_EQ(display.PixelAt({130, 110}), 0x0000FFU);
-}
-
-TEST_F(OnDisplay, OwnedPopupsStayAboveTheirActivatedOwner)
-{
-    const PlatformWindow owner(Popup("owner", {100, 100, 140, 140}).Filled(red));
+    EXPECT_EQ(shows(), kBlue);
     const PlatformWindow tip(Popup("tip", {120, 100, 160, 140})
                                  .Hidden()
-                                 .Filled(blue)
-                                 .Below(owner)
+                                 .Filled(red)
+                                 .Below(lower)
                                  .ExStyled(WS_EX_TOOLWINDOW | WS_EX_NOACTIVATE));
-    const PlatformWindow other(Popup("other", {100, 100, 160, 140}).Filled(red));
     ShowWindow(tip, SW_SHOWNOACTIVATE);
-    EXPECT_EQ(display.PixelAt({130, 110}), 0xFF0000U) << "below the window that is active";
-    SetActiveWindow(owner);
-    Pump();
-    EXPECT_EQ(display.PixelAt({130, 110}), 0x0000FFU);
+    SetActiveWindow(upper);
+    EXPECT_EQ(display.PixelAt({150, 110}), kBlue) << "below the window that is active";
+    SetActiveWindow(lower);
+    EXPECT_EQ(display.PixelAt({150, 110}), kRed) << "with its owner above the other one";
 }
 
 TEST_F(OnDisplay, ShapeCutsTheWindow)
@@ -116,10 +90,10 @@ TEST_F(OnDisplay, ShapeCutsTheWindow)
     const PlatformWindow upper(Popup("upper", {100, 100, 140, 140}).Filled(blue));
     SetWindowRgn(upper, CreateRoundRectRgn(0, 0, 40, 40, 30, 30), TRUE);
     Pump();
-    EXPECT_EQ(display.PixelAt({101, 101}), 0xFF0000U);
-    EXPECT_EQ(display.PixelAt({120, 120}), 0x0000FFU);
+    EXPECT_EQ(display.PixelAt({101, 101}), kRed);
+    EXPECT_EQ(display.PixelAt({120, 120}), kBlue);
     SetWindowRgn(upper, nullptr, TRUE);
-    EXPECT_EQ(display.PixelAt({101, 101}), 0x0000FFU);
+    EXPECT_EQ(display.PixelAt({101, 101}), kBlue);
 }
 
 TEST_F(OnDisplay, LayersBlendByTheirAlphaOrAreOpaqueOrKeyed)
@@ -130,35 +104,31 @@ TEST_F(OnDisplay, LayersBlendByTheirAlphaOrAreOpaqueOrKeyed)
     pixels[0] = 0xFF0000FF;
     pixels[1] = 0x80000080;
     EXPECT_TRUE(pixels.Show(layer, 255));
-    EXPECT_EQ(display.PixelAt({100, 100}), 0x0000FFU);
+    EXPECT_EQ(display.PixelAt({100, 100}), kBlue);
     EXPECT_EQ(display.PixelAt({101, 100}), 0x7F0080U);
-    EXPECT_EQ(display.PixelAt({102, 100}), 0xFF0000U);
+    EXPECT_EQ(display.PixelAt({102, 100}), kRed);
     EXPECT_EQ(WindowFromPoint({101, 100}), layer);
     EXPECT_EQ(WindowFromPoint({102, 100}), below) << "what is clear takes no mouse";
     pixels.Show(layer, 128);
-    EXPECT_EQ(display.PixelAt({100, 100}), 0x7F0080U);
     Pump();
-    EXPECT_EQ(display.PixelAt({102, 100}), 0xFF0000U) << "nothing paints over a layer";
+    EXPECT_EQ(display.PixelAt({100, 100}), 0x7F0080U);
+    EXPECT_EQ(display.PixelAt({102, 100}), kRed) << "nothing paints over a layer";
     pixels[1] = 0x00FF00FF;
     pixels.Show(layer, 255, ULW_COLORKEY, RGB(255, 0, 255));
-    EXPECT_EQ(display.PixelAt({100, 100}), 0x0000FFU);
-    EXPECT_EQ(display.PixelAt({101, 100}), 0xFF0000U);
+    EXPECT_EQ(display.PixelAt({100, 100}), kBlue);
+    EXPECT_EQ(display.PixelAt({101, 100}), kRed);
     pixels.Show(layer, 255, ULW_OPAQUE);
     EXPECT_EQ(display.PixelAt({101, 100}), 0xFF00FFU);
 }
 
-TEST_F(OnDisplay, CursorFollowsSetCursor)
+TEST_F(OnDisplay, CursorAndCaptureAreAskedOfTheDisplay)
 {
-    SetCursor(LoadCursorA(nullptr, IDC_HAND));
-    EXPECT_EQ(display.CursorShape(), 32649);
-    SetCursor(nullptr);
-    EXPECT_EQ(display.CursorShape(), 0);
-    SetCursor(LoadCursorA(nullptr, IDC_ARROW));
-    EXPECT_EQ(display.CursorShape(), 32512);
-}
-
-TEST_F(OnDisplay, CaptureIsAskedOfTheDisplay)
-{
+    for (const auto& [name, shape] : Table<LPCSTR, int>{{IDC_HAND, 32649}, {IDC_ARROW, 32512}}) {
+        SetCursor(nullptr);
+        EXPECT_EQ(display.CursorShape(), 0);
+        SetCursor(LoadCursorA(nullptr, name));
+        EXPECT_EQ(display.CursorShape(), shape);
+    }
     PlatformWindow window(Popup());
     SetCapture(window);
     EXPECT_TRUE(display.IsCaptured());
@@ -166,19 +136,13 @@ TEST_F(OnDisplay, CaptureIsAskedOfTheDisplay)
     EXPECT_FALSE(display.IsCaptured());
 }
 
-TEST_F(OnDisplay, PlacesThatTheDisplayDecidesAreTaken)
+TEST_F(OnDisplay, PlacesAndCloseRequestsOfTheDisplayAreTaken)
 {
-    const PlatformWindow window(Popup());
+    const PlatformWindow window(Popup().Answering(Answer(WM_CLOSE, 0)));
     Settle();
     sink.OnMoved(window, {120, 130, 420, 330});
     EXPECT_TRUE(log.Tells("w MOVE SIZE"));
     EXPECT_EQ(PlaceOf(window), "120,130,420,330");
-}
-
-TEST_F(OnDisplay, CloseRequestIsASystemCommand)
-{
-    const PlatformWindow window(Popup().Answering(Answer(WM_CLOSE, 0)));
-    Settle();
     sink.OnClose(window);
     Pump();
     EXPECT_TRUE(log.Tells("w SYSCOMMAND CLOSE"));
@@ -197,16 +161,8 @@ TEST_F(OnDisplay, MinimisedWindowsComeBackThroughTheDisplay)
     EXPECT_EQ(display.PixelAt({110, 110}), 0U);
     sink.OnMinimised(window, false);
     Pump();
-    EXPECT_FALSE(IsIconic(window));
-    EXPECT_FALSE(Shown(window).isMinimised);
-    EXPECT_EQ(display.PixelAt({110, 110}), 0xFF0000U);
+    EXPECT_FALSE(IsIconic(window) || Shown(window).isMinimised);
+    EXPECT_EQ(display.PixelAt({110, 110}), kRed);
     sink.OnMinimised(window, true);
     EXPECT_TRUE(IsIconic(window));
-}
-
-TEST_F(OnDisplay, AnswersForAClipboardAndScreens)
-{
-    display.SetClipboardText("text");
-    EXPECT_EQ(display.ClipboardText(), "text");
-    EXPECT_EQ(GetSystemMetrics(SM_CXSCREEN), display.ScreenSize().cx);
 }

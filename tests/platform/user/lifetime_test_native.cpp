@@ -11,7 +11,7 @@ using namespace qvui::test;
 
 namespace {
 
-class Lifetime : public WindowTest {};
+using Lifetime = WindowTest;
 
 struct AskAtTheEnd {
     ~AskAtTheEnd()
@@ -108,21 +108,4 @@ TEST_F(Lifetime, ActivationHandlersThatActivateDoNotGoRoundForever)
     EXPECT_EQ(GetActiveWindow(), third);
     EXPECT_EQ(GetFocus(), third);
     EXPECT_EQ(log.Last(WM_ACTIVATE).window, "third");
-}
-
-TEST_F(Lifetime, ManyWindowsPaintAndTakeInputInOrder)
-{
-    PlatformWindow parent(Popup("parent", {0, 0, 1000, 800}));
-    std::vector<std::unique_ptr<PlatformWindow>> children;
-    for (int i = 0; i < 1000; ++i)
-        children.push_back(std::make_unique<PlatformWindow>(
-            Child("child", parent, {i % 40 * 20, i / 40 * 20, i % 40 * 20 + 18, i / 40 * 20 + 18})));
-    Settle();
-    RedrawWindow(parent, nullptr, nullptr, RDW_INVALIDATE | RDW_ALLCHILDREN);
-    Pump();
-    EXPECT_EQ(log.Count(WM_PAINT), 1001);
-    EXPECT_EQ(log.Only({WM_PAINT}).front().window, "parent");
-    SyntheticInput input;
-    input.MoveTo({39 * 20 + 5, 24 * 20 + 5});
-    EXPECT_EQ(log.Last(WM_MOUSEMOVE).handle, children.back()->Handle());
 }

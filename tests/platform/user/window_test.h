@@ -2,23 +2,30 @@
 
 #include <gmock/gmock.h>
 
-#include "support/leak_check.h"
+#include "platform/platform_test.h"
 #include "support/platform_window.h"
 
 namespace qvui::test {
 
 /// Windows that share a log, on a screen whose pointer is out of the way. Nothing may stay alive.
-class WindowTest : public testing::Test {
+class WindowTest : public PlatformTest {
 protected:
     WindowTest()
     {
         SetCursorPos(900, 700);
         Pump();
     }
-    ~WindowTest() override { Pump(); }
+    ~WindowTest() override
+    {
+        DeleteObject(red);
+        DeleteObject(blue);
+        Pump();
+    }
 
     static constexpr RECT kPlace{100, 100, 300, 200};
     static constexpr RECT kBeside{400, 100, 500, 200};
+    static constexpr std::uint32_t kRed = 0xFF0000;
+    static constexpr std::uint32_t kBlue = 0x0000FF;
 
     /// A popup on the screen.
     PlatformWindowOptions Popup(const char* name = "w", RECT place = kPlace)
@@ -42,8 +49,9 @@ protected:
         log.Clear();
     }
 
-    LeakCheck leaks;
     MessageLog log;
+    const HBRUSH red = CreateSolidBrush(RGB(255, 0, 0));
+    const HBRUSH blue = CreateSolidBrush(RGB(0, 0, 255));
 };
 
 }  // namespace qvui::test
