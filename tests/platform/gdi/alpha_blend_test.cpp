@@ -79,15 +79,6 @@ TEST_F(AlphaBlending, IsExactForRandomPixelsAndConstantAlpha)
     }
 }
 
-TEST_F(AlphaBlending, ReadsTheSourceThroughItsOwnOriginAndAlphaOfA24BitSourceAsNone)
-{
-    const Canvas target(2, 1);
-    const Canvas source(4, 1, PlacePixel, 24);
-    SetViewportOrgEx(source, 1, 0, nullptr);
-    EXPECT_TRUE(AlphaBlend(target, 0, 0, 2, 1, source, 1, 0, 2, 1, Blend(255, false)));
-    target.Expect([](int x, int) { return PlacePixel(2 + x, 0); }, {}, kColourBits);
-}
-
 TEST_F(AlphaBlending, RefusesWhatItCannotDrawAndDrawsNothingThen)
 {
     struct Place {
@@ -112,8 +103,13 @@ TEST_F(AlphaBlending, RefusesWhatItCannotDrawAndDrawsNothingThen)
         EXPECT_EQ(blend(target, to, source, from), result) << name;
         target.Expect([](int, int) { return 0U; }, name);
     }
+    const Canvas target(2, 1);
+    const Canvas coarse(4, 1, PlacePixel, 24);
+    SetViewportOrgEx(coarse, 1, 0, nullptr);
+    EXPECT_FALSE(blend(target, {0, 0, 2, 1}, coarse, {1, 0, 2, 1})) << "alpha of a 24-bit source";
+    EXPECT_TRUE(AlphaBlend(target, 0, 0, 2, 1, coarse, 1, 0, 2, 1, Blend(255, false)));
+    target.Expect([](int x, int) { return PlacePixel(2 + x, 0); }, "from its own origin", kColourBits);
     const Canvas both(8, 8, [](int, int) { return 0x80808080U; });
     EXPECT_FALSE(blend(both, {1, 1, 4, 4}, both, {0, 0, 4, 4})) << "overlap";
     EXPECT_TRUE(blend(both, {4, 4, 4, 4}, both, {0, 0, 4, 4})) << "two parts of one bitmap";
-    EXPECT_FALSE(blend(both, {0, 0, 4, 4}, Canvas(4, 4, 24), {0, 0, 4, 4})) << "alpha of a 24-bit source";
 }

@@ -44,16 +44,7 @@ void OpaqueText(HDC target, HDC)
     ExtTextOutA(target, 0, 0, ETO_OPAQUE, &kArea, "", 0, nullptr);
 }
 
-HBRUSH BrushOf(HDC dc)
-{
-    const HGDIOBJ brush = SelectObject(dc, GetStockObject(NULL_BRUSH));
-    SelectObject(dc, brush);
-    return static_cast<HBRUSH>(brush);
-}
-
 const std::vector<AlphaByteCase> kCases{
-    {"FillRect", [](HDC dc, HDC) { FillRect(dc, &kArea, BrushOf(dc)); }, kInkPixel},
-    {"FrameRect", [](HDC dc, HDC) { FrameRect(dc, &kArea, BrushOf(dc)); }, kInkPixel},
     {"ETO_OPAQUE", OpaqueText, kInkPixel},
     {"SetPixel", [](HDC dc, HDC) { SetPixel(dc, 2, 2, kInk); }, kInkPixel},
     {"LineTo", [](HDC dc, HDC) { MoveToEx(dc, 2, 2, nullptr), LineTo(dc, 6, 2); }, kInkPixel},
@@ -68,7 +59,6 @@ const std::vector<AlphaByteCase> kCases{
     Blit("DSTINVERT", DSTINVERT, ~kBefore),
     Blit("WHITENESS", WHITENESS, 0xFFFFFFFF),
     Blit("BLACKNESS", BLACKNESS, 0),
-    {"InvertRect", [](HDC dc, HDC) { InvertRect(dc, &kArea); }, ~kBefore},
     {"StretchDIBits", StretchRows, kSource},
     {"TransparentBlt", [](HDC dc, HDC source) { TransparentBlt(dc, 2, 2, 4, 4, source, 0, 0, 4, 4, kInk); },
      kSource & 0x00FFFFFF},
@@ -100,21 +90,6 @@ TEST_F(AlphaByte, OfAPixelThatTransparentBltLeavesOutBecomesZero)
     const Canvas target(2, 1, [](int, int) { return kBefore; });
     TransparentBlt(target, 0, 0, 1, 1, Canvas(1, 1, [](int, int) { return kInkPixel; }), 0, 0, 1, 1, kInk);
     EXPECT_EQ(target.Pixels(), (std::vector<std::uint32_t>{kBefore & 0xFFFFFF, kBefore}));
-}
-
-TEST_F(AlphaByte, SurvivesADeviceBitmap)
-{
-    const auto pixelAt = [](int x, int y) { return 0x80000000U | PlacePixel(x, y); };
-    Canvas section(3, 2, pixelAt);
-    const HDC dc = CreateCompatibleDC(nullptr);
-    {
-        const Scoped bitmap(dc, CreateBitmap(3, 2, 1, 32, nullptr));
-        BitBlt(dc, 0, 0, 3, 2, section, 0, 0, SRCCOPY);
-        section.Fill(0);
-        BitBlt(section, 0, 0, 3, 2, dc, 0, 0, SRCCOPY);
-    }
-    DeleteDC(dc);
-    section.Expect(pixelAt, "there and back");
 }
 
 TEST_F(AlphaByte, DoesNotExistOnSurfacesOf24Bits)

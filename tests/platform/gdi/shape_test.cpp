@@ -59,8 +59,6 @@ TEST_F(Shapes, AreOutlinedAndFilled)
          ".########. ########## ########## ###bbbb### ###bbbb### ########## ########## .########. "},
         {"inside frame", PS_INSIDEFRAME, 2, 1, 0, 8, 6, kSquare,
          ".####### .####### .##bbb## .##bbb## .####### .####### "},
-        {"inside frame of one pixel", PS_INSIDEFRAME, 1, 1, 1, 5, 4, kSquare,
-         "...... .####. .#bb#. .####. ...... "},
         {"dashes start at the top right and run counter-clockwise", PS_DOT, 1, 0, 0, 13, 6, kSquare,
          "#ooo###ooo### #bbbbbbbbbbbo #bbbbbbbbbbb# obbbbbbbbbbb# obbbbbbbbbbb# o###ooo###ooo "},
         {"corners of eight", PS_SOLID, 1, 0, 0, 11, 7, 8,

@@ -99,16 +99,13 @@ TEST_F(CodePages, ReplaceWhatIsNoCharacter)
 
 TEST_F(CodePages, TellWhenTheyLackACharacter)
 {
-    const Table<const char*, UINT, const char16_t*, const char*, const char*> cases{
-        {"question mark", 1252, u"a\u4F60z", nullptr, "a?z"},
-        {"own character", 1252, u"a\u4F60z", "*", "a*z"},
-        {"in a double-byte page", 936, u"\u0E01z", nullptr, "?z"},
-        {"ASCII", 20127, u"x\u20ACx", "!", "x!x"},
-    };
-    for (const auto& [name, codePage, wide, lacking, text] : cases) {
+    const Table<UINT, const char16_t*, const char*, const char*> cases{{1252, u"a\u4F60z", nullptr, "a?z"},
+                                                                       {1252, u"a\u4F60z", "*", "a*z"},
+                                                                       {936, u"\u0E01z", nullptr, "?z"}};
+    for (const auto& [codePage, wide, lacking, text] : cases) {
         BOOL used = FALSE;
-        EXPECT_EQ(FromWide(codePage, WideOf(wide), lacking, &used), text) << name;
-        EXPECT_TRUE(used) << name;
+        EXPECT_EQ(FromWide(codePage, WideOf(wide), lacking, &used), text);
+        EXPECT_TRUE(used) << text;
     }
 }
 

@@ -75,8 +75,7 @@ TEST_F(ResourceModule, FindsResourcesByNumberAndByName)
 {
     const std::string text = DataFile("text.xml");
     const std::string dot = DataFile("dot.png");
-    ASSERT_FALSE(text.empty());
-    ASSERT_FALSE(dot.empty());
+    ASSERT_FALSE(text.empty() || dot.empty());
     const Table<const char*, LPCSTR, LPCSTR, std::string> cases{
         {"number and named type", MAKEINTRESOURCEA(101), "XML", text},
         {"picture", MAKEINTRESOURCEA(102), "PNG", dot},
@@ -119,22 +118,17 @@ TEST_F(ResourceModule, IsLoadedOnceAndKnowsItsFile)
 
 using Modules = PlatformTest;
 
-TEST_F(Modules, ThatAreNoneAreNotLoaded)
-{
-    EXPECT_EQ(LoadLibraryA("no_such_module.dll"), nullptr);
-    EXPECT_NE(GetLastError(), 0U);
-    EXPECT_EQ(LoadLibraryA(QVUI_TEST_DATA "/platform/kernel/data/text.xml"), nullptr);
-    EXPECT_FALSE(FreeLibrary(nullptr));
-}
-
 TEST_F(Modules, OfTheProgramHasItsOwnResources)
 {
     const HMODULE program = GetModuleHandleA(nullptr);
-    ASSERT_NE(program, nullptr);
     EXPECT_EQ(Resource(program, MAKEINTRESOURCEA(201), "XML"), DataFile("text.xml"));
     EXPECT_EQ(Resource(nullptr, "dot", "png"), DataFile("dot.png"));
     EXPECT_EQ(Resource(program, MAKEINTRESOURCEA(101), "XML"), "not found") << "of the module";
     EXPECT_TRUE(HasCursor(program, 203));
+    EXPECT_EQ(LoadLibraryA("no_such_module.dll"), nullptr);
+    EXPECT_NE(GetLastError(), 0U);
+    EXPECT_EQ(LoadLibraryA(QVUI_TEST_DATA "/platform/kernel/data/text.xml"), nullptr);
+    EXPECT_FALSE(FreeLibrary(nullptr));
 }
 
 TEST_F(Modules, OfThePlatformHaveTheirFunctions)

@@ -4,7 +4,6 @@
 
 #include <cstdio>
 #include <cstdlib>
-#include <optional>
 #include <string>
 
 #include <qvui/platform/file.h>
@@ -17,25 +16,11 @@
 
 namespace {
 
-// An environment variable's value for one scope; null removes it.
-class ScopedVariable {
-public:
-    ScopedVariable(const char* name, const char* value) : m_name(name)
-    {
-        if (const char* const old = std::getenv(name))
-            m_old = old;
-        Set(value);
-    }
-    ScopedVariable(const ScopedVariable&) = delete;
-    ScopedVariable& operator=(const ScopedVariable&) = delete;
-    ~ScopedVariable() { Set(m_old ? m_old->c_str() : nullptr); }
-
-private:
-    void Set(const char* value) { value ? setenv(m_name, value, 1) : unsetenv(m_name); }
-
-    const char* m_name;
-    std::optional<std::string> m_old;
-};
+// Sets or, with null, removes an environment variable.
+void SetVariable(const char* name, const char* value)
+{
+    value ? setenv(name, value, 1) : unsetenv(name);
+}
 
 std::int64_t g_now = 5'000'000'000;
 
@@ -56,9 +41,9 @@ TEST_F(Language, ComesFromTheEnvironment)
         {nullptr, nullptr, nullptr, 1033},
     };
     for (const auto& [all, characters, language, id] : cases) {
-        const ScopedVariable first("LC_ALL", all);
-        const ScopedVariable second("LC_CTYPE", characters);
-        const ScopedVariable third("LANG", language);
+        SetVariable("LC_ALL", all);
+        SetVariable("LC_CTYPE", characters);
+        SetVariable("LANG", language);
         EXPECT_EQ(GetSystemDefaultLangID(), id) << (language ? language : "none");
     }
 }

@@ -1,5 +1,6 @@
 // Text in double-byte pages and UTF-8, and text that is none.
 
+#include <algorithm>
 #include <random>
 
 #include "platform/native_code_page.h"
@@ -32,12 +33,13 @@ std::string Joined(const std::vector<std::string>& characters, std::size_t count
 
 using ScriptText = PlatformTest;
 
-TEST_F(ScriptText, IsNeverCutInsideACharacter)
+TEST_F(ScriptText, IsCutAndBrokenBetweenCharacters)
 {
     for (const Script& script : kScripts) {
         const NativeCodePage codePage(script.codePage);
         TextCanvas canvas;
         const std::string text = Joined(script.characters, 6);
+        const std::string three = Joined(script.characters, 3);
         const int one = canvas.Width(script.characters[0]);
         ASSERT_GT(one, 0) << script.name;
         const int bytes = static_cast<int>(script.characters[0].size());
@@ -49,30 +51,20 @@ TEST_F(ScriptText, IsNeverCutInsideACharacter)
         EXPECT_EQ(fit, 2 * bytes) << script.name;
         for (std::size_t i = 0; i < widths.size(); ++i)
             EXPECT_EQ(widths[i], one * (static_cast<int>(i) / bytes + 1)) << script.name << ' ' << i;
-        const int room = canvas.Width(Joined(script.characters, 3) + "...") + 1;
-        EXPECT_EQ(canvas.Modified(text, room, DT_SINGLELINE | DT_END_ELLIPSIS),
-                  Joined(script.characters, 3) + "...")
+        EXPECT_EQ(canvas.Modified(text, canvas.Width(three + "...") + 1, DT_SINGLELINE | DT_END_ELLIPSIS),
+                  three + "...")
             << script.name;
-    }
-}
-
-TEST_F(ScriptText, BreaksBetweenIdeographs)
-{
-    for (const Script& script : kScripts) {
-        const NativeCodePage codePage(script.codePage);
-        TextCanvas canvas;
-        const int one = canvas.Width(script.characters[0]);
         // With a width, the lines that the text takes then, and the widest one's width
         const Table<std::string, int, int, int> cases{
-            {Joined(script.characters, 6), 2 * one, 3, 2 * one},
-            {Joined(script.characters, 6), 4 * one + 1, 2, 4 * one},
-            {Joined(script.characters, 3), one - 1, 3, one},
-            {"ab" + Joined(script.characters, 2), canvas.Width("ab") + one, 2, canvas.Width("ab") + one},
+            {text, 2 * one, 3, 2 * one},
+            {text, 4 * one + 1, 2, 4 * one},
+            {three, one - 1, 3, one},
+            {"ab" + three, canvas.Width("ab") + one, 2, std::max(canvas.Width("ab"), one) + one},
         };
-        for (const auto& [text, width, lines, widest] : cases) {
-            const RECT rect = canvas.Calculated(text, {0, 0, width, 0}, DT_WORDBREAK);
+        for (const auto& [whole, width, lines, widest] : cases) {
+            const RECT rect = canvas.Calculated(whole, {0, 0, width, 0}, DT_WORDBREAK);
             EXPECT_EQ(RectText(rect), RectText({0, 0, widest, lines * canvas.LineHeight()}))
-                << script.name << ' ' << text;
+                << script.name << ' ' << whole;
         }
     }
 }
@@ -103,14 +95,4 @@ TEST_F(ScriptText, ThatIsBrokenIsDrawnAllTheSame)
                 canvas.Modified(text, 40, format);
         }
     }
-}
-
-TEST_F(ScriptText, OfManyLinesIsMeasuredOnce)
-{
-    TextCanvas canvas;
-    std::string text;
-    for (int i = 0; i < 20000; ++i)
-        text += "word ";
-    EXPECT_EQ(canvas.Calculated(text, {0, 0, canvas.Width("word word "), 0}, DT_WORDBREAK).bottom,
-              10000 * canvas.LineHeight());
 }

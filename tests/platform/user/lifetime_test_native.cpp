@@ -82,18 +82,6 @@ TEST_F(Lifetime, AnyMessageMayDestroyItsWindow)
     }
 }
 
-TEST_F(Lifetime, AChildMayDestroyItsParentWhileItIsDestroyed)
-{
-    PlatformWindow parent(Popup("parent"));
-    PlatformWindow child(Child("child", parent, {0, 0, 20, 20}));
-    const HWND top = parent;
-    child.SetHandler(On(WM_DESTROY, [&](auto&) { DestroyWindow(top); }));
-    child.Destroy();
-    EXPECT_FALSE(IsWindow(top));
-    EXPECT_EQ(child.Handle(), nullptr);
-    EXPECT_EQ(log.Count(WM_NCDESTROY), 2);
-}
-
 TEST_F(Lifetime, ActivationHandlersThatActivateDoNotGoRoundForever)
 {
     PlatformWindow first(Popup("first"));

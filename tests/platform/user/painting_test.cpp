@@ -61,7 +61,9 @@ TEST_F(Painting, InvalidatingNotesTheAreaAndPaintingTouchesNoOther)
     };
     const RECT first{10, 10, 20, 20};
     const RECT second{50, 40, 60, 70};
-    InvalidateRect(window, &first, FALSE);
+    const HRGN region = CreateRectRgnIndirect(&first);
+    InvalidateRgn(window, region, FALSE);
+    DeleteObject(region);
     InvalidateRect(window, &second, FALSE);
     EXPECT_TRUE(log.All().empty());
     EXPECT_EQ(Pending(window), "10,10,60,70");

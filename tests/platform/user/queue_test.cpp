@@ -54,6 +54,7 @@ TEST_F(Queue, TakesPostedThenInputAndQuitThenPaint)
     InjectButton(VK_LBUTTON, false);
     PostMessageA(window, WM_APP, 0, 0);
     PostMessageA(nullptr, WM_APP + 1, 0, 0);
+    EXPECT_EQ(SendMessageA(window, WM_NULL, 0, 0), 0) << "which takes nothing out";
     PostMessageA(other, WM_APP + 2, 0, 0);
     std::vector<UINT> taken;
     while (const UINT number = Take())
@@ -105,20 +106,6 @@ TEST_F(Queue, QuitComesOnceWithTheLastCode)
     EXPECT_FALSE(GetMessageA(&message, nullptr, 0, 0));
     EXPECT_EQ(message.wParam, 5U);
     EXPECT_FALSE(PeekMessageA(&message, nullptr, 0, 0, PM_REMOVE));
-}
-
-TEST_F(Queue, SendMessageCallsDirectlyNestsAndPumpsNothing)
-{
-    const ScopedHandler handler(window, [&](const LoggedMessage& message) -> std::optional<LRESULT> {
-        if (message.message != WM_APP + 1)
-            return std::nullopt;
-        return message.wParam > 0 ? SendMessageA(window, WM_APP + 1, message.wParam - 1, 0) + 1 : 0;
-    });
-    PostMessageA(window, WM_APP, 0, 0);
-    EXPECT_EQ(SendMessageA(window, WM_APP + 1, 20, 0), 20);
-    EXPECT_EQ(log.Count(WM_APP), 0);
-    Pump();
-    EXPECT_EQ(log.Count(WM_APP), 1);
 }
 
 TEST_F(Queue, MessagesOfADestroyedWindowVanish)
