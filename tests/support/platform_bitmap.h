@@ -7,13 +7,9 @@ namespace qvui::test {
 /// The description of a bitmap without a palette; a negative height is top-down.
 inline BITMAPINFO BitmapInfo(int width, int height, int bitsPerPixel = 32)
 {
-    BITMAPINFO info{};
-    info.bmiHeader.biSize = sizeof info.bmiHeader;
-    info.bmiHeader.biWidth = width;
-    info.bmiHeader.biHeight = height;
-    info.bmiHeader.biPlanes = 1;
-    info.bmiHeader.biBitCount = static_cast<WORD>(bitsPerPixel);
-    return info;
+    return {
+        {sizeof(BITMAPINFOHEADER), width, height, 1, static_cast<WORD>(bitsPerPixel), BI_RGB, 0, 0, 0, 0, 0},
+        {}};
 }
 
 /// A memory context that draws on a DIB section of its own, whose bytes start as 0.
@@ -22,7 +18,8 @@ public:
     explicit MemoryBitmap(const BITMAPINFO& info)
         : m_bitmap(CreateDIBSection(nullptr, &info, DIB_RGB_COLORS, &m_bits, nullptr, 0)),
           m_previous(SelectObject(m_dc, m_bitmap))
-    {}
+    {
+    }
     MemoryBitmap(const MemoryBitmap&) = delete;
     MemoryBitmap& operator=(const MemoryBitmap&) = delete;
     ~MemoryBitmap()

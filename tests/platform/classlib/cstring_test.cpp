@@ -9,24 +9,20 @@
 
 TEST(String, IsMadeFromWhatIsGiven)
 {
-    EXPECT_TRUE(CString(static_cast<LPCSTR>(nullptr)).IsEmpty());
     EXPECT_STREQ(CString("text", 2), "te");
     EXPECT_STREQ(CString("text", -2), "");
     EXPECT_STREQ(CString('x', 3), "xxx");
     EXPECT_STREQ(CString(std::string_view("view").substr(1)), "iew");
-    CString copy = CString("first");
-    const CString kept = copy;
-    copy = "second";
+    EXPECT_STREQ("a" + CString("b") + "c", "abc");
+    CString text = CString("first");
+    const CString kept = text;
+    text = static_cast<LPCSTR>(nullptr);
     EXPECT_STREQ(kept, "first");
-    EXPECT_STREQ(CString() + "a" + CString("b") + "c", "abc");
-    EXPECT_STREQ("a" + CString("b"), "ab");
-    copy = static_cast<LPCSTR>(nullptr);
-    copy += "x";
-    copy += 'y';
-    copy += CString("z");
-    copy += static_cast<LPCSTR>(nullptr);
-    copy.Append("12345", 2);
-    EXPECT_STREQ(copy, "xyz12");
+    text += "x";
+    text += 'y';
+    text += static_cast<LPCSTR>(nullptr);
+    text.Append("12345", 2);
+    EXPECT_STREQ(text, "xy12");
 }
 
 TEST(String, Compares)
@@ -60,9 +56,7 @@ TEST(String, Finds)
             << text << ' ' << what << ' ' << from;
     }
     EXPECT_EQ(CString("a.b.c").ReverseFind('.'), 3);
-    EXPECT_EQ(CString("abc").ReverseFind('.'), -1);
     EXPECT_EQ(CString("key=value").FindOneOf(";="), 3);
-    EXPECT_EQ(CString("key").FindOneOf(";="), -1);
     EXPECT_EQ(CString("key").Find(nullptr), -1);
 }
 
@@ -70,13 +64,9 @@ TEST(String, CutsOutParts)
 {
     // Mid of both, Left and Right of the count
     const Table<int, int, const char*, const char*, const char*> cases{
-        {2, 3, "234", "012", "789"},
-        {0, 0, "", "", ""},
-        {8, 9, "89", "012345678", "123456789"},
-        {10, 2, "", "01", "89"},
-        {-1, 2, "01", "01", "89"},
-        {3, -1, "", "", ""},
-        {0, INT_MAX, "0123456789", "0123456789", "0123456789"}};
+        {2, 3, "234", "012", "789"}, {8, 9, "89", "012345678", "123456789"},
+        {10, 2, "", "01", "89"},     {-1, 2, "01", "01", "89"},
+        {3, -1, "", "", ""},         {0, INT_MAX, "0123456789", "0123456789", "0123456789"}};
     const CString text("0123456789");
     for (const auto& [first, count, mid, left, right] : cases) {
         EXPECT_STREQ(text.Mid(first, count), mid) << first << ' ' << count;
@@ -88,22 +78,12 @@ TEST(String, CutsOutParts)
     EXPECT_EQ(text.GetAt(-1), '\0');
 }
 
-TEST(String, Trims)
-{
-    const Table<const char*, const char*, const char*, const char*, const char*> cases{
-        {" \t a b\r\n", nullptr, "a b\r\n", " \t a b", "a b"},
-        {"   ", nullptr, "", "", ""},
-        {"xyxaxyx", "xy", "axyx", "xyxa", "a"},
-        {"", nullptr, "", "", ""}};
-    for (const auto& [text, set, left, right, both] : cases) {
-        EXPECT_STREQ(CString(text).TrimLeft(set), left);
-        EXPECT_STREQ(CString(text).TrimRight(set), right);
-        EXPECT_STREQ(CString(text).Trim(set), both);
-    }
-}
-
 TEST(String, Edits)
 {
+    EXPECT_STREQ(CString(" \t a b\r\n").TrimLeft(), "a b\r\n");
+    EXPECT_STREQ(CString(" \t a b\r\n").TrimRight(), " \t a b");
+    EXPECT_STREQ(CString("xyxaxyx").Trim("xy"), "a");
+    EXPECT_STREQ(CString("   ").Trim(), "");
     const Table<const char*, const char*, const char*, int, const char*> cases{
         {"a/b/c", "/", "\\", 2, "a\\b\\c"}, {"aaa", "aa", "b", 1, "ba"},     {"abc", "x", "y", 0, "abc"},
         {"abc", "", "y", 0, "abc"},         {"a--b", "-", nullptr, 2, "ab"}, {"x", "x", "xx", 1, "xx"}};

@@ -62,16 +62,3 @@ TEST(DoubleByteString, KnowsTheLengthOfItsCharacters)
         EXPECT_EQ(CharacterLength(text.data(), text.data() + text.size()), length) << page << ' ' << text;
     }
 }
-
-TEST(DoubleByteString, ConvertsThroughItsCodePage)
-{
-    const Table<UINT, const char*> cases{
-        {65001, "a\xE4\xBD\xA0z"}, {936, "a\xC4\xE3z"}, {950, "a\xA7\x41z"}, {1252, "a?z"}};
-    for (const auto& [page, expected] : cases) {
-        const NativeCodePage codePage(page);
-        const CString text = CString::FromUtf8("a\xE4\xBD\xA0z");
-        EXPECT_STREQ(text, expected) << page;
-        EXPECT_EQ(text.ToWide().size(), 3U) << page;
-        EXPECT_EQ(CString::FromWide(text.ToWide().c_str()), text) << page;
-    }
-}

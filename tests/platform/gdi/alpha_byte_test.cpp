@@ -85,13 +85,6 @@ TEST_F(AlphaByte, IsWhatTheOperationIsKnownToWrite)
     }
 }
 
-TEST_F(AlphaByte, OfAPixelThatTransparentBltLeavesOutBecomesZero)
-{
-    const Canvas target(2, 1, [](int, int) { return kBefore; });
-    TransparentBlt(target, 0, 0, 1, 1, Canvas(1, 1, [](int, int) { return kInkPixel; }), 0, 0, 1, 1, kInk);
-    EXPECT_EQ(target.Pixels(), (std::vector<std::uint32_t>{kBefore & 0xFFFFFF, kBefore}));
-}
-
 TEST_F(AlphaByte, DoesNotExistOnSurfacesOf24Bits)
 {
     const Canvas source(5, 3, [](int x, int y) { return 0xFF000000U | PlacePixel(x, y); });

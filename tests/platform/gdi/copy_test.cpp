@@ -85,9 +85,10 @@ TEST_F(ColourKey, IsAColourInEveryForm)
     const Canvas source(2, 1, [](int x, int) { return x ? 9U : 0x00010203U; });
     for (const auto& [name, key, isKeyed] : cases)
         for (const int scale : {1, 2}) {
-            const Canvas target(2 * scale, 1);
+            const Canvas target(2 * scale, 1, [](int, int) { return 0xC1777777; });
             EXPECT_TRUE(TransparentBlt(target, 0, 0, 2 * scale, 1, source, 0, 0, 2, 1, key)) << name;
-            EXPECT_EQ(target.At(scale - 1, 0), isKeyed ? 0 : 0x00010203U) << name;
+            EXPECT_EQ(target.At(scale - 1, 0), isKeyed ? 0x00777777U : 0x00010203U)
+                << name;  // without its alpha
             EXPECT_EQ(target.At(scale, 0), 9U) << name;
         }
 }

@@ -174,18 +174,6 @@ TEST_F(Ellipsis, KeepsTheTailOfAPath)
     }
 }
 
-TEST_F(Ellipsis, MarksTheLastLineOfSeveral)
-{
-    TextCanvas canvas;
-    const std::string text = "first line of text\nsecond line of text";
-    const int width = canvas.Width("second li");
-    TextCanvas expected;
-    expected.Out(0, 0, "first line of text");
-    expected.Out(0, canvas.LineHeight(), Shortened(canvas, "second line of text", "...", width));
-    canvas.Draw(text, {0, 0, width, 100}, DT_END_ELLIPSIS | DT_NOCLIP);
-    canvas.ExpectSame(expected);
-}
-
 TEST_F(Ellipsis, MarksTheLastLineThatIsDrawnWhenTextIsLeft)
 {
     TextCanvas canvas;

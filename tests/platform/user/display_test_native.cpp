@@ -84,18 +84,6 @@ TEST_F(OnDisplay, StackingIsThatOfTheWindowsWithPopupsAboveTheirOwner)
     EXPECT_EQ(display.PixelAt({150, 110}), kRed) << "with its owner above the other one";
 }
 
-TEST_F(OnDisplay, ShapeCutsTheWindow)
-{
-    const PlatformWindow lower(Popup("lower", {100, 100, 140, 140}).Filled(red));
-    const PlatformWindow upper(Popup("upper", {100, 100, 140, 140}).Filled(blue));
-    SetWindowRgn(upper, CreateRoundRectRgn(0, 0, 40, 40, 30, 30), TRUE);
-    Pump();
-    EXPECT_EQ(display.PixelAt({101, 101}), kRed);
-    EXPECT_EQ(display.PixelAt({120, 120}), kBlue);
-    SetWindowRgn(upper, nullptr, TRUE);
-    EXPECT_EQ(display.PixelAt({101, 101}), kBlue);
-}
-
 TEST_F(OnDisplay, LayersBlendByTheirAlphaOrAreOpaqueOrKeyed)
 {
     const PlatformWindow below(Popup("below", {100, 100, 140, 140}).Filled(red));

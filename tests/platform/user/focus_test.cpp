@@ -111,7 +111,8 @@ TEST_F(Focus, IsLostByHidingAndDisablingAndRefusedToDisabledWindows)
     EXPECT_TRUE(EnableWindow(child, FALSE));
     EXPECT_EQ(SetFocus(child), nullptr);
     EXPECT_EQ(SetFocus(inner), nullptr);
-    EXPECT_EQ(Told(), "");
+    EXPECT_TRUE(log.Tells("", {WM_SETFOCUS, WM_KILLFOCUS, WM_ENABLE}));
+    log.Clear();
     EXPECT_TRUE(EnableWindow(child, TRUE));
     EXPECT_EQ(Told(), "child ENABLE 1");
 }

@@ -93,9 +93,7 @@ TEST_F(NativeMouse, LeavingIsToldOnceToWhoAskedForIt)
     Track(TME_LEAVE);
     input.MoveTo(At(110, 50));
     EXPECT_EQ(log.Count(WM_MOUSELEAVE), 0);
-    input.MoveTo(kElsewhere);
-    EXPECT_EQ(log.Count(WM_MOUSELEAVE), 1);
-    input.MoveTo(At(100, 50)).MoveTo(kElsewhere);
+    input.MoveTo(kElsewhere).MoveTo(At(100, 50)).MoveTo(kElsewhere);
     EXPECT_EQ(log.Count(WM_MOUSELEAVE), 1) << "asked for once";
     Track(TME_LEAVE);
     EXPECT_EQ(log.Count(WM_MOUSELEAVE), 2) << "asked for while the pointer is outside";

@@ -31,6 +31,24 @@ protected:
         paints.clear();
     }
 
+    /// Invalidates a part of a parent in which a child stands.
+    void PaintPartOfParentAndChild(DWORD style, const char* told, const char* lastArea)
+    {
+        const PlatformWindow parent(Painted(Popup("parent")).Styled(style).Filled(red));
+        const PlatformWindow child(Painted(Child("child", parent, {50, 20, 100, 60})).Filled(blue));
+        Settle();
+        const RECT part{40, 30, 70, 40};
+        InvalidateRect(parent, &part, TRUE);
+        Pump();
+        EXPECT_TRUE(log.Tells(told));
+        EXPECT_EQ(ReadClient(child).At(15, 15), kBlue);
+        EXPECT_EQ(paints.back().area, lastArea);
+        Settle();
+        RedrawWindow(parent, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
+        Pump();
+        EXPECT_TRUE(log.Tells("parent PAINT, child PAINT"));
+    }
+
     const MessageHandler painter = [this](const LoggedMessage& message) -> std::optional<LRESULT> {
         if (message.message != WM_PAINT)
             return std::nullopt;
@@ -128,20 +146,6 @@ TEST_F(Painting, ValidatingTakesAreasBackAndUpdatingPaintsAtOnce)
     EXPECT_TRUE(log.Tells("", {WM_PAINT, WM_ERASEBKGND})) << "while redrawing is off";
 }
 
-TEST_F(Painting, ComesAgainUntilTheWindowIsValid)
-{
-    int asked = 0;
-    const PlatformWindow window(Popup().Answering([&](auto& message) -> std::optional<LRESULT> {
-        if (message.message != WM_PAINT)
-            return std::nullopt;
-        if (++asked == 3)
-            ValidateRect(message.handle, nullptr);
-        return 0;
-    }));
-    Pump();
-    EXPECT_EQ(asked, 3);
-}
-
 TEST_F(Painting, NothingIsPendingWhereNothingShows)
 {
     const PlatformWindow hidden(Popup("hidden").Hidden());
@@ -160,25 +164,12 @@ TEST_F(Painting, NothingIsPendingWhereNothingShows)
 
 TEST_F(Painting, ChildrenArePaintedAgainAfterAParentThatDoesNotClipThem)
 {
-    const Table<DWORD, const char*, const char*> cases{
-        {WS_POPUP, "parent PAINT, child PAINT", "0,10,20,20"},
-        {WS_POPUP | WS_CLIPCHILDREN, "parent PAINT", "40,30,50,40"},
-    };
-    for (const auto& [style, told, lastArea] : cases) {
-        const PlatformWindow parent(Painted(Popup("parent")).Styled(style).Filled(red));
-        const PlatformWindow child(Painted(Child("child", parent, {50, 20, 100, 60})).Filled(blue));
-        Settle();
-        const RECT part{40, 30, 70, 40};
-        InvalidateRect(parent, &part, TRUE);
-        Pump();
-        EXPECT_TRUE(log.Tells(told, {WM_PAINT}));
-        EXPECT_EQ(ReadClient(child).At(15, 15), kBlue);
-        EXPECT_EQ(paints.back().area, lastArea);
-        Settle();
-        RedrawWindow(parent, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
-        Pump();
-        EXPECT_TRUE(log.Tells("parent PAINT, child PAINT"));
-    }
+    PaintPartOfParentAndChild(WS_POPUP, "parent PAINT, child PAINT", "0,10,20,20");
+}
+
+TEST_F(Painting, ClipChildrenKeepsChildrenOutOfTheParentsRegion)
+{
+    PaintPartOfParentAndChild(WS_POPUP | WS_CLIPCHILDREN, "parent PAINT", "40,30,50,40");
 }
 
 TEST_F(Painting, GrowingAsksForTheNewStripUnlessTheClassWantsAll)

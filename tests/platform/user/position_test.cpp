@@ -132,15 +132,3 @@ TEST_F(Positions, TopmostPopupsStayAbove)
     Stack(topmost, HWND_TOPMOST);
     EXPECT_EQ(onTop(), topmost);
 }
-
-TEST_F(Positions, ScreenAndClientCoordinatesConvertThroughAllParents)
-{
-    const PlatformWindow window(Popup("w", {100, 110, 300, 310}));
-    const PlatformWindow child(Child("child", window, {10, 20, 110, 120}));
-    const PlatformWindow grandchild(Child("grandchild", child, {1, 2, 50, 50}));
-    POINT point{3, 4};
-    EXPECT_TRUE(ClientToScreen(grandchild, &point));
-    EXPECT_EQ(Text(point), "114,136");
-    EXPECT_TRUE(ScreenToClient(child, &point));
-    EXPECT_EQ(Text(point), "4,6");
-}

@@ -97,47 +97,6 @@ TEST_F(Query, ValuesBelongToTheWindowAndTitlesAreCutToTheBuffer)
     EXPECT_STREQ(text, "new");
 }
 
-TEST_F(Query, TheProcedureCanBeReplacedAndCalled)
-{
-    static WNDPROC original = nullptr;
-    const auto replacement = [](HWND handle, UINT message, WPARAM wParam, LPARAM lParam) CALLBACK -> LRESULT {
-        if (message == WM_APP)
-            return 99;
-        return CallWindowProcA(original, handle, message, wParam, lParam);
-    };
-    top.SetHandler([](const LoggedMessage& message) -> std::optional<LRESULT> {
-        return message.message >= WM_APP ? std::optional<LRESULT>(7) : std::nullopt;
-    });
-    original = reinterpret_cast<WNDPROC>(
-        SetWindowLongPtrA(top, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(static_cast<WNDPROC>(replacement))));
-    EXPECT_EQ(SendMessageA(top, WM_APP, 0, 0), 99);
-    EXPECT_EQ(SendMessageA(top, WM_APP + 1, 0, 0), 7);
-    SetWindowLongPtrA(top, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(original));
-    EXPECT_EQ(SendMessageA(top, WM_APP, 0, 0), 7);
-}
-
-TEST_F(Query, ClassesAreFoundByName)
-{
-    WNDCLASSEXA definition{};
-    definition.cbSize = sizeof definition;
-    definition.lpfnWndProc = DefWindowProcA;
-    definition.hInstance = GetModuleHandleA(nullptr);
-    definition.lpszClassName = "qvui query class";
-    const ATOM atom = RegisterClassExA(&definition);
-    EXPECT_NE(atom, 0);
-    EXPECT_EQ(RegisterClassExA(&definition), 0) << "again";
-    WNDCLASSEXA found{};
-    found.cbSize = sizeof found;
-    EXPECT_TRUE(GetClassInfoExA(definition.hInstance, "QVUI QUERY CLASS", &found));
-    const HWND byAtom = CreateWindowExA(0, MAKEINTRESOURCEA(atom), "", WS_POPUP, 0, 0, 10, 10, nullptr,
-                                        nullptr, definition.hInstance, nullptr);
-    char name[32] = "";
-    EXPECT_EQ(GetClassNameA(byAtom, name, sizeof name), 16);
-    EXPECT_FALSE(UnregisterClassA("qvui query class", definition.hInstance)) << "in use";
-    DestroyWindow(byAtom);
-    EXPECT_TRUE(UnregisterClassA("qvui query class", definition.hInstance));
-}
-
 TEST_F(Query, ARegionBelongsToTheWindowAndCutsItsHitArea)
 {
     EXPECT_NE(SetWindowRgn(top, CreateRectRgn(0, 0, 50, 50), TRUE), 0);

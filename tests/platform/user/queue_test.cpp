@@ -85,16 +85,6 @@ TEST_F(Queue, FiltersByWindowAndNumber)
     EXPECT_EQ(Take(), WM_APP + 1);
 }
 
-TEST_F(Queue, LookingAtAMessageLeavesItInItsPlace)
-{
-    InjectMove({150, 150});
-    MSG message{};
-    ASSERT_TRUE(PeekMessageA(&message, nullptr, WM_MOUSEMOVE, WM_MOUSEMOVE, PM_NOREMOVE));
-    PostMessageA(window, WM_APP, 0, 0);
-    EXPECT_EQ(Take(), WM_APP);
-    EXPECT_EQ(Take(), WM_MOUSEMOVE);
-}
-
 TEST_F(Queue, QuitComesOnceWithTheLastCode)
 {
     PostQuitMessage(3);
@@ -120,14 +110,6 @@ TEST_F(Queue, MessagesOfADestroyedWindowVanish)
     EXPECT_FALSE(PostMessageA(handle, WM_APP, 0, 0));
     EXPECT_EQ(GetLastError(), static_cast<DWORD>(ERROR_INVALID_WINDOW_HANDLE));
     EXPECT_EQ(SendMessageA(handle, WM_APP, 0, 0), 0);
-}
-
-TEST_F(Queue, RegisteredMessagesAreTheSameForTheSameName)
-{
-    const UINT first = RegisterWindowMessageA("qvui test message");
-    EXPECT_GE(first, 0xC000U);
-    EXPECT_EQ(RegisterWindowMessageA("QVUI TEST MESSAGE"), first);
-    EXPECT_NE(RegisterWindowMessageA("qvui other test message"), first);
 }
 
 TEST_F(Timers, SendTheirIdOrCallTheirProcedureAndEndWithTheirWindow)
