@@ -16,8 +16,7 @@ namespace qvui::test {
 
 /// Pixels of a client area as 0xRRGGBB, top row first.
 struct ClientPixels {
-    int width = 0;
-    int height = 0;
+    int width = 0, height = 0;
     std::vector<std::uint32_t> pixels;
 
     /// The pixel at a client point; 0xFFFFFFFF outside.

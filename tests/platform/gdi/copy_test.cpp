@@ -83,6 +83,8 @@ TEST_F(ColourKey, IsAColourInEveryForm)
         {"no colour at all", RGB(1, 2, 3) | 0xFF000000U, false},
     };
     const Canvas source(2, 1, [](int x, int) { return x ? 9U : 0x00010203U; });
+    EXPECT_FALSE(TransparentBlt(Canvas(4, 2), 3, 0, -2, 1, source, 0, 0, 2, 1, 0)) << "negative extents";
+    EXPECT_FALSE(TransparentBlt(Canvas(4, 2), 0, 0, 2, 1, source, 1, 0, -2, 1, 0));
     for (const auto& [name, key, isKeyed] : cases)
         for (const int scale : {1, 2}) {
             const Canvas target(2 * scale, 1, [](int, int) { return 0xC1777777; });

@@ -91,6 +91,11 @@ TEST_F(Objects, AreSelectedInAFreshContextOfOnePixel)
     EXPECT_EQ(GetObjectA(bitmap, sizeof description, &description), static_cast<int>(sizeof description));
     EXPECT_EQ(description.bmWidthBytes, 20);
     EXPECT_EQ(description.bmBits, nullptr);
+    LOGPEN pen{};
+    EXPECT_EQ(GetObjectA(GetStockObject(BLACK_PEN), sizeof pen, &pen), static_cast<int>(sizeof pen));
+    LOGBRUSH brush{};
+    EXPECT_EQ(GetObjectA(GetStockObject(WHITE_BRUSH), sizeof brush, &brush), static_cast<int>(sizeof brush));
+    EXPECT_EQ(brush.lbColor, RGB(255, 255, 255));
     DeleteDC(dc);
 }
 
@@ -110,6 +115,22 @@ TEST_F(Objects, ThatAreNotAliveFailCleanly)
     EXPECT_EQ(SetTextColor(stale, 0), CLR_INVALID);
     EXPECT_EQ(SelectClipRgn(stale, nullptr), ERROR);
     EXPECT_EQ(CreatePatternBrush(nullptr), nullptr);
+}
+
+TEST_F(Objects, ThatAreRectanglesIntersectAndUnite)
+{
+    const Table<const char*, RECT, RECT, const char*, const char*> cases{
+        {"touching", {0, 0, 4, 4}, {4, 0, 9, 9}, "0,0,0,0", "0,0,9,9"},
+        {"one empty", {3, 3, 3, 9}, {1, 1, 5, 5}, "0,0,0,0", "1,1,5,5"},
+        {"both empty", {3, 3, 3, 9}, {1, 1, 1, 5}, "0,0,0,0", "0,0,0,0"},
+    };
+    for (const auto& [name, first, second, intersection, all] : cases) {
+        RECT result{7, 7, 7, 7};
+        EXPECT_FALSE(IntersectRect(&result, &first, &second)) << name;
+        EXPECT_EQ(RectText(result), intersection) << name;
+        UnionRect(&result, &first, &second);
+        EXPECT_EQ(RectText(result), all) << name;
+    }
 }
 
 using Regions = PlatformTest;

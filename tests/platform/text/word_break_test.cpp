@@ -46,16 +46,6 @@ std::string RandomText(std::mt19937& random)
     return text;
 }
 
-std::string WithoutSpace(const std::string& line)
-{
-    return !line.empty() && line.back() == ' ' ? line.substr(0, line.size() - 1) : line;
-}
-
-int HalfRoundedDown(int value)
-{
-    return (value - (value < 0 ? 1 : 0)) / 2;
-}
-
 // The longest head of `text` that leaves room for `tail`.
 std::string Shortened(const TextCanvas& canvas, const std::string& text, const std::string& tail, int width)
 {
@@ -96,11 +86,10 @@ TEST_F(WordBreak, PutsAsManyWordsOnALineAsFit)
         TextCanvas expected(300, 260);
         int top = 3;
         for (const std::string& line : lines) {
-            const std::string ink = WithoutSpace(line);
+            const std::string ink = line.substr(0, line.find_last_not_of(' ') + 1);
             const int free = width - canvas.Width(ink);
-            const int left = 100 + (alignment == DT_CENTER  ? HalfRoundedDown(free)
-                                    : alignment == DT_RIGHT ? free
-                                                            : 0);
+            const int half = (free - (free < 0 ? 1 : 0)) / 2;  // rounded down
+            const int left = 100 + (alignment == DT_CENTER ? half : alignment == DT_RIGHT ? free : 0);
             expected.Out(left, top, ink);
             top += canvas.LineHeight();
         }
@@ -112,6 +101,11 @@ TEST_F(WordBreak, PutsAsManyWordsOnALineAsFit)
 TEST_F(WordBreak, EndsParagraphsAtTheirLineBreaks)
 {
     TextCanvas canvas;
+    std::string many;
+    for (int i = 0; i < 20000; ++i)
+        many += "word ";
+    EXPECT_EQ(canvas.Calculated(many, {0, 0, canvas.Width("word word "), 0}, DT_WORDBREAK).bottom,
+              10000 * canvas.LineHeight());
     const int line = canvas.LineHeight();
     const int two = canvas.Width("aaa bbb ");
     const Table<const char*, std::string, int, int> cases{

@@ -82,6 +82,16 @@ TEST_F(Lifetime, AnyMessageMayDestroyItsWindow)
     }
 }
 
+TEST_F(Lifetime, AChildMayDestroyItsParentWhileItIsDestroyed)
+{
+    PlatformWindow parent(Popup("parent"));
+    PlatformWindow child(Child("child", parent, {0, 0, 20, 20}));
+    child.SetHandler(On(WM_DESTROY, [&](auto&) { parent.Destroy(); }));
+    child.Destroy();
+    EXPECT_FALSE(parent.Handle() || child.Handle());
+    EXPECT_EQ(log.Count(WM_NCDESTROY), 2);
+}
+
 TEST_F(Lifetime, ActivationHandlersThatActivateDoNotGoRoundForever)
 {
     PlatformWindow first(Popup("first"));
