@@ -219,8 +219,11 @@ TEST_F(Shapes, AreOutlinedAndFilled)
          ".####### .####### .##bbb## .##bbb## .####### .####### "},
         {"dashes start at the top right and run counter-clockwise", PS_DOT, 1, 0, 0, 13, 6, kSquare,
          "#ooo###ooo### #bbbbbbbbbbbo #bbbbbbbbbbb# obbbbbbbbbbb# obbbbbbbbbbb# o###ooo###ooo "},
-        {"corners of eight", PS_SOLID, 1, 0, 0, 11, 7, 8,
-         "..#######.. .#bbbbbbb#. #bbbbbbbbb# #bbbbbbbbb# #bbbbbbbbb# .#bbbbbbb#. ..#######.. "},
+        {"corners of eight", PS_SOLID, 1, 0, 0, 11, 8, 8,
+         "..#######.. .#bbbbbbb#. #bbbbbbbbb# #bbbbbbbbb# #bbbbbbbbb# #bbbbbbbbb# .#bbbbbbb#. ..#######.. "},
+        {"corners of twelve", PS_SOLID, 1, 0, 0, 13, 12, 12,
+         "....#####.... ..##bbbbb##.. .#bbbbbbbbb#. .#bbbbbbbbb#. #bbbbbbbbbbb# #bbbbbbbbbbb# "
+         "#bbbbbbbbbbb# #bbbbbbbbbbb# .#bbbbbbbbb#. .#bbbbbbbbb#. ..##bbbbb##.. ....#####.... "},
         {"corners of eight, no pen", PS_NULL, 1, 0, 0, 11, 7, 8,
          "..bbbbbbb.. .bbbbbbbbb. bbbbbbbbbbb bbbbbbbbbbb bbbbbbbbbbb .bbbbbbbbb. ..bbbbbbb.. "},
         {"square corners, no pen", PS_NULL, 1, 0, 0, 4, 4, 1, "bbb. bbb. bbb. .... "},

@@ -189,6 +189,8 @@ TEST_F(Regions, AreMadeFromRectanglesAndGiveThemBack)
     EXPECT_TRUE(RectInRegion(squares, &inverted) && PtInRegion(squares, 3, 3) && !PtInRegion(squares, 3, 4));
     EXPECT_EQ(OffsetRgn(squares, 1, 2), COMPLEXREGION);
     EXPECT_EQ(BoxOf(squares), "1,2,15,6");
+    EXPECT_TRUE(SetRectRgn(squares, 3, 3, 1, 1));
+    EXPECT_EQ(BoxOf(squares), "1,1,3,3");
 }
 
 using Clipping = PlatformTest;
