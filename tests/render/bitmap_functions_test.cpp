@@ -26,47 +26,15 @@ void ExpectBitmap(HBITMAP bitmap, int width, int height, const PixelAt& expected
     canvas.Expect(expected, name);
 }
 
-// A bitmap that is in no context, painted pixel by pixel.
-class Source {
-public:
-    Source(int width, int height, const PixelAt& pixelAt, WORD bitCount = 32)
-    {
-        m_section.Create(static_cast<DWORD>(width), static_cast<DWORD>(height), bitCount);
-        for (int y = 0; y < height; ++y)
-            for (int x = 0; x < width; ++x)
-                m_section.SetPixel(x, y, Argb(pixelAt(x, y)), TRUE);
-    }
-    operator HBITMAP() const { return m_section.GetBitmap(); }
-
-private:
-    CDibSection m_section;
-};
+using Draw = std::function<int(HDC, const RECT&)>;
 
 }  // namespace
 
 using BitmapFunctions = RenderTest;
 
-TEST_F(BitmapFunctions, MeasureBitmaps)
-{
-    const Source bitmap(3, 2, PlacePixel, 24);
-    SIZE size{7, 7};
-    EXPECT_FALSE(Functions::GetBitmapSize(nullptr, size));
-    EXPECT_TRUE(Functions::GetBitmapSize(bitmap, size));
-    EXPECT_EQ(size.cx, 3);
-    EXPECT_EQ(size.cy, 2);
-    EXPECT_EQ(Functions::GetBitmapBitCount(bitmap), 24);
-    EXPECT_EQ(Functions::GetBitmapBitCount(Source(1, 1, PlacePixel)), 32);
-    EXPECT_EQ(Functions::GetBitmapBitCount(nullptr), 0);
-}
-
 TEST_F(BitmapFunctions, CutOutParts)
 {
-    struct Case {
-        const char* name;
-        RECT asked, clamped;
-        bool isMade;
-    };
-    const std::vector<Case> cases{
+    const Table<const char*, RECT, RECT, bool> cases{
         {"inside", {1, 1, 3, 4}, {1, 1, 3, 4}, true},
         {"clamped to the bitmap", {1, 2, 100, INT_MAX}, {1, 2, 5, 4}, true},
         {"before its start", {-1, 0, 2, 2}, {-1, 0, 2, 2}, true},
@@ -75,76 +43,63 @@ TEST_F(BitmapFunctions, CutOutParts)
         {"inverted", {3, 3, 1, 1}, {3, 3, 1, 1}, false},
         {"as far as it goes", {INT_MIN, INT_MIN, INT_MAX, INT_MAX}, {INT_MIN, INT_MIN, 5, 4}, false},
     };
-    const Source bitmap(5, 4, PlacePixel);
-    for (const Case& c : cases) {
-        RECT rect = c.asked;
+    const Section bitmap(5, 4, PlacePixel);
+    for (const auto& [name, asked, clamped, isMade] : cases) {
+        RECT rect = asked;
         const HBITMAP part = Functions::GetSubBitmap(nullptr, bitmap, rect);
-        EXPECT_EQ(RectText(rect), RectText(c.clamped)) << c.name;
-        ASSERT_EQ(part != nullptr, c.isMade) << c.name;
-        if (c.isMade)
+        EXPECT_EQ(RectText(rect), RectText(clamped)) << name;
+        ASSERT_EQ(part != nullptr, isMade) << name;
+        if (isMade)
             ExpectBitmap(
                 part, rect.right - rect.left, rect.bottom - rect.top,
                 [&rect](int x, int y) {
                     return x + rect.left < 0 ? 0 : PlacePixel(x + rect.left, y + rect.top);
                 },
-                c.name);
+                name);
     }
-    RECT rect{0, 0, 1, 1};
-    EXPECT_EQ(Functions::GetSubBitmap(nullptr, nullptr, rect), nullptr);
 }
 
 // Every unscaled form cuts to the smaller of bitmap and rectangle; the centred one moves into the middle
 // first.
 TEST_F(BitmapFunctions, UnscaledFormsCutAndCentre)
 {
-    struct Case {
-        const char* name;
-        RECT rect;
-        RECT plain;    // what the unscaled form covers
-        RECT centred;  // and the centred one
-    };
-    const std::vector<Case> cases{
+    // The rectangle, what the unscaled form covers, and the centred one.
+    const Table<const char*, RECT, RECT, RECT> cases{
         {"larger", {1, 1, 9, 8}, {1, 1, 4, 3}, {3, 3, 6, 5}},
         {"odd rest", {0, 0, 8, 5}, {0, 0, 3, 2}, {2, 1, 5, 3}},
         {"smaller", {2, 2, 4, 3}, {2, 2, 4, 3}, {2, 2, 4, 3}},
         {"wider and lower", {1, 1, 8, 2}, {1, 1, 4, 2}, {3, 1, 6, 2}},
     };
-    struct Form {
-        const char* name;
-        bool isCentred;
-        std::function<int(HDC, const RECT&)> draw;
-    };
     const CARGB key(255, 0, 255, 0);
-    const Source bitmap(3, 2, PlacePixel);
-    const std::vector<Form> forms{
-        {"copied", false, [&](HDC dc, const RECT& r) { return Functions::DrawBitmap(dc, bitmap, r); }},
+    const Section bitmap(3, 2, PlacePixel);
+    using F = Functions;
+    const Table<const char*, bool, Draw> forms{
+        {"copied", false, [&](HDC dc, const RECT& r) { return F::DrawBitmap(dc, bitmap, r); }},
         {"blended", false,
-         [&](HDC dc, const RECT& r) { return Functions::AlphaBlendWithoutStretch(dc, bitmap, r, 255); }},
+         [&](HDC dc, const RECT& r) { return F::AlphaBlendWithoutStretch(dc, bitmap, r, 255); }},
         {"keyed", false,
-         [&](HDC dc, const RECT& r) { return Functions::TransparentBltWithoutStretch(dc, bitmap, r, key); }},
-        {"copied", true, [&](HDC dc, const RECT& r) { return Functions::DrawBitmapInCenter(dc, bitmap, r); }},
-        {"blended", true,
-         [&](HDC dc, const RECT& r) { return Functions::AlphaBlendInCenter(dc, bitmap, r, 255); }},
-        {"keyed", true,
-         [&](HDC dc, const RECT& r) { return Functions::TransparentBltInCenter(dc, bitmap, r, key); }},
+         [&](HDC dc, const RECT& r) { return F::TransparentBltWithoutStretch(dc, bitmap, r, key); }},
+        {"copied", true, [&](HDC dc, const RECT& r) { return F::DrawBitmapInCenter(dc, bitmap, r); }},
+        {"blended", true, [&](HDC dc, const RECT& r) { return F::AlphaBlendInCenter(dc, bitmap, r, 255); }},
+        {"keyed", true, [&](HDC dc, const RECT& r) { return F::TransparentBltInCenter(dc, bitmap, r, key); }},
     };
-    for (const Case& c : cases)
-        for (const Form& form : forms) {
+    for (const auto& [name, rect, plain, centred] : cases)
+        for (const auto& [form, isCentred, draw] : forms) {
             const Canvas canvas(10, 9);
-            EXPECT_TRUE(form.draw(canvas, c.rect)) << c.name;
-            const RECT& covered = form.isCentred ? c.centred : c.plain;
+            EXPECT_TRUE(draw(canvas, rect)) << name;
+            const RECT covered = isCentred ? centred : plain;
             canvas.Expect(
                 [&covered](int x, int y) {
                     return Holds(covered, x, y) ? PlacePixel(x - covered.left, y - covered.top) : 0;
                 },
-                std::string(c.name) + ", " + form.name + (form.isCentred ? ", centred" : ""));
+                std::string(name) + ", " + form + (isCentred ? ", centred" : ""));
         }
 }
 
 TEST_F(BitmapFunctions, ScaledFormsFillTheRectangle)
 {
     constexpr std::uint32_t kBackground = 0x00404040;
-    const Source bitmap(2, 1, [](int x, int) { return x ? 0x00FF00FFU : 0x80402010U; });
+    const Section bitmap(2, 1, [](int x, int) { return x ? 0x00FF00FFU : 0x80402010U; });
     const auto row = [&bitmap](auto draw) {
         Canvas canvas(4, 1);
         canvas.Fill(kBackground);
@@ -166,31 +121,39 @@ TEST_F(BitmapFunctions, ScaledFormsFillTheRectangle)
 TEST_F(BitmapFunctions, FailWithoutABitmapOrAContext)
 {
     Canvas canvas(2, 2);
-    const Source bitmap(1, 1, PlacePixel);
-    const RECT rect{0, 0, 2, 2};
+    const Section bitmap(1, 1, PlacePixel, 24);
+    RECT rect{0, 0, 1, 1};
     const CARGB key;
+    using F = Functions;
     EXPECT_FALSE(
-        Functions::DrawBitmap(canvas, nullptr, rect) || Functions::DrawBitmap(nullptr, bitmap, rect) ||
-        Functions::StretchBitmap(canvas, nullptr, rect) ||
-        Functions::AlphaBlend(canvas, nullptr, rect, 255) ||
-        Functions::AlphaBlendWithoutStretch(canvas, nullptr, rect, 255) ||
-        Functions::TransparentBlt(canvas, nullptr, rect, key) ||
-        Functions::TransparentBltWithoutStretch(canvas, nullptr, rect, key) ||
-        Functions::DrawBitmapInCenter(canvas, nullptr, rect) ||
-        Functions::AlphaBlendInCenter(canvas, nullptr, rect, 255) ||
-        Functions::TransparentBltInCenter(canvas, nullptr, rect, key) ||
-        Functions::FillBitmap(canvas, nullptr, rect) || Functions::FillBitmap(nullptr, bitmap, rect) ||
-        Functions::MiddleStretchDraw(canvas, nullptr, rect) ||
-        Functions::MiddleStretchAlphaBlend(canvas, nullptr, rect, 255) ||
-        Functions::MiddleStretchTransparentBlt(canvas, nullptr, rect, key));
+        F::DrawBitmap(canvas, nullptr, rect) || F::DrawBitmap(nullptr, bitmap, rect) ||
+        F::StretchBitmap(canvas, nullptr, rect) || F::AlphaBlend(canvas, nullptr, rect, 255) ||
+        F::AlphaBlendWithoutStretch(canvas, nullptr, rect, 255) ||
+        F::TransparentBlt(canvas, nullptr, rect, key) ||
+        F::TransparentBltWithoutStretch(canvas, nullptr, rect, key) ||
+        F::DrawBitmapInCenter(canvas, nullptr, rect) || F::AlphaBlendInCenter(canvas, nullptr, rect, 255) ||
+        F::TransparentBltInCenter(canvas, nullptr, rect, key) || F::FillBitmap(canvas, nullptr, rect) ||
+        F::FillBitmap(nullptr, bitmap, rect) || F::MiddleStretchDraw(canvas, nullptr, rect) ||
+        F::MiddleStretchAlphaBlend(canvas, nullptr, rect, 255) ||
+        F::MiddleStretchTransparentBlt(canvas, nullptr, rect, key) ||
+        F::UpdateLayeredWindow(nullptr, nullptr, nullptr, nullptr, nullptr, nullptr, 0, nullptr, 0));
     EXPECT_EQ(canvas.Picture(), "..\n..\n");
-    EXPECT_FALSE(
-        Functions::UpdateLayeredWindow(nullptr, nullptr, nullptr, nullptr, nullptr, nullptr, 0, nullptr, 0));
+    SIZE size{7, 7};
+    EXPECT_FALSE(F::GetBitmapSize(nullptr, size));
+    EXPECT_EQ(F::GetBitmapBitCount(nullptr), 0);
+    EXPECT_EQ(F::GetBitmapBitCount(bitmap), 24);
+    EXPECT_FALSE(F::GetSubBitmap(nullptr, nullptr, rect) ||
+                 F::GetMiddleStretchBitmap(nullptr, nullptr, 5, 1) ||
+                 F::GetMiddleStretchBitmap(nullptr, bitmap, 0, 1) ||
+                 F::GetMiddleStretchBitmap(nullptr, bitmap, INT_MIN, 1) ||
+                 F::GetMiddleStretchBitmap(nullptr, bitmap, SIZE{0, 5}) ||
+                 F::GetMiddleStretchBitmap(nullptr, bitmap, SIZE{5, -3}) ||
+                 F::GetMiddleStretchBitmap(nullptr, nullptr, SIZE{5, 5}) || F::BitmapToRgn(nullptr, key, 0));
 }
 
 TEST_F(BitmapFunctions, FillRepeatsFromTheBrushOrigin)
 {
-    const Source bitmap(3, 2, PlacePixel);
+    const Section bitmap(3, 2, PlacePixel);
     for (const POINT origin : {POINT{0, 0}, POINT{1, 1}}) {
         Canvas canvas(8, 6);
         SetBrushOrgEx(canvas, origin.x, origin.y, nullptr);
@@ -205,33 +168,27 @@ using MiddleStretch = RenderTest;
 
 TEST_F(MiddleStretch, RepeatsTheTwoMiddleLines)
 {
-    struct Case {
-        const char* name;
-        int size, length;
-        std::vector<int> lines;  // which source line each line of the result is; -1 for none
+    // Which source line each line of the result is; -1 for none.
+    const Table<const char*, int, std::vector<int>> cases{
+        {"longer", 10, {0, 1, 2, 3, 4, 5, 4, 5, 4, 5, 4, 5, 6, 7, 8, 9}},
+        {"odd size: the tail is cut", 7, {0, 1, 2, 3, 2, 3, 2, 3, 4, 5}},
+        {"odd start: the pattern counts from the edge", 8, {0, 1, 2, 4, 3, 4, 3, 5, 6, 7}},
+        {"the same", 6, {0, 1, 2, 3, 4, 5}},
+        {"one line", 1, {-1, 0, -1}},
     };
-    const std::vector<Case> cases{
-        {"longer", 10, 16, {0, 1, 2, 3, 4, 5, 4, 5, 4, 5, 4, 5, 6, 7, 8, 9}},
-        {"odd size: the tail is cut", 7, 10, {0, 1, 2, 3, 2, 3, 2, 3, 4, 5}},
-        {"odd start: the pattern counts from the edge", 8, 10, {0, 1, 2, 4, 3, 4, 3, 5, 6, 7}},
-        {"the same", 6, 6, {0, 1, 2, 3, 4, 5}},
-        {"one line", 1, 3, {-1, 0, -1}},
-    };
-    for (const Case& c : cases)
+    for (const auto& [name, size, lines] : cases)
         for (const int vertical : {0, 1}) {
-            const Source bitmap(vertical ? 2 : c.size, vertical ? c.size : 2, PlacePixel);
-            const HBITMAP stretched = Functions::GetMiddleStretchBitmap(nullptr, bitmap, c.length, vertical);
+            const Section bitmap(vertical ? 2 : size, vertical ? size : 2, PlacePixel);
+            const int length = static_cast<int>(lines.size());
             ExpectBitmap(
-                stretched, vertical ? 2 : c.length, vertical ? c.length : 2,
-                [&](int x, int y) {
-                    const int line = c.lines[static_cast<std::size_t>(vertical ? y : x)];
+                Functions::GetMiddleStretchBitmap(nullptr, bitmap, length, vertical), vertical ? 2 : length,
+                vertical ? length : 2,
+                [&, &lines = lines](int x, int y) {
+                    const int line = lines[static_cast<std::size_t>(vertical ? y : x)];
                     return line < 0 ? 0 : PlacePixel(vertical ? x : line, vertical ? line : y);
                 },
-                c.name);
+                name);
         }
-    EXPECT_EQ(Functions::GetMiddleStretchBitmap(nullptr, nullptr, 5, 1), nullptr);
-    EXPECT_EQ(Functions::GetMiddleStretchBitmap(nullptr, Source(4, 4, PlacePixel), 0, 1), nullptr);
-    EXPECT_EQ(Functions::GetMiddleStretchBitmap(nullptr, Source(4, 4, PlacePixel), INT_MIN, 1), nullptr);
 }
 
 TEST_F(MiddleStretch, ReachesASizeOrCutsToIt)
@@ -242,123 +199,91 @@ TEST_F(MiddleStretch, ReachesASizeOrCutsToIt)
             return at;
         return at >= length - 2 ? 6 - (length - at) : 2 + at % 2;
     };
-    const Source bitmap(6, 6, PlacePixel);
+    const Section bitmap(6, 6, PlacePixel);
     for (const int width : {3, 6, 9})
         for (const int height : {2, 6, 11})
             ExpectBitmap(
                 Functions::GetMiddleStretchBitmap(nullptr, bitmap, SIZE{width, height}), width, height,
                 [&](int x, int y) { return PlacePixel(lineOf(x, width), lineOf(y, height)); },
                 std::to_string(width) + " x " + std::to_string(height));
-    for (const SIZE size : {SIZE{0, 5}, SIZE{5, 0}, SIZE{-3, 5}})
-        EXPECT_EQ(Functions::GetMiddleStretchBitmap(nullptr, bitmap, size), nullptr);
-    EXPECT_EQ(Functions::GetMiddleStretchBitmap(nullptr, nullptr, SIZE{5, 5}), nullptr);
 }
 
 TEST_F(MiddleStretch, DrawsInThreeModes)
 {
     // A keyed row at the top, which no stretch repeats.
-    const Source bitmap(4, 4, [](int, int y) { return y == 0 ? 0x00FF00FFU : 0x80404040U; });
-    struct Case {
-        const char* name;
-        std::function<int(HDC, const RECT&)> draw;
-        std::uint32_t top, rest;
-    };
+    const Section bitmap(4, 4, [](int, int y) { return y == 0 ? 0x00FF00FFU : 0x80404040U; });
     constexpr std::uint32_t kBackground = 0x00202020;
-    const std::vector<Case> cases{
-        {"copied", [&](HDC dc, const RECT& r) { return Functions::MiddleStretchDraw(dc, bitmap, r); },
-         0x00FF00FF, 0x80404040},
-        {"keyed",
-         [&](HDC dc, const RECT& r) {
-             return Functions::MiddleStretchTransparentBlt(dc, bitmap, r, CARGB(255, 0, 255, 0));
-         },
+    const CARGB key(255, 0, 255, 0);
+    using F = Functions;
+    const Table<const char*, Draw, std::uint32_t, std::uint32_t> cases{
+        {"copied", [&](HDC dc, const RECT& r) { return F::MiddleStretchDraw(dc, bitmap, r); }, 0x00FF00FF,
+         0x80404040},
+        {"keyed", [&](HDC dc, const RECT& r) { return F::MiddleStretchTransparentBlt(dc, bitmap, r, key); },
          kBackground, 0x00404040},
-        {"blended",
-         [&](HDC dc, const RECT& r) { return Functions::MiddleStretchAlphaBlend(dc, bitmap, r, 128); },
+        {"blended", [&](HDC dc, const RECT& r) { return F::MiddleStretchAlphaBlend(dc, bitmap, r, 128); },
          Blended(0x00FF00FF, kBackground, 128), Blended(0x80404040, kBackground, 128)},
     };
-    for (const Case& c : cases)
+    for (const auto& [name, draw, top, rest] : cases)
         for (const SIZE size : {SIZE{3, 3}, SIZE{3, 6}, SIZE{6, 6}, SIZE{7, 5}}) {
             const Canvas canvas(8, 8, [](int, int) { return kBackground; });
-            EXPECT_TRUE(c.draw(canvas, {0, 0, size.cx, size.cy})) << c.name;
+            EXPECT_TRUE(draw(canvas, {0, 0, size.cx, size.cy})) << name;
             canvas.Expect(
-                [&](int x, int y) {
-                    const bool isInside = Holds({0, 0, size.cx, size.cy}, x, y);
-                    return !isInside ? kBackground : y == 0 ? c.top : c.rest;
+                [&, first = top, others = rest](int x, int y) {
+                    return !Holds({0, 0, size.cx, size.cy}, x, y) ? kBackground : y == 0 ? first : others;
                 },
-                c.name + (' ' + std::to_string(size.cx) + " x " + std::to_string(size.cy)));
+                name + (' ' + qvui::test::Text(size)));
         }
 }
 
 using BitmapRegion = RenderTest;
 
-namespace {
-
-constexpr std::uint32_t kMagenta = 0xFF00FF;
-
-}  // namespace
-
 TEST_F(BitmapRegion, HoldsEveryPixelThatIsNotKeyed)
 {
-    struct Case {
-        const char* name;
-        int width, height;
-        std::function<bool(int x, int y)> isInside;
-    };
     std::mt19937 random(7);
     const auto noise = [&random](unsigned oneIn) {
         return [&random, oneIn](int, int) { return random() % oneIn != 0; };
     };
-    const std::vector<Case> cases{
-        {"all keyed", 5, 4, [](int, int) { return false; }},
-        {"nothing keyed", 5, 4, [](int, int) { return true; }},
-        {"one pixel", 1, 1, [](int, int) { return true; }},
-        {"equal rows", 9, 9, [](int x, int) { return x % 3 == 1; }},
-        {"gap of rows", 4, 9, [](int, int y) { return y != 4; }},
-        {"frame", 12, 9, [](int x, int y) { return x == 0 || y == 0 || x == 11 || y == 8; }},
-        {"checkerboard beyond one batch", 101, 97, [](int x, int y) { return (x + y) % 2 == 0; }},
-        {"a row beyond one batch", 5001, 3, [](int x, int y) { return x % 2 == 0 || y == 1; }},
-        {"noise", 67, 61, noise(2)},
-        {"few holes", 67, 61, noise(50)},
+    const Table<const char*, SIZE, std::function<bool(int x, int y)>> cases{
+        {"all keyed", {5, 4}, [](int, int) { return false; }},
+        {"one pixel", {1, 1}, [](int, int) { return true; }},
+        {"equal rows", {9, 9}, [](int x, int) { return x % 3 == 1; }},
+        {"gap of rows", {4, 9}, [](int, int y) { return y != 4; }},
+        {"frame", {12, 9}, [](int x, int y) { return x == 0 || y == 0 || x == 11 || y == 8; }},
+        {"checkerboard beyond one batch", {101, 97}, [](int x, int y) { return (x + y) % 2 == 0; }},
+        {"a row beyond one batch", {5001, 3}, [](int x, int y) { return x % 2 == 0 || y == 1; }},
+        {"noise", {67, 61}, noise(2)},
+        {"few holes", {67, 61}, noise(50)},
     };
-    for (const Case& c : cases) {
+    for (const auto& [name, size, isInside] : cases) {
         std::vector<bool> inside;
-        const Source bitmap(c.width, c.height, [&](int x, int y) {
-            inside.push_back(c.isInside(x, y));
-            return inside.back() ? 0xFFFFFFFEU : 0x12000000U | kMagenta;
+        const Section bitmap(size.cx, size.cy, [&, &isKept = isInside](int x, int y) {
+            inside.push_back(isKept(x, y));
+            return inside.back() ? 0xFFFFFFFEU : 0x12FF00FFU;
         });
         const Scoped region(Functions::BitmapToRgn(bitmap, CARGB(255, 0, 255, 255), 0));
-        for (int y = -1; y <= c.height; ++y)
-            for (int x = -1; x <= c.width; ++x)
+        for (int y = -1; y <= size.cy; ++y)
+            for (int x = -1; x <= size.cx; ++x)
                 ASSERT_EQ(PtInRegion(region, x, y) != 0,
-                          Holds({0, 0, c.width, c.height}, x, y) &&
-                              inside[static_cast<std::size_t>(y * c.width + x)])
-                    << c.name << " at " << x << "," << y;
+                          Holds({0, 0, size.cx, size.cy}, x, y) &&
+                              inside[static_cast<std::size_t>(y * size.cx + x)])
+                    << name << " at " << x << "," << y;
     }
-    EXPECT_EQ(Functions::BitmapToRgn(nullptr, CARGB(), 0), nullptr);
 }
 
 TEST_F(BitmapRegion, ToleranceReachesUpwardsPerChannel)
 {
-    struct Case {
-        const char* name;
-        std::uint32_t pixel;
-        bool isKeyed;
-    };
     // Key (100, 50, 250), tolerance red 1, green 2, blue 9 (up to 255 only).
-    const std::vector<Case> cases{
+    const Table<const char*, std::uint32_t, bool> cases{
         {"the colour", 0x6432FA, true},      {"red up", 0x6532FA, true},
         {"red too far", 0x6632FA, false},    {"red below", 0x6332FA, false},
         {"green up", 0x6434FA, true},        {"green too far", 0x6435FA, false},
         {"blue at its end", 0x6432FF, true}, {"blue below", 0x6432F9, false},
-        {"all up", 0x6534FF, true},
     };
-    for (const WORD bitCount : {WORD{24}, WORD{32}}) {
-        const Source bitmap(
-            static_cast<int>(cases.size()), 1,
-            [&](int x, int) { return cases[static_cast<std::size_t>(x)].pixel; }, bitCount);
-        const HRGN region = Functions::BitmapToRgn(bitmap, CARGB(100, 50, 250, 255), RGB(1, 2, 9));
-        for (std::size_t x = 0; x < cases.size(); ++x)
-            EXPECT_EQ(PtInRegion(region, static_cast<int>(x), 0) == 0, cases[x].isKeyed) << cases[x].name;
-        DeleteObject(region);
-    }
+    for (const WORD bitCount : {WORD{24}, WORD{32}})
+        for (const auto& [name, pixel, isKeyed] : cases) {
+            const Section bitmap(
+                1, 1, [color = pixel](int, int) { return color; }, bitCount);
+            const Scoped region(Functions::BitmapToRgn(bitmap, CARGB(100, 50, 250, 255), RGB(1, 2, 9)));
+            EXPECT_EQ(PtInRegion(region, 0, 0) == 0, isKeyed) << name;
+        }
 }

@@ -4,7 +4,6 @@
 #include <functional>
 
 #include "render/render_test.h"
-#include "support/screenshot.h"
 
 using DUI::CDUIImage;
 using DUI::CDUIImageList;
@@ -36,22 +35,6 @@ std::uint32_t Premultiplied(std::uint32_t pixel)
     return result;
 }
 
-// Writes a picture file: 32 bits with straight alpha, or 24 bits.
-std::string WritePicture(const char* name, int width, int height, bool hasAlpha, const PixelAt& pixelAt)
-{
-    CImage image;
-    image.Create(width, height, hasAlpha ? 32 : 24);
-    image.SetHasAlphaChannel(hasAlpha);
-    for (int y = 0; y < height; ++y)
-        for (int x = 0; x < width; ++x)
-            for (int channel = 0; channel < (hasAlpha ? 4 : 3); ++channel)
-                static_cast<std::uint8_t*>(image.GetPixelAddress(x, y))[channel] =
-                    static_cast<std::uint8_t>(Channel(pixelAt(x, y), channel));
-    const std::string path = qvui::test::OutputPath(name);
-    EXPECT_EQ(image.Save(path.c_str()), S_OK);
-    return path;
-}
-
 std::uint32_t StoredPixel(const CDUIImage& image, int x, int y)
 {
     const auto* bytes = static_cast<const std::uint8_t*>(image.GetRawImage()->GetPixelAddress(x, y));
@@ -67,36 +50,25 @@ using Image = RenderTest;
 
 TEST_F(Image, LoadsPremultiplied)
 {
-    const std::string path = WritePicture("translucent.png", 2, 2, true,
-                                          [](int x, int y) { return x + y ? 0xFF010203U : 0x803264C8U; });
+    // Every value at every alpha.
+    const auto pixelAt = [](int x, int y) {
+        return static_cast<std::uint32_t>(y) << 24 | static_cast<std::uint32_t>(x) << 16 |
+               static_cast<std::uint32_t>(255 - x) << 8 | static_cast<std::uint32_t>(x ^ 0x55);
+    };
     CDUIImage image;
-    EXPECT_TRUE(image.IsNull());
     EXPECT_EQ(image.GetWidth(), -1);
     EXPECT_EQ(image.GetHeight(), -1);
-    ASSERT_TRUE(image.CreateFromFile(path.c_str()));
-    EXPECT_FALSE(image.IsNull());
-    EXPECT_EQ(image.GetWidth(), 2);
-    EXPECT_EQ(StoredPixel(image, 0, 0), 0x80193264U) << "(50, 100, 200) at alpha 128";
-    EXPECT_EQ(StoredPixel(image, 1, 1), 0xFF010203U);
+    ASSERT_TRUE(image.CreateFromFile(WritePicture("alphas.png", 256, 256, true, pixelAt).c_str()));
+    EXPECT_EQ(image.GetWidth(), 256);
+    for (int y = 1; y < 256; ++y)  // a file keeps no colour where nothing shows
+        for (int x = 0; x < 256; ++x)
+            ASSERT_EQ(StoredPixel(image, x, y), Premultiplied(pixelAt(x, y))) << x << ", alpha " << y;
 
     ASSERT_TRUE(image.CreateFromFile(WritePicture("opaque.png", 2, 2, false, StepPixel).c_str()));
     EXPECT_EQ(image.GetRawImage()->GetBPP(), 24);
     EXPECT_EQ(StoredPixel(image, 1, 0), StepPixel(1, 0));
     image.Destory();
     EXPECT_TRUE(image.IsNull());
-}
-
-TEST_F(Image, MultipliesEveryValueByEveryAlpha)
-{
-    const auto pixelAt = [](int x, int y) {
-        return static_cast<std::uint32_t>(y) << 24 | static_cast<std::uint32_t>(x) << 16 |
-               static_cast<std::uint32_t>(255 - x) << 8 | static_cast<std::uint32_t>(x ^ 0x55);
-    };
-    CDUIImage image;
-    ASSERT_TRUE(image.CreateFromFile(WritePicture("alphas.png", 256, 256, true, pixelAt).c_str()));
-    for (int y = 1; y < 256; ++y)  // a file keeps no colour where nothing shows
-        for (int x = 0; x < 256; ++x)
-            ASSERT_EQ(StoredPixel(image, x, y), Premultiplied(pixelAt(x, y))) << x << ", alpha " << y;
 }
 
 TEST_F(Image, FilesReachEveryCopyAndStreamsOnlyOne)
@@ -111,7 +83,6 @@ TEST_F(Image, FilesReachEveryCopyAndStreamsOnlyOne)
     const std::shared_ptr<CDUIImage> clone = image.CloneObject();
     EXPECT_EQ(clone->GetDrawStyle(), DUI::DRAW_STYLE_TILE);
     EXPECT_EQ(clone->GetCornerHeight(), 4);
-
     ASSERT_TRUE(copy.CreateFromFile(large.c_str()));
     EXPECT_EQ(image.GetWidth(), 5) << "one picture, shared";
     EXPECT_EQ(clone->GetWidth(), 5);
@@ -127,18 +98,16 @@ TEST_F(Image, BrokenPicturesAreNoPictures)
     const std::vector<unsigned char> whole =
         FileBytes(WritePicture("whole.png", 9, 9, true, TranslucentPixel));
     CDUIImage image;
-    for (std::size_t size = 0; size <= whole.size() / 2; size += 7) {
+    for (DWORD size = 0; size <= whole.size() / 2; size += 7) {
         const std::vector<unsigned char> part(whole.begin(),
                                               whole.begin() + static_cast<std::ptrdiff_t>(size));
-        EXPECT_FALSE(image.CreateFromStream(part.data(), static_cast<DWORD>(size))) << size;
+        EXPECT_FALSE(image.CreateFromStream(part.data(), size)) << size;
         EXPECT_TRUE(image.IsNull()) << size;
     }
-    EXPECT_FALSE(image.CreateFromStream(nullptr, 0));
-    EXPECT_FALSE(image.CreateFromFile(qvui::test::OutputPath("there-is-none.png").c_str()));
-    EXPECT_FALSE(image.CreateFromFile(nullptr));
-    EXPECT_FALSE(image.CreateFromResource(GetModuleHandleA(nullptr), "NO_SUCH", "PNG"));
-    EXPECT_FALSE(image.CreateFromResource(GetModuleHandleA(nullptr), 4711U, "PNG"));
-    EXPECT_TRUE(image.IsNull());
+    EXPECT_FALSE(image.CreateFromStream(nullptr, 0) || image.CreateFromFile(nullptr) ||
+                 image.CreateFromFile(qvui::test::OutputPath("there-is-none.png").c_str()) ||
+                 image.CreateFromResource(GetModuleHandleA(nullptr), "NO_SUCH", "PNG") ||
+                 image.CreateFromResource(GetModuleHandleA(nullptr), 4711U, "PNG"));
     Canvas canvas(2, 2);
     image.DrawImage(canvas, {0, 0, 2, 2});
     EXPECT_EQ(canvas.Picture(), "..\n..\n");
@@ -151,35 +120,29 @@ TEST_F(ImageList, CutsTheStripIntoIcons)
     struct Probe : CDUIImageList {
         using CDUIImageList::GetIconRect;
     };
-    struct Case {
-        const char* name;
-        DWORD count;
-        int direction, index;
-        int width, height;
-        const char* rect;  // null when there is none
-    };
-    const std::vector<Case> cases{
-        {"side by side", 3, 0, 2, 20, 20, "40,0,60,20"},
-        {"one above the other", 2, 1, 1, 60, 10, "0,10,60,20"},
-        {"any nonzero direction", 2, 7, 0, 60, 10, "0,0,60,10"},
-        {"rest is lost", 7, 0, 6, 8, 20, "48,0,56,20"},
-        {"none means one", 0, 0, 0, 60, 20, "0,0,60,20"},
-        {"more icons than pixels", 61, 0, 0, 0, 20, nullptr},
-        {"as many as it gets", 0xFFFFFFFF, 1, 0, 60, 0, nullptr},
+    // Icons, direction, index, the size of an icon, and its place if there is one.
+    const Table<const char*, DWORD, int, int, SIZE, const char*> cases{
+        {"side by side", 3, 0, 2, {20, 20}, "40,0,60,20"},
+        {"one above the other", 2, 1, 1, {60, 10}, "0,10,60,20"},
+        {"any nonzero direction", 2, 7, 0, {60, 10}, "0,0,60,10"},
+        {"rest is lost", 7, 0, 6, {8, 20}, "48,0,56,20"},
+        {"none means one", 0, 0, 0, {60, 20}, "0,0,60,20"},
+        {"more icons than pixels", 61, 0, 0, {0, 20}, ""},
+        {"as many as it gets", 0xFFFFFFFF, 1, 0, {60, 0}, ""},
     };
     Probe list;
     ASSERT_TRUE(list.CreateFromFile(WritePicture("strip.png", 60, 20, false, StepPixel).c_str()));
-    for (const Case& c : cases) {
-        list.SetItemCount(c.count);
-        list.SetImageDirection(c.direction);
-        EXPECT_EQ(list.GetIconWidth(), c.width) << c.name;
-        EXPECT_EQ(list.GetIconHeight(), c.height) << c.name;
+    for (const auto& [name, count, direction, index, size, place] : cases) {
+        list.SetItemCount(count);
+        list.SetImageDirection(direction);
+        EXPECT_EQ(qvui::test::Text(SIZE{list.GetIconWidth(), list.GetIconHeight()}), qvui::test::Text(size))
+            << name;
         RECT rect{};
-        EXPECT_EQ(list.GetIconRect(c.index, rect), c.rect != nullptr) << c.name;
-        EXPECT_EQ(RectText(rect), c.rect ? c.rect : "0,0,0,0") << c.name;
+        const std::string found = list.GetIconRect(index, rect) ? RectText(rect) : "";
+        EXPECT_EQ(found, place) << name;
         Canvas canvas(2, 1);
-        list.DrawImage(canvas, {0, 0, 2, 1}, c.index);
-        EXPECT_EQ(canvas.Picture(), c.rect ? "##\n" : "..\n") << c.name;
+        list.DrawImage(canvas, {0, 0, 2, 1}, index);
+        EXPECT_EQ(canvas.Picture(), found.empty() ? "..\n" : "##\n") << name;
     }
 }
 
@@ -269,53 +232,45 @@ struct StyleCase {
     const char* name;
     DUI::IMAGE_DRAW_STYLE style;
     SIZE corner;
-    RECT dest;
     Cuts to, from;
     const char* order;  // column and row of each cell, in the order in which they are drawn
+    RECT dest{1, 2, 20, 18};
 };
 
 const Cuts kWhole{{0, 8}, {0, 8}};
+const Cuts kDest{{1, 20}, {2, 18}};
 const char* const kNine = "00 20 10 02 22 01 21 12 11";
 
-StyleCase Whole(const char* name, DUI::IMAGE_DRAW_STYLE style, SIZE corner)
-{
-    return {name, style, corner, {1, 2, 20, 18}, {{1, 20}, {2, 18}}, kWhole, "00"};
-}
-
-StyleCase Cut(const char* name, DUI::IMAGE_DRAW_STYLE style, SIZE corner, const RECT& dest, const Cuts& to,
-              const Cuts& from, const char* order)
-{
-    return {name, style, corner, dest, to, from, order};
-}
-
+// clang-format off
 const std::vector<StyleCase> kStyleCases{
-    Whole("no style", DUI::DRAW_STYLE_NORMAL, {3, 3}),
-    Whole("stretch", DUI::DRAW_STYLE_STRETCH, {3, 3}),
-    Whole("columns without a corner", DUI::DRAW_STYLE_STRETCH_HORZ, {0, 0}),
-    Whole("columns with a height alone", DUI::DRAW_STYLE_STRETCH_HORZ, {0, 6}),
-    Whole("rows with a height alone", DUI::DRAW_STYLE_STRETCH_VERT, {0, 6}),
-    Whole("corner wider than half the icon", DUI::DRAW_STYLE_SQUARD, {5, 1}),
-    Whole("corner higher than half the icon", DUI::DRAW_STYLE_SQUARD, {1, 5}),
-    Whole("no corner", DUI::DRAW_STYLE_SQUARD, {0, 0}),
-    Cut("three columns", DUI::DRAW_STYLE_STRETCH_HORZ, {2, 3}, {1, 2, 20, 13}, {{1, 3, 18, 20}, {2, 13}},
-        {{0, 2, 6, 8}, {0, 8}}, "00 20 10"),
-    Cut("columns narrower than the caps", DUI::DRAW_STYLE_STRETCH_HORZ, {3, 0}, {10, 2, 14, 13},
-        {{10, 13, 11, 14}, {2, 13}}, {{0, 3, 5, 8}, {0, 8}}, "00 20 10"),
-    Cut("three rows of the corner's width", DUI::DRAW_STYLE_STRETCH_VERT, {2, 4}, {1, 2, 20, 18},
-        {{1, 20}, {2, 4, 16, 18}}, {{0, 8}, {0, 2, 6, 8}}, "00 02 01"),
-    Cut("rows lower than the caps", DUI::DRAW_STYLE_STRETCH_VERT, {3, 0}, {1, 10, 20, 14},
-        {{1, 20}, {10, 13, 11, 14}}, {{0, 8}, {0, 3, 5, 8}}, "00 02 01"),
-    Cut("nine parts", DUI::DRAW_STYLE_SQUARD, {2, 3}, {1, 2, 20, 18}, {{1, 3, 18, 20}, {2, 5, 15, 18}},
-        {{0, 2, 6, 8}, {0, 3, 5, 8}}, kNine),
-    Cut("corners alone", DUI::DRAW_STYLE_SQUARD, {4, 4}, {2, 2, 10, 10}, {{2, 6, 6, 10}, {2, 6, 6, 10}},
-        {{0, 4, 4, 8}, {0, 4, 4, 8}}, kNine),
-    Cut("smaller than the corners", DUI::DRAW_STYLE_SQUARD, {3, 3}, {8, 8, 12, 12},
-        {{8, 11, 9, 12}, {8, 11, 9, 12}}, {{0, 3, 5, 8}, {0, 3, 5, 8}}, kNine),
-    Cut("one row of tiles", DUI::DRAW_STYLE_TILE, {3, 3}, {1, 3, 18, 5}, {{1, 9, 17, 25}, {3, 11}}, kWhole,
-        "00 10 20"),
-    Cut("tiles from far away", DUI::DRAW_STYLE_TILE, {0, 0}, {-2147483640, 1, INT_MAX, 5},
-        {{-8, 0, 8, 16, 24}, {1, 9}}, kWhole, "00 10 20 30"),
+    {"no style", DUI::DRAW_STYLE_NORMAL, {3, 3}, kDest, kWhole, "00"},
+    {"stretch", DUI::DRAW_STYLE_STRETCH, {3, 3}, kDest, kWhole, "00"},
+    {"columns without a corner", DUI::DRAW_STYLE_STRETCH_HORZ, {0, 0}, kDest, kWhole, "00"},
+    {"columns with a height alone", DUI::DRAW_STYLE_STRETCH_HORZ, {0, 6}, kDest, kWhole, "00"},
+    {"rows with a height alone", DUI::DRAW_STYLE_STRETCH_VERT, {0, 6}, kDest, kWhole, "00"},
+    {"corner wider than half the icon", DUI::DRAW_STYLE_SQUARD, {5, 1}, kDest, kWhole, "00"},
+    {"corner higher than half the icon", DUI::DRAW_STYLE_SQUARD, {1, 5}, kDest, kWhole, "00"},
+    {"no corner", DUI::DRAW_STYLE_SQUARD, {0, 0}, kDest, kWhole, "00"},
+    {"three columns", DUI::DRAW_STYLE_STRETCH_HORZ, {2, 3},
+     {{1, 3, 18, 20}, {2, 18}}, {{0, 2, 6, 8}, {0, 8}}, "00 20 10"},
+    {"columns narrower than the caps", DUI::DRAW_STYLE_STRETCH_HORZ, {3, 0},
+     {{10, 13, 11, 14}, {2, 13}}, {{0, 3, 5, 8}, {0, 8}}, "00 20 10", {10, 2, 14, 13}},
+    {"three rows of the corner's width", DUI::DRAW_STYLE_STRETCH_VERT, {2, 4},
+     {{1, 20}, {2, 4, 16, 18}}, {{0, 8}, {0, 2, 6, 8}}, "00 02 01"},
+    {"rows lower than the caps", DUI::DRAW_STYLE_STRETCH_VERT, {3, 0},
+     {{1, 20}, {10, 13, 11, 14}}, {{0, 8}, {0, 3, 5, 8}}, "00 02 01", {1, 10, 20, 14}},
+    {"nine parts", DUI::DRAW_STYLE_SQUARD, {2, 3},
+     {{1, 3, 18, 20}, {2, 5, 15, 18}}, {{0, 2, 6, 8}, {0, 3, 5, 8}}, kNine},
+    {"corners alone", DUI::DRAW_STYLE_SQUARD, {4, 4},
+     {{2, 6, 6, 10}, {2, 6, 6, 10}}, {{0, 4, 4, 8}, {0, 4, 4, 8}}, kNine, {2, 2, 10, 10}},
+    {"smaller than the corners", DUI::DRAW_STYLE_SQUARD, {3, 3},
+     {{8, 11, 9, 12}, {8, 11, 9, 12}}, {{0, 3, 5, 8}, {0, 3, 5, 8}}, kNine, {8, 8, 12, 12}},
+    {"one row of tiles", DUI::DRAW_STYLE_TILE, {3, 3},
+     {{1, 9, 17, 25}, {3, 11}}, kWhole, "00 10 20", {1, 3, 18, 5}},
+    {"tiles from far away", DUI::DRAW_STYLE_TILE, {0, 0},
+     {{-8, 0, 8, 16, 24}, {1, 9}}, kWhole, "00 10 20 30", {-2147483640, 1, INT_MAX, 5}},
 };
+// clang-format on
 
 // A strip of a kind's pixels, as tall as its icons.
 std::shared_ptr<CDUIImageList> NewList(const Kind& kind, int width, int height, DWORD icons)
@@ -384,7 +339,7 @@ TEST_F(ImageList, SurvivesCornersAndPlacesFromBrokenSkins)
     }
 }
 
-TEST_F(ImageList, GivesOneIconAsABitmap)
+TEST_F(ImageList, GivesOneIconAsABitmapAndTheFirstOnesShape)
 {
     CDUIImageList none;
     EXPECT_EQ(none.GetIconBitmap(nullptr, 0), nullptr);
@@ -400,14 +355,9 @@ TEST_F(ImageList, GivesOneIconAsABitmap)
         canvas.Expect([&kind](int x, int y) { return Drawn(kind, kind.pixelAt(4 + x, y), 0); }, kind.name,
                       kColourBits);
     }
-}
-
-TEST_F(ImageList, GivesTheFirstIconsShape)
-{
     const Kind shape{"shape", false, CLR_INVALID,
                      [](int x, int y) { return x == y || x >= 4 ? 0xFF00FFU : StepPixel(x, y); }};
-    const auto list = NewList(shape, 8, 4, 2);
-    const Scoped region(list->GetIconRgn());
+    const Scoped region(NewList(shape, 8, 4, 2)->GetIconRgn());
     for (int y = 0; y < 4; ++y)
         for (int x = 0; x < 8; ++x)
             EXPECT_EQ(PtInRegion(region, x, y) != 0, x != y && x < 4) << x << "," << y;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <qvui/foundation/ref_ptr.h>
+#include <qvui/platform/cimage.h>
 #include <qvui/render/dib_section.h>
 
 #include <gtest/gtest.h>
@@ -13,6 +14,7 @@
 
 #include "platform/gdi/canvas.h"
 #include "support/leak_check.h"
+#include "support/screenshot.h"
 
 namespace DUI {
 
@@ -48,6 +50,18 @@ inline std::uint32_t Bits(const DUI::CARGB& color)
            (static_cast<std::uint32_t>(color.GetA()) << 24);
 }
 
+/// A section painted pixel by pixel, which is in no context.
+struct Section : DUI::CDibSection {
+    Section(int width, int height, const PixelAt& pixelAt, WORD bitCount = 32)
+    {
+        Create(static_cast<DWORD>(width), static_cast<DWORD>(height), bitCount);
+        for (int y = 0; y < height; ++y)
+            for (int x = 0; x < width; ++x)
+                SetPixel(x, y, Argb(pixelAt(x, y)), TRUE);
+    }
+    operator HBITMAP() const { return GetBitmap(); }
+};
+
 /// What the platform's blend makes of one pixel: per-pixel alpha times the constant alpha, premultiplied.
 /// Only for pixels whose sums stay below 256.
 inline std::uint32_t Blended(std::uint32_t source, std::uint32_t destination, std::uint32_t alpha)
@@ -71,6 +85,23 @@ inline std::uint32_t GradientPixel(std::uint32_t from, std::uint32_t to, int pos
         pixel |= static_cast<std::uint32_t>(mixed >> 8) << (8 * channel);
     }
     return pixel;
+}
+
+/// Writes a picture file: 32 bits with straight alpha, or 24 bits.
+inline std::string WritePicture(const char* name, int width, int height, bool hasAlpha,
+                                const PixelAt& pixelAt)
+{
+    CImage image;
+    image.Create(width, height, hasAlpha ? 32 : 24);
+    image.SetHasAlphaChannel(hasAlpha);
+    for (int y = 0; y < height; ++y)
+        for (int x = 0; x < width; ++x)
+            for (int channel = 0; channel < (hasAlpha ? 4 : 3); ++channel)
+                static_cast<std::uint8_t*>(image.GetPixelAddress(x, y))[channel] =
+                    static_cast<std::uint8_t>(Channel(pixelAt(x, y), channel));
+    const std::string path = qvui::test::OutputPath(name);
+    EXPECT_EQ(image.Save(path.c_str()), S_OK);
+    return path;
 }
 
 inline std::vector<unsigned char> FileBytes(const std::string& path)
