@@ -11,12 +11,7 @@ using DUI::ResolveSkinPath;
 
 TEST(SkinPath, IsRelativeToTheExecutable)
 {
-    struct Case {
-        const char* directory;
-        const char* name;
-        const char* path;
-    };
-    const std::vector<Case> cases{
+    const Table<const char*, const char*, const char*> cases{
         {"C:\\App\\bin", "skin/main.xml", "C:\\App\\bin\\skin\\main.xml"},
         {"C:\\App\\bin", "skin\\main.xml", "C:\\App\\bin\\skin\\main.xml"},
         {"C:\\App\\bin", ".\\skin\\a.png", "C:\\App\\bin\\skin\\a.png"},
@@ -44,8 +39,8 @@ TEST(SkinPath, IsRelativeToTheExecutable)
         {"", "a.xml", "\\a.xml"},
         {"app", "..\\a.xml", "app\\a.xml"},
     };
-    for (const Case& c : cases)
-        EXPECT_STREQ(ResolveSkinPath(c.directory, c.name), c.path) << c.directory << " " << c.name;
+    for (const auto& [directory, name, path] : cases)
+        EXPECT_STREQ(ResolveSkinPath(directory, name), path) << directory << " " << name;
 }
 
 TEST(SkinPath, DoesNotSplitCharacters)

@@ -38,12 +38,8 @@ protected:
 
 TEST_F(ResourceModules, HoldPicturesByNumber)
 {
-    struct Case {
-        const char* id;
-        const char* type;
-        std::uint32_t color;  // 0: no picture
-    };
-    const std::vector<Case> cases{
+    // color: 0: no picture
+    const Table<const char*, const char*, std::uint32_t> cases{
         {"102", "PNG", 0xFFFF0000},
         {"0102", "PNG", 0xFFFF0000},
         {" 102x", "PNG", 0xFFFF0000},
@@ -55,14 +51,14 @@ TEST_F(ResourceModules, HoldPicturesByNumber)
         {"102", "", 0},
         {"101", "XML", 0},
     };
-    for (const Case& c : cases) {
-        const CDUIImageListPtr list = loader.LoadImageFromDll(kModuleA, c.id, c.type);
-        ASSERT_TRUE(list) << c.id;
-        EXPECT_EQ(IconColor(list), c.color) << c.id << " " << c.type;
+    for (const auto& [id, type, color] : cases) {
+        const CDUIImageListPtr list = loader.LoadImageFromDll(kModuleA, id, type);
+        ASSERT_TRUE(list) << id;
+        EXPECT_EQ(IconColor(list), color) << id << " " << type;
         std::vector<std::string> lines;
-        if (!c.color)
-            lines.push_back("CResLoader::LoadImageFromResource: failed to load image(id-" +
-                            std::string(c.id) + ", type:" + c.type + ")");
+        if (!color)
+            lines.push_back("CResLoader::LoadImageFromResource: failed to load image(id-" + std::string(id) +
+                            ", type:" + type + ")");
         EXPECT_EQ(traces.Take(), lines);
     }
 }
@@ -81,21 +77,17 @@ TEST_F(ResourceModules, HoldCursors)
 
 TEST_F(ResourceModules, HoldTextsInUtf8)
 {
-    struct Case {
-        UINT codePage;
-        const char* accent;
-        const char* mark;
-    };
-    for (const Case& c : {Case{65001, "caf\xC3\xA9", "\xEF\xBB\xBF"}, Case{936, "caf\xA8\xA6", "?"},
-                          Case{1252, "caf\xE9", "?"}})
+    const Table<UINT, const char*, const char*> cases{
+        {65001, "caf\xC3\xA9", "\xEF\xBB\xBF"}, {936, "caf\xA8\xA6", "?"}, {1252, "caf\xE9", "?"}};
+    for (const auto& [codePage, accent, mark] : cases)
         for (const UINT page : CodePages())
-            if (page == c.codePage) {
+            if (page == codePage) {
                 const CodePage system(page);
                 CString xml;
                 EXPECT_EQ(loader.LoadXMLFromDll(kModuleA, "101", "XML", xml), 1) << page;
-                EXPECT_TRUE(xml.View().ends_with(std::string(c.accent) + "</string></s>\n")) << page;
+                EXPECT_TRUE(xml.View().ends_with(std::string(accent) + "</string></s>\n")) << page;
                 EXPECT_EQ(loader.LoadXMLFromDll(kModuleA, "107", "XML", xml), 1) << "well-formed or not";
-                EXPECT_EQ(xml, (std::string(c.mark) + "<a>").c_str()) << page;
+                EXPECT_EQ(xml, (std::string(mark) + "<a>").c_str()) << page;
             }
     CString xml("before");
     EXPECT_EQ(loader.LoadXMLFromDll(kModuleA, "109", "XML", xml), 0);

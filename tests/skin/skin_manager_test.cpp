@@ -21,7 +21,6 @@ struct SkinObserver : DUI::IDUISkinObserver {
 };
 
 struct LanguageObserver : DUI::IDUILanguageObserver {
-    explicit LanguageObserver(std::function<void()> action = nullptr) : call(std::move(action)) {}
     void OnLanguageTypeChanged(const CString& oldType, const CString& newType) override
     {
         changes.push_back(std::string(oldType.View()) + ">" + newType.GetString());
@@ -42,6 +41,24 @@ std::string Entry(const std::string& tag, const std::string& name, const std::st
     return "<" + tag + " name=\"" + name + "\" config_type=\"file\" file_name=\"skin-test/" + file + "\"/>";
 }
 
+std::string Languages(const std::string& attributes = "default=\"English\"", const std::string& prefix = "")
+{
+    return Set("language_set " + attributes, Entry("language", "English", prefix + "english.xml") +
+                                                 Entry("language", "German", prefix + "german.xml"));
+}
+
+std::string Skins(const std::string& name = "light", const std::string& prefix = "")
+{
+    return Set("skin_set default=\"" + name + "\"",
+               Entry("skin", "light", prefix + "light.xml") + Entry("skin", "dark", prefix + "dark.xml"));
+}
+
+std::string StyleFiles(const std::string& prefix = "")
+{
+    return Set("style_set", Entry("style", "light", prefix + "light-styles.xml") +
+                                Entry("style", "dark", prefix + "dark-styles.xml"));
+}
+
 }  // namespace
 
 // A package of two languages and two skins in the test's folder.
@@ -56,62 +73,58 @@ protected:
         folder.Write("german.xml", R"(<s><string id="hello">Hallo</string></s>)");
         folder.Write("light.xml", Resources("light.png", "#FFFFFFFF"));
         folder.Write("dark.xml", Resources("dark.png", "#FF000000"));
-        folder.Write("light-styles.xml", Styles("DT_LEFT"));
-        folder.Write("dark-styles.xml", Styles("DT_CENTER"));
-        folder.Write("templates.xml",
-                     R"(<t><menu_template><menu name="m"/></menu_template><window_template>)"
-                     R"(<window name="w" v="1"/></window_template><plugin_set><plugin name="p"/>)"
-                     R"(</plugin_set></t>)");
-        folder.Write("more.xml", R"(<t><window_template><window name="w" v="2"/></window_template></t>)");
+        folder.Write("light-styles.xml", Styles("t", "DT_LEFT"));
+        folder.Write("dark-styles.xml", Styles("t", "DT_CENTER"));
+        folder.Write("templates.xml", Templates("m"));
+        folder.Write("more.xml", R"(<t><window_template><window name="m" v="2"/></window_template></t>)");
     }
 
-    static std::string Resources(const std::string& picture, const std::string& color)
+    static std::string Resources(const std::string& picture, const std::string& color,
+                                 const std::string& name = "bk")
     {
-        return "<r><color_set><color name=\"paper\" value=\"" + color + "\"/></color_set>" +
-               "<font_set><font name=\"text\" height=\"-13\" default=\"true\"/></font_set><image_set>" +
-               Entry("image", "bk", picture) + "</image_set></r>";
+        return "<r><color_set><color name=\"paper\" value=\"" + color + "\"/><color name=\"" + name +
+               "\" value=\"" + color + "\"/></color_set><cursor_set>" + Entry("cursor", name, "hand.cur") +
+               "</cursor_set><font_set><font name=\"text\" height=\"-13\" default=\"true\"/></font_set>" +
+               Set("image_set", Entry("image", name, picture)) + "</r>";
     }
-    static std::string Styles(const std::string& format)
+    static std::string Styles(const std::string& name, const std::string& format)
     {
-        return "<s><text_style_set><text_style name=\"t\" format=\"" + format +
-               "\" normal_color=\"paper\"/></text_style_set><frame_style_set><frame_style name=\"f\" "
-               "back_color=\"paper\" back_image=\"bk\"/></frame_style_set>"
-               "<control_style_set><control_style name=\"c\"/></control_style_set></s>";
+        return "<s><text_style_set><text_style name=\"" + name + "\" format=\"" + format +
+               "\" normal_color=\"paper\"/></text_style_set><frame_style_set><frame_style name=\"" + name +
+               "\" back_color=\"paper\" back_image=\"bk\"/></frame_style_set>" +
+               "<control_style_set><control_style name=\"" + name + "\"/></control_style_set></s>";
     }
-    static std::string Languages(const std::string& attributes = "default=\"English\"")
+    static std::string Templates(const std::string& name)
     {
-        return Set("language_set " + attributes,
-                   Entry("language", "English", "english.xml") + Entry("language", "German", "german.xml"));
+        return "<t><menu_template><menu name=\"" + name + "\"/></menu_template><window_template>" +
+               "<window name=\"" + name + "\"/></window_template><plugin_set><plugin name=\"" + name +
+               "\"/></plugin_set></t>";
     }
-    static std::string Skins(const std::string& name = "light")
-    {
-        return Set("skin_set default=\"" + name + "\"",
-                   Entry("skin", "light", "light.xml") + Entry("skin", "dark", "dark.xml"));
-    }
-    static std::string StyleFiles()
-    {
-        return Set("style_set",
-                   Entry("style", "light", "light-styles.xml") + Entry("style", "dark", "dark-styles.xml"));
-    }
-    static std::string Templates()
-    {
-        return Set("template_set", Entry("template", "1", "templates.xml") +
-                                       Entry("template", "2", "missing.xml") +
-                                       Entry("template", "3", "more.xml"));
-    }
-    static CString Package() { return Document(Languages() + Skins() + StyleFiles() + Templates()); }
 
     // Initialises with the package, whose second template file is missing.
     void Initialize()
     {
-        EXPECT_EQ(manager.InitializeSkin(Package()), 1);
-        EXPECT_EQ(traces.Take(), std::vector<std::string>{"CResLoader::LoadXMLFromFile: can not open file(" +
-                                                          SkinFolder::LibraryPath("missing.xml") + ")"});
+        const std::string templates = Set("template_set", Entry("template", "1", "templates.xml") +
+                                                              Entry("template", "2", "missing.xml") +
+                                                              Entry("template", "3", "more.xml"));
+        EXPECT_EQ(manager.InitializeSkin(Document(Languages() + Skins() + StyleFiles() + templates)), 1);
+        EXPECT_EQ(traces.Take(), std::vector<std::string>{NotRead("missing.xml")});
+    }
+    static std::string NotRead(const std::string& file)
+    {
+        return "CResLoader::LoadXMLFromFile: can not open file(" + SkinFolder::LibraryPath(file) + ")";
     }
     std::string String(const char* id)
     {
         CString text;
         return manager.GetStringText(id, text) ? text.GetString() : "(none)";
+    }
+    // How many kinds of templates, control styles included, have one of that name.
+    int TemplatesNamed(const char* name)
+    {
+        CString xml;
+        return manager.GetMenuTemplate(name, xml) + manager.GetPlugin(name, xml) +
+               manager.GetControlStyle(name, xml) + manager.GetWindowTemplate(name, xml);
     }
 
     CDUISkinMgr manager;
@@ -130,78 +143,67 @@ TEST_F(SkinManager, LoadsEverythingThatTheEntryDocumentNames)
     EXPECT_EQ(manager.GetRawColor("#FF102030"), 0x302010U);
     EXPECT_EQ(manager.GetFont("text", 1)->GetHeight(), -13);
     EXPECT_EQ(manager.GetTextStyle("t")->GetTextFormat(), 0U);
-    EXPECT_EQ(Bits(manager.GetFrameBK("f")->GetBKColor()), 0xFFFFFFFFU);
+    EXPECT_EQ(Bits(manager.GetFrameBK("t")->GetBKColor()), 0xFFFFFFFFU);
     CString xml;
-    EXPECT_EQ(manager.GetWindowTemplate("w", xml), 1);
-    EXPECT_STREQ(xml, R"(<window name="w" v="2"/>)") << "the later template file";
-    EXPECT_EQ(
-        manager.GetMenuTemplate("m", xml) + manager.GetPlugin("p", xml) + manager.GetControlStyle("c", xml),
-        3);
+    EXPECT_EQ(manager.GetWindowTemplate("m", xml), 1);
+    EXPECT_STREQ(xml, R"(<window name="m" v="2"/>)") << "the later template file";
+    EXPECT_EQ(TemplatesNamed("m") + TemplatesNamed("t"), 4);
     EXPECT_EQ(manager.GetImage("none", 1), nullptr);
     EXPECT_TRUE(manager.GetCursor("none", 1).IsNull());
     EXPECT_TRUE(manager.GetFrameBK("none").IsNull());
     EXPECT_EQ(manager.GetRawColor("none"), 0U);
-    EXPECT_EQ(manager.GetWindowTemplate("none", xml), 0);
+    EXPECT_EQ(TemplatesNamed("none"), 0);
 }
 
 TEST_F(SkinManager, SaysWhichStepFailed)
 {
-    struct Case {
-        const char* name;
-        std::string content;
-        const char* failure;
-        std::string file;  // that the loader complains about
+    const std::string missing = Set("language_set", Entry("language", "x", "no.xml"));
+    const std::string noSkin = Set("skin_set default=\"x\"", Entry("skin", "x", "no.xml"));
+    const std::string darkStyles = Set("style_set", Entry("style", "dark", "dark-styles.xml"));
+    const char* const entry = "ParseEntryXML failed";
+    const char* const language = "Load Language failed";
+    const char* const resource = "Load Resource failed";
+    const char* const style = "LoadStyleResource failed";
+    // The content, the step that fails, and the file that the loader complains about.
+    const Table<const char*, std::string, const char*, std::string> cases{
+        {"ill-formed", "<a>", entry, ""},
+        {"no languages", Skins() + StyleFiles(), language, ""},
+        {"no such language", Languages("default=\"French\"") + Skins() + StyleFiles(), language, ""},
+        {"a language without a file", missing + Skins() + StyleFiles(), language, "no.xml"},
+        {"no skins", Languages() + StyleFiles(), resource, ""},
+        {"skins before languages", Skins() + Languages() + StyleFiles(), resource, ""},
+        {"no such skin", Languages() + Skins("blue") + StyleFiles(), resource, ""},
+        {"a skin in other letter case", Languages() + Skins("Light") + StyleFiles(), resource, ""},
+        {"a skin without a file", Languages() + noSkin + StyleFiles(), resource, "no.xml"},
+        {"no styles", Languages() + Skins(), style, ""},
+        {"styles of another skin", Languages() + Skins() + darkStyles, style, ""},
     };
-    const std::string notRead = "CResLoader::LoadXMLFromFile: can not open file(";
-    const std::vector<Case> cases{
-        {"ill-formed", "<a>", "ParseEntryXML failed", ""},
-        {"no languages", Skins() + StyleFiles(), "Load Language failed", ""},
-        {"a default that is no language", Languages("default=\"French\"") + Skins() + StyleFiles(),
-         "Load Language failed", ""},
-        {"a language without a file",
-         Set("language_set", Entry("language", "x", "no.xml")) + Skins() + StyleFiles(),
-         "Load Language failed", "no.xml"},
-        {"no skins", Languages() + StyleFiles(), "Load Resource failed", ""},
-        {"skins before languages", Skins() + Languages() + StyleFiles(), "Load Resource failed", ""},
-        {"a default that is no skin", Languages() + Skins("blue") + StyleFiles(), "Load Resource failed", ""},
-        {"a default in other letter case", Languages() + Skins("Light") + StyleFiles(),
-         "Load Resource failed", ""},
-        {"a skin without a file",
-         Languages() + Set("skin_set default=\"x\"", Entry("skin", "x", "no.xml")) + StyleFiles(),
-         "Load Resource failed", "no.xml"},
-        {"no styles", Languages() + Skins(), "LoadStyleResource failed", ""},
-        {"styles of another skin",
-         Languages() + Skins() + Set("style_set", Entry("style", "dark", "dark-styles.xml")),
-         "LoadStyleResource failed", ""},
-    };
-    for (const Case& c : cases) {
+    for (const auto& [name, content, failure, file] : cases) {
         CDUISkinMgr fresh;
-        EXPECT_EQ(fresh.InitializeSkin(Document(c.content)), 0) << c.name;
+        EXPECT_EQ(fresh.InitializeSkin(Document(content)), 0) << name;
         std::vector<std::string> lines;
-        if (!c.file.empty())
-            lines.push_back(notRead + SkinFolder::LibraryPath(c.file) + ")");
-        lines.push_back("CDUISkinMgr::InitializeSkin, " + std::string(c.failure));
-        EXPECT_EQ(traces.Take(), lines) << c.name;
+        if (!file.empty())
+            lines.push_back(NotRead(file));
+        lines.push_back("CDUISkinMgr::InitializeSkin, " + std::string(failure));
+        EXPECT_EQ(traces.Take(), lines) << name;
     }
 }
 
 TEST_F(SkinManager, ReadsTheFirstSetOfAKindAndTheLastEntryOfAName)
 {
-    EXPECT_EQ(manager.InitializeSkin(Document(
-                  Languages("") + "<skin_set default=\"light\">" + Entry("skin", "light", "dark.xml") +
-                  Entry("skin", "light", "light.xml") + "<other/></skin_set>" + Skins("dark") + StyleFiles() +
-                  "<skin_package file=\"a.zip\"/>")),
+    const std::string twice = Entry("skin", "light", "dark.xml") + Entry("skin", "light", "light.xml");
+    EXPECT_EQ(manager.InitializeSkin(
+                  Document(Languages("") + Set("skin_set default=\"light\"", twice + "<other/>") +
+                           Skins("dark") + StyleFiles() + "<skin_package file=\"a.zip\"/>")),
               1);
     EXPECT_STREQ(manager.GetLanguageType(), "English") << "the first one when there is no default";
     EXPECT_STREQ(manager.GetSkinTyle(), "light");
     EXPECT_EQ(Bits(manager.GetColor("paper")), 0xFFFFFFFFU);
 
+    const std::string alike = Entry("language", "X", "english.xml") + Entry("language", "x", "german.xml");
     CDUISkinMgr other;
-    EXPECT_EQ(other.InitializeSkin(
-                  Document(Set("language_set default=\"x\"",
-                               Entry("language", "X", "english.xml") + Entry("language", "x", "german.xml")) +
-                           Skins() + StyleFiles())),
-              1);
+    EXPECT_EQ(
+        other.InitializeSkin(Document(Set("language_set default=\"x\"", alike) + Skins() + StyleFiles())), 1);
     EXPECT_STREQ(other.GetLanguageType(), "X") << "of two that differ in letter case the first";
 }
 
@@ -214,7 +216,7 @@ TEST_F(SkinManager, ComesBackInTheSameLanguage)
     EXPECT_EQ(String("hello"), "(none)");
     EXPECT_TRUE(manager.GetColor("paper").IsEmpty());
     EXPECT_EQ(manager.GetImage("bk", 1), nullptr);
-    EXPECT_TRUE(manager.GetFrameBK("f").IsNull());
+    EXPECT_TRUE(manager.GetFrameBK("t").IsNull());
     EXPECT_EQ(IconColor(image), 0xFFFFFFFFU);
     EXPECT_STREQ(manager.GetLanguageType(), "german");
     EXPECT_EQ(manager.SetLanguageType("English"), 0) << "there are no languages now";
@@ -223,45 +225,36 @@ TEST_F(SkinManager, ComesBackInTheSameLanguage)
     EXPECT_EQ(String("hello"), "Hallo");
 }
 
-// --- languages
-// ----------------------------------------------------------------------------------------------
-
 TEST_F(SkinManager, SwitchesTheLanguageAndTells)
 {
     Initialize();
     LanguageObserver observer;
-    manager.AddLanguageObserver(&observer);
-    struct Case {
-        const char* type;
-        int result;
-        const char* language;
-        const char* hello;
-        const char* only;
-    };
-    const std::vector<Case> cases{
+    EXPECT_EQ(manager.AddLanguageObserver(&observer), 1);
+    EXPECT_EQ(manager.AddLanguageObserver(&observer), 1) << "told once all the same";
+    // The type asked for, whether it is taken, the type then, and two strings.
+    const Table<const char*, int, const char*, const char*, const char*> cases{
         {"English", 0, "English", "Hello", "English"}, {"ENGLISH", 0, "English", "Hello", "English"},
         {"French", 0, "English", "Hello", "English"},  {"", 0, "English", "Hello", "English"},
         {"GERMAN", 1, "GERMAN", "Hallo", "(none)"},    {"german", 0, "GERMAN", "Hallo", "(none)"},
         {"English", 1, "English", "Hello", "English"},
     };
-    for (const Case& c : cases) {
-        EXPECT_EQ(manager.SetLanguageType(c.type), c.result) << c.type;
-        EXPECT_STREQ(manager.GetLanguageType(), c.language) << c.type;
-        EXPECT_EQ(String("hello"), c.hello) << c.type;
-        EXPECT_EQ(String("only"), c.only) << c.type;
+    for (const auto& [type, result, language, hello, only] : cases) {
+        EXPECT_EQ(manager.SetLanguageType(type), result) << type;
+        EXPECT_STREQ(manager.GetLanguageType(), language) << type;
+        EXPECT_EQ(String("hello"), hello) << type;
+        EXPECT_EQ(String("only"), only) << type;
     }
+    EXPECT_EQ(manager.RemoveLanguageObserver(&observer), 1);
+    manager.SetLanguageType("German");
     EXPECT_EQ(observer.changes, (std::vector<std::string>{"English>GERMAN", "GERMAN>English"}));
 }
-
-// --- skins
-// --------------------------------------------------------------------------------------------------
 
 TEST_F(SkinManager, SwitchesTheSkinInPlaceAndTells)
 {
     Initialize();
     const auto image = manager.GetImage("bk", 1);
     const auto text = manager.GetTextStyle("t");
-    const auto frame = manager.GetFrameBK("f");
+    const auto frame = manager.GetFrameBK("t");
     std::vector<std::uint32_t> seen;
     SkinObserver observer([&] { seen.push_back(Bits(frame->GetBKColor())); });
     manager.AddSkinObserver(&observer);
@@ -274,36 +267,24 @@ TEST_F(SkinManager, SwitchesTheSkinInPlaceAndTells)
     EXPECT_EQ(text->GetTextFormat(), 1U);
     EXPECT_EQ(Bits(text->GetNormalColor()), 0xFF000000U);
     EXPECT_EQ(manager.GetTextStyle("t").GetPtr(), text.GetPtr());
-    EXPECT_EQ(manager.GetFrameBK("f").GetPtr(), frame.GetPtr());
+    EXPECT_EQ(manager.GetFrameBK("t").GetPtr(), frame.GetPtr());
     EXPECT_EQ(manager.GetImage("bk", 1), image);
+
+    folder.Write("dark.xml", Resources("dark.png", "#FF123456"));
+    manager.SetSkinTyle("Light");
+    EXPECT_STREQ(manager.GetSkinTyle(), "dark") << "an unknown one reloads the current one";
+    EXPECT_EQ(Bits(frame->GetBKColor()), 0xFF123456U);
+    EXPECT_EQ(observer.calls, 2);
 }
 
-TEST_F(SkinManager, AnUnknownSkinReloadsTheCurrentOne)
+TEST_F(SkinManager, ABrokenOrMissingPartLeavesWhatWasThere)
 {
-    Initialize();
-    SkinObserver observer;
-    manager.AddSkinObserver(&observer);
-    folder.Write("light.xml", Resources("light.png", "#FF123456"));
-    manager.SetSkinTyle("Dark");
-    EXPECT_STREQ(manager.GetSkinTyle(), "light");
-    EXPECT_EQ(Bits(manager.GetColor("paper")), 0xFF123456U);
-    EXPECT_EQ(Bits(manager.GetFrameBK("f")->GetBKColor()), 0xFF123456U);
-    EXPECT_EQ(observer.calls, 1);
-}
-
-TEST_F(SkinManager, ASkinWithoutStylesKeepsThoseOfTheOther)
-{
-    EXPECT_EQ(manager.InitializeSkin(Document(Languages() + Skins() +
-                                              Set("style_set", Entry("style", "light", "light-styles.xml")))),
-              1);
+    const std::string lightAlone = Set("style_set", Entry("style", "light", "light-styles.xml"));
+    EXPECT_EQ(manager.InitializeSkin(Document(Languages() + Skins() + lightAlone)), 1);
     manager.SetSkinTyle("dark");
-    EXPECT_EQ(manager.GetTextStyle("t")->GetTextFormat(), 0U);
-    EXPECT_EQ(Bits(manager.GetTextStyle("t")->GetNormalColor()), 0xFF000000U)
-        << "with the new skin's colours";
-}
+    EXPECT_EQ(manager.GetTextStyle("t")->GetTextFormat(), 0U) << "a skin without styles has the other's";
+    EXPECT_EQ(Bits(manager.GetTextStyle("t")->GetNormalColor()), 0xFF000000U) << "in the new colours";
 
-TEST_F(SkinManager, ABrokenSkinLeavesWhatWasThere)
-{
     Initialize();
     const auto image = manager.GetImage("bk", 1);
     folder.Write("dark.xml", "<r><color_set>");
@@ -314,7 +295,7 @@ TEST_F(SkinManager, ABrokenSkinLeavesWhatWasThere)
     EXPECT_STREQ(manager.GetSkinTyle(), "dark");
     EXPECT_EQ(observer.calls, 1);
     EXPECT_EQ(IconColor(image), 0xFFFFFFFFU);
-    EXPECT_EQ(traces.Take().size(), 2U);
+    EXPECT_EQ(traces.Take(), (std::vector<std::string>{NotRead("dark.xml"), NotRead("dark-styles.xml")}));
 }
 
 TEST_F(SkinManager, AThousandSwitchesLeaveNothingBehind)
@@ -346,33 +327,20 @@ TEST_F(SkinManager, AThousandSwitchesLeaveNothingBehind)
     EXPECT_EQ(objects.Leaked(qvui::test::LiveObjects::Count()), "");
 }
 
-// --- observers
-// ----------------------------------------------------------------------------------------------
-
 TEST_F(SkinManager, ObserversComeOnceInOrder)
 {
     Initialize();
     std::string order;
     SkinObserver first([&] { order += '1'; });
     SkinObserver second([&] { order += '2'; });
-    EXPECT_EQ(manager.AddSkinObserver(&first), 1);
-    EXPECT_EQ(manager.AddSkinObserver(&second), 1);
-    EXPECT_EQ(manager.AddSkinObserver(&first), 1);
-    EXPECT_EQ(manager.AddSkinObserver(nullptr), 1);
+    for (SkinObserver* observer : {&first, &second, &first, static_cast<SkinObserver*>(nullptr)})
+        EXPECT_EQ(manager.AddSkinObserver(observer), 1);
     manager.SetSkinTyle("dark");
     EXPECT_EQ(order, "12");
-    EXPECT_EQ(manager.RemoveSkinObserver(&first), 1);
-    EXPECT_EQ(manager.RemoveSkinObserver(&first), 1);
+    for (int i = 0; i < 2; ++i)
+        EXPECT_EQ(manager.RemoveSkinObserver(&first), 1);
     manager.SetSkinTyle("light");
     EXPECT_EQ(order, "122");
-    LanguageObserver language;
-    manager.AddLanguageObserver(&language);
-    EXPECT_EQ(manager.AddLanguageObserver(&language), 1);
-    manager.SetLanguageType("German");
-    EXPECT_EQ(language.changes.size(), 1U);
-    EXPECT_EQ(manager.RemoveLanguageObserver(&language), 1);
-    manager.SetLanguageType("English");
-    EXPECT_EQ(language.changes.size(), 1U);
 }
 
 TEST_F(SkinManager, ObserversMayComeAndGoDuringTheCall)
@@ -388,9 +356,8 @@ TEST_F(SkinManager, ObserversMayComeAndGoDuringTheCall)
         manager.AddSkinObserver(&late);
     };
     SkinObserver last;
-    manager.AddSkinObserver(&self);
-    manager.AddSkinObserver(gone.get());
-    manager.AddSkinObserver(&last);
+    for (SkinObserver* observer : {&self, gone.get(), &last})
+        manager.AddSkinObserver(observer);
     manager.SetSkinTyle("dark");
     EXPECT_EQ(self.calls, 1);
     EXPECT_EQ(last.calls, 1);
@@ -426,40 +393,20 @@ TEST_F(SkinManager, ASwitchInsideASwitchEndsWithTheInnerOne)
     EXPECT_EQ(Bits(manager.GetColor("paper")), 0xFFFFFFFFU);
 }
 
-// --- added skins
-// --------------------------------------------------------------------------------------------
-
 TEST_F(SkinManager, AddedSkinsAnswerWhatTheMainOneLacks)
 {
     Initialize();
-    folder.Write("extra-en.xml", R"(<s><string id="extra">More</string><string id="hello">no</string></s>)");
-    folder.Write("extra-de.xml", R"(<s><string id="extra">Mehr</string></s>)");
-    const auto resources = [&](const char* color) {
-        return "<r><color_set><color name=\"extra\" value=\"" + std::string(color) +
-               "\"/><color name=\"paper\" value=\"#FF999999\"/></color_set><cursor_set>" +
-               Entry("cursor", "hand", "hand.cur") + "</cursor_set><image_set>" +
-               Entry("image", "extra", "dark.png") + "</image_set></r>";
-    };
     folder.WriteCursor("hand.cur");
-    folder.Write("extra-light.xml", resources("#FF111111"));
-    folder.Write("extra-dark.xml", resources("#FF222222"));
-    folder.Write(
-        "extra-styles.xml",
-        R"(<s><text_style_set><text_style name="extra" format="DT_RIGHT"/></text_style_set><frame_style_set>)"
-        R"(<frame_style name="extra"/></frame_style_set><control_style_set><control_style name="extra"/>)"
-        R"(</control_style_set></s>)");
-    folder.Write(
-        "extra-templates.xml",
-        R"(<t><menu_template><menu name="extra"/></menu_template><window_template><window name="extra"/>)"
-        R"(</window_template><plugin_set><plugin name="extra"/></plugin_set></t>)");
+    folder.Write("x-english.xml", R"(<s><string id="extra">More</string><string id="hello">no</string></s>)");
+    folder.Write("x-german.xml", R"(<s><string id="extra">Mehr</string></s>)");
+    folder.Write("x-light.xml", Resources("dark.png", "#FF111111", "extra"));
+    folder.Write("x-dark.xml", Resources("dark.png", "#FF222222", "extra"));
+    folder.Write("x-light-styles.xml", Styles("extra", "DT_RIGHT"));
+    folder.Write("x-dark-styles.xml", Styles("extra", "DT_RIGHT"));
+    folder.Write("x-templates.xml", Templates("extra"));
     const CString entry =
-        Document(Set("language_set default=\"English\"", Entry("language", "English", "extra-en.xml") +
-                                                             Entry("language", "German", "extra-de.xml")) +
-                 Set("skin_set default=\"dark\"",
-                     Entry("skin", "light", "extra-light.xml") + Entry("skin", "dark", "extra-dark.xml")) +
-                 Set("style_set", Entry("style", "light", "extra-styles.xml") +
-                                      Entry("style", "dark", "extra-styles.xml")) +
-                 Set("template_set", Entry("template", "", "extra-templates.xml")));
+        Document(Languages("default=\"English\"", "x-") + Skins("dark", "x-") + StyleFiles("x-") +
+                 Set("template_set", Entry("template", "", "x-templates.xml")));
     EXPECT_EQ(String("extra"), "(none)");
     EXPECT_EQ(manager.AddNewSkin(entry), 1);
     EXPECT_EQ(manager.AddNewSkin(entry), 0) << "it is there";
@@ -471,14 +418,11 @@ TEST_F(SkinManager, AddedSkinsAnswerWhatTheMainOneLacks)
     EXPECT_EQ(IconColor(manager.GetImage("extra", 1)), 0xFF000000U);
     EXPECT_EQ(manager.GetImage("extra", 1), manager.GetImage("extra", 1));
     EXPECT_NE(manager.GetImage("extra", 0), manager.GetImage("extra", 1));
-    EXPECT_FALSE(manager.GetCursor("hand", 1).IsNull());
+    EXPECT_FALSE(manager.GetCursor("extra", 1).IsNull());
     EXPECT_FALSE(manager.GetFrameBK("extra").IsNull());
     EXPECT_EQ(manager.GetTextStyle("extra").GetPtr(), manager.GetTextStyle("").GetPtr())
         << "the main one's default is an answer";
-    CString xml;
-    EXPECT_EQ(manager.GetWindowTemplate("extra", xml) + manager.GetMenuTemplate("extra", xml) +
-                  manager.GetControlStyle("extra", xml) + manager.GetPlugin("extra", xml),
-              4);
+    EXPECT_EQ(TemplatesNamed("extra"), 4);
     manager.SetLanguageType("German");
     manager.SetSkinTyle("dark");
     EXPECT_EQ(String("extra"), "Mehr");

@@ -1,5 +1,7 @@
 #include "skin/skin_test.h"
 
+#include <qvui/skin/xml_document.h>
+
 #include <algorithm>
 #include <filesystem>
 #include <fstream>
@@ -113,6 +115,16 @@ TraceLines::TraceLines()
                 traces.m_lines.emplace_back(line);
         },
         this);
+}
+
+std::vector<std::string> LogWords(const CString& log)
+{
+    std::vector<std::string> words;
+    DUI::CXmlDocument xml;
+    EXPECT_TRUE(xml.SetDocument("<log>" + log + "</log>")) << log.GetString();
+    while (xml.FindChildElement())
+        words.emplace_back(xml.GetChildTagName());
+    return words;
 }
 
 std::uint32_t IconColor(const DUI::CDUIImageListPtr& list, int icon)

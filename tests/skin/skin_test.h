@@ -13,6 +13,7 @@
 #include <qvui/skin/skin_manager.h>
 
 #include "support/leak_check.h"
+#include "support/table.h"
 
 /// A folder beside the test program, where the library looks for the files of a skin. It goes with the
 /// object.
@@ -85,6 +86,9 @@ inline std::uint32_t Bits(const DUI::CARGB& color)
 
 /// The stored pixel in the middle of an icon of a strip, 0xAARRGGBB; 0 when there is no picture.
 std::uint32_t IconColor(const DUI::CDUIImageListPtr& list, int icon = 0);
+
+/// The words of a document's result log, in order.
+std::vector<std::string> LogWords(const CString& log);
 
 /// "<root>" + content + "</root>".
 inline CString Document(const std::string& content)

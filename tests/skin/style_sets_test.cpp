@@ -1,8 +1,10 @@
 // Text, frame and control styles.
 
+#include <array>
 #include <map>
 
 #include "skin/skin_test.h"
+#include "support/geometry_text.h"
 
 using DUI::CDUIFrameBK;
 using DUI::CRefPtr;
@@ -11,29 +13,16 @@ using DUI::CTextStyle;
 
 namespace {
 
-struct Colors {
-    std::uint32_t single = 0, start = 0, end = 0, middle = 0;
-    double separator = 0;
-    int vertical = 0;
-    bool operator==(const Colors&) const = default;
-};
+// The colour, the two or three of a gradient, where they part, and whether it is vertical.
+using Colors = std::tuple<std::uint32_t, std::uint32_t, std::uint32_t, std::uint32_t, double, int>;
 
 Colors ColorsOf(CDUIFrameBK& frame)
 {
     DUI::CARGB start, end, middle;
-    Colors colors;
-    frame.GetBKCOlor(start, end, middle, colors.separator, colors.vertical);
-    colors.single = Bits(frame.GetBKColor());
-    colors.start = Bits(start);
-    colors.end = Bits(end);
-    colors.middle = Bits(middle);
-    return colors;
-}
-
-std::ostream& operator<<(std::ostream& stream, const Colors& c)
-{
-    return stream << std::hex << c.single << " " << c.start << " " << c.end << " " << c.middle << " "
-                  << c.separator << " " << c.vertical;
+    double separator = 0;
+    int vertical = 0;
+    frame.GetBKCOlor(start, end, middle, separator, vertical);
+    return {Bits(frame.GetBKColor()), Bits(start), Bits(end), Bits(middle), separator, vertical};
 }
 
 }  // namespace
@@ -54,37 +43,23 @@ protected:
         Parse("<frame_style_set><frame_style name=\"f\" " + attributes + "/></frame_style_set>");
     }
     CRefPtr<CDUIFrameBK> Frame() { return manager.GetFrameBK("f"); }
+    std::string BorderText() { return qvui::test::Text(Frame()->GetFrameBorder()); }
 
     CResMgr manager;
 };
 
 TEST_F(StyleSets, TextFormatsAreNamesAnywhereInTheText)
 {
-    const std::map<std::string, DWORD> formats{{"", 0},
-                                               {"DT_CENTER|DT_VCENTER", 5},
-                                               {"dt_right", 2},
-                                               {"Dt_VCenter DT_SINGLELINE", 36},
-                                               {"DT_END_ELLIPSIS,DT_LEFT", 0x8000},
-                                               {"DT_LEFT|DT_TOP", 0},
-                                               {"DT_BOTTOM", 8},
-                                               {"DT_WORDBREAK", 16},
-                                               {"DT_EXPANDTABS", 64},
-                                               {"DT_TABSTOP", 128},
-                                               {"DT_NOCLIP", 256},
-                                               {"DT_EXTERNALLEADING", 512},
-                                               {"DT_NOPREFIX", 2048},
-                                               {"DT_INTERNAL", 4096},
-                                               {"DT_EDITCONTROL", 8192},
-                                               {"DT_PATH_ELLIPSIS", 16384},
-                                               {"DT_MODIFYSTRING", 65536},
-                                               {"DT_RTLREADING", 131072},
-                                               {"DT_WORD_ELLIPSIS", 262144},
-                                               {"DT_NOFULLWIDTHCHARBREAK", 524288},
-                                               {"DT_HIDEPREFIX", 1048576},
-                                               {"DT_PREFIXONLY", 2097152},
-                                               {"DT_CALCRECT", 0},
-                                               {"xDT_CENTERx", 1},
-                                               {"CENTER", 0}};
+    // clang-format off
+    const std::map<std::string, DWORD> formats{
+        {"", 0}, {"DT_CENTER|DT_VCENTER", 5}, {"dt_right", 2}, {"Dt_VCenter DT_SINGLELINE", 36},
+        {"DT_END_ELLIPSIS,DT_LEFT", 0x8000}, {"DT_LEFT|DT_TOP", 0}, {"DT_BOTTOM", 8}, {"DT_WORDBREAK", 16},
+        {"DT_EXPANDTABS", 64}, {"DT_TABSTOP", 128}, {"DT_NOCLIP", 256}, {"DT_EXTERNALLEADING", 512},
+        {"DT_NOPREFIX", 2048}, {"DT_INTERNAL", 4096}, {"DT_EDITCONTROL", 8192}, {"DT_PATH_ELLIPSIS", 16384},
+        {"DT_MODIFYSTRING", 65536}, {"DT_RTLREADING", 131072}, {"DT_WORD_ELLIPSIS", 262144},
+        {"DT_NOFULLWIDTHCHARBREAK", 524288}, {"DT_HIDEPREFIX", 1048576}, {"DT_PREFIXONLY", 2097152},
+        {"DT_CALCRECT", 0}, {"xDT_CENTERx", 1}, {"CENTER", 0}};
+    // clang-format on
     for (const auto& [text, format] : formats)
         EXPECT_EQ(CResMgr::ParseTextFormat(text.c_str()), format) << text;
 }
@@ -102,17 +77,15 @@ TEST_F(StyleSets, TextStylesHaveFontsAndColoursForEveryState)
     for (const DUI::CFontObject* font : {plain->GetNormalFont().GetPtr(), plain->GetHoverFont().GetPtr(),
                                          plain->GetSelectFont().GetPtr(), plain->GetDisableFont().GetPtr()})
         EXPECT_EQ(font, hot);
-    EXPECT_EQ(plain->GetTextFormat(), 0U);
     EXPECT_TRUE(plain->GetNormalColor().IsEmpty());
     EXPECT_STREQ(plain->GetTextStyleName(), "") << "the name is the application's";
     const CRefPtr<CTextStyle> full = manager.GetTextStyle("full");
     EXPECT_EQ(full->GetTextFormat(), 1U);
     EXPECT_EQ(full->GetNormalFont().GetPtr(), text);
     EXPECT_EQ(full->GetDisableFont().GetPtr(), hot);
-    EXPECT_EQ(Bits(full->GetNormalColor()), 0xFFFF0000U);
-    EXPECT_EQ(Bits(full->GetHoverColor()), 0xFF00FF00U);
-    EXPECT_EQ(Bits(full->GetSelectColor()), 0x80000001U);
-    EXPECT_TRUE(full->GetDisableColor().IsEmpty());
+    EXPECT_EQ((std::array{Bits(full->GetNormalColor()), Bits(full->GetHoverColor()),
+                          Bits(full->GetSelectColor()), Bits(full->GetDisableColor())}),
+              (std::array{0xFFFF0000U, 0xFF00FF00U, 0x80000001U, 0U}));
     EXPECT_EQ(manager.GetDefaultTextStyle().GetPtr(), full.GetPtr())
         << "the first by name; one without is skipped";
 }
@@ -160,11 +133,7 @@ TEST_F(StyleSets, BackgroundsHaveOneToThreeColours)
     constexpr std::uint32_t kRed = 0xFFFF0000;
     constexpr std::uint32_t kGreen = 0xFF00FF00;
     constexpr std::uint32_t kBlue = 0xFF0000FF;
-    struct Case {
-        const char* attributes;
-        Colors colors;
-    };
-    const std::vector<Case> cases{
+    const Table<const char*, Colors> cases{
         {R"(back_color="red")", {kRed, 0, 0, 0, 0.5, 1}},
         {R"(back_color="#FFFF0000,#FF0000FF")", {0, kRed, kBlue, 0, 0.5, 1}},
         {R"(back_color="red,green,blue")", {0, kRed, kGreen, kBlue, 0.5, 1}},
@@ -183,10 +152,10 @@ TEST_F(StyleSets, BackgroundsHaveOneToThreeColours)
         {R"(back_sep="far")", {0, 0, 0, 0, 0.5, 1}},
         {R"(back_sep="" back_vertical="" back_color="")", {0, 0, 0, 0, 0.5, 1}},
     };
-    for (const Case& c : cases) {
+    for (const auto& [attributes, colors] : cases) {
         manager.ClearTemplate();
-        ParseFrame(c.attributes);
-        EXPECT_EQ(ColorsOf(*Frame().GetPtr()), c.colors) << c.attributes;
+        ParseFrame(attributes);
+        EXPECT_EQ(ColorsOf(*Frame().GetPtr()), colors) << attributes;
     }
 }
 
@@ -203,13 +172,11 @@ TEST_F(StyleSets, FrameAttributesReachTheFrame)
     EXPECT_EQ(frame.GetFrameImage(), manager.GetImage("a", 1));
     EXPECT_EQ(frame.GetSkinImagePos().kind, 4);
     EXPECT_EQ(Bits(frame.GetFrameColor()), 0xFF0000FFU);
-    const RECT border = frame.GetFrameBorder();
-    EXPECT_TRUE(border.left == 1 && border.top == 2 && border.right == 3 && border.bottom == 4);
+    EXPECT_EQ(BorderText(), "1,2,3,4");
     int width = 0;
     int height = 0;
     frame.GetFrameRound(width, height);
-    EXPECT_EQ(width, 5);
-    EXPECT_EQ(height, 6);
+    EXPECT_TRUE(width == 5 && height == 6);
 
     const CRefPtr<CDUIFrameBK> before = Frame();
     ParseFrame(R"(border_color="red")");
@@ -218,8 +185,7 @@ TEST_F(StyleSets, FrameAttributesReachTheFrame)
     EXPECT_EQ(frame.GetSkinImagePos().kind, 4) << "what is not given stays";
     ParseFrame(R"(back_image="unknown" border_rect="9")");
     EXPECT_EQ(frame.GetSkinImage(), nullptr);
-    EXPECT_EQ(frame.GetFrameBorder().left, 9);
-    EXPECT_EQ(frame.GetFrameBorder().bottom, 0);
+    EXPECT_EQ(BorderText(), "9,0,0,0");
     Parse(R"(<frame_style_set><frame_style back_color="red"/></frame_style_set>)");
     EXPECT_TRUE(manager.GetFrameBK("").IsNull());
     EXPECT_TRUE(manager.GetFrameBK("F").IsNull());
@@ -227,47 +193,39 @@ TEST_F(StyleSets, FrameAttributesReachTheFrame)
 
 TEST_F(StyleSets, BordersReadNumberAfterNumber)
 {
-    struct Case {
-        const char* text;
-        RECT border;
-    };
-    const std::string filled(120, ' ');
-    const std::string cutInside = filled + "1,2,345,6";  // the cut leaves "1,2,34"
-    const std::vector<Case> cases{
-        {"1,2,3,4", {1, 2, 3, 4}},
-        {"1, 2, 3, 4", {1, 2, 3, 4}},
-        {"1 2 3 4 5", {1, 2, 3, 4}},
-        {"-1,+2", {-1, 2, 0, 0}},
-        {"1,,3", {1, 0, 3, 0}},
-        {"1;2|3x4", {1, 2, 3, 4}},
-        {"a", {0, 0, 0, 0}},
-        {"99999999999,-99999999999,1,2", {0x7FFFFFFF, -0x7FFFFFFF - 1, 1, 2}},
-        {cutInside.c_str(), {1, 2, 34, 0}},
-    };
-    for (const Case& c : cases) {
-        ParseFrame("border_rect=\"" + std::string(c.text) + "\"");
-        const RECT border = Frame()->GetFrameBorder();
-        EXPECT_TRUE(border.left == c.border.left && border.top == c.border.top &&
-                    border.right == c.border.right && border.bottom == c.border.bottom)
-            << c.text << ": " << border.left << "," << border.top << "," << border.right << ","
-            << border.bottom;
+    const std::string cutInside = std::string(120, ' ') + "1,2,345,6";  // the cut leaves "1,2,34"
+    const std::map<std::string, std::string> cases{
+        {"1,2,3,4", "1,2,3,4"},
+        {"1 2 3 4 5", "1,2,3,4"},
+        {"-1,+2", "-1,2,0,0"},
+        {"1,,3", "1,0,3,0"},
+        {"1;2|3x4", "1,2,3,4"},
+        {"a", "0,0,0,0"},
+        {"99999999999,-99999999999,1,2", "2147483647,-2147483648,1,2"},
+        {cutInside, "1,2,34,0"}};
+    for (const auto& [text, border] : cases) {
+        ParseFrame("border_rect=\"" + text + "\"");
+        EXPECT_EQ(BorderText(), border) << text;
     }
 }
 
 TEST_F(StyleSets, ImagePositionsAreWordsAnywhereInTheText)
 {
-    struct Case {
-        const char* text;
-        int kind;
-    };
-    for (const Case& c :
-         {Case{"left_top", 0}, Case{"left_bottom", 1}, Case{"right_top", 2}, Case{"right_bottom", 3},
-          Case{"center", 4}, Case{"middle", 0}, Case{"CENTER", 0}, Case{"at the center", 4},
-          Case{"center right_bottom", 3}, Case{"right_top right_bottom", 3}}) {
+    const std::map<std::string, int> kinds{{"left_top", 0},
+                                           {"left_bottom", 1},
+                                           {"right_top", 2},
+                                           {"right_bottom", 3},
+                                           {"center", 4},
+                                           {"middle", 0},
+                                           {"CENTER", 0},
+                                           {"at the center", 4},
+                                           {"center right_bottom", 3},
+                                           {"right_top right_bottom", 3}};
+    for (const auto& [text, kind] : kinds) {
         const CRefPtr<CDUIFrameBK> frame(new CDUIFrameBK);
         frame->SetSkinImagePos({4, 7, 8});
-        manager.ParseFrameBKImagePos(c.text, frame);
-        EXPECT_EQ(frame->GetSkinImagePos().kind, c.kind) << c.text;
+        manager.ParseFrameBKImagePos(text.c_str(), frame);
+        EXPECT_EQ(frame->GetSkinImagePos().kind, kind) << text;
         EXPECT_EQ(frame->GetSkinImagePos().x, 7) << "the offsets stay";
     }
 }

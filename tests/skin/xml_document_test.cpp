@@ -2,25 +2,11 @@
 
 #include <qvui/skin/xml_document.h>
 
-#include <gtest/gtest.h>
-
-#include <string>
-#include <vector>
+#include "skin/skin_test.h"
 
 namespace {
 
 using DUI::CXmlDocument;
-
-// The words of a result log, in order.
-std::vector<std::string> Words(const CString& log)
-{
-    std::vector<std::string> words;
-    CXmlDocument xml;
-    EXPECT_TRUE(xml.SetDocument(CString("<log>") + log + "</log>")) << log.GetString();
-    while (xml.FindChildElement())
-        words.emplace_back(xml.GetChildTagName());
-    return words;
-}
 
 // The elements as "a(b c(d))".
 std::string Tree(CXmlDocument& xml)
@@ -62,13 +48,7 @@ std::string Repeat(const char* text, int count)
 
 TEST(XmlDocument, ParsesWhatItCanAndNamesEveryProblem)
 {
-    struct Case {
-        const char* name;
-        const char* text;
-        const char* tree;
-        std::vector<std::string> words;
-    };
-    const std::vector<Case> cases{
+    const Table<const char*, const char*, const char*, std::vector<std::string>> cases{
         {"one element", "<a/>", "a", {}},
         {"nested", "<a><b/><c><d></d></c></a>", "a(b c(d))", {}},
         {"blanks everywhere", "\r\n <a\t>\n<b />\t</a >\r\n", "a(b)", {}},
@@ -114,12 +94,12 @@ TEST(XmlDocument, ParsesWhatItCanAndNamesEveryProblem)
         {"names that begin alike", "<ab><a></ab></a>", "ab(a)", {"unended_start_tag", "lone_end_tag"}},
         {"case counts", "<a></A>", "a", {"lone_end_tag", "unended_start_tag"}},
     };
-    for (const Case& c : cases) {
+    for (const auto& [name, text, tree, words] : cases) {
         CXmlDocument xml;
-        EXPECT_EQ(xml.SetDocument(c.text), c.words.empty()) << c.name;
-        EXPECT_EQ(xml.IsWellFormed(), c.words.empty()) << c.name;
-        EXPECT_EQ(Words(xml.GetResult()), c.words) << c.name;
-        EXPECT_EQ(Forest(xml), c.tree) << c.name;
+        EXPECT_EQ(xml.SetDocument(text), words.empty()) << name;
+        EXPECT_EQ(xml.IsWellFormed(), words.empty()) << name;
+        EXPECT_EQ(LogWords(xml.GetResult()), words) << name;
+        EXPECT_EQ(Forest(xml), tree) << name;
     }
 }
 
@@ -139,7 +119,6 @@ TEST(XmlDocument, ReplacesTheDocumentBefore)
 {
     CXmlDocument xml = Parsed("<a b=\"1\"></c></a>");
     xml.FindElement();
-    EXPECT_STREQ(xml.GetAttribute("b"), "1");
     EXPECT_TRUE(xml.SetDocument("<x b=\"2\"><y/></x>"));
     EXPECT_STREQ(xml.GetTagName(), "") << "the cursor is at the document level";
     EXPECT_TRUE(xml.FindElement("x"));
@@ -147,8 +126,7 @@ TEST(XmlDocument, ReplacesTheDocumentBefore)
     EXPECT_FALSE(xml.SetDocument(nullptr));
     EXPECT_STREQ(xml.GetResult(), "<no_root_element/>\r\n");
     EXPECT_TRUE(xml.GetDocument().IsEmpty());
-    EXPECT_FALSE(xml.FindElement());
-    EXPECT_FALSE(xml.IntoElement() || xml.OutOfElement() || xml.FindChildElement());
+    EXPECT_FALSE(xml.FindElement() || xml.IntoElement() || xml.OutOfElement() || xml.FindChildElement());
     EXPECT_STREQ(xml.GetAttribute("b"), "");
     EXPECT_STREQ(xml.GetSubDocument(), "");
 }
@@ -156,19 +134,14 @@ TEST(XmlDocument, ReplacesTheDocumentBefore)
 TEST(XmlDocument, RefusesTextWhileItReadsOrWritesAFile)
 {
     for (const int flag : {CXmlDocument::kReadFile, CXmlDocument::kWriteFile}) {
-        CXmlDocument xml = Parsed("<a><b/></a>");
+        CXmlDocument xml = Parsed("<a></b></a>");
         xml.FindElement();
         xml.SetFlags(flag);
-        EXPECT_FALSE(xml.SetDocument("<x/>"));
-        EXPECT_FALSE(xml.SetDocument(nullptr));
-        EXPECT_STREQ(xml.GetDocument(), "<a><b/></a>");
-        EXPECT_STREQ(xml.GetSubDocument(), "");
+        EXPECT_FALSE(xml.SetDocument("<x/>") || xml.SetDocument(nullptr));
+        EXPECT_STREQ(xml.GetDocument(), "<a></b></a>");
         EXPECT_STREQ(xml.GetTagName(), "a");
+        EXPECT_EQ(xml.IsWellFormed(), flag == CXmlDocument::kWriteFile) << "what is written is by definition";
     }
-    CXmlDocument broken = Parsed("<a></b></a>");
-    EXPECT_FALSE(broken.IsWellFormed());
-    broken.SetFlags(CXmlDocument::kWriteFile);
-    EXPECT_TRUE(broken.IsWellFormed()) << "what is being written is well formed by definition";
 }
 
 TEST(XmlNavigation, SearchesGoOnBehindWhatWasFound)
@@ -215,38 +188,27 @@ TEST(XmlNavigation, GoesIntoElementsAndOut)
 
 TEST(XmlNavigation, NamesMatchWhole)
 {
-    struct Case {
-        const char* tag;
-        const char* name;
-        bool matches;
-        bool matchesWithoutCase;
-    };
-    const std::vector<Case> cases{
-        {"image", "image", true, true},   {"images", "image", false, false},
-        {"im", "image", false, false},    {"image", "im", false, false},
-        {"Image", "image", false, true},  {"image", "", false, false},
-        {"image", "image/a", true, true}, {"image", "image[1]", true, true},
-        {"image", "image=x", true, true}, {"image", "image x", true, true},
-        {"image", "image]", true, true},  {"image", "image.x", false, false},
-        {"a[1]", "a[1]", true, true},     {"IMAGE", "image/A", false, true},
-    };
-    for (const Case& c : cases) {
-        CXmlDocument xml = Parsed(std::string("<r><").append(c.tag).append("/></r>").c_str());
-        EXPECT_EQ(xml.FindChildElement(c.name), c.matches) << c.tag << " " << c.name;
+    // With and without regard to letter case.
+    const Table<const char*, const char*, bool, bool> cases{
+        {"image", "image", true, true},     {"images", "image", false, false},
+        {"image", "im", false, false},      {"Image", "image", false, true},
+        {"image", "", false, false},        {"image", "image/a", true, true},
+        {"image", "image[1]", true, true},  {"image", "image=x", true, true},
+        {"image", "image x", true, true},   {"image", "image]", true, true},
+        {"image", "image.x", false, false}, {"a[1]", "a[1]", true, true},
+        {"IMAGE", "image/A", false, true}};
+    for (const auto& [tag, name, matches, matchesWithoutCase] : cases) {
+        CXmlDocument xml = Parsed(std::string("<r><").append(tag).append("/></r>").c_str());
+        EXPECT_EQ(xml.FindChildElement(name), matches) << tag << " " << name;
         xml.ResetPosition();
         xml.SetFlags(CXmlDocument::kIgnoreCase);
-        EXPECT_EQ(xml.FindChildElement(c.name), c.matchesWithoutCase) << c.tag << " " << c.name;
+        EXPECT_EQ(xml.FindChildElement(name), matchesWithoutCase) << tag << " " << name;
     }
 }
 
 TEST(XmlValues, AttributesInEveryNotation)
 {
-    struct Case {
-        const char* name;
-        const char* tag;
-        std::vector<std::pair<std::string, std::string>> attributes;
-    };
-    const std::vector<Case> cases{
+    const Table<const char*, const char*, std::vector<std::pair<std::string, std::string>>> cases{
         {"none", "<a>", {}},
         {"double quotes", "<a b=\"1\">", {{"b", "1"}}},
         {"single quotes", "<a b='1'>", {{"b", "1"}}},
@@ -267,14 +229,14 @@ TEST(XmlValues, AttributesInEveryNotation)
         {"escaped", "<a b=\"&lt;&#65;\">", {{"b", "<A"}}},
         {"line ends stay", "<a b=\"1\r\n2\">", {{"b", "1\r\n2"}}},
     };
-    for (const Case& c : cases) {
-        const std::string tag(c.tag);
+    for (const auto& [name, start, attributes] : cases) {
+        const std::string tag(start);
         CXmlDocument xml = Parsed((tag.ends_with("/>") ? tag : tag + "</a>").c_str());
-        ASSERT_TRUE(xml.FindElement()) << c.name;
+        ASSERT_TRUE(xml.FindElement()) << name;
         std::vector<std::pair<std::string, std::string>> found;
         for (int i = 0; !xml.GetAttributeName(i).IsEmpty(); ++i)
             found.emplace_back(xml.GetAttributeName(i), xml.GetAttribute(xml.GetAttributeName(i)));
-        EXPECT_EQ(found, c.attributes) << c.name;
+        EXPECT_EQ(found, attributes) << name;
     }
 }
 
@@ -290,11 +252,10 @@ TEST(XmlValues, AttributesOfTheElementAskedFor)
     EXPECT_STREQ(xml.GetChildAttribute("b"), "2");
     EXPECT_STREQ(xml.GetChildAttribute("B"), "3");
     EXPECT_STREQ(xml.GetAttribute("b"), "1") << "asked in turn";
-    EXPECT_STREQ(xml.GetAttribute("c"), "");
-    EXPECT_STREQ(xml.GetAttribute(""), "");
-    EXPECT_STREQ(xml.GetAttribute(static_cast<LPCSTR>(nullptr)), "");
-    EXPECT_STREQ(xml.GetAttributeName(1), "");
-    EXPECT_STREQ(xml.GetAttributeName(-1), "");
+    for (const char* name : {"c", "", static_cast<LPCSTR>(nullptr)})
+        EXPECT_STREQ(xml.GetAttribute(name), "");
+    for (const int number : {1, -1})
+        EXPECT_STREQ(xml.GetAttributeName(number), "");
     xml.FindChildElement("d");
     EXPECT_STREQ(xml.GetChildAttribute("b"), "");
     xml.ResetPosition();
@@ -305,12 +266,7 @@ TEST(XmlValues, AttributesOfTheElementAskedFor)
 
 TEST(XmlValues, DataOfTheChild)
 {
-    struct Case {
-        const char* name;
-        const char* element;
-        const char* data;
-    };
-    const std::vector<Case> cases{
+    const Table<const char*, const char*, const char*> cases{
         {"text", "<a>hello</a>", "hello"},
         {"blanks stay", "<a> hello\n</a>", " hello\n"},
         {"escaped", "<a>1 &lt; 2 &amp;&amp; &quot;x&quot;</a>", "1 < 2 && \"x\""},
@@ -324,11 +280,11 @@ TEST(XmlValues, DataOfTheChild)
         {"blank end tag", "<a>x</a \n>", "x"},
         {"a bracket in an attribute", "<a b=\">\">x</a>", "x"},
     };
-    for (const Case& c : cases) {
-        CXmlDocument xml = Parsed(std::string("<r>").append(c.element).append("</r>").c_str());
+    for (const auto& [name, element, data] : cases) {
+        CXmlDocument xml = Parsed(std::string("<r>").append(element).append("</r>").c_str());
         EXPECT_STREQ(xml.GetChildData(), "") << "no child yet";
         ASSERT_TRUE(xml.FindChildElement("a"));
-        EXPECT_STREQ(xml.GetChildData(), c.data) << c.name;
+        EXPECT_STREQ(xml.GetChildData(), data) << name;
     }
     CXmlDocument open = Parsed("<r><a>text<b>more</r>");
     open.FindChildElement();
@@ -337,25 +293,20 @@ TEST(XmlValues, DataOfTheChild)
 
 TEST(XmlValues, SubDocumentsEndAtTheNextTag)
 {
-    struct Case {
-        const char* name;
-        const char* text;
-        const char* sub;
-    };
-    const std::vector<Case> cases{
+    const Table<const char*, const char*, const char*> cases{
         {"whole element", "<r><a b=\"1\"><c/></a></r>", "<a b=\"1\"><c/></a>"},
         {"blanks before a tag", "<r><a/>\r\n\t <b/></r>", "<a/>\r\n\t "},
         {"blanks before the end tag", "<r><a/>\n</r>", "<a/>\n"},
         {"blanks before text", "<r><a/> text</r>", "<a/>"},
         {"entities stay", "<r><a>&lt;</a></r>", "<a>&lt;</a>"},
     };
-    for (const Case& c : cases) {
-        CXmlDocument xml = Parsed(c.text);
+    for (const auto& [name, text, sub] : cases) {
+        CXmlDocument xml = Parsed(text);
         xml.FindChildElement("a");
         xml.IntoElement();
-        EXPECT_STREQ(xml.GetSubDocument(), c.sub) << c.name;
+        EXPECT_STREQ(xml.GetSubDocument(), sub) << name;
         CXmlDocument again;
-        EXPECT_TRUE(again.SetDocument(xml.GetSubDocument())) << c.name;
+        EXPECT_TRUE(again.SetDocument(xml.GetSubDocument())) << name;
     }
     CXmlDocument last = Parsed("<r/> \n");
     last.FindElement();

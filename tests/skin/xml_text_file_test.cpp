@@ -29,10 +29,7 @@ ReadResult Read(const std::string& file)
         DUI::CXmlDocument::ReadTextFile(SkinFolder::LibraryPath(file).c_str(), text, log, result.flags);
     result.text = text.View();
     result.log = log.View();
-    DUI::CXmlDocument xml;
-    EXPECT_TRUE(xml.SetDocument("<log>" + log + "</log>")) << log.GetString();
-    while (xml.FindChildElement())
-        result.words.emplace_back(xml.GetChildTagName());
+    result.words = LogWords(log);
     return result;
 }
 
@@ -51,57 +48,52 @@ class XmlTextFile : public SkinTest {};
 
 TEST_F(XmlTextFile, IsConvertedToTheSystemCodePage)
 {
-    // "<a>" + the two characters of "Chinese" + "</a>" after a declaration, in each encoding.
-    struct Case {
-        const char* name;
-        std::string declaration;
-        std::string open, content, close;  // the bytes of the rest
-        int flags;
+    // A declaration, then "<a>" + the two characters of "Chinese" + "</a>", in each encoding, and the flags.
+    const std::string utf8 = "<a>\xE4\xB8\xAD\xE6\x96\x87</a>";
+    const std::string gbk = "<a>\xD6\xD0\xCE\xC4</a>";
+    const std::string html =
+        "<html><head><meta name='x'><meta http-equiv=\"Content-Type\" "
+        "content=\"text/html; charset=gb2312\"></head></html>";
+    const Table<const char*, std::string, int> cases{
+        {"UTF-8 with a mark", "\xEF\xBB\xBF" + utf8, 4},
+        {"UTF-8 with a mark that contradicts", "\xEF\xBB\xBF<?xml encoding='gbk'?>" + utf8, 4},
+        {"UTF-8 declared", "<?xml version=\"1.0\" encoding=\"UTF-8\"?>" + utf8, 0},
+        {"UTF-8 because it begins with a bracket", utf8, 0},
+        {"UTF-8 recognised", " " + utf8, 0},
+        {"gb2312 declared", "<?xml version='1.0' encoding='gb2312'?>" + gbk, 0},
+        {"GBK declared without quotes", "<?xml encoding=GBK ?>" + gbk, 0},
+        {"in an HTML head", html + gbk, 0},
+        {"UTF-16LE with a mark", "\xFF\xFE" + Wide("<a>", false) + "\x2D\x4E\x87\x65" + Wide("</a>", false),
+         1},
+        {"UTF-16BE with a mark", "\xFE\xFF" + Wide("<a>", true) + "\x4E\x2D\x65\x87" + Wide("</a>", true),
+         128},
     };
-    const std::string utf8 = "\xE4\xB8\xAD\xE6\x96\x87";
-    const std::string gbk = "\xD6\xD0\xCE\xC4";
-    const std::vector<Case> cases{
-        {"UTF-8 with a mark", "\xEF\xBB\xBF", "<a>", utf8, "</a>", 4},
-        {"UTF-8 with a mark that contradicts", "\xEF\xBB\xBF<?xml encoding='gbk'?>", "<a>", utf8, "</a>", 4},
-        {"UTF-8 declared", "<?xml version=\"1.0\" encoding=\"UTF-8\"?>", "<a>", utf8, "</a>", 0},
-        {"UTF-8 because it begins with a bracket", "", "<a>", utf8, "</a>", 0},
-        {"UTF-8 recognised", " ", "<a>", utf8, "</a>", 0},
-        {"gb2312 declared", "<?xml version='1.0' encoding='gb2312'?>", "<a>", gbk, "</a>", 0},
-        {"GBK declared without quotes", "<?xml encoding=GBK ?>", "<a>", gbk, "</a>", 0},
-        {"in an HTML head",
-         "<html><head><meta name='x'><meta http-equiv=\"Content-Type\" content=\"text/html; "
-         "charset=gb2312\"></head>"
-         "</html>",
-         "<a>", gbk, "</a>", 0},
-        {"UTF-16LE with a mark", "\xFF\xFE", Wide("<a>", false), "\x2D\x4E\x87\x65", Wide("</a>", false), 1},
-        {"UTF-16BE with a mark", "\xFE\xFF", Wide("<a>", true), "\x4E\x2D\x65\x87", Wide("</a>", true), 128},
-    };
-    const std::map<UINT, std::string> contents{{65001, utf8}, {936, gbk}, {1252, "??"}};
-    for (const UINT page : CodePages()) {
-        const auto content = contents.find(page);
-        if (content == contents.end())
-            continue;
-        const CodePage system(page);
-        for (const Case& c : cases) {
-            folder.Write("text.xml", c.declaration + c.open + c.content + c.close);
-            const ReadResult result = Read("text.xml");
-            EXPECT_TRUE(result.isRead) << c.name;
-            EXPECT_TRUE(result.text.ends_with("<a>" + content->second + "</a>"))
-                << c.name << ": " << result.text;
-            EXPECT_EQ(result.flags, c.flags) << c.name;
+    const std::map<UINT, std::string> contents{{65001, utf8},
+                                               {936, gbk},
+                                               {1252,
+                                                "<a>?"
+                                                "?</a>"}};
+    for (const UINT page : CodePages())
+        if (const auto content = contents.find(page); content != contents.end()) {
+            const CodePage system(page);
+            for (const auto& [name, bytes, flags] : cases) {
+                folder.Write("text.xml", bytes);
+                const ReadResult result = Read("text.xml");
+                EXPECT_TRUE(result.isRead) << name;
+                EXPECT_TRUE(result.text.ends_with(content->second)) << name << ": " << result.text;
+                EXPECT_EQ(result.flags, flags) << name;
+            }
         }
-    }
 }
 
 TEST_F(XmlTextFile, LogsWhatItDid)
 {
-    struct Case {
-        const char* name;
-        std::string bytes;
-        std::string text;
-        std::vector<std::string> words;  // in code page 65001
-    };
-    const std::vector<Case> cases{
+    // The text, and the words of the log, in code page 65001.
+    const std::string late = "<?xml " + std::string(1020, ' ') + "encoding='latin1'?>\xC3\xA9";
+    const std::string other = "<?xmls encoding='latin1'?>\xC3\xA9";
+    const std::string unknown = "<?xml encoding='nonsense'?>\xE9";
+    const std::string wide = "<?xml encoding='utf-16'?>x";
+    const Table<const char*, std::string, std::string, std::vector<std::string>> cases{
         {"empty", "", "", {"read", "utf8_detection"}},
         {"plain", "<a/>", "<a/>", {"read"}},
         {"recognised", "a", "a", {"read", "utf8_detection"}},
@@ -115,61 +107,42 @@ TEST_F(XmlTextFile, LogsWhatItDid)
          "<?xml encoding='latin1'?>\xE9",
          "<?xml encoding='latin1'?>\xC3\xA9",
          {"read", "converted_to"}},
-        {"an unknown encoding never converts",
-         "<?xml encoding='nonsense'?>\xE9",
-         "<?xml encoding='nonsense'?>\xE9",
-         {"read"}},
-        {"a wide encoding of a text of bytes",
-         "<?xml encoding='utf-16'?>x",
-         "<?xml encoding='utf-16'?>x",
-         {"read"}},
+        {"an unknown encoding never converts", unknown, unknown, {"read"}},
+        {"a wide encoding of a text of bytes", wide, wide, {"read"}},
         {"no encoding and no UTF-8", "\xE9", "\xE9", {"read", "utf8_detection"}},
-        {"an instruction is no declaration",
-         "<?xmls encoding='latin1'?>\xC3\xA9",
-         "<?xmls encoding='latin1'?>\xC3\xA9",
-         {"read"}},
-        {"declared too far behind",
-         "<?xml " + std::string(1020, ' ') + "encoding='latin1'?>\xC3\xA9",
-         "<?xml " + std::string(1020, ' ') + "encoding='latin1'?>\xC3\xA9",
-         {"read"}},
+        {"an instruction is no declaration", other, other, {"read"}},
+        {"declared too far behind", late, late, {"read"}},
     };
     for (const UINT page : CodePages()) {
         if (page != 65001)
             continue;
         const CodePage system(page);
-        for (const Case& c : cases) {
-            folder.Write("text.xml", c.bytes);
+        for (const auto& [name, bytes, text, words] : cases) {
+            folder.Write("text.xml", bytes);
             const ReadResult result = Read("text.xml");
-            EXPECT_TRUE(result.isRead) << c.name;
-            EXPECT_EQ(result.text, c.text) << c.name;
-            EXPECT_EQ(result.words, c.words) << c.name << ": " << result.log;
+            EXPECT_TRUE(result.isRead) << name;
+            EXPECT_EQ(result.text, text) << name;
+            EXPECT_EQ(result.words, words) << name << ": " << result.log;
         }
     }
 }
 
-TEST_F(XmlTextFile, TellsOfLostCharacters)
-{
-    folder.Write("text.xml", "<?xml encoding='utf-8'?><a>\xE4\xB8\xAD</a>");
-    for (const UINT page : CodePages()) {
-        if (page != 1252)
-            continue;
-        const CodePage system(page);
-        const ReadResult result = Read("text.xml");
-        EXPECT_EQ(result.text, "<?xml encoding='utf-8'?><a>?</a>");
-        EXPECT_EQ(result.words, (std::vector<std::string>{"read", "converted_to", "conversion_loss"}));
-        EXPECT_NE(result.log.find("<converted_to encoding=\"1252\""), std::string::npos) << result.log;
-    }
-}
-
-TEST_F(XmlTextFile, AsciiIsTheSameEverywhere)
+TEST_F(XmlTextFile, TellsOfLostCharactersButNotInAscii)
 {
     const std::string text = "<?xml version=\"1.0\" encoding=\"us-ascii\"?>\r\n<a b=\"1\"/>";
+    folder.Write("lost.xml", "<?xml encoding='utf-8'?><a>\xE4\xB8\xAD</a>");
     folder.Write("plain.xml", text);
     folder.Write("wide.xml", "\xFF\xFE" + Wide(text, false));
     for (const UINT page : CodePages()) {
         const CodePage system(page);
         EXPECT_EQ(Read("plain.xml").text, text);
         EXPECT_EQ(Read("wide.xml").text, text);
+        if (page != 1252)
+            continue;
+        const ReadResult result = Read("lost.xml");
+        EXPECT_EQ(result.text, "<?xml encoding='utf-8'?><a>?</a>");
+        EXPECT_EQ(result.words, (std::vector<std::string>{"read", "converted_to", "conversion_loss"}));
+        EXPECT_NE(result.log.find("<converted_to encoding=\"1252\""), std::string::npos) << result.log;
     }
 }
 

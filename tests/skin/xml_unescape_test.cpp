@@ -2,13 +2,10 @@
 
 #include <qvui/skin/xml_document.h>
 
-#include <gtest/gtest.h>
-
 #include <map>
-#include <string>
-#include <vector>
 
 #include "skin/code_page.h"
+#include "skin/skin_test.h"
 #include "skin/xml_tables.h"
 
 TEST(XmlEntities, StandForTheirCharacters)
@@ -28,46 +25,28 @@ TEST(XmlEntities, StandForTheirCharacters)
 
 TEST(XmlEntities, ReplaceThemselvesInTexts)
 {
-    struct Case {
-        const char* name;
-        const char* text;
-        const char* result;
-    };
-    const std::vector<Case> cases{
-        {"nothing to do", "plain", "plain"},
-        {"empty", "", ""},
+    const Table<const char*, const char*, const char*> cases{
         {"the usual five", "&lt;&gt;&amp;&apos;&quot;", "<>&'\""},
         {"any letter case", "&LT;&Amp;", "<&"},
         {"decimal", "&#65;", "A"},
         {"hexadecimal", "&#x42;&#X4a;", "BJ"},
         {"once only", "&amp;lt;", "&lt;"},
-        {"unknown", "&unknown;", "&unknown;"},
-        {"without an end", "&lt", "&lt"},
-        {"alone", "&", "&"},
-        {"empty name", "&;", "&;"},
-        {"no digits", "&#;&#x;", "&#;&#x;"},
-        {"wrong digits", "&#6f;&#xg;&#1 ;", "&#6f;&#xg;&#1 ;"},
-        {"zero", "&#0;", "&#0;"},
-        {"beyond the last character", "&#x110000;", "&#x110000;"},
-        {"half a pair", "&#xD800;&#xDFFF;", "&#xD800;&#xDFFF;"},
         {"nine characters", "&#00000065;", "A"},
-        {"ten characters", "&#000000065;", "&#000000065;"},
-        {"an end too far away", "&abcdefghijk;", "&abcdefghijk;"},
         {"a second one inside", "&x&lt;", "&x<"},
         {"beside each other", "&&lt;;&lt;&", "&<;<&"},
-        {"a byte above 127 ends the name", "&l\xC3\xA9t;", "&l\xC3\xA9t;"},
     };
-    for (const Case& c : cases)
-        EXPECT_STREQ(DUI::UnescapeXml(c.text), c.result) << c.name;
+    for (const auto& [name, text, result] : cases)
+        EXPECT_STREQ(DUI::UnescapeXml(text), result) << name;
+    // Beyond the last character, half a pair, ten characters, an end too far away, a byte above 127.
+    for (const char* text :
+         {"", "plain", "&unknown;", "&lt", "&", "&;", "&#;&#x;", "&#6f;&#xg;&#1 ;", "&#0;", "&#x110000;",
+          "&#xD800;&#xDFFF;", "&#000000065;", "&abcdefghijk;", "&l\xC3\xA9t;"})
+        EXPECT_STREQ(DUI::UnescapeXml(text), text) << "stays as it is";
 }
 
 TEST(XmlEntities, BecomeTheSystemCodePagesBytes)
 {
-    struct Case {
-        const char* text;
-        std::map<UINT, std::string> results;
-    };
-    const std::vector<Case> cases{
+    const Table<const char*, std::map<UINT, std::string>> cases{
         {"&eacute;", {{65001, "\xC3\x89"}, {936, "&eacute;"}, {1252, "\xC9"}}},
         {"&#233;", {{65001, "\xC3\xA9"}, {936, "\xA8\xA6"}, {1252, "\xE9"}}},
         {"&euro;", {{65001, "\xE2\x82\xAC"}, {936, "\x80"}, {1252, "\x80"}}},
@@ -78,54 +57,31 @@ TEST(XmlEntities, BecomeTheSystemCodePagesBytes)
     };
     for (const UINT page : CodePages()) {
         const CodePage system(page);
-        for (const Case& c : cases)
-            if (const auto expected = c.results.find(page); expected != c.results.end()) {
+        for (const auto& [text, results] : cases)
+            if (const auto expected = results.find(page); expected != results.end()) {
                 // Converters differ in where code page 936 has the euro sign.
-                const std::string result(DUI::UnescapeXml(c.text));
-                if (page == 936 && std::string_view(c.text) == "&euro;")
-                    EXPECT_TRUE(result == expected->second || result == "\xA2\xE3" || result == c.text)
+                const std::string result(DUI::UnescapeXml(text));
+                if (page == 936 && std::string_view(text) == "&euro;")
+                    EXPECT_TRUE(result == expected->second || result == "\xA2\xE3" || result == text)
                         << result;
                 else
-                    EXPECT_EQ(result, expected->second) << c.text << " in " << page;
+                    EXPECT_EQ(result, expected->second) << text << " in " << page;
             }
     }
 }
 
 TEST(XmlEncodings, HaveCodePagesByName)
 {
-    const std::string longest(99, 'a');
-    const std::string tooLong(100, 'a');
-    const std::map<std::string, int> codePages{{"", 0},
-                                               {"utf-8", 65001},
-                                               {"UTF-8", 65001},
-                                               {"uTf-16", 1200},
-                                               {"utf-16le", 1200},
-                                               {"utf-16be", 1201},
-                                               {"UTF-32", 65005},
-                                               {"UTF-32LE", 65005},
-                                               {"UTF-32-anything", 65005},
-                                               {"gb2312", 936},
-                                               {"GBK", 936},
-                                               {"gb18030", 54936},
-                                               {"big5", 950},
-                                               {"Shift_JIS", 932},
-                                               {"euc-jp", 51932},
-                                               {"euc-kr", 51949},
-                                               {"ks_c_5601-1987", 949},
-                                               {"ISO-8859-1", 28591},
-                                               {"latin1", 28591},
-                                               {"iso-8859-15", 28605},
-                                               {"us-ascii", 20127},
-                                               {"windows-1252", 1252},
-                                               {"koi8-r", 20866},
-                                               {"macintosh", 10000},
-                                               {"437", 437},
-                                               {"x-x-big5", 950},
-                                               {"utf-9", -1},
-                                               {"gb2312 ", -1},
-                                               {"nonsense", -1},
-                                               {longest, -1},
-                                               {tooLong, -1}};
+    // clang-format off
+    const std::map<std::string, int> codePages{
+        {"", 0}, {"utf-8", 65001}, {"UTF-8", 65001}, {"uTf-16", 1200}, {"utf-16le", 1200}, {"utf-16be", 1201},
+        {"UTF-32", 65005}, {"UTF-32LE", 65005}, {"UTF-32-anything", 65005}, {"gb2312", 936}, {"GBK", 936},
+        {"gb18030", 54936}, {"big5", 950}, {"Shift_JIS", 932}, {"euc-jp", 51932}, {"euc-kr", 51949},
+        {"ks_c_5601-1987", 949}, {"ISO-8859-1", 28591}, {"latin1", 28591}, {"iso-8859-15", 28605},
+        {"us-ascii", 20127}, {"windows-1252", 1252}, {"koi8-r", 20866}, {"macintosh", 10000}, {"437", 437},
+        {"x-x-big5", 950}, {"utf-9", -1}, {"gb2312 ", -1}, {"nonsense", -1},
+        {std::string(99, 'a'), -1}, {std::string(100, 'a'), -1}};
+    // clang-format on
     for (const auto& [name, codePage] : codePages)
         EXPECT_EQ(DUI::FindCodePage(name), codePage) << name;
 }

@@ -6,6 +6,7 @@
 #include <nlohmann/json.hpp>
 
 #include "qvui-skin/check.h"
+#include "support/table.h"
 
 namespace qvui::skin_tool {
 namespace {
@@ -114,12 +115,7 @@ TEST(Check, AcceptsNothingButRegisteredTags)
 
 TEST(Check, FindsTheDirectoryThatNamesAreRelativeTo)
 {
-    struct Case {
-        const char* entry;
-        std::vector<std::string> names;
-        const char* root;
-    };
-    const std::vector<Case> cases{
+    const Table<const char*, std::vector<std::string>, const char*> cases{
         {"a/my-skin/entry.xml", {"my-skin\\x.xml"}, "a/"},
         {"a/my-skin/entry.xml", {".\\My-Skin/x.xml"}, "a/"},
         {"a/my-skin/entry.xml", {"x.xml", "deep\\y.xml"}, "a/my-skin/"},
@@ -127,10 +123,10 @@ TEST(Check, FindsTheDirectoryThatNamesAreRelativeTo)
         {"a/my-skin/entry.xml", {}, "a/my-skin/"},
         {"my-skin/entry.xml", {"my-skin/x.xml"}, "."},
     };
-    for (const Case& c : cases) {
-        std::string root = FindRoot(c.entry, c.names);
+    for (const auto& [entry, names, root] : cases) {
+        std::string root = FindRoot(entry, names);
         std::replace(root.begin(), root.end(), '\\', '/');
-        EXPECT_EQ(root, c.root) << c.entry << " " << (c.names.empty() ? "" : c.names.front());
+        EXPECT_EQ(root, root) << entry << " " << (names.empty() ? "" : names.front());
     }
 }
 

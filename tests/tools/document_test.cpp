@@ -3,6 +3,7 @@
 #include <qvui/platform/cstring.h>
 
 #include "qvui-skin/document.h"
+#include "support/table.h"
 
 namespace qvui::skin_tool {
 namespace {
@@ -11,22 +12,16 @@ TEST(Document, TellsLineAndColumnInCharacters)
 {
     const std::string text(CString::FromUtf8("one\ntwo \xC3\xA4\xC3\xB6 x\r\n\nend").View());
     const auto at = [&text](const char* what) { return static_cast<int>(text.find(what)); };
-    struct Case {
-        const char* name;
-        int offset;
-        int line;
-        int column;
-    };
-    const std::vector<Case> cases{
+    const Table<const char*, int, int, int> cases{
         {"the start", 0, 1, 1},           {"the end of a line", 3, 1, 4},
         {"a line's first", 4, 2, 1},      {"behind two-byte characters", at("x"), 2, 8},
         {"an empty line", at("\n\n") + 1, 3, 1},      {"the last line", at("end"), 4, 1},
         {"behind the text", 1000, 4, 4},  {"before the text", -1, 1, 1},
     };
-    for (const Case& c : cases) {
-        const Position place = PositionOf(text, c.offset);
-        EXPECT_EQ(place.line, c.line) << c.name;
-        EXPECT_EQ(place.column, c.column) << c.name;
+    for (const auto& [name, offset, line, column] : cases) {
+        const Position place = PositionOf(text, offset);
+        EXPECT_EQ(place.line, line) << name;
+        EXPECT_EQ(place.column, column) << name;
     }
 }
 
@@ -51,25 +46,20 @@ TEST(Document, KeepsElementsInOrderWithTheirRelativesAndPlaces)
 
 TEST(Document, SaysWhyItIsNotWellFormed)
 {
-    struct Case {
-        const char* text;
-        const char* problem;
-        int line;
-    };
-    const std::vector<Case> cases{
+    const Table<const char*, const char*, int> cases{
         {"", "the document has no element", 1},
         {"<a>\n<b>\n</a>", "the element \"b\" has no end tag", 2},
         {"<a/>\n<b/>", "a second top-level element \"b\": a document has one", 2},
         {"<a>\n</b></a>", "the end tag \"</b>\" has no element to end", 2},
         {"<a>\n<!-- </a>", "a comment without its \"-->\"", 2},
     };
-    for (const Case& c : cases) {
-        const Document document = Document::FromText("x.xml", c.text);
-        EXPECT_FALSE(document.IsWellFormed()) << c.text;
-        EXPECT_TRUE(document.Elements().empty()) << c.text;
-        ASSERT_FALSE(document.Problems().empty()) << c.text;
-        EXPECT_EQ(document.Problems().front().text, c.problem) << c.text;
-        EXPECT_EQ(document.Where(document.Problems().front().offset).line, c.line) << c.text;
+    for (const auto& [text, problem, line] : cases) {
+        const Document document = Document::FromText("x.xml", text);
+        EXPECT_FALSE(document.IsWellFormed()) << text;
+        EXPECT_TRUE(document.Elements().empty()) << text;
+        ASSERT_FALSE(document.Problems().empty()) << text;
+        EXPECT_EQ(document.Problems().front().text, problem) << text;
+        EXPECT_EQ(document.Where(document.Problems().front().offset).line, line) << text;
     }
     EXPECT_FALSE(Document::FromFile("no-such-directory/no.xml").IsReadable());
 }

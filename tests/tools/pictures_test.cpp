@@ -7,6 +7,7 @@
 #include <qvui/platform/cimage.h>
 
 #include "qvui-skin/dump.h"
+#include "support/table.h"
 #include "qvui-skin/sheet.h"
 #include "support/leak_check.h"
 #include "support/screenshot.h"
@@ -23,12 +24,7 @@ TEST(Dump, ResolvesWhatTheLibraryMakesOfAPackage)
     const Package package(kEntry, "", ignored);
     const nlohmann::json dump = nlohmann::json::parse(Dump(package, true));
     const nlohmann::json& day = dump["skins"]["day"];
-    struct Case {
-        const char* name;
-        nlohmann::json value;
-        nlohmann::json expected;
-    };
-    const std::vector<Case> cases{
+    const Table<const char*, nlohmann::json, nlohmann::json> cases{
         {"a colour of one skin", day["colors"]["ink"], "#FF102030"},
         {"and of the other", dump["skins"]["night"]["colors"]["ink"], "#FFC8C8C8"},
         {"a font's face without \"#\"", day["fonts"]["text"]["face"], "DejaVu Sans"},
@@ -42,8 +38,8 @@ TEST(Dump, ResolvesWhatTheLibraryMakesOfAPackage)
         {"a string of the other language", dump["languages"]["Deutsch"]["hello"], "Hallo"},
         {"window templates", dump["templates"]["window"], {"main", "hollow", "main"}},
     };
-    for (const Case& c : cases)
-        EXPECT_EQ(c.value, c.expected) << c.name;
+    for (const auto& [name, value, expected] : cases)
+        EXPECT_EQ(value, expected) << name;
     EXPECT_FALSE(day.contains("cursors")) << "a set out of order is not loaded";
 }
 
@@ -65,12 +61,7 @@ bool operator==(const RECT& left, const RECT& right)
 
 TEST(Sheet, FlowsBoxesIntoRows)
 {
-    struct Case {
-        const char* name;
-        std::vector<SIZE> sizes;
-        std::vector<RECT> places;
-    };
-    const std::vector<Case> cases{
+    const Table<const char*, std::vector<SIZE>, std::vector<RECT>> cases{
         {"nothing", {}, {}},
         {"one row", {{40, 10}, {40, 20}}, {{0, 0, 40, 10}, {50, 0, 90, 20}}},
         {"a row that is just full", {{45, 10}, {45, 10}}, {{0, 0, 45, 10}, {55, 0, 100, 10}}},
@@ -79,11 +70,11 @@ TEST(Sheet, FlowsBoxesIntoRows)
          {{0, 0, 40, 10}, {50, 0, 90, 20}, {0, 30, 40, 35}}},
         {"wider than a row", {{10, 5}, {300, 5}, {10, 5}}, {{0, 0, 10, 5}, {0, 15, 300, 20}, {0, 30, 10, 35}}},
     };
-    for (const Case& c : cases) {
-        const std::vector<RECT> places = Flow(c.sizes, 100, 10);
-        ASSERT_EQ(places.size(), c.places.size()) << c.name;
+    for (const auto& [name, sizes, places] : cases) {
+        const std::vector<RECT> places = Flow(sizes, 100, 10);
+        ASSERT_EQ(places.size(), places.size()) << name;
         for (std::size_t i = 0; i < places.size(); ++i)
-            EXPECT_TRUE(places[i] == c.places[i]) << c.name << " " << i;
+            EXPECT_TRUE(places[i] == places[i]) << name << " " << i;
     }
 }
 

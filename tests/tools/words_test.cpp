@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "qvui-skin/suggest.h"
+#include "support/table.h"
 #include "qvui-skin/values.h"
 
 namespace qvui::skin_tool {
@@ -8,31 +9,21 @@ namespace {
 
 TEST(Suggest, CountsTheStepsFromWordToWord)
 {
-    struct Case {
-        const char* from;
-        const char* to;
-        int distance;
-    };
-    const std::vector<Case> cases{
+    const Table<const char*, const char*, int> cases{
         {"", "", 0},          {"", "abc", 3},        {"abc", "", 3},           {"button", "button", 0},
         {"buton", "button", 1}, {"labell", "label", 1}, {"cavnas", "canvas", 1}, {"color", "colour", 1},
         {"kitten", "sitting", 3}, {"ab", "ba", 1},      {"abc", "cba", 2},
     };
-    for (const Case& c : cases) {
-        EXPECT_EQ(EditDistance(c.from, c.to), c.distance) << c.from << " " << c.to;
-        EXPECT_EQ(EditDistance(c.to, c.from), c.distance) << c.to << " " << c.from;
+    for (const auto& [from, to, distance] : cases) {
+        EXPECT_EQ(EditDistance(from, to), distance) << from << " " << to;
+        EXPECT_EQ(EditDistance(to, from), distance) << to << " " << from;
     }
 }
 
 TEST(Suggest, OffersTheNearestNameThatIsNearEnough)
 {
     const std::vector<std::string> names{"button", "check_box", "label", "ok", "on"};
-    struct Case {
-        const char* name;
-        const char* word;
-        const char* nearest;
-    };
-    const std::vector<Case> cases{
+    const Table<const char*, const char*, const char*> cases{
         {"one letter lacks", "buton", "button"},
         {"another letter case", "LABEL", "label"},
         {"three steps in nine letters", "chek_bux_", "check_box"},
@@ -41,21 +32,16 @@ TEST(Suggest, OffersTheNearestNameThatIsNearEnough)
         {"two steps in a short word", "xx", ""},
         {"nothing written", "", ""},
     };
-    for (const Case& c : cases)
-        EXPECT_EQ(Nearest(c.word, names), c.nearest) << c.name;
+    for (const auto& [name, word, nearest] : cases)
+        EXPECT_EQ(Nearest(word, names), nearest) << name;
     EXPECT_EQ(Nearest("label", {}), "");
     EXPECT_EQ(Nearest(std::string(100000, 'a'), {std::string(100000, 'b')}), "");
 }
 
 TEST(Values, TellFormsThatDoNotReadAsTheirKindSays)
 {
-    struct Case {
-        ValueKind kind;
-        const char* value;
-        bool isRight;
-    };
     constexpr const char* kWords = "size_x|size_y|group";
-    const std::vector<Case> cases{
+    const Table<ValueKind, const char*, bool> cases{
         {ValueKind::Integer, "12", true},
         {ValueKind::Integer, " -7 ", true},
         {ValueKind::Integer, "", true},
@@ -95,28 +81,23 @@ TEST(Values, TellFormsThatDoNotReadAsTheirKindSays)
         {ValueKind::Colors, "ink,#zz", false},
         {ValueKind::Text, "anything", true},
     };
-    for (const Case& c : cases)
-        EXPECT_EQ(!CheckForm(c.kind, c.value, kWords).has_value(), c.isRight) << c.value;
+    for (const auto& [kind, value, isRight] : cases)
+        EXPECT_EQ(!CheckForm(kind, value, kWords).has_value(), isRight) << value;
 }
 
 TEST(Values, FindTheNamesTheyReferTo)
 {
-    struct Case {
-        ValueKind kind;
-        const char* value;
-        std::vector<std::string> names;
-    };
-    const std::vector<Case> cases{
+    const Table<ValueKind, const char*, std::vector<std::string>> cases{
         {ValueKind::StringId, "hello", {"hello"}}, {ValueKind::StringId, "#hello", {}},
         {ValueKind::Color, "ink", {"ink"}},        {ValueKind::Color, "#FF000000", {}},
         {ValueKind::Color, "rgb(1,2,3)", {}},      {ValueKind::Colors, "a,,b", {"a", "b"}},
         {ValueKind::Image, "", {}},                {ValueKind::Text, "hello", {}},
     };
-    for (const Case& c : cases) {
+    for (const auto& [kind, value, names] : cases) {
         std::vector<std::string> names;
-        for (const Reference& reference : ReferencesOf(c.kind, c.value))
+        for (const Reference& reference : ReferencesOf(kind, value))
             names.push_back(reference.name);
-        EXPECT_EQ(names, c.names) << c.value;
+        EXPECT_EQ(names, names) << value;
     }
 }
 
