@@ -2,6 +2,7 @@
 // document that was cut changes nothing, and the good package loads afterwards as if nothing had happened.
 
 #include <functional>
+#include <sstream>
 
 #include "skin/skin_test.h"
 
@@ -43,25 +44,23 @@ border_color="c" border_rect="1,2,3,4" border_round="5,6"/></frame_style_set><co
 // Everything that can be asked of a manager that knows the package, in one line.
 std::string Describe(CResMgr& manager)
 {
-    std::string line;
+    std::ostringstream line;
     CString text;
     for (const char* id : {"a", "b"})
-        line += manager.GetString(id, text) ? std::string(text.View()) + ";" : "-;";
+        line << (manager.GetString(id, text) ? text.GetString() : "-") << ";";
     for (const auto get : {&CResMgr::GetMenuTemplate, &CResMgr::GetWindowTemplate, &CResMgr::GetPlugin,
                            &CResMgr::GetControlStyle})
         for (const char* name : {"m", "w", "p", "s"})
             if ((manager.*get)(name, text))
-                line += std::string(text.View()) + ";";
-    line += std::to_string(Bits(manager.GetColor("c"))) + ";";
-    line += std::to_string(manager.GetFont("f", 0).IsNull() ? 0 : manager.GetFont("f", 0)->GetHeight()) + ";";
-    line += std::to_string(IconColor(manager.GetImage("i", 1))) + ";";
-    line +=
-        manager.GetCursor("h", 0).IsNull() ? "-;" : std::to_string(manager.GetCursor("h", 0)->IsNull()) + ";";
-    line += std::to_string(manager.GetTextStyle("t")->GetTextFormat()) + ";";
+                line << text.GetString() << ";";
+    const auto font = manager.GetFont("f", 0);
+    const auto cursor = manager.GetCursor("h", 0);
+    line << Bits(manager.GetColor("c")) << ";" << (font.IsNull() ? 0 : font->GetHeight()) << ";"
+         << IconColor(manager.GetImage("i", 1)) << ";" << (cursor.IsNull() ? -1 : cursor->IsNull()) << ";"
+         << manager.GetTextStyle("t")->GetTextFormat() << ";";
     if (const auto frame = manager.GetFrameBK("f"); !frame.IsNull())
-        line += std::to_string(Bits(frame->GetFrameColor())) + "," +
-                std::to_string(frame->GetFrameBorder().bottom);
-    return line;
+        line << Bits(frame->GetFrameColor()) << "," << frame->GetFrameBorder().bottom;
+    return line.str();
 }
 
 }  // namespace

@@ -39,18 +39,16 @@ protected:
 TEST_F(ResourceModules, HoldPicturesByNumber)
 {
     // color: 0: no picture
-    const Table<const char*, const char*, std::uint32_t> cases{
-        {"102", "PNG", 0xFFFF0000},
-        {"0102", "PNG", 0xFFFF0000},
-        {" 102x", "PNG", 0xFFFF0000},
-        {"65638", "PNG", 0xFFFF0000},  // the low 16 bits count
-        {"101", "PNG", 0},
-        {"102", "XML", 0},
-        {"PNG", "PNG", 0},
-        {"", "PNG", 0},
-        {"102", "", 0},
-        {"101", "XML", 0},
-    };
+    const Table<const char*, const char*, std::uint32_t> cases{{"102", "PNG", 0xFFFF0000},
+                                                               {"0102", "PNG", 0xFFFF0000},
+                                                               {" 102x", "PNG", 0xFFFF0000},
+                                                               {"65638", "PNG", 0xFFFF0000},
+                                                               {"101", "PNG", 0},
+                                                               {"102", "XML", 0},
+                                                               {"PNG", "PNG", 0},
+                                                               {"", "PNG", 0},
+                                                               {"102", "", 0},
+                                                               {"101", "XML", 0}};
     for (const auto& [id, type, color] : cases) {
         const CDUIImageListPtr list = loader.LoadImageFromDll(kModuleA, id, type);
         ASSERT_TRUE(list) << id;

@@ -123,10 +123,10 @@ TEST(Check, FindsTheDirectoryThatNamesAreRelativeTo)
         {"a/my-skin/entry.xml", {}, "a/my-skin/"},
         {"my-skin/entry.xml", {"my-skin/x.xml"}, "."},
     };
-    for (const auto& [entry, names, root] : cases) {
+    for (const auto& [entry, names, expected] : cases) {
         std::string root = FindRoot(entry, names);
         std::replace(root.begin(), root.end(), '\\', '/');
-        EXPECT_EQ(root, root) << entry << " " << (names.empty() ? "" : names.front());
+        EXPECT_EQ(root, expected) << entry << " " << (names.empty() ? "" : names.front());
     }
 }
 

@@ -7,10 +7,11 @@
 #include <qvui/platform/cimage.h>
 
 #include "qvui-skin/dump.h"
-#include "support/table.h"
 #include "qvui-skin/sheet.h"
+#include "support/geometry_text.h"
 #include "support/leak_check.h"
 #include "support/screenshot.h"
+#include "support/table.h"
 
 namespace qvui::skin_tool {
 namespace {
@@ -41,40 +42,26 @@ TEST(Dump, ResolvesWhatTheLibraryMakesOfAPackage)
     for (const auto& [name, value, expected] : cases)
         EXPECT_EQ(value, expected) << name;
     EXPECT_FALSE(day.contains("cursors")) << "a set out of order is not loaded";
-}
-
-TEST(Dump, WritesTheSameAsIndentedText)
-{
-    Report ignored;
-    const Package package(kEntry, "", ignored);
-    const std::string text = Dump(package, false);
+    const std::string text = Dump(package, false);  // the same, indented
     EXPECT_EQ(text.rfind("skins:\n  day:\n    colors:\n", 0), 0u) << text.substr(0, 80);
     EXPECT_NE(text.find("\n      ink: #FF102030\n"), std::string::npos);
     EXPECT_NE(text.find("\n        icon_size: [8,8]\n"), std::string::npos);
 }
 
-bool operator==(const RECT& left, const RECT& right)
-{
-    return left.left == right.left && left.top == right.top && left.right == right.right &&
-           left.bottom == right.bottom;
-}
-
 TEST(Sheet, FlowsBoxesIntoRows)
 {
-    const Table<const char*, std::vector<SIZE>, std::vector<RECT>> cases{
-        {"nothing", {}, {}},
-        {"one row", {{40, 10}, {40, 20}}, {{0, 0, 40, 10}, {50, 0, 90, 20}}},
-        {"a row that is just full", {{45, 10}, {45, 10}}, {{0, 0, 45, 10}, {55, 0, 100, 10}}},
-        {"below the highest of the row",
-         {{40, 10}, {40, 20}, {40, 5}},
-         {{0, 0, 40, 10}, {50, 0, 90, 20}, {0, 30, 40, 35}}},
-        {"wider than a row", {{10, 5}, {300, 5}, {10, 5}}, {{0, 0, 10, 5}, {0, 15, 300, 20}, {0, 30, 10, 35}}},
+    const Table<const char*, std::vector<SIZE>, std::string> cases{
+        {"nothing", {}, ""},
+        {"one row", {{40, 10}, {40, 20}}, "0,0,40,10 50,0,90,20 "},
+        {"a row that is just full", {{45, 10}, {45, 10}}, "0,0,45,10 55,0,100,10 "},
+        {"below the highest", {{40, 10}, {40, 20}, {40, 5}}, "0,0,40,10 50,0,90,20 0,30,40,35 "},
+        {"wider than a row", {{10, 5}, {300, 5}, {10, 5}}, "0,0,10,5 0,15,300,20 0,30,10,35 "},
     };
     for (const auto& [name, sizes, places] : cases) {
-        const std::vector<RECT> places = Flow(sizes, 100, 10);
-        ASSERT_EQ(places.size(), places.size()) << name;
-        for (std::size_t i = 0; i < places.size(); ++i)
-            EXPECT_TRUE(places[i] == places[i]) << name << " " << i;
+        std::string found;
+        for (const RECT& place : Flow(sizes, 100, 10))
+            found += test::Text(place) + " ";
+        EXPECT_EQ(found, places) << name;
     }
 }
 
