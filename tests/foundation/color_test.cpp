@@ -68,26 +68,15 @@ TEST(Color, WalksScanLines)
 
 TEST(ColorLiteral, ReadsBothForms)
 {
-    const Table<const char*, std::uint32_t> literals{{"#FF336699", 0xFF336699},
-                                                     {"#0000FF", 0x000000FF},
-                                                     {"#0x80", 0x00000080},
-                                                     {"# 80", 0x00000080},
-                                                     {"#12zz", 0x00000012},
-                                                     {"#zz", 0},
-                                                     {"#123456789", ~0U},
-                                                     {"#FFFFFFFFFFFFFFFF", ~0U},
-                                                     {"#000000012345678", 0x12345678},
-                                                     {"#-1", 0xFFFFFFFF},
-                                                     {"#-2", 0xFFFFFFFE},
-                                                     {"rgb(1,2,3)", 0xFF010203},
-                                                     {"RGB(1,2,3)", 0xFF010203},
-                                                     {"rGb ( 1, 2, 3 ) ", 0xFF010203},
-                                                     {"rgb(1 ,2,3)", 0xFF010000},
-                                                     {"rgb(300,0,0)", 0xFF2C0000},
-                                                     {"rgb(-1,0,0)", 0xFFFF0000},
-                                                     {"rgb(7,8", 0xFF070800},
-                                                     {"rgb", 0xFF000000},
-                                                     {"rgba(1,2,3)", 0xFF000000}};
+    // clang-format off
+    const Table<const char*, std::uint32_t> literals{
+        {"#FF336699", 0xFF336699}, {"#0000FF", 0x000000FF}, {"#0x80", 0x00000080}, {"# 80", 0x00000080},
+        {"#12zz", 0x00000012}, {"#zz", 0}, {"#123456789", ~0U}, {"#FFFFFFFFFFFFFFFF", ~0U},
+        {"#000000012345678", 0x12345678}, {"#-1", 0xFFFFFFFF}, {"#-2", 0xFFFFFFFE},
+        {"rgb(1,2,3)", 0xFF010203}, {"RGB(1,2,3)", 0xFF010203}, {"rGb ( 1, 2, 3 ) ", 0xFF010203},
+        {"rgb(1 ,2,3)", 0xFF010000}, {"rgb(300,0,0)", 0xFF2C0000}, {"rgb(-1,0,0)", 0xFFFF0000},
+        {"rgb(7,8", 0xFF070800}, {"rgb", 0xFF000000}, {"rgba(1,2,3)", 0xFF000000}};
+    // clang-format on
     for (const auto& [text, expected] : literals) {
         CARGB color;
         EXPECT_TRUE(DUI::ParseColorLiteral(text, color)) << text;

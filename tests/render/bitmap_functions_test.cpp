@@ -147,6 +147,7 @@ TEST_F(BitmapFunctions, FailWithoutABitmapOrAContext)
                  F::GetMiddleStretchBitmap(nullptr, bitmap, 0, 1) ||
                  F::GetMiddleStretchBitmap(nullptr, bitmap, INT_MIN, 1) ||
                  F::GetMiddleStretchBitmap(nullptr, bitmap, SIZE{0, 5}) ||
+                 F::GetMiddleStretchBitmap(nullptr, bitmap, SIZE{5, 0}) ||
                  F::GetMiddleStretchBitmap(nullptr, bitmap, SIZE{5, -3}) ||
                  F::GetMiddleStretchBitmap(nullptr, nullptr, SIZE{5, 5}) || F::BitmapToRgn(nullptr, key, 0));
 }

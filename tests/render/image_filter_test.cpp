@@ -82,16 +82,12 @@ Reference EveryColorByte(const std::function<int(int value)>& change)
 }
 
 // The rectangles that limit an operation, and "none".
-const std::optional<RECT> kParts[] = {std::nullopt,
-                                      RECT{0, 0, 3, 2},
-                                      RECT{1, 1, 5, 4},
-                                      RECT{2, 0, 900, 900},
-                                      RECT{0, 3, INT_MAX, INT_MAX},
-                                      RECT{-4, -2, 3, 3},
-                                      RECT{2, 2, 2, 9},
-                                      RECT{5, 5, 1, 1},
-                                      RECT{50, 0, 60, 9},
-                                      RECT{INT_MIN, INT_MIN, 0, 0}};
+// clang-format off
+const std::optional<RECT> kParts[] = {
+    std::nullopt, RECT{0, 0, 3, 2}, RECT{1, 1, 5, 4}, RECT{2, 0, 900, 900}, RECT{0, 3, INT_MAX, INT_MAX},
+    RECT{-4, -2, 3, 3}, RECT{2, 2, 2, 9}, RECT{5, 5, 1, 1}, RECT{50, 0, 60, 9},
+    RECT{INT_MIN, INT_MIN, 0, 0}};
+// clang-format on
 
 using LimitedOperation = std::function<int(CDibSection* section, RECT* rect)>;
 

@@ -170,7 +170,7 @@ TEST_F(BrokenPackage, BrokenFilesAreNoPicturesAndNoCursors)
         // A decoder may do without the last checksum, which covers nothing.
         EXPECT_TRUE(length + 4 >= picture.size() || image->IsNull()) << "a picture of " << length << " bytes";
     });
-    forEachCut(cursor, "h.cur", 67, [&](std::size_t) { manager.GetCursor("h", 0); });
+    forEachCut(cursor, "h.cur", 1, [&](std::size_t) { manager.GetCursor("h", 0); });
     (manager.*Parts()[1].parse)(Parts()[1].text.c_str());
     EXPECT_EQ(IconColor(image, 1), 0xFF00FF00U);
     EXPECT_EQ(manager.GetCursor("h", 0)->IsNull(), 0);

@@ -125,20 +125,13 @@ TEST_F(ResourceManager, ColoursAreLiteralsOrNamesOfLiterals)
         <color name="word" value="red"/><color name="" value="#FF000000"/><color name="none" value=""/>
         <color name="twice" value="#FF000001"/><color name="twice" value="#FF000002"/>
         <color name="kept" value="#FF000003"/><color name="kept" value="nonsense"/></color_set>)x"));
-    const Table<const char*, int, std::uint32_t> cases{{"a", 1, 0x80112233},
-                                                       {"mixed", 1, 0xFF010203},
-                                                       {"a2", 0, 0},
-                                                       {"word", 0, 0},
-                                                       {"", 0, 0},
-                                                       {"none", 0, 0},
-                                                       {"A", 0, 0},
-                                                       {"twice", 1, 0xFF000002},
-                                                       {"kept", 1, 0xFF000003},
-                                                       {"#FF445566", 1, 0xFF445566},
-                                                       {"#445566", 1, 0x445566},
-                                                       {"RGB(9,8,7)", 1, 0xFF090807},
-                                                       {"#zz", 1, 0},
-                                                       {"#", 0, 0}};
+    // clang-format off
+    const Table<const char*, int, std::uint32_t> cases{
+        {"a", 1, 0x80112233}, {"mixed", 1, 0xFF010203}, {"a2", 0, 0}, {"word", 0, 0}, {"", 0, 0},
+        {"none", 0, 0}, {"A", 0, 0}, {"twice", 1, 0xFF000002}, {"kept", 1, 0xFF000003},
+        {"#FF445566", 1, 0xFF445566}, {"#445566", 1, 0x445566}, {"RGB(9,8,7)", 1, 0xFF090807},
+        {"#zz", 1, 0}, {"#", 0, 0}};
+    // clang-format on
     for (const auto& [name, found, expected] : cases) {
         CARGB color(9, 9, 9, 9);
         EXPECT_EQ(manager.GetColor(name, color), found) << name;
@@ -169,6 +162,7 @@ TEST_F(ResourceManager, ImageAttributesSayHowItIsDrawn)
         {R"(drawstyle="stretched")", {1, 0, 0, 0, 0}},
         {R"(corner="4,6")", {1, 0, 0, 4, 6}},
         {R"(corner=" 4, 6 ")", {1, 0, 0, 4, 6}},
+        {R"(corner="4")", {1, 0, 0, 0, 0}},
         {R"(corner="x,6")", {1, 0, 0, 0, 0}},
         {R"(alpha="10" mask_color="#FF00FF")", {1, 0, 0, 0, 0}},
         {R"(count="2" direction="vert" drawstyle="squard" corner="1,2")", {2, 1, 4, 1, 2}},
@@ -298,9 +292,8 @@ TEST_F(ResourceManager, FaceNamesAreStringIds)
         {"", system},
         {"#", ""},
         {"#a name of a face that is much too long", "a name of a face that is much "}};
-    for (const auto& [facename, face] : cases) {
+    for (const auto& [facename, face] : cases)
         EXPECT_EQ(Font("facename=\"" + std::string(facename) + "\"")->GetFaceName(), face) << facename;
-    }
 }
 
 TEST_F(ResourceManager, TheYaHeiFaceMayBeSwitchedOff)

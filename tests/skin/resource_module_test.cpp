@@ -38,17 +38,13 @@ protected:
 
 TEST_F(ResourceModules, HoldPicturesByNumber)
 {
-    // color: 0: no picture
-    const Table<const char*, const char*, std::uint32_t> cases{{"102", "PNG", 0xFFFF0000},
-                                                               {"0102", "PNG", 0xFFFF0000},
-                                                               {" 102x", "PNG", 0xFFFF0000},
-                                                               {"65638", "PNG", 0xFFFF0000},
-                                                               {"101", "PNG", 0},
-                                                               {"102", "XML", 0},
-                                                               {"PNG", "PNG", 0},
-                                                               {"", "PNG", 0},
-                                                               {"102", "", 0},
-                                                               {"101", "XML", 0}};
+    // The colour; 0 where there is no picture. Of a number the low 16 bits count.
+    // clang-format off
+    const Table<const char*, const char*, std::uint32_t> cases{
+        {"102", "PNG", 0xFFFF0000}, {"0102", "PNG", 0xFFFF0000}, {" 102x", "PNG", 0xFFFF0000},
+        {"65638", "PNG", 0xFFFF0000}, {"101", "PNG", 0}, {"102", "XML", 0}, {"PNG", "PNG", 0},
+        {"", "PNG", 0}, {"102", "", 0}, {"101", "XML", 0}};
+    // clang-format on
     for (const auto& [id, type, color] : cases) {
         const CDUIImageListPtr list = loader.LoadImageFromDll(kModuleA, id, type);
         ASSERT_TRUE(list) << id;
@@ -147,4 +143,20 @@ TEST_F(ResourceModules, HoldWholePackages)
         for (const char* name : {"hand", "own"})
             EXPECT_EQ(manager.GetCursor(name, 1)->IsNull(), 0) << name;
     }
+}
+
+// Changed bytes are left to the native reader's test: the loader of the windows target trusts every address
+// that a header of a module gives it, and so reads outside of it.
+TEST_F(ResourceModules, ThatAreCutOffGiveNothing)
+{
+    constexpr std::size_t kResources = 0xA00;  // where the section of the resources starts
+    const std::string whole = folder.Read("../skin_module_b.dll");
+    ASSERT_GT(whole.size(), kResources);
+    for (std::size_t length = 0; length < whole.size(); ++length) {
+        folder.Write("cut.dll", whole.substr(0, length));
+        const CDUIImageListPtr list = loader.LoadImageFromDll(SkinFolder::Name("cut.dll"), "102", "PNG");
+        EXPECT_TRUE(length > kResources || IconColor(list) == 0) << length;
+        loader.FreeResDll();
+    }
+    traces.Take();
 }

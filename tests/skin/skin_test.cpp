@@ -11,12 +11,6 @@ namespace {
 
 constexpr int kIconSize = 8;
 
-void Append(std::string& bytes, std::uint32_t value, int size)
-{
-    for (int i = 0; i < size; ++i)
-        bytes += static_cast<char>(value >> (8 * i));
-}
-
 }  // namespace
 
 std::string ProgramDirectory()
@@ -80,28 +74,8 @@ void SkinFolder::WriteStrip(const std::string& file, std::initializer_list<std::
 
 void SkinFolder::WriteCursor(const std::string& file) const
 {
-    constexpr std::uint32_t kSize = 32;
-    constexpr std::uint32_t kHeader = 40;
-    constexpr std::uint32_t kPixels = kSize * kSize * 4;
-    constexpr std::uint32_t kMask = kSize * kSize / 8;
-    std::string bytes;
-    for (const std::uint32_t word : {0U, 2U, 1U})  // reserved, a cursor, one image
-        Append(bytes, word, 2);
-    for (const std::uint32_t size : {kSize, kSize, 0U, 0U})
-        Append(bytes, size, 1);
-    Append(bytes, 3, 2);  // the hot spot
-    Append(bytes, 5, 2);
-    Append(bytes, kHeader + kPixels + kMask, 4);
-    Append(bytes, 22, 4);  // where the image starts
-    for (const std::uint32_t value : {kHeader, kSize, kSize * 2})
-        Append(bytes, value, 4);
-    Append(bytes, 1, 2);
-    Append(bytes, 32, 2);
-    for (int i = 0; i < 6; ++i)
-        Append(bytes, 0, 4);
-    bytes.append(kPixels, '\xFF');
-    bytes.append(kMask, '\0');
-    Write(file, bytes);
+    std::ifstream cursor(QVUI_TEST_DATA "/skin/data/hand.cur", std::ios::binary);
+    Write(file, std::string(std::istreambuf_iterator<char>(cursor), {}));
 }
 
 TraceLines::TraceLines()

@@ -34,7 +34,7 @@ public:
     std::string Read(const std::string& file) const;
     /// A picture of plain icons side by side, 8 x 8 pixels each (0xAARRGGBB, straight alpha).
     void WriteStrip(const std::string& file, std::initializer_list<std::uint32_t> colors) const;
-    /// A 32 x 32 cursor.
+    /// A cursor.
     void WriteCursor(const std::string& file) const;
 };
 

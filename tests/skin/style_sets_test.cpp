@@ -211,16 +211,12 @@ TEST_F(StyleSets, BordersReadNumberAfterNumber)
 
 TEST_F(StyleSets, ImagePositionsAreWordsAnywhereInTheText)
 {
-    const std::map<std::string, int> kinds{{"left_top", 0},
-                                           {"left_bottom", 1},
-                                           {"right_top", 2},
-                                           {"right_bottom", 3},
-                                           {"center", 4},
-                                           {"middle", 0},
-                                           {"CENTER", 0},
-                                           {"at the center", 4},
-                                           {"center right_bottom", 3},
-                                           {"right_top right_bottom", 3}};
+    // clang-format off
+    const std::map<std::string, int> kinds{
+        {"left_top", 0}, {"left_bottom", 1}, {"right_top", 2}, {"right_bottom", 3}, {"center", 4},
+        {"middle", 0}, {"CENTER", 0}, {"at the center", 4}, {"center right_bottom", 3},
+        {"right_top right_bottom", 3}};
+    // clang-format on
     for (const auto& [text, kind] : kinds) {
         const CRefPtr<CDUIFrameBK> frame(new CDUIFrameBK);
         frame->SetSkinImagePos({4, 7, 8});

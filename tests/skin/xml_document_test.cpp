@@ -140,6 +140,7 @@ TEST(XmlDocument, RefusesTextWhileItReadsOrWritesAFile)
         EXPECT_FALSE(xml.SetDocument("<x/>") || xml.SetDocument(nullptr));
         EXPECT_STREQ(xml.GetDocument(), "<a></b></a>");
         EXPECT_STREQ(xml.GetTagName(), "a");
+        EXPECT_STREQ(xml.GetSubDocument(), "");
         EXPECT_EQ(xml.IsWellFormed(), flag == CXmlDocument::kWriteFile) << "what is written is by definition";
     }
 }

@@ -192,7 +192,7 @@ TEST_F(Images, OfDamagedPngFilesFail)
     }
 }
 
-// Without the TIFF files: the windows target's decoder may never come back from a damaged one.
+// Without the TIFF files: the windows target's decoder reads outside of a damaged one, and may not come back.
 TEST_F(Images, OfAnyBrokenFileAreReadSafely)
 {
     for (const Pictures& pictures : AllPictures())
