@@ -13,6 +13,7 @@
 #include <qvui/render/image_list.h>
 
 #include "ratio_reporter.h"
+#include "support/platform_bitmap.h"
 
 using namespace DUI;
 
@@ -35,31 +36,16 @@ std::uint32_t PixelAt(int x, int y)
 }
 
 // A bottom-up bitmap in a memory context, and a pixman image over the same pixels.
-class Canvas {
+class Canvas : public qvui::test::MemoryBitmap {
 public:
-    explicit Canvas(SIZE extent) : size(extent), m_dc(CreateCompatibleDC(nullptr))
+    explicit Canvas(SIZE extent) : MemoryBitmap(qvui::test::BitmapInfo(extent.cx, extent.cy)), size(extent)
     {
-        BITMAPINFO info{};
-        info.bmiHeader = {sizeof info.bmiHeader, size.cx, size.cy, 1, 32, BI_RGB, 0, 0, 0, 0, 0};
-        void* rows = nullptr;
-        m_bitmap = CreateDIBSection(nullptr, &info, DIB_RGB_COLORS, &rows, nullptr, 0);
-        m_rows = static_cast<std::uint32_t*>(rows);
-        m_previous = SelectObject(m_dc, m_bitmap);
-        SetStretchBltMode(m_dc, COLORONCOLOR);
+        SetStretchBltMode(*this, COLORONCOLOR);
         for (int y = 0; y < size.cy; ++y)
             for (int x = 0; x < size.cx; ++x)
                 Row(y)[x] = PixelAt(x, y);
         image.reset(pixman_image_create_bits(PIXMAN_a8r8g8b8, size.cx, size.cy, Row(0), -size.cx * 4));
     }
-    Canvas(const Canvas&) = delete;
-    Canvas& operator=(const Canvas&) = delete;
-    ~Canvas()
-    {
-        SelectObject(m_dc, m_previous);
-        DeleteObject(m_bitmap);
-        DeleteDC(m_dc);
-    }
-    operator HDC() const { return m_dc; }
     std::uint32_t* Row(int y) const
     {
         return m_rows + static_cast<std::ptrdiff_t>(size.cy - 1 - y) * size.cx;
@@ -69,10 +55,7 @@ public:
     Image image;
 
 private:
-    HDC m_dc;
-    std::uint32_t* m_rows = nullptr;
-    HBITMAP m_bitmap = nullptr;
-    HGDIOBJ m_previous = nullptr;
+    std::uint32_t* m_rows = static_cast<std::uint32_t*>(Bits());
 };
 
 // The same canvas for all that ask for a size: both sides of a pair draw on the same addresses.
@@ -172,38 +155,41 @@ Part At0(const Part& part, int numerator, int denominator)
     return {0, 0, part.width * numerator / denominator, part.height * numerator / denominator};
 }
 
-Pair Blend(const char* name, const Part& to, const Part& from, int alpha = 255)
+// One part copied to another: `copy` takes the platform's arguments, the peer an operation and a mask.
+template <class Copy>
+Pair Copying(const char* name, const Part& to, const Part& from, Copy copy, pixman_op_t operation,
+             const std::shared_ptr<pixman_image_t>& mask = nullptr)
 {
-    const pixman_color_t colour{0, 0, 0, static_cast<std::uint16_t>(alpha * 0x101)};
-    const std::shared_ptr<pixman_image_t> mask(pixman_image_create_solid_fill(&colour), pixman_image_unref);
-    const BLENDFUNCTION blend{AC_SRC_OVER, 0, static_cast<BYTE>(alpha), AC_SRC_ALPHA};
     return {name,
             "pixman",
             {std::max(kScreen.cx, from.width), std::max(kScreen.cy, from.height)},
             [=](const Canvas& target, const Canvas& source) {
-                AlphaBlend(target, to.x, to.y, to.width, to.height, source, from.x, from.y, from.width,
-                           from.height, blend);
+                copy(static_cast<HDC>(target), to.x, to.y, to.width, to.height, static_cast<HDC>(source),
+                     from.x, from.y, from.width, from.height);
             },
             [=](const Canvas& target, const Canvas& source) {
-                Composite(target, source.image.get(), to, from, PIXMAN_OP_OVER,
-                          alpha == 255 ? nullptr : mask.get());
+                Composite(target, source.image.get(), to, from, operation, mask.get());
             },
             kMostOfPixman};
 }
 
+Pair Blend(const char* name, const Part& to, const Part& from, int alpha = 255)
+{
+    const pixman_color_t colour{0, 0, 0, static_cast<std::uint16_t>(alpha * 0x101)};
+    const std::shared_ptr<pixman_image_t> mask(
+        alpha == 255 ? nullptr : pixman_image_create_solid_fill(&colour), [](pixman_image_t* image) {
+            if (image)
+                pixman_image_unref(image);
+        });
+    const BLENDFUNCTION blend{AC_SRC_OVER, 0, static_cast<BYTE>(alpha), AC_SRC_ALPHA};
+    return Copying(
+        name, to, from, [blend](auto... place) { AlphaBlend(place..., blend); }, PIXMAN_OP_OVER, mask);
+}
+
 Pair Stretch(const char* name, const Part& to, const Part& from)
 {
-    return {name,
-            "pixman",
-            {std::max(kScreen.cx, from.width), std::max(kScreen.cy, from.height)},
-            [=](const Canvas& target, const Canvas& source) {
-                StretchBlt(target, to.x, to.y, to.width, to.height, source, from.x, from.y, from.width,
-                           from.height, SRCCOPY);
-            },
-            [=](const Canvas& target, const Canvas& source) {
-                Composite(target, source.image.get(), to, from, PIXMAN_OP_SRC);
-            },
-            kMostOfPixman};
+    return Copying(
+        name, to, from, [](auto... place) { StretchBlt(place..., SRCCOPY); }, PIXMAN_OP_SRC);
 }
 
 constexpr int kCorner = 8;

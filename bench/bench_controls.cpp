@@ -1,4 +1,3 @@
-#include <cstdlib>
 #include <fstream>
 #include <memory>
 
@@ -287,10 +286,7 @@ BENCHMARK(StyleSheetPaint)->Unit(benchmark::kMillisecond);
 
 int main(int argc, char** argv)
 {
-    // Nobody looks, and both sides draw into memory.
-    setenv("QT_QPA_PLATFORM", "offscreen", 1);
-    setenv("QVUI_DISPLAY", "headless", 1);
-    benchmark::Initialize(&argc, argv);
+    qvui::bench::DrawIntoMemory(argc, argv);
     qvui::test::SkinAdditions additions;
     additions.files["nine.png"] = qvui::bench::ButtonStrip(24, 4);
     additions.files["one.png"] = qvui::bench::ButtonStrip(24, 1);
@@ -298,11 +294,11 @@ int main(int argc, char** argv)
                        qvui::test::TestSkin::File("nine.png") +
                        "\" count=\"4\" drawstyle=\"squard\" corner=\"8,8\"/>";
     const qvui::test::TestSkin skin(additions);
-    qvui::bench::RatioReporter reporter;
-    benchmark::RunSpecifiedBenchmarks(&reporter);
-    reporter.PrintRatio("BuildControls", "QUiLoaderBuild", 0.1);
-    reporter.PrintRatio("RelayoutControls", "QBoxLayoutResize", 0.1);
-    reporter.PrintRatio("PaintButtons", "StyleSheetPaint", 1.0);
+    qvui::bench::RunAndCompare({
+        {"BuildControls", "QUiLoaderBuild", 0.1},
+        {"RelayoutControls", "QBoxLayoutResize", 0.1},
+        {"PaintButtons", "StyleSheetPaint", 1.0},
+    });
     qvui::bench::PrintBytesPerControl();
     qvui::bench::PrintHoverPixels();
     return 0;

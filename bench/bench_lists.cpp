@@ -1,5 +1,3 @@
-#include <cstdlib>
-
 #include <qvui/controls/list_box.h>
 #include <qvui/controls/tree_view.h>
 
@@ -38,7 +36,12 @@ void FillList(CDUIListBox& list, int count, const char* style)
         list.AddString(ItemText(i), style);
 }
 
-void FillTree(CDUITreeViewImpl& tree, int count)
+void Fill(CDUIListBox& list, int count)
+{
+    FillList(list, count, "item");
+}
+
+void Fill(CDUITreeViewImpl& tree, int count)
 {
     CDUITreeNode* const top = tree.AddNode(nullptr, "top");
     top->SetExpand(TRUE);
@@ -96,7 +99,7 @@ void QListWidgetAppend(benchmark::State& state)
 
 void AppendNodes(benchmark::State& state)
 {
-    TimeFilling<CDUITreeViewImpl>(state, "treeview", [](CDUITreeViewImpl& tree) { FillTree(tree, kMany); });
+    TimeFilling<CDUITreeViewImpl>(state, "treeview", [](CDUITreeViewImpl& tree) { Fill(tree, kMany); });
 }
 
 void QTreeWidgetAppend(benchmark::State& state)
@@ -122,34 +125,40 @@ void TimeSteps(benchmark::State& state, HostWindow& window, CDUIControlBase& row
     }
 }
 
-template <int kCount>
-void ScrollList(benchmark::State& state)
+constexpr const char* TagOf(const CDUIListBox*)
 {
-    HostWindow window(kSize, Template("listbox"));
-    auto& list = window.Find<CDUIListBox>("rows");
-    FillList(list, kCount, "item");
-    TimeSteps(state, window, list);
+    return "listbox";
 }
 
-template <int kCount>
-void ScrollTree(benchmark::State& state)
+constexpr const char* TagOf(const CDUITreeViewImpl*)
 {
-    HostWindow window(kSize, Template("treeview"));
-    auto& tree = window.Find<CDUITreeViewImpl>("rows");
-    FillTree(tree, kCount);
-    TimeSteps(state, window, tree);
+    return "treeview";
+}
+
+/// A window with filled rows.
+template <class Rows, int kCount>
+struct FilledRows {
+    FilledRows() { Fill(rows, kCount); }
+
+    HostWindow window{kSize, Template(TagOf(static_cast<Rows*>(nullptr)))};
+    Rows& rows = window.Find<Rows>("rows");
+};
+
+template <class Rows, int kCount>
+void Scroll(benchmark::State& state)
+{
+    FilledRows<Rows, kCount> filled;
+    TimeSteps(state, filled.window, filled.rows);
 }
 
 template <int kCount>
 void ExpandAndCollapse(benchmark::State& state)
 {
-    HostWindow window(kSize, Template("treeview"));
-    auto& tree = window.Find<CDUITreeViewImpl>("rows");
-    FillTree(tree, kCount);
-    CDUITreeNode* const top = tree.GetNodeAtRow(0);
+    FilledRows<CDUITreeViewImpl, kCount> filled;
+    CDUITreeNode* const top = filled.rows.GetNodeAtRow(0);
     for (auto _ : state) {
-        tree.ExpandNode(top, !top->GetExpand());
-        window.PaintNow();
+        filled.rows.ExpandNode(top, !top->GetExpand());
+        filled.window.PaintNow();
     }
 }
 
@@ -171,11 +180,11 @@ BENCHMARK(AppendStyledItems)->Unit(benchmark::kMillisecond);
 BENCHMARK(QListWidgetAppend)->Unit(benchmark::kMillisecond);
 BENCHMARK(AppendNodes)->Unit(benchmark::kMillisecond);
 BENCHMARK(QTreeWidgetAppend)->Unit(benchmark::kMillisecond);
-BENCHMARK(ScrollList<kFew>)->Name("ScrollFewItems")->Unit(benchmark::kMicrosecond);
-BENCHMARK(ScrollList<kMany>)->Name("ScrollManyItems")->Unit(benchmark::kMicrosecond);
+BENCHMARK((Scroll<CDUIListBox, kFew>))->Name("ScrollFewItems")->Unit(benchmark::kMicrosecond);
+BENCHMARK((Scroll<CDUIListBox, kMany>))->Name("ScrollManyItems")->Unit(benchmark::kMicrosecond);
 BENCHMARK(QListWidgetScroll)->Unit(benchmark::kMicrosecond);
-BENCHMARK(ScrollTree<kFew>)->Name("ScrollFewNodes")->Unit(benchmark::kMicrosecond);
-BENCHMARK(ScrollTree<kMany>)->Name("ScrollManyNodes")->Unit(benchmark::kMicrosecond);
+BENCHMARK((Scroll<CDUITreeViewImpl, kFew>))->Name("ScrollFewNodes")->Unit(benchmark::kMicrosecond);
+BENCHMARK((Scroll<CDUITreeViewImpl, kMany>))->Name("ScrollManyNodes")->Unit(benchmark::kMicrosecond);
 BENCHMARK(ExpandAndCollapse<kFew>)->Name("ExpandFewNodes")->Unit(benchmark::kMicrosecond);
 BENCHMARK(ExpandAndCollapse<kMany>)->Name("ExpandManyNodes")->Unit(benchmark::kMicrosecond);
 
@@ -184,22 +193,19 @@ BENCHMARK(ExpandAndCollapse<kMany>)->Name("ExpandManyNodes")->Unit(benchmark::kM
 
 int main(int argc, char** argv)
 {
-    // Nobody looks, and both sides draw into memory.
-    setenv("QT_QPA_PLATFORM", "offscreen", 1);
-    setenv("QVUI_DISPLAY", "headless", 1);
-    benchmark::Initialize(&argc, argv);
+    qvui::bench::DrawIntoMemory(argc, argv);
     qvui::test::SkinAdditions additions;
     additions.controlStyles =
         R"(<control_style name="item" normal_height="25" hover_frame="blue" select_frame="red" padding="4"/>)";
     const qvui::test::TestSkin skin(additions);
-    qvui::bench::RatioReporter reporter;
-    benchmark::RunSpecifiedBenchmarks(&reporter);
-    reporter.PrintRatio("AppendItems", "QListWidgetAppend", 1.0);
-    reporter.PrintRatio("AppendStyledItems", "QListWidgetAppend", 1.0);
-    reporter.PrintRatio("AppendNodes", "QTreeWidgetAppend", 1.0);
-    reporter.PrintRatio("ScrollManyItems", "ScrollFewItems", 1.2);
-    reporter.PrintRatio("ScrollManyItems", "QListWidgetScroll", 1.0);
-    reporter.PrintRatio("ScrollManyNodes", "ScrollFewNodes", 1.2);
-    reporter.PrintRatio("ExpandManyNodes", "ExpandFewNodes", 1.2);
+    qvui::bench::RunAndCompare({
+        {"AppendItems", "QListWidgetAppend", 1.0},
+        {"AppendStyledItems", "QListWidgetAppend", 1.0},
+        {"AppendNodes", "QTreeWidgetAppend", 1.0},
+        {"ScrollManyItems", "ScrollFewItems", 1.2},
+        {"ScrollManyItems", "QListWidgetScroll", 1.0},
+        {"ScrollManyNodes", "ScrollFewNodes", 1.2},
+        {"ExpandManyNodes", "ExpandFewNodes", 1.2},
+    });
     return 0;
 }

@@ -160,12 +160,12 @@ int main(int argc, char** argv)
     qputenv("QT_QPA_PLATFORM", "offscreen");
     const QGuiApplication application(argc, argv);
     benchmark::Initialize(&argc, argv);
-    qvui::bench::RatioReporter reporter;
-    benchmark::RunSpecifiedBenchmarks(&reporter);
-    reporter.PrintRatio("RegionOurs", "RegionQt", 1);
-    // For scale: the mask is most of the other side's work.
-    reporter.PrintRatio("RegionOurs", "RegionQtFromMask", 2);
-    // The platform's blend scales its source into a buffer first; Qt's paint engine needs none.
-    reporter.PrintRatio("FillOurs", "FillQt", 4);
-    reporter.PrintRatio("GradientOurs", "GradientQt", 6);
+    qvui::bench::RunAndCompare({
+        {"RegionOurs", "RegionQt", 1},
+        // For scale: the mask is most of the other side's work.
+        {"RegionOurs", "RegionQtFromMask", 2},
+        // The platform's blend scales its source into a buffer first; Qt's paint engine needs none.
+        {"FillOurs", "FillQt", 4},
+        {"GradientOurs", "GradientQt", 6},
+    });
 }

@@ -1,6 +1,5 @@
 #include "controls_qt.h"
 
-#include <QApplication>
 #include <QBuffer>
 #include <QGridLayout>
 #include <QImage>
@@ -10,17 +9,10 @@
 #include <QPushButton>
 #include <QUiLoader>
 
+#include "qt_application.h"
+
 namespace qvui::bench {
 namespace {
-
-QApplication& Application()
-{
-    static int argumentCount = 1;
-    static char name[] = "bench_controls";
-    static char* arguments[] = {name, nullptr};
-    static QApplication application(argumentCount, arguments);
-    return application;
-}
 
 // Finding its plugins is the loader's cost once per process, not per form.
 QUiLoader& Loader()

@@ -1,6 +1,9 @@
 #pragma once
 
+#include <cstdlib>
 #include <string>
+
+#include <benchmark/benchmark.h>
 
 #include <qvui/framework/window_mgr.h>
 
@@ -67,5 +70,13 @@ private:
 
     HWND m_window = nullptr;
 };
+
+/// Takes the benchmarks' arguments, and lets both sides draw into memory: nobody looks.
+inline void DrawIntoMemory(int argc, char** argv)
+{
+    setenv("QT_QPA_PLATFORM", "offscreen", 1);
+    setenv("QVUI_DISPLAY", "headless", 1);
+    benchmark::Initialize(&argc, argv);
+}
 
 }  // namespace qvui::bench

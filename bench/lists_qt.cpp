@@ -1,24 +1,12 @@
 #include "lists_qt.h"
 
-#include <QApplication>
 #include <QListWidget>
 #include <QScrollBar>
 #include <QTreeWidget>
 
+#include "qt_application.h"
+
 namespace qvui::bench {
-namespace {
-
-QApplication& Application()
-{
-    static int argumentCount = 1;
-    static char name[] = "bench_lists";
-    static char* arguments[] = {name, nullptr};
-    static QApplication application(argumentCount, arguments);
-    return application;
-}
-
-}  // namespace
-
 struct QtList::Widgets {
     std::unique_ptr<QListWidget> list;
     std::unique_ptr<QTreeWidget> tree;

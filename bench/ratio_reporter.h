@@ -47,4 +47,20 @@ private:
     std::map<std::string, double> m_times;
 };
 
+/// The most time that one benchmark may take, as a multiple of another's.
+struct Limit {
+    const char* ours;
+    const char* theirs;
+    double most;
+};
+
+/// Runs the benchmarks, and prints the ratios behind their table.
+inline void RunAndCompare(const std::vector<Limit>& limits)
+{
+    RatioReporter reporter;
+    benchmark::RunSpecifiedBenchmarks(&reporter);
+    for (const Limit& limit : limits)
+        reporter.PrintRatio(limit.ours, limit.theirs, limit.most);
+}
+
 }  // namespace qvui::bench
