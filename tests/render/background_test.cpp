@@ -193,23 +193,17 @@ TEST_F(Background, DrawsFramesOfLinesAndImages)
 {
     const RECT lines{1, 1, 6, 5};
     const RECT image{1, 0, 7, 5};
+    const RECT thin{1, 0, 4, 5};
+    const RECT all{0, 0, 8, 5};
     const RECT noClip{};
     const Table<const char*, RECT, RECT, RECT, const char*> cases{
         {"lines", lines, {1, 1, 1, 1}, noClip, "........\n.rrrrr..\n.rgggr..\n.rgggr..\n.rrrrr..\n"},
         {"some sides", lines, {0, 1, 1, 0}, noClip, "........\n.rrrrr..\n.ggggr..\n.ggggr..\n.ggggr..\n"},
         {"none", lines, {0, 0, 0, 0}, noClip, "........\n.ggggg..\n.ggggg..\n.ggggg..\n.ggggg..\n"},
-        {"pens on the edge",
-         lines,
-         {0, 2, 0, 0},
-         noClip,
-         "rrrrrrr.\nrrrrrrr.\n.ggggg..\n.ggggg..\n.ggggg..\n"},
-        {"ring", image, {2, 1, 1, 1}, {0, 0, 8, 5}, ".bbbbbb.\n.bbgggb.\n.bbgggb.\n.bbgggb.\n.bbbbbb.\n"},
+        {"wide", lines, {0, 2, 0, 0}, noClip, "rrrrrrr.\nrrrrrrr.\n.ggggg..\n.ggggg..\n.ggggg..\n"},
+        {"ring", image, {2, 1, 1, 1}, all, ".bbbbbb.\n.bbgggb.\n.bbgggb.\n.bbgggb.\n.bbbbbb.\n"},
         {"cut ring", image, {2, 1, 1, 1}, {0, 2, 6, 5}, "........\n........\n.bbggg..\n.bbggg..\n.bbbbb..\n"},
-        {"no room",
-         {1, 0, 4, 5},
-         {2, 1, 1, 1},
-         {0, 0, 8, 5},
-         ".bbb....\n.bbb....\n.bbb....\n.bbb....\n.bbb....\n"},
+        {"narrow", thin, {2, 1, 1, 1}, all, ".bbb....\n.bbb....\n.bbb....\n.bbb....\n.bbb....\n"},
         {"not clipped", image, {2, 1, 1, 1}, noClip, ".bbbbbb.\n.bbbbbb.\n.bbbbbb.\n.bbbbbb.\n.bbbbbb.\n"},
     };
     for (const auto& [name, rect, border, clip, letters] : cases) {

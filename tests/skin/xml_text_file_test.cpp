@@ -91,6 +91,7 @@ TEST_F(XmlTextFile, LogsWhatItDid)
     // The text, and the words of the log, in code page 65001.
     const std::string late = "<?xml " + std::string(1020, ' ') + "encoding='latin1'?>\xC3\xA9";
     const std::string other = "<?xmls encoding='latin1'?>\xC3\xA9";
+    const std::string latin = "<?xml encoding='latin1'?>";
     const std::string unknown = "<?xml encoding='nonsense'?>\xE9";
     const std::string wide = "<?xml encoding='utf-16'?>x";
     const Table<const char*, std::string, std::string, std::vector<std::string>> cases{
@@ -103,10 +104,7 @@ TEST_F(XmlTextFile, LogsWhatItDid)
         {"zero units", "\xFF\xFE<\0\0\0a\0/\0>\0"s, "<a/>", {"bom", "read", "nulls_removed", "converted_to"}},
         {"big-endian", "\xFE\xFF\0<\0a\0/\0>"s, "<a/>", {"bom", "read", "endian_swap", "converted_to"}},
         {"half a unit at the end", "\xFF\xFE<\0a\0/\0>\0x"s, "<a/>", {"bom", "read", "converted_to"}},
-        {"another code page",
-         "<?xml encoding='latin1'?>\xE9",
-         "<?xml encoding='latin1'?>\xC3\xA9",
-         {"read", "converted_to"}},
+        {"another code page", latin + "\xE9", latin + "\xC3\xA9", {"read", "converted_to"}},
         {"an unknown encoding never converts", unknown, unknown, {"read"}},
         {"a wide encoding of a text of bytes", wide, wide, {"read"}},
         {"no encoding and no UTF-8", "\xE9", "\xE9", {"read", "utf8_detection"}},
