@@ -21,6 +21,8 @@ constexpr DocumentWord kDrawStyles[] = {
     {"tile", DRAW_STYLE_TILE},
 };
 
+constexpr DocumentWord kDirections[] = {{"vert", 1}, {"horz", 0}};
+
 constexpr DocumentWord kImagePositions[] = {
     {"left_top", 0}, {"left_bottom", 1}, {"right_bottom", 3}, {"right_top", 2}, {"center", 4},
 };
@@ -67,6 +69,11 @@ DocumentWords SourceWords()
 DocumentWords DrawStyleWords()
 {
     return All(kDrawStyles);
+}
+
+DocumentWords DirectionWords()
+{
+    return All(kDirections);
 }
 
 DocumentWords ImagePositionWords()

@@ -1,24 +1,12 @@
 // The resource manager's documents: string tables, skin resources and templates.
 
+#include <algorithm>
+
 #include "skin/document_sets.h"
+#include "skin/source_fields.h"
 
 namespace DUI {
 namespace {
-
-/// An attribute of an entry and the record's text that it fills.
-template <class Record>
-struct Field {
-    const char* attribute;
-    CString Record::*text;
-};
-
-// A record that is there already takes over what the entry says, missing attributes as empty texts.
-template <class Record, std::size_t Count>
-void ReadFields(const CXmlDocument& xml, const Field<Record> (&fields)[Count], Record& record)
-{
-    for (const auto& field : fields)
-        record.*field.text = xml.GetChildAttribute(field.attribute);
-}
 
 // The record of the entry's name, new when there is none yet. One without a name is not kept.
 template <class Record>
@@ -33,36 +21,67 @@ CRefPtr<Record> RecordOf(const CXmlDocument& xml, CNameTable<CRefPtr<Record>>& t
     return stored;
 }
 
-constexpr Field<CResourceCursorData> kCursorFields[] = {
-    {"name", &CResourceCursorData::m_strName},
-    {"config_type", &CResourceCursorData::m_strConfigType},
-    {"file_name", &CResourceCursorData::m_strFileName},
-    {"resource_id", &CResourceCursorData::m_strResourceId},
-    {"resource_type", &CResourceCursorData::m_strResourceType},
-};
+constexpr EntryAttribute kStringId{"id", AttributeKind::Text, "What controls call the text."};
 
-constexpr Field<CResourceFontData> kFontFields[] = {
-    {"name", &CResourceFontData::m_strName},           {"facename", &CResourceFontData::m_strFaceName},
-    {"italic", &CResourceFontData::m_strItalic},       {"underline", &CResourceFontData::m_strUnderline},
-    {"height", &CResourceFontData::m_strHeight},       {"weight", &CResourceFontData::m_strWeight},
-    {"strikeout", &CResourceFontData::m_strStrikeout},
-};
+constexpr EntryAttribute kColorName{"name", AttributeKind::Text, "What controls and styles call the colour."};
+constexpr EntryAttribute kColorValue{"value", AttributeKind::LiteralColor, "The colour."};
 
-constexpr Field<CResourceImageData> kImageFields[] = {
-    {"name", &CResourceImageData::m_strName},
-    {"config_type", &CResourceImageData::m_strConfigType},
-    {"file_name", &CResourceImageData::m_strFileName},
-    {"resource_id", &CResourceImageData::m_strResourceId},
-    {"resource_type", &CResourceImageData::m_strResourceType},
-    {"alpha", &CResourceImageData::m_strAlpha},
-    {"mask_color", &CResourceImageData::m_strMaskColor},
-    {"count", &CResourceImageData::m_strCount},
-    {"direction", &CResourceImageData::m_strDirection},
-    {"drawstyle", &CResourceImageData::m_strDrawStyle},
-    {"corner", &CResourceImageData::m_strCorner},
+constexpr TextField<CResourceFontData> kFontFields[] = {
+    {"name", AttributeKind::Text, "What text styles call the font.", &CResourceFontData::m_strName},
+    {"facename", AttributeKind::StringId, "The typeface.", &CResourceFontData::m_strFaceName},
+    {"height", AttributeKind::Integer, "The cell height in pixels; negative: the em size.",
+     &CResourceFontData::m_strHeight},
+    {"weight", AttributeKind::Integer, "0 to 999; 400 is normal, 700 bold.", &CResourceFontData::m_strWeight},
+    {"italic", AttributeKind::Boolean, "Whether it is italic.", &CResourceFontData::m_strItalic},
+    {"underline", AttributeKind::Boolean, "Whether it is underlined.", &CResourceFontData::m_strUnderline},
+    {"strikeout", AttributeKind::Boolean, "Whether it is struck out.", &CResourceFontData::m_strStrikeout},
+};
+constexpr EntryAttribute kFontDefault{"default", AttributeKind::Boolean, "true: the font where none is named."};
+
+// Besides those of its source.
+constexpr TextField<CResourceImageData> kImageFields[] = {
+    {"count", AttributeKind::Integer, "How many icons the picture holds; 1 without it.",
+     &CResourceImageData::m_strCount},
+    {"direction", AttributeKind::ChoiceAny, "vert: the icons stand one above the other, not side by side.",
+     &CResourceImageData::m_strDirection, DirectionWords},
+    {"drawstyle", AttributeKind::ChoiceAny, "How an icon fills a larger rectangle; without it, it is stretched.",
+     &CResourceImageData::m_strDrawStyle, DrawStyleWords},
+    {"corner", AttributeKind::IntPair,
+     "Width and height of the corners that keep their size in stretch_horz, stretch_vert and squard; the first "
+     "number alone counts in stretch_vert.",
+     &CResourceImageData::m_strCorner},
+    {"alpha", AttributeKind::Text, "Kept, but without effect.", &CResourceImageData::m_strAlpha},
+    {"mask_color", AttributeKind::Text, "Kept, but without effect.", &CResourceImageData::m_strMaskColor},
 };
 
 }  // namespace
+
+EntryAttributes StringAttributes()
+{
+    return {kStringId};
+}
+
+EntryAttributes ColorAttributes()
+{
+    return {kColorName, kColorValue};
+}
+
+EntryAttributes CursorAttributes()
+{
+    return SourceAttributes("What controls call the cursor.");
+}
+
+EntryAttributes FontAttributes()
+{
+    EntryAttributes attributes = AttributesOf(kFontFields);
+    attributes.push_back(kFontDefault);
+    return attributes;
+}
+
+EntryAttributes ImageAttributes()
+{
+    return SourceAttributes("What controls and styles call the image.", AttributesOf(kImageFields));
+}
 
 int CResMgr::Parse(const CString& xml, ReadDocument read)
 {
@@ -93,10 +112,30 @@ int CResMgr::ParseStyleResource(const CString& xml)
     return Parse(xml, &CResMgr::ReadStyles);
 }
 
+// A set that stands behind one of a later kind is not seen.
+void CResMgr::ReadSets(CXmlDocument& xml, DocumentKind document, std::initializer_list<ReadEntry> readers)
+{
+    const std::vector<SetSchema>& sets = SchemaOf(document).sets;
+    auto kind = sets.begin();
+    while (xml.FindChildElement()) {
+        const CString set = xml.GetChildTagName();
+        const auto found =
+            std::find_if(kind, sets.end(), [&](const SetSchema& later) { return set == later.set; });
+        if (found == sets.end())
+            continue;
+        kind = found;
+        const ReadEntry read = readers.begin()[kind - sets.begin()];
+        xml.IntoElement();
+        while (xml.FindChildElement(kind->entry))
+            (this->*read)(xml);
+        xml.OutOfElement();
+    }
+}
+
 void CResMgr::ReadStrings(CXmlDocument& xml)
 {
-    while (xml.FindChildElement("string")) {
-        const CString id = xml.GetChildAttribute("id");
+    while (xml.FindChildElement(SchemaOf(DocumentKind::Strings).sets.front().entry)) {
+        const CString id = xml.GetChildAttribute(kStringId.name);
         CString text = xml.GetChildData();
         if (!id.IsEmpty() && !text.IsEmpty())
             m_strings.Add(id, std::move(text));
@@ -105,12 +144,8 @@ void CResMgr::ReadStrings(CXmlDocument& xml)
 
 void CResMgr::ReadTemplates(CXmlDocument& xml)
 {
-    static constexpr SetKind kKinds[] = {
-        {"menu_template", "menu", &CResMgr::ReadMenuTemplate},
-        {"window_template", "window", &CResMgr::ReadWindowTemplate},
-        {"plugin_set", "plugin", &CResMgr::ReadPlugin},
-    };
-    ReadSets(xml, kKinds);
+    ReadSets(xml, DocumentKind::Templates,
+             {&CResMgr::ReadMenuTemplate, &CResMgr::ReadWindowTemplate, &CResMgr::ReadPlugin});
 }
 
 void CResMgr::ReadMenuTemplate(CXmlDocument& xml)
@@ -130,19 +165,14 @@ void CResMgr::ReadPlugin(CXmlDocument& xml)
 
 void CResMgr::ReadResources(CXmlDocument& xml)
 {
-    static constexpr SetKind kKinds[] = {
-        {"color_set", "color", &CResMgr::ReadColor},
-        {"cursor_set", "cursor", &CResMgr::ReadCursor},
-        {"font_set", "font", &CResMgr::ReadFont},
-        {"image_set", "image", &CResMgr::ReadImage},
-    };
-    ReadSets(xml, kKinds);
+    ReadSets(xml, DocumentKind::Resources,
+             {&CResMgr::ReadColor, &CResMgr::ReadCursor, &CResMgr::ReadFont, &CResMgr::ReadImage});
 }
 
 void CResMgr::ReadColor(CXmlDocument& xml)
 {
-    const CString name = xml.GetChildAttribute("name");
-    const CString value = xml.GetChildAttribute("value");
+    const CString name = xml.GetChildAttribute(kColorName.name);
+    const CString value = xml.GetChildAttribute(kColorValue.name);
     CARGB color;
     if (!name.IsEmpty() && !value.IsEmpty() && GetColorFromString(value, color))
         m_colors[name] = color;
@@ -150,14 +180,14 @@ void CResMgr::ReadColor(CXmlDocument& xml)
 
 void CResMgr::ReadCursor(CXmlDocument& xml)
 {
-    ReadFields(xml, kCursorFields, *RecordOf(xml, m_cursors).GetPtr());
+    ReadFields(xml, kSourceFields, *RecordOf(xml, m_cursors).GetPtr());
 }
 
 void CResMgr::ReadFont(CXmlDocument& xml)
 {
     const CRefPtr<CResourceFontData> record = RecordOf(xml, m_fonts);
     ReadFields(xml, kFontFields, *record.GetPtr());
-    if (!IsTrue(xml.GetChildAttribute("default")))
+    if (!IsTrue(xml.GetChildAttribute(kFontDefault.name)))
         return;
     record->m_pFont = CreateFontA(record);
     m_pDefaultFont = record->m_pFont;
@@ -166,6 +196,7 @@ void CResMgr::ReadFont(CXmlDocument& xml)
 void CResMgr::ReadImage(CXmlDocument& xml)
 {
     const CRefPtr<CResourceImageData> record = RecordOf(xml, m_images);
+    ReadFields(xml, kSourceFields, *record.GetPtr());
     ReadFields(xml, kImageFields, *record.GetPtr());
     // Whoever holds the list made before sees the new picture.
     if (record->m_pImageList)

@@ -39,7 +39,7 @@ void ApplyImageAttributes(CResourceImageData& record, CDUIImageList& list)
         ReadPair(record.m_strCorner, corner);
         list.SetCornerSize(corner.cx, corner.cy);
     }
-    if (EqualNoCase(record.m_strDirection.View(), "vert"))
+    if (DirectionWords().Find(record.m_strDirection.View(), 0))
         list.SetImageDirection(1);
 }
 

@@ -5,29 +5,47 @@
 #include <qvui/foundation/trace.h>
 #include <qvui/skin/xml_document.h>
 
+#include "skin/source_fields.h"
+
 namespace DUI {
 namespace {
 
 CResourceFileInfo ReadFileInfo(const CXmlDocument& xml)
 {
     CResourceFileInfo info;
-    info.m_strName = xml.GetChildAttribute("name");
-    info.m_strConfigType = xml.GetChildAttribute("config_type");
-    info.m_strFileName = xml.GetChildAttribute("file_name");
-    info.m_strResourceId = xml.GetChildAttribute("resource_id");
-    info.m_strResourceType = xml.GetChildAttribute("resource_type");
+    ReadFields(xml, kSourceFields, info);
     return info;
 }
 
-// Hands every entry of the child element, a set, to `read`.
-template <class Read>
-void ReadEntries(CXmlDocument& xml, const char* entry, Read read)
-{
-    xml.IntoElement();
-    while (xml.FindChildElement(entry))
-        read(ReadFileInfo(xml));
-    xml.OutOfElement();
-}
+// The entry document's sets, in the order in which they are searched one behind the other: one that stands too
+// early is not seen.
+class EntrySets {
+public:
+    explicit EntrySets(CXmlDocument& xml) : m_xml(xml) {}
+
+    /// Goes on to the set of the next kind.
+    bool FindNext()
+    {
+        m_set = &SchemaOf(DocumentKind::Entry).sets[m_index++];
+        return m_xml.FindChildElement(m_set->set);
+    }
+    /// The text of the set's one attribute.
+    CString Attribute() const { return m_xml.GetChildAttribute(m_set->setAttributes.front().name); }
+    /// Hands every entry of the set to `read`.
+    template <class Read>
+    void ReadEntries(Read read)
+    {
+        m_xml.IntoElement();
+        while (m_xml.FindChildElement(m_set->entry))
+            read(ReadFileInfo(m_xml));
+        m_xml.OutOfElement();
+    }
+
+private:
+    CXmlDocument& m_xml;
+    const SetSchema* m_set = nullptr;
+    std::size_t m_index = 0;
+};
 
 bool IsNamed(const CResourceFileInfo& info, const CString& name)
 {
@@ -123,7 +141,6 @@ int CDUISkinMgr::InitializeSkin(const CString& entryXml)
     return failure == nullptr;
 }
 
-// The sets are searched one behind the other, so one that stands too early is not seen.
 int CDUISkinMgr::ParseEntryXML(const CString& entryXml)
 {
     CXmlDocument xml;
@@ -131,29 +148,30 @@ int CDUISkinMgr::ParseEntryXML(const CString& entryXml)
         return 0;
     m_languages.clear();
     m_templates.clear();
-    if (xml.FindChildElement("language_set")) {
+    EntrySets sets(xml);
+    if (sets.FindNext()) {
         if (m_strLanguageType.IsEmpty())
-            m_strLanguageType = xml.GetChildAttribute("default");
-        ReadEntries(xml, "language", [&](CResourceFileInfo info) { m_languages.push_back(std::move(info)); });
+            m_strLanguageType = sets.Attribute();
+        sets.ReadEntries([&](CResourceFileInfo language) { m_languages.push_back(std::move(language)); });
     }
-    if (xml.FindChildElement("skin_set")) {
-        m_currentSkin.m_strName = xml.GetChildAttribute("default");
-        ReadEntries(xml, "skin", [&](CResourceFileInfo info) {
-            if (IsNamed(info, m_currentSkin.m_strName))
-                m_currentSkin = info;
-            m_skins.push_back(std::move(info));
+    if (sets.FindNext()) {
+        m_currentSkin.m_strName = sets.Attribute();
+        sets.ReadEntries([&](CResourceFileInfo skin) {
+            if (IsNamed(skin, m_currentSkin.m_strName))
+                m_currentSkin = skin;
+            m_skins.push_back(std::move(skin));
         });
     }
-    if (xml.FindChildElement("style_set"))
-        ReadEntries(xml, "style", [&](CResourceFileInfo info) {
-            if (IsNamed(info, m_currentSkin.m_strName))
-                m_currentStyle = info;
-            m_styles.push_back(std::move(info));
+    if (sets.FindNext())
+        sets.ReadEntries([&](CResourceFileInfo style) {
+            if (IsNamed(style, m_currentSkin.m_strName))
+                m_currentStyle = style;
+            m_styles.push_back(std::move(style));
         });
-    if (xml.FindChildElement("template_set"))
-        ReadEntries(xml, "template", [&](CResourceFileInfo info) { m_templates.push_back(std::move(info)); });
-    if (xml.FindChildElement("skin_package"))
-        m_resMgr.SetPackageFile(xml.GetChildAttribute("file"));
+    if (sets.FindNext())
+        sets.ReadEntries([&](CResourceFileInfo info) { m_templates.push_back(std::move(info)); });
+    if (sets.FindNext())
+        m_resMgr.SetPackageFile(sets.Attribute());
     return 1;
 }
 

@@ -1,12 +1,10 @@
 // The resource manager's style documents: text, frame and control styles.
 
-#include <limits>
 #include <locale>
 #include <sstream>
 
-#include <qvui/skin/document_words.h>
-
 #include "skin/document_sets.h"
+#include "skin/entry_fields.h"
 #include "skin/integer_list.h"
 
 namespace DUI {
@@ -38,54 +36,60 @@ void SetRound(const CString& text, CDUIFrameBK& frame)
     frame.SetFrameRound(size[0], size[1]);
 }
 
-struct FrameAttribute {
-    const char* name;
-    void (*apply)(CResMgr& manager, const Frame& frame, const CString& value);
-};
+using FrameField = EntryField<void (*)(CResMgr& manager, const Frame& frame, const CString& value)>;
 
 // In the order in which they are applied: the colours take over the separator and the direction from before.
-constexpr FrameAttribute kFrameAttributes[] = {
-    {"back_color", [](CResMgr& manager, const Frame& frame,
-                      const CString& value) { manager.ParseFrameBKAttriColors(value, frame); }},
-    {"back_sep",
+constexpr FrameField kFrameFields[] = {
+    {"back_color", AttributeKind::Colors, "One colour, or a gradient: start, end, middle.",
+     [](CResMgr& manager, const Frame& frame, const CString& value) {
+         manager.ParseFrameBKAttriColors(value, frame);
+     }},
+    {"back_sep", AttributeKind::Number,
+     "Where the middle colour stands: up to 1 a share of the length, above it pixels.",
      [](CResMgr&, const Frame& frame, const CString& value) { SetSeparator(value, *frame.GetPtr()); }},
-    {"back_vertical",
+    {"back_vertical", AttributeKind::Boolean, "Whether the gradient runs from top to bottom.",
      [](CResMgr&, const Frame& frame, const CString& value) { frame->SetBKVertical(IsTrue(value)); }},
-    {"back_image", [](CResMgr& manager, const Frame& frame,
-                      const CString& value) { frame->SetSkinImage(manager.GetImage(value, 1)); }},
-    {"back_image_pos", [](CResMgr& manager, const Frame& frame,
-                          const CString& value) { manager.ParseFrameBKImagePos(value, frame); }},
-    {"border_image", [](CResMgr& manager, const Frame& frame,
-                        const CString& value) { frame->SetFrameImage(manager.GetImage(value, 1)); }},
-    {"border_color", [](CResMgr& manager, const Frame& frame,
-                        const CString& value) { frame->SetFrameColor(manager.GetColor(value)); }},
-    {"border_rect",
+    {"back_image", AttributeKind::Image, "The image over the colours.",
+     [](CResMgr& manager, const Frame& frame, const CString& value) {
+         frame->SetSkinImage(manager.GetImage(value, 1));
+     }},
+    {"back_image_pos", AttributeKind::Choice, "Where that image stands.",
+     [](CResMgr& manager, const Frame& frame, const CString& value) {
+         manager.ParseFrameBKImagePos(value, frame);
+     },
+     ImagePositionWords},
+    {"border_image", AttributeKind::Image, "The image that the border is cut from.",
+     [](CResMgr& manager, const Frame& frame, const CString& value) {
+         frame->SetFrameImage(manager.GetImage(value, 1));
+     }},
+    {"border_color", AttributeKind::Color, "The border's colour.",
+     [](CResMgr& manager, const Frame& frame, const CString& value) {
+         frame->SetFrameColor(manager.GetColor(value));
+     }},
+    {"border_rect", AttributeKind::Rect, "The border's thickness on each side.",
      [](CResMgr&, const Frame& frame, const CString& value) { SetBorder(value, *frame.GetPtr()); }},
-    {"border_round",
+    {"border_round", AttributeKind::IntPair, "Width and height of the ellipse that rounds the corners.",
      [](CResMgr&, const Frame& frame, const CString& value) { SetRound(value, *frame.GetPtr()); }},
 };
 
-struct StyleFont {
-    const char* attribute;
-    void (CTextStyle::*set)(CRefPtr<CFontObject>);
-};
-constexpr StyleFont kStyleFonts[] = {
-    {"font", &CTextStyle::SetNormalFont},
-    {"font_hover", &CTextStyle::SetHoverFont},
-    {"font_select", &CTextStyle::SetSelectFont},
-    {"font_disable", &CTextStyle::SetDisableFont},
+constexpr EntryField<void (CTextStyle::*)(CRefPtr<CFontObject>)> kFontFields[] = {
+    {"font", AttributeKind::Font, "The font.", &CTextStyle::SetNormalFont},
+    {"font_hover", AttributeKind::Font, "Below the pointer; without it, as font.", &CTextStyle::SetHoverFont},
+    {"font_select", AttributeKind::Font, "Selected or pressed; without it, as font.",
+     &CTextStyle::SetSelectFont},
+    {"font_disable", AttributeKind::Font, "Disabled; without it, as font.", &CTextStyle::SetDisableFont},
 };
 
-struct StyleColor {
-    const char* attribute;
-    void (CTextStyle::*set)(const CARGB&);
+constexpr EntryField<void (CTextStyle::*)(const CARGB&)> kColorFields[] = {
+    {"normal_color", AttributeKind::Color, "The text's colour.", &CTextStyle::SetNormalColor},
+    {"hover_color", AttributeKind::Color, "Below the pointer.", &CTextStyle::SetHoverColor},
+    {"select_color", AttributeKind::Color, "Selected or pressed.", &CTextStyle::SetSelectColor},
+    {"disable_color", AttributeKind::Color, "Disabled.", &CTextStyle::SetDisableColor},
 };
-constexpr StyleColor kStyleColors[] = {
-    {"normal_color", &CTextStyle::SetNormalColor},
-    {"disable_color", &CTextStyle::SetDisableColor},
-    {"hover_color", &CTextStyle::SetHoverColor},
-    {"select_color", &CTextStyle::SetSelectColor},
-};
+
+constexpr EntryAttribute kName{"name", AttributeKind::Text, "What controls call the style."};
+constexpr EntryAttribute kFormat{"format", AttributeKind::Flags, "Alignment and line breaks.", TextFormatWords};
+constexpr EntryAttribute kDefault{"default", AttributeKind::Boolean, "true: the style where none is named."};
 
 // The style of that name; whoever holds it sees what the entry changes.
 template <class Style>
@@ -110,47 +114,59 @@ DWORD WordAt(std::string_view text)
 
 }  // namespace
 
+EntryAttributes TextStyleAttributes()
+{
+    EntryAttributes attributes{kName, kFormat};
+    attributes.insert(attributes.end(), std::begin(kFontFields), std::end(kFontFields));
+    attributes.insert(attributes.end(), std::begin(kColorFields), std::end(kColorFields));
+    attributes.push_back(kDefault);
+    return attributes;
+}
+
+EntryAttributes FrameStyleAttributes()
+{
+    EntryAttributes attributes{kName};
+    attributes.insert(attributes.end(), std::begin(kFrameFields), std::end(kFrameFields));
+    return attributes;
+}
+
 void CResMgr::ReadStyles(CXmlDocument& xml)
 {
-    static constexpr SetKind kKinds[] = {
-        {"text_style_set", "text_style", &CResMgr::ReadTextStyle},
-        {"frame_style_set", "frame_style", &CResMgr::ReadFrameStyle},
-        {"control_style_set", "control_style", &CResMgr::ReadControlStyle},
-    };
-    ReadSets(xml, kKinds);
+    ReadSets(xml, DocumentKind::Styles,
+             {&CResMgr::ReadTextStyle, &CResMgr::ReadFrameStyle, &CResMgr::ReadControlStyle});
 }
 
 void CResMgr::ReadTextStyle(CXmlDocument& xml)
 {
-    const CString name = xml.GetChildAttribute("name");
+    const CString name = xml.GetChildAttribute(kName.name);
     if (name.IsEmpty())
         return;
     const CRefPtr<CTextStyle> style = StyleOf(m_textStyles, name);
-    style->SetTextFormat(ParseTextFormat(xml.GetChildAttribute("format")));
-    const CString normal = xml.GetChildAttribute("font");
-    for (const StyleFont& font : kStyleFonts) {
-        const CString own = xml.GetChildAttribute(font.attribute);
-        (style.GetPtr()->*font.set)(GetFont(own.IsEmpty() ? normal : own, 1));
+    style->SetTextFormat(ParseTextFormat(xml.GetChildAttribute(kFormat.name)));
+    const CString normal = xml.GetChildAttribute(kFontFields[0].name);
+    for (const auto& font : kFontFields) {
+        const CString own = xml.GetChildAttribute(font.name);
+        (style.GetPtr()->*font.target)(GetFont(own.IsEmpty() ? normal : own, 1));
     }
-    for (const StyleColor& color : kStyleColors) {
-        const CString value = xml.GetChildAttribute(color.attribute);
+    for (const auto& color : kColorFields) {
+        const CString value = xml.GetChildAttribute(color.name);
         if (!value.IsEmpty())
-            (style.GetPtr()->*color.set)(GetColor(value));
+            (style.GetPtr()->*color.target)(GetColor(value));
     }
-    if (IsTrue(xml.GetChildAttribute("default")))
+    if (IsTrue(xml.GetChildAttribute(kDefault.name)))
         m_pDefaultTextStyle = style;
 }
 
 void CResMgr::ReadFrameStyle(CXmlDocument& xml)
 {
-    const CString name = xml.GetChildAttribute("name");
+    const CString name = xml.GetChildAttribute(kName.name);
     if (name.IsEmpty())
         return;
     const Frame frame = StyleOf(m_frames, name);
-    for (const FrameAttribute& attribute : kFrameAttributes) {
-        const CString value = xml.GetChildAttribute(attribute.name);
+    for (const FrameField& field : kFrameFields) {
+        const CString value = xml.GetChildAttribute(field.name);
         if (!value.IsEmpty())
-            attribute.apply(*this, frame, value);
+            field.target(*this, frame, value);
     }
 }
 
@@ -176,8 +192,8 @@ CRefPtr<CTextStyle> CResMgr::GetDefaultTextStyle()
     const CARGB black(0, 0, 0, 255);
     m_pDefaultTextStyle = CRefPtr<CTextStyle>(new CTextStyle);
     m_pDefaultTextStyle->SetNormalFont(GetDefaultFont());
-    for (const StyleColor& color : kStyleColors)
-        (m_pDefaultTextStyle.GetPtr()->*color.set)(black);
+    for (const auto& color : kColorFields)
+        (m_pDefaultTextStyle.GetPtr()->*color.target)(black);
     return m_pDefaultTextStyle;
 }
 

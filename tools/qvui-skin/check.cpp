@@ -146,7 +146,7 @@ void Checker::CheckPlainAttributes(const Place& place, const std::vector<EntryAt
             return attribute.name == candidate.name;
         });
         if (found != known.end()) {
-            CheckValue(place, attribute, found->kind, found->keywords);
+            CheckValue(place, attribute, found->kind, KeywordsOf(*found));
             continue;
         }
         std::vector<std::string> names;

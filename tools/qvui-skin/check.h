@@ -4,6 +4,8 @@
 #include <string>
 #include <vector>
 
+#include <qvui/framework/attribute_table.h>
+
 #include "names.h"
 #include "package.h"
 #include "report.h"

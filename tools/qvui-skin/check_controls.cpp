@@ -45,7 +45,7 @@ void Checker::UseDefaults()
             if (known->Attributes())
                 for (const AttributeInfo& info : known->Attributes()->Infos())
                     for (const Reference& reference :
-                         ReferencesOf(FromTable(info.syntax.kind), info.syntax.defaultValue))
+                         ReferencesOf(info.syntax.kind, info.syntax.defaultValue))
                         m_names.Use(reference.kind, reference.name);
 }
 
@@ -67,7 +67,7 @@ void Checker::CheckWindow(const PackageDocument& part, int window)
     const Place place{document, element, kAllSkins};
     for (const Attribute& attribute : element.attributes)
         if (const AttributeInfo* const info = FindAttribute(known, attribute.name))
-            CheckValue(place, attribute, FromTable(info->syntax.kind), info->syntax.keywords);
+            CheckValue(place, attribute, info->syntax.kind, info->syntax.keywords);
         else
             ReportUnknown(place, attribute, AttributeNames(known));
     if (element.firstChild < 0)
@@ -103,7 +103,7 @@ void Checker::CheckControlAttributes(const Place& place, const ControlClass* con
         const AttributeInfo* const info =
             FindAttribute(control ? *control : DUI::CDUIControlBase::Class(), attribute.name);
         if (info)
-            CheckValue(place, attribute, FromTable(info->syntax.kind), info->syntax.keywords);
+            CheckValue(place, attribute, info->syntax.kind, info->syntax.keywords);
         else if (control)
             ReportUnknown(place, attribute, AttributeNames(*control));
         else
@@ -121,7 +121,7 @@ void Checker::CheckControlStyle(const PackageDocument& part, int entry)
             continue;
         const AttributeInfo* const info = FindAttributeAnywhere(attribute.name);
         if (info)
-            CheckValue(place, attribute, FromTable(info->syntax.kind), info->syntax.keywords);
+            CheckValue(place, attribute, info->syntax.kind, info->syntax.keywords);
         else if (isCustom)
             m_names.Use(attribute.value);
         else

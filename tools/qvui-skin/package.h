@@ -7,7 +7,7 @@
 
 #include "document.h"
 #include "report.h"
-#include "schema.h"
+#include "values.h"
 
 namespace qvui::skin_tool {
 

@@ -7,7 +7,7 @@
 #include <qvui/framework/window_mgr.h>
 
 #include "controls.h"
-#include "schema.h"
+#include "values.h"
 
 namespace qvui::skin_tool {
 namespace {
@@ -51,7 +51,7 @@ std::string AttributeRows(const DUI::AttributeList& list)
 {
     std::string rows = "| Attribute | Value | Without it | Meaning |\n|---|---|---|---|\n";
     for (const AttributeInfo& info : list.Infos())
-        rows += Row(info.name, ValueText(FromTable(info.syntax.kind), info.syntax.keywords),
+        rows += Row(info.name, ValueText(info.syntax.kind, info.syntax.keywords),
                     info.syntax.defaultValue, info.description);
     return rows + "\n";
 }
@@ -60,7 +60,7 @@ std::string EntryRows(const std::vector<EntryAttribute>& attributes)
 {
     std::string rows = "| Attribute | Value | Meaning |\n|---|---|---|\n";
     for (const EntryAttribute& attribute : attributes)
-        rows += "| " + Code(attribute.name) + " | " + Cell(ValueText(attribute.kind, attribute.keywords)) + " | " +
+        rows += "| " + Code(attribute.name) + " | " + Cell(ValueText(attribute.kind, KeywordsOf(attribute))) + " | " +
                 Cell(attribute.description) + " |\n";
     return rows + "\n";
 }

@@ -14,9 +14,6 @@ namespace {
 
 using Problem = std::optional<ValueProblem>;
 
-static_assert(static_cast<int>(ValueKind::Ignored) == static_cast<int>(DUI::AttributeKind::Ignored),
-              "the kinds of the attribute tables come first, in their order");
-
 Problem Wrong(const std::string& value, const std::string& what, std::string suggestion = "")
 {
     return ValueProblem{"\"" + value + "\" is " + what, std::move(suggestion)};
@@ -199,8 +196,6 @@ const char* NameOf(NameKind kind)
     return kNames[static_cast<int>(kind)];
 }
 
-ValueKind FromTable(DUI::AttributeKind kind) { return static_cast<ValueKind>(kind); }
-
 const char* Describe(ValueKind kind)
 {
     for (const KindInfo& info : kKinds)
@@ -220,6 +215,15 @@ std::vector<std::string> Split(std::string_view text, char separator)
             return parts;
         start = end + 1;
     }
+}
+
+std::string KeywordsOf(const EntryAttribute& attribute)
+{
+    std::string keywords;
+    if (attribute.words)
+        for (const DUI::DocumentWord& word : attribute.words())
+            keywords += (keywords.empty() ? "" : "|") + std::string(word.word);
+    return keywords;
 }
 
 Problem CheckForm(ValueKind kind, const std::string& value, std::string_view keywords)

@@ -5,46 +5,23 @@
 #include <string_view>
 #include <vector>
 
-#include <qvui/framework/attribute_table.h>
+#include <qvui/skin/document_schema.h>
 
 namespace qvui::skin_tool {
 
-/// What a package gives names to.
-enum class NameKind { String, Color, Font, Image, Cursor, TextStyle, FrameStyle, ControlStyle };
-constexpr int kNameKinds = 8;
+using ValueKind = DUI::AttributeKind;
+using DUI::DocumentKind;
+using DUI::DocumentSchema;
+using DUI::EntryAttribute;
+using DUI::EntryContent;
+using DUI::kDocumentKinds;
+using DUI::kNameKinds;
+using DUI::NameKind;
+using DUI::SchemaOf;
+using DUI::SetSchema;
+
 /// "image", "text style" and so on.
 const char* NameOf(NameKind kind);
-
-/// The kinds of the library's attribute tables, and those that only the documents of a package have.
-enum class ValueKind {
-    Text,
-    Character,
-    StringId,
-    Boolean,
-    Integer,
-    IntPair,
-    Rect,
-    Keywords,
-    Choice,
-    Color,
-    ColorPair,
-    Image,
-    Cursor,
-    TextStyle,
-    FrameStyle,
-    ControlStyle,
-    ControlName,
-    Ignored,
-    // documents alone
-    Font,
-    LiteralColor,
-    Colors,      // one to three, commas between
-    Number,      // decimal, with a fraction
-    ChoiceAny,   // one of the keywords, in any letter case
-    Flags,       // any of the keywords, in any letter case
-    FileName,
-};
-ValueKind FromTable(DUI::AttributeKind kind);
 /// "integer", "image name" and so on, for readers.
 const char* Describe(ValueKind kind);
 
@@ -65,5 +42,7 @@ struct Reference {
 std::vector<Reference> ReferencesOf(ValueKind kind, const std::string& value);
 
 std::vector<std::string> Split(std::string_view text, char separator);
+/// The words that an attribute of an entry takes, with "|" between.
+std::string KeywordsOf(const EntryAttribute& attribute);
 
 }  // namespace qvui::skin_tool

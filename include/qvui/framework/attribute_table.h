@@ -5,32 +5,11 @@
 #include <vector>
 
 #include <qvui/platform/cstring.h>
+#include <qvui/skin/attribute_kind.h>
 
 namespace DUI {
 
 class CDUIControlBase;
-
-/// What kind of value a skin attribute takes; tools check values by it.
-enum class AttributeKind {
-    Text,       // any text
-    Character,  // the first character counts
-    StringId,   // a string id, or "#" and literal text
-    Boolean,    // "true" or anything else
-    Integer,    // decimal
-    IntPair,    // two decimals, one separator between
-    Rect,       // four decimals: left, top, right, bottom
-    Keywords,   // any of the keywords, searched as case-sensitive substrings
-    Choice,     // one of the keywords
-    Color,      // a literal colour or the name of one
-    ColorPair,  // two colours with a comma between
-    Image,      // names of the skin's entries
-    Cursor,
-    TextStyle,
-    FrameStyle,
-    ControlStyle,
-    ControlName,  // the name of a control of the same window
-    Ignored,      // accepted without effect
-};
 
 /// The kind of a value, what it is without the attribute, and the words it may hold ("one|two").
 struct AttributeSyntax {

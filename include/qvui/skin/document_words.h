@@ -14,8 +14,8 @@ struct DocumentWord {
 
 /// The words of one attribute, in the order in which they are looked for.
 struct DocumentWords {
-    const DocumentWord* first;
-    const DocumentWord* last;
+    const DocumentWord* first = nullptr;
+    const DocumentWord* last = nullptr;
 
     const DocumentWord* begin() const { return first; }
     const DocumentWord* end() const { return last; }
@@ -41,6 +41,8 @@ inline DocumentSource SourceOf(std::string_view configType)
 }
 /// "drawstyle" of an image: IMAGE_DRAW_STYLE.
 QVUI_API DocumentWords DrawStyleWords();
+/// "direction" of an image: whether its icons stand one above the other.
+QVUI_API DocumentWords DirectionWords();
 /// "back_image_pos" of a frame style: CFrameBKImagePos::kind. The first that occurs in the value counts.
 QVUI_API DocumentWords ImagePositionWords();
 /// "format" of a text style: bits of DrawTextA. All that occur in the value count; none occurs inside

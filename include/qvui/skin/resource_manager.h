@@ -1,7 +1,10 @@
 #pragma once
 
+#include <initializer_list>
+
 #include <qvui/foundation/color.h>
 #include <qvui/render/background.h>
+#include <qvui/skin/document_schema.h>
 #include <qvui/skin/name_table.h>
 #include <qvui/skin/resource_loader.h>
 #include <qvui/skin/resource_records.h>
@@ -93,17 +96,14 @@ protected:
     CRefPtr<CCursorObject> CreateCursor(const CRefPtr<CResourceCursorData>& record);
 
 private:
-    /// Which entries of which set a document may hold, and what reads one; the cursor's child is the entry.
-    struct SetKind {
-        const char* set;
-        const char* entry;
-        void (CResMgr::*read)(CXmlDocument& xml);
-    };
+    /// Reads one entry, the cursor's child.
+    using ReadEntry = void (CResMgr::*)(CXmlDocument& xml);
     using ReadDocument = void (CResMgr::*)(CXmlDocument& xml);
     int Load(const CResourceFileInfo& info, ReadDocument read);
     int Parse(const CString& xml, ReadDocument read);
-    template <std::size_t Count>
-    void ReadSets(CXmlDocument& xml, const SetKind (&kinds)[Count]);
+    /// Reads every entry of every set of the document, each kind of set with its reader; these stand in the
+    /// order of the schema.
+    void ReadSets(CXmlDocument& xml, DocumentKind document, std::initializer_list<ReadEntry> readers);
 
     void ReadStrings(CXmlDocument& xml);
     void ReadResources(CXmlDocument& xml);

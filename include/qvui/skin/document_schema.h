@@ -1,19 +1,27 @@
 #pragma once
 
 #include <optional>
-#include <string>
 #include <vector>
 
-#include "values.h"
+#include <qvui/skin/attribute_kind.h>
+#include <qvui/skin/document_words.h>
 
-namespace qvui::skin_tool {
+namespace DUI {
+
+/// What a package gives names to.
+enum class NameKind { String, Color, Font, Image, Cursor, TextStyle, FrameStyle, ControlStyle };
+constexpr int kNameKinds = 8;
+
+/// The documents of a package: the entry, and those that it lists.
+enum class DocumentKind { Entry, Strings, Resources, Styles, Templates };
+constexpr int kDocumentKinds = 5;
 
 /// One attribute of an entry or of a set.
 struct EntryAttribute {
     const char* name;
-    ValueKind kind;
+    AttributeKind kind;
     const char* description;
-    std::string keywords = {};
+    DocumentWords (*words)() = nullptr;  // of a choice or flags
 };
 
 /// What else an entry's attributes and children may be.
@@ -25,17 +33,14 @@ enum class EntryContent {
     Free,          // anything
 };
 
-enum class DocumentKind { Entry, Strings, Resources, Styles, Templates };
-constexpr int kDocumentKinds = 5;
-
 struct SetSchema {
     const char* set;    // null: entries stand right under the root
     const char* entry;  // null: the set has none
     const char* description;
     std::optional<NameKind> names;  // what the entries define
     EntryContent content = EntryContent::Plain;
-    std::vector<EntryAttribute> attributes;     // of an entry
-    std::vector<EntryAttribute> setAttributes;  // of the set itself
+    std::vector<EntryAttribute> attributes;      // of an entry
+    std::vector<EntryAttribute> setAttributes;   // of the set itself
     std::optional<DocumentKind> documents = {};  // what the entries name
 };
 
@@ -47,7 +52,7 @@ struct DocumentSchema {
     std::vector<SetSchema> sets;
 };
 
-/// What a document of a package may hold besides controls.
-const DocumentSchema& SchemaOf(DocumentKind kind);
+/// What the library reads from a document besides controls. Lives until the process ends.
+QVUI_API const DocumentSchema& SchemaOf(DocumentKind kind);
 
-}  // namespace qvui::skin_tool
+}  // namespace DUI
