@@ -11,6 +11,13 @@ CARGB WithAlpha(CARGB color, unsigned char alpha)
     return color;
 }
 
+// Light text stands on dark ground. Rec. 601 luma.
+bool IsTextLight()
+{
+    const CARGB text = MarkColor();
+    return (299 * text.GetR() + 587 * text.GetG() + 114 * text.GetB()) / 1000 > 127;
+}
+
 }  // namespace
 
 CARGB MarkColor()
@@ -22,20 +29,17 @@ CARGB MarkColor()
 
 CARGB LineColor()
 {
-    return WithAlpha(MarkColor(), 64);
+    return IsTextLight() ? CARGB(255, 255, 255, 64) : CARGB(0, 0, 0, 128);
 }
 
 CARGB WashColor()
 {
-    return WithAlpha(MarkColor(), 24);
+    return IsTextLight() ? CARGB(255, 255, 255, 24) : CARGB(0, 0, 0, 77);
 }
 
 MenuColors PlainMenuColors()
 {
-    // Rec. 601 luma, to tell light text from dark.
-    const CARGB text = MarkColor();
-    const int luma = (299 * text.GetR() + 587 * text.GetG() + 114 * text.GetB()) / 1000;
-    if (luma > 127)
+    if (IsTextLight())
         return {CARGB(43, 43, 43, 255), CARGB(90, 90, 90, 255)};
     return {CARGB(255, 255, 255, 255), CARGB(160, 160, 160, 255)};
 }

@@ -8,9 +8,10 @@ namespace DUI {
 
 /// For the chevron and other marks.
 CARGB MarkColor();
-/// For thin lines.
+/// For thin lines, and the wash behind a mark under the pointer. A translucent fill takes from the ground the
+/// square of its alpha and adds its colour once, so these darken with black and lighten with white: any other
+/// colour would overflow on a light ground.
 CARGB LineColor();
-/// The wash behind a mark under the pointer.
 CARGB WashColor();
 
 struct MenuColors {

@@ -22,6 +22,33 @@ Image MaskOf(BYTE alpha)
     return Image(pixman_image_create_solid_fill(&colour));
 }
 
+bool IsBrighterThanItsAlpha(std::uint32_t pixel)
+{
+    const std::uint32_t alpha = pixel >> 24;
+    return (pixel & 0xFF) > alpha || (pixel >> 8 & 0xFF) > alpha || (pixel >> 16 & 0xFF) > alpha;
+}
+
+// "Over" for a pixel that is brighter than its alpha allows: a sum beyond 255 spills into the next channel.
+std::uint32_t OverSpilling(std::uint32_t source, std::uint32_t destination, std::uint32_t constantAlpha)
+{
+    const auto share = [](std::uint32_t value, std::uint32_t weight) { return (value * weight + 127) / 255; };
+    const std::uint32_t rest = 255 - share(source >> 24, constantAlpha);
+    std::uint32_t result = 0;
+    for (int shift = 0; shift < 32; shift += 8)
+        result |= (share(source >> shift & 0xFF, constantAlpha) + share(destination >> shift & 0xFF, rest))
+                  << shift;
+    return result;
+}
+
+// One pixel that fills a rectangle. Pictures are premultiplied when they are loaded, so only a fill's colour
+// may be brighter than its alpha.
+bool IsSpillingFill(const Blit& blit)
+{
+    const RECT& from = blit.origin;
+    return from.right - from.left == 1 && from.bottom - from.top == 1 &&
+           IsBrighterThanItsAlpha(blit.source->Row32(from.top)[from.left]);
+}
+
 // Premultiplied "over" with a constant alpha; pixman's rounding is the platform's, bit for bit.
 void BlendPremultiplied(const Blit& blit, BYTE alpha)
 {
@@ -77,7 +104,12 @@ BOOL AlphaBlend(HDC dc, int x, int y, int width, int height, HDC source, int sou
     const bool isOneSurface = blit->target->Target().top == blit->source->top;
     if (isOneSurface && !IsEmptyRect(Intersection(blit->destination, blit->origin)))
         return FALSE;
-    if (isPerPixel)
+    if (isPerPixel && IsSpillingFill(*blit))
+        JoinScaled(*blit, Sampling::Point,
+                   [alpha = blend.SourceConstantAlpha](std::uint32_t from, std::uint32_t to) {
+                       return OverSpilling(from, to, alpha);
+                   });
+    else if (isPerPixel)
         BlendPremultiplied(*blit, blend.SourceConstantAlpha);
     else
         BlendConstant(*blit, blend.SourceConstantAlpha);

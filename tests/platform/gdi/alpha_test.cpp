@@ -142,6 +142,21 @@ TEST_F(AlphaBlending, IsExactForRandomPixelsAndConstantAlpha)
     }
 }
 
+TEST_F(AlphaBlending, LetsAFillBrighterThanItsAlphaSpillIntoTheNextChannel)
+{
+    std::mt19937 random(22);
+    for (const std::uint32_t fill : {0x02030305U, 0x40646464U, 0x01FFFFFFU, 0x00FF0080U, 0x80FF00FFU})
+        for (const std::uint32_t constantAlpha : {255U, 100U}) {
+            const Canvas source(1, 1, [fill](int, int) { return fill; });
+            const Canvas target(
+                16, 16, [&](int x, int) { return x == 0 ? ~0U : static_cast<std::uint32_t>(random()); });
+            const Canvas before(16, 16, [&](int x, int y) { return target.At(x, y); });
+            ASSERT_TRUE(AlphaBlend(target, 0, 0, 16, 16, source, 0, 0, 1, 1, Blend(constantAlpha, true)));
+            target.Expect([&](int x, int y) { return Expected(fill, before.At(x, y), constantAlpha, true); },
+                          std::to_string(fill));
+        }
+}
+
 TEST_F(AlphaBlending, RefusesWhatItCannotDrawAndDrawsNothingThen)
 {
     struct Place {
