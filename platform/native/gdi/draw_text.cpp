@@ -110,8 +110,11 @@ void CalculateRect(RECT& rect, const std::vector<TextLine>& lines, int height)
 int DrawTextA(HDC dc, LPCSTR text, int length, RECT* rect, UINT format)
 {
     DeviceContext* context = LookUpContext(dc);
-    if (!context || !text || !rect || length < -1)
+    // No characters are no text; an empty text that ends by itself still has a line.
+    if (!context || !rect || length < -1 || length == 0)
         return 0;
+    if (!text)
+        text = "";
     const std::shared_ptr<FontObject> font = FontOf(context->state);
     const TEXTMETRICA metrics = font->Metrics();
     const auto [flags, tabStop] = ReadFormat(format, metrics);

@@ -217,6 +217,10 @@ TEST_F(DrawTextCalculation, TakesLengthsAndZeroTerminatedTexts)
     rect = {7, 9, 80, 90};
     EXPECT_EQ(DrawTextA(canvas, "", -1, &rect, DT_CALCRECT | DT_SINGLELINE), canvas.LineHeight());
     EXPECT_EQ(RectText(rect), RectText({7, 9, 7, 9 + canvas.LineHeight()}));
+    rect = {7, 9, 80, 90};
+    EXPECT_EQ(DrawTextA(canvas, "Hello", 0, &rect, DT_CALCRECT), 0);
+    EXPECT_EQ(RectText(rect), RectText({7, 9, 80, 90})) << "no characters";
+    EXPECT_EQ(DrawTextA(canvas, nullptr, -1, &rect, 0), canvas.LineHeight());
 }
 
 using DrawTextPrefix = PlatformTest;
