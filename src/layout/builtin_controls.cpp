@@ -76,6 +76,7 @@ const std::vector<BuiltinControl>& BuiltinControls()
         Tag<CDUITreeNode>("treeview_item"),
         Tag<CDUIPictureBox>("picturebox"),
         Tag<CDUIToolBarSeparator>("toolbar_separator"),
+        Tag<CDUIHyperLink>("hyper_link"),  // as its interface is called; skins write either
     };
     return controls;
 }
