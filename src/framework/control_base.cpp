@@ -138,6 +138,15 @@ const ControlClass& CDUIControlBase::Class()
     return info;
 }
 
+const CDUIControlBase::Extras CDUIControlBase::kNoExtras;
+
+CDUIControlBase::Extras& CDUIControlBase::MakeExtras()
+{
+    if (!m_pExtras)
+        m_pExtras = std::make_unique<Extras>();
+    return *m_pExtras;
+}
+
 CDUIControlBase::CDUIControlBase(const CDUIControlBase& other)
     : IDUIControl(other),
       m_dwStyle(other.m_dwStyle),
@@ -149,12 +158,13 @@ CDUIControlBase::CDUIControlBase(const CDUIControlBase& other)
       m_nPaddingWidth(other.m_nPaddingWidth),
       m_pTextStyle(other.m_pTextStyle),
       m_strText(other.m_strText),
-      m_pCursor(other.m_pCursor),
-      m_strName(other.m_strName),
-      m_strTooltip(other.m_strTooltip),
-      m_dwUserData(other.m_dwUserData),
-      m_chShortcut(other.m_chShortcut)
+      m_pExtras(other.m_pExtras ? std::make_unique<Extras>(*other.m_pExtras) : nullptr),
+      m_strName(other.m_strName)
 {
+    if (m_pExtras) {
+        m_pExtras->controlStyle.Empty();
+        m_pExtras->subclass = nullptr;
+    }
     // Not AddControl: its hooks are those of a class that is not constructed yet.
     m_children.reserve(other.m_children.size());
     for (const CRefPtr<IDUIControl>& child : other.m_children) {
@@ -316,12 +326,12 @@ CRefPtr<CTextStyle> CDUIControlBase::GetTextStyle()
 
 void CDUIControlBase::SetCursor(CRefPtr<CCursorObject> cursor)
 {
-    m_pCursor = std::move(cursor);
+    MakeExtras().cursor = std::move(cursor);
 }
 
 CRefPtr<CCursorObject> CDUIControlBase::GetCursor()
 {
-    return m_pCursor;
+    return GetExtras().cursor;
 }
 
 void CDUIControlBase::SetAttribute(const CString& name, const CString& value)
@@ -435,7 +445,8 @@ BOOL CDUIControlBase::ApplyControlStyle(const CString& name)
     IDUISkinMgr* const manager = skin::Manager();
     if (!manager)
         return FALSE;
-    m_strControlStyle = name;
+    if (GetExtras().controlStyle != name)
+        MakeExtras().controlStyle = name;
     CString xml;
     if (!manager->GetControlStyle(name, xml))
         return FALSE;
@@ -449,7 +460,7 @@ BOOL CDUIControlBase::ApplyControlStyle(const CString& name)
 
 void CDUIControlBase::OnSkinChanged()
 {
-    const CString style = m_strControlStyle;
+    const CString style = GetExtras().controlStyle;
     ApplyControlStyle(style);
     ForEachChild(m_children, [](const CRefPtr<IDUIControl>& child) { child->OnSkinChanged(); });
     // Scroll bars are no children, and they have styles too.
@@ -463,7 +474,7 @@ void CDUIControlBase::OnSkinChanged()
 void CDUIControlBase::SubclassControl(IDUIControl* pTarget, BOOL bSubclass)
 {
     if (auto* const target = InterfaceOf<CDUIControlBase>(pTarget, "control_base"))
-        target->m_pSubclass = bSubclass ? this : nullptr;
+        target->MakeExtras().subclass = bSubclass ? this : nullptr;
 }
 
 LRESULT CDUIControlBase::OnDUIEvent(const tagDUIEvent& event, BOOL& bHandled)
@@ -488,15 +499,16 @@ void CDUIControlBase::OnDestroy()
 
 LRESULT CDUIControlBase::PreTranslateEvent(const tagDUIEvent& event, BOOL& bHandled)
 {
-    return m_pSubclass ? m_pSubclass->OnDUIEvent(event, bHandled) : 0;
+    IDUIControl* const subclass = GetExtras().subclass;
+    return subclass ? subclass->OnDUIEvent(event, bHandled) : 0;
 }
 
 LRESULT CDUIControlBase::ProcessEvent(const tagDUIEvent& event, BOOL&)
 {
     switch (event.Type) {
         case DUIEVENT_SETCURSOR:
-            if (!m_pCursor.IsNull())
-                ::SetCursor(m_pCursor->GetCursor());
+            if (const CRefPtr<CCursorObject>& cursor = GetExtras().cursor; !cursor.IsNull())
+                ::SetCursor(cursor->GetCursor());
             break;
         case DUIEVENT_TIMER:
             OnTimer(static_cast<int>(event.wParam));

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <memory>
 #include <vector>
 
 #include <qvui/framework/attribute_table.h>
@@ -38,10 +39,10 @@ public:
     /// A text that differs from the stored one in letter case only is not stored.
     void SetText(const CString& text) override;
     const CString& GetText() override { return m_strText; }
-    void SetTooltip(const CString& tooltip) override { m_strTooltip = tooltip; }
-    const CString& GetTooltip() const override { return m_strTooltip; }
-    void SetShortcut(char shortcut) override { m_chShortcut = shortcut; }
-    char GetShortcut() const override { return m_chShortcut; }
+    void SetTooltip(const CString& tooltip) override { MakeExtras().tooltip = tooltip; }
+    const CString& GetTooltip() const override { return GetExtras().tooltip; }
+    void SetShortcut(char shortcut) override { MakeExtras().shortcut = shortcut; }
+    char GetShortcut() const override { return GetExtras().shortcut; }
     void SetName(const CString& name) override { m_strName = name; }
     const CString& GetName() const override { return m_strName; }
     void SetParent(IDUIControl* parent) override { m_pParent = parent; }
@@ -81,8 +82,8 @@ public:
     void SetEnable(BOOL bEnable) override;
     /// Applies the control style again, here and in all children.
     void OnSkinChanged() override;
-    void SetUserData(DWORD data) override { m_dwUserData = data; }
-    DWORD GetUserData() const override { return m_dwUserData; }
+    void SetUserData(DWORD data) override { MakeExtras().userData = data; }
+    DWORD GetUserData() const override { return GetExtras().userData; }
     void SetVisible(BOOL bVisible) override;
     void OnParentVisibleStatusChange(BOOL bVisible) override;
     /// FALSE for a null child, one that is here already, and one that would hold itself.
@@ -175,6 +176,19 @@ private:
     /// Whether `other` is this control or one of its ancestors.
     bool IsInside(const IDUIControl* other) const;
 
+    // What few controls have.
+    struct Extras {
+        CString tooltip;
+        CString controlStyle;
+        CRefPtr<CCursorObject> cursor;
+        IDUIControl* subclass = nullptr;
+        DWORD userData = 0;
+        char shortcut = 0;
+    };
+    static const Extras kNoExtras;
+    const Extras& GetExtras() const { return m_pExtras ? *m_pExtras : kNoExtras; }
+    Extras& MakeExtras();
+
     // What a layout pass touches comes first and close together; a window may hold very many controls.
     DWORD m_dwStyle = DUISTYLE_VISIBLE;
     DWORD m_dwExStyle = 0;
@@ -189,13 +203,8 @@ private:
     CString m_strText;
 
     IDUIControl* m_pParent = nullptr;
-    IDUIControl* m_pSubclass = nullptr;
-    CRefPtr<CCursorObject> m_pCursor;
+    std::unique_ptr<Extras> m_pExtras;  // null while all of it is as at first
     CString m_strName;
-    CString m_strTooltip;
-    CString m_strControlStyle;
-    DWORD m_dwUserData = 0;
-    char m_chShortcut = 0;
 };
 
 /// A control that answers the interface name, as its class; null for a null control too.
