@@ -222,7 +222,7 @@ std::string KeywordsOf(const EntryAttribute& attribute)
     std::string keywords;
     if (attribute.words)
         for (const DUI::DocumentWord& word : attribute.words())
-            keywords += (keywords.empty() ? "" : "|") + std::string(word.word);
+            keywords.append(keywords.empty() ? "" : "|").append(word.word);
     return keywords;
 }
 
