@@ -45,6 +45,7 @@ bool GalleryWindow::BuildControls()
         return false;
     StartControls();
     m_behaviour = std::make_unique<PageBehaviour>(*this);
+    MarkMaximised();
     m_frame.Shape();
     return ShowPage(kPages[m_nPage]);
 }
@@ -90,9 +91,18 @@ LRESULT GalleryWindow::Handle(HWND hWnd, UINT message, WPARAM wParam, LPARAM lPa
     if (const std::optional<LRESULT> answer = m_frame.Handle(hWnd, message, wParam, lParam))
         return *answer;
     const LRESULT result = HostWindow::Handle(hWnd, message, wParam, lParam);
-    if (message == WM_SIZE && m_behaviour)
+    if (message == WM_SIZE && m_behaviour) {
         m_behaviour->PlaceDialog();
+        MarkMaximised();
+    }
     return result;
+}
+
+void GalleryWindow::MarkMaximised()
+{
+    auto* const button = dynamic_cast<DUI::CDUIControlBase*>(GetControlByName("maximise", TRUE));
+    if (button)
+        button->ApplyControlStyle(IsZoomed(m_hWindow) ? "caption_restore" : "caption_maximise");
 }
 
 void GalleryWindow::OnDUINotify(const DUI::tagDUINotify& notify, BOOL& bHandled)

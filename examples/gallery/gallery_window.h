@@ -24,6 +24,8 @@ private:
     LRESULT Handle(HWND hWnd, UINT message, WPARAM wParam, LPARAM lParam) override;
     void OnDUINotify(const DUI::tagDUINotify& notify, BOOL& bHandled) override;
     bool BuildPage(const CString& name);
+    /// The caption's middle button restores a maximised window, and shows it.
+    void MarkMaximised();
     bool PressCaptionButton(const CString& name);
 
     CustomFrame m_frame;
