@@ -29,6 +29,7 @@ Checker::Checker(const Package& package, std::vector<std::string> tags, Report& 
 
 void Checker::Run()
 {
+    const RootScope scope(m_package.Root());
     for (const PackageDocument& part : m_package.Documents())
         Define(part);
     UseDefaults();

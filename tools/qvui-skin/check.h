@@ -5,6 +5,7 @@
 #include <vector>
 
 #include <qvui/framework/attribute_table.h>
+#include <qvui/render/image_list.h>
 
 #include "names.h"
 #include "package.h"
@@ -54,6 +55,8 @@ private:
     void CheckImage(const PackageDocument& part, int entry);
     void CheckCursor(const PackageDocument& part, int entry);
     bool IsFileThere(const Document& document, const Element& record);
+    void ReportNoResource(const Document& document, const Element& record);
+    DUI::CDUIImageListPtr LoadImage(const Document& document, const Element& record);
 
     const Package& m_package;
     std::vector<std::string> m_tags;

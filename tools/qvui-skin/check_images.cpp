@@ -6,16 +6,14 @@
 #include <qvui/platform/file.h>
 #include <qvui/render/image_list.h>
 #include <qvui/skin/document_words.h>
+#include <qvui/skin/resource_loader.h>
 
 #include "check.h"
 
 namespace qvui::skin_tool {
 namespace {
 
-bool IsFromFile(const Element& record)
-{
-    return DUI::SourceOf(record.Value("config_type")) == DUI::DocumentSource::File;
-}
+DUI::DocumentSource SourceOf(const Element& record) { return DUI::SourceOf(record.Value("config_type")); }
 
 // How much of an icon the corners of a draw style take.
 struct CornerUse {
@@ -53,26 +51,67 @@ bool Checker::IsFileThere(const Document& document, const Element& record)
     return false;
 }
 
+void Checker::ReportNoResource(const Document& document, const Element& record)
+{
+    const Attribute* const place = record.Find("resource_id");
+    m_report.Add(Severity::Error, document, place ? place->valueOffset : record.offset, NoResourceText(record));
+}
+
 void Checker::CheckCursor(const PackageDocument& part, int entry)
 {
     const Element& record = part.document->At(entry);
-    if (IsFromFile(record))
-        IsFileThere(*part.document, record);
+    switch (SourceOf(record)) {
+        case DUI::DocumentSource::File:
+            IsFileThere(*part.document, record);
+            break;
+        case DUI::DocumentSource::Dll: {
+            const DUI::CRefPtr<DUI::CCursorObject> cursor = DUI::CResLoader().LoadCursorFromDll(
+                record.Value("file_name").c_str(), record.Value("resource_id").c_str(),
+                record.Value("resource_type").c_str());
+            if (cursor.IsNull() || cursor->IsNull())
+                ReportNoResource(*part.document, record);
+            break;
+        }
+        default:
+            break;
+    }
+}
+
+// The picture of an entry; null when it cannot be had, which is reported, or is the program's own.
+DUI::CDUIImageListPtr Checker::LoadImage(const Document& document, const Element& record)
+{
+    const std::string name = record.Value("file_name");
+    DUI::CDUIImageListPtr image;
+    switch (SourceOf(record)) {
+        case DUI::DocumentSource::File:
+            if (!IsFileThere(document, record))
+                return nullptr;
+            image = std::make_shared<DUI::CDUIImageList>();
+            if (image->CreateFromFile(m_package.PathOf(name).c_str()))
+                return image;
+            m_report.Add(Severity::Error, document, record.Find("file_name")->valueOffset,
+                         "the file \"" + name + "\" is no picture that can be read");
+            return nullptr;
+        case DUI::DocumentSource::Dll:
+            image = DUI::CResLoader().LoadImageFromDll(name.c_str(), record.Value("resource_id").c_str(),
+                                                       record.Value("resource_type").c_str());
+            if (image && !image->IsNull())
+                return image;
+            ReportNoResource(document, record);
+            return nullptr;
+        default:
+            return nullptr;
+    }
 }
 
 void Checker::CheckImage(const PackageDocument& part, int entry)
 {
     const Document& document = *part.document;
     const Element& record = document.At(entry);
-    if (!IsFromFile(record) || !IsFileThere(document, record))
+    const DUI::CDUIImageListPtr list = LoadImage(document, record);
+    if (!list)
         return;
-    DUI::CDUIImageList image;
-    const std::string name = record.Value("file_name");
-    if (!image.CreateFromFile(m_package.PathOf(name).c_str())) {
-        m_report.Add(Severity::Error, document, record.Find("file_name")->valueOffset,
-                     "the file \"" + name + "\" is no picture that can be read");
-        return;
-    }
+    DUI::CDUIImageList& image = *list;
     const Attribute* const count = record.Find("count");
     const bool isVertical = EqualNoCase(record.Value("direction"), "vert");
     const int icons = count ? std::max(1, std::atoi(count->value.c_str())) : 1;

@@ -143,6 +143,14 @@ Document Document::FromText(const std::string& path, const std::string& text)
     return document;
 }
 
+Document Document::Unreadable(const std::string& path)
+{
+    Document document;
+    document.m_path = path;
+    document.m_isReadable = false;
+    return document;
+}
+
 void Document::Parse()
 {
     CXmlDocument xml;

@@ -52,6 +52,8 @@ public:
     /// `path` is what messages call the document.
     static Document FromFile(const std::string& path);
     static Document FromText(const std::string& path, const std::string& text);
+    /// One that cannot be opened.
+    static Document Unreadable(const std::string& path);
 
     const std::string& Path() const { return m_path; }
     /// The text in the system code page.

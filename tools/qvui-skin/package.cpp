@@ -32,6 +32,13 @@ std::string FindRoot(const std::string& entryPath, const std::vector<std::string
     return (isInName ? directory / ".." : directory / ".").lexically_normal().string();
 }
 
+RootScope::RootScope(const std::string& root)
+{
+    DUI::CResLoader::SetBaseDirectory(fs::absolute(root).lexically_normal().string().c_str());
+}
+
+RootScope::~RootScope() { DUI::CResLoader::SetBaseDirectory(""); }
+
 Package::Package(const std::string& entryPath, const std::string& root, Report& report)
     : m_entry(Document::FromFile(Slashed(entryPath))),
       m_root(root)
@@ -48,9 +55,8 @@ Package::Package(const std::string& entryPath, const std::string& root, Report& 
     }
     if (!m_entry.IsWellFormed())
         return;
-    DUI::CResLoader::SetBaseDirectory(fs::absolute(m_root).lexically_normal().string().c_str());
+    const RootScope scope(m_root);
     ReadEntry(report);
-    DUI::CResLoader::SetBaseDirectory("");
 }
 
 std::string Package::PathOf(const std::string& fileName) const
@@ -125,7 +131,8 @@ const Document* Package::Load(int element, Report& report)
             report.Add(Severity::Error, *stored, problem.offset, problem.text);
     }
     if (!stored->IsReadable())
-        report.Add(Severity::Error, m_entry, offset, "the file \"" + file + "\" cannot be opened");
+        report.Add(Severity::Error, m_entry, offset,
+                   isModule ? NoResourceText(source) : "the file \"" + file + "\" cannot be opened");
     return stored.get();
 }
 
@@ -134,9 +141,16 @@ std::unique_ptr<Document> Package::ReadModule(const std::string& path, const Ele
 {
     DUI::CResLoader loader;
     CString text;
-    loader.LoadXMLFromDll(source.Value("file_name").c_str(), source.Value("resource_id").c_str(),
-                          source.Value("resource_type").c_str(), text);
+    if (!loader.LoadXMLFromDll(source.Value("file_name").c_str(), source.Value("resource_id").c_str(),
+                               source.Value("resource_type").c_str(), text))
+        return std::make_unique<Document>(Document::Unreadable(path));
     return std::make_unique<Document>(Document::FromText(path, std::string(text.View())));
+}
+
+std::string NoResourceText(const Element& source)
+{
+    return "the module \"" + source.Value("file_name") + "\" cannot be opened, or has no resource \"" +
+           source.Value("resource_id") + "\" of the type \"" + source.Value("resource_type") + "\"";
 }
 
 void Package::CheckEntry(Report& report) const

@@ -11,6 +11,15 @@
 
 namespace qvui::skin_tool {
 
+/// While it lives, the library's loader takes names as relative to the package's root.
+class RootScope {
+public:
+    explicit RootScope(const std::string& root);
+    RootScope(const RootScope&) = delete;
+    RootScope& operator=(const RootScope&) = delete;
+    ~RootScope();
+};
+
 /// One document that the entry lists.
 struct PackageDocument {
     std::string name;                    // of its entry: the language, the skin, ...
@@ -56,6 +65,9 @@ private:
     std::vector<PackageDocument> m_documents;
     std::map<std::string, std::unique_ptr<Document>> m_files;  // by path
 };
+
+/// What is said of a module, or of what an entry names in it, that is not there.
+std::string NoResourceText(const Element& source);
 
 /// An element of a set that the library sees, or a set without entries.
 struct SeenEntry {

@@ -1,7 +1,6 @@
 #include "resolved.h"
 
 #include <algorithm>
-#include <filesystem>
 
 namespace qvui::skin_tool {
 namespace {
@@ -32,9 +31,8 @@ std::string FirstLanguage(const Package& package)
 }
 
 ResolvedSkin::ResolvedSkin(const Package& package, const std::string& skin, const std::string& language)
+    : m_root(package.Root())
 {
-    DUI::CResLoader::SetBaseDirectory(
-        std::filesystem::absolute(package.Root()).lexically_normal().string().c_str());
     const std::string wanted = language.empty() ? FirstLanguage(package) : language;
     for (const Parser& parser : kParsers)
         for (const PackageDocument* part : package.OfKind(parser.kind)) {
@@ -48,7 +46,6 @@ ResolvedSkin::ResolvedSkin(const Package& package, const std::string& skin, cons
         }
 }
 
-ResolvedSkin::~ResolvedSkin() { DUI::CResLoader::SetBaseDirectory(""); }
 
 void ResolvedSkin::Load(const PackageDocument& part)
 {

@@ -18,7 +18,6 @@ public:
     ResolvedSkin(const Package& package, const std::string& skin, const std::string& language);
     ResolvedSkin(const ResolvedSkin&) = delete;
     ResolvedSkin& operator=(const ResolvedSkin&) = delete;
-    ~ResolvedSkin();
 
     DUI::CResMgr& Manager() { return m_manager; }
     /// The names of that kind, sorted.
@@ -34,6 +33,7 @@ private:
         const Document* document;
         int element;
     };
+    RootScope m_root;
     DUI::CResMgr m_manager;
     std::vector<Definition> m_definitions;
 };
