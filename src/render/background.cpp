@@ -1,6 +1,7 @@
 #include <qvui/render/background.h>
 
 #include <algorithm>
+#include <climits>
 
 #include <qvui/render/bitmap_functions.h>
 #include <qvui/render/render_engine.h>
@@ -38,6 +39,15 @@ private:
     HRGN m_hSaved;
     bool m_isClipped = false;
 };
+
+// Where the middle colour stands. Of pixels it is the sum that is truncated, of a share the distance; that
+// differs left of and above 0.
+int SplitOf(int start, int length, double separator)
+{
+    if (separator > 1)
+        return static_cast<int>(std::min<double>(start + separator, INT_MAX));
+    return WrappingSum(start, static_cast<int>(length * separator));
+}
 
 }  // namespace
 
@@ -81,10 +91,8 @@ void CDUIColorBK::DrawBK(HDC hdc, const RECT& rect)
         RECT first = rect;
         RECT second = rect;
         if (m_fSepPos >= 0) {
-            const double length = m_nVertical ? Height(rect) : Width(rect);
-            const int start = m_nVertical ? rect.top : rect.left;
-            const double offset = std::min(m_fSepPos > 1 ? m_fSepPos : length * m_fSepPos, 1e9);
-            const int split = WrappingSum(start, static_cast<int>(offset));
+            const int split = m_nVertical ? SplitOf(rect.top, Height(rect), m_fSepPos)
+                                          : SplitOf(rect.left, Width(rect), m_fSepPos);
             (m_nVertical ? first.bottom : first.right) = split;
             LONG& nearEdge = m_nVertical ? second.top : second.left;
             LONG& farEdge = m_nVertical ? second.bottom : second.right;

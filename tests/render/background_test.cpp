@@ -120,6 +120,11 @@ TEST_F(Background, SplitsThreeColoursAtTheSeparator)
                 name);
         }
     CDUIColorBK background;
+    background.SetBKColor(kRed, kBlue, kGreen, 2.5, 1);
+    const Canvas scrolled(3, 90);
+    background.DrawBK(scrolled, {0, -10, 3, 90});
+    scrolled.Expect([](int, int y) { return GradientPixel(0x00FF00, 0x0000FF, y + 7, 97); },
+                    "pixels count from above the surface: -10 + 2.5 is -7");
     background.SetBKColor(kRed, kBlue, kGreen, 0.25, 0);
     EXPECT_TRUE(background.IsOneColorEmpty());
     EXPECT_FALSE(background.IsTwoColorEmpty() || background.IsTreeColorEmpty() || background.IsEmpty());
