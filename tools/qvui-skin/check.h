@@ -55,6 +55,7 @@ private:
     void CheckImage(const PackageDocument& part, int entry);
     void CheckCursor(const PackageDocument& part, int entry);
     bool IsFileThere(const Document& document, const Element& record);
+    void ReportNoSource(const Document& document, const Element& record);
     void ReportNoResource(const Document& document, const Element& record);
     DUI::CDUIImageListPtr LoadImage(const Document& document, const Element& record);
 

@@ -51,6 +51,13 @@ bool Checker::IsFileThere(const Document& document, const Element& record)
     return false;
 }
 
+// A config_type that is no word is told with its value.
+void Checker::ReportNoSource(const Document& document, const Element& record)
+{
+    if (record.Value("config_type").empty())
+        m_report.Add(Severity::Error, document, record.offset, kNoSourceText);
+}
+
 void Checker::ReportNoResource(const Document& document, const Element& record)
 {
     const Attribute* const place = record.Find("resource_id");
@@ -60,19 +67,25 @@ void Checker::ReportNoResource(const Document& document, const Element& record)
 void Checker::CheckCursor(const PackageDocument& part, int entry)
 {
     const Element& record = part.document->At(entry);
+    const std::string name = record.Value("file_name");
     switch (SourceOf(record)) {
         case DUI::DocumentSource::File:
-            IsFileThere(*part.document, record);
+            if (IsFileThere(*part.document, record) &&
+                !DUI::CCursorObject().CreateFromFile(m_package.PathOf(name).c_str()))
+                m_report.Add(Severity::Error, *part.document, record.Find("file_name")->valueOffset,
+                             "the file \"" + name + "\" is no cursor that can be read");
             break;
         case DUI::DocumentSource::Dll: {
             const DUI::CRefPtr<DUI::CCursorObject> cursor = DUI::CResLoader().LoadCursorFromDll(
-                record.Value("file_name").c_str(), record.Value("resource_id").c_str(),
-                record.Value("resource_type").c_str());
+                name.c_str(), record.Value("resource_id").c_str(), record.Value("resource_type").c_str());
             if (cursor.IsNull() || cursor->IsNull())
                 ReportNoResource(*part.document, record);
             break;
         }
-        default:
+        case DUI::DocumentSource::None:
+            ReportNoSource(*part.document, record);
+            break;
+        case DUI::DocumentSource::Exe:
             break;
     }
 }
@@ -99,9 +112,13 @@ DUI::CDUIImageListPtr Checker::LoadImage(const Document& document, const Element
                 return image;
             ReportNoResource(document, record);
             return nullptr;
-        default:
+        case DUI::DocumentSource::None:
+            ReportNoSource(document, record);
             return nullptr;
+        case DUI::DocumentSource::Exe:
+            break;
     }
+    return nullptr;
 }
 
 void Checker::CheckImage(const PackageDocument& part, int entry)

@@ -119,7 +119,7 @@ const Document* Package::Load(int element, Report& report)
     }
     if (from == DUI::DocumentSource::None) {
         if (type.empty())
-            report.Add(Severity::Error, m_entry, offset, "without a config_type nothing is loaded");
+            report.Add(Severity::Error, m_entry, offset, kNoSourceText);
         return nullptr;
     }
     const bool isModule = from == DUI::DocumentSource::Dll;

@@ -66,6 +66,8 @@ private:
     std::map<std::string, std::unique_ptr<Document>> m_files;  // by path
 };
 
+/// What is said of an entry that does not say where it comes from.
+inline constexpr const char* kNoSourceText = "without a config_type nothing is loaded";
 /// What is said of a module, or of what an entry names in it, that is not there.
 std::string NoResourceText(const Element& source);
 
