@@ -105,9 +105,19 @@ private:
             if (!set.entry)
                 ReportUnknown(child, {});
             else if (m_document.At(child).tag == set.entry)
-                m_seen.push_back({&set, setElement, child});
+                AddEntry(set, setElement, child);
             else
                 ReportUnknown(child, {set.entry});
+    }
+
+    void AddEntry(const SetSchema& set, int setElement, int element)
+    {
+        m_seen.push_back({&set, setElement, element});
+        // Of these the library reads the attributes alone.
+        if (set.content != EntryContent::Plain && set.content != EntryContent::ControlStyle)
+            return;
+        for (int child = m_document.At(element).firstChild; child >= 0; child = m_document.At(child).next)
+            ReportUnknown(child, {});
     }
 
     const Document& m_document;
