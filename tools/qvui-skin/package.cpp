@@ -100,9 +100,29 @@ void Package::ReadEntry(Report& report)
     CheckEntry(report);
 }
 
+// Of two languages of one name the library takes the first, of two skins or styles the last. Templates are all
+// loaded, whatever their names.
 void Package::ReadSource(DocumentKind kind, int element, Report& report)
 {
-    m_documents.push_back({m_entry.At(element).Value("name"), kind, Load(element, report)});
+    const Element& source = m_entry.At(element);
+    const std::string name = source.Value("name");
+    const bool isLanguage = kind == DocumentKind::Strings;
+    const auto isEarlier = [&](const PackageDocument& other) {
+        return other.kind == kind && (isLanguage ? EqualNoCase(other.name, name) : other.name == name);
+    };
+    if (kind != DocumentKind::Templates && name.empty()) {
+        report.Add(Severity::Warning, m_entry, source.offset,
+                   "without \"name\" nothing can refer to this " + source.tag);
+    } else if (const auto earlier = std::find_if(m_documents.begin(), m_documents.end(), isEarlier);
+               kind != DocumentKind::Templates && earlier != m_documents.end()) {
+        report.Add(Severity::Warning, m_entry, source.offset,
+                   "a second " + source.tag + " \"" + name + "\": " +
+                       (isLanguage ? "the first one counts" : "it takes the place of the first one"));
+        if (isLanguage)
+            return;
+        m_documents.erase(earlier);
+    }
+    m_documents.push_back({name, kind, Load(element, report)});
 }
 
 const Document* Package::Load(int element, Report& report)
@@ -167,14 +187,14 @@ void Package::CheckEntry(Report& report) const
     else if (!m_defaultLanguage.empty() && !has(DocumentKind::Strings, m_defaultLanguage, true))
         report.Add(Severity::Error, m_entry, root,
                    "the default language \"" + m_defaultLanguage + "\" does not exist, so the package does not load");
-    if (!has(DocumentKind::Resources, m_defaultSkin, false))
+    if (m_defaultSkin.empty() || !has(DocumentKind::Resources, m_defaultSkin, false))
         report.Add(Severity::Error, m_entry, root,
                    "the default skin \"" + m_defaultSkin + "\" does not exist, so the package does not load");
     for (const PackageDocument* skin : OfKind(DocumentKind::Resources))
-        if (!has(DocumentKind::Styles, skin->name, false))
+        if (!skin->name.empty() && !has(DocumentKind::Styles, skin->name, false))
             report.Add(Severity::Error, m_entry, root, "the skin \"" + skin->name + "\" has no style document");
     for (const PackageDocument* style : OfKind(DocumentKind::Styles))
-        if (!has(DocumentKind::Resources, style->name, false))
+        if (!style->name.empty() && !has(DocumentKind::Resources, style->name, false))
             report.Add(Severity::Warning, m_entry, root,
                        "the style document \"" + style->name + "\" belongs to no skin and is never loaded");
 }
