@@ -101,6 +101,7 @@ TEST(Check, FindsEveryFaultOfABrokenPackageInItsPlace)
         R"x(broken-skin/windows.xml:9:33: warning: "picturebox" has no attribute "normal_icon")x",
         R"x(broken-skin/windows.xml:10:34: error: there is no control "pagse"; did you mean "pages"?)x",
         R"x(broken-skin/windows.xml:11:25: note: "enable_arrow" has no effect on "horz_scrollbar")x",
+        R"x(broken-skin/windows.xml:13:16: warning: "gauge" has "needle" more than once: the first one counts)x",
         R"x(broken-skin/windows.xml:13:36: warning: width: "wide" is no whole number)x",
         R"x(broken-skin/windows.xml:17:7: error: a window has one root control, so this one is left out)x",
         R"x(broken-skin/windows.xml:19:5: error: a window without a root control cannot be made)x",

@@ -43,9 +43,19 @@ void Checker::Run()
     m_names.ReportUnused(m_report);
 }
 
+void Checker::CheckRepeated(const Document& document)
+{
+    for (const Element& element : document.Elements())
+        for (const Attribute& attribute : element.attributes)
+            if (attribute.isRepeated)
+                m_report.Add(Severity::Warning, document, attribute.nameOffset,
+                             "\"" + element.tag + "\" has \"" + attribute.name + "\" more than once: the first one counts");
+}
+
 void Checker::CheckEntryDocument()
 {
     const Document& entry = m_package.Entry();
+    CheckRepeated(entry);
     Report seenBefore;  // the package has told what is not seen
     for (const SeenEntry& seen : SeenEntries(entry, DocumentKind::Entry, seenBefore))
         if (seen.entryElement < 0)
@@ -96,6 +106,7 @@ void Checker::CheckDocument(const PackageDocument& part)
 {
     if (!part.IsUsable() || !m_checked.insert(part.document).second)
         return;
+    CheckRepeated(*part.document);
     const std::vector<SeenEntry> entries = SeenEntries(*part.document, part.kind, m_report);
     for (const SeenEntry& seen : entries)
         if (seen.entryElement < 0)

@@ -31,6 +31,7 @@ private:
 
     // check.cpp: documents and their entries
     void CheckEntryDocument();
+    void CheckRepeated(const Document& document);
     void Define(const PackageDocument& part);
     void DefineEntry(const PackageDocument& part, const SeenEntry& seen);
     void CheckDocument(const PackageDocument& part);

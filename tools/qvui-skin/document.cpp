@@ -65,8 +65,12 @@ Element ReadElement(const CXmlDocument& xml)
         const CString name = xml.GetAttributeName(i);
         if (name.IsEmpty())
             return element;
-        if (element.Find(name.View()))
+        const auto first = std::find_if(element.attributes.begin(), element.attributes.end(),
+                                        [&](const Attribute& known) { return name == known.name.c_str(); });
+        if (first != element.attributes.end()) {
+            first->isRepeated = true;
             continue;
+        }
         Attribute attribute;
         attribute.name = ToStd(name);
         attribute.value = ToStd(xml.GetAttribute(name));

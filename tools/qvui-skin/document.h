@@ -22,6 +22,7 @@ struct Attribute {
     std::string value;  // unescaped
     int nameOffset = 0;
     int valueOffset = 0;
+    bool isRepeated = false;  // written again in the same tag, which the library passes over
 };
 
 /// One element of a document; its relatives are indexes, -1 for none.
