@@ -101,10 +101,10 @@ Problem CheckWords(const std::string& value, std::string_view keywords, bool ign
     return {};
 }
 
+// Names that begin with "rgb" are none: the library takes them for literals.
 bool LooksLiteral(const std::string& color)
 {
-    return color.size() > 1 &&
-           (color[0] == '#' || (EqualNoCase(color.substr(0, 3), "rgb") && color.find('(') != std::string::npos));
+    return color.size() > 1 && (color[0] == '#' || EqualNoCase(color.substr(0, 3), "rgb"));
 }
 
 bool IsHexColor(const std::string& color)
@@ -120,7 +120,7 @@ bool IsRgbColor(const std::string& color)
     int green = 0;
     int blue = 0;
     int end = 0;
-    return std::sscanf(color.c_str() + 3, " (%d,%d,%d)%n", &red, &green, &blue, &end) == 3 && end > 0;
+    return std::sscanf(color.c_str() + 3, " (%d,%d,%d )%n", &red, &green, &blue, &end) == 3 && end > 0;
 }
 
 Problem CheckColor(const std::string& color)
