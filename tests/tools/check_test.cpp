@@ -68,6 +68,7 @@ TEST(Check, FindsEveryFaultOfABrokenPackageInItsPlace)
         R"x(broken-skin/resources.xml:10:115: warning: the corners do not fit into an icon of 8 x 8 pixels)x",
         R"x(broken-skin/resources.xml:11:113: warning: the corners do not fit into an icon of 32 x 8 pixels)x",
         R"x(broken-skin/resources.xml:12:83: warning: a picture of 32 x 8 pixels does not divide into 3 icons)x",
+        R"x(broken-skin/resources.xml:12:113: warning: corner: "5;5" counts as 0,0: the comma stands right behind the first number)x",
         R"x(broken-skin/resources.xml:13:54: error: the file "broken-skin\lost.png" cannot be opened)x",
         R"x(broken-skin/resources.xml:14:54: error: the file "broken-skin\torn.xml" is no picture that can be read)x",
         R"x(broken-skin/resources.xml:15:100: warning: drawstyle: "strech" is none of stretch, stretch_horz, stretch_vert, squard, tile; did you mean "stretch"?)x",

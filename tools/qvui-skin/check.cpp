@@ -49,7 +49,8 @@ void Checker::CheckRepeated(const Document& document)
         for (const Attribute& attribute : element.attributes)
             if (attribute.isRepeated)
                 m_report.Add(Severity::Warning, document, attribute.nameOffset,
-                             "\"" + element.tag + "\" has \"" + attribute.name + "\" more than once: the first one counts");
+                             "\"" + element.tag + "\" has \"" + attribute.name +
+                                 "\" more than once: the first one counts");
 }
 
 void Checker::CheckEntryDocument()

@@ -55,6 +55,7 @@ private:
     // check_images.cpp: the files behind the records
     void CheckImage(const PackageDocument& part, int entry);
     void CheckCursor(const PackageDocument& part, int entry);
+    void CheckCorner(const Place& place, const Attribute& corner, const DUI::CDUIImageList& image);
     bool IsFileThere(const Document& document, const Element& record);
     void ReportNoSource(const Document& document, const Element& record);
     void ReportNoResource(const Document& document, const Element& record);

@@ -2,7 +2,6 @@
 #include <cstdio>
 #include <cstdlib>
 
-#include <qvui/framework/attribute_table.h>
 #include <qvui/platform/file.h>
 #include <qvui/render/image_list.h>
 #include <qvui/skin/document_words.h>
@@ -138,15 +137,27 @@ void Checker::CheckImage(const PackageDocument& part, int entry)
         m_report.Add(Severity::Warning, document, count->valueOffset,
                      "a picture of " + Text(image.GetWidth(), image.GetHeight()) + " pixels does not divide into " +
                          std::to_string(icons) + " icons");
-    const Attribute* const corner = record.Find("corner");
-    if (!corner)
+    if (const Attribute* const corner = record.Find("corner"))
+        CheckCorner({document, record, part.name}, *corner, image);
+}
+
+void Checker::CheckCorner(const Place& place, const Attribute& corner, const DUI::CDUIImageList& image)
+{
+    // What is no pair at all is told with the other values.
+    if (corner.value.empty() || CheckForm(ValueKind::IntPair, corner.value, {}))
         return;
-    const SIZE size = DUI::ReadPair(corner->value.c_str());
-    const int drawStyle = DUI::DrawStyleWords().Find(record.Value("drawstyle"), DUI::DRAW_STYLE_NORMAL);
+    int width = 0;
+    int height = 0;
+    if (std::sscanf(corner.value.c_str(), "%d,%d", &width, &height) != 2) {
+        m_report.Add(Severity::Warning, place.document, corner.valueOffset,
+                     "corner: \"" + corner.value + "\" counts as 0,0: the comma stands right behind the first number");
+        return;
+    }
+    const int drawStyle = DUI::DrawStyleWords().Find(place.element.Value("drawstyle"), DUI::DRAW_STYLE_NORMAL);
     for (const CornerUse& use : kCornerUses)
         if (drawStyle == use.drawStyle &&
-            IsTooLarge(use, size, {image.GetIconWidth(), image.GetIconHeight()}))
-            m_report.Add(Severity::Warning, document, corner->valueOffset,
+            IsTooLarge(use, {width, height}, {image.GetIconWidth(), image.GetIconHeight()}))
+            m_report.Add(Severity::Warning, place.document, corner.valueOffset,
                          "the corners do not fit into an icon of " +
                              Text(image.GetIconWidth(), image.GetIconHeight()) + " pixels");
 }
