@@ -30,6 +30,15 @@ int Unreadable(const std::string& path)
     return kUnreadable;
 }
 
+// What cannot be listed or drawn: a package whose entry document does not read.
+int NotWellFormed(const Document& entry)
+{
+    const DocumentProblem& problem = entry.Problems().front();
+    std::fprintf(stderr, "qvui-skin: %s:%d: %s\n", entry.Path().c_str(), entry.Where(problem.offset).line,
+                 problem.text.c_str());
+    return kUnreadable;
+}
+
 int Unwritable(const std::string& path)
 {
     std::fprintf(stderr, "qvui-skin: %s cannot be written\n", path.c_str());
@@ -53,6 +62,8 @@ int RunDump(const Options& options)
     const Package package(options.entry, options.root, ignored);
     if (!package.IsFound())
         return Unreadable(options.entry);
+    if (!package.Entry().IsWellFormed())
+        return NotWellFormed(package.Entry());
     std::fputs(Dump(package, options.isJson).c_str(), stdout);
     return kClean;
 }
@@ -63,6 +74,8 @@ int RunSheet(const Options& options)
     const Package package(options.entry, options.root, ignored);
     if (!package.IsFound())
         return Unreadable(options.entry);
+    if (!package.Entry().IsWellFormed())
+        return NotWellFormed(package.Entry());
     const std::string skin = options.skin.empty() ? package.DefaultSkin() : options.skin;
     if (WriteSheet(package, skin, options.output))
         return kClean;
