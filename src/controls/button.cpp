@@ -2,7 +2,7 @@
 
 #include <qvui/render/render_engine.h>
 
-#include "controls/geometry.h"
+#include "framework/geometry.h"
 #include "controls/state_text.h"
 #include "framework/control_guard.h"
 #include "framework/skin_access.h"
@@ -116,27 +116,29 @@ BOOL CDUIButton::Activate()
 
 BOOL CDUIButton::EstimateSize(SIZE, SIZE& size)
 {
-    if ((m_dwButtonStyle & BTNSTYLE_AUTO_FIT) && skin::IsLoaded(m_uiData.m_pBackImage)) {
-        size = IconSize(m_uiData.m_pBackImage);
-        return TRUE;
-    }
-    const SIZE icon = (m_dwButtonStyle & kIconBits) ? IconSize(m_uiData.m_pIcon) : SIZE{0, 0};
-    SIZE textSize{0, 0};
-    if (const CString& text = GetText(); !(m_dwButtonStyle & BTNSTYLE_NO_TEXT) && !text.IsEmpty())
-        if (const CRefPtr<CTextStyle> style = GetTextStyle(); !style.IsNull())
-            textSize = m_measuredText.Get(text, style->GetNormalFont(), DT_SINGLELINE);
+    const DWORD style = GetClassStyle();
+    const SIZE text = (style & BTNSTYLE_NO_TEXT) ? SIZE{0, 0} : MeasureText(DT_SINGLELINE);
+    size = (style & (BTNSTYLE_AUTO_FIT | kIconBits))
+               ? EstimateWithImages(text)
+               : OuterSize(text.cx, text.cy);
+    return TRUE;
+}
 
-    LONGLONG width = textSize.cx;
-    LONGLONG height = textSize.cy;
+SIZE CDUIButton::EstimateWithImages(SIZE text)
+{
+    if ((GetClassStyle() & BTNSTYLE_AUTO_FIT) && skin::IsLoaded(m_uiData.m_pBackImage))
+        return IconSize(m_uiData.m_pBackImage);
+    LONGLONG width = text.cx;
+    LONGLONG height = text.cy;
+    const DWORD placement = GetIconPlacement();
+    const SIZE icon = placement ? IconSize(m_uiData.m_pIcon) : SIZE{0, 0};
     if (icon.cx > 0 && icon.cy > 0) {
-        const DWORD placement = GetIconPlacement();
         const bool isBeside = (placement & (BTNSTYLE_LEFT_ICON | BTNSTYLE_RIGHT_ICON)) != 0;
         const bool isAboveOrBelow = (placement & (BTNSTYLE_TOP_ICON | BTNSTYLE_BOTTOM_ICON)) != 0;
         width = isBeside ? width + GetPaddingWidth() + icon.cx : std::max<LONGLONG>(width, icon.cx);
         height = isAboveOrBelow ? height + GetPaddingWidth() + icon.cy : std::max<LONGLONG>(height, icon.cy);
     }
-    size = OuterSize(width, height, GetMargin(), GetFixedSize());
-    return TRUE;
+    return OuterSize(width, height);
 }
 
 LRESULT CDUIButton::ProcessEvent(const tagDUIEvent& event, BOOL& bHandled)
@@ -193,7 +195,7 @@ void CDUIButton::PaintForgnd(HDC hdc)
 {
     const CDUIImageListPtr& icon = m_uiData.m_pIcon;
     m_rcIcon = {0, 0, 0, 0};
-    if (!skin::IsLoaded(icon) || !(m_dwButtonStyle & kIconBits))
+    if (!skin::IsLoaded(icon) || !(GetClassStyle() & kIconBits))
         return;
     m_rcIcon = Intersection(GetIconPlace(), GetControlRect());
     if (!IsRectEmpty(&m_rcIcon))
@@ -205,14 +207,14 @@ void CDUIButton::PaintText(HDC hdc)
     m_rcText = {0, 0, 0, 0};
     const CString& text = GetText();
     const CRefPtr<CTextStyle> style = GetTextStyle();
-    if (text.IsEmpty() || (m_dwButtonStyle & BTNSTYLE_NO_TEXT) || style.IsNull())
+    if (text.IsEmpty() || (GetClassStyle() & BTNSTYLE_NO_TEXT) || style.IsNull())
         return;
     RECT place = Intersection(GetTextPlace(), GetControlRect());
     if (IsRectEmpty(&place))
         return;
     const BTN_IMAGE_STATUS status = GetImageStatus();
     const auto draw =
-        (m_dwButtonStyle & BTNSTYLE_VER_TEXT) ? &CDUIRenderEngine::DrawVText : &CDUIRenderEngine::DrawTextA;
+        (GetClassStyle() & BTNSTYLE_VER_TEXT) ? &CDUIRenderEngine::DrawVText : &CDUIRenderEngine::DrawTextA;
     SetBkMode(hdc, TRANSPARENT);
     SetTextColor(hdc, GetTextColorByStatus(status));
     const FontScope font(hdc, GetFontByStatus(status));
@@ -222,7 +224,7 @@ void CDUIButton::PaintText(HDC hdc)
 
 void CDUIButton::PaintBorder(HDC hdc)
 {
-    if (!GetFocus() || (m_dwButtonStyle & BTNSTYLE_NO_DRAW_FOCUS))
+    if (!GetFocus() || (GetClassStyle() & BTNSTYLE_NO_DRAW_FOCUS))
         return;
     const RECT inset = Shrink(GetControlRect(), {2, 2, 2, 2});
     if (IsRectEmpty(&inset))
@@ -259,15 +261,15 @@ const CButtonUIData& CDUIButton::GetButtonUIData()
 
 void CDUIButton::SetButtonStyle(DWORD style)
 {
-    if (style == m_dwButtonStyle)
+    if (style == GetClassStyle())
         return;
-    m_dwButtonStyle = style;
+    SetClassStyle(style);
     UpdateLayout(FALSE, nullptr);
 }
 
 DWORD CDUIButton::GetButtonStyle()
 {
-    return m_dwButtonStyle;
+    return GetClassStyle();
 }
 
 BTN_IMAGE_STATUS CDUIButton::GetImageStatus() const
@@ -295,7 +297,7 @@ HFONT CDUIButton::GetFontByStatus(int status)
 DWORD CDUIButton::GetIconPlacement() const
 {
     // The bits stand in the order in which they count, so the lowest one wins.
-    const DWORD bits = m_dwButtonStyle & kIconBits;
+    const DWORD bits = GetClassStyle() & kIconBits;
     return bits & (~bits + 1);
 }
 

@@ -2,7 +2,7 @@
 
 #include <qvui/render/render_engine.h>
 
-#include "controls/geometry.h"
+#include "framework/geometry.h"
 #include "controls/image_drawing.h"
 #include "controls/state_text.h"
 #include "framework/skin_access.h"
@@ -46,8 +46,9 @@ BOOL CDUILabel::EstimateSize(SIZE, SIZE& size)
     const CRefPtr<CTextStyle> style = GetTextStyle();
     if (GetText().IsEmpty() || style.IsNull() || style->GetNormalFont().IsNull())
         return FALSE;
-    const SIZE text = m_measuredText.Get(GetText(), style->GetNormalFont(), style->GetTextFormat());
-    size = OuterSize(text.cx, text.cy, {0, 0, 0, 0}, GetFixedSize());
+    const SIZE text = MeasureText(style->GetTextFormat());
+    const SIZE fixed = GetFixedSize();
+    size = {fixed.cx ? fixed.cx : text.cx, fixed.cy ? fixed.cy : text.cy};
     return TRUE;
 }
 

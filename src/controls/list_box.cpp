@@ -1,6 +1,6 @@
 #include <qvui/controls/list_box.h>
 
-#include "controls/geometry.h"
+#include "framework/geometry.h"
 #include "controls/owned_scroll_bar.h"
 #include "controls/row_container.h"
 #include "controls/row_index.h"

@@ -2,7 +2,7 @@
 
 #include <qvui/controls/list_box.h>
 
-#include "controls/geometry.h"
+#include "framework/geometry.h"
 #include "controls/state_text.h"
 #include "framework/control_guard.h"
 #include "framework/skin_access.h"

@@ -5,7 +5,7 @@
 #include <qvui/controls/scroll_bar.h>
 #include <qvui/framework/app.h>
 
-#include "controls/geometry.h"
+#include "framework/geometry.h"
 
 /// The scroll bar that a scrolling container keeps beside its content. It is none of the container's
 /// children: the container makes it when it is attached to a window, places it, and releases it when it is

@@ -2,7 +2,7 @@
 
 #include <qvui/render/render_engine.h>
 
-#include "controls/geometry.h"
+#include "framework/geometry.h"
 #include "controls/image_drawing.h"
 #include "framework/skin_access.h"
 
@@ -39,7 +39,7 @@ CDUIPictureBox::~CDUIPictureBox() = default;
 BOOL CDUIPictureBox::EstimateSize(SIZE, SIZE& size)
 {
     const SIZE icon = IconSize(m_pImage);
-    size = OuterSize(icon.cx, icon.cy, GetMargin(), GetFixedSize());
+    size = OuterSize(icon.cx, icon.cy);
     return TRUE;
 }
 

@@ -2,7 +2,7 @@
 
 #include <qvui/render/render_engine.h>
 
-#include "controls/geometry.h"
+#include "framework/geometry.h"
 #include "framework/control_guard.h"
 #include "framework/skin_access.h"
 
@@ -47,7 +47,7 @@ CDUIProgressBar::~CDUIProgressBar() = default;
 BOOL CDUIProgressBar::EstimateSize(SIZE, SIZE& size)
 {
     const SIZE icon = IconSize(m_uiData.m_pImage);
-    size = OuterSize(icon.cx, icon.cy, GetMargin(), GetFixedSize());
+    size = OuterSize(icon.cx, icon.cy);
     return TRUE;
 }
 

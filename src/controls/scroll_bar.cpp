@@ -2,7 +2,7 @@
 
 #include <cmath>
 
-#include "controls/geometry.h"
+#include "framework/geometry.h"
 #include "framework/control_guard.h"
 #include "framework/skin_access.h"
 

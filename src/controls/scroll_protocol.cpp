@@ -1,6 +1,6 @@
 #include <qvui/controls/scroll_bar.h>
 
-#include "controls/geometry.h"
+#include "framework/geometry.h"
 #include "framework/control_guard.h"
 
 // How scrolling containers and their bars work together: the operations of CDUIControlBase that need the

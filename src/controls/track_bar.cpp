@@ -4,7 +4,7 @@
 
 #include <qvui/render/render_engine.h>
 
-#include "controls/geometry.h"
+#include "framework/geometry.h"
 #include "controls/state_text.h"
 #include "framework/control_guard.h"
 #include "framework/skin_access.h"
@@ -170,7 +170,7 @@ BOOL CDUITrackBarBase::EstimateSize(SIZE, SIZE& size)
 {
     const SIZE track = IconSize(m_uiData.m_pBackImage);
     const SIZE thumb = IconSize(m_uiData.m_pThumbImage);
-    size = OuterSize(std::max(track.cx, thumb.cx), std::max(track.cy, thumb.cy), GetMargin(), GetFixedSize());
+    size = OuterSize(std::max(track.cx, thumb.cx), std::max(track.cy, thumb.cy));
     return TRUE;
 }
 

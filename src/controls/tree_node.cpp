@@ -2,7 +2,7 @@
 
 #include <qvui/controls/tree_view.h>
 
-#include "controls/geometry.h"
+#include "framework/geometry.h"
 #include "controls/row_container.h"
 #include "controls/state_text.h"
 #include "controls/tree_branch.h"

@@ -1,6 +1,6 @@
 #include <qvui/controls/tree_view.h>
 
-#include "controls/geometry.h"
+#include "framework/geometry.h"
 #include "controls/owned_scroll_bar.h"
 #include "controls/row_container.h"
 #include "controls/tree_branch.h"

@@ -1,6 +1,6 @@
 #include <qvui/controls/tree_view.h>
 
-#include "controls/geometry.h"
+#include "framework/geometry.h"
 #include "framework/control_guard.h"
 
 // What a tree view does on input.

@@ -1,8 +1,10 @@
 #include <qvui/framework/control_base.h>
 
+#include <qvui/render/render_engine.h>
+
 #include "framework/control_guard.h"
 #include "framework/control_styles.h"
-#include "framework/inset.h"
+#include "framework/geometry.h"
 #include "framework/scroll_bars.h"
 #include "framework/skin_access.h"
 
@@ -117,6 +119,14 @@ const AttributeTable<CDUIControlBase>& Attributes()
     return table;
 }
 
+SIZE Extent(const CString& text, const CTextStyle& style, UINT format)
+{
+    const CRefPtr<CFontObject> font = style.GetNormalFont();
+    if (text.IsEmpty() || font.IsNull() || font->IsNull())
+        return {0, 0};
+    return CDUIRenderEngine::GetTextIdealSize(text, font->GetFont(), 0, format);
+}
+
 // Runs over children that the calls may add, remove or destroy.
 template <class Call>
 void ForEachChild(const std::vector<CRefPtr<IDUIControl>>& children, Call call)
@@ -150,15 +160,17 @@ CDUIControlBase::Extras& CDUIControlBase::MakeExtras()
 CDUIControlBase::CDUIControlBase(const CDUIControlBase& other)
     : IDUIControl(other),
       m_dwStyle(other.m_dwStyle),
-      m_dwExStyle(other.m_dwExStyle),
-      m_dwStatus(other.m_dwStatus),
+      m_dwClassStyle(other.m_dwClassStyle),
       m_rcControl(other.m_rcControl),
       m_rcMargin(other.m_rcMargin),
       m_szFixed(other.m_szFixed),
-      m_nPaddingWidth(other.m_nPaddingWidth),
       m_pTextStyle(other.m_pTextStyle),
-      m_strText(other.m_strText),
+      m_textExtent(other.m_textExtent),
+      m_dwExStyle(other.m_dwExStyle),
+      m_dwStatus(other.m_dwStatus),
+      m_nPaddingWidth(other.m_nPaddingWidth),
       m_pExtras(other.m_pExtras ? std::make_unique<Extras>(*other.m_pExtras) : nullptr),
+      m_strText(other.m_strText),
       m_strName(other.m_strName)
 {
     if (m_pExtras) {
@@ -198,7 +210,12 @@ LRESULT CDUIControlBase::Request(UINT code, WPARAM wParam, LPARAM lParam)
 {
     if (!m_pMgr)
         return 0;
-    tagDUINotify request{code, this, wParam, lParam, nullptr};
+    tagDUINotify request;
+    request.nCode = code;
+    request.pSender = this;
+    request.wParam = wParam;
+    request.lParam = lParam;
+    request.hWnd = nullptr;
     return m_pMgr->OnControlRequest(request);
 }
 
@@ -300,6 +317,7 @@ void CDUIControlBase::SetText(const CString& text)
     if (m_strText.CompareNoCase(text) == 0)
         return;
     m_strText = text;
+    m_textExtent = {};
     UpdateLayout(FALSE, nullptr);
 }
 
@@ -322,6 +340,21 @@ CRefPtr<CTextStyle> CDUIControlBase::GetTextStyle()
         if (IDUISkinMgr* const manager = skin::Manager())
             m_pTextStyle = manager->GetTextStyle("");
     return m_pTextStyle;
+}
+
+SIZE CDUIControlBase::MeasureText(UINT format)
+{
+    const CRefPtr<CTextStyle> style = GetTextStyle();
+    if (style.IsNull())
+        return {0, 0};
+    // An override of GetText may have another text each time.
+    const CString& text = GetText();
+    if (&text != &m_strText)
+        return Extent(text, *style.GetPtr(), format);
+    const unsigned fontVersion = style->GetNormalFontVersion();
+    if (m_textExtent.fontVersion != fontVersion || m_textExtent.format != format)
+        m_textExtent = {fontVersion, format, Extent(text, *style.GetPtr(), format)};
+    return m_textExtent.size;
 }
 
 void CDUIControlBase::SetCursor(CRefPtr<CCursorObject> cursor)
@@ -432,10 +465,17 @@ void CDUIControlBase::SetFixedHeight(int height)
 
 RECT CDUIControlBase::GetContentRect()
 {
-    const RECT content = Inset(m_rcControl, m_rcMargin);
+    const RECT content = geometry::Shrink(m_rcControl, m_rcMargin);
     if (IsRectEmpty(&content))
         return {m_rcControl.left, m_rcControl.top, m_rcControl.left, m_rcControl.top};
     return content;
+}
+
+SIZE CDUIControlBase::OuterSize(LONGLONG width, LONGLONG height) const
+{
+    using geometry::Narrow;
+    return {m_szFixed.cx ? m_szFixed.cx : Narrow(width + m_rcMargin.left + m_rcMargin.right),
+            m_szFixed.cy ? m_szFixed.cy : Narrow(height + m_rcMargin.top + m_rcMargin.bottom)};
 }
 
 // --- the skin ----------------------------------------------------------------------------------------------

@@ -5,7 +5,7 @@
 #include <qvui/framework/tool_tip.h>
 #include <qvui/render/render_engine.h>
 
-#include "framework/inset.h"
+#include "framework/geometry.h"
 #include "framework/skin_access.h"
 #include "framework/window_mgr_target.h"
 
@@ -264,8 +264,8 @@ BOOL CDUIWindowMgr::GetDUIClientRect(RECT* prc)
     if (!IsWindow() || !prc || !GetClientRect(m_hWnd, &client))
         return FALSE;
     if (!m_pFrameBK.IsNull() && !m_pFrameBK->IsEmpty())
-        client = Inset(client, m_pFrameBK->GetFrameBorder());
-    client = Inset(client, m_rcClientMargin);
+        client = geometry::Shrink(client, m_pFrameBK->GetFrameBorder());
+    client = geometry::Shrink(client, m_rcClientMargin);
     if (IsRectEmpty(&client))
         client = {client.left, client.top, client.left, client.top};
     *prc = client;

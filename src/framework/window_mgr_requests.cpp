@@ -42,6 +42,12 @@ LRESULT CDUIWindowMgr::HandleUpdateRequest(tagDUINotify& request)
         m_isRelayoutPending = m_isRelayoutPending || request.wParam != 0;
         return kDone;
     }
+    return Update(request);
+}
+
+// Apart from its caller, which every control calls in every layout pass.
+LRESULT CDUIWindowMgr::Update(const tagDUINotify& request)
+{
     Target sender(*this, request.pSender);
     if (request.wParam) {
         LayoutRootControl();

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "controls/geometry.h"
+#include "framework/geometry.h"
 #include "layout/children.h"
 
 namespace DUI {

@@ -1,6 +1,6 @@
 #include <qvui/layout/dock_layout.h>
 
-#include "controls/geometry.h"
+#include "framework/geometry.h"
 #include "layout/children.h"
 #include "layout/dock_rect.h"
 

@@ -2,7 +2,7 @@
 
 #include <qvui/framework/control.h>
 
-#include "controls/geometry.h"
+#include "framework/geometry.h"
 
 namespace DUI::layout {
 

@@ -2,7 +2,7 @@
 
 #include <qvui/render/render_engine.h>
 
-#include "controls/geometry.h"
+#include "framework/geometry.h"
 #include "framework/skin_access.h"
 
 namespace DUI {

@@ -114,7 +114,7 @@ BOOL CDUIToolBarSeparator::EstimateSize(SIZE, SIZE& size)
 {
     const SIZE image =
         skin::IsLoaded(m_pImage) ? geometry::IconSize(m_pImage) : SIZE{kSeparatorSpace, kSeparatorSpace};
-    size = geometry::OuterSize(image.cx, image.cy, GetMargin(), GetFixedSize());
+    size = OuterSize(image.cx, image.cy);
     return TRUE;
 }
 

@@ -5,7 +5,7 @@
 #include <qvui/framework/app.h>
 #include <qvui/layout/linear_layout.h>
 
-#include "controls/geometry.h"
+#include "framework/geometry.h"
 #include "framework/popup_class.h"
 #include "framework/tool_tip_placement.h"
 #include "layout/tool_bar_colors.h"

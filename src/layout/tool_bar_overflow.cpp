@@ -2,7 +2,7 @@
 
 #include <qvui/render/render_engine.h>
 
-#include "controls/geometry.h"
+#include "framework/geometry.h"
 #include "framework/control_guard.h"
 #include "framework/skin_access.h"
 #include "layout/tool_bar_colors.h"

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "controls/geometry.h"
+#include "framework/geometry.h"
 
 namespace DUI::layout {
 namespace {
@@ -49,8 +49,9 @@ ToolBarPlan PlanToolBar(const Line& line, const std::vector<ToolItem>& items, LO
     ToolBarPlan plan;
     plan.overflows = TotalLength(line, items) > line.length;
     if (!plan.overflows) {
-        plan.items =
-            DivideLine(line, items.size(), [&items](std::size_t i, LONG) { return items[i].length; }).spans;
+        for (const ToolItem& item : items)
+            plan.items.push_back({0, item.length});
+        DivideLine(line, plan.items, [](const Span& span, LONG) { return static_cast<LONG>(span.length); });
         return plan;
     }
     const LONGLONG lineEnd = line.start + line.length;

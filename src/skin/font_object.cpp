@@ -1,5 +1,6 @@
 #include <qvui/skin/font_object.h>
 
+#include <atomic>
 #include <cstring>
 #include <iterator>
 
@@ -30,7 +31,8 @@ CFontObject::~CFontObject()
 int CFontObject::CreateFontA()
 {
     DeleteObject();
-    ++m_nVersion;
+    static std::atomic<unsigned> s_nLastVersion{0};
+    m_nVersion = ++s_nLastVersion;
     m_hFont = CreateFontIndirectA(&m_logFont);
     return m_hFont != nullptr;
 }

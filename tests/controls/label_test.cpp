@@ -95,6 +95,24 @@ TEST_F(Label, MeasuresAnewWhenItsTextOrFontChanges)
     EXPECT_GT(measure().cy, before.cy);
 }
 
+TEST_F(Label, MeasuresWhateverAnOverrideShows)
+{
+    struct Clock : CDUILabel {
+        const CString& GetText() override { return m_time; }
+        CString m_time;
+    };
+    const CRefPtr<Clock> clock = new Clock;
+    clock->SetTextStyle(Skin().Manager().GetTextStyle("big"));
+    LONG widest = 0;
+    for (const char* time : {"9", "9:00", "9:00:00"}) {
+        clock->m_time = time;
+        SIZE size{};
+        EXPECT_TRUE(clock->EstimateSize({1, 1}, size));
+        EXPECT_GT(size.cx, widest) << time;
+        widest = size.cx;
+    }
+}
+
 TEST_F(Label, EstimatesItsTextOnOneLineWithoutTheMargin)
 {
     const HFONT font = Skin().Manager().GetTextStyle("big")->GetNormalFont()->GetFont();

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <qvui/controls/measured_text.h>
 #include <qvui/framework/control_of.h>
 #include <qvui/render/image_list.h>
 
@@ -95,12 +94,12 @@ protected:
     CButtonUIData& UIData() { return m_uiData; }
 
 private:
+    /// For a button with an icon or of its image's size; `text` is the extent of the text.
+    SIZE EstimateWithImages(SIZE text);
     DWORD GetIconPlacement() const;
     RECT GetIconPlace();
     RECT GetTextPlace();
 
-    DWORD m_dwButtonStyle = 0;
-    MeasuredText m_measuredText;
     CButtonUIData m_uiData;
     RECT m_rcIcon{0, 0, 0, 0};
     RECT m_rcText{0, 0, 0, 0};

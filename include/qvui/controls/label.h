@@ -1,6 +1,5 @@
 #pragma once
 
-#include <qvui/controls/measured_text.h>
 #include <qvui/framework/control_of.h>
 #include <qvui/render/image_list.h>
 
@@ -40,7 +39,6 @@ private:
     bool m_bShadow = false;
     COLORREF m_shadowColor = 0;
     CDUIImageListPtr m_pBackImage;
-    MeasuredText m_measuredText;
 };
 
 }  // namespace DUI

@@ -159,6 +159,8 @@ public:
     void OnHorizontalSBEvent(const tagDUIEvent& event);
     void OnMouseWheel(const tagDUIEvent& event);
 
+    /// In order; a reference to the list itself, which adding and removing change.
+    const std::vector<CRefPtr<IDUIControl>>& GetChildren() const { return m_children; }
     /// The window manager while attached, borrowed.
     IDUIControlMgr* GetControlMgr() const { return m_pMgr; }
 
@@ -167,6 +169,16 @@ protected:
     CDUIControlBase& operator=(const CDUIControlBase&) = delete;
 
     CRefPtr<IDUIControl> ChildAt(std::size_t index) const { return m_children[index]; }
+    /// Style bits that mean something to the control's class alone, kept among those that layouts read.
+    DWORD GetClassStyle() const { return m_dwClassStyle; }
+    void SetClassStyle(DWORD style) { m_dwClassStyle = style; }
+    /// A content's size with the margin around it, and in each direction the fixed size instead where it is
+    /// set.
+    SIZE OuterSize(LONGLONG width, LONGLONG height) const;
+    /// The extent of the control's text on one line in the normal font of its text style, in pixels; 0 by 0
+    /// without a font. It is remembered, since layouts ask at every pass, until the text, the font or the
+    /// format (DT_ flags) is another.
+    SIZE MeasureText(UINT format);
     /// What SetControlRect begins with in a class that places its children itself.
     void StoreControlRect(const RECT& rect) { m_rcControl = rect; }
 
@@ -189,21 +201,30 @@ private:
     const Extras& GetExtras() const { return m_pExtras ? *m_pExtras : kNoExtras; }
     Extras& MakeExtras();
 
-    // What a layout pass touches comes first and close together; a window may hold very many controls.
+    struct TextExtent {
+        unsigned fontVersion = 0;
+        UINT format = 0;
+        SIZE size{0, 0};
+    };
+
+    // What a layout pass touches comes first and close together: a window may hold very many controls, and
+    // two cache lines of each stay in the processor where three do not.
     DWORD m_dwStyle = DUISTYLE_VISIBLE;
-    DWORD m_dwExStyle = 0;
-    DWORD m_dwStatus = 0;
+    DWORD m_dwClassStyle = 0;
+    IDUIControlMgr* m_pMgr = nullptr;
     RECT m_rcControl{0, 0, 0, 0};
     RECT m_rcMargin{0, 0, 0, 0};
     SIZE m_szFixed{0, 0};
-    int m_nPaddingWidth = 0;
-    IDUIControlMgr* m_pMgr = nullptr;
-    std::vector<CRefPtr<IDUIControl>> m_children;
     CRefPtr<CTextStyle> m_pTextStyle;
-    CString m_strText;
+    TextExtent m_textExtent;  // of m_strText
+    std::vector<CRefPtr<IDUIControl>> m_children;
 
+    DWORD m_dwExStyle = 0;
+    DWORD m_dwStatus = 0;
+    int m_nPaddingWidth = 0;
     IDUIControl* m_pParent = nullptr;
     std::unique_ptr<Extras> m_pExtras;  // null while all of it is as at first
+    CString m_strText;
     CString m_strName;
 };
 

@@ -231,6 +231,7 @@ private:
 
     // Requests
     LRESULT HandleUpdateRequest(tagDUINotify& request);
+    LRESULT Update(const tagDUINotify& request);
     LRESULT HandleFocusRequest(tagDUINotify& request);
     LRESULT HandleWindowRequest(tagDUINotify& request);
     LRESULT HandleLockRequest(tagDUINotify& request);

@@ -21,7 +21,8 @@ public:
     int CreateFontA();
     /// Borrowed; valid until the font is made anew or the object goes.
     HFONT GetFont() const { return m_hFont; }
-    /// Another number whenever the font was made anew, for those who remember what they measured with it.
+    /// 0 before the first CreateFontA, which gives each font that it makes another number in the process: for
+    /// those who remember what they measured with it.
     unsigned GetVersion() const { return m_nVersion; }
     int IsNull() const { return m_hFont == nullptr; }
 

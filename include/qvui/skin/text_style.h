@@ -17,6 +17,8 @@ public:
     void SetSelectFont(CRefPtr<CFontObject> font) { m_pSelectFont = std::move(font); }
     void SetDisableFont(CRefPtr<CFontObject> font) { m_pDisableFont = std::move(font); }
     CRefPtr<CFontObject> GetNormalFont() const { return m_pNormalFont; }
+    /// The font's version (see CFontObject), without taking a share of it; 0 without a font.
+    unsigned GetNormalFontVersion() const { return m_pNormalFont.IsNull() ? 0 : m_pNormalFont->GetVersion(); }
     CRefPtr<CFontObject> GetHoverFont() const { return m_pHoverFont; }
     CRefPtr<CFontObject> GetSelectFont() const { return m_pSelectFont; }
     CRefPtr<CFontObject> GetDisableFont() const { return m_pDisableFont; }

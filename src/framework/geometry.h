@@ -18,7 +18,10 @@ inline LONGLONG Wide(LONG value)
 inline LONG Narrow(LONGLONG value)
 {
     using Limits = std::numeric_limits<LONG>;
-    return static_cast<LONG>(std::clamp<LONGLONG>(value, Limits::min(), Limits::max()));
+    const auto narrow = static_cast<LONG>(value);
+    if (__builtin_expect(narrow == value, 1))
+        return narrow;
+    return value < 0 ? Limits::min() : Limits::max();
 }
 
 inline LONGLONG Width(const RECT& rect)
@@ -35,7 +38,7 @@ inline RECT MakeRect(LONGLONG left, LONGLONG top, LONGLONG right, LONGLONG botto
     return {Narrow(left), Narrow(top), Narrow(right), Narrow(bottom)};
 }
 
-/// The rectangle less a margin on each side.
+/// The rectangle less a margin on each side, inside out where the margins are too large.
 inline RECT Shrink(const RECT& rect, const RECT& margin)
 {
     return MakeRect(Wide(rect.left) + margin.left, Wide(rect.top) + margin.top,
@@ -62,13 +65,6 @@ inline LONGLONG Centred(LONG start, LONG end, LONGLONG length)
 inline SIZE IconSize(const CDUIImageListPtr& image)
 {
     return image && !image->IsNull() ? SIZE{image->GetIconWidth(), image->GetIconHeight()} : SIZE{0, 0};
-}
-
-/// A content's size with the margin around it, and in each direction the fixed size instead where it is set.
-inline SIZE OuterSize(LONGLONG width, LONGLONG height, const RECT& margin, const SIZE& fixed)
-{
-    return {fixed.cx ? fixed.cx : Narrow(width + margin.left + margin.right),
-            fixed.cy ? fixed.cy : Narrow(height + margin.top + margin.bottom)};
 }
 
 }  // namespace DUI::geometry
