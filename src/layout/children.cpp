@@ -2,28 +2,18 @@
 
 namespace DUI::layout {
 
-Children AllChildren(const IDUIControl& container)
+Children VisibleChildren(const CDUIControlBase& container)
 {
-    const int count = container.GetControlCount();
+    const Children& all = container.GetChildren();
     Children children;
-    children.reserve(static_cast<std::size_t>(count));
-    for (int i = 0; i < count; ++i)
-        children.emplace_back(container.GetControlByIndex(i));
+    children.reserve(all.size());
+    for (const CRefPtr<IDUIControl>& child : all)
+        if (child->IsVisible(FALSE))
+            children.push_back(child);
     return children;
 }
 
-Children VisibleChildren(const IDUIControl& container)
-{
-    const int count = container.GetControlCount();
-    Children children;
-    children.reserve(static_cast<std::size_t>(count));
-    for (int i = 0; i < count; ++i)
-        if (IDUIControl* const child = container.GetControlByIndex(i); child->IsVisible(FALSE))
-            children.emplace_back(child);
-    return children;
-}
-
-void PlaceAll(const IDUIControl& container, const RECT& rect)
+void PlaceAll(const CDUIControlBase& container, const RECT& rect)
 {
     for (const CRefPtr<IDUIControl>& child : AllChildren(container))
         child->SetControlRect(rect);

@@ -1,8 +1,9 @@
 #pragma once
 
+#include <algorithm>
 #include <vector>
 
-#include <qvui/framework/control.h>
+#include <qvui/framework/control_base.h>
 
 namespace DUI::layout {
 
@@ -10,9 +11,12 @@ namespace DUI::layout {
 /// placed.
 using Children = std::vector<CRefPtr<IDUIControl>>;
 
-Children AllChildren(const IDUIControl& container);
+inline Children AllChildren(const CDUIControlBase& container)
+{
+    return container.GetChildren();
+}
 /// Those that are visible themselves.
-Children VisibleChildren(const IDUIControl& container);
+Children VisibleChildren(const CDUIControlBase& container);
 
 /// What the child asks for in a space; 0 by 0 for a child that does not say.
 inline SIZE AskSize(IDUIControl& child, SIZE available)
@@ -22,7 +26,20 @@ inline SIZE AskSize(IDUIControl& child, SIZE available)
     return size;
 }
 
+/// Has the processor fetch what a layout reads of a control's children: in a window of very many controls they
+/// are no longer at hand. Called one control ahead of the one that is placed.
+inline void PrefetchChildren(const IDUIControl& control)
+{
+    constexpr int kMost = 16;
+    const int count = std::min(control.GetControlCount(), kMost);
+    for (int i = 0; i < count; ++i) {
+        const auto* const child = reinterpret_cast<const char*>(control.GetControlByIndex(i));
+        __builtin_prefetch(child);
+        __builtin_prefetch(child + 64);
+    }
+}
+
 /// Gives every child, visible or not, the same rectangle.
-void PlaceAll(const IDUIControl& container, const RECT& rect);
+void PlaceAll(const CDUIControlBase& container, const RECT& rect);
 
 }  // namespace DUI::layout

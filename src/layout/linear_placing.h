@@ -1,5 +1,7 @@
 #pragma once
 
+#include <vector>
+
 #include <qvui/layout/canvas.h>
 
 #include "controls/owned_scroll_bar.h"
@@ -12,28 +14,12 @@ namespace DUI::layout {
 /// What becomes of the length that the children leave.
 enum class Leftover { ToLastChild, Nobody };
 
-template <class Axis>
-LinearSpans MeasureLine(const RECT& content, int position, int gap, Leftover leftover,
-                        const Children& children)
-{
-    const Line line{LONGLONG{Axis::Start(content)} - position, Axis::Length(content), gap};
-    SIZE offer = Axis::Across(content, 0);
-    LinearSpans spans = DivideLine(line, children.size(), [&](std::size_t child, LONG available) {
-        Axis::Along(offer) = available;
-        const SIZE wanted = AskSize(*children[child].GetPtr(), offer);
-        return Axis::Along(wanted);
-    });
-    if (leftover == Leftover::ToLastChild)
-        FillLine(line, spans);
-    return spans;
-}
+/// A child, held, and its place in the line.
+struct LinedChild : Span {
+    explicit LinedChild(const CRefPtr<IDUIControl>& child) : control(child) {}
 
-template <class Axis>
-void PlaceLine(const RECT& content, const Children& children, const LinearSpans& spans)
-{
-    for (std::size_t i = 0; i < children.size(); ++i)
-        children[i]->SetControlRect(Axis::Part(content, spans.spans[i].start, spans.spans[i].length));
-}
+    CRefPtr<IDUIControl> control;
+};
 
 /// Lines up the container's visible children in its content rectangle, beside its scroll bar.
 template <class Axis>
@@ -47,11 +33,26 @@ void LayOutLine(CDUICanvas& container, Leftover leftover)
         PlaceAll(container, content);
         return;
     }
-    const Children children = VisibleChildren(container);
-    const LinearSpans spans =
-        MeasureLine<Axis>(content, position, container.GetPaddingWidth(), leftover, children);
-    PlaceLine<Axis>(content, children, spans);
-    Axis::ReportContent(container, content, spans.content);
+    std::vector<LinedChild> children;
+    children.reserve(container.GetChildren().size());
+    for (const CRefPtr<IDUIControl>& child : container.GetChildren())
+        if (child->IsVisible(FALSE))
+            children.emplace_back(child);
+    const Line line{LONGLONG{Axis::Start(content)} - position, Axis::Length(content),
+                    container.GetPaddingWidth()};
+    SIZE offer = Axis::Across(content, 0);
+    const LONGLONG length = DivideLine(line, children, [&offer](const LinedChild& child, LONG available) {
+        Axis::Along(offer) = available;
+        return Axis::Along(AskSize(*child.control.GetPtr(), offer));
+    });
+    if (leftover == Leftover::ToLastChild)
+        FillLine(line, children, length);
+    for (auto child = children.cbegin(); child != children.cend(); ++child) {
+        if (child + 1 != children.cend())
+            PrefetchChildren(*child[1].control.GetPtr());
+        child->control->SetControlRect(Axis::Part(content, child->start, child->length));
+    }
+    Axis::ReportContent(container, content, length);
     container.UpdateLayout(FALSE, nullptr);
 }
 

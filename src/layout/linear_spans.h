@@ -1,11 +1,10 @@
 #pragma once
 
-#include <cstddef>
-#include <vector>
+#include <iterator>
 
 #include <qvui/platform/platform.h>
 
-#include "controls/geometry.h"
+#include "framework/geometry.h"
 
 namespace DUI::layout {
 
@@ -13,12 +12,6 @@ namespace DUI::layout {
 struct Span {
     LONGLONG start = 0;
     LONGLONG length = 0;
-};
-
-/// Places in the order of the children, and the length of all of them with the gaps between.
-struct LinearSpans {
-    std::vector<Span> spans;
-    LONGLONG content = 0;
 };
 
 /// The line that is handed out: where it starts, its length, and the gap between neighbours.
@@ -29,45 +22,46 @@ struct Line {
 };
 
 /// Hands out a line among children: to each what it asks for, to the flexible ones equal shares of the rest.
-/// `ask(child, available)` says what a child, by its number, asks of the length that is still left for it; 0
-/// makes it flexible. Every child is asked to find the share, and once more when that has changed what is
-/// left.
-template <class Ask>
-LinearSpans DivideLine(const Line& line, std::size_t children, const Ask& ask)
+/// `spans`, a range of Span or of what derives from it, gets their places; the result is the length of all of
+/// them with the gaps between. `ask(span, available)` says what a child asks of the length that is still left
+/// for it; 0 makes it flexible. Every child is asked to find the share, and once more when that has changed
+/// what is left.
+template <class Spans, class Ask>
+LONGLONG DivideLine(const Line& line, Spans& spans, const Ask& ask)
 {
     using geometry::Narrow;
-    LinearSpans result;
-    std::vector<Span>& spans = result.spans;
-    spans.reserve(children);
+    if (std::empty(spans))
+        return 0;
     // Until a child is placed, its span holds what it was offered and what it asked for.
     LONGLONG rest = line.length;
     LONGLONG flexible = 0;
-    for (std::size_t i = 0; i < children; ++i) {
-        if (i > 0)
-            rest -= line.gap;
+    for (auto& span : spans) {
         const LONG offered = Narrow(rest);
-        const LONG wanted = ask(i, offered);
-        spans.push_back({offered, wanted});
-        rest -= wanted;
+        const LONG wanted = ask(span, offered);
+        span.start = offered;
+        span.length = wanted;
+        rest -= LONGLONG{wanted} + line.gap;
         flexible += wanted == 0;
     }
+    rest += line.gap;
     const LONGLONG share = rest > 0 && flexible > 0 ? rest / flexible : 0;
     LONGLONG used = 0;
-    for (std::size_t i = 0; i < children; ++i) {
+    for (auto& span : spans) {
         const LONG offered = Narrow(line.length - used);
-        const LONGLONG wanted = offered == spans[i].start ? spans[i].length : ask(i, offered);
-        spans[i] = {line.start + used, wanted != 0 ? wanted : share};
-        used += spans[i].length + line.gap;
+        const LONGLONG wanted = offered == span.start ? span.length : ask(span, offered);
+        span.start = line.start + used;
+        span.length = wanted != 0 ? wanted : share;
+        used += span.length + line.gap;
     }
-    result.content = children > 0 ? used - line.gap : 0;
-    return result;
+    return used - line.gap;
 }
 
-/// Lengthens the last child to the end of the line. The content keeps its length.
-inline void FillLine(const Line& line, LinearSpans& spans)
+/// Lengthens the last child to the end of the line that the children, this long together, do not fill.
+template <class Spans>
+void FillLine(const Line& line, Spans& spans, LONGLONG length)
 {
-    if (!spans.spans.empty() && spans.content < line.length)
-        spans.spans.back().length += line.length - spans.content;
+    if (!std::empty(spans) && length < line.length)
+        spans.back().length += line.length - length;
 }
 
 }  // namespace DUI::layout

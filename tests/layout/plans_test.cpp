@@ -56,11 +56,13 @@ TEST(Plans, DivideALineAmongFixedAndFlexibleChildren)
          6442450941},
     };
     for (const Case& c : cases) {
-        LinearSpans spans =
-            DivideLine(c.line, c.wanted.size(), [&c](std::size_t child, LONG) { return c.wanted[child]; });
-        FillLine(c.line, spans);
-        EXPECT_EQ(Text(spans.spans), c.spans) << c.name;
-        EXPECT_EQ(spans.content, c.content) << c.name;
+        std::vector<Span> spans(c.wanted.size());
+        const LONGLONG content = DivideLine(c.line, spans, [&](const Span& span, LONG) {
+            return c.wanted[static_cast<std::size_t>(&span - spans.data())];
+        });
+        FillLine(c.line, spans, content);
+        EXPECT_EQ(Text(spans), c.spans) << c.name;
+        EXPECT_EQ(content, c.content) << c.name;
     }
 }
 
@@ -68,9 +70,10 @@ TEST(Plans, OfferEachChildWhatIsLeft)
 {
     const std::vector<LONG> wanted{30, 0, 20};
     std::vector<LONG> offered;
-    DivideLine({7, 100, 5}, wanted.size(), [&](std::size_t child, LONG available) {
+    std::vector<Span> spans(wanted.size());
+    DivideLine({7, 100, 5}, spans, [&](const Span& span, LONG available) {
         offered.push_back(available);
-        return wanted[child];
+        return wanted[static_cast<std::size_t>(&span - spans.data())];
     });
     // Then the flexible child takes its share of 40, and only the child behind it is offered something else.
     EXPECT_EQ(offered, (std::vector<LONG>{100, 65, 60, 20}));
