@@ -44,7 +44,7 @@ std::uint32_t OverSpilling(std::uint32_t source, std::uint32_t destination, std:
 // may be brighter than its alpha.
 bool IsSpillingFill(const Blit& blit)
 {
-    const RECT& from = blit.origin;
+    const RECT from = blit.Origin();
     return from.right - from.left == 1 && from.bottom - from.top == 1 &&
            IsBrighterThanItsAlpha(blit.source->Row32(from.top)[from.left]);
 }
@@ -60,7 +60,7 @@ void BlendPremultiplied(const Blit& blit, BYTE alpha)
     };
     if (blit.IsUnscaled()) {
         const auto [dx, dy] = blit.Shift();
-        ForEachDrawable(*blit.target, blit.destination, [&, dx = dx, dy = dy](const RECT& part) {
+        ForEachDrawable(*blit.target, blit.Destination(), [&, dx = dx, dy = dy](const RECT& part) {
             over(*blit.source, part.left + dx, part.top + dy, part);
         });
     } else {
@@ -102,7 +102,7 @@ BOOL AlphaBlend(HDC dc, int x, int y, int width, int height, HDC source, int sou
     if (blit->IsEmpty())
         return TRUE;
     const bool isOneSurface = blit->target->Target().top == blit->source->top;
-    if (isOneSurface && !IsEmptyRect(Intersection(blit->destination, blit->origin)))
+    if (isOneSurface && !IsEmptyRect(Intersection(blit->Destination(), blit->Origin())))
         return FALSE;
     if (isPerPixel && IsSpillingFill(*blit))
         JoinScaled(*blit, Sampling::Point,

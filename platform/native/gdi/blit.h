@@ -10,18 +10,27 @@ namespace qvui::native {
 struct Blit {
     DeviceContext* target;
     const Surface* source;
-    RECT destination;  // surface coordinates of the target, normalised
-    RECT origin;       // surface coordinates of the source, normalised
     AxisMap columns;
     AxisMap rows;
 
+    /// The rectangles in surface coordinates of the target and of the source, normalised.
+    RECT Destination() const
+    {
+        return {columns.destination, rows.destination, columns.destination + columns.length,
+                rows.destination + rows.length};
+    }
+    RECT Origin() const
+    {
+        return {columns.source, rows.source, columns.source + columns.sourceLength,
+                rows.source + rows.sourceLength};
+    }
     bool IsEmpty() const { return columns.IsEmpty() || rows.IsEmpty(); }
     /// Whether every pixel is copied to one pixel, in order.
     bool IsUnscaled() const { return columns.IsUnscaled() && rows.IsUnscaled(); }
     bool Shrinks() const { return columns.Shrinks() || rows.Shrinks(); }
-    bool IsInsideSource() const { return source->Contains(origin); }
+    bool IsInsideSource() const { return source->Contains(Origin()); }
     /// From a destination pixel to its source pixel, when nothing is scaled.
-    POINT Shift() const { return {origin.left - destination.left, origin.top - destination.top}; }
+    POINT Shift() const { return {columns.source - columns.destination, rows.source - rows.destination}; }
 };
 
 /// Both rectangles in surface coordinates; negative extents mirror.
@@ -32,7 +41,7 @@ std::optional<Blit> PrepareBlit(HDC dc, int x, int y, int width, int height, HDC
                                 int sourceY, int sourceWidth, int sourceHeight);
 
 /// Copies with a raster operation, scaled by the target's stretch mode; within one surface as if from a copy.
-void DrawBlit(Blit blit, DWORD operation);
+void DrawBlit(const Blit& blit, DWORD operation);
 
 /// A surface of 32-bit pixels for what is scaled to a width: as wide where possible, and small enough to stay
 /// in the processor's cache until it has been drawn.
@@ -44,7 +53,7 @@ Surface& ScalingTile(int width);
 template <class Write>
 void ForEachTile(const Blit& blit, Sampling sampling, Write write)
 {
-    ForEachDrawable(*blit.target, blit.destination, [&](const RECT& part) {
+    ForEachDrawable(*blit.target, blit.Destination(), [&](const RECT& part) {
         Surface& tile = ScalingTile(part.right - part.left);
         const Scaler scaler(*blit.source, blit.columns, blit.rows, sampling, part);
         for (int top = part.top; top < part.bottom; top += tile.height)

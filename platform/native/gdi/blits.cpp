@@ -42,7 +42,7 @@ void MovePixels(const Blit& blit)
     const POINT shift = blit.Shift();
     const bool isUpwards = target.top == source.top && shift.y < 0;
     const int step = isUpwards ? -1 : 1;
-    ForEachDrawable(*blit.target, blit.destination, [&](const RECT& part) {
+    ForEachDrawable(*blit.target, blit.Destination(), [&](const RECT& part) {
         const int first = isUpwards ? part.bottom - 1 : part.top;
         MoveRows(target.Row(first) + part.left * kPixelBytes, step * target.stride,
                  source.Row(first + shift.y) + (part.left + shift.x) * kPixelBytes, step * source.stride,
@@ -54,7 +54,7 @@ void MovePixels(const Blit& blit)
 void ScaleIntoTarget(const Blit& blit, Sampling sampling)
 {
     const Surface& target = blit.target->Target();
-    ForEachDrawable(*blit.target, blit.destination, [&](const RECT& part) {
+    ForEachDrawable(*blit.target, blit.Destination(), [&](const RECT& part) {
         const Scaler scaler(*blit.source, blit.columns, blit.rows, sampling, part);
         scaler.Scale(part, target.Row32(part.top) + part.left, target.stride / kPixelBytes);
     });
@@ -83,6 +83,12 @@ std::shared_ptr<Surface> CopyOf(const Surface& surface)
     return copy;
 }
 
+Blit FromSource(Blit blit, const Surface& source)
+{
+    blit.source = &source;
+    return blit;
+}
+
 }  // namespace
 
 Surface& ScalingTile(int width)
@@ -99,16 +105,12 @@ Surface& ScalingTile(int width)
 
 Blit PrepareBlit(DeviceContext& target, const RECT& to, const Surface& source, const RECT& from)
 {
-    const AxisMap columns = MapAxis(to.left, to.right - to.left, from.left, from.right - from.left, false);
-    const AxisMap rows = MapAxis(to.top, to.bottom - to.top, from.top, from.bottom - from.top, true);
-    return {
-        &target,
-        &source,
-        {columns.destination, rows.destination, columns.destination + columns.length,
-         rows.destination + rows.length},
-        {columns.source, rows.source, columns.source + columns.sourceLength, rows.source + rows.sourceLength},
-        columns,
-        rows};
+    Blit blit;
+    blit.target = &target;
+    blit.source = &source;
+    blit.columns = MapAxis(to.left, to.right - to.left, from.left, from.right - from.left, false);
+    blit.rows = MapAxis(to.top, to.bottom - to.top, from.top, from.bottom - from.top, true);
+    return blit;
 }
 
 std::optional<Blit> PrepareBlit(HDC dc, int x, int y, int width, int height, HDC source, int sourceX,
@@ -122,7 +124,7 @@ std::optional<Blit> PrepareBlit(HDC dc, int x, int y, int width, int height, HDC
                        from->ToSurface(sourceX, sourceY, sourceWidth, sourceHeight));
 }
 
-void DrawBlit(Blit blit, DWORD operation)
+void DrawBlit(const Blit& blit, DWORD operation)
 {
     if (blit.IsEmpty())
         return;
@@ -132,12 +134,10 @@ void DrawBlit(Blit blit, DWORD operation)
         MovePixels(blit);
         return;
     }
-    std::shared_ptr<Surface> copy;
     if (target.top == blit.source->top) {
-        copy = CopyOf(*blit.source);
-        if (!copy)
-            return;
-        blit.source = copy.get();
+        if (const std::shared_ptr<Surface> copy = CopyOf(*blit.source))
+            DrawBlit(FromSource(blit, *copy), operation);
+        return;
     }
     if (isCopy)
         ScaleIntoTarget(blit, SamplingOf(blit));
@@ -168,9 +168,10 @@ BOOL BitBlt(HDC dc, int x, int y, int width, int height, HDC source, int sourceX
     const RECT available = Intersection(wanted, from->Target().Bounds());
     if (IsEmptyRect(available))
         return TRUE;
-    RECT to = available;
     const POINT at = target->ToSurface(x, y);
-    OffsetRect(&to, at.x - wanted.left, at.y - wanted.top);
+    const POINT shift{at.x - wanted.left, at.y - wanted.top};
+    const RECT to{available.left + shift.x, available.top + shift.y, available.right + shift.x,
+                  available.bottom + shift.y};
     DrawBlit(PrepareBlit(*target, to, from->Target(), available), operation);
     return TRUE;
 }

@@ -78,18 +78,6 @@ void Gather(const std::uint32_t* from, const int* columns, std::size_t count, st
 
 }  // namespace
 
-AxisMap MapAxis(int destination, int length, int source, int sourceLength, bool isRow)
-{
-    AxisMap axis{
-        destination, std::abs(length), source, std::abs(sourceLength), (length < 0) != (sourceLength < 0),
-        isRow};
-    if (length < 0)
-        axis.destination = destination + length + 1;
-    if (sourceLength < 0)
-        axis.source = source + sourceLength + 1;
-    return axis;
-}
-
 void AxisMap::Samples(int first, int last, std::vector<int>& samples) const
 {
     const std::int64_t from = sourceLength;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdlib>
 #include <vector>
 
 #include "native/gdi/device_context.h"
@@ -27,7 +28,15 @@ struct AxisMap {
 };
 
 /// The axis of a copy from (source, sourceLength) to (destination, length); negative lengths mirror.
-AxisMap MapAxis(int destination, int length, int source, int sourceLength, bool isRow);
+inline AxisMap MapAxis(int destination, int length, int source, int sourceLength, bool isRow)
+{
+    return {length < 0 ? destination + length + 1 : destination,
+            std::abs(length),
+            sourceLength < 0 ? source + sourceLength + 1 : source,
+            std::abs(sourceLength),
+            (length < 0) != (sourceLength < 0),
+            isRow};
+}
 
 /// How several source pixels that fall on one destination pixel are joined.
 enum class Sampling { Point, And, Or, Bilinear };
