@@ -26,7 +26,8 @@ std::vector<std::string> Lines(const Report& report)
     return lines;
 }
 
-Report CheckPackage(const std::string& entry, std::vector<std::string> tags = {}, const std::string& root = "")
+Report CheckPackage(const std::string& entry, std::vector<std::string> tags = {},
+                    const std::string& root = "")
 {
     Report report;
     const Package package(entry, root, report);
@@ -117,14 +118,18 @@ TEST(Check, AcceptsNothingButRegisteredTags)
 {
     const auto unknownTags = [](std::vector<std::string> tags) {
         const Report report = CheckPackage(kData + "broken-skin/entry.xml", std::move(tags));
-        int count = 0;
+        std::vector<std::string> found;
         for (const Finding& finding : report.Findings())
-            count += finding.text.find("it is left out with all that it holds") != std::string::npos;
-        return count;
+            if (finding.text.find("it is left out with all that it holds") != std::string::npos)
+                found.push_back(finding.text);
+        return found;
     };
-    EXPECT_EQ(unknownTags({}), 3);
-    EXPECT_EQ(unknownTags({"gauge"}), 2);
-    EXPECT_EQ(unknownTags({"gauge", "buton", "Label"}), 0);
+    // Only where it is no misspelling is it likely to be the application's own.
+    EXPECT_THAT(unknownTags({}),
+                testing::UnorderedElementsAre(testing::EndsWith("(--tag gauge)"),
+                                              testing::EndsWith("it holds"), testing::EndsWith("it holds")));
+    EXPECT_EQ(unknownTags({"gauge"}).size(), 2u);
+    EXPECT_THAT(unknownTags({"gauge", "buton", "Label"}), testing::IsEmpty());
 }
 
 TEST(Check, FindsTheDirectoryThatNamesAreRelativeTo)
@@ -168,7 +173,8 @@ TEST(Check, WritesFindingsAsJson)
     EXPECT_EQ(list[1]["line"], 2);
     EXPECT_EQ(list[1]["text"], "say \"this\"");
     EXPECT_EQ(list[1]["suggestion"], "that");
-    EXPECT_EQ(report.ToText(), "a.xml:1:1: error: first\na.xml:2:1: note: say \"this\"; did you mean \"that\"?\n");
+    EXPECT_EQ(report.ToText(),
+              "a.xml:1:1: error: first\na.xml:2:1: note: say \"this\"; did you mean \"that\"?\n");
 }
 
 }  // namespace

@@ -71,7 +71,8 @@ void Checker::CheckWindow(const PackageDocument& part, int window)
         else
             ReportUnknown(place, attribute, AttributeNames(known));
     if (element.firstChild < 0)
-        m_report.Add(Severity::Error, document, element.offset, "a window without a root control cannot be made");
+        m_report.Add(Severity::Error, document, element.offset,
+                     "a window without a root control cannot be made");
     else if (const int second = document.At(element.firstChild).next; second >= 0)
         m_report.Add(Severity::Error, document, document.At(second).offset,
                      "a window has one root control, so this one is left out");
@@ -89,9 +90,14 @@ void Checker::CheckControl(const Place& place)
             names.insert(names.end(), m_tags.begin(), m_tags.end());
             return names;
         };
-        m_report.Add(Severity::Error, place.document, place.element.offset,
-                     "unknown element \"" + place.element.tag + "\": it is left out with all that it holds",
-                     m_report.Suggest(place.element.tag, tags));
+        const std::string suggestion = m_report.Suggest(place.element.tag, tags);
+        std::string text =
+            "unknown element \"" + place.element.tag + "\": it is left out with all that it holds";
+        if (suggestion.empty())
+            text.append(", unless the application registers it (--tag ")
+                .append(place.element.tag)
+                .append(")");
+        m_report.Add(Severity::Error, place.document, place.element.offset, std::move(text), suggestion);
     }
     CheckControlAttributes(place, known);
 }
