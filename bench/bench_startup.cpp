@@ -13,7 +13,8 @@
 #include "ratio_reporter.h"
 
 // From the start of a process to its first painted window: the gallery's page of buttons against an equal
-// window of Qt's widgets, on the X server where there is one. Both programs say "ready" when they have painted.
+// window of Qt's widgets, on the X server where there is one. Both programs say "ready" when they have
+// painted.
 
 namespace {
 

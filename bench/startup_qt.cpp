@@ -139,7 +139,8 @@ private:
         const struct {
             const char* text;
             const char* icon;
-        } buttons[] = {{"Left", "star"}, {"Right", "heart"}, {"", "gear"}, {"Top", "mail"}, {"Bottom", "user"}};
+        } buttons[] = {
+            {"Left", "star"}, {"Right", "heart"}, {"", "gear"}, {"Top", "mail"}, {"Bottom", "user"}};
         for (int i = 0; i < 5; ++i)
             grid->addWidget(IconButton(buttons[i].text, buttons[i].icon), i / 3, i % 3);
         return card;

@@ -2,9 +2,9 @@
 
 #include <qvui/render/render_engine.h>
 
-#include "framework/geometry.h"
 #include "controls/state_text.h"
 #include "framework/control_guard.h"
+#include "framework/geometry.h"
 #include "framework/skin_access.h"
 
 namespace DUI {
@@ -118,9 +118,7 @@ BOOL CDUIButton::EstimateSize(SIZE, SIZE& size)
 {
     const DWORD style = GetClassStyle();
     const SIZE text = (style & BTNSTYLE_NO_TEXT) ? SIZE{0, 0} : MeasureText(DT_SINGLELINE);
-    size = (style & (BTNSTYLE_AUTO_FIT | kIconBits))
-               ? EstimateWithImages(text)
-               : OuterSize(text.cx, text.cy);
+    size = (style & (BTNSTYLE_AUTO_FIT | kIconBits)) ? EstimateWithImages(text) : OuterSize(text.cx, text.cy);
     return TRUE;
 }
 

@@ -8,9 +8,15 @@
 
 namespace DUI {
 
-IDUIControl* VerticalScrollBarOf(CDUIControlBase& container) { return container.GetVerticalSB(); }
+IDUIControl* VerticalScrollBarOf(CDUIControlBase& container)
+{
+    return container.GetVerticalSB();
+}
 
-IDUIControl* HorizontalScrollBarOf(CDUIControlBase& container) { return container.GetHorizontalSB(); }
+IDUIControl* HorizontalScrollBarOf(CDUIControlBase& container)
+{
+    return container.GetHorizontalSB();
+}
 
 BOOL CDUIWindowMgr::SetButtonChecked(const CString& name, BOOL bCheck)
 {

@@ -2,9 +2,9 @@
 
 #include <qvui/render/render_engine.h>
 
-#include "framework/geometry.h"
 #include "controls/image_drawing.h"
 #include "controls/state_text.h"
+#include "framework/geometry.h"
 #include "framework/skin_access.h"
 
 namespace DUI {

@@ -1,10 +1,10 @@
 #include <qvui/controls/list_box.h>
 
-#include "framework/geometry.h"
 #include "controls/owned_scroll_bar.h"
 #include "controls/row_container.h"
 #include "controls/row_index.h"
 #include "framework/control_guard.h"
+#include "framework/geometry.h"
 
 // The items of a list box and their places; what it does with them is in list_box_input.cpp.
 

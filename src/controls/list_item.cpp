@@ -2,9 +2,9 @@
 
 #include <qvui/controls/list_box.h>
 
-#include "framework/geometry.h"
 #include "controls/state_text.h"
 #include "framework/control_guard.h"
+#include "framework/geometry.h"
 #include "framework/skin_access.h"
 
 namespace DUI {

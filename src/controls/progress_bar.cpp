@@ -2,8 +2,8 @@
 
 #include <qvui/render/render_engine.h>
 
-#include "framework/geometry.h"
 #include "framework/control_guard.h"
+#include "framework/geometry.h"
 #include "framework/skin_access.h"
 
 namespace DUI {

@@ -1,7 +1,7 @@
 #include <qvui/controls/scroll_bar.h>
 
-#include "framework/geometry.h"
 #include "framework/control_guard.h"
+#include "framework/geometry.h"
 #include "framework/skin_access.h"
 
 // The thumb and the arrows of a scroll bar.

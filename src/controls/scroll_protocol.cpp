@@ -1,7 +1,7 @@
 #include <qvui/controls/scroll_bar.h>
 
-#include "framework/geometry.h"
 #include "framework/control_guard.h"
+#include "framework/geometry.h"
 
 // How scrolling containers and their bars work together: the operations of CDUIControlBase that need the
 // bars.

@@ -4,9 +4,9 @@
 
 #include <qvui/render/render_engine.h>
 
-#include "framework/geometry.h"
 #include "controls/state_text.h"
 #include "framework/control_guard.h"
+#include "framework/geometry.h"
 #include "framework/skin_access.h"
 
 namespace DUI {

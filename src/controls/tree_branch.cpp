@@ -2,9 +2,9 @@
 
 #include <qvui/controls/tree_view.h>
 
-#include "framework/geometry.h"
 #include "controls/row_container.h"
 #include "framework/control_guard.h"
+#include "framework/geometry.h"
 
 namespace DUI {
 

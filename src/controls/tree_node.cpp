@@ -2,11 +2,11 @@
 
 #include <qvui/controls/tree_view.h>
 
-#include "framework/geometry.h"
 #include "controls/row_container.h"
 #include "controls/state_text.h"
 #include "controls/tree_branch.h"
 #include "framework/control_guard.h"
+#include "framework/geometry.h"
 #include "framework/skin_access.h"
 
 namespace DUI {

@@ -1,10 +1,10 @@
 #include <qvui/controls/tree_view.h>
 
-#include "framework/geometry.h"
 #include "controls/owned_scroll_bar.h"
 #include "controls/row_container.h"
 #include "controls/tree_branch.h"
 #include "framework/control_guard.h"
+#include "framework/geometry.h"
 #include "framework/skin_access.h"
 
 // A tree view's look, its rows and their places; its nodes are in tree_view_nodes.cpp, what it does on

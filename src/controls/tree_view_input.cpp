@@ -1,7 +1,7 @@
 #include <qvui/controls/tree_view.h>
 
-#include "framework/geometry.h"
 #include "framework/control_guard.h"
+#include "framework/geometry.h"
 
 // What a tree view does on input.
 

@@ -7,8 +7,8 @@ namespace {
 
 CDUIApp g_app;
 
-// Where the platform has a class that hosts ActiveX controls, windows of the class "AtlAxWin90" can be created
-// after this.
+// Where the platform has a class that hosts ActiveX controls, windows of the class "AtlAxWin90" can be
+// created after this.
 void RegisterActiveXHost()
 {
     RegisterWindowMessageA("WM_ATLGETHOST");

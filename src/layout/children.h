@@ -26,8 +26,8 @@ inline SIZE AskSize(IDUIControl& child, SIZE available)
     return size;
 }
 
-/// Has the processor fetch what a layout reads of a control's children: in a window of very many controls they
-/// are no longer at hand. Called one control ahead of the one that is placed.
+/// Has the processor fetch what a layout reads of a control's children: in a window of very many controls
+/// they are no longer at hand. Called one control ahead of the one that is placed.
 inline void PrefetchChildren(const IDUIControl& control)
 {
     constexpr int kMost = 16;

@@ -36,7 +36,8 @@ constexpr TextField<CResourceFontData> kFontFields[] = {
     {"underline", AttributeKind::Boolean, "Whether it is underlined.", &CResourceFontData::m_strUnderline},
     {"strikeout", AttributeKind::Boolean, "Whether it is struck out.", &CResourceFontData::m_strStrikeout},
 };
-constexpr EntryAttribute kFontDefault{"default", AttributeKind::Boolean, "true: the font where none is named."};
+constexpr EntryAttribute kFontDefault{"default", AttributeKind::Boolean,
+                                      "true: the font where none is named."};
 
 // Besides those of its source.
 constexpr TextField<CResourceImageData> kImageFields[] = {
@@ -44,10 +45,12 @@ constexpr TextField<CResourceImageData> kImageFields[] = {
      &CResourceImageData::m_strCount},
     {"direction", AttributeKind::ChoiceAny, "vert: the icons stand one above the other, not side by side.",
      &CResourceImageData::m_strDirection, DirectionWords},
-    {"drawstyle", AttributeKind::ChoiceAny, "How an icon fills a larger rectangle; without it, it is stretched.",
+    {"drawstyle", AttributeKind::ChoiceAny,
+     "How an icon fills a larger rectangle; without it, it is stretched.",
      &CResourceImageData::m_strDrawStyle, DrawStyleWords},
     {"corner", AttributeKind::IntPair,
-     "Width and height of the corners that keep their size in stretch_horz, stretch_vert and squard; the first "
+     "Width and height of the corners that keep their size in stretch_horz, stretch_vert and squard; the "
+     "first "
      "number alone counts in stretch_vert.",
      &CResourceImageData::m_strCorner},
     {"alpha", AttributeKind::Text, "Kept, but without effect.", &CResourceImageData::m_strAlpha},

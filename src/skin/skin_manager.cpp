@@ -17,8 +17,8 @@ CResourceFileInfo ReadFileInfo(const CXmlDocument& xml)
     return info;
 }
 
-// The entry document's sets, in the order in which they are searched one behind the other: one that stands too
-// early is not seen.
+// The entry document's sets, in the order in which they are searched one behind the other: one that stands
+// too early is not seen.
 class EntrySets {
 public:
     explicit EntrySets(CXmlDocument& xml) : m_xml(xml) {}

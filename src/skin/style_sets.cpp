@@ -88,7 +88,8 @@ constexpr EntryField<void (CTextStyle::*)(const CARGB&)> kColorFields[] = {
 };
 
 constexpr EntryAttribute kName{"name", AttributeKind::Text, "What controls call the style."};
-constexpr EntryAttribute kFormat{"format", AttributeKind::Flags, "Alignment and line breaks.", TextFormatWords};
+constexpr EntryAttribute kFormat{"format", AttributeKind::Flags, "Alignment and line breaks.",
+                                 TextFormatWords};
 constexpr EntryAttribute kDefault{"default", AttributeKind::Boolean, "true: the style where none is named."};
 
 // The style of that name; whoever holds it sees what the entry changes.

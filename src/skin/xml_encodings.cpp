@@ -11,6 +11,7 @@ struct Encoding {
 };
 
 // The registered character-set names and their common aliases, lower-cased and sorted, with their code pages.
+// clang-format off
 constexpr Encoding kEncodings[] = {
     {"437", 437}, {"850", 850}, {"852", 852}, {"855", 855}, {"857", 857}, {"858", 858}, {"860", 860},
     {"861", 861}, {"862", 862}, {"863", 863}, {"864", 864}, {"865", 865}, {"866", 866}, {"869", 869},
@@ -128,6 +129,7 @@ constexpr Encoding kEncodings[] = {
     {"x-mac-ukrainian", 10017}, {"x-ms-cp932", 932}, {"x-sjis", 932}, {"x-unicode-2-0-utf-7", 65000},
     {"x-unicode-2-0-utf-8", 65001}, {"x-x-big5", 950},
 };
+// clang-format on
 
 constexpr std::size_t kLongestName = 100;
 constexpr int kUtf32 = 65005;
@@ -149,8 +151,9 @@ int FindCodePage(std::string_view encoding)
     if (name.rfind("UTF-32", 0) == 0)
         return kUtf32;
     std::transform(name.begin(), name.end(), name.begin(), LowerAscii);
-    const auto* found = std::lower_bound(std::begin(kEncodings), std::end(kEncodings), std::string_view(name),
-                                         [](const Encoding& entry, std::string_view key) { return entry.name < key; });
+    const auto* found =
+        std::lower_bound(std::begin(kEncodings), std::end(kEncodings), std::string_view(name),
+                         [](const Encoding& entry, std::string_view key) { return entry.name < key; });
     return found != std::end(kEncodings) && found->name == name ? found->codePage : -1;
 }
 

@@ -12,6 +12,7 @@ struct Entity {
 
 // The character entities of HTML 4 and "apos", by lower-cased name. Of two names that differ only in letter
 // case the one with a capital is kept.
+// clang-format off
 constexpr Entity kEntities[] = {
     {"aacute", 193}, {"acirc", 194}, {"acute", 180}, {"aelig", 198}, {"agrave", 192}, {"alefsym", 8501},
     {"alpha", 913}, {"amp", 38}, {"and", 8743}, {"ang", 8736}, {"apos", 39}, {"aring", 197},
@@ -46,13 +47,15 @@ constexpr Entity kEntities[] = {
     {"uuml", 220}, {"weierp", 8472}, {"xi", 926}, {"yacute", 221}, {"yen", 165}, {"yuml", 376},
     {"zeta", 918}, {"zwj", 8205}, {"zwnj", 8204},
 };
+// clang-format on
 
 }  // namespace
 
 unsigned FindXmlEntity(std::string_view lowerName)
 {
-    const auto* found = std::lower_bound(std::begin(kEntities), std::end(kEntities), lowerName,
-                                         [](const Entity& entry, std::string_view name) { return entry.name < name; });
+    const auto* found =
+        std::lower_bound(std::begin(kEntities), std::end(kEntities), lowerName,
+                         [](const Entity& entry, std::string_view name) { return entry.name < name; });
     return found != std::end(kEntities) && found->name == lowerName ? found->character : 0;
 }
 

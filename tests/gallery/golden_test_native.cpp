@@ -2,8 +2,8 @@
 #include "support/manual_clock.h"
 #include "support/screenshot.h"
 
-// Every page in both skins, pixel by pixel: only native draws the same text everywhere. Time stands still, so that
-// animations show their first frame.
+// Every page in both skins, pixel by pixel: only native draws the same text everywhere. Time stands still, so
+// that animations show their first frame.
 
 namespace qvui::test {
 namespace {

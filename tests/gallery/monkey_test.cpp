@@ -4,8 +4,8 @@
 
 #include "gallery/gallery_run.h"
 
-// Random use of every page: whatever order the events come in, the gallery neither crashes nor leaves anything
-// behind. The seed is fixed; QVUI_MONKEY_EVENTS in the environment sets another number of events.
+// Random use of every page: whatever order the events come in, the gallery neither crashes nor leaves
+// anything behind. The seed is fixed; QVUI_MONKEY_EVENTS in the environment sets another number of events.
 
 namespace qvui::test {
 namespace {
@@ -82,9 +82,10 @@ private:
 };
 
 const Monkey::Action Monkey::kActions[] = {
-    {300, &Monkey::Move},        {60, &Monkey::Press},       {60, &Monkey::Release}, {150, &Monkey::Click},
-    {50, &Monkey::DoubleClick},  {40, &Monkey::Drag},        {5, &Monkey::Leave},    {60, &Monkey::Wheel},
-    {150, &Monkey::Key},         {60, &Monkey::Timer},       {40, &Monkey::Paint},   {20, &Monkey::DeliverQueue},
+    {300, &Monkey::Move},        {60, &Monkey::Press},       {60, &Monkey::Release},
+    {150, &Monkey::Click},       {50, &Monkey::DoubleClick}, {40, &Monkey::Drag},
+    {5, &Monkey::Leave},         {60, &Monkey::Wheel},       {150, &Monkey::Key},
+    {60, &Monkey::Timer},        {40, &Monkey::Paint},       {20, &Monkey::DeliverQueue},
     {4, &Monkey::Resize},        {2, &Monkey::SwitchSkin},   {4, &Monkey::SwitchFocus},
     {8, &Monkey::RemoveControl}, {8, &Monkey::PutBack}};
 
@@ -154,7 +155,8 @@ LPARAM Monkey::AnyPoint()
     POINT point{};
     DUI::IDUIControl* control = nullptr;
     do {
-        point = {Below(client.right + 2 * kOutside) - kOutside, Below(client.bottom + 2 * kOutside) - kOutside};
+        point = {Below(client.right + 2 * kOutside) - kOutside,
+                 Below(client.bottom + 2 * kOutside) - kOutside};
         control = m_run.Window().FindControl(&point);
     } while (Spares(control));
     return MAKELPARAM(point.x, point.y);
@@ -225,8 +227,9 @@ void Monkey::Wheel()
 
 void Monkey::Key()
 {
-    constexpr WPARAM kKeys[] = {VK_TAB,  VK_TAB,  VK_TAB,   VK_UP,    VK_DOWN,   VK_LEFT, VK_RIGHT, VK_SPACE, VK_RETURN,
-                                VK_HOME, VK_END,  VK_PRIOR, VK_NEXT,  VK_ESCAPE, 'A',     'M',      'S',      'Z'};
+    constexpr WPARAM kKeys[] = {VK_TAB,   VK_TAB,    VK_TAB,    VK_UP,   VK_DOWN, VK_LEFT,
+                                VK_RIGHT, VK_SPACE,  VK_RETURN, VK_HOME, VK_END,  VK_PRIOR,
+                                VK_NEXT,  VK_ESCAPE, 'A',       'M',     'S',     'Z'};
     const WPARAM key = kKeys[Below(static_cast<int>(std::size(kKeys)))];
     if ((key == VK_SPACE || key == VK_RETURN) && Spares(m_run.Window().GetFocusControl()))
         return;

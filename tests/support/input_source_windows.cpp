@@ -22,12 +22,12 @@ void InjectMove(POINT screen)
 void InjectButton(int button, bool isDown)
 {
     switch (button) {
-    case VK_LBUTTON:
-        return InjectMouse(isDown ? MOUSEEVENTF_LEFTDOWN : MOUSEEVENTF_LEFTUP, 0);
-    case VK_RBUTTON:
-        return InjectMouse(isDown ? MOUSEEVENTF_RIGHTDOWN : MOUSEEVENTF_RIGHTUP, 0);
-    default:
-        return InjectMouse(isDown ? MOUSEEVENTF_MIDDLEDOWN : MOUSEEVENTF_MIDDLEUP, 0);
+        case VK_LBUTTON:
+            return InjectMouse(isDown ? MOUSEEVENTF_LEFTDOWN : MOUSEEVENTF_LEFTUP, 0);
+        case VK_RBUTTON:
+            return InjectMouse(isDown ? MOUSEEVENTF_RIGHTDOWN : MOUSEEVENTF_RIGHTUP, 0);
+        default:
+            return InjectMouse(isDown ? MOUSEEVENTF_MIDDLEDOWN : MOUSEEVENTF_MIDDLEUP, 0);
     }
 }
 

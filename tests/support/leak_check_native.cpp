@@ -7,9 +7,9 @@ LiveObjects LiveObjects::Count()
 {
     const native::LiveCounts counts = native::CountLiveObjects();
     LiveObjects objects;
-    objects.m_counts = {{"windows", counts.windows}, {"device contexts", counts.deviceContexts},
+    objects.m_counts = {{"windows", counts.windows},        {"device contexts", counts.deviceContexts},
                         {"GDI objects", counts.gdiObjects}, {"icons", counts.icons},
-                        {"modules", counts.modules}, {"memory blocks", counts.globalBlocks}};
+                        {"modules", counts.modules},        {"memory blocks", counts.globalBlocks}};
     return objects;
 }
 

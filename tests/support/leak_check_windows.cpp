@@ -17,7 +17,8 @@ BOOL CALLBACK CountTree(HWND window, LPARAM count)
     GetClassNameA(window, name, sizeof name);
     // The system's own helpers come and go as it pleases.
     const std::string className = name;
-    if (className == "IME" || className == "MSCTFIME UI" || className == "tooltips_class32" || className == "#32768")
+    if (className == "IME" || className == "MSCTFIME UI" || className == "tooltips_class32" ||
+        className == "#32768")
         return TRUE;
     CountOne(window, count);
     EnumChildWindows(window, CountOne, count);

@@ -75,7 +75,8 @@ MessagePointer& MessagePointer::Wheel(int notches)
     ClientToScreen(m_window, &screen);
     SetCursorPos(screen.x, screen.y);
     const int delta = notches * static_cast<int>(WHEEL_DELTA);
-    SendMessageA(m_window, WM_MOUSEWHEEL, MAKEWPARAM(m_buttons | m_keys, static_cast<WORD>(delta)), Packed(screen));
+    SendMessageA(m_window, WM_MOUSEWHEEL, MAKEWPARAM(m_buttons | m_keys, static_cast<WORD>(delta)),
+                 Packed(screen));
     return *this;
 }
 

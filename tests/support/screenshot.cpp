@@ -49,7 +49,8 @@ int CompareImages(const CImage& expected, const CImage& actual, int tolerance, C
         for (int x = 0; x < actual.GetWidth(); ++x)
             if (IsWrong(expected, actual, x, y, tolerance)) {
                 ++wrong;
-                std::fill_n(static_cast<std::uint8_t*>(difference.GetPixelAddress(x, y)), 3, std::uint8_t{255});
+                std::fill_n(static_cast<std::uint8_t*>(difference.GetPixelAddress(x, y)), 3,
+                            std::uint8_t{255});
             }
     return wrong;
 }
@@ -98,7 +99,8 @@ testing::AssertionResult MatchesPicture(const CImage& image, const std::string& 
         image.Save((output + ".actual.png").c_str());
         return testing::AssertionFailure() << path << " is missing; see " << output << ".actual.png";
     }
-    const bool isSameSize = expected.GetWidth() == image.GetWidth() && expected.GetHeight() == image.GetHeight();
+    const bool isSameSize =
+        expected.GetWidth() == image.GetWidth() && expected.GetHeight() == image.GetHeight();
     CImage difference;
     difference.Create(image.GetWidth(), image.GetHeight(), 24);
     const int wrong = isSameSize ? CompareImages(expected, image, tolerance.channel, difference) : 0;
@@ -107,13 +109,15 @@ testing::AssertionResult MatchesPicture(const CImage& image, const std::string& 
     expected.Save((output + ".expected.png").c_str());
     image.Save((output + ".actual.png").c_str());
     if (!isSameSize)
-        return testing::AssertionFailure() << name << " is " << SizeOf(image) << " instead of " << SizeOf(expected)
-                                           << "; see " << output << ".*.png";
+        return testing::AssertionFailure() << name << " is " << SizeOf(image) << " instead of "
+                                           << SizeOf(expected) << "; see " << output << ".*.png";
     difference.Save((output + ".difference.png").c_str());
-    return testing::AssertionFailure() << name << ": " << wrong << " pixels differ; see " << output << ".*.png";
+    return testing::AssertionFailure()
+           << name << ": " << wrong << " pixels differ; see " << output << ".*.png";
 }
 
-testing::AssertionResult MatchesGolden(const CImage& image, const std::string& name, GoldenTolerance tolerance)
+testing::AssertionResult MatchesGolden(const CImage& image, const std::string& name,
+                                       GoldenTolerance tolerance)
 {
     const std::string path = GoldenPath(name);
     if (!UpdatesGoldens())

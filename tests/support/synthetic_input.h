@@ -10,9 +10,9 @@ namespace qvui::test {
 /// tests, capture, activation and focus. Points are screen coordinates. Every operation dispatches what it
 /// caused before it returns. At its end every key and button that it holds is released.
 ///
-/// On native it enters at the headless display, and ManualClock (manual_clock.h) says when. On windows it enters
-/// where the system's own drivers put it: the pointer belongs to the whole desktop, so tests that need exact
-/// times or exact numbers of moves are native only.
+/// On native it enters at the headless display, and ManualClock (manual_clock.h) says when. On windows it
+/// enters where the system's own drivers put it: the pointer belongs to the whole desktop, so tests that need
+/// exact times or exact numbers of moves are native only.
 class SyntheticInput {
 public:
     SyntheticInput() = default;
@@ -23,7 +23,10 @@ public:
     SyntheticInput& MoveTo(POINT screen);
     SyntheticInput& Press(int button = VK_LBUTTON);
     SyntheticInput& Release(int button = VK_LBUTTON);
-    SyntheticInput& Click(POINT screen, int button = VK_LBUTTON) { return MoveTo(screen).Press(button).Release(button); }
+    SyntheticInput& Click(POINT screen, int button = VK_LBUTTON)
+    {
+        return MoveTo(screen).Press(button).Release(button);
+    }
     SyntheticInput& Wheel(int notches);
     SyntheticInput& KeyDown(int virtualKey);
     SyntheticInput& KeyUp(int virtualKey);

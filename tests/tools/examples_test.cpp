@@ -45,18 +45,19 @@ TEST(Examples, OfModulesAreLookedInto)
 {
     const fs::path root = test::OutputPath("module-check");
     fs::create_directories(root);
-    fs::copy_file(fs::canonical("/proc/self/exe").parent_path() / "skin_module_a.dll", root / "skin_module_a.dll",
-                  fs::copy_options::overwrite_existing);
+    fs::copy_file(fs::canonical("/proc/self/exe").parent_path() / "skin_module_a.dll",
+                  root / "skin_module_a.dll", fs::copy_options::overwrite_existing);
     const std::string module = R"x(config_type="dll" file_name="skin_module_a.dll" resource_id=)x";
     std::ofstream(root / "entry.xml") << R"x(<skin><language_set default="en">
 <language name="en" )x" << module << R"x("101" resource_type="XML"/></language_set><skin_set default="a">
 <skin name="a" config_type="file" file_name="resources.xml"/></skin_set><style_set>
 <style name="a" )x" << module << R"x("999" resource_type="XML"/></style_set></skin>)x";
     const std::string picture = R"x( resource_type="PNG")x";
-    std::ofstream(root / "resources.xml") << R"x(<r><cursor_set><cursor name="c" )x" << module << R"x("103"/>
-<cursor name="d" )x" << module << R"x("7"/></cursor_set><image_set><image name="i" )x" << module << R"x("102" count="3")x"
-                                          << picture << "/>\n<image name=\"j\" " << module << "\"777\"" << picture
-                                          << "/></image_set></r>";
+    std::ofstream(root / "resources.xml")
+        << R"x(<r><cursor_set><cursor name="c" )x" << module << R"x("103"/>
+<cursor name="d" )x"
+        << module << R"x("7"/></cursor_set><image_set><image name="i" )x" << module << R"x("102" count="3")x"
+        << picture << "/>\n<image name=\"j\" " << module << "\"777\"" << picture << "/></image_set></r>";
     Report report;
     const Package package((root / "entry.xml").string(), "", report);
     Checker(package, {}, report).Run();

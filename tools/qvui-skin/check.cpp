@@ -9,7 +9,10 @@ namespace {
 const std::string kAllSkins;
 
 // Which name an entry is stored under.
-const char* KeyOf(const SetSchema& set) { return set.content == EntryContent::String ? "id" : "name"; }
+const char* KeyOf(const SetSchema& set)
+{
+    return set.content == EntryContent::String ? "id" : "name";
+}
 
 // The skin that a document's values belong to; strings and templates belong to all.
 const std::string& SkinOf(const PackageDocument& part)
@@ -35,8 +38,8 @@ void Checker::Run()
     UseDefaults();
     CheckEntryDocument();
     // Styles come last: what they may hold depends on the controls that use them.
-    for (const DocumentKind kind : {DocumentKind::Strings, DocumentKind::Resources, DocumentKind::Templates,
-                                    DocumentKind::Styles})
+    for (const DocumentKind kind :
+         {DocumentKind::Strings, DocumentKind::Resources, DocumentKind::Templates, DocumentKind::Styles})
         for (const PackageDocument* part : m_package.OfKind(kind))
             CheckDocument(*part);
     m_names.ReportMissingStrings(m_report);
@@ -72,9 +75,8 @@ void Checker::Define(const PackageDocument& part)
     // Styles of no skin are never loaded; the entry's check has said so.
     const std::vector<const PackageDocument*> skins = m_package.OfKind(DocumentKind::Resources);
     const bool isLoaded = part.kind != DocumentKind::Styles ||
-                          std::any_of(skins.begin(), skins.end(), [&](const PackageDocument* skin) {
-                              return skin->name == part.name;
-                          });
+                          std::any_of(skins.begin(), skins.end(),
+                                      [&](const PackageDocument* skin) { return skin->name == part.name; });
     if (!isLoaded)
         return;
     for (const SetSchema& set : SchemaOf(part.kind).sets)
@@ -98,7 +100,8 @@ void Checker::DefineEntry(const PackageDocument& part, const SeenEntry& seen)
     const Attribute* const key = entry.Find(KeyOf(*seen.set));
     if (!seen.set->names || !key || key->value.empty())
         return;
-    m_names.Scope(*seen.set->names, part.name).names.try_emplace(key->value, NameScope::Place{&document, entry.offset});
+    m_names.Scope(*seen.set->names, part.name)
+        .names.try_emplace(key->value, NameScope::Place{&document, entry.offset});
 }
 
 // --- documents ---------------------------------------------------------------------------------------------
@@ -129,7 +132,8 @@ void Checker::CheckEntry(const PackageDocument& part, const SeenEntry& seen)
     switch (seen.set->content) {
         case EntryContent::String:
             if (entry.data.empty())
-                m_report.Add(Severity::Warning, document, entry.offset, "a string without text does not count");
+                m_report.Add(Severity::Warning, document, entry.offset,
+                             "a string without text does not count");
             [[fallthrough]];
         case EntryContent::Plain:
             CheckPlainAttributes({document, entry, SkinOf(part)}, seen.set->attributes);

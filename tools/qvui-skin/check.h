@@ -13,8 +13,8 @@
 
 namespace qvui::skin_tool {
 
-/// Checks a loaded package: what every document defines, then what its values say and refer to, then the images
-/// behind it.
+/// Checks a loaded package: what every document defines, then what its values say and refer to, then the
+/// images behind it.
 class Checker {
 public:
     /// `tags` are those that the application registers itself; their attributes are the application's.
@@ -40,7 +40,8 @@ private:
     void CheckUnique(const PackageDocument& part, const std::vector<SeenEntry>& entries);
 
     // check_values.cpp: attribute values
-    void CheckValue(const Place& place, const Attribute& attribute, ValueKind kind, std::string_view keywords);
+    void CheckValue(const Place& place, const Attribute& attribute, ValueKind kind,
+                    std::string_view keywords);
     void CheckControlName(const Place& place, const Attribute& attribute);
     void ReportUnknown(const Place& place, const Attribute& attribute, const std::vector<std::string>& known);
 
@@ -65,9 +66,9 @@ private:
     std::vector<std::string> m_tags;
     Report& m_report;
     Names m_names;
-    std::set<std::string> m_controlNames;    // of all windows
-    std::set<std::string> m_customStyles;    // control styles that an application's own controls use
-    std::set<const Document*> m_checked;     // a document that two entries name is checked once
+    std::set<std::string> m_controlNames;  // of all windows
+    std::set<std::string> m_customStyles;  // control styles that an application's own controls use
+    std::set<const Document*> m_checked;   // a document that two entries name is checked once
 };
 
 }  // namespace qvui::skin_tool

@@ -12,14 +12,17 @@
 namespace qvui::skin_tool {
 namespace {
 
-DUI::DocumentSource SourceOf(const Element& record) { return DUI::SourceOf(record.Value("config_type")); }
+DUI::DocumentSource SourceOf(const Element& record)
+{
+    return DUI::SourceOf(record.Value("config_type"));
+}
 
 // How much of an icon the corners of a draw style take.
 struct CornerUse {
     DUI::IMAGE_DRAW_STYLE drawStyle;
-    int widths;            // of the corner's width, in the icon's width
-    int heights;           // of the corner's height, in the icon's height
-    int widthsInHeight;    // of the corner's width, in the icon's height
+    int widths;          // of the corner's width, in the icon's width
+    int heights;         // of the corner's height, in the icon's height
+    int widthsInHeight;  // of the corner's width, in the icon's height
 };
 constexpr CornerUse kCornerUses[] = {
     {DUI::DRAW_STYLE_STRETCH_HORZ, 2, 0, 0},
@@ -33,7 +36,10 @@ bool IsTooLarge(const CornerUse& use, SIZE corner, SIZE icon)
            use.widthsInHeight * long{corner.cx} > icon.cy;
 }
 
-std::string Text(int width, int height) { return std::to_string(width) + " x " + std::to_string(height); }
+std::string Text(int width, int height)
+{
+    return std::to_string(width) + " x " + std::to_string(height);
+}
 
 }  // namespace
 
@@ -60,7 +66,8 @@ void Checker::ReportNoSource(const Document& document, const Element& record)
 void Checker::ReportNoResource(const Document& document, const Element& record)
 {
     const Attribute* const place = record.Find("resource_id");
-    m_report.Add(Severity::Error, document, place ? place->valueOffset : record.offset, NoResourceText(record));
+    m_report.Add(Severity::Error, document, place ? place->valueOffset : record.offset,
+                 NoResourceText(record));
 }
 
 void Checker::CheckCursor(const PackageDocument& part, int entry)
@@ -135,8 +142,8 @@ void Checker::CheckImage(const PackageDocument& part, int entry)
     image.SetImageDirection(isVertical);
     if ((isVertical ? image.GetHeight() : image.GetWidth()) % icons != 0)
         m_report.Add(Severity::Warning, document, count->valueOffset,
-                     "a picture of " + Text(image.GetWidth(), image.GetHeight()) + " pixels does not divide into " +
-                         std::to_string(icons) + " icons");
+                     "a picture of " + Text(image.GetWidth(), image.GetHeight()) +
+                         " pixels does not divide into " + std::to_string(icons) + " icons");
     if (const Attribute* const corner = record.Find("corner"))
         CheckCorner({document, record, part.name}, *corner, image);
 }
@@ -149,11 +156,13 @@ void Checker::CheckCorner(const Place& place, const Attribute& corner, const DUI
     int width = 0;
     int height = 0;
     if (std::sscanf(corner.value.c_str(), "%d,%d", &width, &height) != 2) {
-        m_report.Add(Severity::Warning, place.document, corner.valueOffset,
-                     "corner: \"" + corner.value + "\" counts as 0,0: the comma stands right behind the first number");
+        m_report.Add(
+            Severity::Warning, place.document, corner.valueOffset,
+            "corner: \"" + corner.value + "\" counts as 0,0: the comma stands right behind the first number");
         return;
     }
-    const int drawStyle = DUI::DrawStyleWords().Find(place.element.Value("drawstyle"), DUI::DRAW_STYLE_NORMAL);
+    const int drawStyle =
+        DUI::DrawStyleWords().Find(place.element.Value("drawstyle"), DUI::DRAW_STYLE_NORMAL);
     for (const CornerUse& use : kCornerUses)
         if (drawStyle == use.drawStyle &&
             IsTooLarge(use, {width, height}, {image.GetIconWidth(), image.GetIconHeight()}))

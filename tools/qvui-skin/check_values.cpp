@@ -2,14 +2,16 @@
 
 namespace qvui::skin_tool {
 
-void Checker::ReportUnknown(const Place& place, const Attribute& attribute, const std::vector<std::string>& known)
+void Checker::ReportUnknown(const Place& place, const Attribute& attribute,
+                            const std::vector<std::string>& known)
 {
     m_report.Add(Severity::Warning, place.document, attribute.nameOffset,
                  "\"" + place.element.tag + "\" has no attribute \"" + attribute.name + "\"",
                  m_report.Suggest(attribute.name, [&] { return known; }));
 }
 
-void Checker::CheckValue(const Place& place, const Attribute& attribute, ValueKind kind, std::string_view keywords)
+void Checker::CheckValue(const Place& place, const Attribute& attribute, ValueKind kind,
+                         std::string_view keywords)
 {
     if (kind == ValueKind::Ignored) {
         m_report.Add(Severity::Note, place.document, attribute.nameOffset,
@@ -22,7 +24,8 @@ void Checker::CheckValue(const Place& place, const Attribute& attribute, ValueKi
         return;
     }
     for (const Reference& reference : ReferencesOf(kind, attribute.value))
-        m_names.Refer(reference.kind, reference.name, place.skin, place.document, attribute.valueOffset, m_report);
+        m_names.Refer(reference.kind, reference.name, place.skin, place.document, attribute.valueOffset,
+                      m_report);
     if (kind == ValueKind::ControlName)
         CheckControlName(place, attribute);
 }
@@ -33,8 +36,7 @@ void Checker::CheckControlName(const Place& place, const Attribute& attribute)
     if (attribute.value.empty() || m_controlNames.count(attribute.value) > 0)
         return;
     m_report.Add(Severity::Error, place.document, attribute.valueOffset,
-                 "there is no control \"" + attribute.value + "\"",
-                 m_report.Suggest(attribute.value, [this] {
+                 "there is no control \"" + attribute.value + "\"", m_report.Suggest(attribute.value, [this] {
                      return std::vector<std::string>(m_controlNames.begin(), m_controlNames.end());
                  }));
 }

@@ -10,7 +10,10 @@ namespace {
 
 using DUI::CXmlDocument;
 
-std::string ToStd(const CString& text) { return std::string(text.View()); }
+std::string ToStd(const CString& text)
+{
+    return std::string(text.View());
+}
 
 /// The XML reader's result words, each in plain language; {} stands for the element's name.
 struct ResultWord {
@@ -85,14 +88,18 @@ Element ReadElement(const CXmlDocument& xml)
 
 }  // namespace
 
-Position PositionOf(std::string_view text, int offset) { return PositionOf(text, offset, 0, {}); }
+Position PositionOf(std::string_view text, int offset)
+{
+    return PositionOf(text, offset, 0, {});
+}
 
 Position PositionOf(std::string_view text, int offset, int knownOffset, Position known)
 {
     const char* const stop = text.data() + text.size();
     const std::size_t end = std::min(static_cast<std::size_t>(std::max(offset, 0)), text.size());
     Position position = known;
-    for (const char* at = text.data() + knownOffset; at < text.data() + end; at += CharacterLength(at, stop)) {
+    for (const char* at = text.data() + knownOffset; at < text.data() + end;
+         at += CharacterLength(at, stop)) {
         ++position.column;
         if (*at == '\n')
             position = {position.line + 1, 1};

@@ -17,7 +17,8 @@ using Json = nlohmann::ordered_json;
 std::string ColorText(const DUI::CARGB& color)
 {
     char text[16];
-    std::snprintf(text, sizeof text, "#%02X%02X%02X%02X", color.GetA(), color.GetR(), color.GetG(), color.GetB());
+    std::snprintf(text, sizeof text, "#%02X%02X%02X%02X", color.GetA(), color.GetR(), color.GetG(),
+                  color.GetB());
     return text;
 }
 
@@ -25,7 +26,8 @@ Json FontValue(const DUI::CRefPtr<DUI::CFontObject>& font)
 {
     if (font.IsNull())
         return nullptr;
-    Json value{{"face", ToUtf8(font->GetFaceName())}, {"height", font->GetHeight()}, {"weight", font->GetWeight()}};
+    Json value{
+        {"face", ToUtf8(font->GetFaceName())}, {"height", font->GetHeight()}, {"weight", font->GetWeight()}};
     if (font->GetItalic())
         value["italic"] = true;
     if (font->GetUnderline())
@@ -81,12 +83,15 @@ std::string FormatText(DWORD format)
 Json TextStyleValue(ResolvedSkin& skin, const std::string& name)
 {
     const DUI::CRefPtr<DUI::CTextStyle> style = skin.Manager().GetTextStyle(name.c_str());
-    return {{"format", FormatText(style->GetTextFormat())},
-            {"normal", {{"font", FontValue(style->GetNormalFont())}, {"color", ColorText(style->GetNormalColor())}}},
-            {"hover", {{"font", FontValue(style->GetHoverFont())}, {"color", ColorText(style->GetHoverColor())}}},
-            {"select", {{"font", FontValue(style->GetSelectFont())}, {"color", ColorText(style->GetSelectColor())}}},
-            {"disable",
-             {{"font", FontValue(style->GetDisableFont())}, {"color", ColorText(style->GetDisableColor())}}}};
+    return {
+        {"format", FormatText(style->GetTextFormat())},
+        {"normal",
+         {{"font", FontValue(style->GetNormalFont())}, {"color", ColorText(style->GetNormalColor())}}},
+        {"hover", {{"font", FontValue(style->GetHoverFont())}, {"color", ColorText(style->GetHoverColor())}}},
+        {"select",
+         {{"font", FontValue(style->GetSelectFont())}, {"color", ColorText(style->GetSelectColor())}}},
+        {"disable",
+         {{"font", FontValue(style->GetDisableFont())}, {"color", ColorText(style->GetDisableColor())}}}};
 }
 
 Json ColorsOf(const DUI::CDUIFrameBK& frame)
@@ -99,8 +104,11 @@ Json ColorsOf(const DUI::CDUIFrameBK& frame)
     frame.GetBKCOlor(start, end, middle, separator, isVertical);
     Json value;
     if (!frame.IsTreeColorEmpty())
-        value = {{"start", ColorText(start)}, {"middle", ColorText(middle)}, {"end", ColorText(end)},
-                 {"separator", separator}, {"vertical", isVertical != 0}};
+        value = {{"start", ColorText(start)},
+                 {"middle", ColorText(middle)},
+                 {"end", ColorText(end)},
+                 {"separator", separator},
+                 {"vertical", isVertical != 0}};
     else if (!frame.IsTwoColorEmpty())
         value = {{"start", ColorText(start)}, {"end", ColorText(end)}, {"vertical", isVertical != 0}};
     else if (!frame.IsOneColorEmpty())
@@ -149,7 +157,9 @@ const Section kSections[] = {
          return Json(ColorText(skin.Manager().GetColor(name.c_str())));
      }},
     {"fonts", NameKind::Font,
-     [](ResolvedSkin& skin, const std::string& name) { return FontValue(skin.Manager().GetFont(name.c_str(), 1)); }},
+     [](ResolvedSkin& skin, const std::string& name) {
+         return FontValue(skin.Manager().GetFont(name.c_str(), 1));
+     }},
     {"cursors", NameKind::Cursor, CursorValue},
     {"images", NameKind::Image, ImageValue},
     {"text_styles", NameKind::TextStyle, TextStyleValue},
@@ -191,7 +201,8 @@ Json TemplatesValue(const Package& package)
         if (part->IsUsable())
             for (const SeenEntry& seen : SeenEntries(*part->document, part->kind, ignored))
                 if (seen.entryElement >= 0)
-                    value[seen.set->entry].push_back(ToUtf8(part->document->At(seen.entryElement).Value("name")));
+                    value[seen.set->entry].push_back(
+                        ToUtf8(part->document->At(seen.entryElement).Value("name")));
     return value;
 }
 

@@ -111,7 +111,8 @@ int main(int argc, char** argv)
     CLI::App& check = *app.add_subcommand("check", "Reports what is wrong with a package; 0 when nothing is");
     AddPackageOptions(check, options);
     check.add_flag("--json", options.isJson, "Write an array of findings");
-    check.add_option("--tag", options.tags, "A control that the application registers itself; may be given again");
+    check.add_option("--tag", options.tags,
+                     "A control that the application registers itself; may be given again");
     check.callback([&] { status = RunCheck(options); });
 
     CLI::App& dump = *app.add_subcommand("dump", "Lists every resource of a package with its values");
@@ -119,7 +120,8 @@ int main(int argc, char** argv)
     dump.add_flag("--json", options.isJson, "Write one object");
     dump.callback([&] { status = RunDump(options); });
 
-    CLI::App& sheet = *app.add_subcommand("sheet", "Draws a skin's colours, fonts, images and frames into a picture");
+    CLI::App& sheet =
+        *app.add_subcommand("sheet", "Draws a skin's colours, fonts, images and frames into a picture");
     AddPackageOptions(sheet, options);
     sheet.add_option("-o,--output", options.output, "The picture, a PNG file")->required();
     sheet.add_option("--skin", options.skin, "The skin; without it, the package's default");

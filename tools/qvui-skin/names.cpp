@@ -28,11 +28,14 @@ void Names::Refer(NameKind kind, const std::string& name, const std::string& lab
                   int offset, Report& report)
 {
     Use(kind, name);
-    const auto mayHave = [&](const NameScope& scope) { return !scope.isComplete || scope.names.count(name) > 0; };
+    const auto mayHave = [&](const NameScope& scope) {
+        return !scope.isComplete || scope.names.count(name) > 0;
+    };
     const std::vector<NameScope>& scopes = Scopes(kind);
     if (std::none_of(scopes.begin(), scopes.end(), mayHave)) {
         report.Add(Severity::Error, document, offset,
-                   std::string("there is no ") + NameOf(kind) + " \"" + name + "\"", report.Suggest(name, [&] { return All(kind); }));
+                   std::string("there is no ") + NameOf(kind) + " \"" + name + "\"",
+                   report.Suggest(name, [&] { return All(kind); }));
         return;
     }
     // A string that one language lacks is reported where another one has it.
@@ -57,8 +60,9 @@ void Names::ReportMissingStrings(Report& report) const
         for (const auto& [id, place] : owner.names)
             for (const NameScope& language : languages)
                 if (language.isComplete && language.names.count(id) == 0)
-                    report.Add(Severity::Warning, *place.document, place.offset,
-                               "the string \"" + id + "\" is missing in the language \"" + language.label + "\"");
+                    report.Add(
+                        Severity::Warning, *place.document, place.offset,
+                        "the string \"" + id + "\" is missing in the language \"" + language.label + "\"");
 }
 
 void Names::ReportUnused(Report& report) const
@@ -69,8 +73,9 @@ void Names::ReportUnused(Report& report) const
         for (const NameScope& scope : Scopes(kind))
             for (const auto& [name, place] : scope.names)
                 if (m_used[i].count(name) == 0 && told.insert(name).second)
-                    report.Add(Severity::Note, *place.document, place.offset,
-                               std::string("no document refers to the ") + NameOf(kind) + " \"" + name + "\"");
+                    report.Add(
+                        Severity::Note, *place.document, place.offset,
+                        std::string("no document refers to the ") + NameOf(kind) + " \"" + name + "\"");
     }
 }
 

@@ -9,7 +9,8 @@
 
 namespace qvui::skin_tool {
 
-/// What one document defines of one kind. An incomplete scope may hold any name: its document could not be read.
+/// What one document defines of one kind. An incomplete scope may hold any name: its document could not be
+/// read.
 struct NameScope {
     std::string label;  // the language or the skin
     bool isComplete = true;
@@ -27,8 +28,8 @@ public:
     NameScope& Scope(NameKind kind, const std::string& label);
     const std::vector<NameScope>& Scopes(NameKind kind) const { return m_scopes[static_cast<int>(kind)]; }
 
-    /// Looks a name up for a place in a document and reports when it is not there. `label` is the skin that the
-    /// place belongs to, or empty when it belongs to all. The name counts as referred to.
+    /// Looks a name up for a place in a document and reports when it is not there. `label` is the skin that
+    /// the place belongs to, or empty when it belongs to all. The name counts as referred to.
     void Refer(NameKind kind, const std::string& name, const std::string& label, const Document& document,
                int offset, Report& report);
     /// Marks a name of any kind as referred to.

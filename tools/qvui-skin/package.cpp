@@ -37,7 +37,10 @@ RootScope::RootScope(const std::string& root)
     DUI::CResLoader::SetBaseDirectory(fs::absolute(root).lexically_normal().string().c_str());
 }
 
-RootScope::~RootScope() { DUI::CResLoader::SetBaseDirectory(""); }
+RootScope::~RootScope()
+{
+    DUI::CResLoader::SetBaseDirectory("");
+}
 
 Package::Package(const std::string& entryPath, const std::string& root, Report& report)
     : m_entry(Document::FromFile(Slashed(entryPath))),
@@ -100,8 +103,8 @@ void Package::ReadEntry(Report& report)
     CheckEntry(report);
 }
 
-// Of two languages of one name the library takes the first, of two skins or styles the last. Templates are all
-// loaded, whatever their names.
+// Of two languages of one name the library takes the first, of two skins or styles the last. Templates are
+// all loaded, whatever their names.
 void Package::ReadSource(DocumentKind kind, int element, Report& report)
 {
     const Element& source = m_entry.At(element);
@@ -186,13 +189,15 @@ void Package::CheckEntry(Report& report) const
         report.Add(Severity::Error, m_entry, root, "the package has no language, so it does not load");
     else if (!m_defaultLanguage.empty() && !has(DocumentKind::Strings, m_defaultLanguage, true))
         report.Add(Severity::Error, m_entry, root,
-                   "the default language \"" + m_defaultLanguage + "\" does not exist, so the package does not load");
+                   "the default language \"" + m_defaultLanguage +
+                       "\" does not exist, so the package does not load");
     if (m_defaultSkin.empty() || !has(DocumentKind::Resources, m_defaultSkin, false))
         report.Add(Severity::Error, m_entry, root,
                    "the default skin \"" + m_defaultSkin + "\" does not exist, so the package does not load");
     for (const PackageDocument* skin : OfKind(DocumentKind::Resources))
         if (!skin->name.empty() && !has(DocumentKind::Styles, skin->name, false))
-            report.Add(Severity::Error, m_entry, root, "the skin \"" + skin->name + "\" has no style document");
+            report.Add(Severity::Error, m_entry, root,
+                       "the skin \"" + skin->name + "\" has no style document");
     for (const PackageDocument* style : OfKind(DocumentKind::Styles))
         if (!style->name.empty() && !has(DocumentKind::Resources, style->name, false))
             report.Add(Severity::Warning, m_entry, root,

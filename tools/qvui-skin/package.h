@@ -22,17 +22,18 @@ public:
 
 /// One document that the entry lists.
 struct PackageDocument {
-    std::string name;                    // of its entry: the language, the skin, ...
+    std::string name;  // of its entry: the language, the skin, ...
     DocumentKind kind = DocumentKind::Entry;
     const Document* document = nullptr;  // null when it could not be looked for (resources of a program)
     bool IsUsable() const { return document && document->IsWellFormed(); }
 };
 
-/// A package as its files say, loaded without the application. Documents that several entries name are read once.
+/// A package as its files say, loaded without the application. Documents that several entries name are read
+/// once.
 class Package {
 public:
-    /// `root` is the directory that file names are relative to; when empty it is found from the entry's path and
-    /// the names in it. What does not load is reported.
+    /// `root` is the directory that file names are relative to; when empty it is found from the entry's path
+    /// and the names in it. What does not load is reported.
     Package(const std::string& entryPath, const std::string& root, Report& report);
     Package(const Package&) = delete;
     Package& operator=(const Package&) = delete;
@@ -77,12 +78,12 @@ struct SeenEntry {
     int setElement;    // -1 when entries stand right under the root
     int entryElement;  // -1 for the set itself
 };
-/// What the library sees of a document, in its order. What it does not see is reported: unknown elements, sets out
-/// of order, sets beyond the first.
+/// What the library sees of a document, in its order. What it does not see is reported: unknown elements,
+/// sets out of order, sets beyond the first.
 std::vector<SeenEntry> SeenEntries(const Document& document, DocumentKind kind, Report& report);
 
-/// The directory that the file names of an entry document are relative to: the one above the entry's when they begin
-/// with the entry's directory name, else the entry's own.
+/// The directory that the file names of an entry document are relative to: the one above the entry's when
+/// they begin with the entry's directory name, else the entry's own.
 std::string FindRoot(const std::string& entryPath, const std::vector<std::string>& fileNames);
 
 }  // namespace qvui::skin_tool

@@ -17,7 +17,10 @@ using DUI::BuiltinControl;
 using DUI::ControlClass;
 using DUI::NotificationInfo;
 
-std::string Code(const std::string& text) { return text.empty() ? "" : "`" + text + "`"; }
+std::string Code(const std::string& text)
+{
+    return text.empty() ? "" : "`" + text + "`";
+}
 
 std::string Cell(const std::string& text)
 {
@@ -43,16 +46,16 @@ std::string ValueText(ValueKind kind, std::string_view keywords)
 std::string Row(const std::string& name, const std::string& value, const std::string& defaultValue,
                 const std::string& description)
 {
-    return "| " + Code(name) + " | " + Cell(value) + " | " + Cell(Code(defaultValue)) + " | " + Cell(description) +
-           " |\n";
+    return "| " + Code(name) + " | " + Cell(value) + " | " + Cell(Code(defaultValue)) + " | " +
+           Cell(description) + " |\n";
 }
 
 std::string AttributeRows(const DUI::AttributeList& list)
 {
     std::string rows = "| Attribute | Value | Without it | Meaning |\n|---|---|---|---|\n";
     for (const AttributeInfo& info : list.Infos())
-        rows += Row(info.name, ValueText(info.syntax.kind, info.syntax.keywords),
-                    info.syntax.defaultValue, info.description);
+        rows += Row(info.name, ValueText(info.syntax.kind, info.syntax.keywords), info.syntax.defaultValue,
+                    info.description);
     return rows + "\n";
 }
 
@@ -60,8 +63,8 @@ std::string EntryRows(const std::vector<EntryAttribute>& attributes)
 {
     std::string rows = "| Attribute | Value | Meaning |\n|---|---|---|\n";
     for (const EntryAttribute& attribute : attributes)
-        rows += "| " + Code(attribute.name) + " | " + Cell(ValueText(attribute.kind, KeywordsOf(attribute))) + " | " +
-                Cell(attribute.description) + " |\n";
+        rows += "| " + Code(attribute.name) + " | " + Cell(ValueText(attribute.kind, KeywordsOf(attribute))) +
+                " | " + Cell(attribute.description) + " |\n";
     return rows + "\n";
 }
 
@@ -85,10 +88,11 @@ std::string DocumentText(const DocumentSchema& schema)
 {
     std::string text = "### " + std::string(schema.title) + "\n\n" + schema.description + "\n\n";
     if (schema.sets.size() > 1)
-        text += schema.isFirstOfEachKind
-                    ? "The sets stand in this order, each once; one out of order is not seen.\n\n"
-                    : "The sets stand in this order, each any number of times; one behind a later kind is not "
-                      "seen.\n\n";
+        text +=
+            schema.isFirstOfEachKind
+                ? "The sets stand in this order, each once; one out of order is not seen.\n\n"
+                : "The sets stand in this order, each any number of times; one behind a later kind is not "
+                  "seen.\n\n";
     for (const SetSchema& set : schema.sets)
         text += SetText(set);
     return text;
@@ -176,8 +180,9 @@ std::string ReferencePage()
     page += "## Documents of a package\n\n";
     for (int i = 0; i < kDocumentKinds; ++i)
         page += DocumentText(SchemaOf(static_cast<DocumentKind>(i)));
-    page += "## The window element\n\nThe element of a window template; its one child is the root control.\n\n" +
-            AttributeRows(DUI::CDUIWindowMgr::WindowAttributes());
+    page +=
+        "## The window element\n\nThe element of a window template; its one child is the root control.\n\n" +
+        AttributeRows(DUI::CDUIWindowMgr::WindowAttributes());
     page += "## Controls\n\n";
     for (const BuiltinControl& control : DUI::BuiltinControls()) {
         const ControlClass& info = control.describe();

@@ -37,7 +37,8 @@ std::string ToUtf8(std::string_view text)
 void Report::Add(Severity severity, const Document& document, int offset, std::string text,
                  std::string suggestion)
 {
-    m_findings.push_back({document.Path(), document.Where(offset), severity, std::move(text), std::move(suggestion)});
+    m_findings.push_back(
+        {document.Path(), document.Where(offset), severity, std::move(text), std::move(suggestion)});
     m_isSorted = false;
 }
 

@@ -29,8 +29,8 @@ public:
     void Add(Severity severity, const Document& document, int offset, std::string text,
              std::string suggestion = "");
 
-    /// The nearest of the names that `candidates` returns, as Nearest; empty once so much was found that nobody
-    /// reads on, since looking for it costs more than all the rest.
+    /// The nearest of the names that `candidates` returns, as Nearest; empty once so much was found that
+    /// nobody reads on, since looking for it costs more than all the rest.
     template <class Candidates>
     std::string Suggest(std::string_view word, Candidates candidates) const
     {

@@ -17,7 +17,10 @@ constexpr Parser kParsers[] = {
     {DocumentKind::Styles, &DUI::CResMgr::ParseStyleResource},
 };
 
-const char* KeyOf(NameKind kind) { return kind == NameKind::String ? "id" : "name"; }
+const char* KeyOf(NameKind kind)
+{
+    return kind == NameKind::String ? "id" : "name";
+}
 
 }  // namespace
 
@@ -36,16 +39,16 @@ ResolvedSkin::ResolvedSkin(const Package& package, const std::string& skin, cons
     const std::string wanted = language.empty() ? FirstLanguage(package) : language;
     for (const Parser& parser : kParsers)
         for (const PackageDocument* part : package.OfKind(parser.kind)) {
-            const bool isOther = (parser.kind == DocumentKind::Strings && part->name != wanted) ||
-                                 ((parser.kind == DocumentKind::Resources || parser.kind == DocumentKind::Styles) &&
-                                  part->name != skin);
+            const bool isOther =
+                (parser.kind == DocumentKind::Strings && part->name != wanted) ||
+                ((parser.kind == DocumentKind::Resources || parser.kind == DocumentKind::Styles) &&
+                 part->name != skin);
             if (isOther || !part->IsUsable())
                 continue;
             (m_manager.*parser.parse)(CString(std::string_view(part->document->Text())));
             Load(*part);
         }
 }
-
 
 void ResolvedSkin::Load(const PackageDocument& part)
 {
@@ -73,7 +76,8 @@ const Element* ResolvedSkin::Find(NameKind kind, const std::string& name) const
     for (const Definition& definition : m_definitions) {
         const Element& element = definition.document->At(definition.element);
         // Of strings the first one counts, of everything else the last.
-        if (definition.kind == kind && element.Value(KeyOf(kind)) == name && (kind != NameKind::String || !found))
+        if (definition.kind == kind && element.Value(KeyOf(kind)) == name &&
+            (kind != NameKind::String || !found))
             found = &element;
     }
     return found;

@@ -13,8 +13,8 @@ namespace qvui::skin_tool {
 /// One skin of a package in one language, as the library loads it, and the names that it has.
 class ResolvedSkin {
 public:
-    /// The skin must be one of the package's; an empty language is the first one. Files are looked for below the
-    /// package's root as long as the object lives.
+    /// The skin must be one of the package's; an empty language is the first one. Files are looked for below
+    /// the package's root as long as the object lives.
     ResolvedSkin(const Package& package, const std::string& skin, const std::string& language);
     ResolvedSkin(const ResolvedSkin&) = delete;
     ResolvedSkin& operator=(const ResolvedSkin&) = delete;

@@ -75,8 +75,8 @@ private:
             ReportUnknown(element, names);
             return;
         }
-        const bool isSecond = std::any_of(seen.begin(), seen.end(),
-                                          [&](int other) { return m_document.At(other).tag == tag; });
+        const bool isSecond =
+            std::any_of(seen.begin(), seen.end(), [&](int other) { return m_document.At(other).tag == tag; });
         std::string text = "a second \"" + tag + "\" is not seen: the first one alone is read";
         if (!isSecond) {
             text = "\"" + tag + "\" is out of order and is not seen: the order is";

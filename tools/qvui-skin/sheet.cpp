@@ -56,7 +56,8 @@ void Write(HDC hdc, HFONT font, const std::string& text, RECT rect, UINT format)
     const HGDIOBJ old = SelectObject(hdc, font);
     SetBkMode(hdc, TRANSPARENT);
     SetTextColor(hdc, RGB(40, 44, 54));
-    CDUIRenderEngine::DrawTextA(hdc, text.c_str(), static_cast<int>(text.size()), &rect, format | DT_NOPREFIX);
+    CDUIRenderEngine::DrawTextA(hdc, text.c_str(), static_cast<int>(text.size()), &rect,
+                                format | DT_NOPREFIX);
     SelectObject(hdc, old);
 }
 
@@ -83,7 +84,8 @@ Section Fonts(ResolvedSkin& skin)
             continue;
         const std::string sample = "Hamburgefonstiv 0123456789 " + std::string(font->GetFaceName()) + " " +
                                    std::to_string(font->GetHeight());
-        const SIZE size = CDUIRenderEngine::GetTextIdealSize(sample.c_str(), font->GetFont(), kWidth, DT_SINGLELINE);
+        const SIZE size =
+            CDUIRenderEngine::GetTextIdealSize(sample.c_str(), font->GetFont(), kWidth, DT_SINGLELINE);
         const SIZE box{size.cx + 16, size.cy + 8};
         section.items.push_back({name, box, [font, sample](HDC hdc, const RECT& rect) {
                                      Fill(hdc, rect, RGB(255, 255, 255));
@@ -95,7 +97,10 @@ Section Fonts(ResolvedSkin& skin)
 }
 
 // How large an icon is drawn to show what its draw style does.
-int Enlarged(int size) { return std::min(size + size / 2 + 24, kMostPixels); }
+int Enlarged(int size)
+{
+    return std::min(size + size / 2 + 24, kMostPixels);
+}
 
 // The strip as it is, and behind it an icon in a larger rectangle.
 void DrawImage(HDC hdc, const RECT& rect, DUI::CDUIImageList& image)
@@ -104,8 +109,8 @@ void DrawImage(HDC hdc, const RECT& rect, DUI::CDUIImageList& image)
     const int height = image.GetIconHeight();
     const bool isVertical = image.GetImageDirection() != 0;
     const int saved = SaveDC(hdc);
-    const RECT strip{rect.left, rect.top, std::min<LONG>(rect.left + image.GetWidth(), rect.left + kMostPixels),
-                     rect.bottom};
+    const RECT strip{rect.left, rect.top,
+                     std::min<LONG>(rect.left + image.GetWidth(), rect.left + kMostPixels), rect.bottom};
     IntersectClipRect(hdc, strip.left, strip.top, strip.right, strip.bottom);
     for (int i = 0; i < image.GetItemCount(); ++i) {
         const int x = rect.left + (isVertical ? 0 : width * i);
@@ -128,8 +133,9 @@ Section Images(ResolvedSkin& skin)
         const DUI::CDUIImageListPtr image = skin.Manager().GetImage(name.c_str(), 1);
         if (!image || image->IsNull())
             continue;
-        const SIZE size{std::min(image->GetWidth(), kMostPixels) + kGap + Enlarged(image->GetIconWidth()),
-                        std::max(std::min(image->GetHeight(), kMostPixels), Enlarged(image->GetIconHeight()))};
+        const SIZE size{
+            std::min(image->GetWidth(), kMostPixels) + kGap + Enlarged(image->GetIconWidth()),
+            std::max(std::min(image->GetHeight(), kMostPixels), Enlarged(image->GetIconHeight()))};
         section.items.push_back(
             {name, size, [image](HDC hdc, const RECT& rect) { DrawImage(hdc, rect, *image); }});
     }
@@ -211,7 +217,8 @@ bool WriteSheet(const Package& package, const std::string& skinName, const std::
                      [&](const PackageDocument* known) { return known->name == skinName; }))
         return false;
     ResolvedSkin skin(package, skinName, "");
-    const std::vector<Section> sections{{skinName, {}}, Colors(skin), Fonts(skin), Images(skin), Frames(skin)};
+    const std::vector<Section> sections{
+        {skinName, {}}, Colors(skin), Fonts(skin), Images(skin), Frames(skin)};
     std::vector<std::vector<RECT>> places;
     int height = 2 * kMargin;
     for (const Section& section : sections) {

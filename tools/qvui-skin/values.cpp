@@ -19,7 +19,10 @@ Problem Wrong(const std::string& value, const std::string& what, std::string sug
     return ValueProblem{"\"" + value + "\" is " + what, std::move(suggestion)};
 }
 
-bool IsBlank(char character) { return std::isspace(static_cast<unsigned char>(character)) != 0; }
+bool IsBlank(char character)
+{
+    return std::isspace(static_cast<unsigned char>(character)) != 0;
+}
 
 // Whether the text is `count` decimal numbers with one character, and perhaps blanks, between.
 bool IsIntegerList(const std::string& text, int count)
@@ -109,9 +112,8 @@ bool LooksLiteral(const std::string& color)
 
 bool IsHexColor(const std::string& color)
 {
-    return color.size() <= 9 && std::all_of(color.begin() + 1, color.end(), [](unsigned char digit) {
-               return std::isxdigit(digit) != 0;
-           });
+    return color.size() <= 9 && std::all_of(color.begin() + 1, color.end(),
+                                            [](unsigned char digit) { return std::isxdigit(digit) != 0; });
 }
 
 bool IsRgbColor(const std::string& color)
@@ -180,11 +182,16 @@ struct ReferringKind {
     NameKind names;
 };
 constexpr ReferringKind kReferring[] = {
-    {ValueKind::StringId, NameKind::String},         {ValueKind::Color, NameKind::Color},
-    {ValueKind::ColorPair, NameKind::Color},         {ValueKind::Colors, NameKind::Color},
-    {ValueKind::Image, NameKind::Image},             {ValueKind::Cursor, NameKind::Cursor},
-    {ValueKind::TextStyle, NameKind::TextStyle},     {ValueKind::FrameStyle, NameKind::FrameStyle},
-    {ValueKind::ControlStyle, NameKind::ControlStyle}, {ValueKind::Font, NameKind::Font},
+    {ValueKind::StringId, NameKind::String},
+    {ValueKind::Color, NameKind::Color},
+    {ValueKind::ColorPair, NameKind::Color},
+    {ValueKind::Colors, NameKind::Color},
+    {ValueKind::Image, NameKind::Image},
+    {ValueKind::Cursor, NameKind::Cursor},
+    {ValueKind::TextStyle, NameKind::TextStyle},
+    {ValueKind::FrameStyle, NameKind::FrameStyle},
+    {ValueKind::ControlStyle, NameKind::ControlStyle},
+    {ValueKind::Font, NameKind::Font},
 };
 
 }  // namespace
@@ -233,7 +240,8 @@ Problem CheckForm(ValueKind kind, const std::string& value, std::string_view key
         return {};
     switch (kind) {
         case ValueKind::Character:
-            return CharacterLength(value.data(), value.data() + value.size()) == static_cast<int>(value.size())
+            return CharacterLength(value.data(), value.data() + value.size()) ==
+                           static_cast<int>(value.size())
                        ? Problem()
                        : Wrong(value, "more than one character, and the first one alone counts");
         case ValueKind::Boolean:
@@ -272,8 +280,9 @@ Problem CheckForm(ValueKind kind, const std::string& value, std::string_view key
 
 std::vector<Reference> ReferencesOf(ValueKind kind, const std::string& value)
 {
-    const auto* const referring = std::find_if(std::begin(kReferring), std::end(kReferring),
-                                               [kind](const ReferringKind& entry) { return entry.kind == kind; });
+    const auto* const referring =
+        std::find_if(std::begin(kReferring), std::end(kReferring),
+                     [kind](const ReferringKind& entry) { return entry.kind == kind; });
     if (referring == std::end(kReferring))
         return {};
     const bool isList = kind == ValueKind::ColorPair || kind == ValueKind::Colors;

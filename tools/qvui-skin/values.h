@@ -30,8 +30,8 @@ struct ValueProblem {
     std::string suggestion;
 };
 
-/// What is wrong with the form of a value; nothing for one that reads as its kind says. Whether names exist is
-/// not asked here. `keywords` are separated by "|".
+/// What is wrong with the form of a value; nothing for one that reads as its kind says. Whether names exist
+/// is not asked here. `keywords` are separated by "|".
 std::optional<ValueProblem> CheckForm(ValueKind kind, const std::string& value, std::string_view keywords);
 
 /// The names that a value of the kind refers to.

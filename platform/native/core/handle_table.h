@@ -13,8 +13,8 @@ namespace qvui::native {
 /// outlived its object is recognised (until the slot has been reused 2^16 times) and looks up as null.
 /// `Family` keeps the handles of different tables apart: a window handle never looks up in the font table.
 ///
-/// The tables, like all that the layer keeps between calls, are never destroyed: an application may have global
-/// objects that still ask about their windows while the process ends.
+/// The tables, like all that the layer keeps between calls, are never destroyed: an application may have
+/// global objects that still ask about their windows while the process ends.
 template <class Object, std::uint8_t Family>
 class HandleTable {
 public:

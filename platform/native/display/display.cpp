@@ -34,7 +34,10 @@ Display& TheDisplay()
     return *display;
 }
 
-void UseDisplay(std::unique_ptr<Display> display) { Current() = std::move(display); }
+void UseDisplay(std::unique_ptr<Display> display)
+{
+    Current() = std::move(display);
+}
 
 }  // namespace qvui::native
 

@@ -4,8 +4,8 @@
 
 namespace qvui::native {
 
-/// What a key types on a plain (US) keyboard, where no real one says it: letters, digits, the space bar and the
-/// number pad. 0 for a key that types nothing.
+/// What a key types on a plain (US) keyboard, where no real one says it: letters, digits, the space bar and
+/// the number pad. 0 for a key that types nothing.
 constexpr char UsCharacter(int virtualKey, bool isShifted)
 {
     constexpr char kShiftedDigits[] = ")!@#$%^&*(";
@@ -16,24 +16,24 @@ constexpr char UsCharacter(int virtualKey, bool isShifted)
     if (virtualKey >= VK_NUMPAD0 && virtualKey <= VK_NUMPAD9)
         return static_cast<char>(virtualKey - VK_NUMPAD0 + '0');
     switch (virtualKey) {
-    case VK_SPACE:
-        return ' ';
-    case VK_MULTIPLY:
-        return '*';
-    case VK_ADD:
-        return '+';
-    case VK_SUBTRACT:
-        return '-';
-    case VK_DECIMAL:
-        return '.';
-    case VK_DIVIDE:
-        return '/';
-    case VK_OEM_PLUS:
-        return isShifted ? '+' : '=';
-    case VK_OEM_MINUS:
-        return isShifted ? '_' : '-';
-    default:
-        return '\0';
+        case VK_SPACE:
+            return ' ';
+        case VK_MULTIPLY:
+            return '*';
+        case VK_ADD:
+            return '+';
+        case VK_SUBTRACT:
+            return '-';
+        case VK_DECIMAL:
+            return '.';
+        case VK_DIVIDE:
+            return '/';
+        case VK_OEM_PLUS:
+            return isShifted ? '+' : '=';
+        case VK_OEM_MINUS:
+            return isShifted ? '_' : '-';
+        default:
+            return '\0';
     }
 }
 

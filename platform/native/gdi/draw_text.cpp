@@ -119,8 +119,7 @@ int DrawTextA(HDC dc, LPCSTR text, int length, RECT* rect, UINT format)
     const TEXTMETRICA metrics = font->Metrics();
     const auto [flags, tabStop] = ReadFormat(format, metrics);
     LineMeasure measure(
-        [&font](std::string_view part) -> const std::vector<int>& { return font->Widths(part); },
-        tabStop);
+        [&font](std::string_view part) -> const std::vector<int>& { return font->Widths(part); }, tabStop);
     const int height = rect->bottom - rect->top;
     const std::string utf8 = Utf8Of(text, length);
     const std::vector<TextLine> lines = LayOutText(utf8, flags, rect->right - rect->left,

@@ -38,8 +38,8 @@ bool Exists(const std::string& path)
     return access(path.c_str(), F_OK) == 0;
 }
 
-// Whether a file may be opened. A folder may not, nor may a pipe or a device be read, which need not end; a file
-// that is not there is left to whoever opens it.
+// Whether a file may be opened. A folder may not, nor may a pipe or a device be read, which need not end; a
+// file that is not there is left to whoever opens it.
 bool MayOpen(const std::string& path, bool reads)
 {
     struct stat status {};

@@ -21,7 +21,8 @@ std::vector<std::shared_ptr<WindowClass>>& Classes()
 bool HasWindows(const WindowClass& windowClass)
 {
     bool has = false;
-    Windows().ForEach([&](const void*, const Window& window) { has = has || window.windowClass.get() == &windowClass; });
+    Windows().ForEach(
+        [&](const void*, const Window& window) { has = has || window.windowClass.get() == &windowClass; });
     return has;
 }
 

@@ -29,8 +29,8 @@ std::vector<std::pair<int, HCURSOR>>& SystemCursors()
     return cursors;
 }
 
-[[maybe_unused]] const bool g_counted = RegisterLiveCount(
-    &LiveCounts::icons, [] { return Cursors().LiveCount() - SystemCursors().size(); });
+[[maybe_unused]] const bool g_counted =
+    RegisterLiveCount(&LiveCounts::icons, [] { return Cursors().LiveCount() - SystemCursors().size(); });
 
 HCURSOR g_cursor = nullptr;
 
@@ -54,13 +54,15 @@ CursorImage LoadCursorFile(LPCSTR path)
 std::span<const std::uint8_t> ResourceBytes(HINSTANCE module, LPCSTR name, LPCSTR type)
 {
     const HRSRC resource = FindResourceA(module, name, type);
-    return {static_cast<const std::uint8_t*>(LockResource(LoadResource(module, resource))), SizeofResource(module, resource)};
+    return {static_cast<const std::uint8_t*>(LockResource(LoadResource(module, resource))),
+            SizeofResource(module, resource)};
 }
 
 CursorImage LoadCursorResource(HINSTANCE module, LPCSTR name)
 {
     const int first = FirstCursorOfGroup(ResourceBytes(module, name, RT_GROUP_CURSOR));
-    return first ? ReadCursorResource(ResourceBytes(module, MAKEINTRESOURCEA(first), RT_CURSOR)) : CursorImage{};
+    return first ? ReadCursorResource(ResourceBytes(module, MAKEINTRESOURCEA(first), RT_CURSOR))
+                 : CursorImage{};
 }
 
 }  // namespace
@@ -78,8 +80,8 @@ HCURSOR LoadCursorA(HINSTANCE module, LPCSTR name)
     for (const auto& [known, cursor] : SystemCursors())
         if (known == number)
             return cursor;
-    const auto cursor =
-        static_cast<HCURSOR>(Cursors().Insert(std::make_shared<CursorObject>(CursorObject{number, true, {}})));
+    const auto cursor = static_cast<HCURSOR>(
+        Cursors().Insert(std::make_shared<CursorObject>(CursorObject{number, true, {}})));
     SystemCursors().emplace_back(number, cursor);
     return cursor;
 }
@@ -120,4 +122,7 @@ HCURSOR SetCursor(HCURSOR cursor)
     return std::exchange(g_cursor, cursor);
 }
 
-HCURSOR GetCursor() { return g_cursor; }
+HCURSOR GetCursor()
+{
+    return g_cursor;
+}

@@ -43,11 +43,14 @@ LRESULT EraseBackground(const Window& window, HDC dc)
 // Windows that can be sized, and overlapped ones, keep to the sizes that they say.
 void LimitSize(const Window& window, WINDOWPOS& position)
 {
-    if ((position.flags & SWP_NOSIZE) || (!(window.style & WS_THICKFRAME) && (window.style & (WS_POPUP | WS_CHILD))))
+    if ((position.flags & SWP_NOSIZE) ||
+        (!(window.style & WS_THICKFRAME) && (window.style & (WS_POPUP | WS_CHILD))))
         return;
     const MINMAXINFO limits = SizeLimits(window.handle);
-    position.cx = std::max(std::min(position.cx, static_cast<int>(limits.ptMaxTrackSize.x)), static_cast<int>(limits.ptMinTrackSize.x));
-    position.cy = std::max(std::min(position.cy, static_cast<int>(limits.ptMaxTrackSize.y)), static_cast<int>(limits.ptMinTrackSize.y));
+    position.cx = std::max(std::min(position.cx, static_cast<int>(limits.ptMaxTrackSize.x)),
+                           static_cast<int>(limits.ptMinTrackSize.x));
+    position.cy = std::max(std::min(position.cy, static_cast<int>(limits.ptMaxTrackSize.y)),
+                           static_cast<int>(limits.ptMinTrackSize.y));
 }
 
 void PositionChanged(Window& window, const WINDOWPOS& position)
@@ -58,7 +61,8 @@ void PositionChanged(Window& window, const WINDOWPOS& position)
     const WPARAM how = window.style & WS_MAXIMIZE ? SIZE_MAXIMIZED : SIZE_RESTORED;
     const POINT corner{window.rect.left, window.rect.top};
     if (!(position.flags & SWP_NOMOVE))
-        SendMessageA(handle, WM_MOVE, 0, MAKELPARAM(static_cast<WORD>(corner.x), static_cast<WORD>(corner.y)));
+        SendMessageA(handle, WM_MOVE, 0,
+                     MAKELPARAM(static_cast<WORD>(corner.x), static_cast<WORD>(corner.y)));
     if (!(position.flags & SWP_NOSIZE))
         SendMessageA(handle, WM_SIZE, how, MAKELPARAM(static_cast<WORD>(width), static_cast<WORD>(height)));
 }
@@ -91,24 +95,24 @@ LRESULT SetClassCursor(HWND under, LPARAM lParam)
 LRESULT SystemCommand(HWND handle, WPARAM command)
 {
     switch (command & 0xFFF0) {
-    case SC_CLOSE:
-        SendMessageA(handle, WM_CLOSE, 0, 0);
-        break;
-    case SC_MINIMIZE:
-        ShowWindow(handle, SW_MINIMIZE);
-        break;
-    case SC_MAXIMIZE:
-        ShowWindow(handle, SW_SHOWMAXIMIZED);
-        break;
-    case SC_RESTORE:
-        ShowWindow(handle, SW_RESTORE);
-        break;
-    case SC_MOVE:
-    case SC_SIZE:
-        MoveOrSizeByCommand(handle, command);
-        break;
-    default:
-        break;
+        case SC_CLOSE:
+            SendMessageA(handle, WM_CLOSE, 0, 0);
+            break;
+        case SC_MINIMIZE:
+            ShowWindow(handle, SW_MINIMIZE);
+            break;
+        case SC_MAXIMIZE:
+            ShowWindow(handle, SW_SHOWMAXIMIZED);
+            break;
+        case SC_RESTORE:
+            ShowWindow(handle, SW_RESTORE);
+            break;
+        case SC_MOVE:
+        case SC_SIZE:
+            MoveOrSizeByCommand(handle, command);
+            break;
+        default:
+            break;
     }
     return 0;
 }
@@ -178,65 +182,66 @@ LRESULT DefWindowProcA(HWND handle, UINT message, WPARAM wParam, LPARAM lParam)
     if (!window)
         return 0;
     switch (message) {
-    case WM_NCCREATE:
-    case WM_NCACTIVATE:
-        return TRUE;
-    case WM_SETTEXT:
-        return SetTitle(*window, reinterpret_cast<LPCSTR>(lParam));
-    case WM_GETTEXT:
-        return CopyTitle(*window, wParam, reinterpret_cast<char*>(lParam));
-    case WM_GETTEXTLENGTH:
-        return static_cast<LRESULT>(window->title.size());
-    case WM_SETREDRAW:
-        return SetRedraw(*window, wParam != FALSE);
-    case WM_PAINT:
-        Paint(handle);
-        return 0;
-    case WM_ERASEBKGND:
-        return EraseBackground(*window, reinterpret_cast<HDC>(wParam));
-    case WM_CLOSE:
-        DestroyWindow(handle);
-        return 0;
-    case WM_WINDOWPOSCHANGING:
-        LimitSize(*window, *reinterpret_cast<WINDOWPOS*>(lParam));
-        return 0;
-    case WM_WINDOWPOSCHANGED:
-        PositionChanged(*window, *reinterpret_cast<const WINDOWPOS*>(lParam));
-        return 0;
-    case WM_ACTIVATE:
-        if (LOWORD(wParam) != WA_INACTIVE && !(window->style & WS_MINIMIZE))
-            SetFocus(handle);
-        return 0;
-    case WM_MOUSEACTIVATE:
-        return MouseActivate(*window, message, wParam, lParam);
-    case WM_SETCURSOR:
-        if (window->IsChild() && PassToParent(*window, message, wParam, lParam))
+        case WM_NCCREATE:
+        case WM_NCACTIVATE:
             return TRUE;
-        return SetClassCursor(reinterpret_cast<HWND>(wParam), lParam);
-    case WM_NCHITTEST:
-        return HTCLIENT;
-    case WM_NCLBUTTONDOWN:
-        return NonClientPress(handle, static_cast<int>(wParam));
-    case WM_NCLBUTTONDBLCLK:
-        if (wParam == HTCAPTION)
-            PostMessageA(handle, WM_SYSCOMMAND, window->style & WS_MAXIMIZE ? SC_RESTORE : SC_MAXIMIZE, lParam);
-        return 0;
-    case WM_SYSCOMMAND:
-        return SystemCommand(handle, wParam);
-    case WM_SYSKEYDOWN:
-    case WM_SYSKEYUP:
-    case WM_SYSCHAR:
-        return SystemKey(handle, message, wParam, lParam);
-    case WM_RBUTTONUP:
-        return ReleaseRightButton(handle, lParam);
-    case WM_CANCELMODE:
-        if (GetCapture() == handle)
-            ReleaseCapture();
-        return 0;
-    case WM_MOUSEWHEEL:
-    case WM_CONTEXTMENU:
-        return PassToParent(*window, message, wParam, lParam);
-    default:
-        return 0;
+        case WM_SETTEXT:
+            return SetTitle(*window, reinterpret_cast<LPCSTR>(lParam));
+        case WM_GETTEXT:
+            return CopyTitle(*window, wParam, reinterpret_cast<char*>(lParam));
+        case WM_GETTEXTLENGTH:
+            return static_cast<LRESULT>(window->title.size());
+        case WM_SETREDRAW:
+            return SetRedraw(*window, wParam != FALSE);
+        case WM_PAINT:
+            Paint(handle);
+            return 0;
+        case WM_ERASEBKGND:
+            return EraseBackground(*window, reinterpret_cast<HDC>(wParam));
+        case WM_CLOSE:
+            DestroyWindow(handle);
+            return 0;
+        case WM_WINDOWPOSCHANGING:
+            LimitSize(*window, *reinterpret_cast<WINDOWPOS*>(lParam));
+            return 0;
+        case WM_WINDOWPOSCHANGED:
+            PositionChanged(*window, *reinterpret_cast<const WINDOWPOS*>(lParam));
+            return 0;
+        case WM_ACTIVATE:
+            if (LOWORD(wParam) != WA_INACTIVE && !(window->style & WS_MINIMIZE))
+                SetFocus(handle);
+            return 0;
+        case WM_MOUSEACTIVATE:
+            return MouseActivate(*window, message, wParam, lParam);
+        case WM_SETCURSOR:
+            if (window->IsChild() && PassToParent(*window, message, wParam, lParam))
+                return TRUE;
+            return SetClassCursor(reinterpret_cast<HWND>(wParam), lParam);
+        case WM_NCHITTEST:
+            return HTCLIENT;
+        case WM_NCLBUTTONDOWN:
+            return NonClientPress(handle, static_cast<int>(wParam));
+        case WM_NCLBUTTONDBLCLK:
+            if (wParam == HTCAPTION)
+                PostMessageA(handle, WM_SYSCOMMAND, window->style & WS_MAXIMIZE ? SC_RESTORE : SC_MAXIMIZE,
+                             lParam);
+            return 0;
+        case WM_SYSCOMMAND:
+            return SystemCommand(handle, wParam);
+        case WM_SYSKEYDOWN:
+        case WM_SYSKEYUP:
+        case WM_SYSCHAR:
+            return SystemKey(handle, message, wParam, lParam);
+        case WM_RBUTTONUP:
+            return ReleaseRightButton(handle, lParam);
+        case WM_CANCELMODE:
+            if (GetCapture() == handle)
+                ReleaseCapture();
+            return 0;
+        case WM_MOUSEWHEEL:
+        case WM_CONTEXTMENU:
+            return PassToParent(*window, message, wParam, lParam);
+        default:
+            return 0;
     }
 }

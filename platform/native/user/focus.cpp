@@ -24,7 +24,10 @@ bool CanTakeFocus(HWND handle)
     return false;
 }
 
-bool HasFocusInside(HWND window) { return g_focus && (g_focus == window || IsChild(window, g_focus)); }
+bool HasFocusInside(HWND window)
+{
+    return g_focus && (g_focus == window || IsChild(window, g_focus));
+}
 
 void TellDeactivated(HWND previous, HWND next)
 {
@@ -90,7 +93,8 @@ void ActivateNextTo(HWND leaving)
     HWND next = window ? window->owner : nullptr;
     const auto isCandidate = [leaving](HWND handle) {
         const Window* other = LookUpWindow(handle);
-        return other && handle != leaving && other->IsVisible() && !(other->style & WS_MINIMIZE) && IsActivatable(*other);
+        return other && handle != leaving && other->IsVisible() && !(other->style & WS_MINIMIZE) &&
+               IsActivatable(*other);
     };
     if (!isCandidate(next)) {
         const auto& order = TopLevelWindows();
@@ -134,7 +138,10 @@ HWND SetFocus(HWND window)
     return before;
 }
 
-HWND GetFocus() { return g_focus; }
+HWND GetFocus()
+{
+    return g_focus;
+}
 
 HWND SetActiveWindow(HWND window)
 {
@@ -145,7 +152,10 @@ HWND SetActiveWindow(HWND window)
     return previous;
 }
 
-HWND GetActiveWindow() { return g_active; }
+HWND GetActiveWindow()
+{
+    return g_active;
+}
 
 BOOL SetForegroundWindow(HWND window)
 {
@@ -156,4 +166,7 @@ BOOL SetForegroundWindow(HWND window)
     return TRUE;
 }
 
-HWND GetForegroundWindow() { return g_active; }
+HWND GetForegroundWindow()
+{
+    return g_active;
+}

@@ -40,7 +40,10 @@ void StartHover(POINT screen)
 
 }  // namespace
 
-HWND WindowUnderPointer() { return g_under; }
+HWND WindowUnderPointer()
+{
+    return g_under;
+}
 
 void PointerIsOver(HWND window)
 {
@@ -67,8 +70,9 @@ bool TakeHover(MSG& message, const MessageFilter& filter, bool removes)
     const InputState& state = TheInputState();
     POINT client = state.pointer;
     ScreenToClient(g_tracking.window, &client);
-    message = {g_tracking.window, WM_MOUSEHOVER, MouseKeys(state.keys),
-               MAKELPARAM(static_cast<WORD>(client.x), static_cast<WORD>(client.y)), GetTickCount(), state.pointer};
+    message = {g_tracking.window,     WM_MOUSEHOVER,
+               MouseKeys(state.keys), MAKELPARAM(static_cast<WORD>(client.x), static_cast<WORD>(client.y)),
+               GetTickCount(),        state.pointer};
     if (removes) {
         g_tracking.hover = false;
         Settle();
@@ -80,7 +84,8 @@ int MillisecondsToHover()
 {
     if (!g_tracking.hover)
         return -1;
-    return static_cast<int>(std::max<std::int64_t>(0, (g_tracking.hoverDue - Now() + kMillisecond - 1) / kMillisecond));
+    return static_cast<int>(
+        std::max<std::int64_t>(0, (g_tracking.hoverDue - Now() + kMillisecond - 1) / kMillisecond));
 }
 
 void ForgetHover(HWND window)
@@ -142,4 +147,7 @@ BOOL TrackMouseEvent(TRACKMOUSEEVENT* track)
     return TRUE;
 }
 
-BOOL _TrackMouseEvent(TRACKMOUSEEVENT* track) { return TrackMouseEvent(track); }
+BOOL _TrackMouseEvent(TRACKMOUSEEVENT* track)
+{
+    return TrackMouseEvent(track);
+}

@@ -9,8 +9,8 @@
 /// From what the display reports to mouse and keyboard messages.
 namespace qvui::native {
 
-/// What the display reported, in the order in which it happened. Which window it belongs to is decided when the
-/// message is taken out, since windows may have come and gone by then.
+/// What the display reported, in the order in which it happened. Which window it belongs to is decided when
+/// the message is taken out, since windows may have come and gone by then.
 struct InputEvent {
     enum class Kind { Move, Button, Wheel, Key, Text } kind = Kind::Move;
     POINT screen{};
@@ -46,10 +46,11 @@ struct RoutedInput {
 };
 
 // --- input_queue.cpp
-/// Turns the oldest input that the filter accepts into a message. With `removes` it happens: key states change, a
-/// press activates. False when there is none; input that reaches no window is dropped on the way.
+/// Turns the oldest input that the filter accepts into a message. With `removes` it happens: key states
+/// change, a press activates. False when there is none; input that reaches no window is dropped on the way.
 bool TakeInput(MSG& message, const MessageFilter& filter, bool removes);
-/// A window appeared, moved or went: whoever is under the pointer now gets a move before the next idle message.
+/// A window appeared, moved or went: whoever is under the pointer now gets a move before the next idle
+/// message.
 void PointerMayHaveMoved();
 void ForgetInput(HWND window);
 

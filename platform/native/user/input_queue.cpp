@@ -39,12 +39,12 @@ void AddMove(POINT screen)
 bool CouldBeAccepted(const InputEvent& event, const MessageFilter& filter)
 {
     switch (event.kind) {
-    case Kind::Key:
-        return filter.AcceptsSomeOf(WM_KEYDOWN, WM_SYSKEYUP);
-    case Kind::Text:
-        return filter.AcceptsNumber(WM_CHAR);
-    default:
-        return filter.AcceptsSomeOf(WM_NCMOUSEMOVE, WM_MOUSEHWHEEL);
+        case Kind::Key:
+            return filter.AcceptsSomeOf(WM_KEYDOWN, WM_SYSKEYUP);
+        case Kind::Text:
+            return filter.AcceptsNumber(WM_CHAR);
+        default:
+            return filter.AcceptsSomeOf(WM_NCMOUSEMOVE, WM_MOUSEHWHEEL);
     }
 }
 
@@ -74,14 +74,16 @@ bool TakeWaiting(MSG& message, const MessageFilter& filter, bool removes)
 {
     std::deque<InputEvent>& waiting = Waiting();
     const auto putBack = [&](InputEvent event, std::size_t at) {
-        waiting.insert(waiting.begin() + static_cast<std::ptrdiff_t>(std::min(at, waiting.size())), std::move(event));
+        waiting.insert(waiting.begin() + static_cast<std::ptrdiff_t>(std::min(at, waiting.size())),
+                       std::move(event));
     };
     for (std::size_t at = 0; at < waiting.size();) {
         if (!CouldBeAccepted(waiting[at], filter)) {
             ++at;
             continue;
         }
-        // Handlers that are asked on the way may pump messages themselves, so the event is out of the queue then.
+        // Handlers that are asked on the way may pump messages themselves, so the event is out of the queue
+        // then.
         InputEvent event = std::move(waiting[at]);
         waiting.erase(waiting.begin() + static_cast<std::ptrdiff_t>(at));
         if (event.kind == Kind::Text) {
@@ -157,7 +159,8 @@ public:
     void OnMoved(HWND window, const RECT& screen) override
     {
         if (!IsIconic(window))
-            MoveWindow(window, screen.left, screen.top, screen.right - screen.left, screen.bottom - screen.top, TRUE);
+            MoveWindow(window, screen.left, screen.top, screen.right - screen.left,
+                       screen.bottom - screen.top, TRUE);
     }
     void OnMinimised(HWND window, bool isMinimised) override
     {
@@ -204,10 +207,14 @@ InputSink& TheInputSink()
 
 bool TakeInput(MSG& message, const MessageFilter& filter, bool removes)
 {
-    return TakeWaiting(message, filter, removes) || (AddMoveForChange() && TakeWaiting(message, filter, removes));
+    return TakeWaiting(message, filter, removes) ||
+           (AddMoveForChange() && TakeWaiting(message, filter, removes));
 }
 
-void PointerMayHaveMoved() { g_pointerMayHaveMoved = true; }
+void PointerMayHaveMoved()
+{
+    g_pointerMayHaveMoved = true;
+}
 
 void ForgetInput(HWND window)
 {

@@ -37,7 +37,10 @@ int GeneralKey(int virtualKey)
 }
 
 // Keys go to the focus; without one to the active window, as system keys.
-HWND KeyTarget() { return GetFocus() ? GetFocus() : GetActiveWindow(); }
+HWND KeyTarget()
+{
+    return GetFocus() ? GetFocus() : GetActiveWindow();
+}
 
 bool IsSystemKey(int key, bool isDown, const KeyStates& keys)
 {
@@ -58,16 +61,16 @@ void PostCharacters(HWND window, UINT message, const std::string& utf8, LPARAM l
 char ControlCharacter(int key, bool isControl)
 {
     switch (key) {
-    case VK_RETURN:
-        return isControl ? '\n' : '\r';
-    case VK_BACK:
-        return isControl ? '\x7F' : '\b';
-    case VK_TAB:
-        return '\t';
-    case VK_ESCAPE:
-        return '\x1B';
-    default:
-        return isControl && key >= 'A' && key <= 'Z' ? static_cast<char>(key - 'A' + 1) : '\0';
+        case VK_RETURN:
+            return isControl ? '\n' : '\r';
+        case VK_BACK:
+            return isControl ? '\x7F' : '\b';
+        case VK_TAB:
+            return '\t';
+        case VK_ESCAPE:
+            return '\x1B';
+        default:
+            return isControl && key >= 'A' && key <= 'Z' ? static_cast<char>(key - 'A' + 1) : '\0';
     }
 }
 
@@ -82,8 +85,9 @@ struct Characters {
     std::string text;  // UTF-8
 };
 
-// What a key message types: what the display said, or for a message that did not come from it what a plain keyboard
-// would. With Alt a keyboard types nothing, unless the key has a third level: then that is what was meant.
+// What a key message types: what the display said, or for a message that did not come from it what a plain
+// keyboard would. With Alt a keyboard types nothing, unless the key has a third level: then that is what was
+// meant.
 Characters CharactersOf(const MSG& message)
 {
     const KeyStates& keys = TheInputState().keys;
@@ -130,7 +134,8 @@ bool RouteKey(const InputEvent& event, RoutedInput& routed)
     keys.Apply(event.code, event.isDown);
     const int key = GeneralKey(event.code);
     const bool isSystem = IsSystemKey(key, event.isDown, keys);
-    message.message = event.isDown ? (isSystem ? WM_SYSKEYDOWN : WM_KEYDOWN) : (isSystem ? WM_SYSKEYUP : WM_KEYUP);
+    message.message =
+        event.isDown ? (isSystem ? WM_SYSKEYDOWN : WM_KEYDOWN) : (isSystem ? WM_SYSKEYUP : WM_KEYUP);
     message.wParam = static_cast<WPARAM>(key);
     message.lParam = 1 | (keys[VK_MENU] ? kAltDown : 0);
     if (!event.isDown)
@@ -149,7 +154,10 @@ void CommitKey(const InputEvent& event, const RoutedInput& routed)
     g_typed = {routed.message.wParam, routed.message.time, event.text};
 }
 
-void PostText(const std::string& utf8) { PostCharacters(KeyTarget(), WM_CHAR, utf8, 1); }
+void PostText(const std::string& utf8)
+{
+    PostCharacters(KeyTarget(), WM_CHAR, utf8, 1);
+}
 
 }  // namespace qvui::native
 
@@ -169,10 +177,14 @@ BOOL TranslateMessage(const MSG* message)
 SHORT GetKeyState(int key)
 {
     const KeyStates& keys = TheInputState().keys;
-    return static_cast<SHORT>((keys[key] ? 0x8000 : 0) | (keys.isToggled[static_cast<std::size_t>(key & 0xFF)] ? 1 : 0));
+    return static_cast<SHORT>((keys[key] ? 0x8000 : 0) |
+                              (keys.isToggled[static_cast<std::size_t>(key & 0xFF)] ? 1 : 0));
 }
 
-SHORT GetAsyncKeyState(int key) { return static_cast<SHORT>(TheInputState().keys[key] ? 0x8000 : 0); }
+SHORT GetAsyncKeyState(int key)
+{
+    return static_cast<SHORT>(TheInputState().keys[key] ? 0x8000 : 0);
+}
 
 BOOL GetKeyboardState(BYTE* states)
 {

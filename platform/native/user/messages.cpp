@@ -64,8 +64,9 @@ bool Take(MSG& message, const MessageFilter& filter, bool removes)
         return true;
     // What the display has to report comes before everything that only waits for idle time.
     TheDisplay().Wait(0, TheInputSink());
-    return TakePosted(message, filter, removes) || TakeInput(message, filter, removes) || TakeQuit(message, removes) ||
-           TakePaint(message, filter) || TakeTimer(message, filter, removes) || TakeHover(message, filter, removes);
+    return TakePosted(message, filter, removes) || TakeInput(message, filter, removes) ||
+           TakeQuit(message, removes) || TakePaint(message, filter) || TakeTimer(message, filter, removes) ||
+           TakeHover(message, filter, removes);
 }
 
 void Remember(const MSG& message)
@@ -140,15 +141,20 @@ DWORD GetMessagePos()
     return static_cast<DWORD>(MAKELONG(static_cast<WORD>(point.x), static_cast<WORD>(point.y)));
 }
 
-LONG GetMessageTime() { return static_cast<LONG>(TheQueue().lastTime); }
+LONG GetMessageTime()
+{
+    return static_cast<LONG>(TheQueue().lastTime);
+}
 
 LRESULT DispatchMessageA(const MSG* message)
 {
     if (message->message == WM_TIMER && message->lParam) {
-        reinterpret_cast<TIMERPROC>(message->lParam)(message->hwnd, WM_TIMER, message->wParam, GetTickCount());
+        reinterpret_cast<TIMERPROC>(message->lParam)(message->hwnd, WM_TIMER, message->wParam,
+                                                     GetTickCount());
         return 0;
     }
-    return message->hwnd ? SendMessageA(message->hwnd, message->message, message->wParam, message->lParam) : 0;
+    return message->hwnd ? SendMessageA(message->hwnd, message->message, message->wParam, message->lParam)
+                         : 0;
 }
 
 LRESULT CallWindowProcA(WNDPROC procedure, HWND window, UINT message, WPARAM wParam, LPARAM lParam)

@@ -23,8 +23,10 @@ struct ButtonMessages {
     UINT ncDoubleClick;
 };
 constexpr ButtonMessages kButtons[] = {
-    {VK_LBUTTON, WM_LBUTTONDOWN, WM_LBUTTONUP, WM_LBUTTONDBLCLK, WM_NCLBUTTONDOWN, WM_NCLBUTTONUP, WM_NCLBUTTONDBLCLK},
-    {VK_RBUTTON, WM_RBUTTONDOWN, WM_RBUTTONUP, WM_RBUTTONDBLCLK, WM_NCRBUTTONDOWN, WM_NCRBUTTONUP, WM_NCRBUTTONDBLCLK},
+    {VK_LBUTTON, WM_LBUTTONDOWN, WM_LBUTTONUP, WM_LBUTTONDBLCLK, WM_NCLBUTTONDOWN, WM_NCLBUTTONUP,
+     WM_NCLBUTTONDBLCLK},
+    {VK_RBUTTON, WM_RBUTTONDOWN, WM_RBUTTONUP, WM_RBUTTONDBLCLK, WM_NCRBUTTONDOWN, WM_NCRBUTTONUP,
+     WM_NCRBUTTONDBLCLK},
     {VK_MBUTTON, WM_MBUTTONDOWN, WM_MBUTTONUP, WM_MBUTTONDBLCLK, WM_NULL, WM_NULL, WM_NULL},
 };
 
@@ -37,7 +39,10 @@ struct Press {
 };
 Press g_lastPress;
 
-LPARAM Packed(POINT point) { return MAKELPARAM(static_cast<WORD>(point.x), static_cast<WORD>(point.y)); }
+LPARAM Packed(POINT point)
+{
+    return MAKELPARAM(static_cast<WORD>(point.x), static_cast<WORD>(point.y));
+}
 
 struct Target {
     HWND window = nullptr;
@@ -89,12 +94,12 @@ UINT ButtonMessage(const InputEvent& event, const Target& target)
 UINT MessageOf(const InputEvent& event, const Target& target)
 {
     switch (event.kind) {
-    case InputEvent::Kind::Button:
-        return ButtonMessage(event, target);
-    case InputEvent::Kind::Wheel:
-        return WM_MOUSEWHEEL;
-    default:
-        return target.hit == HTCLIENT ? WM_MOUSEMOVE : WM_NCMOUSEMOVE;
+        case InputEvent::Kind::Button:
+            return ButtonMessage(event, target);
+        case InputEvent::Kind::Wheel:
+            return WM_MOUSEWHEEL;
+        default:
+            return target.hit == HTCLIENT ? WM_MOUSEMOVE : WM_NCMOUSEMOVE;
     }
 }
 
@@ -108,7 +113,8 @@ bool IsDoubleClickMessage(UINT message)
 void RememberPress(const InputEvent& event, const MSG& message)
 {
     // A third press is a plain one again.
-    g_lastPress = {IsDoubleClickMessage(message.message) ? nullptr : message.hwnd, event.code, event.screen, event.time};
+    g_lastPress = {IsDoubleClickMessage(message.message) ? nullptr : message.hwnd, event.code, event.screen,
+                   event.time};
 }
 
 // All ancestors are told of a press in a child, in their own client coordinates.
@@ -141,9 +147,10 @@ bool ActivateByPress(const RoutedInput& routed)
 
 void SendSetCursor(const RoutedInput& routed)
 {
-    SendMessageA(routed.message.hwnd, WM_SETCURSOR, reinterpret_cast<WPARAM>(routed.message.hwnd),
-                 MAKELPARAM(static_cast<WORD>(routed.hit),
-                            routed.message.message == WM_NCMOUSEMOVE ? WM_MOUSEMOVE : routed.message.message));
+    SendMessageA(
+        routed.message.hwnd, WM_SETCURSOR, reinterpret_cast<WPARAM>(routed.message.hwnd),
+        MAKELPARAM(static_cast<WORD>(routed.hit),
+                   routed.message.message == WM_NCMOUSEMOVE ? WM_MOUSEMOVE : routed.message.message));
 }
 
 }  // namespace
@@ -151,7 +158,8 @@ void SendSetCursor(const RoutedInput& routed)
 WPARAM MouseKeys(const KeyStates& keys)
 {
     return (keys[VK_LBUTTON] ? MK_LBUTTON : 0) | (keys[VK_RBUTTON] ? MK_RBUTTON : 0) |
-           (keys[VK_MBUTTON] ? MK_MBUTTON : 0) | (keys[VK_SHIFT] ? MK_SHIFT : 0) | (keys[VK_CONTROL] ? MK_CONTROL : 0);
+           (keys[VK_MBUTTON] ? MK_MBUTTON : 0) | (keys[VK_SHIFT] ? MK_SHIFT : 0) |
+           (keys[VK_CONTROL] ? MK_CONTROL : 0);
 }
 
 bool RouteMouse(const InputEvent& event, RoutedInput& routed)
@@ -219,7 +227,10 @@ HWND SetCapture(HWND window)
     return previous;
 }
 
-HWND GetCapture() { return TheInputState().capture; }
+HWND GetCapture()
+{
+    return TheInputState().capture;
+}
 
 BOOL ReleaseCapture()
 {
@@ -229,6 +240,12 @@ BOOL ReleaseCapture()
     return TRUE;
 }
 
-HWND WindowFromPoint(POINT screen) { return FindUnder(screen).window; }
+HWND WindowFromPoint(POINT screen)
+{
+    return FindUnder(screen).window;
+}
 
-UINT GetDoubleClickTime() { return kDoubleClickTime; }
+UINT GetDoubleClickTime()
+{
+    return kDoubleClickTime;
+}

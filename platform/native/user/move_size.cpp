@@ -48,8 +48,10 @@ RECT PlaceAt(const Drag& drag, POINT now)
     rect.top += edges.top ? now.y - drag.from.y : 0;
     rect.bottom += edges.bottom ? now.y - drag.from.y : 0;
     if (drag.hit != HTCAPTION) {
-        LimitSpan(rect.left, rect.right, edges.left, drag.limits.ptMinTrackSize.x, drag.limits.ptMaxTrackSize.x);
-        LimitSpan(rect.top, rect.bottom, edges.top, drag.limits.ptMinTrackSize.y, drag.limits.ptMaxTrackSize.y);
+        LimitSpan(rect.left, rect.right, edges.left, drag.limits.ptMinTrackSize.x,
+                  drag.limits.ptMaxTrackSize.x);
+        LimitSpan(rect.top, rect.bottom, edges.top, drag.limits.ptMinTrackSize.y,
+                  drag.limits.ptMaxTrackSize.y);
     }
     return rect;
 }
@@ -58,7 +60,8 @@ void Follow(const Drag& drag, POINT now)
 {
     RECT rect = PlaceAt(drag, now);
     SendMessageA(drag.window, drag.hit == HTCAPTION ? WM_MOVING : WM_SIZING,
-                 drag.hit == HTCAPTION ? 0 : static_cast<WPARAM>(drag.hit - HTLEFT + 1), reinterpret_cast<LPARAM>(&rect));
+                 drag.hit == HTCAPTION ? 0 : static_cast<WPARAM>(drag.hit - HTLEFT + 1),
+                 reinterpret_cast<LPARAM>(&rect));
     MoveWindow(drag.window, rect.left, rect.top, rect.right - rect.left, rect.bottom - rect.top, TRUE);
 }
 
@@ -106,7 +109,8 @@ void MoveOrSizeByCommand(HWND window, WPARAM command)
     const bool isMove = (command & 0xFFF0) == SC_MOVE;
     const bool isSize = edge >= 1 && edge <= HTBOTTOMRIGHT - HTLEFT + 1;
     Drag drag{window, isMove ? HTCAPTION : HTLEFT + edge - 1, {}, {}, SizeLimits(window)};
-    if ((!isMove && !isSize) || GetKeyState(VK_LBUTTON) >= 0 || IsZoomed(window) || !GetWindowRect(window, &drag.start))
+    if ((!isMove && !isSize) || GetKeyState(VK_LBUTTON) >= 0 || IsZoomed(window) ||
+        !GetWindowRect(window, &drag.start))
         return;
     // Where the pointer was at the press: it may have moved on since.
     const DWORD press = GetMessagePos();

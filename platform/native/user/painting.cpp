@@ -9,8 +9,8 @@
 namespace qvui::native {
 namespace {
 
-// The windows that have something to paint, in the order in which that came up. Those that have been painted or
-// destroyed since are dropped when they are met.
+// The windows that have something to paint, in the order in which that came up. Those that have been painted
+// or destroyed since are dropped when they are met.
 std::deque<HWND>& Listed()
 {
     static auto& windows = *new std::deque<HWND>();
@@ -31,7 +31,8 @@ void MarkWithChildren(Window& window, const Region& area, bool erase, ChildPaint
     if (window.isRedrawOff)
         return;
     Mark(window, area, erase);
-    if (children == ChildPaint::None || (children == ChildPaint::AsStyled && (window.style & WS_CLIPCHILDREN)))
+    if (children == ChildPaint::None ||
+        (children == ChildPaint::AsStyled && (window.style & WS_CLIPCHILDREN)))
         return;
     for (const HWND handle : window.children) {
         Window* child = LookUpWindow(handle);
@@ -173,7 +174,9 @@ std::optional<Region> AreaOf(const Window& window, const RECT* rect, HRGN region
 
 ChildPaint ChildPaintOf(UINT flags)
 {
-    return flags & RDW_ALLCHILDREN ? ChildPaint::All : flags & RDW_NOCHILDREN ? ChildPaint::None : ChildPaint::AsStyled;
+    return flags & RDW_ALLCHILDREN  ? ChildPaint::All
+           : flags & RDW_NOCHILDREN ? ChildPaint::None
+                                    : ChildPaint::AsStyled;
 }
 
 void UpdateTree(HWND handle, ChildPaint children)
@@ -197,7 +200,8 @@ BOOL RedrawWindow(HWND handle, const RECT* rect, HRGN region, UINT flags)
         return FALSE;
     if (flags & RDW_INVALIDATE) {
         Invalidate(*window, *area, (flags & RDW_ERASE) != 0, ChildPaintOf(flags));
-        window->paint.needsFrame = window->paint.needsFrame || ((flags & RDW_FRAME) && !window->paint.region.IsEmpty());
+        window->paint.needsFrame =
+            window->paint.needsFrame || ((flags & RDW_FRAME) && !window->paint.region.IsEmpty());
     } else if (flags & RDW_VALIDATE) {
         Validate(*window, *area);
     }
@@ -218,7 +222,10 @@ BOOL InvalidateRgn(HWND window, HRGN region, BOOL erase)
     return RedrawWindow(window, nullptr, region, RDW_INVALIDATE | (erase ? RDW_ERASE : 0));
 }
 
-BOOL ValidateRect(HWND window, const RECT* rect) { return RedrawWindow(window, rect, nullptr, RDW_VALIDATE); }
+BOOL ValidateRect(HWND window, const RECT* rect)
+{
+    return RedrawWindow(window, rect, nullptr, RDW_VALIDATE);
+}
 
 BOOL UpdateWindow(HWND handle)
 {

@@ -33,7 +33,8 @@ RECT KeptBySize(const Window& window, const RECT& old)
     const int oldWidth = old.right - old.left;
     const int oldHeight = old.bottom - old.top;
     const UINT redraw = window.windowClass->definition.style;
-    if (((redraw & CS_HREDRAW) && window.Width() != oldWidth) || ((redraw & CS_VREDRAW) && window.Height() != oldHeight))
+    if (((redraw & CS_HREDRAW) && window.Width() != oldWidth) ||
+        ((redraw & CS_VREDRAW) && window.Height() != oldHeight))
         return {};
     return Intersection(window.Client(), {0, 0, oldWidth, oldHeight});
 }
@@ -54,7 +55,8 @@ void MovePixels(const Surface& surface, Region from, POINT by)
             const int right = std::min(box.x2, surface.width - by.x);
             if (to < 0 || to >= surface.height || left >= right)
                 continue;
-            strips.push_back({{left + by.x, to}, std::vector<std::uint32_t>(static_cast<std::size_t>(right - left))});
+            strips.push_back(
+                {{left + by.x, to}, std::vector<std::uint32_t>(static_cast<std::size_t>(right - left))});
             surface.Load(left, y, right - left, strips.back().pixels.data());
         }
     for (const Strip& strip : strips)
@@ -278,7 +280,10 @@ BOOL MoveWindow(HWND window, int x, int y, int width, int height, BOOL)
     return SetWindowPos(window, nullptr, x, y, width, height, SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
-BOOL BringWindowToTop(HWND window) { return SetWindowPos(window, HWND_TOP, 0, 0, 0, 0, kUnmoved); }
+BOOL BringWindowToTop(HWND window)
+{
+    return SetWindowPos(window, HWND_TOP, 0, 0, 0, 0, kUnmoved);
+}
 
 BOOL GetWindowRect(HWND handle, RECT* rect)
 {
@@ -299,11 +304,20 @@ BOOL GetClientRect(HWND handle, RECT* rect)
     return TRUE;
 }
 
-BOOL AdjustWindowRectEx(RECT*, DWORD, BOOL, DWORD) { return TRUE; }
+BOOL AdjustWindowRectEx(RECT*, DWORD, BOOL, DWORD)
+{
+    return TRUE;
+}
 
-BOOL ClientToScreen(HWND handle, POINT* point) { return MoveByOrigin(handle, *point, 1); }
+BOOL ClientToScreen(HWND handle, POINT* point)
+{
+    return MoveByOrigin(handle, *point, 1);
+}
 
-BOOL ScreenToClient(HWND handle, POINT* point) { return MoveByOrigin(handle, *point, -1); }
+BOOL ScreenToClient(HWND handle, POINT* point)
+{
+    return MoveByOrigin(handle, *point, -1);
+}
 
 int SetWindowRgn(HWND handle, HRGN region, BOOL redraw)
 {

@@ -16,9 +16,15 @@ struct MessageFilter {
         return (first == 0 && last == 0) || (message >= first && message <= last);
     }
     /// Whether any number between two is accepted.
-    bool AcceptsSomeOf(UINT from, UINT to) const { return (first == 0 && last == 0) || (from <= last && to >= first); }
+    bool AcceptsSomeOf(UINT from, UINT to) const
+    {
+        return (first == 0 && last == 0) || (from <= last && to >= first);
+    }
     bool AcceptsWindow(HWND of) const { return !window || of == window || IsChild(window, of); }
-    bool Accepts(const MSG& message) const { return AcceptsNumber(message.message) && AcceptsWindow(message.hwnd); }
+    bool Accepts(const MSG& message) const
+    {
+        return AcceptsNumber(message.message) && AcceptsWindow(message.hwnd);
+    }
 };
 
 // --- messages.cpp

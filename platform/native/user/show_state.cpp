@@ -20,7 +20,8 @@ void SendFirstSize(HWND handle)
         return;
     const WPARAM how = window->style & WS_MAXIMIZE ? SIZE_MAXIMIZED : SIZE_RESTORED;
     const LPARAM size = MAKELPARAM(window->Width(), window->Height());
-    const LPARAM corner = MAKELPARAM(static_cast<WORD>(window->rect.left), static_cast<WORD>(window->rect.top));
+    const LPARAM corner =
+        MAKELPARAM(static_cast<WORD>(window->rect.left), static_cast<WORD>(window->rect.top));
     SendMessageA(handle, WM_SIZE, how, size);
     SendMessageA(handle, WM_MOVE, 0, corner);
 }
@@ -112,17 +113,17 @@ void ChangeState(HWND handle, int command)
 bool IsStateChange(const Window& window, int command)
 {
     switch (command) {
-    case SW_SHOWMAXIMIZED:
-        return (window.style & kSpecial) != WS_MAXIMIZE || !window.IsVisible();
-    case SW_MINIMIZE:
-    case SW_SHOWMINIMIZED:
-        return !(window.style & WS_MINIMIZE);
-    case SW_RESTORE:
-    case SW_SHOWNORMAL:
-    case SW_SHOWNOACTIVATE:
-        return (window.style & kSpecial) != 0;
-    default:
-        return false;
+        case SW_SHOWMAXIMIZED:
+            return (window.style & kSpecial) != WS_MAXIMIZE || !window.IsVisible();
+        case SW_MINIMIZE:
+        case SW_SHOWMINIMIZED:
+            return !(window.style & WS_MINIMIZE);
+        case SW_RESTORE:
+        case SW_SHOWNORMAL:
+        case SW_SHOWNOACTIVATE:
+            return (window.style & kSpecial) != 0;
+        default:
+            return false;
     }
 }
 
@@ -151,10 +152,12 @@ void Show(HWND handle, int command)
         window->style |= WS_VISIBLE;
         return;
     }
-    const bool activates = !parent && command != SW_SHOWNOACTIVATE && command != SW_SHOWNA && IsActivatable(*window);
+    const bool activates =
+        !parent && command != SW_SHOWNOACTIVATE && command != SW_SHOWNA && IsActivatable(*window);
     const bool raises = !parent && command != SW_SHOWNOACTIVATE;
     SetWindowPos(handle, HWND_TOP, 0, 0, 0, 0,
-                 SWP_NOMOVE | SWP_NOSIZE | SWP_SHOWWINDOW | (raises ? 0 : SWP_NOZORDER) | (activates ? 0 : SWP_NOACTIVATE));
+                 SWP_NOMOVE | SWP_NOSIZE | SWP_SHOWWINDOW | (raises ? 0 : SWP_NOZORDER) |
+                     (activates ? 0 : SWP_NOACTIVATE));
     SendFirstSize(handle);
 }
 
@@ -174,7 +177,8 @@ BOOL ShowWindow(HWND handle, int command)
             Hide(handle);
     } else if (!wasVisible) {
         Show(handle, command);
-    } else if (!window->IsChild() && command != SW_SHOWNOACTIVATE && command != SW_SHOWNA && IsActivatable(*window)) {
+    } else if (!window->IsChild() && command != SW_SHOWNOACTIVATE && command != SW_SHOWNA &&
+               IsActivatable(*window)) {
         ActivateWindow(handle, WA_ACTIVE);
     }
     return wasVisible;

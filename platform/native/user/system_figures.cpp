@@ -7,15 +7,15 @@ using namespace qvui::native;
 int GetSystemMetrics(int index)
 {
     switch (index) {
-    case SM_CXSCREEN:
-        return TheDisplay().ScreenSize().cx;
-    case SM_CYSCREEN:
-        return TheDisplay().ScreenSize().cy;
-    case SM_CXDOUBLECLK:
-    case SM_CYDOUBLECLK:
-        return 4;
-    default:
-        return 0;
+        case SM_CXSCREEN:
+            return TheDisplay().ScreenSize().cx;
+        case SM_CYSCREEN:
+            return TheDisplay().ScreenSize().cy;
+        case SM_CXDOUBLECLK:
+        case SM_CYDOUBLECLK:
+            return 4;
+        default:
+            return 0;
     }
 }
 

@@ -35,7 +35,8 @@ void Insert(const Timer& timer)
 
 bool Remove(HWND window, UINT_PTR id)
 {
-    return std::erase_if(Timers(), [&](const Timer& timer) { return timer.window == window && timer.id == id; }) > 0;
+    return std::erase_if(Timers(),
+                         [&](const Timer& timer) { return timer.window == window && timer.id == id; }) > 0;
 }
 
 }  // namespace
@@ -50,8 +51,9 @@ bool TakeTimer(MSG& message, const MessageFilter& filter, bool removes)
     if (found == timers.end() || found->due > now)
         return false;
     Timer timer = *found;
-    message = {timer.window, WM_TIMER, timer.id, reinterpret_cast<LPARAM>(timer.procedure), GetTickCount(),
-               TheInputState().pointer};
+    message = {timer.window,   WM_TIMER,
+               timer.id,       reinterpret_cast<LPARAM>(timer.procedure),
+               GetTickCount(), TheInputState().pointer};
     if (removes) {
         timers.erase(found);
         timer.due = now + timer.period;
@@ -64,7 +66,8 @@ int MillisecondsToNextTimer()
 {
     if (Timers().empty())
         return -1;
-    return static_cast<int>(std::max<std::int64_t>(0, (Timers().front().due - Now() + kMillisecond - 1) / kMillisecond));
+    return static_cast<int>(
+        std::max<std::int64_t>(0, (Timers().front().due - Now() + kMillisecond - 1) / kMillisecond));
 }
 
 void RemoveTimersOf(HWND window)
@@ -89,4 +92,7 @@ UINT_PTR SetTimer(HWND window, UINT_PTR id, UINT milliseconds, TIMERPROC procedu
     return id ? id : 1;
 }
 
-BOOL KillTimer(HWND window, UINT_PTR id) { return Remove(window, id); }
+BOOL KillTimer(HWND window, UINT_PTR id)
+{
+    return Remove(window, id);
+}

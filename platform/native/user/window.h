@@ -27,10 +27,10 @@ std::shared_ptr<WindowClass> FindClass(LPCSTR name);
 /// What a window still has to draw, in client coordinates.
 struct PendingPaint {
     Region region;
-    bool needsFrame = false;   // WM_NCPAINT is due
-    bool needsErase = false;   // WM_ERASEBKGND is due
-    bool wasRefused = false;   // WM_ERASEBKGND has been answered with 0
-    bool isListed = false;     // the window stands in the list of those that have something to paint
+    bool needsFrame = false;  // WM_NCPAINT is due
+    bool needsErase = false;  // WM_ERASEBKGND is due
+    bool wasRefused = false;  // WM_ERASEBKGND has been answered with 0
+    bool isListed = false;    // the window stands in the list of those that have something to paint
 };
 
 /// One window. Children are listed from the topmost down and owned by the handle table.

@@ -40,10 +40,12 @@ void CloseWindowContext(HDC dc)
     CloseDeviceContext(dc);
 }
 
-[[maybe_unused]] const bool g_registered = RegisterBuiltInFunction(
-    "User32.dll", "UpdateLayeredWindow", reinterpret_cast<FARPROC>(reinterpret_cast<void*>(&UpdateLayeredWindow)));
+[[maybe_unused]] const bool g_registered =
+    RegisterBuiltInFunction("User32.dll", "UpdateLayeredWindow",
+                            reinterpret_cast<FARPROC>(reinterpret_cast<void*>(&UpdateLayeredWindow)));
 
-// Copies the pixels of a layer with their alpha; without per-pixel alpha they are opaque, or clear in the key colour.
+// Copies the pixels of a layer with their alpha; without per-pixel alpha they are opaque, or clear in the key
+// colour.
 void CopyLayer(Window& window, HDC source, POINT from, COLORREF key, DWORD flags)
 {
     const Surface& surface = *window.surface;
@@ -78,7 +80,8 @@ HDC BeginPaint(HWND handle, PAINTSTRUCT* paint)
     Validate(*window, window->paint.region);
     paint->rcPaint = area.Bounds();
     paint->hdc = OpenWindowContext(*window, std::move(area), paint->rcPaint);
-    paint->fErase = erases ? SendMessageA(handle, WM_ERASEBKGND, reinterpret_cast<WPARAM>(paint->hdc), 0) == 0 : wasRefused;
+    paint->fErase = erases ? SendMessageA(handle, WM_ERASEBKGND, reinterpret_cast<WPARAM>(paint->hdc), 0) == 0
+                           : wasRefused;
     return paint->hdc;
 }
 
@@ -97,7 +100,10 @@ HDC GetDC(HWND handle)
     return handle ? nullptr : CreateCompatibleDC(nullptr);
 }
 
-HDC GetWindowDC(HWND window) { return GetDC(window); }
+HDC GetWindowDC(HWND window)
+{
+    return GetDC(window);
+}
 
 int ReleaseDC(HWND, HDC dc)
 {
@@ -107,8 +113,8 @@ int ReleaseDC(HWND, HDC dc)
     return 1;
 }
 
-BOOL UpdateLayeredWindow(HWND handle, HDC, POINT* position, SIZE* size, HDC source, POINT* sourcePosition, COLORREF key,
-                         BLENDFUNCTION* blend, DWORD flags)
+BOOL UpdateLayeredWindow(HWND handle, HDC, POINT* position, SIZE* size, HDC source, POINT* sourcePosition,
+                         COLORREF key, BLENDFUNCTION* blend, DWORD flags)
 {
     Window* window = LookUpWindow(handle);
     if (!window || window->IsChild() || !(window->exStyle & WS_EX_LAYERED))

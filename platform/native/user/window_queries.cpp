@@ -14,7 +14,10 @@ HWND GetParent(HWND handle)
     return window->IsChild() ? window->parent : window->style & WS_POPUP ? window->owner : nullptr;
 }
 
-HWND GetDesktopWindow() { return nullptr; }
+HWND GetDesktopWindow()
+{
+    return nullptr;
+}
 
 HWND GetAncestor(HWND handle, UINT which)
 {
@@ -38,22 +41,23 @@ HWND GetWindow(HWND handle, UINT relation)
     const std::vector<HWND>& siblings = SiblingsOf(*window);
     const auto at = std::find(siblings.begin(), siblings.end(), handle);
     switch (relation) {
-    case GW_HWNDFIRST:
-        return siblings.front();
-    case GW_HWNDLAST:
-        return siblings.back();
-    case GW_HWNDNEXT:
-        return at + 1 == siblings.end() ? nullptr : *(at + 1);
-    case GW_HWNDPREV:
-        return at == siblings.begin() ? nullptr : *(at - 1);
-    default:
-        return nullptr;
+        case GW_HWNDFIRST:
+            return siblings.front();
+        case GW_HWNDLAST:
+            return siblings.back();
+        case GW_HWNDNEXT:
+            return at + 1 == siblings.end() ? nullptr : *(at + 1);
+        case GW_HWNDPREV:
+            return at == siblings.begin() ? nullptr : *(at - 1);
+        default:
+            return nullptr;
     }
 }
 
 BOOL IsChild(HWND parent, HWND handle)
 {
-    for (const Window* window = LookUpWindow(handle); window && window->IsChild(); window = LookUpWindow(window->parent))
+    for (const Window* window = LookUpWindow(handle); window && window->IsChild();
+         window = LookUpWindow(window->parent))
         if (window->parent == parent)
             return TRUE;
     return FALSE;
@@ -97,7 +101,8 @@ HWND GetNextDlgTabItem(HWND dialog, HWND control, BOOL previous)
     const std::vector<HWND>& children = parent->children;
     const auto isStop = [](HWND child) {
         const Window* window = LookUpWindow(child);
-        return window && (window->style & WS_TABSTOP) && window->IsVisible() && !(window->style & WS_DISABLED);
+        return window && (window->style & WS_TABSTOP) && window->IsVisible() &&
+               !(window->style & WS_DISABLED);
     };
     const auto count = static_cast<std::ptrdiff_t>(children.size());
     const std::ptrdiff_t from = std::find(children.begin(), children.end(), control) - children.begin();

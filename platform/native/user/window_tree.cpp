@@ -92,7 +92,9 @@ void RestackChild(Window& window, HWND insertAfter)
     std::vector<HWND>& order = SiblingsOf(window);
     std::erase(order, window.handle);
     const auto above = std::find(order.begin(), order.end(), insertAfter);
-    order.insert(insertAfter == HWND_BOTTOM ? order.end() : above == order.end() ? order.begin() : above + 1,
+    order.insert(insertAfter == HWND_BOTTOM ? order.end()
+                 : above == order.end()     ? order.begin()
+                                            : above + 1,
                  window.handle);
 }
 
@@ -111,7 +113,8 @@ void CollectAt(const std::vector<HWND>& windows, POINT point, std::vector<HWND>&
 {
     for (const HWND handle : windows) {
         const Window* window = LookUpWindow(handle);
-        if (!window || !window->IsVisible() || (window->style & (WS_DISABLED | WS_MINIMIZE)) || !IsInside(*window, point))
+        if (!window || !window->IsVisible() || (window->style & (WS_DISABLED | WS_MINIMIZE)) ||
+            !IsInside(*window, point))
             continue;
         CollectAt(window->children, {point.x - window->rect.left, point.y - window->rect.top}, found);
         found.push_back(handle);
@@ -206,7 +209,8 @@ Region VisibleRegion(const Window& window, Extent extent)
             break;
         offset.x += at->rect.left;
         offset.y += at->rect.top;
-        area = Intersection(area, {-offset.x, -offset.y, parent->Width() - offset.x, parent->Height() - offset.y});
+        area = Intersection(area,
+                            {-offset.x, -offset.y, parent->Width() - offset.x, parent->Height() - offset.y});
         at = parent;
     }
     Region visible(area);
@@ -233,7 +237,10 @@ void AddToTree(Window& window)
     RestackTopLevel(window, HWND_TOP);
 }
 
-void RemoveFromTree(const Window& window) { std::erase(SiblingsOf(window), window.handle); }
+void RemoveFromTree(const Window& window)
+{
+    std::erase(SiblingsOf(window), window.handle);
+}
 
 bool Restack(Window& window, HWND insertAfter)
 {

@@ -30,13 +30,14 @@ Region VisibleRegion(const Window& window, Extent extent);
 void AddToTree(Window& window);
 void RemoveFromTree(const Window& window);
 
-/// Puts a window behind `insertAfter`, a window of the same list or one of HWND_TOP, HWND_BOTTOM, HWND_TOPMOST,
-/// HWND_NOTOPMOST; a top-level window takes along what it owns and what owns it. False when nothing changed.
+/// Puts a window behind `insertAfter`, a window of the same list or one of HWND_TOP, HWND_BOTTOM,
+/// HWND_TOPMOST, HWND_NOTOPMOST; a top-level window takes along what it owns and what owns it. False when
+/// nothing changed.
 bool Restack(Window& window, HWND insertAfter);
 
-/// Every window at a point of the screen that is shown and takes the mouse, the one to ask first first: children
-/// before their parent, what lies on top before what lies below. A disabled child is left out; a disabled
-/// top-level window hides what lies below it and takes nothing itself.
+/// Every window at a point of the screen that is shown and takes the mouse, the one to ask first first:
+/// children before their parent, what lies on top before what lies below. A disabled child is left out; a
+/// disabled top-level window hides what lies below it and takes nothing itself.
 std::vector<HWND> WindowsAt(POINT screen);
 /// The first of them, or null.
 HWND WindowAt(POINT screen);

@@ -11,21 +11,21 @@ LONG_PTR GetWindowLongPtrA(HWND handle, int index)
     if (!window)
         return 0;
     switch (index) {
-    case GWLP_WNDPROC:
-        return reinterpret_cast<LONG_PTR>(window->procedure);
-    case GWL_STYLE:
-        return static_cast<LONG>(window->style);
-    case GWL_EXSTYLE:
-        return static_cast<LONG>(window->exStyle);
-    case GWLP_ID:
-        return window->id;
-    case GWLP_USERDATA:
-        return window->userData;
-    case GWLP_HWNDPARENT:
-        return reinterpret_cast<LONG_PTR>(window->IsChild() ? window->parent : window->owner);
-    default:
-        const auto extra = window->extra.find(index);
-        return extra == window->extra.end() ? 0 : extra->second;
+        case GWLP_WNDPROC:
+            return reinterpret_cast<LONG_PTR>(window->procedure);
+        case GWL_STYLE:
+            return static_cast<LONG>(window->style);
+        case GWL_EXSTYLE:
+            return static_cast<LONG>(window->exStyle);
+        case GWLP_ID:
+            return window->id;
+        case GWLP_USERDATA:
+            return window->userData;
+        case GWLP_HWNDPARENT:
+            return reinterpret_cast<LONG_PTR>(window->IsChild() ? window->parent : window->owner);
+        default:
+            const auto extra = window->extra.find(index);
+            return extra == window->extra.end() ? 0 : extra->second;
     }
 }
 
@@ -36,34 +36,38 @@ LONG_PTR SetWindowLongPtrA(HWND handle, int index, LONG_PTR value)
         return 0;
     const LONG_PTR previous = GetWindowLongPtrA(handle, index);
     switch (index) {
-    case GWLP_WNDPROC:
-        window->procedure = reinterpret_cast<WNDPROC>(value);
-        break;
-    case GWL_STYLE:
-        // A window stays a child or a top-level window: the lists of the tree would have to follow.
-        window->style = (static_cast<DWORD>(value) & ~WS_CHILD) | (window->style & WS_CHILD);
-        break;
-    case GWL_EXSTYLE:
-        // Whether it is topmost is a matter of stacking, which SetWindowPos alone changes.
-        window->exStyle = (static_cast<DWORD>(value) & ~WS_EX_TOPMOST) | (window->exStyle & WS_EX_TOPMOST);
-        break;
-    case GWLP_ID:
-        window->id = value;
-        break;
-    case GWLP_USERDATA:
-        window->userData = value;
-        break;
-    case GWLP_HWNDPARENT:
-        if (!window->IsChild())
-            window->owner = reinterpret_cast<HWND>(value);
-        break;
-    default:
-        window->extra[index] = value;
+        case GWLP_WNDPROC:
+            window->procedure = reinterpret_cast<WNDPROC>(value);
+            break;
+        case GWL_STYLE:
+            // A window stays a child or a top-level window: the lists of the tree would have to follow.
+            window->style = (static_cast<DWORD>(value) & ~WS_CHILD) | (window->style & WS_CHILD);
+            break;
+        case GWL_EXSTYLE:
+            // Whether it is topmost is a matter of stacking, which SetWindowPos alone changes.
+            window->exStyle =
+                (static_cast<DWORD>(value) & ~WS_EX_TOPMOST) | (window->exStyle & WS_EX_TOPMOST);
+            break;
+        case GWLP_ID:
+            window->id = value;
+            break;
+        case GWLP_USERDATA:
+            window->userData = value;
+            break;
+        case GWLP_HWNDPARENT:
+            if (!window->IsChild())
+                window->owner = reinterpret_cast<HWND>(value);
+            break;
+        default:
+            window->extra[index] = value;
     }
     return previous;
 }
 
-LONG GetWindowLongA(HWND window, int index) { return static_cast<LONG>(GetWindowLongPtrA(window, index)); }
+LONG GetWindowLongA(HWND window, int index)
+{
+    return static_cast<LONG>(GetWindowLongPtrA(window, index));
+}
 
 LONG SetWindowLongA(HWND window, int index, LONG value)
 {
@@ -83,9 +87,15 @@ int GetWindowTextA(HWND window, LPSTR text, int capacity)
         SendMessageA(window, WM_GETTEXT, static_cast<WPARAM>(capacity), reinterpret_cast<LPARAM>(text)));
 }
 
-int GetWindowTextLengthA(HWND window) { return static_cast<int>(SendMessageA(window, WM_GETTEXTLENGTH, 0, 0)); }
+int GetWindowTextLengthA(HWND window)
+{
+    return static_cast<int>(SendMessageA(window, WM_GETTEXTLENGTH, 0, 0));
+}
 
-int GetDlgCtrlID(HWND window) { return static_cast<int>(GetWindowLongPtrA(window, GWLP_ID)); }
+int GetDlgCtrlID(HWND window)
+{
+    return static_cast<int>(GetWindowLongPtrA(window, GWLP_ID));
+}
 
 BOOL EnableWindow(HWND handle, BOOL enable)
 {

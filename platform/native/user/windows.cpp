@@ -17,11 +17,15 @@ HandleTable<Window, 6>& Windows()
     return windows;
 }
 
-Window* LookUpWindow(HWND window) { return Windows().Peek(window); }
+Window* LookUpWindow(HWND window)
+{
+    return Windows().Peek(window);
+}
 
 namespace {
 
-[[maybe_unused]] const bool g_counted = RegisterLiveCount(&LiveCounts::windows, [] { return Windows().LiveCount(); });
+[[maybe_unused]] const bool g_counted =
+    RegisterLiveCount(&LiveCounts::windows, [] { return Windows().LiveCount(); });
 
 HWND AddWindow(const std::shared_ptr<WindowClass>& windowClass, const CREATESTRUCTA& parameters)
 {
@@ -52,7 +56,8 @@ void OpenOnDisplay(Window& window)
     SurfaceOptions options;
     options.isDecorated = (window.style & WS_CAPTION) == WS_CAPTION;
     options.isSizable = (window.style & WS_THICKFRAME) != 0;
-    const bool isTool = (window.exStyle & WS_EX_TOOLWINDOW) && (window.style & WS_POPUP) && !options.isDecorated;
+    const bool isTool =
+        (window.exStyle & WS_EX_TOOLWINDOW) && (window.style & WS_POPUP) && !options.isDecorated;
     options.isPassive = (window.exStyle & WS_EX_NOACTIVATE) != 0;
     options.isPopup = isTool || options.isPassive;
     options.isLayered = (window.exStyle & WS_EX_LAYERED) != 0;
@@ -174,8 +179,10 @@ bool SendCreation(HWND handle, CREATESTRUCTA& parameters)
     const Window* window = LookUpWindow(handle);
     if (window && !isOverlapped) {
         const RECT rect = window->rect;
-        SendMessageA(handle, WM_SIZE, SIZE_RESTORED, MAKELPARAM(rect.right - rect.left, rect.bottom - rect.top));
-        SendMessageA(handle, WM_MOVE, 0, MAKELPARAM(static_cast<WORD>(rect.left), static_cast<WORD>(rect.top)));
+        SendMessageA(handle, WM_SIZE, SIZE_RESTORED,
+                     MAKELPARAM(rect.right - rect.left, rect.bottom - rect.top));
+        SendMessageA(handle, WM_MOVE, 0,
+                     MAKELPARAM(static_cast<WORD>(rect.left), static_cast<WORD>(rect.top)));
     }
     NotifyParent(handle, WM_CREATE);
     return LookUpWindow(handle) != nullptr;
@@ -186,8 +193,8 @@ bool SendCreation(HWND handle, CREATESTRUCTA& parameters)
 
 using namespace qvui::native;
 
-HWND CreateWindowExA(DWORD exStyle, LPCSTR className, LPCSTR title, DWORD style, int x, int y, int width, int height,
-                     HWND parent, HMENU menu, HINSTANCE instance, LPVOID parameter)
+HWND CreateWindowExA(DWORD exStyle, LPCSTR className, LPCSTR title, DWORD style, int x, int y, int width,
+                     int height, HWND parent, HMENU menu, HINSTANCE instance, LPVOID parameter)
 {
     const std::shared_ptr<WindowClass> windowClass = className ? FindClass(className) : nullptr;
     if (!windowClass) {
@@ -198,8 +205,9 @@ HWND CreateWindowExA(DWORD exStyle, LPCSTR className, LPCSTR title, DWORD style,
         SetLastError(ERROR_INVALID_WINDOW_HANDLE);
         return nullptr;
     }
-    CREATESTRUCTA parameters{parameter, instance, menu, parent, height, width, y, x, static_cast<LONG>(style), title,
-                             className, exStyle};
+    CREATESTRUCTA parameters{
+        parameter, instance,  menu,   parent, height, width, y, x, static_cast<LONG>(style),
+        title,     className, exStyle};
     ChoosePlace(parameters);
     const HWND handle = AddWindow(windowClass, parameters);
     if (!(style & WS_CHILD))
@@ -229,4 +237,7 @@ BOOL DestroyWindow(HWND handle)
     return TRUE;
 }
 
-BOOL IsWindow(HWND window) { return LookUpWindow(window) != nullptr; }
+BOOL IsWindow(HWND window)
+{
+    return LookUpWindow(window) != nullptr;
+}

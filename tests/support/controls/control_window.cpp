@@ -57,8 +57,8 @@ void ControlWindow::Start()
     PumpWithoutPointer();
 }
 
-// The system reports where its pointer is when a window appears there, and on windows also where it was before;
-// a test's pointer speaks for itself.
+// The system reports where its pointer is when a window appears there, and on windows also where it was
+// before; a test's pointer speaks for itself.
 void ControlWindow::PumpWithoutPointer()
 {
     m_ignoresPointer = true;

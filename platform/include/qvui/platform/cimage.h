@@ -12,9 +12,10 @@ struct ImageHeader;
 /// A decoded bitmap, held as a bottom-up DIB section.
 ///
 /// PNG, JPEG, GIF, BMP, TIFF and ICO files decode, of several pictures the first. A PNG whose format carries
-/// transparency or is grey, and a GIF, TIFF or ICO that has a pixel that is not opaque, become 32 bits per pixel with
-/// straight (not premultiplied) alpha and the has-alpha flag; everything else becomes 24 bits. A file that is missing,
-/// cut short or broken, or whose picture has more than 64 million pixels, fails; there is no partial image.
+/// transparency or is grey, and a GIF, TIFF or ICO that has a pixel that is not opaque, become 32 bits per
+/// pixel with straight (not premultiplied) alpha and the has-alpha flag; everything else becomes 24 bits. A
+/// file that is missing, cut short or broken, or whose picture has more than 64 million pixels, fails; there
+/// is no partial image.
 class QVUI_API CImage {
 public:
     CImage() = default;
@@ -22,7 +23,8 @@ public:
     CImage& operator=(const CImage&) = delete;
     ~CImage() { Destroy(); }
 
-    /// Decodes a file or a stream from its current position, replacing what the image held. E_FAIL leaves it empty.
+    /// Decodes a file or a stream from its current position, replacing what the image held. E_FAIL leaves it
+    /// empty.
     HRESULT Load(LPCSTR path);
     HRESULT Load(IStream* stream);
     /// Makes an image of zeroed pixels, 24 or 32 bits each; negative heights are not accepted.
@@ -55,7 +57,8 @@ private:
         bool hasAlpha = false;
         std::vector<std::uint32_t> pixels;  // straight alpha, top row first
     };
-    static bool Decode(const std::vector<std::uint8_t>& file, const qvui::classlib::ImageHeader& header, Decoded& image);
+    static bool Decode(const std::vector<std::uint8_t>& file, const qvui::classlib::ImageHeader& header,
+                       Decoded& image);
     static bool EncodePng(const Decoded& image, LPCSTR path);
     HRESULT Adopt(const std::vector<std::uint8_t>& file);
 

@@ -10,8 +10,9 @@
 
 /// A multibyte string in the system code page, with value semantics.
 ///
-/// Positions and lengths count bytes. Operations that look at characters (case, trimming, searching, replacing) step
-/// over whole characters, so a double-byte or UTF-8 sequence is never split, nor found inside another.
+/// Positions and lengths count bytes. Operations that look at characters (case, trimming, searching,
+/// replacing) step over whole characters, so a double-byte or UTF-8 sequence is never split, nor found inside
+/// another.
 class QVUI_API CString {
 public:
     CString() = default;
@@ -42,7 +43,10 @@ public:
     void Empty() { m_text.clear(); }
 
     /// The byte at `index`; 0 at the end and beyond.
-    char GetAt(int index) const { return Size(index) < m_text.size() && index >= 0 ? m_text[Size(index)] : '\0'; }
+    char GetAt(int index) const
+    {
+        return Size(index) < m_text.size() && index >= 0 ? m_text[Size(index)] : '\0';
+    }
     char operator[](int index) const { return GetAt(index); }
     void SetAt(int index, char character);
 
@@ -92,21 +96,47 @@ public:
 #if defined(__GNUC__)
     __attribute__((format(printf, 2, 3)))
 #endif
-    void Format(LPCSTR format, ...);
+    void
+    Format(LPCSTR format, ...);
 #if defined(__GNUC__)
     __attribute__((format(printf, 2, 3)))
 #endif
-    void AppendFormat(LPCSTR format, ...);
+    void
+    AppendFormat(LPCSTR format, ...);
     void FormatV(LPCSTR format, va_list arguments);
 
-    friend CString operator+(const CString& left, const CString& right) { return CString(left.m_text + right.m_text); }
-    friend CString operator+(const CString& left, LPCSTR right) { return left + CString(right); }
-    friend CString operator+(LPCSTR left, const CString& right) { return CString(left) + right; }
-    friend bool operator==(const CString& left, const CString& right) { return left.m_text == right.m_text; }
-    friend bool operator!=(const CString& left, const CString& right) { return left.m_text != right.m_text; }
-    friend bool operator==(const CString& left, LPCSTR right) { return left.m_text == (right ? right : ""); }
-    friend bool operator!=(const CString& left, LPCSTR right) { return !(left == right); }
-    friend bool operator<(const CString& left, const CString& right) { return left.m_text < right.m_text; }
+    friend CString operator+(const CString& left, const CString& right)
+    {
+        return CString(left.m_text + right.m_text);
+    }
+    friend CString operator+(const CString& left, LPCSTR right)
+    {
+        return left + CString(right);
+    }
+    friend CString operator+(LPCSTR left, const CString& right)
+    {
+        return CString(left) + right;
+    }
+    friend bool operator==(const CString& left, const CString& right)
+    {
+        return left.m_text == right.m_text;
+    }
+    friend bool operator!=(const CString& left, const CString& right)
+    {
+        return left.m_text != right.m_text;
+    }
+    friend bool operator==(const CString& left, LPCSTR right)
+    {
+        return left.m_text == (right ? right : "");
+    }
+    friend bool operator!=(const CString& left, LPCSTR right)
+    {
+        return !(left == right);
+    }
+    friend bool operator<(const CString& left, const CString& right)
+    {
+        return left.m_text < right.m_text;
+    }
 
 private:
     int FindAt(std::string_view text, std::size_t from) const;
@@ -114,7 +144,10 @@ private:
     int FindInSet(LPCSTR set, std::size_t from, bool isMember) const;
     /// The bytes of the character at a position inside the text.
     int LengthAt(std::size_t at) const;
-    static std::size_t Size(int count) { return count > 0 ? static_cast<std::size_t>(count) : 0; }
+    static std::size_t Size(int count)
+    {
+        return count > 0 ? static_cast<std::size_t>(count) : 0;
+    }
 
     std::string m_text;
 };

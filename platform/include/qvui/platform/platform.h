@@ -22,11 +22,11 @@
 
 #else
 
-#include <qvui/platform/native/types.h>
-#include <qvui/platform/native/kernel.h>
 #include <qvui/platform/native/com.h>
 #include <qvui/platform/native/gdi.h>
+#include <qvui/platform/native/kernel.h>
 #include <qvui/platform/native/text.h>
+#include <qvui/platform/native/types.h>
 #include <qvui/platform/native/user.h>
 
 #endif

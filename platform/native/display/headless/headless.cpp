@@ -12,13 +12,22 @@ namespace {
 std::int64_t g_manualNow = 0;
 HeadlessDisplay* g_display = nullptr;
 
-std::int64_t ManualNow() { return g_manualNow; }
+std::int64_t ManualNow()
+{
+    return g_manualNow;
+}
 
-void ManualSleep(std::int64_t nanoseconds) { g_manualNow += nanoseconds; }
+void ManualSleep(std::int64_t nanoseconds)
+{
+    g_manualNow += nanoseconds;
+}
 
 }  // namespace
 
-HeadlessDisplay::HeadlessDisplay() { g_display = this; }
+HeadlessDisplay::HeadlessDisplay()
+{
+    g_display = this;
+}
 
 HeadlessDisplay::~HeadlessDisplay()
 {
@@ -32,7 +41,10 @@ HeadlessDisplay* TheHeadlessDisplay()
     return g_display;
 }
 
-std::unique_ptr<Display> MakeHeadlessDisplay() { return std::make_unique<HeadlessDisplay>(); }
+std::unique_ptr<Display> MakeHeadlessDisplay()
+{
+    return std::make_unique<HeadlessDisplay>();
+}
 
 void HeadlessDisplay::UseManualClock()
 {
@@ -48,7 +60,10 @@ void HeadlessDisplay::UseMachineClock()
     SetSleep(nullptr);
 }
 
-void HeadlessDisplay::Advance(std::int64_t milliseconds) { g_manualNow += milliseconds * 1'000'000; }
+void HeadlessDisplay::Advance(std::int64_t milliseconds)
+{
+    g_manualNow += milliseconds * 1'000'000;
+}
 
 void HeadlessDisplay::MovePointer(POINT screen)
 {
@@ -62,34 +77,44 @@ void HeadlessDisplay::LeaveWindows()
     TheInputSink().OnPointerLeft();
 }
 
-void HeadlessDisplay::Button(int button, bool isDown) { TheInputSink().OnButton(button, isDown); }
+void HeadlessDisplay::Button(int button, bool isDown)
+{
+    TheInputSink().OnButton(button, isDown);
+}
 
-void HeadlessDisplay::Wheel(int delta) { TheInputSink().OnWheel(delta); }
+void HeadlessDisplay::Wheel(int delta)
+{
+    TheInputSink().OnWheel(delta);
+}
 
 void HeadlessDisplay::Key(int virtualKey, bool isDown)
 {
     TheInputSink().OnKey(virtualKey, isDown);
     switch (virtualKey) {
-    case VK_SHIFT:
-    case VK_LSHIFT:
-    case VK_RSHIFT:
-        m_isShiftDown = isDown;
-        break;
-    case VK_CONTROL:
-    case VK_LCONTROL:
-    case VK_RCONTROL:
-    case VK_MENU:
-    case VK_LMENU:
-    case VK_RMENU:
-        m_isCommandDown = isDown;
-        break;
-    default:
-        if (const char typed = UsCharacter(virtualKey, m_isShiftDown); typed && isDown && !m_isCommandDown)
-            TheInputSink().OnText(std::string(1, typed));
+        case VK_SHIFT:
+        case VK_LSHIFT:
+        case VK_RSHIFT:
+            m_isShiftDown = isDown;
+            break;
+        case VK_CONTROL:
+        case VK_LCONTROL:
+        case VK_RCONTROL:
+        case VK_MENU:
+        case VK_LMENU:
+        case VK_RMENU:
+            m_isCommandDown = isDown;
+            break;
+        default:
+            if (const char typed = UsCharacter(virtualKey, m_isShiftDown);
+                typed && isDown && !m_isCommandDown)
+                TheInputSink().OnText(std::string(1, typed));
     }
 }
 
-void HeadlessDisplay::Type(const std::string& utf8) { TheInputSink().OnText(utf8); }
+void HeadlessDisplay::Type(const std::string& utf8)
+{
+    TheInputSink().OnText(utf8);
+}
 
 HeadlessDisplay::Shown* HeadlessDisplay::Entry(HWND window)
 {
@@ -167,8 +192,9 @@ std::uint32_t HeadlessDisplay::PixelAt(POINT screen) const
     for (const Shown& shown : m_windows) {
         const int x = screen.x - shown.screen.left;
         const int y = screen.y - shown.screen.top;
-        if (!shown.isShown || shown.isMinimised || !shown.pixels || x < 0 || y < 0 || x >= shown.pixels->width ||
-            y >= shown.pixels->height || (shown.shape && !shown.shape->Contains(x, y)))
+        if (!shown.isShown || shown.isMinimised || !shown.pixels || x < 0 || y < 0 ||
+            x >= shown.pixels->width || y >= shown.pixels->height ||
+            (shown.shape && !shown.shape->Contains(x, y)))
             continue;
         const std::uint32_t pixel = shown.pixels->Get(x, y);
         const std::uint32_t alpha = (shown.options.isLayered ? pixel >> 24 : 255U) * shown.opacity / 255;

@@ -16,10 +16,12 @@ struct CursorName {
     SDL_SystemCursor cursor;
 };
 constexpr CursorName kCursors[] = {
-    {32512, SDL_SYSTEM_CURSOR_ARROW},     {32513, SDL_SYSTEM_CURSOR_IBEAM},    {32514, SDL_SYSTEM_CURSOR_WAIT},
-    {32515, SDL_SYSTEM_CURSOR_CROSSHAIR}, {32642, SDL_SYSTEM_CURSOR_SIZENWSE}, {32643, SDL_SYSTEM_CURSOR_SIZENESW},
-    {32644, SDL_SYSTEM_CURSOR_SIZEWE},    {32645, SDL_SYSTEM_CURSOR_SIZENS},   {32646, SDL_SYSTEM_CURSOR_SIZEALL},
-    {32648, SDL_SYSTEM_CURSOR_NO},        {32649, SDL_SYSTEM_CURSOR_HAND},     {32650, SDL_SYSTEM_CURSOR_WAITARROW},
+    {32512, SDL_SYSTEM_CURSOR_ARROW},    {32513, SDL_SYSTEM_CURSOR_IBEAM},
+    {32514, SDL_SYSTEM_CURSOR_WAIT},     {32515, SDL_SYSTEM_CURSOR_CROSSHAIR},
+    {32642, SDL_SYSTEM_CURSOR_SIZENWSE}, {32643, SDL_SYSTEM_CURSOR_SIZENESW},
+    {32644, SDL_SYSTEM_CURSOR_SIZEWE},   {32645, SDL_SYSTEM_CURSOR_SIZENS},
+    {32646, SDL_SYSTEM_CURSOR_SIZEALL},  {32648, SDL_SYSTEM_CURSOR_NO},
+    {32649, SDL_SYSTEM_CURSOR_HAND},     {32650, SDL_SYSTEM_CURSOR_WAITARROW},
 };
 
 Uint32 WindowFlags(const SurfaceOptions& options)
@@ -32,7 +34,10 @@ Uint32 WindowFlags(const SurfaceOptions& options)
     return flags;
 }
 
-int Length(LONG low, LONG high) { return std::max(1, high - low); }
+int Length(LONG low, LONG high)
+{
+    return std::max(1, high - low);
+}
 
 // The pixels that are not fully transparent.
 Region OpaqueRegion(const Surface& surface)
@@ -87,8 +92,9 @@ void SdlDisplay::Open(HWND window, const RECT& screen, const SurfaceOptions& opt
     const bool hasAlpha = options.isLayered && !m_alphaVisual.empty();
     if (hasAlpha)
         SDL_SetHint(SDL_HINT_VIDEO_X11_WINDOW_VISUALID, m_alphaVisual.c_str());
-    SDL_Window* native = SDL_CreateWindow(options.title.c_str(), screen.left, screen.top, Length(screen.left, screen.right),
-                                          Length(screen.top, screen.bottom), WindowFlags(options));
+    SDL_Window* native =
+        SDL_CreateWindow(options.title.c_str(), screen.left, screen.top, Length(screen.left, screen.right),
+                         Length(screen.top, screen.bottom), WindowFlags(options));
     if (hasAlpha)
         SDL_SetHint(SDL_HINT_VIDEO_X11_WINDOW_VISUALID, nullptr);
     if (!native)
@@ -162,7 +168,8 @@ void SdlDisplay::Raise(HWND window)
 void SdlDisplay::Activate(HWND window)
 {
     SDL_Window* native = Find(window);
-    if (!native || (SDL_GetWindowFlags(native) & SDL_WINDOW_INPUT_FOCUS) || !(SDL_GetWindowFlags(native) & SDL_WINDOW_SHOWN))
+    if (!native || (SDL_GetWindowFlags(native) & SDL_WINDOW_INPUT_FOCUS) ||
+        !(SDL_GetWindowFlags(native) & SDL_WINDOW_SHOWN))
         return;
     SDL_RaiseWindow(native);
     SDL_SetWindowInputFocus(native);
@@ -193,9 +200,9 @@ void SdlDisplay::Present(HWND window, const Surface& surface, const RECT& damage
     if (!target)
         return;
     const bool isLayered = found->second.options.isLayered;
-    SDL_Surface* source =
-        SDL_CreateRGBSurfaceWithFormatFrom(surface.top, surface.width, surface.height, 32, static_cast<int>(surface.stride),
-                                           isLayered ? SDL_PIXELFORMAT_ARGB8888 : SDL_PIXELFORMAT_RGB888);
+    SDL_Surface* source = SDL_CreateRGBSurfaceWithFormatFrom(
+        surface.top, surface.width, surface.height, 32, static_cast<int>(surface.stride),
+        isLayered ? SDL_PIXELFORMAT_ARGB8888 : SDL_PIXELFORMAT_RGB888);
     SDL_SetSurfaceBlendMode(source, SDL_BLENDMODE_NONE);
     SDL_Rect area{damage.left, damage.top, damage.right - damage.left, damage.bottom - damage.top};
     SDL_Rect at = area;
@@ -218,14 +225,16 @@ void SdlDisplay::SetCursorShape(int systemCursor)
         return;
     SDL_Cursor*& cursor = m_cursors[systemCursor];
     if (!cursor)
-        cursor = SDL_CreateSystemCursor(known == std::end(kCursors) ? SDL_SYSTEM_CURSOR_ARROW : known->cursor);
+        cursor =
+            SDL_CreateSystemCursor(known == std::end(kCursors) ? SDL_SYSTEM_CURSOR_ARROW : known->cursor);
     SDL_SetCursor(cursor);
 }
 
 void SdlDisplay::SetCursorImage(const Surface& pixels, POINT hotSpot)
 {
-    SDL_Surface* image = SDL_CreateRGBSurfaceWithFormatFrom(pixels.top, pixels.width, pixels.height, 32,
-                                                            static_cast<int>(pixels.stride), SDL_PIXELFORMAT_ARGB8888);
+    SDL_Surface* image =
+        SDL_CreateRGBSurfaceWithFormatFrom(pixels.top, pixels.width, pixels.height, 32,
+                                           static_cast<int>(pixels.stride), SDL_PIXELFORMAT_ARGB8888);
     SDL_Cursor* cursor = image ? SDL_CreateColorCursor(image, hotSpot.x, hotSpot.y) : nullptr;
     SDL_FreeSurface(image);
     if (!cursor)
@@ -244,9 +253,15 @@ POINT SdlDisplay::Pointer()
     return point;
 }
 
-void SdlDisplay::SetPointer(POINT screen) { SDL_WarpMouseGlobal(screen.x, screen.y); }
+void SdlDisplay::SetPointer(POINT screen)
+{
+    SDL_WarpMouseGlobal(screen.x, screen.y);
+}
 
-void SdlDisplay::Capture(bool isCaptured) { SDL_CaptureMouse(isCaptured ? SDL_TRUE : SDL_FALSE); }
+void SdlDisplay::Capture(bool isCaptured)
+{
+    SDL_CaptureMouse(isCaptured ? SDL_TRUE : SDL_FALSE);
+}
 
 std::string SdlDisplay::ClipboardText()
 {
@@ -256,7 +271,10 @@ std::string SdlDisplay::ClipboardText()
     return result;
 }
 
-void SdlDisplay::SetClipboardText(const std::string& utf8) { SDL_SetClipboardText(utf8.c_str()); }
+void SdlDisplay::SetClipboardText(const std::string& utf8)
+{
+    SDL_SetClipboardText(utf8.c_str());
+}
 
 SIZE SdlDisplay::ScreenSize()
 {
@@ -267,7 +285,9 @@ SIZE SdlDisplay::ScreenSize()
 
 std::vector<Screen> SdlDisplay::Screens()
 {
-    const auto toRect = [](const SDL_Rect& rect) { return RECT{rect.x, rect.y, rect.x + rect.w, rect.y + rect.h}; };
+    const auto toRect = [](const SDL_Rect& rect) {
+        return RECT{rect.x, rect.y, rect.x + rect.w, rect.y + rect.h};
+    };
     std::vector<Screen> screens;
     for (int i = 0; i < SDL_GetNumVideoDisplays(); ++i) {
         SDL_Rect bounds{};
@@ -288,8 +308,8 @@ std::unique_ptr<Display> MakeSdlDisplay()
     SDL_SetHint(SDL_HINT_QUIT_ON_LAST_WINDOW_CLOSE, "0");
     if (SDL_InitSubSystem(SDL_INIT_VIDEO) != 0)
         return nullptr;
-    // SDL may make a window anew, where it stood at first, when it first draws on it through the graphics card. X
-    // shows pictures from memory without that.
+    // SDL may make a window anew, where it stood at first, when it first draws on it through the graphics
+    // card. X shows pictures from memory without that.
     if (std::string_view(SDL_GetCurrentVideoDriver()) == "x11")
         SDL_SetHint(SDL_HINT_FRAMEBUFFER_ACCELERATION, "0");
     ForgiveLateWakeUps();

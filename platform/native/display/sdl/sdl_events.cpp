@@ -46,38 +46,38 @@ void SdlDisplay::Wait(int milliseconds, InputSink& sink)
 void SdlDisplay::Report(const SDL_Event& event, InputSink& sink)
 {
     switch (event.type) {
-    case SDL_MOUSEMOTION:
-        sink.OnPointer(ToScreen(event.motion.windowID, event.motion.x, event.motion.y));
-        break;
-    case SDL_MOUSEBUTTONDOWN:
-    case SDL_MOUSEBUTTONUP:
-        if (const int button = VirtualButtonOf(event.button.button)) {
-            sink.OnPointer(ToScreen(event.button.windowID, event.button.x, event.button.y));
-            sink.OnButton(button, event.type == SDL_MOUSEBUTTONDOWN);
-        }
-        break;
-    case SDL_MOUSEWHEEL:
-        sink.OnWheel(WheelDelta(event.wheel));
-        break;
-    case SDL_KEYDOWN:
-    case SDL_KEYUP:
-        if (const int key = VirtualKeyOf(event.key.keysym))
-            sink.OnKey(key, event.type == SDL_KEYDOWN);
-        m_lastKey = event.key.keysym.sym;
-        break;
-    case SDL_TEXTINPUT:
-        ReportText(event.text.text, sink);
-        break;
-    case SDL_WINDOWEVENT:
-        ReportWindow(event.window, sink);
-        break;
-    default:
-        break;
+        case SDL_MOUSEMOTION:
+            sink.OnPointer(ToScreen(event.motion.windowID, event.motion.x, event.motion.y));
+            break;
+        case SDL_MOUSEBUTTONDOWN:
+        case SDL_MOUSEBUTTONUP:
+            if (const int button = VirtualButtonOf(event.button.button)) {
+                sink.OnPointer(ToScreen(event.button.windowID, event.button.x, event.button.y));
+                sink.OnButton(button, event.type == SDL_MOUSEBUTTONDOWN);
+            }
+            break;
+        case SDL_MOUSEWHEEL:
+            sink.OnWheel(WheelDelta(event.wheel));
+            break;
+        case SDL_KEYDOWN:
+        case SDL_KEYUP:
+            if (const int key = VirtualKeyOf(event.key.keysym))
+                sink.OnKey(key, event.type == SDL_KEYDOWN);
+            m_lastKey = event.key.keysym.sym;
+            break;
+        case SDL_TEXTINPUT:
+            ReportText(event.text.text, sink);
+            break;
+        case SDL_WINDOWEVENT:
+            ReportWindow(event.window, sink);
+            break;
+        default:
+            break;
     }
 }
 
-// With Ctrl or Alt a key types nothing, but X reports its letter all the same. The right Alt key may be one that
-// reaches a third level: what it types then is not the key's own letter.
+// With Ctrl or Alt a key types nothing, but X reports its letter all the same. The right Alt key may be one
+// that reaches a third level: what it types then is not the key's own letter.
 void SdlDisplay::ReportText(const char* utf8, InputSink& sink) const
 {
     const int modifiers = SDL_GetModState();
@@ -105,36 +105,37 @@ void SdlDisplay::ReportWindow(const SDL_WindowEvent& event, InputSink& sink)
     if (!window)
         return;
     switch (event.event) {
-    case SDL_WINDOWEVENT_MOVED:
-    case SDL_WINDOWEVENT_SIZE_CHANGED:
-        ReportPlace(window, sink);
-        break;
-    case SDL_WINDOWEVENT_MINIMIZED:
-    case SDL_WINDOWEVENT_RESTORED:
-        sink.OnMinimised(window, event.event == SDL_WINDOWEVENT_MINIMIZED);
-        break;
-    case SDL_WINDOWEVENT_CLOSE:
-        sink.OnClose(window);
-        break;
-    case SDL_WINDOWEVENT_FOCUS_GAINED:
-        m_mayHaveLostKeyboard = false;
-        sink.OnActivated(window);
-        break;
-    case SDL_WINDOWEVENT_FOCUS_LOST:
-        m_mayHaveLostKeyboard = true;
-        break;
-    case SDL_WINDOWEVENT_LEAVE:
-        sink.OnPointerLeft();
-        break;
-    case SDL_WINDOWEVENT_EXPOSED:
-        sink.OnExposed(window);
-        break;
-    default:
-        break;
+        case SDL_WINDOWEVENT_MOVED:
+        case SDL_WINDOWEVENT_SIZE_CHANGED:
+            ReportPlace(window, sink);
+            break;
+        case SDL_WINDOWEVENT_MINIMIZED:
+        case SDL_WINDOWEVENT_RESTORED:
+            sink.OnMinimised(window, event.event == SDL_WINDOWEVENT_MINIMIZED);
+            break;
+        case SDL_WINDOWEVENT_CLOSE:
+            sink.OnClose(window);
+            break;
+        case SDL_WINDOWEVENT_FOCUS_GAINED:
+            m_mayHaveLostKeyboard = false;
+            sink.OnActivated(window);
+            break;
+        case SDL_WINDOWEVENT_FOCUS_LOST:
+            m_mayHaveLostKeyboard = true;
+            break;
+        case SDL_WINDOWEVENT_LEAVE:
+            sink.OnPointerLeft();
+            break;
+        case SDL_WINDOWEVENT_EXPOSED:
+            sink.OnExposed(window);
+            break;
+        default:
+            break;
     }
 }
 
-// The keyboard often goes straight from one of our windows to another: only when it stays away has it been lost.
+// The keyboard often goes straight from one of our windows to another: only when it stays away has it been
+// lost.
 void SdlDisplay::ReportKeyboardLoss(InputSink& sink)
 {
     if (m_mayHaveLostKeyboard && !SDL_GetKeyboardFocus()) {

@@ -42,7 +42,8 @@ void SetX11Shape(SDL_Window* window, const Region* shape)
     std::vector<XRectangle> rectangles;
     for (const pixman_box32_t& box : shape->Boxes())
         rectangles.push_back({static_cast<short>(box.x1), static_cast<short>(box.y1),
-                              static_cast<unsigned short>(box.x2 - box.x1), static_cast<unsigned short>(box.y2 - box.y1)});
+                              static_cast<unsigned short>(box.x2 - box.x1),
+                              static_cast<unsigned short>(box.y2 - box.y1)});
     XShapeCombineRectangles(found.display, found.window, ShapeBounding, 0, 0, rectangles.data(),
                             static_cast<int>(rectangles.size()), ShapeSet, YXBanded);
     XFlush(found.display);
@@ -84,10 +85,20 @@ std::string X11AlphaVisual()
 
 namespace qvui::native {
 
-void SetX11Shape(SDL_Window*, const Region*) {}
-void RaiseX11Window(SDL_Window* window) { SDL_RaiseWindow(window); }
-void SetX11Owner(SDL_Window*, SDL_Window*) {}
-std::string X11AlphaVisual() { return {}; }
+void SetX11Shape(SDL_Window*, const Region*)
+{
+}
+void RaiseX11Window(SDL_Window* window)
+{
+    SDL_RaiseWindow(window);
+}
+void SetX11Owner(SDL_Window*, SDL_Window*)
+{
+}
+std::string X11AlphaVisual()
+{
+    return {};
+}
 
 }  // namespace qvui::native
 

@@ -160,8 +160,8 @@ QVUI_PLATFORM BOOL GdiFlush();
 
 QVUI_PLATFORM HBITMAP CreateBitmap(int width, int height, UINT planes, UINT bitCount, const void* bits);
 QVUI_PLATFORM HBITMAP CreateCompatibleBitmap(HDC dc, int width, int height);
-QVUI_PLATFORM HBITMAP CreateDIBSection(HDC dc, const BITMAPINFO* info, UINT usage, void** bits, HANDLE section,
-                                       DWORD offset);
+QVUI_PLATFORM HBITMAP CreateDIBSection(HDC dc, const BITMAPINFO* info, UINT usage, void** bits,
+                                       HANDLE section, DWORD offset);
 QVUI_PLATFORM int GetDIBits(HDC dc, HBITMAP bitmap, UINT start, UINT lines, LPVOID bits, BITMAPINFO* info,
                             UINT usage);
 QVUI_PLATFORM int SetDIBitsToDevice(HDC dc, int x, int y, DWORD width, DWORD height, int sourceX, int sourceY,
@@ -201,10 +201,10 @@ QVUI_PLATFORM BOOL RectVisible(HDC dc, const RECT* rect);
 QVUI_PLATFORM BOOL BitBlt(HDC dc, int x, int y, int width, int height, HDC source, int sourceX, int sourceY,
                           DWORD operation);
 QVUI_PLATFORM BOOL PatBlt(HDC dc, int x, int y, int width, int height, DWORD operation);
-QVUI_PLATFORM BOOL StretchBlt(HDC dc, int x, int y, int width, int height, HDC source, int sourceX, int sourceY,
-                              int sourceWidth, int sourceHeight, DWORD operation);
-QVUI_PLATFORM BOOL AlphaBlend(HDC dc, int x, int y, int width, int height, HDC source, int sourceX, int sourceY,
-                              int sourceWidth, int sourceHeight, BLENDFUNCTION blend);
+QVUI_PLATFORM BOOL StretchBlt(HDC dc, int x, int y, int width, int height, HDC source, int sourceX,
+                              int sourceY, int sourceWidth, int sourceHeight, DWORD operation);
+QVUI_PLATFORM BOOL AlphaBlend(HDC dc, int x, int y, int width, int height, HDC source, int sourceX,
+                              int sourceY, int sourceWidth, int sourceHeight, BLENDFUNCTION blend);
 QVUI_PLATFORM BOOL TransparentBlt(HDC dc, int x, int y, int width, int height, HDC source, int sourceX,
                                   int sourceY, int sourceWidth, int sourceHeight, UINT key);
 QVUI_PLATFORM BOOL GradientFill(HDC dc, TRIVERTEX* vertices, ULONG vertexCount, void* mesh, ULONG meshCount,

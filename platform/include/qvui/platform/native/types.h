@@ -131,10 +131,22 @@ union ULARGE_INTEGER {
     ULONGLONG QuadPart;
 };
 
-constexpr WORD LOWORD(DWORD_PTR value) { return static_cast<WORD>(value & 0xFFFF); }
-constexpr WORD HIWORD(DWORD_PTR value) { return static_cast<WORD>((value >> 16) & 0xFFFF); }
-constexpr BYTE LOBYTE(DWORD_PTR value) { return static_cast<BYTE>(value & 0xFF); }
-constexpr BYTE HIBYTE(DWORD_PTR value) { return static_cast<BYTE>((value >> 8) & 0xFF); }
+constexpr WORD LOWORD(DWORD_PTR value)
+{
+    return static_cast<WORD>(value & 0xFFFF);
+}
+constexpr WORD HIWORD(DWORD_PTR value)
+{
+    return static_cast<WORD>((value >> 16) & 0xFFFF);
+}
+constexpr BYTE LOBYTE(DWORD_PTR value)
+{
+    return static_cast<BYTE>(value & 0xFF);
+}
+constexpr BYTE HIBYTE(DWORD_PTR value)
+{
+    return static_cast<BYTE>((value >> 8) & 0xFF);
+}
 constexpr WORD MAKEWORD(DWORD_PTR low, DWORD_PTR high)
 {
     return static_cast<WORD>((low & 0xFF) | ((high & 0xFF) << 8));
@@ -155,15 +167,30 @@ constexpr LRESULT MAKELRESULT(DWORD_PTR low, DWORD_PTR high)
 {
     return static_cast<LRESULT>(static_cast<DWORD>(MAKELONG(low, high)));
 }
-constexpr int GET_X_LPARAM(LPARAM value) { return static_cast<SHORT>(LOWORD(static_cast<DWORD_PTR>(value))); }
-constexpr int GET_Y_LPARAM(LPARAM value) { return static_cast<SHORT>(HIWORD(static_cast<DWORD_PTR>(value))); }
+constexpr int GET_X_LPARAM(LPARAM value)
+{
+    return static_cast<SHORT>(LOWORD(static_cast<DWORD_PTR>(value)));
+}
+constexpr int GET_Y_LPARAM(LPARAM value)
+{
+    return static_cast<SHORT>(HIWORD(static_cast<DWORD_PTR>(value)));
+}
 constexpr COLORREF RGB(int red, int green, int blue)
 {
     return static_cast<COLORREF>((red & 0xFF) | ((green & 0xFF) << 8) | ((blue & 0xFF) << 16));
 }
-constexpr BYTE GetRValue(COLORREF colour) { return static_cast<BYTE>(colour & 0xFF); }
-constexpr BYTE GetGValue(COLORREF colour) { return static_cast<BYTE>((colour >> 8) & 0xFF); }
-constexpr BYTE GetBValue(COLORREF colour) { return static_cast<BYTE>((colour >> 16) & 0xFF); }
+constexpr BYTE GetRValue(COLORREF colour)
+{
+    return static_cast<BYTE>(colour & 0xFF);
+}
+constexpr BYTE GetGValue(COLORREF colour)
+{
+    return static_cast<BYTE>((colour >> 8) & 0xFF);
+}
+constexpr BYTE GetBValue(COLORREF colour)
+{
+    return static_cast<BYTE>((colour >> 16) & 0xFF);
+}
 
 /// An integer resource id as the name parameter of the resource functions.
 #define MAKEINTRESOURCEA(id) (reinterpret_cast<LPCSTR>(static_cast<ULONG_PTR>(static_cast<WORD>(id))))
@@ -199,5 +226,11 @@ inline constexpr HRESULT E_POINTER = static_cast<HRESULT>(0x80004003U);
 inline constexpr HRESULT E_FAIL = static_cast<HRESULT>(0x80004005U);
 inline constexpr HRESULT E_OUTOFMEMORY = static_cast<HRESULT>(0x8007000EU);
 inline constexpr HRESULT E_INVALIDARG = static_cast<HRESULT>(0x80070057U);
-constexpr bool SUCCEEDED(HRESULT result) { return result >= 0; }
-constexpr bool FAILED(HRESULT result) { return result < 0; }
+constexpr bool SUCCEEDED(HRESULT result)
+{
+    return result >= 0;
+}
+constexpr bool FAILED(HRESULT result)
+{
+    return result < 0;
+}

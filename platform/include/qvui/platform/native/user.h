@@ -118,7 +118,8 @@ inline constexpr DWORD WS_GROUP = 0x00020000;
 inline constexpr DWORD WS_TABSTOP = 0x00010000;
 inline constexpr DWORD WS_MINIMIZEBOX = 0x00020000;
 inline constexpr DWORD WS_MAXIMIZEBOX = 0x00010000;
-inline constexpr DWORD WS_OVERLAPPEDWINDOW = WS_CAPTION | WS_SYSMENU | WS_THICKFRAME | WS_MINIMIZEBOX | WS_MAXIMIZEBOX;
+inline constexpr DWORD WS_OVERLAPPEDWINDOW =
+    WS_CAPTION | WS_SYSMENU | WS_THICKFRAME | WS_MINIMIZEBOX | WS_MAXIMIZEBOX;
 inline constexpr DWORD WS_EX_TOPMOST = 8;
 inline constexpr DWORD WS_EX_TRANSPARENT = 0x20;
 inline constexpr DWORD WS_EX_TOOLWINDOW = 0x80;
@@ -439,7 +440,8 @@ QVUI_PLATFORM BOOL IsChild(HWND parent, HWND window);
 QVUI_PLATFORM HWND GetDesktopWindow();
 QVUI_PLATFORM HWND WindowFromPoint(POINT screen);
 QVUI_PLATFORM BOOL ShowWindow(HWND window, int command);
-QVUI_PLATFORM BOOL SetWindowPos(HWND window, HWND insertAfter, int x, int y, int width, int height, UINT flags);
+QVUI_PLATFORM BOOL SetWindowPos(HWND window, HWND insertAfter, int x, int y, int width, int height,
+                                UINT flags);
 QVUI_PLATFORM BOOL MoveWindow(HWND window, int x, int y, int width, int height, BOOL repaint);
 QVUI_PLATFORM BOOL BringWindowToTop(HWND window);
 QVUI_PLATFORM BOOL GetWindowRect(HWND window, RECT* rect);
@@ -463,7 +465,8 @@ QVUI_PLATFORM BOOL IsZoomed(HWND window);
 QVUI_PLATFORM int SetWindowRgn(HWND window, HRGN region, BOOL redraw);
 QVUI_PLATFORM int GetWindowRgn(HWND window, HRGN region);
 QVUI_PLATFORM BOOL UpdateLayeredWindow(HWND window, HDC screen, POINT* position, SIZE* size, HDC source,
-                                       POINT* sourcePosition, COLORREF key, BLENDFUNCTION* blend, DWORD flags);
+                                       POINT* sourcePosition, COLORREF key, BLENDFUNCTION* blend,
+                                       DWORD flags);
 QVUI_PLATFORM HWND GetNextDlgTabItem(HWND dialog, HWND control, BOOL previous);
 
 QVUI_PLATFORM LRESULT SendMessageA(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
@@ -476,7 +479,8 @@ QVUI_PLATFORM LONG GetMessageTime();
 QVUI_PLATFORM BOOL TranslateMessage(const MSG* message);
 QVUI_PLATFORM LRESULT DispatchMessageA(const MSG* message);
 QVUI_PLATFORM LRESULT DefWindowProcA(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
-QVUI_PLATFORM LRESULT CallWindowProcA(WNDPROC procedure, HWND window, UINT message, WPARAM wParam, LPARAM lParam);
+QVUI_PLATFORM LRESULT CallWindowProcA(WNDPROC procedure, HWND window, UINT message, WPARAM wParam,
+                                      LPARAM lParam);
 QVUI_PLATFORM UINT_PTR SetTimer(HWND window, UINT_PTR id, UINT milliseconds, TIMERPROC procedure);
 QVUI_PLATFORM BOOL KillTimer(HWND window, UINT_PTR id);
 
