@@ -27,9 +27,9 @@ void ShowTrace(void*, const char* line)
     constexpr std::string_view kRefusedDocument = "can not open file(";
     const std::string_view text(line);
     const std::size_t document = text.find(kRefusedDocument);
-    if (document != text.npos || text.find("failed") != text.npos)
+    if (document != std::string_view::npos || text.find("failed") != std::string_view::npos)
         std::fprintf(stderr, "%s\n", line);
-    if (document != text.npos) {
+    if (document != std::string_view::npos) {
         const std::size_t path = document + kRefusedDocument.size();
         ExplainDocument(std::string(text.substr(path, text.rfind(')') - path)));
     }

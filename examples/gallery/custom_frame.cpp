@@ -20,7 +20,6 @@ std::optional<LRESULT> CustomFrame::Handle(HWND hWnd, UINT message, WPARAM wPara
         return std::nullopt;
     switch (message) {
         case WM_NCCALCSIZE:
-            return 0;
         case WM_NCPAINT:
             return 0;
         case WM_NCHITTEST:

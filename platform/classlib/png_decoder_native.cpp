@@ -79,6 +79,7 @@ bool DecodePng(std::span<const std::uint8_t> file, PicturePixels& image)
     const auto width = static_cast<std::size_t>(image.width);
     image.pixels.resize(width * static_cast<std::size_t>(image.height));
     std::vector<std::uint8_t*> rows;
+    rows.reserve(static_cast<std::size_t>(image.height));
     for (int y = 0; y < image.height; ++y)
         rows.push_back(
             reinterpret_cast<std::uint8_t*>(image.pixels.data() + static_cast<std::size_t>(y) * width));

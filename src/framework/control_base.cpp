@@ -131,10 +131,8 @@ SIZE Extent(const CString& text, const CTextStyle& style, UINT format)
 template <class Call>
 void ForEachChild(const std::vector<CRefPtr<IDUIControl>>& children, Call call)
 {
-    for (std::size_t i = 0; i < children.size(); ++i) {
-        const CRefPtr<IDUIControl> child = children[i];
-        call(child);
-    }
+    for (std::size_t i = 0; i < children.size(); ++i)
+        call(CRefPtr<IDUIControl>(children[i]));
 }
 
 }  // namespace

@@ -130,11 +130,11 @@ private:
         if (!RectVisible(hdc, &place))
             return;
         const int shift = rect.left + line.Shift(rect.right - rect.left);
+        const html::Box* const boxes = m_layout.boxes.data() + line.firstBox;
         for (int i = 0; i < line.boxCount; ++i) {
-            const html::Box& box = m_layout.boxes[static_cast<std::size_t>(line.firstBox + i)];
-            RECT at = box.rect;
+            RECT at = boxes[i].rect;
             OffsetRect(&at, shift, rect.top);
-            DrawBox(hdc, ruler, box, at, rect);
+            DrawBox(hdc, ruler, boxes[i], at, rect);
         }
     }
 

@@ -152,7 +152,7 @@ void CDUIWindowMgr::FinishWindowMgr()
 
 CRefPtr<IDUIControl> CDUIWindowMgr::DetachRootControl()
 {
-    const CRefPtr<IDUIControl> root = m_pRoot;
+    CRefPtr<IDUIControl> root = m_pRoot;
     m_pRoot = nullptr;
     m_isAttached = false;
     m_pCapture = m_pHover = m_pFocus = nullptr;

@@ -170,15 +170,14 @@ void Turn(const Turned& whole)
         }
 }
 
-// Reverses a row's pixels; `copy` holds the row and a byte more. Moving four bytes at once is faster than
-// moving three, and the fourth is overwritten by the next pixel.
+// Reverses a row's pixels of three or four bytes; `copy` holds the row and a byte more. Moving four bytes at
+// once is faster than moving three, and the fourth is overwritten by the next pixel.
 template <int size>
 void ReverseRow(BYTE* row, const BYTE* copy, int width)
 {
-    constexpr int kMoved = size == 3 ? 4 : size;
     const BYTE* from = copy + static_cast<std::ptrdiff_t>(width - 1) * size;
     for (int x = 0; x < width - 1; ++x, row += size, from -= size)
-        std::memcpy(row, from, kMoved);
+        std::memcpy(row, from, 4);
     std::memcpy(row, copy, size);
 }
 

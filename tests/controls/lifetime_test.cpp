@@ -121,8 +121,9 @@ TEST_F(Lifetime, ACopyLooksTheSame)
         ControlWindow window({60, 40}, content);
         IDUIControl* const original = window.GetRootControl();
         const ClientPixels pixels = window.Paint();
-        CRefPtr<IDUIControl> copy = original->Clone();
-        EXPECT_EQ(typeid(*copy.GetPtr()), typeid(*original)) << content;
+        const CRefPtr<IDUIControl> copy = original->Clone();
+        const IDUIControl& copied = *copy.GetPtr();
+        EXPECT_EQ(typeid(copied), typeid(*original)) << content;
         ControlWindow other({60, 40}, copy);
         EXPECT_EQ(Difference(pixels, other.Paint()), "0,0,0,0") << content;
     }

@@ -59,7 +59,7 @@ std::string LocalPath(const char* path)
 
 std::string ExistingPath(const char* path)
 {
-    const std::string wanted = LocalPath(path);
+    std::string wanted = LocalPath(path);
     if (wanted.empty() || Exists(wanted))
         return wanted;
     std::string found = wanted[0] == '/' ? "/" : "";

@@ -74,7 +74,7 @@ std::string X11AlphaVisual()
         return {};
     XVisualInfo visual{};
     const bool hasAlpha = XMatchVisualInfo(display, DefaultScreen(display), 32, TrueColor, &visual) != 0;
-    const std::string id = hasAlpha ? std::to_string(visual.visualid) : std::string();
+    std::string id = hasAlpha ? std::to_string(visual.visualid) : std::string();
     XCloseDisplay(display);
     return id;
 }
