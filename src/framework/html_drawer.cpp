@@ -130,11 +130,10 @@ private:
         if (!RectVisible(hdc, &place))
             return;
         const int shift = rect.left + line.Shift(rect.right - rect.left);
-        const html::Box* const boxes = m_layout.boxes.data() + line.firstBox;
-        for (int i = 0; i < line.boxCount; ++i) {
-            RECT at = boxes[i].rect;
+        for (const html::Box& box : m_layout.BoxesOf(line)) {
+            RECT at = box.rect;
             OffsetRect(&at, shift, rect.top);
-            DrawBox(hdc, ruler, boxes[i], at, rect);
+            DrawBox(hdc, ruler, box, at, rect);
         }
     }
 

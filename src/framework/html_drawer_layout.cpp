@@ -270,15 +270,9 @@ private:
         }
     }
 
-    std::span<Box> BoxesOf(const Line& line)
-    {
-        return std::span(m_layout.boxes)
-            .subspan(static_cast<std::size_t>(line.firstBox), static_cast<std::size_t>(line.boxCount));
-    }
-
     void PlaceAcross(Line& line)
     {
-        for (Box& box : BoxesOf(line)) {
+        for (Box& box : m_layout.BoxesOf(line)) {
             // A joined text need not be as wide as its atoms together.
             const LONG width = box.kind == PieceKind::Text ? m_ruler.Width(box.style, box.text)
                                                            : box.rect.right - box.rect.left;
@@ -293,7 +287,7 @@ private:
         LineMetrics text = line.boxCount == 0 ? m_ruler.Metrics(style) : LineMetrics{};
         int descent = text.height - text.ascent;
         int tallest = 0;
-        for (Box& box : BoxesOf(line)) {
+        for (Box& box : m_layout.BoxesOf(line)) {
             if (box.kind == PieceKind::Text) {
                 const LineMetrics metrics = m_ruler.Metrics(box.style);
                 text.ascent = std::max(text.ascent, metrics.ascent);
@@ -308,7 +302,7 @@ private:
         }
         text.height = text.ascent + descent;
         line.height = std::max({text.height, tallest, 1});
-        for (Box& box : BoxesOf(line)) {
+        for (Box& box : m_layout.BoxesOf(line)) {
             const int top = box.kind == PieceKind::Text
                                 ? (line.height - text.height) / 2 + text.ascent
                                 : (line.height - static_cast<int>(box.rect.bottom)) / 2;

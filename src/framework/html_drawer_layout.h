@@ -1,5 +1,6 @@
 #pragma once
 
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -51,6 +52,17 @@ struct Layout {
     std::vector<Box> boxes;
     std::vector<Line> lines;
     SIZE size{};
+
+    std::span<Box> BoxesOf(const Line& line)
+    {
+        return std::span(boxes).subspan(static_cast<std::size_t>(line.firstBox),
+                                        static_cast<std::size_t>(line.boxCount));
+    }
+    std::span<const Box> BoxesOf(const Line& line) const
+    {
+        return std::span(boxes).subspan(static_cast<std::size_t>(line.firstBox),
+                                        static_cast<std::size_t>(line.boxCount));
+    }
 };
 
 /// Fills lines up to `maxWidth` pixels. A line ends where MayBreakBetween allows it, and inside a word only

@@ -32,12 +32,12 @@ TEST(RefPtr, LastHolderDeletesThroughTheMostDerivedDestructor)
         EXPECT_EQ(object->GetRefCount(), 0);
         CRefPtr<Base> first(object);
         {
-            const CRefPtr<Base> second(first);
+            const CRefPtr<Base> second(first);  // NOLINT(performance-unnecessary-copy-initialization)
             EXPECT_TRUE(second == first);
             EXPECT_EQ(object->GetRefCount(), 2);
         }
         const CRefPtr<Base> moved(std::move(first));
-        EXPECT_TRUE(first.IsNull());
+        EXPECT_TRUE(first.IsNull());  // NOLINT(bugprone-use-after-move)
         EXPECT_EQ(moved.GetPtr(), object);
         EXPECT_EQ(object->GetRefCount(), 1);
         EXPECT_EQ(deletions, 0);

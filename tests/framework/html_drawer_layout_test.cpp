@@ -59,10 +59,11 @@ std::string Dump(const Layout& layout, int space)
     std::string dump;
     for (const Line& line : layout.lines) {
         dump += dump.empty() ? "" : " | ";
-        for (int i = 0; i < line.boxCount; ++i) {
-            const Box& box = layout.boxes.at(static_cast<std::size_t>(line.firstBox + i));
-            dump += (i ? " " : "") + (box.kind == PieceKind::Rule ? std::string("---") : box.text) + "@" +
+        const char* gap = "";
+        for (const Box& box : layout.BoxesOf(line)) {
+            dump += gap + (box.kind == PieceKind::Rule ? std::string("---") : box.text) + "@" +
                     std::to_string(box.rect.left + line.Shift(space)) + "," + std::to_string(box.rect.top);
+            gap = " ";
         }
     }
     return dump;

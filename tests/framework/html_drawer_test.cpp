@@ -196,7 +196,7 @@ TEST_F(HtmlDrawer, RulesSpanTheRectangleAndCentresStandInIt)
     EXPECT_EQ(rule.bottom - rule.top, 1);
     paper.Clear();
     Draw("<center>mm</center>", {100, 0, 200, 40});
-    EXPECT_NEAR((paper.InkBounds().left + paper.InkBounds().right) / 2, 150, 2);
+    EXPECT_NEAR(paper.InkBounds().left + paper.InkBounds().right, 2 * 150, 4);
 }
 
 TEST_F(HtmlDrawer, KeepsTheContextAndItsClip)

@@ -38,8 +38,8 @@ std::vector<std::string> LinesOf(const char* text, int width)
     std::vector<std::string> lines;
     for (const Line& line : layout.lines) {
         lines.emplace_back();
-        for (int i = 0; i < line.boxCount; ++i)
-            lines.back() += layout.boxes[static_cast<std::size_t>(line.firstBox + i)].text;
+        for (const Box& box : layout.BoxesOf(line))
+            lines.back() += box.text;
     }
     return lines;
 }

@@ -100,7 +100,7 @@ TEST_F(BitmapFunctions, ScaledFormsFillTheRectangle)
 {
     constexpr std::uint32_t kBackground = 0x00404040;
     const Section bitmap(2, 1, [](int x, int) { return x ? 0x00FF00FFU : 0x80402010U; });
-    const auto row = [&bitmap](auto draw) {
+    const auto row = [](auto draw) {
         Canvas canvas(4, 1);
         canvas.Fill(kBackground);
         EXPECT_TRUE(draw(canvas, RECT{0, 0, 4, 1}));

@@ -19,7 +19,7 @@ HGLOBAL BlockOf(const std::string& text)
 
 std::string TextOf(HGLOBAL block, std::size_t size)
 {
-    const std::string text(static_cast<const char*>(GlobalLock(block)), size);
+    std::string text(static_cast<const char*>(GlobalLock(block)), size);
     GlobalUnlock(block);
     return text;
 }

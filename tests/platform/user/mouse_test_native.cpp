@@ -152,7 +152,7 @@ TEST_F(NativeMouse, AWindowThatComesOrGoesUnderThePointerMakesAMove)
     PlatformWindow child(Child("child", top, {10, 10, 60, 60}));
     const auto told = [&] {
         Pump();
-        const std::string window = log.Last(WM_MOUSEMOVE).window;
+        std::string window = log.Last(WM_MOUSEMOVE).window;
         log.Clear();
         return window;
     };
