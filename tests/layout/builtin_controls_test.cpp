@@ -95,7 +95,9 @@ TEST_F(BuiltinTags, AnswerTheirNamesAndNoOthers)
             EXPECT_EQ(control->GetInterface(upper), control->GetInterface(name)) << name;
         }
         const CRefPtr<IDUIControl> copy = control->Clone();
-        EXPECT_EQ(typeid(*copy.GetPtr()), typeid(*control.GetPtr())) << answers.tag;
+        const IDUIControl& original = *control.GetPtr();
+        const IDUIControl& copied = *copy.GetPtr();
+        EXPECT_EQ(typeid(copied), typeid(original)) << answers.tag;
     }
 }
 

@@ -37,8 +37,9 @@ std::string ReadAll(const std::string& path)
 std::string TagOf(const IDUIControl& control)
 {
     for (const BuiltinControl& builtin : BuiltinControls()) {
-        const CRefPtr<IDUIControl> sample = builtin.create();
-        if (typeid(*sample.GetPtr()) == typeid(control))
+        const CRefPtr<IDUIControl> created = builtin.create();
+        const IDUIControl& sample = *created.GetPtr();
+        if (typeid(sample) == typeid(control))
             return builtin.tag;
     }
     return "?";

@@ -8,7 +8,7 @@ using DUI::CDUISkinMgr;
 
 namespace {
 
-struct SkinObserver : DUI::IDUISkinObserver {
+struct SkinObserver final : DUI::IDUISkinObserver {
     explicit SkinObserver(std::function<void()> action = nullptr) : call(std::move(action)) {}
     void OnSkinUIDataChanged() override
     {

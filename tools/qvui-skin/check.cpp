@@ -167,6 +167,7 @@ void Checker::CheckPlainAttributes(const Place& place, const std::vector<EntryAt
             continue;
         }
         std::vector<std::string> names;
+        names.reserve(known.size());
         for (const EntryAttribute& candidate : known)
             names.emplace_back(candidate.name);
         ReportUnknown(place, attribute, names);

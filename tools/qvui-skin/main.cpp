@@ -1,5 +1,6 @@
 #include <clocale>
 #include <cstdio>
+#include <exception>
 #include <fstream>
 
 #include <CLI/CLI.hpp>
@@ -100,7 +101,7 @@ void AddPackageOptions(CLI::App& command, Options& options)
 }  // namespace
 
 int main(int argc, char** argv)
-{
+try {
     std::setlocale(LC_ALL, "");
     std::setlocale(LC_NUMERIC, "C");
     CLI::App app{"Checks, lists and draws skin packages.", "qvui-skin"};
@@ -138,4 +139,7 @@ int main(int argc, char** argv)
         return code == 0 ? kClean : kUnreadable;
     }
     return status;
+} catch (const std::exception& error) {
+    std::fprintf(stderr, "qvui-skin: %s\n", error.what());
+    return kUnreadable;
 }
