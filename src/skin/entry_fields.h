@@ -17,12 +17,23 @@ struct EntryField : EntryAttribute {
           target(fieldTarget)
     {
     }
+    /// An integer.
+    constexpr EntryField(const char* fieldName, IntegerRange fieldRange, const char* fieldDescription,
+                         Target fieldTarget)
+        : EntryAttribute{fieldName, AttributeKind::Integer, fieldDescription, nullptr, fieldRange},
+          target(fieldTarget)
+    {
+    }
 
     Target target;
 };
 /// One whose text a record keeps as it stands.
 template <class Record>
 using TextField = EntryField<CString Record::*>;
+
+inline constexpr IntegerRange kFontWeights{0, 999};
+inline constexpr IntegerRange kIconCounts{1};
+inline constexpr IntegerRange kResourceIds{0, 0xFFFF};
 
 using EntryAttributes = std::vector<EntryAttribute>;
 

@@ -31,7 +31,7 @@ constexpr TextField<CResourceFontData> kFontFields[] = {
     {"facename", AttributeKind::StringId, "The typeface.", &CResourceFontData::m_strFaceName},
     {"height", AttributeKind::Integer, "The cell height in pixels; negative: the em size.",
      &CResourceFontData::m_strHeight},
-    {"weight", AttributeKind::Integer, "0 to 999; 400 is normal, 700 bold.", &CResourceFontData::m_strWeight},
+    {"weight", kFontWeights, "400 is normal, 700 bold.", &CResourceFontData::m_strWeight},
     {"italic", AttributeKind::Boolean, "Whether it is italic.", &CResourceFontData::m_strItalic},
     {"underline", AttributeKind::Boolean, "Whether it is underlined.", &CResourceFontData::m_strUnderline},
     {"strikeout", AttributeKind::Boolean, "Whether it is struck out.", &CResourceFontData::m_strStrikeout},
@@ -41,7 +41,7 @@ constexpr EntryAttribute kFontDefault{"default", AttributeKind::Boolean,
 
 // Besides those of its source.
 constexpr TextField<CResourceImageData> kImageFields[] = {
-    {"count", AttributeKind::Integer, "How many icons the picture holds; 1 without it.",
+    {"count", kIconCounts, "How many icons the picture holds; 1 without it.",
      &CResourceImageData::m_strCount},
     {"direction", AttributeKind::ChoiceAny, "vert: the icons stand one above the other, not side by side.",
      &CResourceImageData::m_strDirection, DirectionWords},
@@ -50,8 +50,7 @@ constexpr TextField<CResourceImageData> kImageFields[] = {
      &CResourceImageData::m_strDrawStyle, DrawStyleWords},
     {"corner", AttributeKind::IntPair,
      "Width and height of the corners that keep their size in stretch_horz, stretch_vert and squard; the "
-     "first "
-     "number alone counts in stretch_vert.",
+     "first number alone counts in stretch_vert.",
      &CResourceImageData::m_strCorner},
     {"alpha", AttributeKind::Text, "Kept, but without effect.", &CResourceImageData::m_strAlpha},
     {"mask_color", AttributeKind::Text, "Kept, but without effect.", &CResourceImageData::m_strMaskColor},

@@ -5,6 +5,7 @@
 #include <qvui/skin/document_words.h>
 
 #include "skin/document_sets.h"
+#include "skin/entry_fields.h"
 
 namespace DUI {
 namespace {
@@ -29,7 +30,7 @@ void ReadPair(const char* text, SIZE& pair)
 // The record's attributes that say how its picture is cut and drawn. A corner that is no pair counts as 0,0.
 void ApplyImageAttributes(CResourceImageData& record, CDUIImageList& list)
 {
-    if (const int count = std::atoi(record.m_strCount); count > 0)
+    if (const int count = std::atoi(record.m_strCount); kIconCounts.Holds(count))
         list.SetItemCount(static_cast<DWORD>(count));
     list.SetDrawStyle(static_cast<IMAGE_DRAW_STYLE>(
         DrawStyleWords().Find(record.m_strDrawStyle.View(), list.GetDrawStyle())));
@@ -313,12 +314,11 @@ CRefPtr<CFontObject> CResMgr::GetDefaultFont()
 
 CRefPtr<CFontObject> CResMgr::CreateFontA(const CRefPtr<CResourceFontData>& record)
 {
-    constexpr int kHeaviest = 999;
     CRefPtr<CFontObject> font(new CFontObject);
     if (!record->m_strHeight.IsEmpty())
         font->SetHeight(std::atoi(record->m_strHeight));
     if (!record->m_strWeight.IsEmpty())
-        if (const int weight = std::atoi(record->m_strWeight); weight >= 0 && weight <= kHeaviest)
+        if (const int weight = std::atoi(record->m_strWeight); kFontWeights.Holds(weight))
             font->SetWeight(weight);
     if (!record->m_strItalic.IsEmpty())
         font->SetItalic(IsTrue(record->m_strItalic));

@@ -14,8 +14,7 @@ inline constexpr TextField<CResourceFileInfo> kSourceFields[] = {
     {"file_name", AttributeKind::FileName,
      "For file: the file, relative to the program's directory; for dll: the module that holds it.",
      &CResourceFileInfo::m_strFileName},
-    {"resource_id", AttributeKind::Integer, "For dll and exe: the resource's id.",
-     &CResourceFileInfo::m_strResourceId},
+    {"resource_id", kResourceIds, "For dll and exe: the resource's id.", &CResourceFileInfo::m_strResourceId},
     {"resource_type", AttributeKind::Text, "For dll and exe: the resource's type.",
      &CResourceFileInfo::m_strResourceType},
 };

@@ -51,7 +51,7 @@ TEST(Values, TellFormsThatDoNotReadAsTheirKindSays)
     using Texts = std::vector<const char*>;
     const Table<ValueKind, Texts, Texts> cases{
         // right and wrong
-        {ValueKind::Integer, {"12", " -7 ", ""}, {"12px", "1.5"}},
+        {ValueKind::Integer, {"12", " -7 ", ""}, {"12px", "1.5", "99999999999", "-2147483649"}},
         {ValueKind::IntPair, {"1,2", "1;  2"}, {"1", "1,2,3"}},
         {ValueKind::Rect, {"1,2,3,4", "1, 2, 3, -4"}, {"1,2,3", "1,,3,4"}},
         {ValueKind::Boolean, {"TRUE"}, {"1"}},
@@ -63,7 +63,7 @@ TEST(Values, TellFormsThatDoNotReadAsTheirKindSays)
         {ValueKind::ChoiceAny, {"GROUP"}, {"groups"}},
         {ValueKind::Color,
          {"#80FF00aa", "rgb(1,2,3)", "rGb ( 1, 2, 3 )", "ink"},
-         {"#123456789", "#12345G", "rgb(1,2)", "rgb_ink"}},
+         {"#123456789", "#12345G", "rgb(1,2)", "rgb(1,2,256)", "rgb(-1,2,3)", "rgb_ink"}},
         {ValueKind::LiteralColor, {"#FF000000"}, {"ink"}},
         {ValueKind::ColorPair, {"ink,#FF000000"}, {"ink,ink,ink"}},
         {ValueKind::Colors, {"ink,,#FF000000"}, {"ink,#zz"}},
@@ -78,6 +78,22 @@ TEST(Values, TellFormsThatDoNotReadAsTheirKindSays)
         for (const char* text : wrong)
             EXPECT_FALSE(isRight(kind, text)) << text;
     }
+}
+
+TEST(Values, OfIntegersStayInTheirRange)
+{
+    const Table<const char*, IntegerRange, const char*> cases{
+        {"0", {0, 999}, ""},
+        {"999", {0, 999}, ""},
+        {"-1", {0, 999}, R"("-1" is out of range: write a number from 0 to 999)"},
+        {"1000", {0, 999}, R"("1000" is out of range: write a number from 0 to 999)"},
+        {"0", {1}, R"("0" is out of range: write a number from 1)"},
+        {"2147483647", {1}, ""},
+        {"2147483648", {}, R"("2147483648" is too large a number)"},
+    };
+    for (const auto& [value, range, problem] : cases)
+        EXPECT_EQ(CheckForm(ValueKind::Integer, value, "", range).value_or(ValueProblem{}).text, problem)
+            << value;
 }
 
 TEST(Values, FindTheNamesTheyReferTo)

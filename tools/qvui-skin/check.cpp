@@ -163,7 +163,7 @@ void Checker::CheckPlainAttributes(const Place& place, const std::vector<EntryAt
             return attribute.name == candidate.name;
         });
         if (found != known.end()) {
-            CheckValue(place, attribute, found->kind, KeywordsOf(*found));
+            CheckValue(place, attribute, found->kind, KeywordsOf(*found), found->range);
             continue;
         }
         std::vector<std::string> names;

@@ -40,8 +40,8 @@ private:
     void CheckUnique(const PackageDocument& part, const std::vector<SeenEntry>& entries);
 
     // check_values.cpp: attribute values
-    void CheckValue(const Place& place, const Attribute& attribute, ValueKind kind,
-                    std::string_view keywords);
+    void CheckValue(const Place& place, const Attribute& attribute, ValueKind kind, std::string_view keywords,
+                    IntegerRange range = {});
     void CheckControlName(const Place& place, const Attribute& attribute);
     void ReportUnknown(const Place& place, const Attribute& attribute, const std::vector<std::string>& known);
 

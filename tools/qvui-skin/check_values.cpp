@@ -11,14 +11,14 @@ void Checker::ReportUnknown(const Place& place, const Attribute& attribute,
 }
 
 void Checker::CheckValue(const Place& place, const Attribute& attribute, ValueKind kind,
-                         std::string_view keywords)
+                         std::string_view keywords, IntegerRange range)
 {
     if (kind == ValueKind::Ignored) {
         m_report.Add(Severity::Note, place.document, attribute.nameOffset,
                      "\"" + attribute.name + "\" has no effect on \"" + place.element.tag + "\"");
         return;
     }
-    if (const auto problem = CheckForm(kind, attribute.value, keywords)) {
+    if (const auto problem = CheckForm(kind, attribute.value, keywords, range)) {
         m_report.Add(Severity::Warning, place.document, attribute.valueOffset,
                      attribute.name + ": " + problem->text, problem->suggestion);
         return;

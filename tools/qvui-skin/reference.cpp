@@ -43,6 +43,12 @@ std::string ValueText(ValueKind kind, std::string_view keywords)
     return Describe(kind) + (keywords.empty() ? std::string() : ": " + Words(keywords));
 }
 
+std::string ValueText(const EntryAttribute& attribute)
+{
+    const std::string range = RangeText(attribute.range);
+    return ValueText(attribute.kind, KeywordsOf(attribute)) + (range.empty() ? "" : " ") + range;
+}
+
 std::string Row(const std::string& name, const std::string& value, const std::string& defaultValue,
                 const std::string& description)
 {
@@ -63,8 +69,8 @@ std::string EntryRows(const std::vector<EntryAttribute>& attributes)
 {
     std::string rows = "| Attribute | Value | Meaning |\n|---|---|---|\n";
     for (const EntryAttribute& attribute : attributes)
-        rows += "| " + Code(attribute.name) + " | " + Cell(ValueText(attribute.kind, KeywordsOf(attribute))) +
-                " | " + Cell(attribute.description) + " |\n";
+        rows += "| " + Code(attribute.name) + " | " + Cell(ValueText(attribute)) + " | " +
+                Cell(attribute.description) + " |\n";
     return rows + "\n";
 }
 

@@ -47,6 +47,16 @@ Problem CheckIntegers(const std::string& value, int count)
     return IsIntegerList(value, count) ? Problem() : Wrong(value, kMeanings[count]);
 }
 
+Problem CheckInteger(const std::string& value, IntegerRange range)
+{
+    if (Problem problem = CheckIntegers(value, 1))
+        return problem;
+    if (range.Holds(std::strtoll(value.c_str(), nullptr, 10)))
+        return {};
+    const std::string bounds = RangeText(range);
+    return Wrong(value, bounds.empty() ? "too large a number" : "out of range: write a number " + bounds);
+}
+
 Problem CheckNumber(const std::string& value)
 {
     char* end = nullptr;
@@ -122,16 +132,21 @@ bool IsRgbColor(const std::string& color)
     int green = 0;
     int blue = 0;
     int end = 0;
-    return std::sscanf(color.c_str() + 3, " (%d,%d,%d )%n", &red, &green, &blue, &end) == 3 && end > 0;
+    constexpr IntegerRange kByte{0, 255};
+    return std::sscanf(color.c_str() + 3, " (%d,%d,%d )%n", &red, &green, &blue, &end) == 3 && end > 0 &&
+           kByte.Holds(red) && kByte.Holds(green) && kByte.Holds(blue);
+}
+
+Problem NoColor(const std::string& value)
+{
+    return Wrong(value, "no colour: write #AARRGGBB, or rgb(r,g,b) with numbers from 0 to 255");
 }
 
 Problem CheckColor(const std::string& color)
 {
-    if (!LooksLiteral(color))
+    if (!LooksLiteral(color) || (color[0] == '#' ? IsHexColor(color) : IsRgbColor(color)))
         return {};
-    return (color[0] == '#' ? IsHexColor(color) : IsRgbColor(color))
-               ? Problem()
-               : Wrong(color, "no colour: write #AARRGGBB or rgb(r,g,b)");
+    return NoColor(color);
 }
 
 Problem CheckColors(const std::string& value, std::size_t most)
@@ -233,7 +248,15 @@ std::string KeywordsOf(const EntryAttribute& attribute)
     return keywords;
 }
 
-Problem CheckForm(ValueKind kind, const std::string& value, std::string_view keywords)
+std::string RangeText(IntegerRange range)
+{
+    constexpr IntegerRange kAll;
+    if (range.most != kAll.most)
+        return "from " + std::to_string(range.least) + " to " + std::to_string(range.most);
+    return range.least == kAll.least ? "" : "from " + std::to_string(range.least);
+}
+
+Problem CheckForm(ValueKind kind, const std::string& value, std::string_view keywords, IntegerRange range)
 {
     // An empty value is an attribute that is not set.
     if (value.empty())
@@ -249,7 +272,7 @@ Problem CheckForm(ValueKind kind, const std::string& value, std::string_view key
                        ? Wrong(value, "neither \"true\" nor \"false\"")
                        : Problem();
         case ValueKind::Integer:
-            return CheckIntegers(value, 1);
+            return CheckInteger(value, range);
         case ValueKind::IntPair:
             return CheckIntegers(value, 2);
         case ValueKind::Rect:
@@ -267,8 +290,7 @@ Problem CheckForm(ValueKind kind, const std::string& value, std::string_view key
         case ValueKind::Color:
             return CheckColor(value);
         case ValueKind::LiteralColor:
-            return LooksLiteral(value) ? CheckColor(value)
-                                       : Wrong(value, "no colour: write #AARRGGBB or rgb(r,g,b)");
+            return LooksLiteral(value) ? CheckColor(value) : NoColor(value);
         case ValueKind::ColorPair:
             return CheckColors(value, 2);
         case ValueKind::Colors:

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <limits>
+
 namespace DUI {
 
 /// What kind of value an attribute of a control or of a document's entry takes; tools check values by it.
@@ -29,6 +31,14 @@ enum class AttributeKind {
     ControlName,  // the name of a control of the same window
     FileName,     // a file of the package
     Ignored,      // accepted without effect
+};
+
+/// The whole numbers that an Integer may be, both ends among them.
+struct IntegerRange {
+    int least = std::numeric_limits<int>::min();
+    int most = std::numeric_limits<int>::max();
+
+    constexpr bool Holds(long long number) const { return number >= least && number <= most; }
 };
 
 }  // namespace DUI

@@ -22,6 +22,7 @@ struct EntryAttribute {
     AttributeKind kind;
     const char* description;
     DocumentWords (*words)() = nullptr;  // of a choice or flags
+    IntegerRange range = {};             // of an integer: the library takes no other as it is written
 };
 
 /// What else an entry's attributes and children may be.
