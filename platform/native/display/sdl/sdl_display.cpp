@@ -5,7 +5,6 @@
 #include <iterator>
 #include <string_view>
 
-#include "native/display/sdl/x11_errors.h"
 #include "native/display/sdl/x11_window.h"
 
 namespace qvui::native {
@@ -59,7 +58,9 @@ Region OpaqueRegion(const Surface& surface)
 
 }  // namespace
 
-SdlDisplay::SdlDisplay() : m_alphaVisual(X11AlphaVisual())
+SdlDisplay::SdlDisplay(std::unique_ptr<LateWakeUpGuard> guard)
+    : m_guard(std::move(guard)),
+      m_alphaVisual(X11AlphaVisual())
 {
     SDL_StartTextInput();
 }
@@ -306,14 +307,15 @@ std::unique_ptr<Display> MakeSdlDisplay()
     SDL_SetHint(SDL_HINT_MOUSE_AUTO_CAPTURE, "0");
     SDL_SetHint(SDL_HINT_MOUSE_FOCUS_CLICKTHROUGH, "1");
     SDL_SetHint(SDL_HINT_QUIT_ON_LAST_WINDOW_CLOSE, "0");
+    auto guard = std::make_unique<LateWakeUpGuard>();
     if (SDL_InitSubSystem(SDL_INIT_VIDEO) != 0)
         return nullptr;
+    guard->CoverSdl();
     // SDL may make a window anew, where it stood at first, when it first draws on it through the graphics
     // card. X shows pictures from memory without that.
     if (std::string_view(SDL_GetCurrentVideoDriver()) == "x11")
         SDL_SetHint(SDL_HINT_FRAMEBUFFER_ACCELERATION, "0");
-    ForgiveLateWakeUps();
-    return std::make_unique<SdlDisplay>();
+    return std::make_unique<SdlDisplay>(std::move(guard));
 }
 
 }  // namespace qvui::native

@@ -3,16 +3,19 @@
 #include <SDL.h>
 
 #include <map>
+#include <memory>
 #include <string>
 
 #include "native/display/display.h"
+#include "native/display/sdl/x11_errors.h"
 
 namespace qvui::native {
 
 /// Real windows through SDL. Nothing of SDL leaves this folder.
 class SdlDisplay final : public Display {
 public:
-    SdlDisplay();
+    /// SDL's video has started; the display ends it, and the guard after it.
+    explicit SdlDisplay(std::unique_ptr<LateWakeUpGuard> guard);
     SdlDisplay(const SdlDisplay&) = delete;
     SdlDisplay& operator=(const SdlDisplay&) = delete;
     ~SdlDisplay() override;
@@ -53,6 +56,7 @@ private:
     void ReportPlace(HWND window, InputSink& sink) const;
     void ReportKeyboardLoss(InputSink& sink);
 
+    const std::unique_ptr<LateWakeUpGuard> m_guard;
     std::map<HWND, Shown> m_windows;
     std::map<int, SDL_Cursor*> m_cursors;
     SDL_Cursor* m_ownCursor = nullptr;

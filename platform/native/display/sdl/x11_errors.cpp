@@ -1,37 +1,51 @@
 #include "native/display/sdl/x11_errors.h"
 
-#include <cstring>
-
 #include <SDL_loadso.h>
-#include <SDL_video.h>
 #include <X11/Xlib.h>
 #include <X11/Xproto.h>
 
 namespace qvui::native {
 namespace {
 
-XErrorHandler g_previous = nullptr;
+enum Layer { kUnderSdl, kOverSdl };
 
+decltype(&XSetErrorHandler) g_setHandler = nullptr;
+XErrorHandler g_next[2]{};  // where each layer passes the other errors on to
+
+template <Layer layer>
 int OnError(::Display* display, XErrorEvent* error)
 {
     if (error->error_code == BadWindow && error->request_code == X_SendEvent)
         return 0;
-    return g_previous ? g_previous(display, error) : 0;
+    return g_next[layer] ? g_next[layer](display, error) : 0;
 }
 
 }  // namespace
 
-void ForgiveLateWakeUps()
+LateWakeUpGuard::LateWakeUpGuard()
 {
-    const char* const driver = SDL_GetCurrentVideoDriver();
-    if (g_previous || !driver || std::strcmp(driver, "x11") != 0)
+    // SDL loads the same library by itself, and it must stay.
+    if (void* const library = SDL_LoadObject("libX11.so.6"))
+        if (void* const set = SDL_LoadFunction(library, "XSetErrorHandler"))
+            g_setHandler = reinterpret_cast<decltype(g_setHandler)>(set);
+    if (g_setHandler)
+        g_next[kUnderSdl] = g_setHandler(&OnError<kUnderSdl>);
+}
+
+void LateWakeUpGuard::CoverSdl()
+{
+    if (g_setHandler)
+        g_next[kOverSdl] = g_setHandler(&OnError<kOverSdl>);
+}
+
+LateWakeUpGuard::~LateWakeUpGuard()
+{
+    if (!g_setHandler)
         return;
-    // SDL has loaded the library by itself, so it is there, and it must stay.
-    void* const library = SDL_LoadObject("libX11.so.6");
-    if (!library)
-        return;
-    if (void* const set = SDL_LoadFunction(library, "XSetErrorHandler"))
-        g_previous = reinterpret_cast<decltype(&XSetErrorHandler)>(set)(&OnError);
+    // One that the application has put over ours stays.
+    const XErrorHandler current = g_setHandler(g_next[kUnderSdl]);
+    if (current != &OnError<kUnderSdl> && current != &OnError<kOverSdl>)
+        g_setHandler(current);
 }
 
 }  // namespace qvui::native
