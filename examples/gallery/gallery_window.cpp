@@ -4,6 +4,9 @@
 #include <cstdio>
 #include <cstring>
 
+#include "gallery/spinner.h"
+#include "gallery/tip_preview.h"
+
 namespace {
 
 constexpr const char* kTabPrefix = "tab_";  // before a page's name, in the name of its tab
@@ -26,6 +29,13 @@ GalleryWindow::GalleryWindow() : m_frame(*this)
 {
     // The frame is asked for its style bits before the template can say them.
     SetDUIStyle(0, DUI::DUINCSTYLE_CUSTOM_NC);
+}
+
+void GalleryWindow::RegisterControls()
+{
+    DUI::IDUIControlFactory& factory = *DUIGetAppInstance()->GetControlFactory();
+    factory.RegisterControl("spinner", []() -> DUI::IDUIControl* { return new Spinner; });
+    factory.RegisterControl("tip_preview", []() -> DUI::IDUIControl* { return new TipPreview; });
 }
 
 bool GalleryWindow::Create(bool isLayered)

@@ -10,6 +10,8 @@
 class GalleryWindow : public example::HostWindow {
 public:
     GalleryWindow();
+    /// Makes the tags of the gallery's own controls known to the application.
+    static void RegisterControls();
 
     /// Makes the hidden window; false when the skin has no usable templates for it.
     bool Create(bool isLayered);

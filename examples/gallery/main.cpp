@@ -2,7 +2,6 @@
 
 #include "common/application.h"
 #include "gallery/gallery_window.h"
-#include "gallery/spinner.h"
 
 namespace {
 
@@ -10,8 +9,7 @@ int Run(const example::Options& options)
 {
     if (!example::StartWithSkin("gallery-skin\\entry.xml", options))
         return 1;
-    DUIGetAppInstance()->GetControlFactory()->RegisterControl(
-        "spinner", []() -> DUI::IDUIControl* { return new Spinner; });
+    GalleryWindow::RegisterControls();
     GalleryWindow window;
     if (!window.Create(options.isLayered))
         return 1;

@@ -1,7 +1,5 @@
 #include "gallery/gallery_run.h"
 
-#include "gallery/spinner.h"
-
 namespace qvui::test {
 
 GalleryRun::GalleryRun()
@@ -9,8 +7,7 @@ GalleryRun::GalleryRun()
     CString entry;
     EXPECT_TRUE(DUI::CResLoader().LoadXMLFromFile("gallery-skin\\entry.xml", entry));
     EXPECT_TRUE(DUIGetAppInstance()->Init(entry, TRUE));
-    DUIGetAppInstance()->GetControlFactory()->RegisterControl(
-        "spinner", []() -> DUI::IDUIControl* { return new Spinner; });
+    GalleryWindow::RegisterControls();
     Open();
     const std::string prefix = "host_";
     DUI::IDUIControl* const content = m_window->GetControlByName("content", TRUE);

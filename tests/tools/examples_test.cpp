@@ -23,7 +23,7 @@ TEST(Examples, HaveCleanSkins)
 {
     const std::vector<Example> examples{
         {"hello", {{"hello/skin", ""}}, {}},
-        {"gallery", {{"gallery/skins", ""}, {"gallery/pages", "pages"}}, {"spinner"}},
+        {"gallery", {{"gallery/skins", ""}, {"gallery/pages", "pages"}}, {"spinner", "tip_preview"}},
     };
     for (const Example& example : examples) {
         const fs::path root = test::OutputPath("examples-check");
