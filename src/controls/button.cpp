@@ -101,7 +101,18 @@ CDUIButton::CDUIButton()
     ModifyStyle(0, DUISTYLE_TABSTOP | DUISTYLE_TOOLTIP);
 }
 
+CDUIButton::CDUIButton(const CDUIButton& other)
+    : ControlOf(other),
+      m_pUIData(other.m_pUIData ? std::make_unique<CButtonUIData>(*other.m_pUIData) : nullptr),
+      m_rcIcon(other.m_rcIcon),
+      m_rcText(other.m_rcText),
+      m_isToolCheck(other.m_isToolCheck)
+{
+}
+
 CDUIButton::~CDUIButton() = default;
+
+const CButtonUIData CDUIButton::kNoImages;
 
 BOOL CDUIButton::Activate()
 {
@@ -124,12 +135,12 @@ BOOL CDUIButton::EstimateSize(SIZE, SIZE& size)
 
 SIZE CDUIButton::EstimateWithImages(SIZE text)
 {
-    if ((GetClassStyle() & BTNSTYLE_AUTO_FIT) && skin::IsLoaded(m_uiData.m_pBackImage))
-        return IconSize(m_uiData.m_pBackImage);
+    if ((GetClassStyle() & BTNSTYLE_AUTO_FIT) && skin::IsLoaded(Images().m_pBackImage))
+        return IconSize(Images().m_pBackImage);
     LONGLONG width = text.cx;
     LONGLONG height = text.cy;
     const DWORD placement = GetIconPlacement();
-    const SIZE icon = placement ? IconSize(m_uiData.m_pIcon) : SIZE{0, 0};
+    const SIZE icon = placement ? IconSize(Images().m_pIcon) : SIZE{0, 0};
     if (icon.cx > 0 && icon.cy > 0) {
         const bool isBeside = (placement & (BTNSTYLE_LEFT_ICON | BTNSTYLE_RIGHT_ICON)) != 0;
         const bool isAboveOrBelow = (placement & (BTNSTYLE_TOP_ICON | BTNSTYLE_BOTTOM_ICON)) != 0;
@@ -184,14 +195,14 @@ LRESULT CDUIButton::ProcessEvent(const tagDUIEvent& event, BOOL& bHandled)
 
 void CDUIButton::PaintBkgnd(HDC hdc)
 {
-    const CDUIImageListPtr& image = m_uiData.m_pBackImage;
+    const CDUIImageListPtr& image = Images().m_pBackImage;
     if (skin::IsLoaded(image))
         image->DrawImage(hdc, GetControlRect(), skin::IconIndex(image, GetImageStatus()));
 }
 
 void CDUIButton::PaintForgnd(HDC hdc)
 {
-    const CDUIImageListPtr& icon = m_uiData.m_pIcon;
+    const CDUIImageListPtr& icon = Images().m_pIcon;
     m_rcIcon = {0, 0, 0, 0};
     if (!skin::IsLoaded(icon) || !(GetClassStyle() & kIconBits))
         return;
@@ -247,14 +258,21 @@ BOOL CDUIButton::GetCheck()
     return static_cast<BOOL>(GetStatus() & DUISTATUS_CHECKED);
 }
 
+CButtonUIData& CDUIButton::UIData()
+{
+    if (!m_pUIData)
+        m_pUIData = std::make_unique<CButtonUIData>();
+    return *m_pUIData;
+}
+
 void CDUIButton::SetButtonUIData(const CButtonUIData& data)
 {
-    m_uiData = data;
+    UIData() = data;
 }
 
 const CButtonUIData& CDUIButton::GetButtonUIData()
 {
-    return m_uiData;
+    return Images();
 }
 
 void CDUIButton::SetButtonStyle(DWORD style)
@@ -303,7 +321,7 @@ RECT CDUIButton::GetIconPlace()
 {
     const RECT rect = GetControlRect();
     const RECT margin = GetMargin();
-    const SIZE icon = IconSize(m_uiData.m_pIcon);
+    const SIZE icon = IconSize(Images().m_pIcon);
     LONGLONG left = Centred(rect.left, rect.right, icon.cx);
     LONGLONG top = Centred(rect.top, rect.bottom, icon.cy);
     switch (GetIconPlacement()) {

@@ -54,10 +54,9 @@ CDUICheckButton::~CDUICheckButton() = default;
 
 void CDUICheckButton::PaintForgnd(HDC hdc)
 {
-    CButtonUIData& data = UIData();
-    const CDUIImageListPtr& image = GetCheck() ? data.m_pCheckedImage : data.m_pUncheckedImage;
-    if (image)
-        data.m_pIcon = image;
+    const CButtonUIData& images = GetButtonUIData();
+    if (const CDUIImageListPtr image = GetCheck() ? images.m_pCheckedImage : images.m_pUncheckedImage)
+        UIData().m_pIcon = image;
     CDUIButton::PaintForgnd(hdc);
 }
 

@@ -48,24 +48,21 @@ void ReadNumbers(const CString& value, int* numbers, int count)
 
 void AttributeList::Add(const AttributeInfo& info)
 {
-    const auto place =
-        std::lower_bound(m_order.begin(), m_order.end(), info.name, [this](int index, const char* name) {
-            return CompareNames(m_infos[static_cast<std::size_t>(index)].name, name) < 0;
-        });
-    m_order.insert(place, static_cast<int>(m_infos.size()));
+    const std::string_view name = info.name;
+    m_places.insert(std::lower_bound(m_places.begin(), m_places.end(), name, ComesBefore),
+                    {name, static_cast<int>(m_infos.size())});
     m_infos.push_back(info);
 }
 
 int AttributeList::Find(const CString& name) const
 {
-    const auto place = std::lower_bound(
-        m_order.begin(), m_order.end(), name.View(), [this](int index, std::string_view wanted) {
-            return CompareNames(m_infos[static_cast<std::size_t>(index)].name, wanted) < 0;
-        });
-    if (place == m_order.end() ||
-        CompareNames(m_infos[static_cast<std::size_t>(*place)].name, name.View()) != 0)
-        return -1;
-    return *place;
+    const auto place = std::lower_bound(m_places.begin(), m_places.end(), name.View(), ComesBefore);
+    return place == m_places.end() || CompareNames(place->name, name.View()) != 0 ? -1 : place->index;
+}
+
+bool AttributeList::ComesBefore(const Place& place, std::string_view name)
+{
+    return CompareNames(place.name, name) < 0;
 }
 
 ControlClass::ControlClass(const char* name, const ControlClass* base, const char* description,
@@ -74,7 +71,7 @@ ControlClass::ControlClass(const char* name, const ControlClass* base, const cha
     : m_name(name),
       m_base(base),
       m_description(description),
-      m_interfaces(interfaces),
+      m_interfaces(interfaces.begin(), interfaces.end()),
       m_attributes(attributes),
       m_notifications(notifications),
       m_passesNamesOn(passesNamesOn)
@@ -84,7 +81,7 @@ ControlClass::ControlClass(const char* name, const ControlClass* base, const cha
 bool ControlClass::Answers(const CString& interfaceName) const
 {
     for (const ControlClass* known = this; known; known = known->m_passesNamesOn ? known->m_base : nullptr)
-        for (const char* own : known->m_interfaces)
+        for (const std::string_view own : known->m_interfaces)
             if (EqualNoCase(own, interfaceName.View()))
                 return true;
     return false;

@@ -143,9 +143,11 @@ std::string Interfaces(const ControlClass& control)
 {
     std::string names;
     for (const ControlClass* known = &control; known; known = known->Base())
-        for (const char* name : known->Interfaces())
-            if (control.Answers(name) && names.find(Code(name)) == std::string::npos)
+        for (const std::string_view own : known->Interfaces()) {
+            const std::string name(own);
+            if (control.Answers(name.c_str()) && names.find(Code(name)) == std::string::npos)
                 names += (names.empty() ? "" : ", ") + Code(name);
+        }
     return names.empty() ? "" : "Interface names: " + names + ".\n\n";
 }
 

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <memory>
+
 #include <qvui/framework/control_of.h>
 #include <qvui/render/image_list.h>
 
@@ -85,13 +87,13 @@ public:
     const RECT& GetTextRect() const { return m_rcText; }
 
 protected:
-    CDUIButton(const CDUIButton& other) = default;
+    CDUIButton(const CDUIButton& other);
 
     /// Colour and font of the text style for a look; 4 counts as normal and 5 as pushed. A font that the
     /// style lacks is its normal one. Black and null without a text style.
     COLORREF GetTextColorByStatus(int status);
     HFONT GetFontByStatus(int status);
-    CButtonUIData& UIData() { return m_uiData; }
+    CButtonUIData& UIData();
 
 private:
     /// For a button with an icon or of its image's size; `text` is the extent of the text.
@@ -100,7 +102,10 @@ private:
     RECT GetIconPlace();
     RECT GetTextPlace();
 
-    CButtonUIData m_uiData;
+    const CButtonUIData& Images() const { return m_pUIData ? *m_pUIData : kNoImages; }
+
+    static const CButtonUIData kNoImages;
+    std::unique_ptr<CButtonUIData> m_pUIData;  // null while there are no images
     RECT m_rcIcon{0, 0, 0, 0};
     RECT m_rcText{0, 0, 0, 0};
     bool m_isToolCheck = false;

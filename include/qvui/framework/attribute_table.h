@@ -1,6 +1,7 @@
 #pragma once
 
 #include <initializer_list>
+#include <string_view>
 #include <type_traits>
 #include <vector>
 
@@ -44,8 +45,14 @@ protected:
     void Add(const AttributeInfo& info);
 
 private:
+    struct Place {
+        std::string_view name;
+        int index;
+    };
+    static bool ComesBefore(const Place& place, std::string_view name);
+
     std::vector<AttributeInfo> m_infos;
-    std::vector<int> m_order;  // positions, sorted by name
+    std::vector<Place> m_places;  // sorted by name
 };
 
 /// Attributes with the functions that set them. A setter is a captureless lambda (Control&, const CString&
@@ -117,7 +124,7 @@ public:
     const char* Name() const { return m_name; }
     const ControlClass* Base() const { return m_base; }
     const char* Description() const { return m_description; }
-    const std::vector<const char*>& Interfaces() const { return m_interfaces; }
+    const std::vector<std::string_view>& Interfaces() const { return m_interfaces; }
     /// Null when the class has no attributes of its own.
     const AttributeList* Attributes() const { return m_attributes; }
     const std::vector<NotificationInfo>& Notifications() const { return m_notifications; }
@@ -126,7 +133,7 @@ private:
     const char* m_name;
     const ControlClass* m_base;
     const char* m_description;
-    std::vector<const char*> m_interfaces;
+    std::vector<std::string_view> m_interfaces;
     const AttributeList* m_attributes;
     std::vector<NotificationInfo> m_notifications;
     bool m_passesNamesOn;

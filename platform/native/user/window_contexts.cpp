@@ -29,6 +29,15 @@ HDC OpenWindowContext(Window& window, Region visible, const RECT& area)
     return dc;
 }
 
+// The screen itself is not drawn on: a memory context to measure text with.
+HDC OpenScreenContext()
+{
+    static const auto& pixel = *new std::shared_ptr<Surface>(Surface::Create(1, 1, 32, false));
+    const HDC dc = OpenDeviceContext(pixel, {0, 0}, Region(RECT{0, 0, 1, 1}));
+    LookUpContext(dc)->isMemory = true;
+    return dc;
+}
+
 void CloseWindowContext(HDC dc)
 {
     const auto open = OpenContexts().find(dc);
@@ -96,8 +105,7 @@ HDC GetDC(HWND handle)
     Window* window = LookUpWindow(handle);
     if (window)
         return OpenWindowContext(*window, VisibleRegion(*window, Extent::Own), window->Client());
-    // The screen itself is not drawn on: a context to measure text with.
-    return handle ? nullptr : CreateCompatibleDC(nullptr);
+    return handle ? nullptr : OpenScreenContext();
 }
 
 HDC GetWindowDC(HWND window)
