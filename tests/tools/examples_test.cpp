@@ -4,7 +4,10 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <nlohmann/json.hpp>
+
 #include "qvui-skin/check.h"
+#include "qvui-skin/dump.h"
 #include "support/screenshot.h"
 
 namespace qvui::skin_tool {
@@ -70,6 +73,9 @@ TEST(Examples, OfModulesAreLookedInto)
                                              "2: " + missing + R"x("7" of the type "")x",
                                              testing::HasSubstr("does not divide into 3 icons"),
                                              "3: " + missing + R"x("777" of the type "PNG")x"));
+    const nlohmann::json image = nlohmann::json::parse(Dump(package, true))["skins"]["a"]["images"]["i"];
+    EXPECT_EQ(image["module"], "skin_module_a.dll");
+    EXPECT_EQ(image["resource_id"], "102");
 }
 
 }  // namespace

@@ -58,7 +58,7 @@ private:
     void CheckCursor(const PackageDocument& part, int entry);
     void CheckCorner(const Place& place, const Attribute& corner, const DUI::CDUIImageList& image);
     bool IsFileThere(const Document& document, const Element& record);
-    void ReportNoSource(const Document& document, const Element& record);
+    void ReportUnseen(const Document& document, const Element& record);
     void ReportNoResource(const Document& document, const Element& record);
     DUI::CDUIImageListPtr LoadImage(const Document& document, const Element& record);
 

@@ -57,9 +57,11 @@ bool Checker::IsFileThere(const Document& document, const Element& record)
 }
 
 // A config_type that is no word is told with its value.
-void Checker::ReportNoSource(const Document& document, const Element& record)
+void Checker::ReportUnseen(const Document& document, const Element& record)
 {
-    if (record.Value("config_type").empty())
+    if (SourceOf(record) == DUI::DocumentSource::Exe)
+        m_report.Add(Severity::Note, document, record.offset, kOwnResourceText);
+    else if (record.Value("config_type").empty())
         m_report.Add(Severity::Error, document, record.offset, kNoSourceText);
 }
 
@@ -89,9 +91,8 @@ void Checker::CheckCursor(const PackageDocument& part, int entry)
             break;
         }
         case DUI::DocumentSource::None:
-            ReportNoSource(*part.document, record);
-            break;
         case DUI::DocumentSource::Exe:
+            ReportUnseen(*part.document, record);
             break;
     }
 }
@@ -119,9 +120,8 @@ DUI::CDUIImageListPtr Checker::LoadImage(const Document& document, const Element
             ReportNoResource(document, record);
             return nullptr;
         case DUI::DocumentSource::None:
-            ReportNoSource(document, record);
-            return nullptr;
         case DUI::DocumentSource::Exe:
+            ReportUnseen(document, record);
             break;
     }
     return nullptr;

@@ -45,9 +45,25 @@ std::string DrawStyleName(DUI::IMAGE_DRAW_STYLE style)
     return "normal";
 }
 
+// Where a picture or cursor comes from.
+Json SourceValue(const Element& record)
+{
+    const auto text = [&record](const char* attribute) { return ToUtf8(record.Value(attribute)); };
+    switch (DUI::SourceOf(record.Value("config_type"))) {
+        case DUI::DocumentSource::Dll:
+            return {{"module", text("file_name")},
+                    {"resource_id", text("resource_id")},
+                    {"resource_type", text("resource_type")}};
+        case DUI::DocumentSource::Exe:
+            return {{"resource_id", text("resource_id")}, {"resource_type", text("resource_type")}};
+        default:
+            return {{"file", text("file_name")}};
+    }
+}
+
 Json ImageValue(ResolvedSkin& skin, const std::string& name)
 {
-    Json value{{"file", ToUtf8(skin.Find(NameKind::Image, name)->Value("file_name"))}};
+    Json value = SourceValue(*skin.Find(NameKind::Image, name));
     const DUI::CDUIImageListPtr image = skin.Manager().GetImage(name.c_str(), 1);
     if (!image || image->IsNull()) {
         value["loads"] = false;
@@ -64,8 +80,9 @@ Json ImageValue(ResolvedSkin& skin, const std::string& name)
 Json CursorValue(ResolvedSkin& skin, const std::string& name)
 {
     const auto cursor = skin.Manager().GetCursor(name.c_str(), 1);
-    return {{"file", ToUtf8(skin.Find(NameKind::Cursor, name)->Value("file_name"))},
-            {"loads", !cursor.IsNull() && !cursor->IsNull()}};
+    Json value = SourceValue(*skin.Find(NameKind::Cursor, name));
+    value["loads"] = !cursor.IsNull() && !cursor->IsNull();
+    return value;
 }
 
 // The words of a text style's format; those without a bit of their own are left out.

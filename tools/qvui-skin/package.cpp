@@ -137,7 +137,7 @@ const Document* Package::Load(int element, Report& report)
     const int offset = place ? place->valueOffset : source.offset;
     const DUI::DocumentSource from = DUI::SourceOf(type);
     if (from == DUI::DocumentSource::Exe) {
-        report.Add(Severity::Note, m_entry, source.offset, "a resource of the program: not looked at");
+        report.Add(Severity::Note, m_entry, source.offset, kOwnResourceText);
         return nullptr;
     }
     if (from == DUI::DocumentSource::None) {

@@ -69,6 +69,8 @@ private:
 
 /// What is said of an entry that does not say where it comes from.
 inline constexpr const char* kNoSourceText = "without a config_type nothing is loaded";
+/// What is said of one that names a resource of the program itself.
+inline constexpr const char* kOwnResourceText = "a resource of the program: not looked at";
 /// What is said of a module, or of what an entry names in it, that is not there.
 std::string NoResourceText(const Element& source);
 
