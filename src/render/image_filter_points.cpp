@@ -4,6 +4,7 @@
 #include <array>
 #include <cstdint>
 
+#include <qvui/platform/wide_vectors.h>
 #include <qvui/render/image_filter.h>
 
 #include "render/image_rows.h"
@@ -106,6 +107,37 @@ void ReplaceByTone(BYTE* row, int count, int pixelSize, Tone tone)
     }
 }
 
+QVUI_WIDE_VECTORS void GreyRow(BYTE* row, int count, int pixelSize)
+{
+    ReplaceByTone(row, count, pixelSize, [](std::uint32_t mean) { return mean; });
+}
+
+QVUI_WIDE_VECTORS void BlackenRow(BYTE* row, int count, int pixelSize, std::uint32_t threshold)
+{
+    ReplaceByTone(row, count, pixelSize,
+                  [threshold](std::uint32_t mean) { return mean > threshold ? 255U : 0U; });
+}
+
+// The fractions by value: they would be read anew for each byte that might be one of theirs.
+QVUI_WIDE_VECTORS void BrightenRow(BYTE* row, int bytes, Fractions fractions)
+{
+    ForEachLane(bytes, [row, &fractions](int i, int lane) {
+        const Fraction fraction{fractions.whole[lane], fractions.part[lane]};
+        row[i] = static_cast<BYTE>(std::min<std::uint16_t>(255, fraction.Of(row[i])));
+    });
+}
+
+QVUI_WIDE_VECTORS void NegateRow(BYTE* row, int count, int pixelSize)
+{
+    if (pixelSize == 4) {
+        for (int x = 0; x < count; ++x)
+            StorePixel(row + 4 * x, LoadPixel(row + 4 * x) ^ kColorBits);
+        return;
+    }
+    for (int i = 0; i < 3 * count; ++i)
+        row[i] = static_cast<BYTE>(255 - row[i]);
+}
+
 }  // namespace
 
 int CFillIColorFilter::Process(CDibSection* section, const CARGB& color, RECT* rect)
@@ -151,9 +183,8 @@ int CGrayScaleImageFilter::Process(CDibSection* section, RECT* rect)
     if (!HasPixels(section))
         return FALSE;
     const int pixelSize = section->GetPixelWidth();
-    ForEachRow(*section, PartOf(*section, rect), [pixelSize](BYTE* row, int count) {
-        ReplaceByTone(row, count, pixelSize, [](std::uint32_t mean) { return mean; });
-    });
+    ForEachRow(*section, PartOf(*section, rect),
+               [pixelSize](BYTE* row, int count) { GreyRow(row, count, pixelSize); });
     return TRUE;
 }
 
@@ -163,8 +194,7 @@ int CWhiteBlackImageFilter::Process(CDibSection* section, RECT* rect, unsigned c
         return FALSE;
     const int pixelSize = section->GetPixelWidth();
     ForEachRow(*section, PartOf(*section, rect), [pixelSize, threshold](BYTE* row, int count) {
-        ReplaceByTone(row, count, pixelSize,
-                      [threshold](std::uint32_t mean) { return mean > threshold ? 255U : 0U; });
+        BlackenRow(row, count, pixelSize, threshold);
     });
     return TRUE;
 }
@@ -177,10 +207,7 @@ int CBrightenImageFilter::Process(CDibSection* section, short amount, RECT* rect
     const Fractions fractions =
         FractionsOf(Fraction::OfPercent(std::max(0, amount + 100)), Fraction::OfPercent(100), pixelSize);
     ForEachRow(*section, PartOf(*section, rect), [&fractions, pixelSize](BYTE* row, int count) {
-        ForEachLane(count * pixelSize, [row, &fractions](int i, int lane) {
-            const Fraction fraction{fractions.whole[lane], fractions.part[lane]};
-            row[i] = static_cast<BYTE>(std::min<std::uint16_t>(255, fraction.Of(row[i])));
-        });
+        BrightenRow(row, count * pixelSize, fractions);
     });
     return TRUE;
 }
@@ -212,15 +239,7 @@ int CNegativeImageFilter::Process(CDibSection* section)
     if (!HasPixels(section))
         return FALSE;
     const int pixelSize = section->GetPixelWidth();
-    ForEachRow(*section, [pixelSize](BYTE* row, int count) {
-        if (pixelSize == 4) {
-            for (int x = 0; x < count; ++x)
-                StorePixel(row + 4 * x, LoadPixel(row + 4 * x) ^ kColorBits);
-            return;
-        }
-        for (int i = 0; i < 3 * count; ++i)
-            row[i] = static_cast<BYTE>(255 - row[i]);
-    });
+    ForEachRow(*section, [pixelSize](BYTE* row, int count) { NegateRow(row, count, pixelSize); });
     return TRUE;
 }
 
