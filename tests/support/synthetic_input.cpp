@@ -30,6 +30,7 @@ SyntheticInput& SyntheticInput::MoveTo(POINT screen)
 
 SyntheticInput& SyntheticInput::Press(int button)
 {
+    HoldModifiers();
     m_isDown[button & 0xFF] = true;
     InjectButton(button, true);
     Pump();
@@ -38,6 +39,7 @@ SyntheticInput& SyntheticInput::Press(int button)
 
 SyntheticInput& SyntheticInput::Release(int button)
 {
+    HoldModifiers();
     m_isDown[button & 0xFF] = false;
     InjectButton(button, false);
     Pump();
@@ -53,6 +55,7 @@ SyntheticInput& SyntheticInput::Wheel(int notches)
 
 SyntheticInput& SyntheticInput::KeyDown(int virtualKey)
 {
+    HoldModifiers();
     m_isDown[virtualKey & 0xFF] = true;
     InjectKey(virtualKey, true);
     Pump();
@@ -65,6 +68,13 @@ SyntheticInput& SyntheticInput::KeyUp(int virtualKey)
     InjectKey(virtualKey, false);
     Pump();
     return *this;
+}
+
+void SyntheticInput::HoldModifiers()
+{
+    for (const int key : {VK_SHIFT, VK_CONTROL, VK_MENU})
+        if (m_isDown[key] && GetAsyncKeyState(key) >= 0)
+            InjectKey(key, true);
 }
 
 POINT SyntheticInput::At(HWND window, int x, int y)

@@ -36,6 +36,10 @@ public:
     static POINT At(HWND window, int x, int y);
 
 private:
+    /// Presses modifiers again that the platform has let go: over an X server it believes what that says of
+    /// the keyboard, which may come late.
+    void HoldModifiers();
+
     bool m_isDown[256] = {};
 };
 
