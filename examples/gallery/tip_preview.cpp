@@ -2,13 +2,7 @@
 
 namespace {
 
-// As the library's tooltips have them.
-constexpr COLORREF kBegin = RGB(231, 242, 249);
-constexpr COLORREF kMiddle = RGB(220, 231, 240);
-constexpr COLORREF kEnd = RGB(219, 229, 239);
-constexpr int kBorder = 1;
-constexpr int kMargin = 5;
-constexpr int kBorderShade = -40;
+constexpr int kInset = 1 + 5;  // a tooltip's border and margin
 
 }  // namespace
 
@@ -21,7 +15,7 @@ const DUI::ControlClass& TipPreview::Class()
 
 void TipPreview::PaintForgnd(HDC hdc)
 {
-    constexpr int kAround = 2 * (kBorder + kMargin);
+    constexpr int kAround = 2 * kInset;
     const RECT content = GetContentRect();
     const int width = content.right - content.left;
     const int height = content.bottom - content.top;
@@ -32,8 +26,8 @@ void TipPreview::PaintForgnd(HDC hdc)
     const SIZE text = drawer.Measure(hdc, width - kAround, height - kAround);
     const int top = content.top + (height - text.cy - kAround) / 2;
     RECT box{content.left, top, content.left + text.cx + kAround, top + text.cy + kAround};
-    DUI::CPPDrawManager::FillEffect(hdc, box, DUI::TOOLTIP_EFFECT_3VGRADIENT, kBegin, kMiddle, kEnd);
-    DUI::CPPDrawManager::DrawBorder(hdc, box, 0, DUI::CPPDrawManager::Shade(kEnd, kBorderShade));
-    InflateRect(&box, -(kBorder + kMargin), -(kBorder + kMargin));
+    DUI::CPPDrawManager::FillTooltip(hdc, box, 0, DUI::TOOLTIP_EFFECT_3VGRADIENT, DUI::TOOLTIP_COLOR_BEGIN,
+                                     DUI::TOOLTIP_COLOR_MID, DUI::TOOLTIP_COLOR_END);
+    InflateRect(&box, -kInset, -kInset);
     drawer.Draw(hdc, box);
 }

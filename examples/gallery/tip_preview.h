@@ -2,8 +2,8 @@
 
 #include <qvui/qvui.h>
 
-/// A control of the application's own, with the tag "tip_preview": draws its text as a tooltip that says it
-/// looks, as large as the text needs, from the left edge of its content rectangle.
+/// A control of the application's own, with the tag "tip_preview": draws its text as a tooltip with that
+/// markup looks, as large as the text needs, from the left edge of its content rectangle.
 class TipPreview : public DUI::ControlOf<TipPreview, DUI::CDUIControlBase> {
     friend ControlOf;
 

@@ -58,6 +58,14 @@ void CPPDrawManager::FillEffect(HDC hdc, const RECT& rect, int effect, COLORREF 
     }
 }
 
+void CPPDrawManager::FillTooltip(HDC hdc, const RECT& rect, int corner, int effect, COLORREF crBegin,
+                                 COLORREF crMid, COLORREF crEnd)
+{
+    constexpr int kBorderShade = -40;
+    FillEffect(hdc, rect, effect, crBegin, crMid, crEnd);
+    DrawBorder(hdc, rect, corner, Shade(crEnd, kBorderShade));
+}
+
 void CPPDrawManager::DrawBorder(HDC hdc, const RECT& rect, int corner, COLORREF color)
 {
     if (corner <= 0) {

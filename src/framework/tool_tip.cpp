@@ -18,7 +18,6 @@ constexpr char kClassName[] = "QvuiToolTip";
 constexpr int kControlId = 0x7474;
 
 constexpr UINT kWatchPeriod = 100;
-constexpr int kBorderShade = -40;
 
 bool SamePoint(POINT left, POINT right)
 {
@@ -390,15 +389,12 @@ void CPPToolTip::Window::Paint()
     const HDC hdc = BeginPaint(m_hWnd, &paint);
     RECT client{};
     GetClientRect(m_hWnd, &client);
-    const bool hasColors = (m_shown.nMask & TOOLTIP_MASK_COLORS) != 0;
-    const COLORREF last = hasColors ? m_shown.crEnd : m_background;
-    if (hasColors)
-        CPPDrawManager::FillEffect(hdc, client, m_shown.nEffect, m_shown.crBegin, m_shown.crMid,
-                                   m_shown.crEnd);
+    if (m_shown.nMask & TOOLTIP_MASK_COLORS)
+        CPPDrawManager::FillTooltip(hdc, client, m_corner, m_shown.nEffect, m_shown.crBegin, m_shown.crMid,
+                                    m_shown.crEnd);
     else
-        CPPDrawManager::FillEffect(hdc, client, TOOLTIP_EFFECT_SOLID, m_background, m_background,
-                                   m_background);
-    CPPDrawManager::DrawBorder(hdc, client, m_corner, CPPDrawManager::Shade(last, kBorderShade));
+        CPPDrawManager::FillTooltip(hdc, client, m_corner, TOOLTIP_EFFECT_SOLID, m_background, m_background,
+                                    m_background);
     InflateRect(&client, -(m_margin.cx + 1), -(m_margin.cy + 1));
     m_drawer.SetTextColor((m_shown.nMask & TOOLTIP_MASK_TEXT_COLOR) ? m_shown.crText : m_textColor);
     m_drawer.Draw(hdc, client);

@@ -568,9 +568,9 @@ LRESULT CDUIWindowMgr::OnNotifyDisplayTooltip(UINT, WPARAM, LPARAM lParam, BOOL&
     TOOLTIP_INFO& info = *notification->ti;
     info.nEffect = TOOLTIP_EFFECT_3VGRADIENT;
     info.nMask |= TOOLTIP_MASK_COLORS;
-    info.crBegin = RGB(231, 242, 249);
-    info.crMid = RGB(220, 231, 240);
-    info.crEnd = RGB(219, 229, 239);
+    info.crBegin = TOOLTIP_COLOR_BEGIN;
+    info.crMid = TOOLTIP_COLOR_MID;
+    info.crEnd = TOOLTIP_COLOR_END;
     info.sTooltip = control->GetTooltip();
     return 0;
 }

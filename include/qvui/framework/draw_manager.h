@@ -12,6 +12,9 @@ public:
     /// Fills a rectangle (device coordinates). `effect` is a TOOLTIP_EFFECT; any other number is solid.
     static void FillEffect(HDC hdc, const RECT& rect, int effect, COLORREF crBegin, COLORREF crMid,
                            COLORREF crEnd);
+    /// A tooltip's ground: the same with a one-pixel border in a darker shade of the last colour.
+    static void FillTooltip(HDC hdc, const RECT& rect, int corner, int effect, COLORREF crBegin,
+                            COLORREF crMid, COLORREF crEnd);
     /// A one-pixel border inside the rectangle; `corner` is the diameter of its corners' curves, 0 for square
     /// ones.
     static void DrawBorder(HDC hdc, const RECT& rect, int corner, COLORREF color);

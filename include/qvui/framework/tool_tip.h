@@ -37,6 +37,11 @@ enum TOOLTIP_EFFECT {
     TOOLTIP_EFFECT_3HGRADIENT = 6,  // all three, left to right
 };
 
+/// The colours of a control's tooltip, from top to bottom.
+inline constexpr COLORREF TOOLTIP_COLOR_BEGIN = RGB(231, 242, 249);
+inline constexpr COLORREF TOOLTIP_COLOR_MID = RGB(220, 231, 240);
+inline constexpr COLORREF TOOLTIP_COLOR_END = RGB(219, 229, 239);
+
 /// The code of the notification by which a tooltip asks its owner window what to show.
 inline constexpr UINT TOOLTIP_DISPLAY = 0x464;
 
