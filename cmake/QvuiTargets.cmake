@@ -1,7 +1,9 @@
 # The functions that every room's CMakeLists.txt is written with.
 
 option(QVUI_WARNINGS_AS_ERRORS "Treat warnings as errors" OFF)
+option(QVUI_PRECOMPILE "Precompile the headers that most sources include" ON)
 set(QVUI_SANITIZE "" CACHE STRING "Sanitizers, as for -fsanitize=")
+set(QVUI_PROGRAM_FLAGS "" CACHE STRING "Compiler flags of tests, tools and examples, after those of the build type")
 
 # Warnings for our own sources.
 add_library(qvui_warnings INTERFACE)
@@ -13,8 +15,9 @@ if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
   target_compile_options(qvui_warnings INTERFACE -Wno-cast-function-type)
 endif()
 if(WIN32)
-  # mingw's headers spell calling conventions in ways that these two object to.
-  target_compile_options(qvui_warnings INTERFACE -Wno-attributes -Wno-unknown-pragmas)
+  # mingw's headers spell calling conventions in ways that the first two object to; the third misjudges the
+  # standard library's strings, once they are precompiled.
+  target_compile_options(qvui_warnings INTERFACE -Wno-attributes -Wno-unknown-pragmas -Wno-stringop-overread)
 endif()
 
 # Flags that every translation unit and link of a build must share.
@@ -33,6 +36,23 @@ endif()
 
 set_property(GLOBAL PROPERTY QVUI_ROOMS "")
 
+# qvui_precompile(TARGET headers...), qvui_precompile(TARGET REUSE_FROM other)
+# Precompiles headers for a target. The sources still include what they use: other builds compile without.
+function(qvui_precompile target)
+  if(NOT QVUI_PRECOMPILE)
+    return()
+  endif()
+  if(ARGV1 STREQUAL "REUSE_FROM")
+    target_precompile_headers(${target} REUSE_FROM ${ARGV2})
+  else()
+    target_precompile_headers(${target} PRIVATE ${ARGN})
+  endif()
+  if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+    # Lets ccache see what a precompiled header stands for.
+    target_compile_options(${target} PRIVATE -fpch-preprocess)
+  endif()
+endfunction()
+
 # qvui_room(NAME SOURCES files... [USES targets...])
 # One room of the library: a static library that the shared library takes whole.
 # Paths are relative to the calling CMakeLists.txt.
@@ -44,7 +64,27 @@ function(qvui_room name)
     PRIVATE ${PROJECT_SOURCE_DIR}/src)
   target_compile_definitions(qvui_${name} PRIVATE QVUI_BUILDING)
   target_link_libraries(qvui_${name} PUBLIC qvui_flags ${ROOM_USES} PRIVATE qvui_warnings)
+  qvui_precompile(qvui_${name} REUSE_FROM qvui_platform)
   set_property(GLOBAL APPEND PROPERTY QVUI_ROOMS qvui_${name})
+endfunction()
+
+# qvui_program_options(TARGET)
+# Warnings, and the flags of what need not run as fast as the library.
+function(qvui_program_options target)
+  separate_arguments(flags UNIX_COMMAND "${QVUI_PROGRAM_FLAGS}")
+  target_compile_options(${target} PRIVATE ${flags})
+  target_link_libraries(${target} PRIVATE qvui_warnings)
+endfunction()
+
+# qvui_test_options(TARGET PRECOMPILED)
+# The same for a target that tests are made of, with the precompiled headers of another one or its own.
+function(qvui_test_options target precompiled)
+  qvui_program_options(${target})
+  # Libraries and programs share precompiled headers only when they are compiled alike.
+  set_target_properties(${target} PROPERTIES POSITION_INDEPENDENT_CODE OFF)
+  if(NOT target STREQUAL precompiled)
+    qvui_precompile(${target} REUSE_FROM ${precompiled})
+  endif()
 endfunction()
 
 # qvui_test(ROOM SOURCES files... [USES targets...])
@@ -57,7 +97,12 @@ function(qvui_test room)
     QVUI_TEST_DATA="${PROJECT_SOURCE_DIR}/tests")
   target_include_directories(test_${room} PRIVATE ${PROJECT_SOURCE_DIR}/src ${PROJECT_SOURCE_DIR}/platform
     ${PROJECT_SOURCE_DIR}/tests)
-  target_link_libraries(test_${room} PRIVATE qvui_flags qvui_warnings qvui_test_support ${TEST_USES} qvui_gtest)
+  target_link_libraries(test_${room} PRIVATE qvui_flags qvui_test_support ${TEST_USES} qvui_gtest)
+  if("qvui_control_support" IN_LIST TEST_USES)
+    qvui_test_options(test_${room} qvui_control_support)
+  else()
+    qvui_test_options(test_${room} qvui_test_support)
+  endif()
   set_property(GLOBAL APPEND PROPERTY QVUI_TEST_PROGRAMS test_${room})
   add_test(NAME ${room} COMMAND test_${room})
 endfunction()
