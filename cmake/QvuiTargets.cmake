@@ -93,8 +93,7 @@ endfunction()
 function(qvui_test room)
   cmake_parse_arguments(TEST "" "" "SOURCES;USES" ${ARGN})
   add_executable(test_${room} ${TEST_SOURCES})
-  target_compile_definitions(test_${room} PRIVATE QVUI_STATIC
-    QVUI_TEST_DATA="${PROJECT_SOURCE_DIR}/tests")
+  target_compile_definitions(test_${room} PRIVATE QVUI_STATIC)
   target_include_directories(test_${room} PRIVATE ${PROJECT_SOURCE_DIR}/src ${PROJECT_SOURCE_DIR}/platform
     ${PROJECT_SOURCE_DIR}/tests)
   target_link_libraries(test_${room} PRIVATE qvui_flags qvui_test_support ${TEST_USES} qvui_gtest)

@@ -8,6 +8,7 @@
 
 #include "layout/shapes.h"
 #include "support/controls/control_test.h"
+#include "support/test_files.h"
 
 // A template in, the laid-out tree as text out. tests/dumps/<name>.xml is a "window" element; its "client"
 // attribute is the window's size. <name>.txt is the tree; with QVUI_UPDATE_DUMPS=1 in the environment it is
@@ -20,7 +21,7 @@ using namespace DUI;
 
 std::string PathOf(const std::string& file)
 {
-    return std::string(QVUI_TEST_DATA) + "/dumps/" + file;
+    return TestFile("dumps/" + file);
 }
 
 std::string ReadAll(const std::string& path)

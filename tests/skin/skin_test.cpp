@@ -7,6 +7,8 @@
 #include <fstream>
 #include <iterator>
 
+#include "support/test_files.h"
+
 namespace {
 
 constexpr int kIconSize = 8;
@@ -74,7 +76,7 @@ void SkinFolder::WriteStrip(const std::string& file, std::initializer_list<std::
 
 void SkinFolder::WriteCursor(const std::string& file) const
 {
-    std::ifstream cursor(QVUI_TEST_DATA "/skin/data/hand.cur", std::ios::binary);
+    std::ifstream cursor(qvui::test::TestFile("skin/data/hand.cur"), std::ios::binary);
     Write(file, std::string(std::istreambuf_iterator<char>(cursor), {}));
 }
 

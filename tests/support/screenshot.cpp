@@ -7,6 +7,7 @@
 #include <string_view>
 
 #include "support/target.h"
+#include "support/test_files.h"
 
 namespace qvui::test {
 namespace {
@@ -15,7 +16,7 @@ namespace fs = std::filesystem;
 
 std::string GoldenPath(const std::string& name)
 {
-    const std::string base = QVUI_TEST_DATA "/golden/" + name;
+    const std::string base = TestFile("golden/" + name);
     const std::string own = base + "." + TargetName() + ".png";
     return fs::exists(own) ? own : base + ".png";
 }
@@ -67,12 +68,6 @@ std::string Flattened(std::string name)
 }
 
 }  // namespace
-
-std::string OutputPath(const std::string& fileName)
-{
-    fs::create_directories(QVUI_TEST_OUTPUT);
-    return QVUI_TEST_OUTPUT "/" + fileName;
-}
 
 void TakeScreenshot(HWND window, CImage& image)
 {

@@ -7,6 +7,7 @@
 #include <qvui/platform/cimage.h>
 
 #include "support/platform_window.h"
+#include "support/test_files.h"
 
 namespace qvui::test {
 
@@ -31,8 +32,5 @@ testing::AssertionResult MatchesPicture(const CImage& image, const std::string& 
 testing::AssertionResult MatchesGolden(const CImage& image, const std::string& name,
                                        GoldenTolerance tolerance = {});
 testing::AssertionResult MatchesGolden(HWND window, const std::string& name, GoldenTolerance tolerance = {});
-
-/// A file in the build directory's test-output folder, which exists afterwards.
-std::string OutputPath(const std::string& fileName);
 
 }  // namespace qvui::test

@@ -7,11 +7,12 @@
 
 #include "qvui-skin/check.h"
 #include "support/table.h"
+#include "support/test_files.h"
 
 namespace qvui::skin_tool {
 namespace {
 
-const std::string kData = QVUI_TEST_DATA "/tools/data/";
+const std::string kData = test::TestFile("tools/data/");
 
 // What the check says of a package in the data folder, one line each and without the folder's name.
 std::vector<std::string> Lines(const Report& report)

@@ -12,11 +12,12 @@
 #include "support/leak_check.h"
 #include "support/screenshot.h"
 #include "support/table.h"
+#include "support/test_files.h"
 
 namespace qvui::skin_tool {
 namespace {
 
-const std::string kEntry = QVUI_TEST_DATA "/tools/data/broken-skin/entry.xml";
+const std::string kEntry = test::TestFile("tools/data/broken-skin/entry.xml");
 
 TEST(Dump, ResolvesWhatTheLibraryMakesOfAPackage)
 {

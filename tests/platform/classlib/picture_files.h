@@ -5,9 +5,10 @@
 #include <qvui/platform/cimage.h>
 
 #include "platform/damage.h"
+#include "support/test_files.h"
 
 /// Where the pictures of the tests lie.
-inline const std::string kData = QVUI_TEST_DATA "/platform/classlib/data/";
+inline const std::string kData = qvui::test::TestFile("platform/classlib/data/");
 
 /// Loads an image from a stream on these bytes.
 HRESULT LoadBytes(CImage& image, const Bytes& bytes);

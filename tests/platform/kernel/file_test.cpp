@@ -10,7 +10,7 @@
 
 #include "platform/damage.h"
 #include "platform/platform_test.h"
-#include "support/screenshot.h"
+#include "support/test_files.h"
 
 namespace {
 
@@ -28,7 +28,7 @@ std::string BesideProgram(const std::string& name)
 
 std::string DataFile(const std::string& name)
 {
-    const Bytes bytes = FileBytes(QVUI_TEST_DATA "/platform/kernel/data/" + name);
+    const Bytes bytes = FileBytes(qvui::test::TestFile("platform/kernel/data/" + name));
     return {bytes.begin(), bytes.end()};
 }
 
@@ -74,7 +74,7 @@ HANDLE Open(const std::string& path, DWORD access, DWORD how)
     return CreateFileA(path.c_str(), access, FILE_SHARE_READ, nullptr, how, FILE_ATTRIBUTE_NORMAL, nullptr);
 }
 
-const std::string kData = QVUI_TEST_DATA "/platform/kernel/data/";
+const std::string kData = qvui::test::TestFile("platform/kernel/data/");
 
 }  // namespace
 
@@ -151,7 +151,7 @@ TEST_F(Modules, OfTheProgramHasItsOwnResources)
     EXPECT_TRUE(HasCursor(program, 203));
     EXPECT_EQ(LoadLibraryA("no_such_module.dll"), nullptr);
     EXPECT_NE(GetLastError(), 0U);
-    EXPECT_EQ(LoadLibraryA(QVUI_TEST_DATA "/platform/kernel/data/text.xml"), nullptr);
+    EXPECT_EQ(LoadLibraryA((kData + "text.xml").c_str()), nullptr);
     EXPECT_FALSE(FreeLibrary(nullptr));
 }
 
