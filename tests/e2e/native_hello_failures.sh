@@ -4,5 +4,5 @@ set -euo pipefail
 source "$(dirname "$0")/lib.sh"
 source "$(dirname "$0")/hello_failures.sh"
 
-bin=$root/build/dev/bin program=hello launch=(env QVUI_DISPLAY=headless)
+bin=$root/build/release/bin program=hello launch=(env QVUI_DISPLAY=headless)
 hello_failures

@@ -5,5 +5,5 @@ source "$(dirname "$0")/lib.sh"
 source "$(dirname "$0")/hello_session.sh"
 on_own_display "$0"
 
-QVUI_DISPLAY=sdl start "$root/build/dev/bin/hello"
+QVUI_DISPLAY=sdl start "$root/build/release/bin/hello"
 hello_session

@@ -4,7 +4,7 @@ set -euo pipefail
 source "$(dirname "$0")/lib.sh"
 on_own_display "$0"
 
-QVUI_DISPLAY=sdl start "$root/build/dev/bin/readme_application"
+QVUI_DISPLAY=sdl start "$root/build/release/bin/readme_application"
 window=$(find_window Mine)
 eval "$(xdotool getwindowgeometry --shell "$window")"
 printf 'client %d %d\ncontrol skin %d %d %d %d\n' "$X" "$Y" $((WIDTH - 178)) $((HEIGHT - 62)) $((WIDTH - 28)) \
