@@ -17,6 +17,7 @@
 #include <qvui/foundation/color.h>
 #include <qvui/foundation/ref_ptr.h>
 #include <qvui/foundation/trace.h>
+#include <qvui/foundation/weak_ptr.h>
 #include <qvui/framework/animation.h>
 #include <qvui/framework/app.h>
 #include <qvui/framework/control_base.h>

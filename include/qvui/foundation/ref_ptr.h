@@ -38,7 +38,15 @@ public:
     CDUIObject() = default;
     CDUIObject(const CDUIObject&) : CRefCountBase() {}
     CDUIObject& operator=(const CDUIObject&) { return *this; }
-    virtual ~CDUIObject() = default;
+    virtual ~CDUIObject() { ClearWeakPtrs(); }
+
+protected:
+    /// Makes every CWeakPtr to this object null. A class whose destructor calls foreign code does this first.
+    void ClearWeakPtrs();
+
+private:
+    friend class CWeakPtrBase;
+    bool m_isWatched = false;  // by a CWeakPtr
 };
 
 /// A counted share of a T. Raw pointers got from it are borrowed: valid while some CRefPtr holds the object.
