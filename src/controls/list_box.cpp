@@ -171,7 +171,7 @@ void CDUIListBox::AfterAddControl(CRefPtr<IDUIControl> child)
     const bool isAppended = place == GetControlCount() - 1;
     // Where an item is put in between, those in view may move.
     m_isArranged = m_isArranged && isAppended;
-    if (!GetControlMgr())
+    if (!IsAttached())
         return;
     const ControlGuard keep(this);
     child->AttachWindow(GetControlMgr());

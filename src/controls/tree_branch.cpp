@@ -94,12 +94,11 @@ void TreeBranch::AfterAdd(const CRefPtr<IDUIControl>& child)
     CDUITreeViewImpl* const tree = Tree();
     const bool wasArranged = tree && tree->m_isArranged;
     const bool isSeen = Spread() && tree->TakeChange(tree->GetRowOfNode(&node), wasArranged);
-    IDUIControlMgr* const manager = m_owner.GetControlMgr();
-    if (!manager)
+    if (!m_owner.IsAttached())
         return;
     const ControlGuard keepOwner(&m_owner);
     const ControlGuard keepTree(tree);
-    child->AttachWindow(manager);
+    child->AttachWindow(m_owner.GetControlMgr());
     Show(tree, isSeen, m_owner.GetControlCount() == 1);
 }
 

@@ -85,8 +85,15 @@ void CDUIAnimation::OnAnimationElapse(int nAnimationID)
     }
 }
 
+// An animation ends with its timer: that of an owner which left its window, or whose window ended, is gone.
 CRefPtr<CAnimationData> CDUIAnimation::GetAnimationByID(int nAnimationID)
 {
+    auto* const owner = InterfaceOf<CDUIControlBase>(m_pOwner, "control_base");
+    if (owner && !owner->HasTimer(static_cast<UINT>(nAnimationID)))
+        m_animations.erase(
+            std::remove_if(m_animations.begin(), m_animations.end(),
+                           [nAnimationID](const auto& entry) { return entry->nAnimationID == nAnimationID; }),
+            m_animations.end());
     const auto found =
         std::find_if(m_animations.begin(), m_animations.end(),
                      [nAnimationID](const auto& entry) { return entry->nAnimationID == nAnimationID; });

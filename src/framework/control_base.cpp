@@ -1,5 +1,7 @@
 #include <qvui/framework/control_base.h>
 
+#include <utility>
+
 #include <qvui/render/render_engine.h>
 
 #include "framework/control_guard.h"
@@ -127,15 +129,22 @@ SIZE Extent(const CString& text, const CTextStyle& style, UINT format)
     return CDUIRenderEngine::GetTextIdealSize(text, font->GetFont(), 0, format);
 }
 
-// Runs over children that the calls may add, remove or destroy.
-template <class Call>
-void ForEachChild(const std::vector<CRefPtr<IDUIControl>>& children, Call call)
-{
-    for (std::size_t i = 0; i < children.size(); ++i)
-        call(CRefPtr<IDUIControl>(children[i]));
-}
-
 }  // namespace
+
+unsigned CDUIControlBase::s_nAdditions = 0;
+
+// Calls for each child that is here now and still here when its turn comes. The calls may add, remove and
+// destroy children, and detach this control, but the caller keeps it alive.
+template <class Call>
+void CDUIControlBase::ForEachChild(Call call)
+{
+    if (m_children.empty())
+        return;
+    const std::vector<CRefPtr<IDUIControl>> children = m_children;
+    for (const CRefPtr<IDUIControl>& child : children)
+        if (child->GetParent() == this)
+            call(*child.GetPtr());
+}
 
 const ControlClass& CDUIControlBase::Class()
 {
@@ -178,39 +187,112 @@ CDUIControlBase::CDUIControlBase(const CDUIControlBase& other)
     // Not AddControl: its hooks are those of a class that is not constructed yet.
     m_children.reserve(other.m_children.size());
     for (const CRefPtr<IDUIControl>& child : other.m_children) {
-        m_children.push_back(child->Clone());
-        m_children.back()->SetParent(this);
+        const CRefPtr<IDUIControl> copy = child->Clone();
+        if (copy.IsNull())
+            continue;
+        m_children.push_back(copy);
+        copy->SetParent(this);
     }
 }
 
 CDUIControlBase::~CDUIControlBase()
 {
+    ClearWeakPtrs();
+    m_attachment = Attachment::Leaving;
     CDUIControlBase::RemoveAllControl();
+    // Those that a handler has added meanwhile.
+    for (const CRefPtr<IDUIControl>& child : m_children)
+        child->SetParent(nullptr);
 }
 
 // --- the window --------------------------------------------------------------------------------------------
 
 void CDUIControlBase::AttachWindow(IDUIControlMgr* pMgr)
 {
-    ForEachChild(m_children, [pMgr](const CRefPtr<IDUIControl>& child) { child->AttachWindow(pMgr); });
+    const ControlGuard keep(this);
+    if (m_pMgr != pMgr)
+        DetachWindow();
+    if (!pMgr)
+        return;
+    // Known before the children have it: those that a handler adds meanwhile are attached by being added, and
+    // a handler that detaches this control ends the walk.
     m_pMgr = pMgr;
+    m_attachment = Attachment::Joining;
+    const unsigned additions = s_nAdditions;
+    ForEachChild([this, pMgr, additions](IDUIControl& child) {
+        if (m_attachment != Attachment::Joining || m_pMgr != pMgr)
+            return;
+        const auto* const base = additions == s_nAdditions ? nullptr : dynamic_cast<CDUIControlBase*>(&child);
+        if (!base || base->m_attachment == Attachment::None)
+            child.AttachWindow(pMgr);
+    });
+    if (m_attachment != Attachment::Joining || m_pMgr != pMgr)
+        return;
+    m_attachment = Attachment::Joined;
+    m_isAnnounced = true;
     SendNotify(DUINOTIFY_CREATED, 0, 0);
 }
 
-void CDUIControlBase::DetachWindow()
+// A control that is being detached. It may be in no tree any more, so a manager finds it here when it ends
+// meanwhile.
+class CDUIControlBase::LeaveScope {
+public:
+    explicit LeaveScope(CDUIControlBase& control)
+        : m_control(control),
+          m_pOuter(std::exchange(s_pInnermost, this))
+    {
+    }
+    LeaveScope(const LeaveScope&) = delete;
+    LeaveScope& operator=(const LeaveScope&) = delete;
+    ~LeaveScope() { s_pInnermost = m_pOuter; }
+
+    static void Finish(const IDUIControlMgr& manager)
+    {
+        for (LeaveScope* scope = s_pInnermost; scope; scope = scope->m_pOuter)
+            if (scope->m_control.m_pMgr == &manager)
+                scope->m_control.DetachWindow();
+    }
+
+private:
+    CDUIControlBase& m_control;
+    LeaveScope* m_pOuter;
+    static LeaveScope* s_pInnermost;
+};
+
+CDUIControlBase::LeaveScope* CDUIControlBase::LeaveScope::s_pInnermost = nullptr;
+
+void CDUIControlBase::FinishDetaching(const IDUIControlMgr& manager)
 {
-    ForEachChild(m_children, [](const CRefPtr<IDUIControl>& child) { child->DetachWindow(); });
-    SendNotify(DUINOTIFY_DESTROYED, 0, 0);
-    m_pMgr = nullptr;
+    LeaveScope::Finish(manager);
 }
 
-LRESULT CDUIControlBase::Request(UINT code, WPARAM wParam, LPARAM lParam)
+// A handler may call this again, for this control or an ancestor: the inner call then does what is left to
+// do.
+void CDUIControlBase::DetachWindow()
+{
+    if (!m_pMgr)
+        return;
+    const ControlGuard keep(this);
+    const LeaveScope scope(*this);
+    m_attachment = Attachment::Leaving;
+    ForEachChild([](IDUIControl& child) { child.DetachWindow(); });
+    if (m_attachment != Attachment::Leaving)
+        return;
+    if (std::exchange(m_isAnnounced, false))
+        SendNotify(DUINOTIFY_DESTROYED, 0, 0);
+    if (m_attachment != Attachment::Leaving)
+        return;
+    m_pMgr = nullptr;
+    m_attachment = Attachment::None;
+}
+
+LRESULT CDUIControlBase::Request(UINT code, WPARAM wParam, LPARAM lParam, IDUIControl* pSender)
 {
     if (!m_pMgr)
         return 0;
     tagDUINotify request;
     request.nCode = code;
-    request.pSender = this;
+    request.pSender = pSender ? pSender : this;
     request.wParam = wParam;
     request.lParam = lParam;
     request.hWnd = nullptr;
@@ -275,6 +357,12 @@ void CDUIControlBase::KillTimer(UINT id)
 {
     DUITimerRecord timer{this, nullptr, id, 0, 0};
     Request(DUIREQUEST_TIMER, 2, reinterpret_cast<LPARAM>(&timer));
+}
+
+BOOL CDUIControlBase::HasTimer(UINT id)
+{
+    DUITimerRecord timer{this, nullptr, id, 0, 0};
+    return m_pMgr && Request(DUIREQUEST_TIMER, 3, reinterpret_cast<LPARAM>(&timer)) == 0;
 }
 
 BOOL CDUIControlBase::SendNotify(UINT code, WPARAM wParam, LPARAM lParam, IDUIControl* pSender)
@@ -426,9 +514,7 @@ void CDUIControlBase::SetVisible(BOOL bVisible)
 
 void CDUIControlBase::OnParentVisibleStatusChange(BOOL bVisible)
 {
-    ForEachChild(m_children, [bVisible](const CRefPtr<IDUIControl>& child) {
-        child->OnParentVisibleStatusChange(bVisible);
-    });
+    ForEachChild([bVisible](IDUIControl& child) { child.OnParentVisibleStatusChange(bVisible); });
 }
 
 void CDUIControlBase::SetMargin(RECT margin)
@@ -500,7 +586,7 @@ void CDUIControlBase::OnSkinChanged()
 {
     const CString style = GetExtras().controlStyle;
     ApplyControlStyle(style);
-    ForEachChild(m_children, [](const CRefPtr<IDUIControl>& child) { child->OnSkinChanged(); });
+    ForEachChild([](IDUIControl& child) { child.OnSkinChanged(); });
     // Scroll bars are no children, and they have styles too.
     for (IDUIControl* const bar : {HorizontalScrollBarOf(*this), VerticalScrollBarOf(*this)})
         if (bar)
@@ -517,6 +603,7 @@ void CDUIControlBase::SubclassControl(IDUIControl* pTarget, BOOL bSubclass)
 
 LRESULT CDUIControlBase::OnDUIEvent(const tagDUIEvent& event, BOOL& bHandled)
 {
+    const ControlGuard keep(this);
     bHandled = FALSE;
     const LRESULT result = PreTranslateEvent(event, bHandled);
     return bHandled ? result : ProcessEvent(event, bHandled);
@@ -538,6 +625,7 @@ void CDUIControlBase::OnDestroy()
 LRESULT CDUIControlBase::PreTranslateEvent(const tagDUIEvent& event, BOOL& bHandled)
 {
     IDUIControl* const subclass = GetExtras().subclass;
+    const ControlGuard keep(subclass);
     return subclass ? subclass->OnDUIEvent(event, bHandled) : 0;
 }
 
@@ -574,7 +662,7 @@ LRESULT CDUIControlBase::ProcessEvent(const tagDUIEvent& event, BOOL&)
 
 void CDUIControlBase::BroadcastEvent(const tagDUIEvent& event)
 {
-    ForEachChild(m_children, [&event](const CRefPtr<IDUIControl>& child) { child->BroadcastEvent(event); });
+    ForEachChild([&event](IDUIControl& child) { child.BroadcastEvent(event); });
     BOOL bHandled = FALSE;
     OnDUIEvent(event, bHandled);
 }

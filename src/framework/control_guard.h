@@ -4,8 +4,8 @@
 
 namespace DUI {
 
-/// Keeps an object alive for one scope, during calls into code that may let go of it. An object that nobody
-/// owns stays nobody's.
+/// Keeps an object alive for one scope, during calls into code that may release it. Has no effect on an
+/// object whose reference count is 0: nobody owns it, so a reference that came and went would delete it.
 class ControlGuard {
 public:
     explicit ControlGuard(CDUIObject* object)

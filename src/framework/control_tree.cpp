@@ -1,4 +1,6 @@
 #include <algorithm>
+#include <unordered_set>
+#include <utility>
 
 #include <qvui/framework/control_base.h>
 #include <qvui/render/render_engine.h>
@@ -16,6 +18,18 @@ bool IsShownIn(IDUIControl& control, const RECT& rcPaint)
     const RECT rect = control.GetControlRect();
     RECT common;
     return (control.GetStyle() & DUISTYLE_VISIBLE) && IntersectRect(&common, &rect, &rcPaint);
+}
+
+// Takes the controls of `removed` out of the list.
+void Withdraw(std::vector<CRefPtr<IDUIControl>>& list, const std::vector<CRefPtr<IDUIControl>>& removed)
+{
+    std::unordered_set<const IDUIControl*> isRemoved;
+    for (const CRefPtr<IDUIControl>& control : removed)
+        isRemoved.insert(control.GetPtr());
+    list.erase(
+        std::remove_if(list.begin(), list.end(),
+                       [&isRemoved](const auto& entry) { return isRemoved.count(entry.GetPtr()) > 0; }),
+        list.end());
 }
 
 }  // namespace
@@ -36,19 +50,55 @@ bool CDUIControlBase::IsInside(const IDUIControl* other) const
     return false;
 }
 
+// For the scope in which a control leaves its place in the tree for another one.
+class CDUIControlBase::MoveScope {
+public:
+    MoveScope(CDUIControlBase& parent, const CRefPtr<IDUIControl>& child)
+        : m_keep(&parent),
+          m_parent(parent),
+          m_child(child),
+          m_pMgr(child.IsNull() ? nullptr : parent.m_pMgr)
+    {
+        Tell(1);
+    }
+    MoveScope(const MoveScope&) = delete;
+    MoveScope& operator=(const MoveScope&) = delete;
+    ~MoveScope() { Tell(0); }
+
+private:
+    void Tell(WPARAM begins)
+    {
+        if (m_pMgr && m_parent.m_pMgr == m_pMgr)
+            m_parent.Request(DUIREQUEST_MOVE, begins, 0, m_child.GetPtr());
+    }
+
+    ControlGuard m_keep;
+    CDUIControlBase& m_parent;
+    CRefPtr<IDUIControl> m_child;
+    IDUIControlMgr* m_pMgr;
+};
+
 BOOL CDUIControlBase::BeforeAddControl(CRefPtr<IDUIControl> child)
 {
     // A control without children holds nobody, so only the others can be an ancestor.
     if (child.IsNull() || child.GetPtr() == this || IsChild(child.GetPtr()) ||
         (child->GetControlCount() > 0 && IsInside(child.GetPtr())))
         return FALSE;
+    if (IDUIControl* const former = child->GetParent(); former && former != this) {
+        const ControlGuard keep(former);
+        const ControlGuard keepThis(this);
+        former->RemoveControl(child);
+        // A handler may have found another parent for it, or put it above this control.
+        if (child->GetParent() || (child->GetControlCount() > 0 && IsInside(child.GetPtr())))
+            return FALSE;
+    }
     child->SetParent(this);
     return TRUE;
 }
 
 void CDUIControlBase::AfterAddControl(CRefPtr<IDUIControl> child)
 {
-    if (!GetControlMgr() || child.IsNull())
+    if (!IsAttached() || child.IsNull())
         return;
     const ControlGuard keep(this);
     child->AttachWindow(GetControlMgr());
@@ -57,20 +107,27 @@ void CDUIControlBase::AfterAddControl(CRefPtr<IDUIControl> child)
 
 void CDUIControlBase::AfterRemoveControl(CRefPtr<IDUIControl> child)
 {
-    if (child.IsNull())
+    // One that another control holds is none of this one's.
+    if (child.IsNull() || (child->GetParent() && child->GetParent() != this))
         return;
+    const ControlGuard keep(this);
+    const unsigned additions = s_nAdditions;
     if (GetControlMgr()) {
-        const ControlGuard keep(this);
         child->DetachWindow();
         UpdateLayout(TRUE, nullptr);
     }
-    child->SetParent(nullptr);
+    // Unless a handler has put it back.
+    if (child->GetParent() == this && (additions == s_nAdditions || !IsChild(child.GetPtr())))
+        child->SetParent(nullptr);
 }
 
 BOOL CDUIControlBase::AddControl(CRefPtr<IDUIControl> child)
 {
+    const ControlGuard keep(this);
+    const MoveScope move(*this, !child.IsNull() && child->GetParent() ? child : CRefPtr<IDUIControl>());
     if (!BeforeAddControl(child))
         return FALSE;
+    ++s_nAdditions;
     m_children.push_back(child);
     AfterAddControl(child);
     return TRUE;
@@ -78,9 +135,15 @@ BOOL CDUIControlBase::AddControl(CRefPtr<IDUIControl> child)
 
 BOOL CDUIControlBase::AddControlAt(int index, CRefPtr<IDUIControl> child)
 {
-    if (index < 0 || index >= GetControlCount() || !BeforeAddControl(child))
+    if (index < 0 || index >= GetControlCount())
         return FALSE;
-    m_children.insert(m_children.begin() + index, child);
+    const ControlGuard keep(this);
+    const MoveScope move(*this, !child.IsNull() && child->GetParent() ? child : CRefPtr<IDUIControl>());
+    if (!BeforeAddControl(child))
+        return FALSE;
+    ++s_nAdditions;
+    // Taking the child from a former parent may have shortened the list.
+    m_children.insert(m_children.begin() + std::min(index, GetControlCount()), child);
     AfterAddControl(child);
     return TRUE;
 }
@@ -109,16 +172,22 @@ BOOL CDUIControlBase::RemoveControlAt(int index)
 
 void CDUIControlBase::RemoveAllControl()
 {
-    if (GetControlMgr())
-        for (std::size_t i = 0; i < m_children.size(); ++i) {
-            const CRefPtr<IDUIControl> child = m_children[i];
-            child->DetachWindow();
-        }
-    for (const CRefPtr<IDUIControl>& child : m_children)
-        child->SetParent(nullptr);
-    // Destructors of children must not find them in the list any more.
-    const std::vector<CRefPtr<IDUIControl>> released = std::move(m_children);
-    m_children.clear();
+    const ControlGuard keep(this);
+    std::vector<CRefPtr<IDUIControl>> released;
+    if (GetControlMgr()) {
+        released = m_children;
+        for (const CRefPtr<IDUIControl>& child : released)
+            if (child->GetParent() == this)
+                child->DetachWindow();
+    }
+    // Destructors of children must not find them in the list any more. Those that handlers have added stay.
+    if (released.empty() || released == m_children)
+        released = std::exchange(m_children, {});
+    else
+        Withdraw(m_children, released);
+    for (const CRefPtr<IDUIControl>& child : released)
+        if (child->GetParent() == this)
+            child->SetParent(nullptr);
     UpdateLayout(FALSE, nullptr);
 }
 
@@ -136,6 +205,7 @@ int CDUIControlBase::GetControlIndex(CRefPtr<IDUIControl> child)
 
 BOOL CDUIControlBase::SetControlIndex(CRefPtr<IDUIControl> child, int index)
 {
+    const MoveScope move(*this, child);
     RemoveControl(child);
     return AddControlAt(index, child);
 }

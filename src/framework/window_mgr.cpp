@@ -1,5 +1,7 @@
 #include <qvui/framework/window_mgr.h>
 
+#include <utility>
+
 #include <qvui/foundation/trace.h>
 #include <qvui/framework/app.h>
 #include <qvui/framework/tool_tip.h>
@@ -60,10 +62,17 @@ CDUIWindowMgr::CDUIWindowMgr() = default;
 
 CDUIWindowMgr::~CDUIWindowMgr()
 {
+    m_isEnding = true;
     FinishWindowMgr();
+    ForgetAllHandlers();
+    for (const CWeakPtr<IDUIControl>& root : m_handedOut) {
+        auto* const control = InterfaceOf<CDUIControlBase>(root, "control_base");
+        if (control && control->GetControlMgr() == this)
+            control->DetachWindow();
+    }
+    CDUIControlBase::FinishDetaching(*this);
     for (Target* target : m_targets)
         target->LoseManager();
-    ForgetAllHandlers();
 }
 
 // --- creating and finishing --------------------------------------------------------------------------------
@@ -89,23 +98,44 @@ BOOL CDUIWindowMgr::CreateFromRootControl(CRefPtr<IDUIControl> root, HWND hWnd, 
 
 BOOL CDUIWindowMgr::AdoptRoot(CRefPtr<IDUIControl> root, HWND hWnd)
 {
+    // Released at the very end: its destructor may end the manager.
+    const CRefPtr<IDUIControl> previous = m_pRoot;
     // A tree that is still attached must not keep a manager that no longer knows it.
-    if (m_isAttached && m_pRoot != root) {
-        m_isAttached = false;
-        const CRefPtr<IDUIControl> previous = m_pRoot;
-        previous->DetachWindow();
-    }
+    if (m_isEnding || (previous != root && !DetachTree()))
+        return FALSE;
+    ++m_nTrees;
     m_pRoot = root;
+    m_bLayoutLocked = FALSE;
+    m_moves.clear();
+    m_away.clear();
     ForgetNames();
     if (m_pRoot.IsNull())
         return FALSE;
     m_hWnd = hWnd;
+    const unsigned tree = m_nTrees;
+    const Target alive(*this, nullptr);
     LayoutRootControl();
-    return TRUE;
+    return alive.IsManagerAlive() && tree == m_nTrees;
+}
+
+bool CDUIWindowMgr::DetachTree()
+{
+    if (!m_isAttached)
+        return true;
+    const unsigned tree = m_nTrees;
+    // The flag stays until the end: whoever is called meanwhile and ends the tree, too, must do what is left.
+    const Target root(*this, m_pRoot.GetPtr());
+    root->DetachWindow();
+    if (!root.IsManagerAlive() || tree != m_nTrees)
+        return false;
+    m_isAttached = false;
+    return true;
 }
 
 void CDUIWindowMgr::InitWindowMgr()
 {
+    if (m_isEnding)
+        return;
     if (IDUISkinMgr* const manager = skin::Manager()) {
         manager->AddSkinObserver(this);
         m_isSkinObserver = true;
@@ -115,13 +145,15 @@ void CDUIWindowMgr::InitWindowMgr()
     ForgetNames();
     if (!m_pRoot.IsNull()) {
         m_isAttached = true;
+        const unsigned tree = m_nTrees;
         Target root(*this, m_pRoot.GetPtr());
         root->AttachWindow(this);
-        if (!root.IsManagerAlive())
+        // A handler may have finished this tree, or started another one.
+        if (!root.IsManagerAlive() || tree != m_nTrees)
             return;
         // Scroll bars that containers made when they were attached get their places.
         LayoutRootControl();
-        if (!root.IsManagerAlive())
+        if (!root.IsManagerAlive() || tree != m_nTrees)
             return;
     }
     if (IsWindow())
@@ -135,16 +167,17 @@ void CDUIWindowMgr::FinishWindowMgr()
         manager->RemoveSkinObserver(this);
     m_isSkinObserver = false;
     ForgetNames();
-    const Target root(*this, m_pRoot.GetPtr());
-    const bool wasAttached = m_isAttached;
-    m_isAttached = false;
-    if (root && wasAttached)
-        root->DetachWindow();
-    if (!root.IsManagerAlive())
+    // Released at the very end: its destructor may end the manager.
+    const CRefPtr<IDUIControl> root = m_pRoot;
+    if (!DetachTree())
         return;
+    ++m_nTrees;
     m_pRoot = nullptr;
     m_pCapture = m_pHover = m_pFocus = nullptr;
     m_bTracking = FALSE;
+    m_bLayoutLocked = FALSE;
+    m_moves.clear();
+    m_away.clear();
     ForgetNames();
     ClearTimer();
     m_pToolTip.reset();
@@ -153,8 +186,10 @@ void CDUIWindowMgr::FinishWindowMgr()
 CRefPtr<IDUIControl> CDUIWindowMgr::DetachRootControl()
 {
     CRefPtr<IDUIControl> root = m_pRoot;
+    ++m_nTrees;
     m_pRoot = nullptr;
-    m_isAttached = false;
+    if (std::exchange(m_isAttached, false))
+        m_handedOut.push_back(root.GetPtr());
     m_pCapture = m_pHover = m_pFocus = nullptr;
     ForgetNames();
     return root;
@@ -299,7 +334,10 @@ LRESULT CDUIWindowMgr::OnSize(UINT, WPARAM wParam, LPARAM lParam, BOOL& bHandled
     if (!Broadcast(DUIEVENT_WINDOWSIZE, wParam, lParam))
         return 0;
     if (IsWindow() && !IsIconic(m_hWnd)) {
+        const Target alive(*this, nullptr);
         LayoutRootControl();
+        if (!alive.IsManagerAlive())
+            return 0;
         Invalidate(TRUE);
     }
     UpdateTooltipTool();

@@ -245,14 +245,20 @@ LRESULT CDUIWindowMgr::OnLButtonDown(UINT, WPARAM wParam, LPARAM lParam, BOOL& b
     return 0;
 }
 
-// False when the manager has gone.
+// While a control hears that it loses the focus, it still has it; a handler that moves the focus then takes
+// it.
 bool CDUIWindowMgr::LoseFocus(IDUIControl* sender, tagDUIEvent event, BOOL& bHandled)
 {
     IDUIControl* const loser = m_pFocus;
-    event.Type = DUIEVENT_KILLFOCUS;
-    event.pSender = sender;
-    if (!Deliver(loser, event, bHandled))
-        return false;
+    if (loser != m_pLosesFocus) {
+        const CWeakPtr<IDUIControl> outer = m_pLosesFocus;
+        m_pLosesFocus = loser;
+        event.Type = DUIEVENT_KILLFOCUS;
+        event.pSender = sender;
+        if (!Deliver(loser, event, bHandled))
+            return false;
+        m_pLosesFocus = outer;
+    }
     if (m_pFocus == loser)
         m_pFocus = nullptr;
     return true;
@@ -373,8 +379,11 @@ bool CDUIWindowMgr::IsOwnMessage(const MSG& message) const
 
 BOOL CDUIWindowMgr::PreTranslateMessage(MSG* pMsg)
 {
+    const Target alive(*this, nullptr);
     if (m_messageLoop.PreTranslateMessage(pMsg))
         return TRUE;
+    if (!alive.IsManagerAlive())
+        return FALSE;
     if (m_pToolTip)
         m_pToolTip->RelayEvent(pMsg);
     if (!IsOwnMessage(*pMsg))

@@ -1,5 +1,7 @@
 #include <algorithm>
 #include <bitset>
+#include <iterator>
+#include <utility>
 
 #include <qvui/framework/window_mgr.h>
 
@@ -24,6 +26,7 @@ const CDUIWindowMgr::RequestEntry CDUIWindowMgr::kRequests[] = {
     {DUIREQUEST_LOCKLAYOUT, &CDUIWindowMgr::HandleLockRequest},
     {DUIREQUEST_TIMER, &CDUIWindowMgr::HandleTimerRequest},
     {DUIREQUEST_WINDOWSTATUS, &CDUIWindowMgr::HandleStatusRequest},
+    {DUIREQUEST_MOVE, &CDUIWindowMgr::HandleMoveRequest},
 };
 
 LRESULT CDUIWindowMgr::OnControlRequest(tagDUINotify& request)
@@ -48,11 +51,13 @@ LRESULT CDUIWindowMgr::HandleUpdateRequest(tagDUINotify& request)
 // Apart from its caller, which every control calls in every layout pass.
 LRESULT CDUIWindowMgr::Update(const tagDUINotify& request)
 {
-    Target sender(*this, request.pSender);
+    IDUIControl* sender = request.pSender;
     if (request.wParam) {
+        const Target keep(*this, sender);
         LayoutRootControl();
-        if (!sender.IsManagerAlive())
+        if (!keep.IsManagerAlive())
             return kDone;
+        sender = keep.Get();
     }
     if (const auto* const rect = reinterpret_cast<const RECT*>(request.lParam)) {
         InvalidateRect(rect, TRUE);
@@ -67,7 +72,7 @@ LRESULT CDUIWindowMgr::HandleFocusRequest(tagDUINotify& request)
 {
     enum : WPARAM { kTake = 1, kGiveUp = 2, kAsk = 3 };
     if (request.wParam == kAsk)
-        return reinterpret_cast<LRESULT>(m_pFocus);
+        return reinterpret_cast<LRESULT>(m_pFocus.GetPtr());
     if (request.wParam != kTake && request.wParam != kGiveUp)
         return kDone;
     Target taker(*this, request.wParam == kTake ? request.pSender : nullptr);
@@ -127,6 +132,8 @@ LRESULT CDUIWindowMgr::HandleTimerRequest(tagDUINotify& request)
             return StartTimer(*wanted);
         case 2:
             return StopTimer(*wanted);
+        case 3:
+            return FindTimer(wanted->pOwner, wanted->nTimerID) == m_timers.size() ? kRefused : kDone;
         default:
             return kRefused;
     }
@@ -135,9 +142,9 @@ LRESULT CDUIWindowMgr::HandleTimerRequest(tagDUINotify& request)
 // The position of a running timer; the list's size when it does not run.
 std::size_t CDUIWindowMgr::FindTimer(const IDUIControl* owner, UINT id) const
 {
-    const auto found = std::find_if(
-        m_timers.begin(), m_timers.end(),
-        [owner, id](const DUITimerRecord& timer) { return timer.pOwner == owner && timer.nTimerID == id; });
+    const auto found = std::find_if(m_timers.begin(), m_timers.end(), [owner, id](const Timer& timer) {
+        return timer.owner == owner && timer.record.nTimerID == id;
+    });
     return static_cast<std::size_t>(found - m_timers.begin());
 }
 
@@ -145,15 +152,16 @@ LRESULT CDUIWindowMgr::StartTimer(const DUITimerRecord& wanted)
 {
     if (FindTimer(wanted.pOwner, wanted.nTimerID) != m_timers.size())
         return E_FAIL;
+    RemoveTimers([](const Timer& timer) { return !timer.owner; });
     std::bitset<kMostTimers + 1> isTaken;
-    for (const DUITimerRecord& timer : m_timers)
-        isTaken.set(timer.nNativeID);
+    for (const Timer& timer : m_timers)
+        isTaken.set(timer.record.nNativeID);
     UINT_PTR native = 1;
     while (native <= kMostTimers && isTaken.test(native))
         ++native;
     if (native > kMostTimers || !::SetTimer(m_hWnd, native, wanted.nElapse, nullptr))
         return E_FAIL;
-    m_timers.push_back({wanted.pOwner, m_hWnd, wanted.nTimerID, wanted.nElapse, native});
+    m_timers.push_back({{wanted.pOwner, m_hWnd, wanted.nTimerID, wanted.nElapse, native}, wanted.pOwner});
     return kDone;
 }
 
@@ -162,29 +170,45 @@ LRESULT CDUIWindowMgr::StopTimer(const DUITimerRecord& wanted)
     const std::size_t index = FindTimer(wanted.pOwner, wanted.nTimerID);
     if (index == m_timers.size())
         return kRefused;
-    ::KillTimer(m_hWnd, m_timers[index].nNativeID);
+    ::KillTimer(m_hWnd, m_timers[index].record.nNativeID);
     m_timers.erase(m_timers.begin() + static_cast<std::ptrdiff_t>(index));
     return kDone;
 }
 
 void CDUIWindowMgr::ClearTimer()
 {
-    if (IsWindow())
-        for (const DUITimerRecord& timer : m_timers)
-            ::KillTimer(m_hWnd, timer.nNativeID);
-    m_timers.clear();
+    RemoveTimers([](const Timer&) { return true; });
+}
+
+template <class Predicate>
+void CDUIWindowMgr::RemoveTimers(Predicate isOver)
+{
+    const bool isWindow = IsWindow() != FALSE;
+    const auto stop = [this, isWindow, &isOver](const Timer& timer) {
+        if (!isOver(timer))
+            return false;
+        if (isWindow)
+            ::KillTimer(m_hWnd, timer.record.nNativeID);
+        return true;
+    };
+    m_timers.erase(std::remove_if(m_timers.begin(), m_timers.end(), stop), m_timers.end());
 }
 
 LRESULT CDUIWindowMgr::OnTimer(UINT, WPARAM wParam, LPARAM lParam, BOOL&)
 {
-    const auto found = std::find_if(m_timers.begin(), m_timers.end(), [wParam](const DUITimerRecord& timer) {
-        return timer.nNativeID == LOWORD(wParam);
+    const auto found = std::find_if(m_timers.begin(), m_timers.end(), [wParam](const Timer& timer) {
+        return timer.record.nNativeID == LOWORD(wParam);
     });
     if (found == m_timers.end())
         return 0;
-    IDUIControl* const owner = found->pOwner;
+    IDUIControl* const owner = found->owner;
+    if (!owner) {
+        RemoveTimers([](const Timer& timer) { return !timer.owner; });
+        return 0;
+    }
     BOOL bHandled = FALSE;
-    Deliver(owner, {DUIEVENT_TIMER, owner, m_ptLast, 0, DUIKeyState(), found->nTimerID, lParam}, bHandled);
+    Deliver(owner, {DUIEVENT_TIMER, owner, m_ptLast, 0, DUIKeyState(), found->record.nTimerID, lParam},
+            bHandled);
     return 0;
 }
 
@@ -194,6 +218,8 @@ void CDUIWindowMgr::SendNotify(const tagDUINotify& notify)
 {
     BOOL bHandled = FALSE;
     const Target sender(*this, notify.pSender);
+    if (notify.nCode == DUINOTIFY_CREATED)
+        m_away.erase(notify.pSender);
     if (sender)
         sender->OnDUINotify(notify, bHandled);
     if (!bHandled && sender.IsManagerAlive())
@@ -210,14 +236,27 @@ void CDUIWindowMgr::SendNotify(const tagDUINotify& notify)
 void CDUIWindowMgr::OnDUINotify(const tagDUINotify& notify, BOOL& bHandled)
 {
     if (notify.nCode == DUINOTIFY_DESTROYED && !bHandled)
-        Forget(notify.pSender);
+        ForgetPointers(notify.pSender);
+}
+
+void CDUIWindowMgr::ForgetPointers(const IDUIControl* control)
+{
+    if (m_pHover == control)
+        m_pHover = nullptr;
+    if (IsMoving(control))
+        return;
+    for (CWeakPtr<IDUIControl>* const pointer : {&m_pCapture, &m_pFocus})
+        if (*pointer == control)
+            *pointer = nullptr;
 }
 
 void CDUIWindowMgr::Forget(const IDUIControl* control)
 {
-    for (IDUIControl** const pointer : {&m_pCapture, &m_pFocus, &m_pHover})
-        if (*pointer == control)
-            *pointer = nullptr;
+    ForgetPointers(control);
+    if (IsMoving(control)) {
+        m_away.insert(control);
+        return;
+    }
     for (Target* const target : m_targets)
         target->Forget(control);
     const auto place = m_namePlaces.find(control);
@@ -225,15 +264,30 @@ void CDUIWindowMgr::Forget(const IDUIControl* control)
         m_names.erase(place->second);
         m_namePlaces.erase(place);
     }
-    const bool isWindow = IsWindow() != FALSE;
-    const auto isOwned = [this, control, isWindow](const DUITimerRecord& timer) {
-        if (timer.pOwner != control)
-            return false;
-        if (isWindow)
-            ::KillTimer(m_hWnd, timer.nNativeID);
-        return true;
-    };
-    m_timers.erase(std::remove_if(m_timers.begin(), m_timers.end(), isOwned), m_timers.end());
+    RemoveTimers([control](const Timer& timer) { return timer.owner == control; });
+}
+
+bool CDUIWindowMgr::IsMoving(const IDUIControl* control) const
+{
+    for (; control && !m_moves.empty(); control = control->GetParent())
+        if (std::find(m_moves.begin(), m_moves.end(), control) != m_moves.end())
+            return true;
+    return false;
+}
+
+LRESULT CDUIWindowMgr::HandleMoveRequest(tagDUINotify& request)
+{
+    if (request.wParam) {
+        m_moves.push_back(request.pSender);
+        return kDone;
+    }
+    const auto ended = std::find(m_moves.rbegin(), m_moves.rend(), request.pSender);
+    if (ended != m_moves.rend())
+        m_moves.erase(std::next(ended).base());
+    if (m_moves.empty())
+        for (const IDUIControl* const control : std::exchange(m_away, {}))
+            Forget(control);
+    return kDone;
 }
 
 void CDUIWindowMgr::AddHandler(const CString& name, CDUINotifyTarget* target,

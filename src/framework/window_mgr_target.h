@@ -4,13 +4,15 @@
 
 #include <qvui/framework/window_mgr.h>
 
+#include "framework/control_guard.h"
+
 namespace DUI {
 
 class CDUIWindowMgr::Target {
 public:
     Target(CDUIWindowMgr& manager, IDUIControl* control)
         : m_pMgr(&manager),
-          m_pKeep(control),
+          m_keep(control),
           m_pControl(control)
     {
         manager.m_targets.push_back(this);
@@ -41,8 +43,8 @@ public:
 
 private:
     CDUIWindowMgr* m_pMgr;
-    CRefPtr<IDUIControl> m_pKeep;
-    IDUIControl* m_pControl;
+    ControlGuard m_keep;
+    CWeakPtr<IDUIControl> m_pControl;
 };
 
 }  // namespace DUI

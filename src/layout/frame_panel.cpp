@@ -83,8 +83,8 @@ void CDUIFramePanel::SetControlRect(const RECT& rect)
     StoreControlRect(rect);
     if (m_nDrawMode != FRAMEPANEL_USE_COLOR)
         CalculateImageFrame();
-    IDUIControl* const child = GetControlByIndex(0);
-    if (!child)
+    const CRefPtr<IDUIControl> child = GetControlByIndex(0);
+    if (child.IsNull())
         return;
     RECT inside = Shrink(GetContentRect(), m_rcFrame);
     if (IsRectEmpty(&inside))

@@ -91,6 +91,14 @@ TEST_F(Animation, StopsOneOrAllWithoutSayingSo)
     const CRefPtr<IDUIControl> root = window.DetachRootControl();
     root->DetachWindow();
     EXPECT_FALSE(dancer->IsAnimationRunning(1));
+    // Of a control that does not stop its animations itself: they go with the timers.
+    CDUIAnimation other(dancer);
+    root->AttachWindow(&window);
+    EXPECT_TRUE(other.StartAnimation(40, 3, 1, FALSE));
+    root->DetachWindow();
+    root->AttachWindow(&window);
+    EXPECT_FALSE(other.IsAnimationRunning(1));
+    EXPECT_TRUE(other.StartAnimation(40, 3, 1, FALSE));
 }
 
 TEST_F(Animation, MayBeStoppedOrRestartedByItsOwnSteps)

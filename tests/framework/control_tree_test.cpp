@@ -170,16 +170,148 @@ TEST_F(ControlTree, AsksParentsForVisibilityOnlyWhenTold)
     EXPECT_FALSE(window->Find("a")->IsVisible(TRUE));
 }
 
-TEST_F(ControlTree, SurvivesChildrenThatLeaveWhileTheyAreTold)
+// What a handler of the first child's event does to its siblings while all of them are told of something.
+TEST_F(ControlTree, ReachesEveryChildOnceWhateverAHandlerDoes)
+{
+    const struct {
+        const char* name;
+        void (*act)(IDUIControl& box, const CRefPtr<IDUIControl> (&children)[4]);
+        const char* attached;
+        const char* told;
+        const char* detached;
+    } deeds[] = {
+        {"removes the next", [](auto& box, auto& c) { box.RemoveControl(c[1]); },
+         "a create, c create, box create",
+         "a WINDOWSIZE root, b destroy, c WINDOWSIZE root, box WINDOWSIZE root",
+         "a destroy, b destroy, c destroy, box destroy"},
+        {"adds one", [](auto& box, auto& c) { box.AddControl(c[3]); },
+         "a create, new create, b create, c create, box create",
+         "a WINDOWSIZE root, new create, b WINDOWSIZE root, c WINDOWSIZE root, box WINDOWSIZE root",
+         "a destroy, b destroy, c destroy, box destroy"},
+        {"moves the last to the front", [](auto& box, auto& c) { box.SetControlIndex(c[2], 0); },
+         "a create, c create, b create, box create",
+         "a WINDOWSIZE root, c destroy, c create, b WINDOWSIZE root, c WINDOWSIZE root, box WINDOWSIZE root",
+         "a destroy, c destroy, b destroy, box destroy"},
+        {"moves itself", [](auto& box, auto& c) { box.SetControlIndex(c[0], 1); },
+         "a create, a destroy, a create, b create, c create, box create",
+         "a WINDOWSIZE root, a destroy, a create, b WINDOWSIZE root, c WINDOWSIZE root, box WINDOWSIZE root",
+         "a destroy, b destroy, c destroy, box destroy"},
+        {"removes everything", [](auto& box, auto&) { box.RemoveAllControl(); },
+         "a create, a destroy, box create",
+         "a WINDOWSIZE root, a destroy, b destroy, c destroy, box WINDOWSIZE root",
+         "a destroy, b destroy, c destroy, box destroy"},
+    };
+    for (const auto& deed : deeds)
+        for (const UINT moment :
+             {UINT{DUINOTIFY_CREATED}, UINT{DUIEVENT_WINDOWSIZE} + 100, UINT{DUINOTIFY_DESTROYED}}) {
+            SCOPED_TRACE(std::string(deed.name) + " at " + std::to_string(moment));
+            ControlWindow window({90, 30}, "<probe name='root'/>");
+            const CRefPtr<IDUIControl> box = Make("box");
+            const CRefPtr<IDUIControl> children[] = {Make("a"), Make("b"), Make("c"), Make("new")};
+            for (int i = 0; i < 3; ++i)
+                box->AddControl(children[i]);
+            bool isDone = false;
+            const auto act = [&](UINT now) {
+                if (now == moment && !std::exchange(isDone, true))
+                    deed.act(*box.GetPtr(), children);
+            };
+            window.OnNotify([&](const tagDUINotify& notify) {
+                if (notify.pSender == children[0].GetPtr())
+                    act(notify.nCode);
+            });
+            static_cast<Probe&>(*children[0].GetPtr()).onEvent = [&](const tagDUIEvent& event, BOOL&) {
+                act(event.Type + 100);
+            };
+            std::string log;
+            const auto run = [&](UINT watched, auto step) {
+                Probe::Take();
+                step();
+                if (watched == moment)
+                    log = Probe::Take({"ground", "text", "border", "root WINDOWSIZE"});
+            };
+            run(DUINOTIFY_CREATED, [&] { window.GetRootControl()->AddControl(box); });
+            run(DUIEVENT_WINDOWSIZE + 100, [&] { window.Resize({80, 30}); });
+            run(DUINOTIFY_DESTROYED, [&] { window.GetRootControl()->RemoveControl(box); });
+            EXPECT_EQ(log, moment == DUINOTIFY_CREATED     ? deed.attached
+                           : moment == DUINOTIFY_DESTROYED ? deed.detached
+                                                           : deed.told);
+            for (const CRefPtr<IDUIControl>& child : children)
+                EXPECT_EQ(static_cast<Probe&>(*child.GetPtr()).GetControlMgr(), nullptr)
+                    << child->GetName().GetString();
+            window.OnNotify(nullptr);
+        }
+}
+
+// The ways in which a control can go that the window does not learn from a notification.
+TEST_F(ControlTree, LeavesNothingBehindWhenItDiesAttached)
 {
     auto window = ThreeChildren();
-    const CRefPtr<IDUIControl> root(window->Find("root"));
-    window->OnNotify([&root](const tagDUINotify& notify) {
-        if (notify.nCode == DUINOTIFY_DESTROYED && notify.pSender->GetName() == "a")
-            root->RemoveAllControl();
+    {
+        // Nobody owns it.
+        Probe loose("loose");
+        loose.AttachWindow(window.get());
+        loose.SetFocus(TRUE);
+        EXPECT_TRUE(loose.SetTimer(1, 1000));
+        window->Find("a")->SetFocus(TRUE);
+        loose.SetText("text");
+        loose.SetFocus(TRUE);
+        loose.SubclassControl(window->Find("a"), TRUE);
+        EXPECT_EQ(window->GetFocusControl(), &loose);
+    }
+    EXPECT_EQ(window->GetFocusControl(), nullptr);
+    SendMessageA(window->Handle(), WM_TIMER, 1, 0);
+    window->mouse.MoveTo({15, 15});
+
+    // Removed, and so destroyed, while it is told of its creation.
+    IDUIControl* const root = window->Find("root");
+    window->OnNotify([root](const tagDUINotify& notify) {
+        if (notify.nCode == DUINOTIFY_CREATED && notify.pSender->GetName() == "brief")
+            root->RemoveControl(notify.pSender);
     });
-    root->RemoveControlAt(root->GetControlIndex(window->Find("a")));
-    EXPECT_EQ(root->GetControlCount(), 0);
+    root->AddControl(Make("brief"));
+    EXPECT_EQ(root->GetControlCount(), 4);
+
+    // A handler that refreshes the names while controls go finds none of them afterwards.
+    window->OnNotify([&window](const tagDUINotify& notify) {
+        if (notify.nCode == DUINOTIFY_DESTROYED)
+            window->GetControlByName("root", TRUE);
+    });
+    root->RemoveAllControl();
+    for (const char* const name : {"filler", "a", "b", "c"})
+        EXPECT_EQ(window->GetControlByName(name, FALSE), nullptr) << name;
+
+    // A root that was handed out, dropped or kept beyond its window.
+    window->OnNotify(nullptr);
+    window->DetachRootControl();
+    window = ThreeChildren();
+    const CRefPtr<IDUIControl> kept = window->DetachRootControl();
+    EXPECT_EQ(static_cast<Probe&>(*kept.GetPtr()).GetControlMgr(), window.get());
+    window.reset();
+    kept->GetControlByIndex(1)->SetText("alone");
+    EXPECT_EQ(static_cast<Probe&>(*kept.GetPtr()).GetControlMgr(), nullptr);
+}
+
+TEST_F(ControlTree, KeepsOneParentAndSkipsWhatCannotBeCopied)
+{
+    struct Unique : Probe {
+        using Probe::Probe;
+        CRefPtr<IDUIControl> Clone() override { return nullptr; }
+    };
+    auto window = ThreeChildren();
+    IDUIControl* const root = window->Find("root");
+    const CRefPtr<IDUIControl> a = window->Find("a");
+    IDUIControl* const b = window->Find("b");
+    EXPECT_TRUE(b->AddControl(a));
+    EXPECT_EQ(root->GetControlCount(), 3);
+    EXPECT_EQ(a->GetParent(), b);
+    EXPECT_TRUE(root->AddControlAt(2, a));
+    EXPECT_EQ(b->GetControlCount(), 0);
+    EXPECT_EQ(root->GetControlIndex(a), 2);
+    EXPECT_FALSE(root->AddControl(a));
+    b->RemoveControl(a);
+    EXPECT_EQ(a->GetParent(), root) << "not b's to remove";
+    root->AddControl(new Unique("unique"));
+    EXPECT_EQ(root->Clone()->GetControlCount(), 4);
 }
 
 }  // namespace

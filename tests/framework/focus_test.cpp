@@ -88,6 +88,26 @@ TEST_F(Focus, TellsTheLoserThenTheTaker)
     EXPECT_EQ(Focused(), "-");
 }
 
+// The control that hears of its loss moves the focus itself, or wants to keep it.
+TEST_F(Focus, FollowsTheLastOfTwoRequests)
+{
+    Open("<probe name='a'/><probe name='b'/><probe name='c'/>");
+    for (const char* const wanted : {"a", "b", "c"}) {
+        auto* const a = window->Find<Probe>("a");
+        a->SetFocus(TRUE);
+        a->onEvent = [this, wanted](const tagDUIEvent& event, BOOL&) {
+            if (event.Type == DUIEVENT_KILLFOCUS)
+                window->Find(wanted)->SetFocus(TRUE);
+        };
+        TakeEvents();
+        window->Find("b")->SetFocus(TRUE);
+        const std::string taker = *wanted == 'c' ? "c" : "b";
+        EXPECT_EQ(TakeEvents(), "a KILLFOCUS self, " + taker + " SETFOCUS self");
+        EXPECT_EQ(Focused(), taker);
+        a->onEvent = nullptr;
+    }
+}
+
 TEST_F(Focus, SendsKeysToTheFocusControl)
 {
     Open("<probe name='a'/>");

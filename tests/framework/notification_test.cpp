@@ -2,6 +2,7 @@
 
 #include "framework/probe.h"
 #include "support/controls/control_test.h"
+#include "support/table.h"
 
 namespace qvui::test {
 namespace {
@@ -25,6 +26,26 @@ struct Listener : CDUINotifyTarget {
 struct Deaf : ControlWindow {
     using ControlWindow::ControlWindow;
     void OnDUINotify(const tagDUINotify&, BOOL& bHandled) override { bHandled = TRUE; }
+};
+
+/// Hears of skin changes while it exists.
+class Observer : public IDUISkinObserver {
+public:
+    explicit Observer(std::function<void()> call) : m_call(std::move(call))
+    {
+        DUIGetAppInstance()->GetSkinMgr()->AddSkinObserver(this);
+    }
+    Observer(const Observer&) = delete;
+    Observer& operator=(const Observer&) = delete;
+    virtual ~Observer()
+    {
+        if (IDUISkinMgr* const manager = DUIGetAppInstance()->GetSkinMgr())
+            manager->RemoveSkinObserver(this);
+    }
+    void OnSkinUIDataChanged() override { m_call(); }
+
+private:
+    std::function<void()> m_call;
 };
 
 class Notifications : public ControlTest {
@@ -60,8 +81,10 @@ TEST_F(Notifications, ReachHandlersOfTheSendersNameInOrder)
     Send("a");
     Send("b");
     EXPECT_EQ(Probe::Take(), "second hears a, second hears b");
+    window->Find("root")->RemoveControl(window->Find("b"));
+    EXPECT_EQ(Probe::Take(), "b destroy, second hears b");
     window->RemoveNotifyHandlers(&second);
-    Send("b");
+    Send("a");
     EXPECT_EQ(Probe::Take(), "");
 }
 
@@ -90,59 +113,97 @@ TEST_F(Notifications, AreNotSentToListenersThatAreGone)
     window.reset();  // third outlives its window
 }
 
+// A window, and its controls whether or not they are in its tree.
+struct Scene {
+    ControlWindow& window;
+    CRefPtr<IDUIControl> root = window.Find("root"), a = window.Find("a"), inner = window.Find("inner"),
+                         b = window.Find("b");
+};
+
 struct Deed {
     const char* name;
-    std::function<void(ControlWindow&)> act;
+    std::function<void(Scene&)> act;
 };
+
+// Moments that are not events, beyond the event types.
+constexpr UINT kCreated = 100 + DUINOTIFY_CREATED;
+constexpr UINT kDestroyed = 100 + DUINOTIFY_DESTROYED;
+constexpr UINT kSkinChanged = 200;
 
 // What a handler may do while a control is in the middle of something; nothing may be touched afterwards that
 // is gone. The address sanitizer is the judge.
 TEST_F(Notifications, MayDoAnythingInAHandler)
 {
     const std::vector<Deed> deeds{
-        {"remove the sender", [](ControlWindow& w) { w.Find("a")->RemoveControl(w.Find("inner")); }},
-        {"remove the parent", [](ControlWindow& w) { w.Find("root")->RemoveControl(w.Find("a")); }},
-        {"remove everything", [](ControlWindow& w) { w.Find("root")->RemoveAllControl(); }},
-        {"finish the tree", [](ControlWindow& w) { w.FinishWindowMgr(); }},
-        {"close the window", [](ControlWindow& w) { w.Close(); }},
-        {"end the manager", [this](ControlWindow&) { window.reset(); }},
+        {"remove the sender", [](Scene& s) { s.a->RemoveControl(s.inner); }},
+        {"remove the parent", [](Scene& s) { s.root->RemoveControl(s.a); }},
+        {"remove everything", [](Scene& s) { s.root->RemoveAllControl(); }},
+        {"move the sender", [](Scene& s) { s.b->AddControl(s.inner); }},
+        {"move the parent", [](Scene& s) { s.root->SetControlIndex(s.a, 0); }},
+        {"take the focus", [](Scene& s) { s.inner->SetFocus(TRUE); }},
+        {"move the focus", [](Scene& s) { s.b->SetFocus(TRUE); }},
+        {"drop the root",
+         [](Scene& s) {
+             s.window.DetachRootControl();
+             s.root = nullptr;
+         }},
+        {"finish the tree", [](Scene& s) { s.window.FinishWindowMgr(); }},
+        {"close the window", [](Scene& s) { s.window.Close(); }},
+        {"end the manager", [this](Scene&) { window.reset(); }},
+        {"end the application",
+         [this](Scene&) {
+             window.reset();
+             DUIGetAppInstance()->Term();
+         }},
         {"build another tree",
-         [](ControlWindow& w) {
+         [](Scene& s) {
              RECT rect{};
-             w.FinishWindowMgr();
-             w.CreateFromXML("<window><probe name='other'/></window>", w.Handle(), rect);
-             w.InitWindowMgr();
+             s.window.FinishWindowMgr();
+             s.window.CreateFromXML("<window><probe name='other'/></window>", s.window.Handle(), rect);
+             s.window.InitWindowMgr();
          }},
         {"replace the tree without finishing",
-         [](ControlWindow& w) {
+         [](Scene& s) {
              RECT rect{};
-             w.CreateFromXML("<window><probe name='other'/></window>", w.Handle(), rect);
+             s.window.CreateFromXML("<window><probe name='other'/></window>", s.window.Handle(), rect);
          }},
-        {"switch the skin", [this](ControlWindow&) { Skin().Manager().SetSkinTyle("dark"); }},
+        {"switch the skin", [this](Scene&) { Skin().Manager().SetSkinTyle("dark"); }},
         {"open a window",
-         [](ControlWindow&) {
+         [](Scene&) {
              ControlWindow({20, 20}, "<probe/>").Paint();
          }},
     };
-    const UINT moments[] = {DUIEVENT_MOUSEENTER, DUIEVENT_MOUSEMOVE,   DUIEVENT_MOUSELEAVE, DUIEVENT_SETFOCUS,
-                            DUIEVENT_KILLFOCUS,  DUIEVENT_LBUTTONDOWN, DUIEVENT_LBUTTONUP,  DUIEVENT_KEYDOWN,
-                            DUIEVENT_TIMER,      DUIEVENT_WINDOWSIZE};
+    const UINT moments[] = {DUIEVENT_MOUSEENTER, DUIEVENT_MOUSEMOVE, DUIEVENT_MOUSELEAVE,
+                            DUIEVENT_SETFOCUS,   DUIEVENT_KILLFOCUS, DUIEVENT_LBUTTONDOWN,
+                            DUIEVENT_LBUTTONUP,  DUIEVENT_KEYDOWN,   DUIEVENT_TIMER,
+                            DUIEVENT_WINDOWSIZE, kCreated,           kDestroyed,
+                            kSkinChanged};
     for (const Deed& deed : deeds)
         for (const UINT moment : moments) {
             SCOPED_TRACE(std::string(deed.name) + " at event " + std::to_string(moment));
+            if (!DUIGetAppInstance()->GetSkinMgr()) {
+                UseSkin({});
+                Probe::Register();
+            }
+            Skin().Manager().SetSkinTyle("light");
             Open();
             ControlWindow& host = *window;
+            Scene scene{host};
             // Of their own: those of the window go with it.
             MessagePointer mouse(host.Handle());
             MessageKeys keys(host.Handle());
-            auto* const inner = host.Find<Probe>("inner");
+            auto* const inner = static_cast<Probe*>(scene.inner.GetPtr());
             bool isDone = false;
-            inner->onEvent = [&](const tagDUIEvent& event, BOOL&) {
-                if (event.Type != moment || isDone)
-                    return;
-                isDone = true;
-                deed.act(host);
+            const auto reach = [&](UINT now) {
+                if (now == moment && !std::exchange(isDone, true))
+                    deed.act(scene);
             };
+            inner->onEvent = [&](const tagDUIEvent& event, BOOL&) { reach(event.Type); };
+            host.OnNotify([&](const tagDUINotify& notify) {
+                if (notify.pSender->GetName() == "inner")
+                    reach(100 + notify.nCode);
+            });
+            Observer observer([&] { reach(kSkinChanged); });
             const auto act = [this](auto step) {
                 if (window && window->IsWindow())
                     step(*window);
@@ -161,9 +222,53 @@ TEST_F(Notifications, MayDoAnythingInAHandler)
             act([&](ControlWindow&) { mouse.MoveTo({45, 15}); });
             act([](ControlWindow& w) { w.SetNextTabControl(TRUE); });
             act([](ControlWindow& w) { SendMessageA(w.Handle(), WM_KILLFOCUS, 0, 0); });
+            act([this](ControlWindow&) { Skin().Manager().SetSkinTyle("dark"); });
+            act([&](ControlWindow&) {
+                if (!scene.root.IsNull())
+                    scene.root->SetControlIndex(scene.a, 1);
+            });
+            act([](ControlWindow& w) { w.FinishWindowMgr(); });
             EXPECT_TRUE(isDone);
+            if (window)
+                window->OnNotify(nullptr);
             window.reset();
         }
+}
+
+// What the window keeps for a control that changes its place: its name, the focus, the press and the timers.
+TEST_F(Notifications, OfAMoveLeaveTheControlsStateAlone)
+{
+    const Table<const char*, std::function<void()>, const char*> moves{
+        {"its parent to another index",
+         [this] { window->Find("root")->SetControlIndex(window->Find("a"), 0); },
+         "inner UP self, inner TIMER self, inner timer 1"},
+        {"to another parent",
+         [this] {
+             window->Find("b")->AddControl(new Probe("takes all of b"));
+             window->Find("b")->AddControl(window->Find("inner"));
+         },
+         "inner TIMER self, inner timer 1"},  // its old parent lies above it now
+    };
+    for (const auto& [name, move, expected] : moves) {
+        SCOPED_TRACE(name);
+        Open();
+        auto* const inner = window->Find<Probe>("inner");
+        window->mouse.Press({15, 15});
+        EXPECT_TRUE(inner->SetTimer(1, 1000));
+        move();
+        EXPECT_EQ(window->GetFocusControl(), inner);
+        EXPECT_EQ(window->GetControlByName("inner", FALSE), inner);
+        Probe::Take();
+        window->mouse.Release();
+        SendMessageA(window->Handle(), WM_TIMER, 1, 0);
+        EXPECT_EQ(Probe::Take({"ground", "text", "border"}), expected);
+        // What is refused leaves.
+        const CRefPtr<IDUIControl> parent = inner->GetParent();
+        EXPECT_FALSE(parent->SetControlIndex(inner, 7));
+        EXPECT_EQ(window->GetFocusControl(), nullptr);
+        EXPECT_EQ(window->GetControlByName("inner", FALSE), nullptr);
+        Probe::Take();
+    }
 }
 
 TEST_F(Notifications, ForgetControlsThatLeaveWhateverAnOverrideDoes)

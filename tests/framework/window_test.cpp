@@ -114,6 +114,45 @@ TEST_F(WindowMgr, DropsUpdatesWhileTheLayoutIsLocked)
     root->LockLayout(FALSE);
     root->UpdateLayout(TRUE, nullptr);
     EXPECT_EQ(layouts, 1);
+    // The lock is the tree's.
+    root->LockLayout(TRUE);
+    RECT rect{};
+    EXPECT_TRUE(window.CreateFromXML("<window><probe name='other'/></window>", window.Handle(), rect));
+    window.InitWindowMgr();
+    window.Validate();
+    window.Find("other")->UpdateLayout(FALSE, nullptr);
+    EXPECT_NE(Text(window.Invalid()), "0,0,0,0");
+}
+
+// A handler of the end of one tree builds and starts another: that one stays, whatever ended the first.
+TEST_F(WindowMgr, KeepsTheTreeThatAHandlerBuilds)
+{
+    RECT rect{};
+    const auto build = [&rect](ControlWindow& window, const std::string& name) {
+        const std::string xml = "<window><probe name='" + name + "'/></window>";
+        if (!window.CreateFromXML(xml.c_str(), window.Handle(), rect))
+            return false;
+        window.InitWindowMgr();
+        return true;
+    };
+    for (const bool isReplaced : {false, true}) {
+        ControlWindow window({60, 40}, "<probe name='root'><probe name='child'/></probe>");
+        window.OnNotify([&](const tagDUINotify& notify) {
+            if (notify.nCode == DUINOTIFY_DESTROYED && notify.pSender->GetName() == "child") {
+                EXPECT_TRUE(build(window, "mine"));
+            }
+        });
+        Probe::Take();
+        if (isReplaced) {
+            EXPECT_FALSE(build(window, "late")) << "asked for first";
+        } else {
+            window.FinishWindowMgr();
+        }
+        EXPECT_EQ(window.GetRootControl()->GetName(), "mine") << isReplaced;
+        EXPECT_TRUE(window.Root<Probe>().IsAttached());
+        EXPECT_EQ(Probe::Take({"ground", "text", "border"}), "child destroy, root destroy, mine create");
+        window.OnNotify(nullptr);
+    }
 }
 
 TEST_F(WindowMgr, PostsAPaintMessageForLayeredWindows)

@@ -60,10 +60,13 @@ enum DUIREQUEST_CODE : UINT {
         1,                 // wParam nonzero: a new layout; lParam: a RECT* to repaint, or null for the sender
     DUIREQUEST_FOCUS = 2,  // wParam 1 take, 2 give up, 3 ask: the result is the focus control
     DUIREQUEST_GETWINDOW = 3,  // wParam 1 the host window, 2 its top-level ancestor; the HWND comes in lParam
-    DUIREQUEST_FINDCONTROL = 4,    // wParam 2 by name (lParam const char*), 1 by point (lParam POINT*)
-    DUIREQUEST_LOCKLAYOUT = 5,     // wParam nonzero locks
-    DUIREQUEST_TIMER = 10,         // wParam 1 start, 2 stop; lParam a DUITimerRecord*; 0 on success
+    DUIREQUEST_FINDCONTROL = 4,  // wParam 2 by name (lParam const char*), 1 by point (lParam POINT*)
+    DUIREQUEST_LOCKLAYOUT = 5,   // wParam nonzero locks
+    DUIREQUEST_TIMER =
+        10,  // wParam 1 start, 2 stop, 3 ask whether it runs; lParam a DUITimerRecord*; 0 on success
     DUIREQUEST_WINDOWSTATUS = 11,  // the top-level window's status word comes in wParam
+    DUIREQUEST_MOVE = 12,  // wParam nonzero: the sender begins to move within the tree; 0: the move is over.
+                           // What the window keeps for controls survives their DUINOTIFY_DESTROYED meanwhile
 };
 
 /// Style bits.

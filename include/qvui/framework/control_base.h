@@ -3,6 +3,7 @@
 #include <memory>
 #include <vector>
 
+#include <qvui/foundation/weak_ptr.h>
 #include <qvui/framework/attribute_table.h>
 #include <qvui/framework/control.h>
 
@@ -17,7 +18,9 @@ class CDUIVerticalSB;
 /// padding, width, height, text_style, cursor, stretch, dock_style, user_data, control_style.
 /// Notifications: DUINOTIFY_CREATED when the control is attached to a window, DUINOTIFY_DESTROYED when it is
 /// detached; a control gets its own first (OnCreate, OnDestroy). On attaching and detaching, children come
-/// before their parent.
+/// before their parent. Handlers may add, remove and move children meanwhile: what is done to every child is
+/// done once, in index order, to each of those that were there when it began and are still there when their
+/// turn comes. A control is told of its end only after it was told of its creation.
 ///
 /// Rectangles are client coordinates of the host window, in pixels. What needs a window or a skin manager
 /// does nothing without one. A copy takes the source's user data with its other fields.
@@ -73,6 +76,8 @@ public:
     /// Milliseconds; FALSE when not attached or when the id runs already.
     BOOL SetTimer(UINT id, UINT elapse) override;
     void KillTimer(UINT id) override;
+    /// Whether the timer runs.
+    BOOL HasTimer(UINT id);
     /// Lets this control see the target's events first, or no longer.
     void SubclassControl(IDUIControl* pTarget, BOOL bSubclass) override;
     IDUIControl* FindControl(FindControlProc proc, void* pData, UINT flags) override;
@@ -86,7 +91,8 @@ public:
     DWORD GetUserData() const override { return GetExtras().userData; }
     void SetVisible(BOOL bVisible) override;
     void OnParentVisibleStatusChange(BOOL bVisible) override;
-    /// FALSE for a null child, one that is here already, and one that would hold itself.
+    /// FALSE for a null child, one that is here already, and one that would hold itself. A child of another
+    /// parent leaves it first: a control has one parent.
     BOOL AddControl(CRefPtr<IDUIControl> child) override;
     /// TRUE also for a control that is no child.
     BOOL RemoveControl(CRefPtr<IDUIControl> child) override;
@@ -97,6 +103,9 @@ public:
     BOOL AddControlAt(int index, CRefPtr<IDUIControl> child) override;
     BOOL RemoveControlAt(int index) override;
     int GetControlIndex(CRefPtr<IDUIControl> child) override;
+    /// Removes the child and adds it at the index, with both notifications. Focus, press, timers and the name
+    /// that the window keeps for it and its children survive, unless the index is refused: then the child
+    /// stays removed.
     BOOL SetControlIndex(CRefPtr<IDUIControl> child, int index) override;
     void SetMargin(RECT margin) override;
     RECT GetMargin() override { return m_rcMargin; }
@@ -163,6 +172,15 @@ public:
     const std::vector<CRefPtr<IDUIControl>>& GetChildren() const { return m_children; }
     /// The window manager while attached, borrowed.
     IDUIControlMgr* GetControlMgr() const { return m_pMgr; }
+    /// For a window manager at its end: detaches at once what is still attached of the controls that are
+    /// being detached from it.
+    static void FinishDetaching(const IDUIControlMgr& manager);
+    /// Whether this is attached to a window manager and not being detached: children that are added now are
+    /// attached, too.
+    bool IsAttached() const
+    {
+        return m_attachment == Attachment::Joining || m_attachment == Attachment::Joined;
+    }
 
 protected:
     CDUIControlBase(const CDUIControlBase& other);
@@ -183,21 +201,31 @@ protected:
     void StoreControlRect(const RECT& rect) { m_rcControl = rect; }
 
 private:
-    LRESULT Request(UINT code, WPARAM wParam, LPARAM lParam);
+    /// Where a control is between being attached and being detached.
+    enum class Attachment : unsigned char { None, Joining, Joined, Leaving };
+    class MoveScope;
+    class LeaveScope;
+
+    LRESULT Request(UINT code, WPARAM wParam, LPARAM lParam, IDUIControl* pSender = nullptr);
     bool IsChild(const IDUIControl* child) const;
     /// Whether `other` is this control or one of its ancestors.
     bool IsInside(const IDUIControl* other) const;
+    template <class Call>
+    void ForEachChild(Call call);
 
-    // What few controls have.
+    // Rarely used fields, allocated on first write.
     struct Extras {
         CString tooltip;
         CString controlStyle;
         CRefPtr<CCursorObject> cursor;
-        IDUIControl* subclass = nullptr;
+        CWeakPtr<IDUIControl> subclass;
         DWORD userData = 0;
         char shortcut = 0;
     };
     static const Extras kNoExtras;
+    // How often a child was added to any control. While it stays the same, no child was attached by being
+    // added.
+    static unsigned s_nAdditions;
     const Extras& GetExtras() const { return m_pExtras ? *m_pExtras : kNoExtras; }
     Extras& MakeExtras();
 
@@ -222,8 +250,10 @@ private:
     DWORD m_dwExStyle = 0;
     DWORD m_dwStatus = 0;
     int m_nPaddingWidth = 0;
+    Attachment m_attachment = Attachment::None;
+    bool m_isAnnounced = false;  // whether DUINOTIFY_CREATED was sent, and DUINOTIFY_DESTROYED not yet
     IDUIControl* m_pParent = nullptr;
-    std::unique_ptr<Extras> m_pExtras;  // null while all of it is as at first
+    std::unique_ptr<Extras> m_pExtras;  // null until one of them is set
     CString m_strText;
     CString m_strName;
 };

@@ -4,6 +4,7 @@
 #include <map>
 #include <memory>
 #include <unordered_map>
+#include <unordered_set>
 #include <vector>
 
 #include <qvui/framework/control_base.h>
@@ -35,8 +36,10 @@ enum DUINCSTYLE : DWORD {
 /// overrides OnDUINotify. The skin attributes of the "window" element are frame_style, client_margin,
 /// nc_style, caption_height and name.
 ///
-/// A handler may do anything while it is called: remove or destroy its sender or the whole tree, switch the
-/// skin, close the window, delete the manager.
+/// A handler may do anything while it is called: move, remove or destroy its sender or the whole tree, move
+/// the focus, switch the skin, close the window, finish or delete the manager, build another tree. What it
+/// asks for last holds: a create operation during which a handler builds a tree returns FALSE and leaves that
+/// tree.
 class QVUI_API CDUIWindowMgr : public IDUIControlMgr,
                                public IDUINotifyHandler,
                                public IDUIControlBuilderCallback,
@@ -82,8 +85,9 @@ public:
     BOOL CreateFromXML(const CString& xml, HWND hWnd, RECT& rc);
     BOOL CreateFromRootControl(CRefPtr<IDUIControl> root, HWND hWnd, RECT& rc);
     void InitWindowMgr();
+    /// A tree that a handler builds and starts meanwhile stays.
     void FinishWindowMgr();
-    /// Hands out the root as it is, still attached.
+    /// Hands out the root as it is, still attached. The manager detaches it when it is deleted before it.
     CRefPtr<IDUIControl> DetachRootControl();
 
     /// Decodes and handles one message; TRUE when it is done with, `lResult` its result. Only map 0 exists.
@@ -131,7 +135,8 @@ public:
     // Finding controls; results are borrowed
     IDUIControl* FindControl(POINT* pt);
     IDUIControl* FindControl(POINT* pt, UINT flags);
-    /// By exact name, from a cache that `bRefresh` makes anew; it does not follow changes by itself.
+    /// By exact name, from a cache that `bRefresh` makes anew; it does not follow changes by itself, but
+    /// controls that left the tree or were destroyed are not in it.
     IDUIControl* GetControlByName(const CString& name, BOOL bRefresh);
     IDUIControl* GetControlByShortcut(char ch);
     IDUIControl* GetControlByInterface(const char* name);
@@ -219,6 +224,7 @@ private:
     bool RouteMove(tagDUIEvent event, BOOL& bHandled);
     bool MoveHover(Target& found, const tagDUIEvent& move, BOOL& bHandled);
     bool EndHover(BOOL& bHandled);
+    /// False when the manager has gone. A control that is being told already is not told again.
     bool LoseFocus(IDUIControl* sender, tagDUIEvent event, BOOL& bHandled);
     bool IsOwnMessage(const MSG& message) const;
     bool ActivateShortcut(char ch);
@@ -238,13 +244,19 @@ private:
     LRESULT HandleFindRequest(tagDUINotify& request);
     LRESULT HandleStatusRequest(tagDUINotify& request);
     LRESULT HandleTimerRequest(tagDUINotify& request);
+    LRESULT HandleMoveRequest(tagDUINotify& request);
     LRESULT StartTimer(const DUITimerRecord& wanted);
     LRESULT StopTimer(const DUITimerRecord& wanted);
+    /// Stops and removes the timers of the list for which `isOver` holds.
+    template <class Predicate>
+    void RemoveTimers(Predicate isOver);
     std::size_t FindTimer(const IDUIControl* owner, UINT id) const;
     void ClearTimer();
 
     // The window
     BOOL AdoptRoot(CRefPtr<IDUIControl> root, HWND hWnd);
+    /// Detaches the root when it is attached; false when the manager has gone or has another tree afterwards.
+    bool DetachTree();
     bool HasDUIStyle(DWORD bits) const { return (m_dwDUIStyle & bits) == bits; }
     /// Whether the window has a native caption.
     bool HasCaption() const { return (GetStyle() & WS_CAPTION) == WS_CAPTION; }
@@ -255,8 +267,11 @@ private:
     void ForgetNames();
     void CreateTooltip();
     void UpdateTooltipTool();
-    /// A control left the tree: nothing here may point to it any more.
+    /// A control left the tree: nothing here may point to it any more. One that only moves is forgotten when
+    /// it has not come back by the end of the move.
     void Forget(const IDUIControl* control);
+    void ForgetPointers(const IDUIControl* control);
+    bool IsMoving(const IDUIControl* control) const;
 
     void AddHandler(const CString& name, CDUINotifyTarget* target,
                     std::function<void(const tagDUINotify&)> call);
@@ -266,13 +281,18 @@ private:
 
     HWND m_hWnd = nullptr;
     CRefPtr<IDUIControl> m_pRoot;
-    IDUIControl* m_pFocus = nullptr;
-    IDUIControl* m_pHover = nullptr;
-    IDUIControl* m_pCapture = nullptr;
+    CWeakPtr<IDUIControl> m_pFocus;
+    CWeakPtr<IDUIControl> m_pLosesFocus;  // while it is told so
+    CWeakPtr<IDUIControl> m_pHover;
+    CWeakPtr<IDUIControl> m_pCapture;
     POINT m_ptLast{-1, -1};
     BOOL m_bTracking = FALSE;
-    std::vector<DUITimerRecord> m_timers;
-    using NameCache = std::map<CString, IDUIControl*, CStrLessCmp>;
+    struct Timer {
+        DUITimerRecord record;
+        CWeakPtr<IDUIControl> owner;
+    };
+    std::vector<Timer> m_timers;
+    using NameCache = std::map<CString, CWeakPtr<IDUIControl>, CStrLessCmp>;
     NameCache m_names;
     std::unordered_map<const IDUIControl*, NameCache::iterator> m_namePlaces;
     std::map<CString, NotifyHandlerList, CStrLessCmp> m_handlers;
@@ -290,7 +310,13 @@ private:
     CDibSection m_backBuffer;
     bool m_isSkinObserver = false;
     bool m_isAttached = false;
-    std::vector<Target*> m_targets;  // of the calls in progress
+    bool m_isEnding = false;                         // while it is deleted
+    unsigned m_nTrees = 0;                           // counts the changes of the root
+    std::vector<CWeakPtr<IDUIControl>> m_handedOut;  // roots that DetachRootControl gave away, attached
+    std::vector<Target*> m_targets;                  // of the calls in progress
+    std::vector<CWeakPtr<IDUIControl>> m_moves;      // controls that move within the tree, the innermost last
+    std::unordered_set<const IDUIControl*>
+        m_away;  // those of their subtrees that are not back yet, for comparing only
 };
 
 }  // namespace DUI
