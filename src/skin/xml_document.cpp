@@ -1,7 +1,5 @@
 #include <qvui/skin/xml_document.h>
 
-#include <cstring>
-
 #include "skin/xml_parser.h"
 #include "skin/xml_scan.h"
 
@@ -109,13 +107,13 @@ bool CXmlDocument::Matches(std::uint32_t element, LPCSTR name) const
 {
     if (!name)
         return true;
+    constexpr std::string_view kPathStops = " =/[]";
     const std::string_view tag = TagName(element);
-    const std::size_t length = tag.size();
-    const bool isEqual = m_flags & kIgnoreCase
-                             ? std::strlen(name) >= length && EqualNoCase(tag, {name, length})
-                             : std::strncmp(name, tag.data(), length) == 0;
-    // A path-like name stops at one of these.
-    return isEqual && std::strchr(" =/[]", name[length]) != nullptr;
+    const std::string_view wanted(name);
+    const std::string_view start = wanted.substr(0, tag.size());
+    const bool isEqual = m_flags & kIgnoreCase ? EqualNoCase(start, tag) : start == tag;
+    return isEqual &&
+           (wanted.size() == tag.size() || kPathStops.find(wanted[tag.size()]) != std::string_view::npos);
 }
 
 // --- values

@@ -199,6 +199,14 @@ TEST(XmlNavigation, NamesMatchWhole)
         xml.SetFlags(CXmlDocument::kIgnoreCase);
         EXPECT_EQ(xml.FindChildElement(name), matchesWithoutCase) << tag << " " << name;
     }
+    // A tag with a zero byte, and a name that ends with its memory.
+    for (const int flags : {0, int{CXmlDocument::kIgnoreCase}}) {
+        CXmlDocument xml;
+        xml.SetFlags(flags);
+        EXPECT_TRUE(xml.SetDocument(CString("<r><image\0of a longer name/></r>", 32)));
+        const std::vector<char> image{'i', 'm', 'a', 'g', 'e', '\0'};
+        EXPECT_FALSE(xml.FindChildElement(image.data())) << flags;
+    }
 }
 
 TEST(XmlValues, AttributesInEveryNotation)
