@@ -153,10 +153,16 @@ CString FromEightBit(std::string bytes, std::string encoding, XmlLog& log)
         return CString(std::move(bytes));
     const int length = static_cast<int>(bytes.size());
     const int size = MultiByteToWideChar(static_cast<UINT>(codePage), 0, bytes.data(), length, nullptr, 0);
-    if (size <= 0)
+    if (size <= 0) {
+        // The platform cannot convert this encoding.
+        log.Add("conversion_loss", {{"encoding", encoding}});
         return CString(std::move(bytes));
+    }
     WideText wide(static_cast<std::size_t>(size), WCHAR());
     MultiByteToWideChar(static_cast<UINT>(codePage), 0, bytes.data(), length, wide.data(), size);
+    // Some encodings write characters, zero among them, as other bytes.
+    if (const std::size_t nulls = std::erase(wide, WCHAR()); nulls > 0)
+        log.Add("nulls_removed", {{"count", nulls}});
     log.Add("converted_to", {{"encoding", std::to_string(target)}, {"length", wide.size()}});
     return ToSystem(wide, log);
 }

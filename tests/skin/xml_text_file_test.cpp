@@ -94,6 +94,9 @@ TEST_F(XmlTextFile, LogsWhatItDid)
     const std::string latin = "<?xml encoding='latin1'?>";
     const std::string unknown = "<?xml encoding='nonsense'?>\xE9";
     const std::string wide = "<?xml encoding='utf-16'?>x";
+    const std::string mac = "<?xml encoding='x-mac-ce'?>";
+    const std::string europa = "<?xml encoding='x-europa'?>\x8A";
+    const std::string seven = "<?xml encoding='utf-7'?>";
     const Table<const char*, std::string, std::string, std::vector<std::string>> cases{
         {"empty", "", "", {"read", "utf8_detection"}},
         {"plain", "<a/>", "<a/>", {"read"}},
@@ -105,6 +108,12 @@ TEST_F(XmlTextFile, LogsWhatItDid)
         {"big-endian", "\xFE\xFF\0<\0a\0/\0>"s, "<a/>", {"bom", "read", "endian_swap", "converted_to"}},
         {"half a unit at the end", "\xFF\xFE<\0a\0/\0>\0x"s, "<a/>", {"bom", "read", "converted_to"}},
         {"another code page", latin + "\xE9", latin + "\xC3\xA9", {"read", "converted_to"}},
+        {"a converter by another name", mac + "\x8A", mac + "\xC3\xA4", {"read", "converted_to"}},
+        {"a known encoding without a converter", europa, europa, {"read", "conversion_loss"}},
+        {"zeros that the encoding hides",
+         seven + "<a+AAA-b/>",
+         seven + "<ab/>",
+         {"read", "nulls_removed", "converted_to"}},
         {"an unknown encoding never converts", unknown, unknown, {"read"}},
         {"a wide encoding of a text of bytes", wide, wide, {"read"}},
         {"no encoding and no UTF-8", "\xE9", "\xE9", {"read", "utf8_detection"}},

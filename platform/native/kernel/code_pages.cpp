@@ -20,16 +20,31 @@ struct CodePageName {
     const char* name;
 };
 
-// Code pages under the converter's names; numbers that are not here are tried as "CP" and the number.
+// Code pages under the converter's names; numbers that are not here are tried as "CP" and the number. Where
+// the converter lacks the page (10001 to 10003, 10008, 10021, 20002, 20105), the set that it extends stands.
 constexpr CodePageName kNames[] = {
-    {1200, "UTF-16LE"},     {1201, "UTF-16BE"},     {12000, "UTF-32LE"},    {12001, "UTF-32BE"},
-    {20127, "ASCII"},       {20866, "KOI8-R"},      {21866, "KOI8-U"},      {20932, "EUC-JP"},
-    {28591, "ISO-8859-1"},  {28592, "ISO-8859-2"},  {28593, "ISO-8859-3"},  {28594, "ISO-8859-4"},
-    {28595, "ISO-8859-5"},  {28596, "ISO-8859-6"},  {28597, "ISO-8859-7"},  {28598, "ISO-8859-8"},
-    {28599, "ISO-8859-9"},  {28603, "ISO-8859-13"}, {28605, "ISO-8859-15"}, {932, "CP932"},
-    {936, "GBK"},           {949, "UHC"},           {950, "BIG5"},          {50220, "ISO-2022-JP"},
-    {50225, "ISO-2022-KR"}, {51932, "EUC-JP"},      {51936, "EUC-CN"},      {51949, "EUC-KR"},
-    {52936, "HZ"},          {54936, "GB18030"},     {65000, "UTF-7"},       {65001, "UTF-8"},
+    {37, "IBM037"},         {10000, "MACINTOSH"},    {10001, "SHIFT_JIS"},
+    {10002, "BIG5"},        {10003, "EUC-KR"},       {10008, "EUC-CN"},
+    {10017, "MAC-UK"},      {10021, "TIS-620"},      {10029, "MAC-CENTRALEUROPE"},
+    {10079, "MAC-IS"},      {20002, "BIG5"},         {20105, "ASCII"},
+    {20106, "DIN_66003"},   {20107, "SEN_850200_B"}, {20108, "NS_4551-1"},
+    {20261, "T.61-8BIT"},   {20269, "ISO_6937"},     {20273, "IBM273"},
+    {20277, "IBM277"},      {20278, "IBM278"},       {20280, "IBM280"},
+    {20284, "IBM284"},      {20285, "IBM285"},       {20290, "IBM290"},
+    {20297, "IBM297"},      {20420, "IBM420"},       {20423, "IBM423"},
+    {20424, "IBM424"},      {20871, "IBM871"},       {20880, "IBM880"},
+    {20905, "IBM905"},      {38598, "ISO-8859-8"},   {50221, "ISO-2022-JP-3"},
+    {1200, "UTF-16LE"},     {1201, "UTF-16BE"},      {12000, "UTF-32LE"},
+    {12001, "UTF-32BE"},    {20127, "ASCII"},        {20866, "KOI8-R"},
+    {21866, "KOI8-U"},      {20932, "EUC-JP"},       {28591, "ISO-8859-1"},
+    {28592, "ISO-8859-2"},  {28593, "ISO-8859-3"},   {28594, "ISO-8859-4"},
+    {28595, "ISO-8859-5"},  {28596, "ISO-8859-6"},   {28597, "ISO-8859-7"},
+    {28598, "ISO-8859-8"},  {28599, "ISO-8859-9"},   {28603, "ISO-8859-13"},
+    {28605, "ISO-8859-15"}, {932, "CP932"},          {936, "GBK"},
+    {949, "UHC"},           {950, "BIG5"},           {50220, "ISO-2022-JP"},
+    {50225, "ISO-2022-KR"}, {51932, "EUC-JP"},       {51936, "EUC-CN"},
+    {51949, "EUC-KR"},      {52936, "HZ"},           {54936, "GB18030"},
+    {65000, "UTF-7"},       {65001, "UTF-8"},
 };
 
 constexpr UINT kUtf16 = 1200;
