@@ -1,9 +1,6 @@
 #include <qvui/framework/attribute_table.h>
 
 #include <algorithm>
-#include <climits>
-#include <cstdlib>
-#include <cstring>
 
 namespace DUI {
 namespace {
@@ -23,25 +20,6 @@ int CompareNames(std::string_view left, std::string_view right)
         if (const int difference = Lower(left[i]) - Lower(right[i]))
             return difference;
     return left.size() < right.size() ? -1 : left.size() > right.size();
-}
-
-// On both targets, whatever the width of long there: a number out of the range of int saturates.
-int Saturate(long long number)
-{
-    return static_cast<int>(std::clamp<long long>(number, INT_MIN, INT_MAX));
-}
-
-void ReadNumbers(const CString& value, int* numbers, int count)
-{
-    char text[kLongestList + 1]{};
-    std::memcpy(text, value.GetString(), std::min(kLongestList, value.View().size()));
-    const char* at = text;
-    const char* const end = text + std::strlen(text);
-    for (int i = 0; i < count && at <= end; ++i) {
-        char* stop = nullptr;
-        numbers[i] = Saturate(std::strtoll(at, &stop, 10));
-        at = stop + 1;
-    }
 }
 
 }  // namespace
@@ -87,11 +65,6 @@ bool ControlClass::Answers(const CString& interfaceName) const
     return false;
 }
 
-BOOL IsTrue(const CString& value)
-{
-    return EqualNoCase(value.View(), "true");
-}
-
 bool HasWord(const CString& value, const char* word)
 {
     return value.Find(word) >= 0;
@@ -114,22 +87,17 @@ DWORD FindFirstWord(const CString& value, const WordBit* words, std::size_t coun
     return found == end ? 0 : found->bit;
 }
 
-int ReadInteger(const CString& value)
-{
-    return Saturate(std::strtoll(value, nullptr, 10));
-}
-
 RECT ReadRect(const CString& value)
 {
-    int numbers[4]{};
-    ReadNumbers(value, numbers, 4);
+    int numbers[4];
+    ReadIntegers(value, kLongestList, numbers);
     return {numbers[0], numbers[1], numbers[2], numbers[3]};
 }
 
 SIZE ReadPair(const CString& value)
 {
-    int numbers[2]{};
-    ReadNumbers(value, numbers, 2);
+    int numbers[2];
+    ReadIntegers(value, kLongestList, numbers);
     return {numbers[0], numbers[1]};
 }
 

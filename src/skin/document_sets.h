@@ -14,9 +14,4 @@ inline void ReadFragment(CXmlDocument& xml, CNameTable<CString>& table)
     xml.OutOfElement();
 }
 
-inline bool IsTrue(const CString& text)
-{
-    return EqualNoCase(text.View(), "true");
-}
-
 }  // namespace DUI

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include <qvui/skin/text_values.h>
+
 #include "skin/document_sets.h"
 #include "skin/source_fields.h"
 

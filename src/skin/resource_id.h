@@ -1,17 +1,14 @@
 #pragma once
 
-#include <cstdlib>
-
-#include <qvui/platform/platform.h>
+#include <qvui/skin/text_values.h>
 
 namespace DUI {
 
 /// The integer resource id that a decimal text names: the low 16 bits of its value, 0 for a text without
 /// digits.
-inline WORD ResourceIdOf(const char* text)
+inline WORD ResourceIdOf(LPCSTR text)
 {
-    // strtol saturates where atoi would be undefined.
-    return text ? static_cast<WORD>(std::strtol(text, nullptr, 10)) : WORD{0};
+    return static_cast<WORD>(ReadInteger(text));
 }
 
 }  // namespace DUI

@@ -1,8 +1,7 @@
 #include <qvui/skin/resource_manager.h>
 
-#include <cstdlib>
-
 #include <qvui/skin/document_words.h>
+#include <qvui/skin/text_values.h>
 
 #include "skin/document_sets.h"
 #include "skin/entry_fields.h"
@@ -15,22 +14,22 @@ BOOL g_yaHeiEnabled = TRUE;
 using Source = DocumentSource;
 
 // Two whole numbers with a comma right behind the first; anything else leaves the pair as it is.
-void ReadPair(const char* text, SIZE& pair)
+void ReadPair(LPCSTR text, SIZE& pair)
 {
-    char* end = nullptr;
-    const long first = std::strtol(text, &end, 10);
+    LPCSTR end = nullptr;
+    const int first = ReadInteger(text, &end);
     if (end == text || *end != ',')
         return;
-    const char* const next = end + 1;
-    const long second = std::strtol(next, &end, 10);
+    const LPCSTR next = end + 1;
+    const int second = ReadInteger(next, &end);
     if (end != next)
-        pair = {static_cast<LONG>(first), static_cast<LONG>(second)};
+        pair = {first, second};
 }
 
 // The record's attributes that say how its picture is cut and drawn. A corner that is no pair counts as 0,0.
 void ApplyImageAttributes(CResourceImageData& record, CDUIImageList& list)
 {
-    if (const int count = std::atoi(record.m_strCount); kIconCounts.Holds(count))
+    if (const int count = ReadInteger(record.m_strCount); kIconCounts.Holds(count))
         list.SetItemCount(static_cast<DWORD>(count));
     list.SetDrawStyle(static_cast<IMAGE_DRAW_STYLE>(
         DrawStyleWords().Find(record.m_strDrawStyle.View(), list.GetDrawStyle())));
@@ -316,9 +315,9 @@ CRefPtr<CFontObject> CResMgr::CreateFontA(const CRefPtr<CResourceFontData>& reco
 {
     CRefPtr<CFontObject> font(new CFontObject);
     if (!record->m_strHeight.IsEmpty())
-        font->SetHeight(std::atoi(record->m_strHeight));
+        font->SetHeight(ReadInteger(record->m_strHeight));
     if (!record->m_strWeight.IsEmpty())
-        if (const int weight = std::atoi(record->m_strWeight); kFontWeights.Holds(weight))
+        if (const int weight = ReadInteger(record->m_strWeight); kFontWeights.Holds(weight))
             font->SetWeight(weight);
     if (!record->m_strItalic.IsEmpty())
         font->SetItalic(IsTrue(record->m_strItalic));

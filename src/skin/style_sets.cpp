@@ -3,14 +3,17 @@
 #include <locale>
 #include <sstream>
 
+#include <qvui/skin/text_values.h>
+
 #include "skin/document_sets.h"
 #include "skin/entry_fields.h"
-#include "skin/integer_list.h"
 
 namespace DUI {
 namespace {
 
 using Frame = CRefPtr<CDUIFrameBK>;
+
+constexpr std::size_t kLongestList = 126;
 
 // A text that is no number leaves the separator where it was.
 void SetSeparator(const CString& text, CDUIFrameBK& frame)
@@ -25,14 +28,14 @@ void SetSeparator(const CString& text, CDUIFrameBK& frame)
 void SetBorder(const CString& text, CDUIFrameBK& frame)
 {
     int sides[4];
-    ReadIntegerList(text, sides);
+    ReadIntegers(text, kLongestList, sides);
     frame.SetFrameBorder({sides[0], sides[1], sides[2], sides[3]});
 }
 
 void SetRound(const CString& text, CDUIFrameBK& frame)
 {
     int size[2];
-    ReadIntegerList(text, size);
+    ReadIntegers(text, kLongestList, size);
     frame.SetFrameRound(size[0], size[1]);
 }
 

@@ -1,5 +1,6 @@
 // Strings, colours, templates, and the records with the objects made from them.
 
+#include <climits>
 #include <map>
 
 #include "skin/code_page.h"
@@ -152,6 +153,7 @@ TEST_F(ResourceManager, ImageAttributesSayHowItIsDrawn)
         {R"()", {1, 0, 0, 0, 0}},
         {R"(count="3")", {3, 0, 0, 0, 0}},
         {R"(count="-2")", {1, 0, 0, 0, 0}},
+        {R"(count="-4294967294" corner="4294967297,-4294967297")", {1, 0, 0, INT_MAX, INT_MIN}},
         {R"(count="4 icons")", {4, 0, 0, 0, 0}},
         {R"(direction="VERT")", {1, 1, 0, 0, 0}},
         {R"(drawstyle="stretch")", {1, 0, 1, 0, 0}},
@@ -268,6 +270,7 @@ TEST_F(ResourceManager, FontAttributesDescribeTheFont)
         {R"(weight="999")", {height, 999, 0, 0, 0}},
         {R"(weight="1000")", {height, weight, 0, 0, 0}},
         {R"(weight="-1")", {height, weight, 0, 0, 0}},
+        {R"(weight="4294967996")", {height, weight, 0, 0, 0}},
         {R"(italic="true" underline="TRUE" strikeout="True")", {height, weight, 1, 1, 1}},
         {R"(italic="1" underline="yes" strikeout="false")", {height, weight, 0, 0, 0}},
     };

@@ -63,10 +63,13 @@ TEST_F(ResourceModules, HoldCursors)
     ASSERT_FALSE(cursor.IsNull());
     EXPECT_EQ(cursor->IsNull(), 0);
     EXPECT_EQ(cursor->CreateFromResource(GetModuleHandleA(nullptr), "103"), 1);
-    EXPECT_EQ(loader.LoadCursorFromDll(kModuleA, "104", "CURSOR")->IsNull(), 1);
-    EXPECT_EQ(traces.Take(),
-              std::vector<std::string>{
-                  "CResLoader::LoadCursorFromResource: failed to load cursor(id-104, type:CURSOR)"});
+    // The second one's low 16 bits are 103.
+    for (const std::string id : {"104", "4294967399"}) {
+        EXPECT_EQ(loader.LoadCursorFromDll(kModuleA, id.c_str(), "CURSOR")->IsNull(), 1);
+        EXPECT_EQ(traces.Take(),
+                  std::vector<std::string>{"CResLoader::LoadCursorFromResource: failed to load cursor(id-" +
+                                           id + ", type:CURSOR)"});
+    }
 }
 
 TEST_F(ResourceModules, HoldTextsInUtf8)

@@ -7,6 +7,7 @@
 
 #include <qvui/platform/cstring.h>
 #include <qvui/skin/attribute_kind.h>
+#include <qvui/skin/text_values.h>
 
 namespace DUI {
 
@@ -141,8 +142,6 @@ private:
 
 // Reading attribute values.
 
-/// "true" in any letter case.
-QVUI_API BOOL IsTrue(const CString& value);
 /// Whether the text contains the word, by a case-sensitive search.
 QVUI_API bool HasWord(const CString& value, const char* word);
 /// The bits of every word that the text contains.
@@ -163,8 +162,6 @@ DWORD FindFirstWord(const CString& value, const WordBit (&words)[N])
 {
     return FindFirstWord(value, words, N);
 }
-/// As atol; numbers out of the range of int saturate.
-QVUI_API int ReadInteger(const CString& value);
 /// Four numbers, each read one character after the end of the one before, from the first 127 characters; a
 /// missing number is 0.
 QVUI_API RECT ReadRect(const CString& value);
