@@ -221,13 +221,16 @@ DWORD CResMgr::ParseTextFormat(const CString& format)
 
 void CResMgr::ParseFrameBKAttriColors(const CString& colors, const CRefPtr<CDUIFrameBK>& frame) const
 {
-    const int first = colors.Find(',');
-    const int second = first == -1 ? -1 : colors.Find(',', first + 1);
-    const CARGB start = GetColor(first == -1 ? colors : colors.Left(first));
-    const CARGB end = first == -1    ? CARGB()
-                      : second == -1 ? GetColor(colors.Mid(first + 1))
-                                     : GetColor(colors.Mid(first + 1, second - first - 1));
-    const CARGB middle = second == -1 ? CARGB() : GetColor(colors.Mid(second + 1));
+    CARGB pieces[3];
+    int from = 0;
+    for (CARGB& piece : pieces) {
+        const int comma = colors.Find(',', from);
+        piece = GetColor(comma == -1 ? colors.Mid(from) : colors.Mid(from, comma - from));
+        if (comma == -1)
+            break;
+        from = comma + 1;
+    }
+    const auto& [start, end, middle] = pieces;
     if (frame.IsNull() || start.IsEmpty())
         return;
     if (end.IsEmpty())

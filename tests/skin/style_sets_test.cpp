@@ -142,7 +142,7 @@ TEST_F(StyleSets, BackgroundsHaveOneToThreeColours)
         {R"(back_color="unknown,red,blue")", {0, 0, 0, 0, 0.5, 1}},
         {R"(back_color="#00000000")", {0, 0, 0, 0, 0.5, 1}},
         {R"(back_color="red,green,unknown")", {0, kRed, kGreen, 0, 0.5, 1}},
-        {R"(back_color="red,green,blue,red")", {0, kRed, kGreen, 0, 0.5, 1}},
+        {R"(back_color="red,green,blue,red,x")", {0, kRed, kGreen, kBlue, 0.5, 1}},
         // Split at its commas like everything else, so only the first number counts.
         {R"x(back_color="rgb(1,2,3)")x", {0xFF010000, 0, 0, 0, 0.5, 1}},
         {R"(back_color="red,green,blue" back_sep="0.25" back_vertical="false")",

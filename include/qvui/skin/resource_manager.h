@@ -85,8 +85,8 @@ public:
 
     /// The DrawText flags whose names occur in the text, in any letter case and with any separators.
     static DWORD ParseTextFormat(const CString& format);
-    /// One to three colours separated by ",": start, end, middle. Nothing changes when the first has no
-    /// value.
+    /// One to three colours separated by ",": start, end, middle; a third "," ends the third. Nothing changes
+    /// when the first has no value.
     void ParseFrameBKAttriColors(const CString& colors, const CRefPtr<CDUIFrameBK>& frame) const;
     void ParseFrameBKImagePos(const CString& position, const CRefPtr<CDUIFrameBK>& frame) const;
 
