@@ -29,8 +29,6 @@ void RegisterActiveXHost()
 
 }  // namespace
 
-BOOL CDUIApp::m_bEanbleYahi = FALSE;
-
 CDUIApp::CDUIApp() = default;
 
 CDUIApp::~CDUIApp() = default;
@@ -40,7 +38,6 @@ BOOL CDUIApp::Init(const CString& strSkinEntry, BOOL bEnableYahei)
     CoInitialize(nullptr);
     RegisterActiveXHost();
     m_bEanbleYahi = bEnableYahei;
-    CResMgr::SetYaHeiEnabled(bEnableYahei);
     if (!m_pSkinMgr)
         m_pSkinMgr = std::make_unique<CDUISkinMgr>();
     if (!m_pFactory)

@@ -9,8 +9,6 @@
 namespace DUI {
 namespace {
 
-BOOL g_yaHeiEnabled = TRUE;
-
 using Source = DocumentSource;
 
 // Two whole numbers with a comma right behind the first; anything else leaves the pair as it is.
@@ -62,15 +60,7 @@ int Find(const CNameTable<CString>& table, const CString& name, CString& text)
 
 }  // namespace
 
-void CResMgr::SetYaHeiEnabled(BOOL enabled)
-{
-    g_yaHeiEnabled = enabled;
-}
-
-BOOL CResMgr::IsYaHeiEnabled()
-{
-    return g_yaHeiEnabled;
-}
+BOOL CYaHeiFlag::m_bEanbleYahi = TRUE;
 
 // --- loading and clearing
 // -----------------------------------------------------------------------------------
@@ -327,7 +317,7 @@ CRefPtr<CFontObject> CResMgr::CreateFontA(const CRefPtr<CResourceFontData>& reco
         font->SetStrikeout(IsTrue(record->m_strStrikeout));
     CString face;
     if (!record->m_strFaceName.IsEmpty() && GetString(record->m_strFaceName, face)) {
-        if (!g_yaHeiEnabled && IsYaHei(face)) {
+        if (!CYaHeiFlag::m_bEanbleYahi && IsYaHei(face)) {
             face.Empty();
             GetString("ids_def_font_txt_name", face);
         }

@@ -37,9 +37,16 @@ TEST(Application, KeepsWhatItMadeWhenTheSkinFails)
 
 class InitialisedApplication : public ControlTest {};
 
-TEST_F(InitialisedApplication, RemembersTheFlagOfItsLastInit)
+TEST_F(InitialisedApplication, RemembersTheFlagOfItsLastInitForTheFontsThatAreMade)
 {
     EXPECT_TRUE(CDUIApp::m_bEanbleYahi);
+    CResMgr manager;
+    manager.ParseDUIResource(
+        "<r><font_set><font name='f' facename='#\xCE\xA2\xC8\xED\xD1\xC5\xBA\xDA'/></font_set></r>");
+    EXPECT_STRNE(manager.GetFont("f", 0)->GetFaceName(), "");
+    CDUIApp::m_bEanbleYahi = FALSE;
+    EXPECT_STREQ(manager.GetFont("f", 0)->GetFaceName(), "");
+    CDUIApp::m_bEanbleYahi = TRUE;
     EXPECT_FALSE(DUIGetAppInstance()->GetControlFactory()->NewControl("label").IsNull());
 }
 

@@ -311,14 +311,13 @@ TEST_F(ResourceManager, TheYaHeiFaceMayBeSwitchedOff)
         CResMgr fresh;
         fresh.ParseDUIResource(Document("<font_set><font name=\"f\" facename=\"#" + name +
                                         "\"/><font name=\"other\" facename=\"#" + name + "x\"/></font_set>"));
-        EXPECT_TRUE(CResMgr::IsYaHeiEnabled());
         EXPECT_EQ(fresh.GetFont("f", 0)->GetFaceName(), name) << page;
-        CResMgr::SetYaHeiEnabled(FALSE);
+        DUI::CYaHeiFlag::m_bEanbleYahi = FALSE;
         EXPECT_STREQ(fresh.GetFont("f", 0)->GetFaceName(), "") << "without a string for it, in " << page;
         fresh.ParseAllString(Document(R"(<string id="ids_def_font_txt_name">Other</string>)"));
         EXPECT_STREQ(fresh.GetFont("f", 0)->GetFaceName(), "Other") << page;
         EXPECT_EQ(fresh.GetFont("other", 0)->GetFaceName(), name + "x") << page;
-        CResMgr::SetYaHeiEnabled(TRUE);
+        DUI::CYaHeiFlag::m_bEanbleYahi = TRUE;
     }
 }
 

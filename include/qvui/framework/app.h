@@ -24,7 +24,9 @@ public:
     virtual void SetPackagePtr(Package* pPackage) = 0;
 };
 
-class QVUI_API CDUIApp : public IDUIApp {
+/// Its m_bEanbleYahi says whether the YaHei font face may be used; Init sets it to its argument, and it may
+/// be set at any time.
+class QVUI_API CDUIApp : public IDUIApp, public CYaHeiFlag {
 public:
     CDUIApp();
     CDUIApp(const CDUIApp&) = delete;
@@ -42,9 +44,6 @@ public:
     CDUIMessageLoop* GetMessageLoop() override { return &m_messageLoop; }
     Package* GetPackagePtr() override { return m_pPackage; }
     void SetPackagePtr(Package* pPackage) override { m_pPackage = pPackage; }
-
-    /// Whether the YaHei font face may be used: the last Init's argument.
-    static BOOL m_bEanbleYahi;
 
 private:
     std::unique_ptr<IDUISkinMgr> m_pSkinMgr;

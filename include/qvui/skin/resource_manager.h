@@ -14,6 +14,14 @@ namespace DUI {
 
 class CXmlDocument;
 
+/// Whether fonts may use the YaHei face; where not, the string "ids_def_font_txt_name" names the face
+/// instead. One flag for the process, on at the start, read whenever a font is made. Applications know it as
+/// CDUIApp::m_bEanbleYahi.
+class QVUI_API CYaHeiFlag {
+public:
+    static BOOL m_bEanbleYahi;
+};
+
 /// Everything that one skin manager has loaded, by name: strings, templates, colours, the records of images,
 /// fonts and cursors with the objects made from them, and the style sets.
 ///
@@ -29,11 +37,6 @@ public:
     CResMgr() = default;
     CResMgr(const CResMgr&) = delete;
     CResMgr& operator=(const CResMgr&) = delete;
-
-    /// Whether fonts may use the YaHei face; where not, the string "ids_def_font_txt_name" names the face
-    /// instead. One flag for the process, on at the start, read whenever a font is made.
-    static void SetYaHeiEnabled(BOOL enabled);
-    static BOOL IsYaHeiEnabled();
 
     int GetXMLByConfigInfo(const CResourceFileInfo& info, CString& xml);
     int LoadAllString(const CResourceFileInfo& info);
