@@ -75,15 +75,58 @@ int AddObserver(std::vector<Observer*>& observers, Observer* observer)
     return 1;
 }
 
-// Calls every observer that was there at the start. One that unregisters before its turn comes, perhaps
-// because it is gone, is left out.
+// A notification under way: a copy of the observers of a manager. Either may be destroyed in the meantime.
+class Notification {
+public:
+    template <class Observer>
+    Notification(const IDUISkinMgr* manager, const std::vector<Observer*>& observers)
+        : m_manager(manager),
+          m_observers(observers.begin(), observers.end()),
+          m_outer(s_innermost)
+    {
+        s_innermost = this;
+    }
+    Notification(const Notification&) = delete;
+    Notification& operator=(const Notification&) = delete;
+    ~Notification() { s_innermost = m_outer; }
+
+    template <class Observer, class Call>
+    void CallEach(Call call)
+    {
+        // Not by iterators: the end of the manager empties the copy.
+        for (std::size_t i = 0; i < m_observers.size(); ++i)
+            if (m_observers[i])
+                call(*static_cast<Observer*>(m_observers[i]));
+    }
+
+    static void ForgetObserver(void* observer)
+    {
+        void* const none = nullptr;
+        for (Notification* each = s_innermost; each; each = each->m_outer)
+            std::replace(each->m_observers.begin(), each->m_observers.end(), observer, none);
+    }
+    static void EndAllOf(const IDUISkinMgr* manager)
+    {
+        for (Notification* each = s_innermost; each; each = each->m_outer)
+            if (each->m_manager == manager)
+                each->m_observers.clear();
+    }
+
+private:
+    static Notification* s_innermost;
+
+    const IDUISkinMgr* m_manager;
+    std::vector<void*> m_observers;  // null where one was destroyed
+    Notification* m_outer;
+};
+
+Notification* Notification::s_innermost = nullptr;
+
+// The manager may be destroyed during the calls.
 template <class Observer, class Call>
-void Notify(const std::vector<Observer*>& observers, Call call)
+void Notify(const IDUISkinMgr* manager, const std::vector<Observer*>& observers, Call call)
 {
-    const std::vector<Observer*> round(observers.begin(), observers.end());
-    for (Observer* observer : round)
-        if (std::find(observers.begin(), observers.end(), observer) != observers.end())
-            call(*observer);
+    Notification(manager, observers).CallEach<Observer>(call);
 }
 
 bool IsAnswer(int found)
@@ -118,7 +161,20 @@ Result FirstAnswer(const Skins& addedSkins, Result result, Ask ask)
 
 }  // namespace
 
-CDUISkinMgr::~CDUISkinMgr() = default;
+IDUISkinObserver::~IDUISkinObserver()
+{
+    Notification::ForgetObserver(this);
+}
+
+IDUILanguageObserver::~IDUILanguageObserver()
+{
+    Notification::ForgetObserver(this);
+}
+
+CDUISkinMgr::~CDUISkinMgr()
+{
+    Notification::EndAllOf(this);
+}
 
 // --- loading
 // ------------------------------------------------------------------------------------------------
@@ -232,7 +288,7 @@ int CDUISkinMgr::SetLanguageType(const CString& type)
     m_strLanguageType = newType;
     for (const auto& added : m_addedSkins)
         added.second->SetLanguageType(newType);
-    Notify(m_languageObservers,
+    Notify(this, m_languageObservers,
            [&](IDUILanguageObserver& observer) { observer.OnLanguageTypeChanged(oldType, newType); });
     return 1;
 }
@@ -256,7 +312,7 @@ void CDUISkinMgr::SetSkinTyle(const CString& skin)
 
 void CDUISkinMgr::NotifySkinChange()
 {
-    Notify(m_skinObservers, [](IDUISkinObserver& observer) { observer.OnSkinUIDataChanged(); });
+    Notify(this, m_skinObservers, [](IDUISkinObserver& observer) { observer.OnSkinUIDataChanged(); });
 }
 
 int CDUISkinMgr::AddSkinObserver(IDUISkinObserver* observer)

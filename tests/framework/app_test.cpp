@@ -50,6 +50,18 @@ TEST_F(InitialisedApplication, RemembersTheFlagOfItsLastInitForTheFontsThatAreMa
     EXPECT_FALSE(DUIGetAppInstance()->GetControlFactory()->NewControl("label").IsNull());
 }
 
+TEST_F(InitialisedApplication, MayEndInsideASkinObserver)
+{
+    struct Observer : IDUISkinObserver {
+        void OnSkinUIDataChanged() override { DUIGetAppInstance()->Term(); }
+    } first, second;
+    IDUISkinMgr* const manager = DUIGetAppInstance()->GetSkinMgr();
+    manager->AddSkinObserver(&first);
+    manager->AddSkinObserver(&second);
+    manager->SetSkinTyle("another");
+    EXPECT_EQ(DUIGetAppInstance()->GetSkinMgr(), nullptr);
+}
+
 struct Step : IDUIMessageFilter, IDUIIdleHandler {
     explicit Step(std::string stepName, bool consumesMessages = false)
         : name(std::move(stepName)),

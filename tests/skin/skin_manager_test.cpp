@@ -101,13 +101,17 @@ protected:
                "\"/></plugin_set></t>";
     }
 
-    // Initialises with the package, whose second template file is missing.
-    void Initialize()
+    // A package whose second template file is missing.
+    static CString Package()
     {
         const std::string templates = Set("template_set", Entry("template", "1", "templates.xml") +
                                                               Entry("template", "2", "missing.xml") +
                                                               Entry("template", "3", "more.xml"));
-        EXPECT_EQ(manager.InitializeSkin(Document(Languages() + Skins() + StyleFiles() + templates)), 1);
+        return Document(Languages() + Skins() + StyleFiles() + templates);
+    }
+    void Initialize()
+    {
+        EXPECT_EQ(manager.InitializeSkin(Package()), 1);
         EXPECT_EQ(traces.Take(), std::vector<std::string>{NotRead("missing.xml")});
     }
     static std::string NotRead(const std::string& file)
@@ -347,22 +351,26 @@ TEST_F(SkinManager, ObserversMayComeAndGoDuringTheCall)
 {
     Initialize();
     SkinObserver late;
+    SkinObserver removed;
     auto gone = std::make_unique<SkinObserver>();
     SkinObserver self;
     self.call = [&] {
         manager.RemoveSkinObserver(&self);
+        manager.RemoveSkinObserver(&removed);
         manager.RemoveSkinObserver(gone.get());
         gone.reset();
         manager.AddSkinObserver(&late);
     };
     SkinObserver last;
-    for (SkinObserver* observer : {&self, gone.get(), &last})
+    for (SkinObserver* observer : {&self, gone.get(), &removed, &last})
         manager.AddSkinObserver(observer);
     manager.SetSkinTyle("dark");
     EXPECT_EQ(self.calls, 1);
     EXPECT_EQ(last.calls, 1);
     EXPECT_EQ(late.calls, 0) << "not part of this round";
+    EXPECT_EQ(removed.calls, 1) << "part of this round";
     manager.SetSkinTyle("light");
+    EXPECT_EQ(removed.calls, 1);
     EXPECT_EQ(self.calls, 1);
     EXPECT_EQ(last.calls, 2);
     EXPECT_EQ(late.calls, 1);
@@ -376,6 +384,26 @@ TEST_F(SkinManager, ObserversMayComeAndGoDuringTheCall)
     manager.SetLanguageType("English");
     EXPECT_EQ(leaving.changes.size(), 1U);
     EXPECT_EQ(staying.changes.size(), 2U);
+}
+
+TEST_F(SkinManager, MayEndDuringTheCall)
+{
+    auto ending = std::make_unique<CDUISkinMgr>();
+    ending->InitializeSkin(Package());
+    LanguageObserver switching;
+    LanguageObserver lastOfLanguage;
+    SkinObserver end([&] { ending.reset(); });
+    SkinObserver lastOfSkin;
+    switching.call = [&] { ending->SetSkinTyle("dark"); };
+    ending->AddLanguageObserver(&switching);
+    ending->AddLanguageObserver(&lastOfLanguage);
+    ending->AddSkinObserver(&end);
+    ending->AddSkinObserver(&lastOfSkin);
+    EXPECT_EQ(ending->SetLanguageType("German"), 1);
+    traces.Take();
+    EXPECT_EQ(end.calls, 1);
+    EXPECT_EQ(lastOfSkin.calls, 0) << "the end of the manager ends both rounds";
+    EXPECT_TRUE(lastOfLanguage.changes.empty());
 }
 
 TEST_F(SkinManager, ASwitchInsideASwitchEndsWithTheInnerOne)

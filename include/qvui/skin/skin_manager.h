@@ -14,7 +14,8 @@ public:
     virtual void OnSkinUIDataChanged() {}
 
 protected:
-    ~IDUISkinObserver() = default;
+    /// Ends the observer's part in a notification that is under way.
+    ~IDUISkinObserver();
 };
 
 /// Hears of every switch of the language; by then all strings are the new language's.
@@ -23,12 +24,18 @@ public:
     virtual void OnLanguageTypeChanged(const CString& oldType, const CString& newType) = 0;
 
 protected:
-    ~IDUILanguageObserver() = default;
+    /// Ends the observer's part in a notification that is under way.
+    ~IDUILanguageObserver();
 };
 
 /// The skin package: loads what its entry document lists, answers every look-up by name, and switches skin
 /// and language at run time. Results of type int are 1 for success. Raw pointers are borrowed; observers are
-/// not owned and must unregister before they go, which they may do from inside their call.
+/// not owned and must unregister before they are destroyed.
+///
+/// A switch calls the observers that are registered when the calls begin, in the order in which they were
+/// added. During a call observers may be added (they hear of the next switch), removed or destroyed, and the
+/// skin manager may be destroyed. One that is removed is still called for this switch; one that is destroyed
+/// is not, and after the end of the skin manager no further one is.
 class QVUI_API IDUISkinMgr {
 public:
     virtual ~IDUISkinMgr() = default;
