@@ -44,6 +44,13 @@ std::uint32_t StoredPixel(const CDUIImage& image, int x, int y)
     return pixel;
 }
 
+template <class List>
+concept DrawsParts = requires(List list, HDC hdc, RECT rect)
+{
+    list.DrawImage(hdc, rect, rect);
+};
+static_assert(!DrawsParts<CDUIImageList>, "drawing a part is for derived classes");
+
 }  // namespace
 
 using Image = RenderTest;

@@ -92,7 +92,7 @@ public:
     int GetIconWidth() const;
     int GetIconHeight() const;
 
-    using CDUIImage::DrawImage;
+    void DrawImage(HDC hdc, const RECT& dest) { CDUIImage::DrawImage(hdc, dest); }
     /// Draws an icon; the caller passes a valid index.
     void DrawImage(HDC hdc, const RECT& dest, int index);
     /// A new 32-bit bitmap of one icon, the caller's to delete; null for an index that is not there.
