@@ -195,10 +195,23 @@ bool ReadTiff(std::span<const std::uint8_t> file, Alpha&)
            IsSize(numbers, values[3], values[4]);
 }
 
-bool ReadIco(std::span<const std::uint8_t> file, Alpha&)
+constexpr std::string_view kPngSignature("\x89PNG\r\n\x1A\n", 8);
+
+// The first image is a PNG file, or a bitmap without the header of a file. The mask of a bitmap that has no
+// alpha is among its pixels once they are decoded.
+bool ReadIco(std::span<const std::uint8_t> file, Alpha& alpha)
 {
     const Numbers numbers(file, Order::LittleEndian);
-    return numbers.U16(4) > 0 && numbers.U32(14) > 0 && numbers.Has(numbers.U32(18), numbers.U32(14));
+    const std::uint32_t size = numbers.U32(14);
+    const std::uint32_t image = numbers.U32(18);
+    if (numbers.U16(4) == 0 || size == 0 || !numbers.Has(image, size))
+        return false;
+    if (numbers.StartsWith(image, kPngSignature))
+        return ReadPng(file.subspan(image, size), alpha);
+    constexpr std::uint32_t kBitsWithAlpha = 32;
+    if (numbers.U16(std::uint64_t{image} + 14) == kBitsWithAlpha)
+        alpha = Alpha::Stored;
+    return true;
 }
 
 struct Format {
@@ -208,7 +221,7 @@ struct Format {
 };
 
 constexpr Format kFormats[] = {
-    {ImageKind::Png, std::string_view("\x89PNG\r\n\x1A\n", 8), ReadPng},
+    {ImageKind::Png, kPngSignature, ReadPng},
     {ImageKind::Jpeg, std::string_view("\xFF\xD8\xFF", 3), ReadJpeg},
     {ImageKind::Gif, "GIF87a", ReadGif},
     {ImageKind::Gif, "GIF89a", ReadGif},

@@ -78,6 +78,7 @@ const std::vector<Pictures>& AllPictures()
         {{"rgba8.png", "rgba16.png", "rgba8-interlaced.png", "palette8-alpha.png", "rgba.ico"},
          Colours(Alpha::Columns),
          true},
+        {{"opaque.ico"}, Colours(Alpha::Opaque), true},
         {{"rgb8-key.png", "transparent.gif"}, WithClearPixel(Colours(Alpha::Opaque), 1), true},
         {{"grey8.png", "grey16.png"}, Greys(Alpha::Opaque), true},
         {{"grey8-key.png"}, WithClearPixel(Greys(Alpha::Opaque), 2), true},

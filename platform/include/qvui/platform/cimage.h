@@ -12,10 +12,10 @@ struct ImageHeader;
 /// A decoded bitmap, held as a bottom-up DIB section.
 ///
 /// PNG, JPEG, GIF, BMP, TIFF and ICO files decode, of several pictures the first. A PNG whose format carries
-/// transparency or is grey, and a GIF, TIFF or ICO that has a pixel that is not opaque, become 32 bits per
-/// pixel with straight (not premultiplied) alpha and the has-alpha flag; everything else becomes 24 bits. A
-/// file that is missing, cut short or broken, or whose picture has more than 64 million pixels, fails; there
-/// is no partial image.
+/// transparency or is grey, an ICO of 32 bits, and a GIF, TIFF or other ICO that has a pixel that is not
+/// opaque, become 32 bits per pixel with straight (not premultiplied) alpha and the has-alpha flag;
+/// everything else becomes 24 bits. A file that is missing, cut short or broken, or whose picture has more
+/// than 64 million pixels, fails; there is no partial image.
 class QVUI_API CImage {
 public:
     CImage() = default;

@@ -109,5 +109,9 @@ png('palette8-alpha.png', 3, 8, [bytes(range(y * 4, y * 4 + 4)) for y in range(3
 png('grey1.png', 0, 1, [b'\x50', b'\xA0', b'\xF0'])
 png('grey8-key.png', 0, 8, [bytes(i * 20 for i in range(y * 4, y * 4 + 4)) for y in range(3)],
     (b'tRNS', struct.pack('>H', 40)))
+
+icon = bytearray(open('rgba.ico', 'rb').read())
+icon[65:62 + 4 * 12:4] = b'\xFF' * 12  # the alphas, after the directory and the header
+open('opaque.ico', 'wb').write(icon)
 PYTHON
 rm -f ./*.pam
