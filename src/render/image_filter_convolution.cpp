@@ -1,5 +1,6 @@
 // The 3 x 3 convolutions.
 
+#include <algorithm>
 #include <cstdlib>
 #include <memory>
 
@@ -145,9 +146,18 @@ RowFilter<CDib33Filter<0, 1, 0, 0, 0, 0, 0, -1, 0, 2, 128, 1, &szEmboss90>> g_em
 CDibFilter* const g_kernels[] = {nullptr,      &g_smooth,    &g_gaussianSmooth, &g_sharpening,
                                  &g_laplacian, &g_emboss135, &g_emboss90};
 
+// How many rows after its own a kernel may read. An application's may read any.
+int ReachOf(const CDibFilter* kernel, const CDibSection& section)
+{
+    const bool isBuiltIn =
+        std::find(std::begin(g_kernels), std::end(g_kernels), kernel) != std::end(g_kernels);
+    return isBuiltIn ? kernel->GetHalf() : HeightOf(section);
+}
+
 // Filters in place, with the filtered rows held back until no kernel needs the unchanged ones any more.
 class RowsInPlace {
 public:
+    /// A row is written `delay` rows after it was filtered.
     RowsInPlace(CDibSection& section, int delay)
         : m_section(section),
           m_delay(delay),
@@ -185,13 +195,14 @@ int CConvoluteFilter::Process(CDibSection* section, CDibFilter* kernel)
         return FALSE;
     const int lineWidth = static_cast<int>(section->GetLineWidth());
     const auto filter = section->GetBitCount() == 24 ? &CDibFilter::Filter24bpp : &CDibFilter::Filter32bpp;
-    RowsInPlace rows(*section, first);
+    const int reach = std::min(ReachOf(kernel, *section), last - first);
+    RowsInPlace rows(*section, reach);
     for (int row = first; row < last; ++row) {
         (kernel->*filter)(rows.Hold(row), StoredRow(*section, row), WidthOf(*section), lineWidth);
-        if (row - first >= first)
-            rows.Release(row - first);
+        if (row - first >= reach)
+            rows.Release(row - reach);
     }
-    for (int row = std::max(first, last - first); row < last; ++row)
+    for (int row = last - reach; row < last; ++row)
         rows.Release(row);
     return TRUE;
 }

@@ -181,6 +181,16 @@ struct CountingKernel : CDibFilter {
     int calls = 0;
 };
 
+// Reads the lowest row that is filtered, wherever it stands itself.
+struct FarKernel : CDibFilter {
+    explicit FarKernel(const CDibSection& section) : bits(section.GetBits()) {}
+    unsigned char Kernel(unsigned char* src, int, int lineWidth) override
+    {
+        return static_cast<unsigned char>(255 - bits[lineWidth + (src - bits) % lineWidth]);
+    }
+    const BYTE* bits;
+};
+
 }  // namespace
 
 TEST_F(Convolution, ApplicationsBringTheirKernels)
@@ -195,6 +205,22 @@ TEST_F(Convolution, ApplicationsBringTheirKernels)
             return TRUE;
         },
         [&oddModel](const Model& source) { return Convoluted(source, oddModel); });
+
+    ExpectSame(
+        "far",
+        [](CDibSection* section) {
+            FarKernel kernel(*section);
+            CConvoluteFilter::Process(section, &kernel);
+            return TRUE;
+        },
+        [](const Model& source) {
+            Model result = source;
+            for (int y = 1; y < source.Height() - 1; ++y)
+                for (int x = 1; x < source.Width() - 1; ++x)
+                    for (std::size_t channel = 0; channel < 3; ++channel)
+                        result.At(x, y)[channel] = 255 - source.At(x, source.Height() - 2)[channel];
+            return result;
+        });
 
     for (const int half : {0, 1, 2, 5, 40, INT_MAX, -3}) {
         CountingKernel kernel(half);

@@ -87,8 +87,9 @@ enum Convolute_Type {
     CONVOLUTE_EMBOSS_90 = 6,
 };
 
-/// Filters every pixel with a kernel that reads the unchanged image. FALSE when no row is filtered: for a
-/// null kernel, an unknown type, an image too low for the kernel, and other depths than 24 and 32.
+/// Filters every pixel with a kernel that sees the unchanged image, however far it reads. FALSE when no row
+/// is filtered: for a null kernel, an unknown type, an image too low for the kernel, and other depths than 24
+/// and 32.
 class QVUI_API CConvoluteFilter {
 public:
     static int Process(CDibSection* section, CDibFilter* kernel);
