@@ -14,22 +14,17 @@ struct Pixel {
     BYTE bytes[size];
 };
 
-// Calls operation(a null pointer to the section's kind of pixel); FALSE for pixels that are not whole bytes.
+bool CanMovePixels(const CDibSection* section)
+{
+    return HasPixels(section) && HasColorPixels(*section);
+}
+
+// Calls operation(a null pointer to the section's kind of pixel).
 template <class Operation>
 int WithPixelType(const CDibSection& section, Operation operation)
 {
-    switch (section.GetPixelWidth()) {
-        case 1:
-            return operation(static_cast<Pixel<1>*>(nullptr));
-        case 2:
-            return operation(static_cast<Pixel<2>*>(nullptr));
-        case 3:
-            return operation(static_cast<Pixel<3>*>(nullptr));
-        case 4:
-            return operation(static_cast<Pixel<4>*>(nullptr));
-        default:
-            return FALSE;
-    }
+    return section.GetBitCount() == 24 ? operation(static_cast<Pixel<3>*>(nullptr))
+                                       : operation(static_cast<Pixel<4>*>(nullptr));
 }
 
 // Four neighbouring pixels as numbers. Three bytes each are joined in two numbers, so that nothing beyond
@@ -47,11 +42,8 @@ void LoadFour(const BYTE* pixels, std::uint32_t (&four)[4])
         four[1] = static_cast<std::uint32_t>(low >> 24 & kPixel);
         four[2] = static_cast<std::uint32_t>(low >> 48 | (high & 0xFF) << 16);
         four[3] = high >> 8;
-    } else if constexpr (size == 4) {
-        std::memcpy(four, pixels, sizeof four);
     } else {
-        for (int i = 0; i < 4; ++i)
-            std::memcpy(&four[i], pixels + i * size, size);
+        std::memcpy(four, pixels, sizeof four);
     }
 }
 
@@ -64,11 +56,8 @@ void StoreFour(const std::uint32_t (&four)[4], BYTE* pixels)
         const std::uint32_t high = four[2] >> 16 | four[3] << 8;
         std::memcpy(pixels, &low, sizeof low);
         std::memcpy(pixels + sizeof low, &high, sizeof high);
-    } else if constexpr (size == 4) {
-        std::memcpy(pixels, four, sizeof four);
     } else {
-        for (int i = 0; i < 4; ++i)
-            std::memcpy(pixels + i * size, &four[i], size);
+        std::memcpy(pixels, four, sizeof four);
     }
 }
 
@@ -183,7 +172,7 @@ void ReverseRow(BYTE* row, const BYTE* copy, int width)
 
 int Rotate(CDibSection* section, bool isLeft)
 {
-    if (!HasPixels(section))
+    if (!CanMovePixels(section))
         return FALSE;
     return WithPixelType(*section, [section, isLeft](auto* type) -> int {
         using PixelType = std::remove_pointer_t<decltype(type)>;
@@ -209,7 +198,7 @@ int Rotate(CDibSection* section, bool isLeft)
 
 int CSelectImageFilter::Process(CDibSection* source, CDibSection* target, RECT* rect)
 {
-    if (source == target || !target || !HasPixels(source))
+    if (source == target || !target || !CanMovePixels(source))
         return FALSE;
     const RECT part = PartOf(*source, rect);
     if (IsRectEmpty(&part))
@@ -227,7 +216,7 @@ int CSelectImageFilter::Process(CDibSection* source, CDibSection* target, RECT* 
 
 int CMirrorImageFilter::Process(CDibSection* section)
 {
-    if (!HasPixels(section))
+    if (!CanMovePixels(section))
         return FALSE;
     return WithPixelType(*section, [section](auto* type) -> int {
         using PixelType = std::remove_pointer_t<decltype(type)>;
@@ -243,7 +232,7 @@ int CMirrorImageFilter::Process(CDibSection* section)
 
 int CFlipImageFilter::Process(CDibSection* section)
 {
-    if (!HasPixels(section))
+    if (!CanMovePixels(section))
         return FALSE;
     const std::size_t size = section->GetLineWidth();
     for (int low = 0, high = HeightOf(*section) - 1; low < high; ++low, --high)

@@ -514,6 +514,25 @@ TEST_F(Geometry, CutsRectanglesOut)
     }
 }
 
+TEST_F(Geometry, LeavesPixelsOfOtherDepthsAlone)
+{
+    std::mt19937 random(7);
+    for (const WORD bitCount : {WORD{8}, WORD{16}}) {
+        Model source(6, 5, 24);
+        source.Randomise(random);
+        CDibSection section, target;
+        source.Store(section);
+        // Not every target makes such sections; the header is all that the filters go by.
+        section.GetDibHeader()->biBitCount = bitCount;
+        for (const auto process : {CMirrorImageFilter::Process, CFlipImageFilter::Process,
+                                   CRotateLeftFilter::Process, CRotateRightFilter::Process})
+            EXPECT_FALSE(process(&section)) << bitCount;
+        EXPECT_FALSE(CSelectImageFilter::Process(&section, &target, nullptr)) << bitCount;
+        section.GetDibHeader()->biBitCount = 24;
+        EXPECT_EQ(Model(section), source) << bitCount;
+    }
+}
+
 TEST(ImageFilter, FailsWithoutPixelsOrSense)
 {
     const CARGB color;

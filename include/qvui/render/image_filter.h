@@ -6,9 +6,9 @@ namespace DUI {
 
 // Pixel operations on sections of 24 and 32 bits. Each class has one static operation, Process, which changes
 // the section and returns TRUE; it returns FALSE, with the section unchanged, when the section is null or
-// holds no bitmap, and in the cases that its class names. Sections of other depths are left as they are.
-// Alpha bytes are kept, but by the fill, the dot grid and the replacement of a colour. All results are exact
-// to the bit.
+// holds no bitmap, and in the cases that its class names. Sections of other depths are left as they are;
+// cutting out, mirroring, flipping and turning then return FALSE. Alpha bytes are kept, but by the fill, the
+// dot grid and the replacement of a colour. All results are exact to the bit.
 //
 // A rectangle (pixels from the image's top-left corner) limits an operation; null stands for the whole image.
 // Its right and bottom are lowered to the image's in place, a left or top outside counts as 0, and an empty
