@@ -123,6 +123,7 @@ HRESULT CImage::Save(LPCSTR path) const
     if (IsNull())
         return E_FAIL;
     Decoded image{m_width, m_height, m_bitsPerPixel == 32 && m_hasAlpha, {}};
+    GdiFlush();  // what was drawn on the bitmap may still wait to be carried out
     image.pixels.reserve(static_cast<std::size_t>(m_width) * static_cast<std::size_t>(m_height));
     for (int y = 0; y < m_height; ++y)
         for (int x = 0; x < m_width; ++x) {

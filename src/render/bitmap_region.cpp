@@ -233,10 +233,10 @@ HRGN CBitmapCommonFunction::BitmapToRgn(HBITMAP bitmap, const CARGB& color, DWOR
     for (int top = 0; top < size.cy; top += std::min<int>(kBand, size.cy - top)) {
         const int rows = std::min<int>(kBand, size.cy - top);
         BitBlt(target.Get(), 0, 0, size.cx, rows, source.Get(), 0, top, SRCCOPY);
-        GdiFlush();
+        const BYTE* const bits = band.GetBits();
         for (int row = 0; row < rows; ++row) {
             const BYTE* const pixels =
-                band.GetBits() + static_cast<std::ptrdiff_t>(kBand - 1 - row) * band.GetLineWidth();
+                bits + static_cast<std::ptrdiff_t>(kBand - 1 - row) * band.GetLineWidth();
             transparent.Mark(pixels, size.cx, scratch.data(), isTransparent.data());
             AddRuns(isTransparent, top + row, builder);
         }

@@ -98,7 +98,7 @@ BOOL CDibSection::CopyTo(CDibSection* dest) const
     if (IsNull() || !dest->Create(static_cast<DWORD>(m_header.biWidth), static_cast<DWORD>(m_header.biHeight),
                                   m_header.biBitCount))
         return FALSE;
-    std::memcpy(dest->m_pBits, m_pBits, m_header.biSizeImage);
+    std::memcpy(dest->m_pBits, GetBits(), m_header.biSizeImage);
     return TRUE;
 }
 
@@ -113,6 +113,13 @@ BOOL CDibSection::Transfer(CDibSection* src)
     m_hBitmap = src->m_hBitmap;
     src->Reset();
     return TRUE;
+}
+
+BYTE* CDibSection::GetBits() const
+{
+    // Drawing operations may still wait to be carried out.
+    GdiFlush();
+    return m_pBits;
 }
 
 CDibSection* CDibSection::NewObject() const
@@ -134,7 +141,7 @@ std::size_t CDibSection::PixelOffset(int x, int y, int fromTop) const
 CARGB CDibSection::GetPixel(int x, int y, int fromTop) const
 {
     CARGB color;
-    BYTE* pixel = m_pBits + PixelOffset(x, y, fromTop);
+    BYTE* pixel = GetBits() + PixelOffset(x, y, fromTop);
     if (m_header.biBitCount == 32)
         color.ReadFromDIB4(pixel);
     else if (m_header.biBitCount == 24)
@@ -144,7 +151,7 @@ CARGB CDibSection::GetPixel(int x, int y, int fromTop) const
 
 BOOL CDibSection::SetPixel(int x, int y, const CARGB& color, int fromTop)
 {
-    BYTE* pixel = m_pBits + PixelOffset(x, y, fromTop);
+    BYTE* pixel = GetBits() + PixelOffset(x, y, fromTop);
     if (m_header.biBitCount == 32)
         color.WriteToDIB4(pixel);
     else if (m_header.biBitCount == 24)
@@ -159,7 +166,7 @@ BOOL CDibSection::Draw(HDC hdc, int x, int y) const
     SetStretchBltMode(hdc, COLORONCOLOR);
     const auto height = static_cast<UINT>(m_header.biHeight);
     return SetDIBitsToDevice(hdc, x, y, static_cast<DWORD>(m_header.biWidth), height, 0, 0, 0, height,
-                             m_pBits, Info(), DIB_RGB_COLORS) != 0;
+                             GetBits(), Info(), DIB_RGB_COLORS) != 0;
 }
 
 BOOL CDibSection::Stretch(HDC hdc, const RECT& rect) const
@@ -168,7 +175,7 @@ BOOL CDibSection::Stretch(HDC hdc, const RECT& rect) const
         return FALSE;
     SetStretchBltMode(hdc, COLORONCOLOR);
     return StretchDIBits(hdc, rect.left, rect.top, Width(rect), Height(rect), 0, 0, m_header.biWidth,
-                         m_header.biHeight, m_pBits, Info(), DIB_RGB_COLORS, SRCCOPY) != 0;
+                         m_header.biHeight, GetBits(), Info(), DIB_RGB_COLORS, SRCCOPY) != 0;
 }
 
 BOOL CDibSection::AlphaBlend(HDC hdc, const RECT& rect, int perPixel, unsigned char alpha)
@@ -213,7 +220,7 @@ BOOL CDibSection::SaveAsBmpFile(const char* path) const
         return WriteFile(file, bytes, size, &written, nullptr) && written == size;
     };
     const bool isWritten = write(header, kFileHeader) && write(&m_header, kHeaderAndColor) &&
-                           write(m_pBits, m_header.biSizeImage);
+                           write(GetBits(), m_header.biSizeImage);
     CloseHandle(file);
     return isWritten;
 }

@@ -293,11 +293,13 @@ int CPixelizeImageFilter::Process(CDibSection* section, int blockSize)
     const int height = HeightOf(*section);
     const int pixelSize = section->GetPixelWidth();
     const int size = std::max(2, std::min(blockSize, width));
-    for (int row = 0; row < height; row += std::min(size, height - row))
+    for (int row = 0; row < height; row += std::min(size, height - row)) {
+        BYTE* const pixels = StoredRow(*section, row);
         for (int x = 0; x < width; x += std::min(size, width - x))
-            FillAverageColor(StoredRow(*section, row) + static_cast<std::ptrdiff_t>(x) * pixelSize,
+            FillAverageColor(pixels + static_cast<std::ptrdiff_t>(x) * pixelSize,
                              static_cast<int>(section->GetLineWidth()), pixelSize, std::min(size, width - x),
                              std::min(size, height - row));
+    }
     return TRUE;
 }
 

@@ -30,7 +30,7 @@ inline int HeightOf(const CDibSection& section)
     return section.GetDibHeader()->biHeight;
 }
 
-/// A row as stored: row 0 is the bottom.
+/// A row as stored: row 0 is the bottom. What was drawn on the bitmap so far is there.
 inline BYTE* StoredRow(const CDibSection& section, int row)
 {
     return section.GetBits() + static_cast<std::ptrdiff_t>(row) * section.GetLineWidth();

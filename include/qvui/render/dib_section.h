@@ -37,8 +37,9 @@ public:
     CDibSection* Clone() const;
 
     HBITMAP GetBitmap() const { return m_hBitmap; }
-    /// The bottom row's first byte.
-    BYTE* GetBits() const { return m_pBits; }
+    /// The bottom row's first byte. All that was drawn on the bitmap so far is there; after further drawing,
+    /// ask again before the bits are read.
+    BYTE* GetBits() const;
     /// Bytes per row.
     DWORD GetLineWidth() const { return m_nLineWidth; }
     WORD GetBitCount() const { return m_header.biBitCount; }
