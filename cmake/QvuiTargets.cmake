@@ -28,6 +28,11 @@ if(QVUI_SANITIZE)
   target_link_options(qvui_flags INTERFACE -fsanitize=${QVUI_SANITIZE})
 endif()
 target_compile_options(qvui_flags INTERFACE -fvisibility=hidden -fvisibility-inlines-hidden)
+if(CMAKE_SIZEOF_VOID_P EQUAL 4 AND CMAKE_SYSTEM_PROCESSOR MATCHES "^(i.86|x86)")
+  # Double precision as on 64 bits, which the x87 unit does not keep to. Windows calls back with a stack that
+  # is aligned to four bytes only.
+  target_compile_options(qvui_flags INTERFACE -msse2 -mfpmath=sse -mstackrealign)
+endif()
 if(WIN32)
   # Every platform name is the multibyte one, and COMCTL32's and GDI+'s newest declarations are visible.
   target_compile_definitions(qvui_flags INTERFACE

@@ -1,11 +1,15 @@
 #include <qvui/foundation/color.h>
 
 #include <algorithm>
+#include <cfloat>
 #include <cstdio>
 #include <cstdlib>
 
 namespace DUI {
 namespace {
+
+// More precision than double has would give other bytes: the x87 unit must not compute this.
+static_assert(FLT_EVAL_METHOD == 0 || FLT_EVAL_METHOD == 1);
 
 constexpr double kHueLimit = 359.0;
 constexpr double kLargestHue = 358.9999;
