@@ -21,7 +21,8 @@ struct CodePageName {
 };
 
 // Code pages under the converter's names; numbers that are not here are tried as "CP" and the number. Where
-// the converter lacks the page (10001 to 10003, 10008, 10021, 20002, 20105), the set that it extends stands.
+// the converter lacks the page, the nearest set that it has stands: the one that 10001 to 10003, 10008,
+// 10021, 20002 and 20105 extend, and for 10079 one whose eth is a d with a stroke.
 constexpr CodePageName kNames[] = {
     {37, "IBM037"},         {10000, "MACINTOSH"},    {10001, "SHIFT_JIS"},
     {10002, "BIG5"},        {10003, "EUC-KR"},       {10008, "EUC-CN"},
