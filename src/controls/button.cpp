@@ -72,7 +72,7 @@ const AttributeTable<CDUIButton>& Attributes()
          "Takes the focus, or gives it up, when the window exists.",
          [](CDUIButton& button, const CString& value) { button.SetFocus(IsTrue(value)); }},
         {"want_return",
-         {AttributeKind::Boolean, "false"},
+         {AttributeKind::Boolean, "false", "", {.needsControl = "ok"}},
          "Enter does not activate the window's \"ok\" button while this one has the focus.",
          [](CDUIButton& button, const CString& value) {
              button.ModifyStyle(DUISTYLE_WANTRETURN, IsTrue(value) ? DWORD{DUISTYLE_WANTRETURN} : 0);

@@ -25,7 +25,9 @@ const AttributeTable<CDUICheckButton>& Attributes()
          [](CDUICheckButton& button, const CString& value) {
              SetStateImage(button, &CButtonUIData::m_pCheckedImage, button.GetCheck() != 0, value);
          }},
-        {"unchecked_image", AttributeKind::Image, "Icon strip while not checked, with the same states.",
+        {"unchecked_image",
+         {AttributeKind::Image, "", "", {.resets = "icon"}},
+         "Icon strip while not checked, with the same states.",
          [](CDUICheckButton& button, const CString& value) {
              SetStateImage(button, &CButtonUIData::m_pUncheckedImage, button.GetCheck() == 0, value);
          }},

@@ -15,7 +15,7 @@ const AttributeTable<CDUILabel>& CDUILabel::LabelAttributes()
 {
     static const AttributeTable<CDUILabel> attributes{
         {"enable_shadowtext",
-         {AttributeKind::Boolean, "false"},
+         {AttributeKind::Boolean, "false", "", {.accumulates = true}},
          "\"true\" draws a shadow of the text, one pixel to the right and down; other values change nothing.",
          [](CDUILabel& label, const CString& value) {
              if (IsTrue(value))

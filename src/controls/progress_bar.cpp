@@ -17,7 +17,7 @@ const AttributeTable<CDUIProgressBar>& Attributes()
         {"back_image", AttributeKind::Image, "Strip: icon 0 the empty bar, icon 1 the full bar.",
          [](CDUIProgressBar& bar, const CString& value) { bar.SetUIData({skin::Image(value)}); }},
         {"range",
-         {AttributeKind::IntPair, "0,0"},
+         {AttributeKind::IntPair, "0,0", "", {.resets = "pos"}},
          "Minimum and maximum.",
          [](CDUIProgressBar& bar, const CString& value) {
              const SIZE range = ReadPair(value);
@@ -25,7 +25,7 @@ const AttributeTable<CDUIProgressBar>& Attributes()
          }},
         {"pos",
          {AttributeKind::Integer, "0"},
-         "The position, cut to the range; give the range first.",
+         "The position, cut to the range.",
          [](CDUIProgressBar& bar, const CString& value) { bar.SetPos(ReadInteger(value)); }},
     };
     return attributes;

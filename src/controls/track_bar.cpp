@@ -19,7 +19,8 @@ const AttributeTable<CDUITrackBarBase>& CDUITrackBarBase::TrackBarAttributes()
 {
     using Bar = CDUITrackBarBase;
     static const AttributeTable<Bar> attributes{
-        {"back_image", AttributeKind::Image,
+        {"back_image",
+         {AttributeKind::Image, "", "", {.resets = "back_color"}},
          "Strip: icon 0 the empty track, icon 1 the part before the thumb.",
          [](Bar& bar, const CString& value) {
              bar.m_bImageMode = TRUE;
@@ -32,7 +33,7 @@ const AttributeTable<CDUITrackBarBase>& CDUITrackBarBase::TrackBarAttributes()
              bar.SetUIData(data);
          }},
         {"range",
-         {AttributeKind::IntPair, "0,0"},
+         {AttributeKind::IntPair, "0,0", "", {.resets = "pos"}},
          "Minimum and maximum, in either order.",
          [](Bar& bar, const CString& value) {
              const SIZE range = ReadPair(value);
@@ -40,7 +41,7 @@ const AttributeTable<CDUITrackBarBase>& CDUITrackBarBase::TrackBarAttributes()
          }},
         {"pos",
          {AttributeKind::Integer, "0"},
-         "The position, cut to the range; give the range first.",
+         "The position, cut to the range.",
          [](Bar& bar, const CString& value) { bar.SetPos(ReadInteger(value)); }},
         {"step",
          {AttributeKind::Integer, "1"},
@@ -51,7 +52,7 @@ const AttributeTable<CDUITrackBarBase>& CDUITrackBarBase::TrackBarAttributes()
          "Shows the position and a percent sign below a horizontal track.",
          [](Bar& bar, const CString& value) { bar.SetShowPercent(IsTrue(value)); }},
         {"back_color",
-         {AttributeKind::ColorPair, "#FFFFFFFF,#FFFFFFFF"},
+         {AttributeKind::ColorPair, "#FFFFFFFF,#FFFFFFFF", "", {.resets = "back_image"}},
          "Draws the track as a gradient between two colours instead of an image. The first comma stands "
          "between "
          "them, so write them as #AARRGGBB or by name.",

@@ -43,13 +43,16 @@ const AttributeTable<CDUIControlBase>& Attributes()
              control.SetTooltip(skin::String(value));
              control.ModifyStyle(0, DUISTYLE_TOOLTIP);
          }},
-        {"shortcut", AttributeKind::Character,
+        {"shortcut",
+         {AttributeKind::Character, "", "", {.isUnique = true}},
          "The key that, with Alt, gives the control the focus and activates it.",
          [](Base& control, const CString& value) {
              if (!value.IsEmpty())
                  control.SetShortcut(value[0]);
          }},
-        {"name", AttributeKind::Text, "The name by which the application finds the control.",
+        {"name",
+         {AttributeKind::Text, "", "", {.isUnique = true}},
+         "The name by which the application finds the control.",
          [](Base& control, const CString& value) { control.SetName(value); }},
         {"visible",
          {AttributeKind::Boolean, "true"},
@@ -97,7 +100,7 @@ const AttributeTable<CDUIControlBase>& Attributes()
              control.SetCursor(skin::Manager()->GetCursor(value, TRUE));
          }},
         {"stretch",
-         {AttributeKind::Keywords, "", "move_x|move_y|size_x|size_y|group"},
+         {AttributeKind::Keywords, "", "move_x|move_y|size_x|size_y|group", {.accumulates = true}},
          "Anchoring marks for the application; words add to those set before.",
          [](Base& control, const CString& value) {
              control.ModifyExStyle(0, FindWords(value, kStretchWords));
@@ -115,7 +118,9 @@ const AttributeTable<CDUIControlBase>& Attributes()
          [](Base& control, const CString& value) {
              control.SetUserData(static_cast<DWORD>(ReadInteger(value)));
          }},
-        {"control_style", AttributeKind::ControlStyle, "A named set of attributes that is applied here.",
+        {"control_style",
+         {AttributeKind::ControlStyle, "", "", {.appliesStyle = true}},
+         "A named set of attributes that is applied here.",
          [](Base& control, const CString& value) { control.ApplyControlStyle(value); }},
     };
     return table;

@@ -42,7 +42,10 @@ const AttributeTable<CDUIFramePanel>& Attributes()
          [](CDUIFramePanel& panel, const CString& value) {
              panel.SetDrawMode(FindFirstWord(value, kDrawModes));
          }},
-        {"border_color", AttributeKind::Color, "The border's colour.", SetBorderColor},
+        {"border_color",
+         {AttributeKind::Color, "", "", {.isFill = true}},
+         "The border's colour.",
+         SetBorderColor},
         {"left_border_image", AttributeKind::Image, "The image of the border's left side.",
          SetBorderImage<&CFrameUIData::m_pLeftImage>},
         {"right_border_image", AttributeKind::Image, "The image of the border's right side.",

@@ -12,8 +12,9 @@ namespace DUI {
 template <class Target>
 struct EntryField : EntryAttribute {
     constexpr EntryField(const char* fieldName, AttributeKind fieldKind, const char* fieldDescription,
-                         Target fieldTarget, DocumentWords (*fieldWords)() = nullptr)
-        : EntryAttribute{fieldName, fieldKind, fieldDescription, fieldWords},
+                         Target fieldTarget, DocumentWords (*fieldWords)() = nullptr,
+                         AttributeRules fieldRules = {})
+        : EntryAttribute{fieldName, fieldKind, fieldDescription, fieldWords, {}, fieldRules},
           target(fieldTarget)
     {
     }

@@ -26,7 +26,8 @@ CRefPtr<Record> RecordOf(const CXmlDocument& xml, CNameTable<CRefPtr<Record>>& t
 constexpr EntryAttribute kStringId{"id", AttributeKind::Text, "What controls call the text."};
 
 constexpr EntryAttribute kColorName{"name", AttributeKind::Text, "What controls and styles call the colour."};
-constexpr EntryAttribute kColorValue{"value", AttributeKind::LiteralColor, "The colour."};
+constexpr EntryAttribute kColorValue{"value", AttributeKind::LiteralColor,
+                                     "The colour. With fewer than eight digits its alpha is 0."};
 
 constexpr TextField<CResourceFontData> kFontFields[] = {
     {"name", AttributeKind::Text, "What text styles call the font.", &CResourceFontData::m_strName},
@@ -84,7 +85,12 @@ EntryAttributes FontAttributes()
 
 EntryAttributes ImageAttributes()
 {
-    return SourceAttributes("What controls and styles call the image.", AttributesOf(kImageFields));
+    EntryAttributes attributes =
+        SourceAttributes("What controls and styles call the image.", AttributesOf(kImageFields));
+    for (EntryAttribute& attribute : attributes)
+        if (std::string_view(attribute.name) == "config_type")
+            attribute.rules.lostBySwitch = "dll|exe";
+    return attributes;
 }
 
 int CResMgr::Parse(const CString& xml, ReadDocument read)

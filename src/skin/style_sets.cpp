@@ -43,36 +43,71 @@ using FrameField = EntryField<void (*)(CResMgr& manager, const Frame& frame, con
 
 // In the order in which they are applied: the colours take over the separator and the direction from before.
 constexpr FrameField kFrameFields[] = {
-    {"back_color", AttributeKind::Colors, "One colour, or a gradient: start, end, middle.",
+    {"back_color",
+     AttributeKind::Colors,
+     "One colour, or a gradient: start, end, middle. A skin with fewer colours keeps the gradient of the "
+     "skin that is switched from, unless it repeats its colour (`a,a`).",
      [](CResMgr& manager, const Frame& frame, const CString& value) {
          manager.ParseFrameBKAttriColors(value, frame);
-     }},
-    {"back_sep", AttributeKind::Number,
+     },
+     nullptr,
+     {.isFill = true, .emptyIsNone = true, .stays = ""}},
+    {"back_sep",
+     AttributeKind::Number,
      "Where the middle colour stands: up to 1 a share of the length, above it pixels.",
-     [](CResMgr&, const Frame& frame, const CString& value) { SetSeparator(value, *frame.GetPtr()); }},
-    {"back_vertical", AttributeKind::Boolean, "Whether the gradient runs from top to bottom.",
-     [](CResMgr&, const Frame& frame, const CString& value) { frame->SetBKVertical(IsTrue(value)); }},
-    {"back_image", AttributeKind::Image, "The image over the colours.",
+     [](CResMgr&, const Frame& frame, const CString& value) { SetSeparator(value, *frame.GetPtr()); },
+     nullptr,
+     {.stays = "0.5", .shownBy = "back_color"}},
+    {"back_vertical",
+     AttributeKind::Boolean,
+     "Whether the gradient runs from top to bottom.",
+     [](CResMgr&, const Frame& frame, const CString& value) { frame->SetBKVertical(IsTrue(value)); },
+     nullptr,
+     {.stays = "true", .shownBy = "back_color"}},
+    {"back_image",
+     AttributeKind::Image,
+     "The image over the colours.",
      [](CResMgr& manager, const Frame& frame, const CString& value) {
          frame->SetSkinImage(manager.GetImage(value, 1));
-     }},
-    {"back_image_pos", AttributeKind::Choice, "Where that image stands.",
+     },
+     nullptr,
+     {.stays = ""}},
+    {"back_image_pos",
+     AttributeKind::Choice,
+     "Where that image stands.",
      [](CResMgr& manager, const Frame& frame, const CString& value) {
          manager.ParseFrameBKImagePos(value, frame);
      },
-     ImagePositionWords},
-    {"border_image", AttributeKind::Image, "The image that the border is cut from.",
+     ImagePositionWords,
+     {.stays = "left_top", .shownBy = "back_image"}},
+    {"border_image",
+     AttributeKind::Image,
+     "The image that the border is cut from.",
      [](CResMgr& manager, const Frame& frame, const CString& value) {
          frame->SetFrameImage(manager.GetImage(value, 1));
-     }},
-    {"border_color", AttributeKind::Color, "The border's colour.",
+     },
+     nullptr,
+     {.stays = "", .shownBy = "border_rect"}},
+    {"border_color",
+     AttributeKind::Color,
+     "The border's colour.",
      [](CResMgr& manager, const Frame& frame, const CString& value) {
          frame->SetFrameColor(manager.GetColor(value));
-     }},
-    {"border_rect", AttributeKind::Rect, "The border's thickness on each side.",
-     [](CResMgr&, const Frame& frame, const CString& value) { SetBorder(value, *frame.GetPtr()); }},
-    {"border_round", AttributeKind::IntPair, "Width and height of the ellipse that rounds the corners.",
-     [](CResMgr&, const Frame& frame, const CString& value) { SetRound(value, *frame.GetPtr()); }},
+     },
+     nullptr,
+     {.emptyIsNone = true, .stays = "", .shownBy = "border_rect"}},
+    {"border_rect",
+     AttributeKind::Rect,
+     "The border's thickness on each side.",
+     [](CResMgr&, const Frame& frame, const CString& value) { SetBorder(value, *frame.GetPtr()); },
+     nullptr,
+     {.stays = "0,0,0,0"}},
+    {"border_round",
+     AttributeKind::IntPair,
+     "Width and height of the ellipse that rounds the corners.",
+     [](CResMgr&, const Frame& frame, const CString& value) { SetRound(value, *frame.GetPtr()); },
+     nullptr,
+     {.stays = "0,0", .shownBy = "border_rect"}},
 };
 
 constexpr EntryField<void (CTextStyle::*)(CRefPtr<CFontObject>)> kFontFields[] = {
@@ -83,11 +118,14 @@ constexpr EntryField<void (CTextStyle::*)(CRefPtr<CFontObject>)> kFontFields[] =
     {"font_disable", AttributeKind::Font, "Disabled; without it, as font.", &CTextStyle::SetDisableFont},
 };
 
+constexpr AttributeRules kStays{.stays = ""};
 constexpr EntryField<void (CTextStyle::*)(const CARGB&)> kColorFields[] = {
-    {"normal_color", AttributeKind::Color, "The text's colour.", &CTextStyle::SetNormalColor},
-    {"hover_color", AttributeKind::Color, "Below the pointer.", &CTextStyle::SetHoverColor},
-    {"select_color", AttributeKind::Color, "Selected or pressed.", &CTextStyle::SetSelectColor},
-    {"disable_color", AttributeKind::Color, "Disabled.", &CTextStyle::SetDisableColor},
+    {"normal_color", AttributeKind::Color, "The text's colour.", &CTextStyle::SetNormalColor, nullptr,
+     kStays},
+    {"hover_color", AttributeKind::Color, "Below the pointer.", &CTextStyle::SetHoverColor, nullptr, kStays},
+    {"select_color", AttributeKind::Color, "Selected or pressed.", &CTextStyle::SetSelectColor, nullptr,
+     kStays},
+    {"disable_color", AttributeKind::Color, "Disabled.", &CTextStyle::SetDisableColor, nullptr, kStays},
 };
 
 constexpr EntryAttribute kName{"name", AttributeKind::Text, "What controls call the style."};

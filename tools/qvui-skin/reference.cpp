@@ -56,12 +56,67 @@ std::string Row(const std::string& name, const std::string& value, const std::st
            Cell(description) + " |\n";
 }
 
+std::string CodeList(std::string_view words)
+{
+    std::string list = Words(words);
+    if (const std::size_t last = list.rfind(", "); last != std::string::npos)
+        list.replace(last, 2, " and ");
+    return list;
+}
+
+// The names of the attributes of the list that undo one written before them.
+std::string ResettersOf(const AttributeInfo& info, const DUI::AttributeList& list)
+{
+    std::string names;
+    for (const AttributeInfo& other : list.Infos()) {
+        const std::vector<std::string> reset = Split(other.syntax.rules.resets, '|');
+        if (std::find(reset.begin(), reset.end(), info.name) != reset.end())
+            names.append(names.empty() ? "" : "|").append(other.name);
+    }
+    return names;
+}
+
+// Where an attribute stands among those of its control.
+std::string OrderText(const AttributeInfo& info, const DUI::AttributeList& list)
+{
+    const std::string resets = info.syntax.rules.resets;
+    const std::string resetters = ResettersOf(info, list);
+    if (!resets.empty() && resets == resetters)
+        return " Stands instead of " + CodeList(resets) + ": the one that is written last counts.";
+    return (resets.empty() ? "" : " Write it before " + CodeList(resets) + ": it sets that anew.") +
+           (resetters.empty() ? "" : " Write it after " + CodeList(resetters) + ", or it is set anew.");
+}
+
+// What `qvui-skin check` warns of, at the attribute that it is about.
+std::string RulesText(const DUI::AttributeRules& rules)
+{
+    std::string text;
+    if (rules.appliesStyle)
+        text += " Write it first: it sets anew what is written before it and in the style, too.";
+    if (rules.isUnique)
+        text += " Two controls of a window have different ones: a search finds one of them alone.";
+    if (*rules.needsControl)
+        text += " Without effect in a window that has no control named " + Code(rules.needsControl) + ".";
+    if (rules.isFill)
+        text +=
+            " A translucent colour overflows on bright ground when a channel is above its alpha: write "
+            "`#80808080`, not `#80FFFFFF`.";
+    if (rules.emptyIsNone)
+        text += " Black with fewer than eight digits is no colour, and nothing is painted with it.";
+    if (rules.stays)
+        text += " A skin without it keeps the value of the skin that is switched from; " +
+                (*rules.stays ? Code(rules.stays) + " undoes it." : "write it in each skin.");
+    if (*rules.lostBySwitch)
+        text += " Pictures from " + CodeList(rules.lostBySwitch) + " go blank on a switch to their skin.";
+    return text;
+}
+
 std::string AttributeRows(const DUI::AttributeList& list)
 {
     std::string rows = "| Attribute | Value | Without it | Meaning |\n|---|---|---|---|\n";
     for (const AttributeInfo& info : list.Infos())
         rows += Row(info.name, ValueText(info.syntax.kind, info.syntax.keywords), info.syntax.defaultValue,
-                    info.description);
+                    info.description + OrderText(info, list) + RulesText(info.syntax.rules));
     return rows + "\n";
 }
 
@@ -70,7 +125,7 @@ std::string EntryRows(const std::vector<EntryAttribute>& attributes)
     std::string rows = "| Attribute | Value | Meaning |\n|---|---|---|\n";
     for (const EntryAttribute& attribute : attributes)
         rows += "| " + Code(attribute.name) + " | " + Cell(ValueText(attribute)) + " | " +
-                Cell(attribute.description) + " |\n";
+                Cell(attribute.description + RulesText(attribute.rules)) + " |\n";
     return rows + "\n";
 }
 
@@ -81,6 +136,12 @@ std::string SetText(const SetSchema& set)
     if (set.set && set.entry)
         text += ", each " + Code(set.entry);
     text += "\n\n" + std::string(set.description) + "\n\n";
+    if (set.names && *set.names == NameKind::String)
+        text += "Each language has all ids: of one that it lacks nothing is shown.\n\n";
+    else if (set.names)
+        text +=
+            "Each skin has all names that templates and the application ask for: after a switch to one that "
+            "lacks a name, that of the skin before stays.\n\n";
     if (!set.setAttributes.empty())
         text += (set.entry ? "Of the set itself:\n\n" : "") + EntryRows(set.setAttributes);
     if (!set.attributes.empty())
@@ -177,8 +238,9 @@ constexpr const char* kIntroduction =
     "What the documents of a skin package hold. This page is made from the tables that the library and\n"
     "`qvui-skin check` read (`qvui-skin reference -o docs/skin-reference.md`); do not edit it by hand.\n\n"
     "Tags and names match letter for letter, attributes of controls in any letter case. Lists of numbers\n"
-    "are written with commas, lengths are in pixels. `qvui-skin check entry.xml` says what is wrong in a\n"
-    "package.\n\n";
+    "are written with commas, lengths are in pixels. Colours have eight digits, `#AARRGGBB`: with six the\n"
+    "alpha is 0, which fills and texts paint opaque, gradients blend, and where black is no colour at all.\n"
+    "`qvui-skin check entry.xml` says what is wrong in a package.\n\n";
 
 }  // namespace
 

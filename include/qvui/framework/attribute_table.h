@@ -13,18 +13,22 @@ namespace DUI {
 
 class CDUIControlBase;
 
-/// The kind of a value, what it is without the attribute, and the words it may hold ("one|two").
+/// The kind of a value, what it is without the attribute, the words it may hold ("one|two"), and what else
+/// the attribute does.
 struct AttributeSyntax {
-    AttributeSyntax(AttributeKind valueKind, const char* defaultText = "", const char* keywordText = "")
+    AttributeSyntax(AttributeKind valueKind, const char* defaultText = "", const char* keywordText = "",
+                    AttributeRules valueRules = {})
         : kind(valueKind),
           defaultValue(defaultText),
-          keywords(keywordText)
+          keywords(keywordText),
+          rules(valueRules)
     {
     }
 
     AttributeKind kind;
     const char* defaultValue;
     const char* keywords;
+    AttributeRules rules;
 };
 
 /// What a tool sees of one attribute.

@@ -41,4 +41,22 @@ struct IntegerRange {
     constexpr bool Holds(long long number) const { return number >= least && number <= most; }
 };
 
+/// What an attribute does besides taking its value. Tools warn by it, and the reference page says it.
+struct AttributeRules {
+    // Of controls. Lists of names have "|" between.
+    const char* resets = "";        // attributes that lose their value when this one is written after them
+    bool appliesStyle = false;      // so do all attributes that the control style named here holds
+    bool accumulates = false;       // a later value adds to an earlier one, and undoes nothing of it
+    bool isUnique = false;          // a search of the window finds one control that has the value, no other
+    const char* needsControl = "";  // the name of a control without which the attribute has no effect
+    // Of colours.
+    bool isFill = false;       // blended into what is below, by alpha, without a bound for sums beyond 255
+    bool emptyIsNone = false;  // a colour whose four bytes are 0 paints nothing
+    // Of entries that a switch of skins changes in place: the value before any skin sets one. A skin without
+    // the attribute shows the value of the skin before. Null: such a skin has the value anew.
+    const char* stays = nullptr;
+    const char* shownBy = "";  // the attribute that must be set, and not as before any skin, to show this one
+    const char* lostBySwitch = "";  // values whose picture a switch cannot load again
+};
+
 }  // namespace DUI

@@ -23,6 +23,7 @@ struct EntryAttribute {
     const char* description;
     DocumentWords (*words)() = nullptr;  // of a choice or flags
     IntegerRange range = {};             // of an integer: the library takes no other as it is written
+    AttributeRules rules = {};
 };
 
 /// What else an entry's attributes and children may be.
