@@ -41,7 +41,7 @@ TEST(Dump, ResolvesWhatTheLibraryMakesOfAPackage)
         {"attributes of a control style", day["control_styles"]["key"]["width"], "10"},
         {"the first of two strings", dump["languages"]["English"]["hello"], "Hello"},
         {"a string of the other language", dump["languages"]["Deutsch"]["hello"], "Hallo"},
-        {"window templates", dump["templates"]["window"], {"main", "hollow", "main"}},
+        {"window templates", dump["templates"]["window"], {"main", "hollow", "main", "twins"}},
     };
     for (const auto& [name, value, expected] : cases)
         EXPECT_EQ(value, expected) << name;

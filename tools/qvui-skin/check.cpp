@@ -42,7 +42,9 @@ void Checker::Run()
          {DocumentKind::Strings, DocumentKind::Resources, DocumentKind::Templates, DocumentKind::Styles})
         for (const PackageDocument* part : m_package.OfKind(kind))
             CheckDocument(*part);
+    CheckSwitches();
     m_names.ReportMissingStrings(m_report);
+    m_names.ReportMissingInSkins(m_report);
     m_names.ReportUnused(m_report);
 }
 
@@ -101,7 +103,7 @@ void Checker::DefineEntry(const PackageDocument& part, const SeenEntry& seen)
     if (!seen.set->names || !key || key->value.empty())
         return;
     m_names.Scope(*seen.set->names, part.name)
-        .names.try_emplace(key->value, NameScope::Place{&document, entry.offset});
+        .names.try_emplace(key->value, NameScope::Place{&document, &entry});
 }
 
 // --- documents ---------------------------------------------------------------------------------------------
@@ -163,7 +165,7 @@ void Checker::CheckPlainAttributes(const Place& place, const std::vector<EntryAt
             return attribute.name == candidate.name;
         });
         if (found != known.end()) {
-            CheckValue(place, attribute, found->kind, KeywordsOf(*found), found->range);
+            CheckValue(place, attribute, *found);
             continue;
         }
         std::vector<std::string> names;

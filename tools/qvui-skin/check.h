@@ -22,12 +22,16 @@ public:
     void Run();
 
 private:
+    using ControlNames = std::set<std::string>;
     /// Where a value stands.
     struct Place {
         const Document& document;
         const Element& element;
-        const std::string& skin;  // the skin that the document belongs to; empty for all
+        const std::string& skin;                 // the skin that the document belongs to; empty for all
+        const ControlNames* controls = nullptr;  // the names in its window; null outside of windows
     };
+    /// One attribute that a control is given, by its element or by a control style.
+    struct Step;
 
     // check.cpp: documents and their entries
     void CheckEntryDocument();
@@ -40,9 +44,12 @@ private:
     void CheckUnique(const PackageDocument& part, const std::vector<SeenEntry>& entries);
 
     // check_values.cpp: attribute values
-    void CheckValue(const Place& place, const Attribute& attribute, ValueKind kind, std::string_view keywords,
-                    IntegerRange range = {});
+    void CheckValue(const Place& place, const Attribute& attribute, const DUI::AttributeSyntax& syntax);
+    void CheckValue(const Place& place, const Attribute& attribute, const EntryAttribute& entry);
+    bool CheckValue(const Place& place, const Attribute& attribute, ValueKind kind, std::string_view keywords,
+                    IntegerRange range);
     void CheckControlName(const Place& place, const Attribute& attribute);
+    void CheckNeededControl(const Place& place, const Attribute& attribute, const std::string& needed);
     void ReportUnknown(const Place& place, const Attribute& attribute, const std::vector<std::string>& known);
 
     // check_controls.cpp: templates and control styles
@@ -52,6 +59,27 @@ private:
     void CheckControlAttributes(const Place& place, const DUI::ControlClass* control);
     void CheckControlStyle(const PackageDocument& part, int entry);
     void UseDefaults();
+
+    // check_windows.cpp: what the controls and attributes of a window are to one another
+    void CheckUniqueValues(const Document& document, int window);
+    void CheckOrder(const Place& place, const DUI::ControlClass& control);
+    void AddStyle(Step step, const DUI::ControlClass& control, std::vector<Step>& steps) const;
+    void CheckReset(const Place& place, const Step& step, const Step& later);
+    void CheckStyleOrder(const Place& place);
+
+    // check_colors.cpp: what colours turn into on the screen
+    void CheckDigits(const Place& place, const Attribute& attribute, ValueKind kind);
+    void CheckColors(const Place& place, const Attribute& attribute, const DUI::AttributeRules& rules);
+    void CheckEmptyColors(const Place& place, const Attribute& attribute, const std::string& skin);
+    void CheckFill(const Place& place, const Attribute& attribute, const std::string& text,
+                   const std::string& skin);
+
+    // check_switch.cpp: what one skin leaves to the next
+    void CheckSwitches();
+    void CheckSwitch(const SetSchema& set, const Place& from, const Place& to);
+    void CheckLeftOut(const EntryAttribute& attribute, const Place& from, const Place& to);
+    void CheckColorCount(const EntryAttribute& attribute, const Place& from, const Place& to);
+    void CheckReload(const Place& place, const Attribute& attribute, const EntryAttribute& entry);
 
     // check_images.cpp: the files behind the records
     void CheckImage(const PackageDocument& part, int entry);
@@ -66,7 +94,8 @@ private:
     std::vector<std::string> m_tags;
     Report& m_report;
     Names m_names;
-    std::set<std::string> m_controlNames;  // of all windows
+    ControlNames m_controlNames;           // of all windows
+    ControlNames m_searchedNames;          // those that an attribute or the library looks for
     std::set<std::string> m_customStyles;  // control styles that an application's own controls use
     std::set<const Document*> m_checked;   // a document that two entries name is checked once
 };

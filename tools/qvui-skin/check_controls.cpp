@@ -18,6 +18,8 @@ struct LibraryName {
     NameKind kind;
     const char* name;
 };
+// The controls that Enter and Escape activate.
+constexpr const char* kLibraryControls[] = {"ok", "cancel"};
 // What the library asks for by itself.
 constexpr LibraryName kLibraryNames[] = {
     {NameKind::ControlStyle, "cs_v_scrollbar"},
@@ -25,19 +27,11 @@ constexpr LibraryName kLibraryNames[] = {
     {NameKind::String, "ids_def_font_txt_name"},
 };
 
-// The elements below one, with that one first: records stand in document order.
-int EndOf(const Document& document, int element)
-{
-    for (int at = element; at >= 0; at = document.At(at).parent)
-        if (document.At(at).next >= 0)
-            return document.At(at).next;
-    return static_cast<int>(document.Elements().size());
-}
-
 }  // namespace
 
 void Checker::UseDefaults()
 {
+    m_searchedNames.insert(std::begin(kLibraryControls), std::end(kLibraryControls));
     for (const LibraryName& entry : kLibraryNames)
         m_names.Use(entry.kind, entry.name);
     for (const DUI::BuiltinControl& control : DUI::BuiltinControls())
@@ -51,9 +45,13 @@ void Checker::UseDefaults()
 
 void Checker::CollectControls(const Document& document, int window)
 {
-    for (int i = window + 1; i < EndOf(document, window); ++i) {
+    for (int i = window + 1; i < document.EndOf(window); ++i) {
         const Element& element = document.At(i);
         m_controlNames.insert(element.Value("name"));
+        for (const Attribute& attribute : element.attributes)
+            if (const AttributeInfo* const info = FindAttributeAnywhere(attribute.name);
+                info && info->syntax.kind == ValueKind::ControlName)
+                m_searchedNames.insert(attribute.value);
         if (!ClassOf(element.tag))
             m_customStyles.insert(element.Value("control_style"));
     }
@@ -67,7 +65,7 @@ void Checker::CheckWindow(const PackageDocument& part, int window)
     const Place place{document, element, kAllSkins};
     for (const Attribute& attribute : element.attributes)
         if (const AttributeInfo* const info = FindAttribute(known, attribute.name))
-            CheckValue(place, attribute, info->syntax.kind, info->syntax.keywords);
+            CheckValue(place, attribute, info->syntax);
         else
             ReportUnknown(place, attribute, AttributeNames(known));
     if (element.firstChild < 0)
@@ -76,8 +74,12 @@ void Checker::CheckWindow(const PackageDocument& part, int window)
     else if (const int second = document.At(element.firstChild).next; second >= 0)
         m_report.Add(Severity::Error, document, document.At(second).offset,
                      "a window has one root control, so this one is left out");
-    for (int i = window + 1; i < EndOf(document, window); ++i)
-        CheckControl({document, document.At(i), kAllSkins});
+    ControlNames controls;
+    for (int i = window + 1; i < document.EndOf(window); ++i)
+        controls.insert(document.At(i).Value("name"));
+    for (int i = window + 1; i < document.EndOf(window); ++i)
+        CheckControl({document, document.At(i), kAllSkins, &controls});
+    CheckUniqueValues(document, window);
 }
 
 void Checker::CheckControl(const Place& place)
@@ -100,6 +102,7 @@ void Checker::CheckControl(const Place& place)
         m_report.Add(Severity::Error, place.document, place.element.offset, std::move(text), suggestion);
     }
     CheckControlAttributes(place, known);
+    CheckOrder(place, known ? *known : DUI::CDUIControlBase::Class());
 }
 
 // Without a class the control is the application's: what every control has is checked, the rest is accepted.
@@ -109,7 +112,7 @@ void Checker::CheckControlAttributes(const Place& place, const ControlClass* con
         const AttributeInfo* const info =
             FindAttribute(control ? *control : DUI::CDUIControlBase::Class(), attribute.name);
         if (info)
-            CheckValue(place, attribute, info->syntax.kind, info->syntax.keywords);
+            CheckValue(place, attribute, info->syntax);
         else if (control)
             ReportUnknown(place, attribute, AttributeNames(*control));
         else
@@ -127,12 +130,13 @@ void Checker::CheckControlStyle(const PackageDocument& part, int entry)
             continue;
         const AttributeInfo* const info = FindAttributeAnywhere(attribute.name);
         if (info)
-            CheckValue(place, attribute, info->syntax.kind, info->syntax.keywords);
+            CheckValue(place, attribute, info->syntax);
         else if (isCustom)
             m_names.Use(attribute.value);
         else
             ReportUnknown(place, attribute, AllAttributeNames());
     }
+    CheckStyleOrder(place);
 }
 
 }  // namespace qvui::skin_tool

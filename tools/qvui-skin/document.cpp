@@ -118,6 +118,14 @@ Position Document::Where(int offset) const
     return m_lastPosition;
 }
 
+int Document::EndOf(int element) const
+{
+    for (int at = element; at >= 0; at = At(at).parent)
+        if (At(at).next >= 0)
+            return At(at).next;
+    return static_cast<int>(m_elements.size());
+}
+
 const Attribute* Element::Find(std::string_view name) const
 {
     const auto found = std::find_if(attributes.begin(), attributes.end(),

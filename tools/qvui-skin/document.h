@@ -68,6 +68,8 @@ public:
     /// In document order, the root first; none for a document that is not well formed.
     const std::vector<Element>& Elements() const { return m_elements; }
     const Element& At(int index) const { return m_elements[static_cast<std::size_t>(index)]; }
+    /// The index after the last element below that one: records stand in document order.
+    int EndOf(int element) const;
     /// As PositionOf; fast for places that are asked for in their order.
     Position Where(int offset) const;
 
