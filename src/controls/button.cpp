@@ -2,6 +2,7 @@
 
 #include <qvui/render/render_engine.h>
 
+#include "controls/pointer_state.h"
 #include "controls/state_text.h"
 #include "framework/control_guard.h"
 #include "framework/geometry.h"
@@ -150,32 +151,22 @@ SIZE CDUIButton::EstimateWithImages(SIZE text)
     return OuterSize(width, height);
 }
 
+// --- events and states -------------------------------------------------------------------------------------
+
 LRESULT CDUIButton::ProcessEvent(const tagDUIEvent& event, BOOL& bHandled)
 {
     const ControlGuard keep(this);
+    if (event.Type != DUIEVENT_MOUSELEAVE || IsHoverd())
+        pointer_state::Follow(*this, event.Type, DUISTATUS_HOT | DUISTATUS_PUSHED);
     if (IsEnabled()) {
         const bool isSpace = event.wParam == VK_SPACE;
         switch (event.Type) {
-            case DUIEVENT_LBUTTONDOWN:
-            case DUIEVENT_LBUTTONDBLCLK:
-                ModifyStatus(0, DUISTATUS_PUSHED);
-                break;
             case DUIEVENT_LBUTTONUP: {
-                ModifyStatus(DUISTATUS_PUSHED, 0);
                 const RECT rect = GetControlRect();
                 if (PtInRect(&rect, event.ptMouse))
                     Activate();
                 break;
             }
-            case DUIEVENT_MOUSEENTER:
-                ModifyStatus(0, DUISTATUS_HOT);
-                break;
-            case DUIEVENT_MOUSELEAVE:
-                if (IsHoverd()) {
-                    ModifyStatus(DUISTATUS_HOT | DUISTATUS_PUSHED, 0);
-                    UpdateLayout(FALSE, nullptr);
-                }
-                break;
             case DUIEVENT_KEYDOWN:
                 if (isSpace)
                     ModifyStatus(0, DUISTATUS_PUSHED);
@@ -192,6 +183,8 @@ LRESULT CDUIButton::ProcessEvent(const tagDUIEvent& event, BOOL& bHandled)
     }
     return CDUIControlBase::ProcessEvent(event, bHandled);
 }
+
+// --- painting ----------------------------------------------------------------------------------------------
 
 void CDUIButton::PaintBkgnd(HDC hdc)
 {

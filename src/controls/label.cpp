@@ -3,6 +3,7 @@
 #include <qvui/render/render_engine.h>
 
 #include "controls/image_drawing.h"
+#include "controls/pointer_state.h"
 #include "controls/state_text.h"
 #include "framework/geometry.h"
 #include "framework/skin_access.h"
@@ -54,25 +55,7 @@ BOOL CDUILabel::EstimateSize(SIZE, SIZE& size)
 
 LRESULT CDUILabel::ProcessEvent(const tagDUIEvent& event, BOOL& bHandled)
 {
-    if (IsEnabled()) {
-        switch (event.Type) {
-            case DUIEVENT_LBUTTONDOWN:
-            case DUIEVENT_LBUTTONDBLCLK:
-                ModifyStatus(0, DUISTATUS_PUSHED);
-                break;
-            case DUIEVENT_LBUTTONUP:
-                ModifyStatus(DUISTATUS_PUSHED, 0);
-                break;
-            case DUIEVENT_MOUSEENTER:
-                ModifyStatus(0, DUISTATUS_HOT);
-                break;
-            case DUIEVENT_MOUSELEAVE:
-                ModifyStatus(DUISTATUS_HOT, 0);
-                break;
-            default:
-                break;
-        }
-    }
+    pointer_state::Follow(*this, event.Type, DUISTATUS_HOT);
     return CDUIControlBase::ProcessEvent(event, bHandled);
 }
 

@@ -508,7 +508,8 @@ BOOL CDUIControlBase::IsVisible(BOOL bCheckParents) const
 void CDUIControlBase::SetEnable(BOOL bEnable)
 {
     constexpr DWORD kDisabled = DUISTATUS_DISABLED;
-    ModifyStatus(bEnable ? kDisabled : 0, bEnable ? 0 : kDisabled);
+    // A press ends with the control that it was on; nothing would end it later.
+    ModifyStatus(bEnable ? kDisabled : DWORD{DUISTATUS_PUSHED}, bEnable ? 0 : kDisabled);
 }
 
 void CDUIControlBase::SetVisible(BOOL bVisible)

@@ -166,7 +166,8 @@ TEST_F(Button, ClicksOnReleaseInside)
 {
     constexpr DWORD kFocused = DUISTATUS_FOCUSED, kHot = DUISTATUS_HOT;
     const struct {
-        const char* deeds;  // press, release, double click, the right button, leave the window; digits move
+        // press, release, double click, the right button, leave the window, disable, enable; digits move
+        const char* deeds;
         std::size_t clicks;
         DWORD status;
     } cases[] = {
@@ -180,6 +181,10 @@ TEST_F(Button, ClicksOnReleaseInside)
         {"2p0r", 0, 0},
         {"0R", 0, kHot},
         {"0l", 0, 0},
+        {"0prx2e", 1, kFocused},
+        {"0prxe", 1, kFocused | kHot},
+        {"0pxe", 0, kFocused | kHot},
+        {"0px2re", 0, kFocused},
     };
     // In the button, at its right edge, beside it and above it.
     const POINT places[] = {{10, 10}, {50, 10}, {90, 10}, {10, -5}};
@@ -196,6 +201,8 @@ TEST_F(Button, ClicksOnReleaseInside)
             {'d', [&] { window.mouse.DoubleClick(places[0]); }},
             {'R', [&] { window.mouse.PressRight().ReleaseRight(); }},
             {'l', [&] { window.mouse.Leave(); }},
+            {'x', [&] { button->SetEnable(FALSE); }},
+            {'e', [&] { button->SetEnable(TRUE); }},
         };
         for (const char deed : std::string(c.deeds)) {
             if (const auto known = deeds.find(deed); known != deeds.end())

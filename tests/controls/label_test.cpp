@@ -48,9 +48,9 @@ TEST_F(Label, FollowsThePointerUnlessDisabled)
     EXPECT_EQ(window.Root().GetStatus(), static_cast<DWORD>(DUISTATUS_HOT));
     window.mouse.Press();
     EXPECT_EQ(window.Root().GetStatus(), static_cast<DWORD>(DUISTATUS_HOT | DUISTATUS_PUSHED));
-    window.mouse.Release().Leave();
-    EXPECT_EQ(window.Root().GetStatus(), 0u);
     window.Root().SetEnable(FALSE);
+    window.mouse.Leave();
+    EXPECT_EQ(window.Root().GetStatus(), static_cast<DWORD>(DUISTATUS_DISABLED)) << "neither hot nor pushed";
     window.mouse.Click({5, 5});
     EXPECT_EQ(window.Root().GetStatus(), static_cast<DWORD>(DUISTATUS_DISABLED));
     EXPECT_TRUE(window.TakeNotifications().empty());
