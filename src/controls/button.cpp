@@ -153,6 +153,48 @@ SIZE CDUIButton::EstimateWithImages(SIZE text)
 
 // --- events and states -------------------------------------------------------------------------------------
 
+void CDUIButton::ModifyStatus(DWORD remove, DWORD add)
+{
+    const BOOL wasEnabled = IsEnabled();
+    const ControlGuard keep(this);
+    CDUIControlBase::ModifyStatus(remove, add);
+    if (IsEnabled() != wasEnabled)
+        TellHost();
+}
+
+void CDUIButton::ModifyStyle(DWORD remove, DWORD add)
+{
+    const BOOL wasVisible = IsVisible(FALSE);
+    const ControlGuard keep(this);
+    CDUIControlBase::ModifyStyle(remove, add);
+    if (IsVisible(FALSE) != wasVisible)
+        TellHost();
+}
+
+void CDUIButton::TellHost()
+{
+    if (auto* const host = InterfaceOf<IDUIButtonHost>(GetParent(), "button_host"))
+        host->OnButtonChanged();
+}
+
+LRESULT CDUIButton::PreTranslateEvent(const tagDUIEvent& event, BOOL& bHandled)
+{
+    const ControlGuard keep(this);
+    const LRESULT result = CDUIControlBase::PreTranslateEvent(event, bHandled);
+    switch (bHandled ? 0 : event.Type) {
+        case DUIEVENT_LBUTTONDOWN:
+        case DUIEVENT_LBUTTONDBLCLK:
+        case DUIEVENT_KEYDOWN:
+        case DUIEVENT_SETFOCUS:
+            if (auto* const host = InterfaceOf<IDUIButtonHost>(GetParent(), "button_host"))
+                host->OnButtonEvent(*this, event, bHandled);
+            break;
+        default:
+            break;
+    }
+    return result;
+}
+
 LRESULT CDUIButton::ProcessEvent(const tagDUIEvent& event, BOOL& bHandled)
 {
     const ControlGuard keep(this);

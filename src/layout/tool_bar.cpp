@@ -192,13 +192,18 @@ void CDUIToolBar<Layout>::DoPaint(HDC hdc, const RECT& rcPaint)
     button.DoPaint(hdc, rcPaint);
 }
 
+template <class Layout>
+void* CDUIToolBar<Layout>::GetInterface(const CString& name)
+{
+    if (EqualNoCase(name.View(), "button_host"))
+        return static_cast<IDUIButtonHost*>(m_pItems.get());
+    return Layout::GetInterface(name);
+}
+
 // The overflow button is found after the items, as the last of them.
 template <class Layout>
 IDUIControl* CDUIToolBar<Layout>::FindControl(FindControlProc proc, void* pData, UINT flags)
 {
-    // Before a walk that looks for tab stops: items may have been hidden or disabled since the last layout.
-    if ((flags & DUIFIND_ENABLED) && !(flags & DUIFIND_HITTEST))
-        m_pItems->EnsureTabStop();
     if (IDUIControl* const found = Layout::FindControl(proc, pData, flags))
         return found;
     const bool isSkipped = ((flags & DUIFIND_VISIBLE) && !this->IsVisible(FALSE)) ||

@@ -19,31 +19,11 @@ RECT ToScreen(HWND window, const RECT& client)
 
 }  // namespace
 
-/// Sees the events of the bar's buttons before they do. It never stands in a tree.
-class ToolBarItems::Watcher : public CDUIControlBase {
-public:
-    explicit Watcher(ToolBarItems& items) : m_items(&items) {}
-
-    LRESULT OnDUIEvent(const tagDUIEvent& event, BOOL& bHandled) override
-    {
-        const ControlGuard keep(this);
-        if (m_items && event.pSender)
-            m_items->OnItemEvent(event, bHandled);
-        return 0;
-    }
-
-    void Forget() { m_items = nullptr; }
-
-private:
-    ToolBarItems* m_items;
-};
-
 ToolBarItems::ToolBarItems(CDUICanvas& bar, bool isVertical, Keys keys)
     : m_bar(bar),
       m_isVertical(isVertical),
       m_keys(keys),
       m_overflow(new ToolBarOverflow(isVertical)),
-      m_watcher(new Watcher(*this)),
       m_menu(std::make_shared<ToolBarMenu>())
 {
     m_overflow->SetParent(&bar);
@@ -56,7 +36,6 @@ ToolBarItems::~ToolBarItems()
     Release(*m_overflow.GetPtr());
     m_overflow->onActivate = nullptr;
     m_overflow->SetParent(nullptr);
-    m_watcher->Forget();
     CloseMenu();
 }
 
@@ -100,18 +79,14 @@ void ToolBarItems::ReleaseChildren()
 
 void ToolBarItems::Take(IDUIControl& item)
 {
-    if (!item.GetInterface("button") || !(item.GetStyle() & DUISTYLE_TABSTOP) ||
-        !m_keyboardItems.insert(&item).second)
-        return;
-    m_watcher->SubclassControl(&item, TRUE);
+    if (item.GetInterface("button") && (item.GetStyle() & DUISTYLE_TABSTOP))
+        m_keyboardItems.insert(&item);
 }
 
 void ToolBarItems::Release(IDUIControl& item)
 {
-    if (m_keyboardItems.erase(&item) == 0)
-        return;
-    m_watcher->SubclassControl(&item, FALSE);
-    item.ModifyStyle(0, DUISTYLE_TABSTOP);
+    if (m_keyboardItems.erase(&item) != 0)
+        item.ModifyStyle(0, DUISTYLE_TABSTOP);
 }
 
 void ToolBarItems::CopyTabStops(const ToolBarItems& other)
@@ -176,9 +151,8 @@ void ToolBarItems::EnsureTabStop()
         MakeTabStop(usable.empty() ? nullptr : usable.front());
 }
 
-void ToolBarItems::OnItemEvent(const tagDUIEvent& event, BOOL& bHandled)
+void ToolBarItems::OnButtonEvent(CDUIButton& item, const tagDUIEvent& event, BOOL& bHandled)
 {
-    IDUIControl& item = *event.pSender;
     if (!IsOurs(&item))
         return;
     const ControlGuard keep(&m_bar);
@@ -232,6 +206,7 @@ void ToolBarItems::SetOverflow(bool overflows, const RECT& place)
 {
     m_overflows = overflows;
     m_overflow->SetControlRect(place);
+    EnsureTabStop();
     // What has just lost its room must not keep the focus out of sight.
     IDUIControl* const focus = m_bar.GetFocusControl();
     if (!focus || !IsOurs(focus))

@@ -4,6 +4,7 @@
 #include <set>
 #include <vector>
 
+#include <qvui/controls/button.h>
 #include <qvui/layout/canvas.h>
 
 #include "layout/tool_bar_menu.h"
@@ -14,7 +15,7 @@ namespace DUI {
 
 /// What horizontal and vertical tool bars share apart from their direction: the overflow button and its menu,
 /// and the keyboard. It belongs to one bar and goes with it.
-class ToolBarItems {
+class ToolBarItems : public IDUIButtonHost {
 public:
     struct Keys {
         WPARAM backward;
@@ -54,12 +55,13 @@ public:
     bool OpenMenu();
     void CloseMenu();
 
-    /// Keeps one usable item a tab stop.
-    void EnsureTabStop();
+    // IDUIButtonHost
+    void OnButtonEvent(CDUIButton& button, const tagDUIEvent& event, BOOL& bHandled) override;
+    void OnButtonChanged() override { EnsureTabStop(); }
 
 private:
-    class Watcher;
-
+    /// Keeps one usable item a tab stop.
+    void EnsureTabStop();
     void Take(IDUIControl& item);
     void Release(IDUIControl& item);
     bool IsOurs(const IDUIControl* item) const { return m_keyboardItems.count(item) != 0; }
@@ -68,7 +70,6 @@ private:
     std::vector<IDUIControl*> AllItems() const;
     void MakeTabStop(const IDUIControl* chosen);
     bool HandleKey(IDUIControl& item, const tagDUIEvent& event);
-    void OnItemEvent(const tagDUIEvent& event, BOOL& bHandled);
     ToolBarMenu::Items ItemsWithoutRoom() const;
     void OnActivateOverflow();
 
@@ -79,7 +80,6 @@ private:
     CRefPtr<ToolBarOverflow> m_overflow;
     bool m_overflows = false;
     bool m_wasOpenAtPress = false;
-    CRefPtr<Watcher> m_watcher;
     std::set<const IDUIControl*>
         m_keyboardItems;  // those that were tab stops when the keyboard took them over
     std::shared_ptr<ToolBarMenu> m_menu;

@@ -168,9 +168,24 @@ TEST_F(ToolBar, CheckItemsStayDown)
     EXPECT_TRUE(dynamic_cast<CDUIButton*>(bold.Clone().GetPtr())->IsToolCheck());
 }
 
+// What an application subclasses an item with.
+class KeyCounter : public CDUIControlBase {
+public:
+    int keys = 0;
+
+protected:
+    LRESULT ProcessEvent(const tagDUIEvent& event, BOOL&) override
+    {
+        keys += event.Type == DUIEVENT_KEYDOWN;
+        return 0;
+    }
+};
+
 TEST_F(ToolBar, IsOneTabStopWithArrowKeysInside)
 {
+    const CRefPtr<KeyCounter> counter = new KeyCounter;
     ControlWindow window(kWide, ToolWindow());
+    counter->SubclassControl(window.Find("open"), TRUE);
     window.Translate(WM_KEYDOWN, VK_TAB);
     EXPECT_EQ(Focus(window), "new");
     struct Step {
@@ -183,6 +198,7 @@ TEST_F(ToolBar, IsOneTabStopWithArrowKeysInside)
         window.keys.Press(step.key);
         EXPECT_EQ(Focus(window), step.focus);
     }
+    EXPECT_EQ(counter->keys, 1) << "it sees the keys as well";
     window.Translate(WM_KEYDOWN, VK_TAB);
     EXPECT_EQ(Focus(window), "rest");
     window.keys.Hold(VK_SHIFT);
@@ -195,6 +211,7 @@ TEST_F(ToolBar, IsOneTabStopWithArrowKeysInside)
     window.Find("rest")->SetFocus(TRUE);
     window.Find("open")->SetEnable(FALSE);
     window.Find("new")->SetVisible(FALSE);
+    EXPECT_TRUE(window.Find("bold")->GetStyle() & DUISTYLE_TABSTOP) << "at once, and not by a search";
     window.Translate(WM_KEYDOWN, VK_TAB);
     EXPECT_EQ(Focus(window), "bold") << "the tab stop has been disabled";
     window.mouse.Press({80, 10});

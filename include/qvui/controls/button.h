@@ -36,6 +36,22 @@ struct CButtonUIData {
     CDUIImageListPtr m_pUncheckedImage;  // check buttons: the icon while not checked
 };
 
+class CDUIButton;
+
+/// A parent that looks after the buttons on it, as bars do that make one of them their tab stop. A control
+/// that does so gives it for the interface name "button_host".
+class QVUI_API IDUIButtonHost {
+public:
+    /// A press, a double press, a key or the focus on its way to the button: after what subclasses the button
+    /// and before the button itself. To set `bHandled` keeps the event from the button.
+    virtual void OnButtonEvent(CDUIButton& button, const tagDUIEvent& event, BOOL& bHandled) = 0;
+    /// A button was shown, hidden, enabled or disabled.
+    virtual void OnButtonChanged() = 0;
+
+protected:
+    ~IDUIButtonHost() = default;
+};
+
 /// A push button, and the base of every clickable control with images for its states.
 ///
 /// A press and release inside it, or Space, activates it. Strips hold icons for normal, hot, pushed (also
@@ -57,8 +73,11 @@ public:
     BOOL Activate() override;
     /// Text and icon beside or over each other, and the margin; with BTNSTYLE_AUTO_FIT the back image's icon.
     BOOL EstimateSize(SIZE available, SIZE& size) override;
+    void ModifyStatus(DWORD remove, DWORD add) override;
+    void ModifyStyle(DWORD remove, DWORD add) override;
 
 protected:
+    LRESULT PreTranslateEvent(const tagDUIEvent& event, BOOL& bHandled) override;
     LRESULT ProcessEvent(const tagDUIEvent& event, BOOL& bHandled) override;
     void PaintBkgnd(HDC hdc) override;
     void PaintForgnd(HDC hdc) override;
@@ -96,6 +115,7 @@ protected:
     CButtonUIData& UIData();
 
 private:
+    void TellHost();
     /// For a button with an icon or of its image's size; `text` is the extent of the text.
     SIZE EstimateWithImages(SIZE text);
     DWORD GetIconPlacement() const;

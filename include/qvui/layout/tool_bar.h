@@ -58,6 +58,8 @@ public:
     ~CDUIToolBar() override;
     static const ControlClass& Class();
 
+    /// It is a "button_host", too.
+    void* GetInterface(const CString& name) override;
     void SetControlRect(const RECT& rect) override;
     void DoPaint(HDC hdc, const RECT& rcPaint) override;
     IDUIControl* FindControl(FindControlProc proc, void* pData, UINT flags) override;
