@@ -2,8 +2,6 @@
 
 #include <algorithm>
 
-#include <qvui/layout/tab_layout.h>
-
 #include "framework/control_guard.h"
 #include "layout/linear_placing.h"
 
@@ -56,21 +54,60 @@ template <class Layout>
 CDUITabBar<Layout>::CDUITabBar() = default;
 
 template <class Layout>
-CDUITabBar<Layout>::CDUITabBar(const CDUITabBar& other) = default;
+CDUITabBar<Layout>::CDUITabBar(const CDUITabBar& other)
+    : ControlOf<CDUITabBar, Layout>(other),
+      m_strTabLayout(other.m_strTabLayout),
+      m_nFirstIndex(other.m_nFirstIndex)
+{
+}
 
 template <class Layout>
 void* CDUITabBar<Layout>::GetInterface(const CString& name)
 {
     if (EqualNoCase(name.View(), "tab_bar"))
         return static_cast<IDUITabBar*>(this);
+    if (EqualNoCase(name.View(), "tab_follower"))
+        return static_cast<IDUITabFollower*>(this);
+    if (EqualNoCase(name.View(), "button_host"))
+        return static_cast<IDUIButtonHost*>(this);
     return Layout::GetInterface(name);
 }
 
 template <class Layout>
 void CDUITabBar<Layout>::SetControlRect(const RECT& rect)
 {
+    using Axis = axis::Of<Layout>;
+    const ControlGuard keep(this);
+    m_isSelectedToShow = m_isSelectedToShow || Axis::Length(rect) != Axis::Length(this->GetControlRect());
     this->StoreControlRect(rect);
-    layout::LayOutLine<axis::Of<Layout>>(*this, layout::Leftover::Nobody);
+    layout::LayOutLine<Axis>(*this, layout::Leftover::Nobody);
+    if (m_isSelectedToShow && ScrollToSelected())
+        layout::LayOutLine<Axis>(*this, layout::Leftover::Nobody);
+}
+
+// After a layout: whether the bar must be laid out again, since it scrolled. Without a scroll bar on the
+// screen there is nothing to do until there is one.
+template <class Layout>
+bool CDUITabBar<Layout>::ScrollToSelected()
+{
+    using Axis = axis::Of<Layout>;
+    auto* const bar = Axis::ScrollBarOf(*this);
+    CDUITabItem* const selected = GetSelected();
+    const RECT view = this->GetContentRect();
+    if (!bar || !bar->IsVisible(FALSE) || !selected || !selected->IsVisible(FALSE) || IsRectEmpty(&view))
+        return false;
+    m_isSelectedToShow = false;
+    const RECT tab = selected->GetControlRect();
+    const LONGLONG start = LONGLONG{Axis::Start(tab)} - Axis::Start(view);
+    const LONGLONG behind = start + Axis::Length(tab) - Axis::Length(view);
+    // The start counts where a tab is longer than the bar.
+    const LONGLONG distance = start < 0 ? start : std::min(start, std::max(behind, LONGLONG{0}));
+    if (distance == 0)
+        return false;
+    SCROLLINFO info{};
+    bar->GetScrollBarInfo(&info);
+    owned_scroll_bar::ScrollTo(*bar, info.nPos + distance);
+    return true;
 }
 
 // --- the tabs ----------------------------------------------------------------------------------------------
@@ -79,6 +116,24 @@ template <class Layout>
 CDUITabItem* CDUITabBar<Layout>::ItemOf(int childIndex) const
 {
     return InterfaceOf<CDUITabItem>(this->GetControlByIndex(childIndex), "tab_item");
+}
+
+template <class Layout>
+CDUITabItem* CDUITabBar<Layout>::ItemOfNumber(int number) const
+{
+    for (int i = 0; i < this->GetControlCount(); ++i)
+        if (CDUITabItem* const item = ItemOf(i); item && number-- == 0)
+            return item;
+    return nullptr;
+}
+
+template <class Layout>
+int CDUITabBar<Layout>::GetItemCount() const
+{
+    int count = 0;
+    for (int i = 0; i < this->GetControlCount(); ++i)
+        count += ItemOf(i) != nullptr;
+    return count;
 }
 
 // The next child, in steps of 1 or -1, that is a tab the user may select; -1 when there is none.
@@ -134,11 +189,7 @@ BOOL CDUITabBar<Layout>::SetSelectIndex(int index, BOOL bNotify)
         m_nFirstIndex = index;
         return TRUE;
     }
-    int number = 0;
-    for (int i = 0; i < this->GetControlCount(); ++i)
-        if (CDUITabItem* const item = ItemOf(i); item && number++ == index)
-            return Select(item, bNotify);
-    return FALSE;
+    return Select(ItemOfNumber(index), bNotify);
 }
 
 template <class Layout>
@@ -178,27 +229,23 @@ void CDUITabBar<Layout>::MarkSelected(const CDUITabItem* selected)
         if (CDUITabItem* const item = ItemOf(i))
             item->SetCheck(item == selected);
     UpdateTabStops();
+    m_isSelectedToShow = true;
+    if (const auto* const bar = axis::Of<Layout>::ScrollBarOf(*this); bar && bar->IsVisible(FALSE))
+        this->UpdateLayout(TRUE, nullptr);
 }
 
 // Always one tab that the keyboard can reach, so that it finds the bar.
 template <class Layout>
 void CDUITabBar<Layout>::UpdateTabStops()
 {
+    if (!this->GetControlMgr())
+        return;
     CDUITabItem* stop = GetSelected();
     if (!stop || !IsUsable(*stop))
         stop = ItemOf(FindItem(-1, 1, false));
     for (int i = 0; i < this->GetControlCount(); ++i)
         if (CDUITabItem* const item = ItemOf(i))
             item->MakeTabStop(item == stop);
-}
-
-template <class Layout>
-IDUIControl* CDUITabBar<Layout>::FindControl(FindControlProc proc, void* pData, UINT flags)
-{
-    // Before a walk that looks for tab stops: tabs may have been hidden or disabled since.
-    if ((flags & DUIFIND_ENABLED) && !(flags & DUIFIND_HITTEST))
-        UpdateTabStops();
-    return Layout::FindControl(proc, pData, flags);
 }
 
 template <class Layout>
@@ -219,14 +266,7 @@ CDUITabItem* CDUITabBar<Layout>::FirstItem(IDUITabLayout* pages) const
     const int wanted = m_nFirstIndex < 0 && pages ? pages->GetSelectIndex() : m_nFirstIndex;
     if (wanted < 0)
         return ItemOf(FindItem(-1, 1, false));
-    CDUITabItem* last = nullptr;
-    int number = 0;
-    for (int i = 0; i < this->GetControlCount() && number <= wanted; ++i)
-        if (CDUITabItem* const item = ItemOf(i)) {
-            last = item;
-            ++number;
-        }
-    return last;
+    return ItemOfNumber(std::min(wanted, GetItemCount() - 1));
 }
 
 template <class Layout>
@@ -248,6 +288,35 @@ IDUITabLayout* CDUITabBar<Layout>::FindTabLayout()
     return AsTabLayout(root->FindControl(&IsTabLayoutOfName, &m_strTabLayout, 0));
 }
 
+// The selected tab decides where it and the shown page differ, but not in the middle of a change, when a tab
+// or a page is still to come or to go.
+template <class Layout>
+void CDUITabBar<Layout>::FollowPages()
+{
+    IDUITabLayout* const pages = FindTabLayout();
+    if (pages && pages->GetControlCount() == GetItemCount())
+        pages->SetSelectIndex(GetSelectIndex());
+}
+
+template <class Layout>
+void CDUITabBar<Layout>::OnPages(IDUITabLayout& pages, Change change)
+{
+    if (!this->GetControlMgr() || FindTabLayout() != &pages)
+        return;
+    const ControlGuard keep(this);
+    if (change == Change::Selected) {
+        if (const CDUITabItem* const item = ItemOfNumber(pages.GetSelectIndex());
+            item && item != GetSelected())
+            MarkSelected(item);
+        return;
+    }
+    const int selected = GetSelectIndex();
+    if (change == Change::Added && selected == pages.GetControlCount() - 1)
+        pages.SetSelectIndex(selected);
+    else
+        FollowPages();
+}
+
 // --- what happens to the tabs ------------------------------------------------------------------------------
 
 template <class Layout>
@@ -259,25 +328,55 @@ void CDUITabBar<Layout>::AfterAddControl(CRefPtr<IDUIControl> child)
     if (!item || !this->GetControlMgr())
         return;
     item->SetCheck(FALSE);
-    if (GetSelected())
-        UpdateTabStops();
-    else
+    if (!GetSelected()) {
         Select(item, FALSE);
+        return;
+    }
+    UpdateTabStops();
+    FollowPages();
+}
+
+template <class Layout>
+void CDUITabBar<Layout>::BeforeRemoveControl(CRefPtr<IDUIControl> child)
+{
+    Layout::BeforeRemoveControl(child);
+    m_nRemoving = this->GetControlIndex(child);
 }
 
 template <class Layout>
 void CDUITabBar<Layout>::AfterRemoveControl(CRefPtr<IDUIControl> child)
 {
     const ControlGuard keep(this);
-    const bool wasHere = !child.IsNull() && child->GetParent() == this;
+    const int place = std::exchange(m_nRemoving, -1);
     Layout::AfterRemoveControl(child);
     CDUITabItem* const item = InterfaceOf<CDUITabItem>(child.GetPtr(), "tab_item");
-    if (!item || !wasHere)
+    if (!item || place < 0)
         return;
     item->SetCheck(FALSE);
     item->MakeTabStop(true);
-    if (this->GetControlMgr() && !GetSelected())
-        Select(FirstItem(FindTabLayout()), FALSE);
+    if (!this->GetControlMgr())
+        return;
+    if (GetSelected()) {
+        UpdateTabStops();
+        FollowPages();
+        return;
+    }
+    CDUITabItem* neighbour = ItemOf(FindItem(place - 1, 1, false));
+    if (!neighbour)
+        neighbour = ItemOf(FindItem(place, -1, false));
+    Select(neighbour ? neighbour : ItemOfNumber(0), FALSE);
+}
+
+// A move is a removal and an addition, between which another tab is selected.
+template <class Layout>
+BOOL CDUITabBar<Layout>::SetControlIndex(CRefPtr<IDUIControl> child, int index)
+{
+    const ControlGuard keep(this);
+    const bool isSelected = !child.IsNull() && GetSelected() == child.GetPtr();
+    const BOOL isMoved = Layout::SetControlIndex(child, index);
+    if (isSelected && isMoved)
+        Select(InterfaceOf<CDUITabItem>(child.GetPtr(), "tab_item"), FALSE);
+    return isMoved;
 }
 
 template <class Layout>

@@ -1,6 +1,9 @@
 #include <qvui/layout/tab_bar.h>
 #include <qvui/layout/tab_layout.h>
 
+#include <algorithm>
+#include <sstream>
+
 #include "layout/shapes.h"
 #include "support/controls/control_test.h"
 
@@ -173,6 +176,7 @@ TEST_F(TabBar, TheTabKeyStopsAtOneTab)
 
     window.Find("p5")->SetFocus(TRUE);
     window.Find("five")->SetVisible(FALSE);
+    EXPECT_EQ(TabStops(window), "one") << "at once, and not by a search";
     window.Translate(WM_KEYDOWN, VK_TAB);
     EXPECT_EQ(Focus(window), "one") << "the selected tab is hidden";
     EXPECT_EQ(Selected(window), "five");
@@ -296,6 +300,151 @@ TEST_F(TabBar, KeepsATabSelectedWhileTabsComeAndGo)
     add("d");
     EXPECT_EQ(Selected(window), "d");
     EXPECT_EQ(Activated(window), "");
+}
+
+// Tabs "a", "b", ... over pages of the same names with capitals, with the tab of that name selected.
+class TabsAndPages {
+public:
+    TabsAndPages(int count, const std::string& selected)
+        : m_window({400, 100},
+                   "<vert_layout><horz_tabbar name=\"bar\"/><tab_layout name=\"pages\"/></vert_layout>"),
+          m_bar(*m_window.Find<Horizontal>("bar")),
+          m_pages(*m_window.Find<CDUITabLayout>("pages"))
+    {
+        for (char name = 'a'; name < 'a' + count; ++name)
+            Do(std::string("+") + name + "9 +" + static_cast<char>(name - 32) + "9");
+        m_window.Find(selected.c_str())->Activate();
+        m_window.TakeNotifications();
+    }
+
+    // "-a": removes the tab, "-A" the page; "+a1" adds at an index or at the end, ">a0" moves.
+    void Do(const std::string& deeds)
+    {
+        std::istringstream words(deeds);
+        for (std::string deed; words >> deed; Check(deed)) {
+            const bool isPage = deed[1] < 'a';
+            IDUIControl& owner = isPage ? static_cast<IDUIControl&>(m_pages) : m_bar;
+            const std::string name = deed.substr(1, 1);
+            CRefPtr<IDUIControl> child;
+            if (deed[0] != '+')
+                child = m_window.Find(name.c_str());
+            else if (isPage)
+                child = new CDUICanvas;
+            else
+                child = new CDUITabItem;
+            child->SetName(name.c_str());
+            if (deed[0] == '-')
+                owner.RemoveControl(child);
+            else if (deed[0] == '>')
+                owner.SetControlIndex(child, deed[2] - '0');
+            else if (!owner.AddControlAt(deed[2] - '0', child))
+                owner.AddControl(child);
+        }
+    }
+
+    // "a": the selected tab and the shown page belong together; "a B" when they do not.
+    std::string State()
+    {
+        const std::string tab =
+            Names(m_bar, [](IDUIControl& c) { return (c.GetStatus() & DUISTATUS_CHECKED) != 0; });
+        const std::string page = Names(m_pages, [](IDUIControl& c) { return c.IsVisible(FALSE) != FALSE; });
+        return tab.size() == 1 && page.size() == 1 && tab[0] == page[0] + 32 ? tab : tab + " " + page;
+    }
+    ControlWindow& Window() { return m_window; }
+
+private:
+    template <class Is>
+    static std::string Names(IDUIControl& owner, Is is)
+    {
+        std::string names;
+        for (int i = 0; i < owner.GetControlCount(); ++i)
+            if (is(*owner.GetControlByIndex(i)))
+                names += owner.GetControlByIndex(i)->GetName().GetString();
+        return names;
+    }
+    // At every moment one tab is selected and one page shown, of those that there are.
+    void Check(const std::string& deed)
+    {
+        const std::size_t tabs =
+            Names(m_bar, [](IDUIControl& c) { return (c.GetStatus() & DUISTATUS_CHECKED) != 0; }).size();
+        const std::size_t pages =
+            Names(m_pages, [](IDUIControl& c) { return c.IsVisible(FALSE) != FALSE; }).size();
+        EXPECT_EQ(tabs, m_bar.GetControlCount() > 0 ? 1u : 0u) << deed;
+        EXPECT_EQ(pages, m_pages.GetControlCount() > 0 ? 1u : 0u) << deed;
+    }
+
+    ControlWindow m_window;
+    Horizontal& m_bar;
+    CDUITabLayout& m_pages;
+};
+
+TEST_F(TabBar, StaysWithItsPagesWhileBothComeAndGo)
+{
+    const struct {
+        const char* selected;  // of a, b, c
+        const char* deeds;
+        const char* after;
+    } cases[] = {
+        {"b", "-b -B", "c"},   {"b", "-B -b", "c"},
+        {"c", "-C -c", "b"},   {"c", "-c -C", "b"},
+        {"b", "+x0 +X0", "b"}, {"b", "+X0 +x0", "b"},
+        {"b", "+x9 +X9", "b"}, {"a", "-a -b -c -A -B -C +x9 +X9", "x"},
+        {"b", ">b0 >B0", "b"}, {"b", ">B0 >b0", "b"},
+        {"a", ">B0 >b0", "a"},
+    };
+    for (const auto& c : cases) {
+        TabsAndPages both(3, c.selected);
+        both.Do(c.deeds);
+        EXPECT_EQ(both.State(), c.after) << c.selected << ": " << c.deeds;
+        EXPECT_EQ(Activated(both.Window()), "") << "nobody's doing: " << c.deeds;
+    }
+    // Two are closed, their tabs and pages in whatever order.
+    for (const std::string selected : {"a", "b", "c"})
+        for (const char kept : {'a', 'b', 'c'}) {
+            std::string closed = "abcABC";
+            std::erase_if(closed, [kept](char name) { return name == kept || name == kept - 32; });
+            std::sort(closed.begin(), closed.end());
+            do {
+                TabsAndPages both(3, selected);
+                for (const char name : closed)
+                    both.Do(std::string("-") + name);
+                EXPECT_EQ(both.State(), std::string(1, kept)) << selected << ": " << closed;
+            } while (std::next_permutation(closed.begin(), closed.end()));
+        }
+    // A page that comes for the selected tab, and one that the application selects.
+    TabsAndPages both(2, "a");
+    both.Do("+c9");
+    both.Window().Find("c")->Activate();
+    both.Do("+d9 +C9");
+    EXPECT_EQ(both.State(), "c");
+    both.Window().Find<CDUITabLayout>("pages")->SetSelectIndex(0);
+    EXPECT_EQ(both.State(), "a");
+}
+
+TEST_F(TabBar, ScrollsToTheSelectedTab)
+{
+    std::string tabs;
+    for (const char* name : {"a", "b", "c", "d", "e", "f"})
+        tabs += std::string("<tab_item name=\"") + name + "\" width=\"50\"/>";
+    ControlWindow window(
+        {120, 40}, "<canvas><horz_tabbar name=\"bar\" enable_scroll=\"true\" select_index=\"4\">" + tabs +
+                       "</horz_tabbar></canvas>");
+    const auto place = [&window](const char* name) {
+        const RECT rect = window.Find(name)->GetControlRect();
+        return std::to_string(rect.left) + "-" + std::to_string(rect.right);
+    };
+    EXPECT_EQ(place("e"), "70-120") << "from the start";
+    window.Find("e")->SetFocus(TRUE);
+    window.keys.Press(VK_RIGHT);
+    EXPECT_EQ(place("f"), "70-120");
+    window.keys.Press(VK_RIGHT);
+    EXPECT_EQ(place("a"), "0-50") << "round at the end";
+    Bar(window).SetSelectIndex(2, FALSE);
+    EXPECT_EQ(place("c"), "70-120");
+    window.mouse.MoveTo({10, 10}).Wheel(1);
+    EXPECT_EQ(place("a"), "0-50") << "the user may look elsewhere";
+    window.Resize({110, 40});
+    EXPECT_EQ(place("c"), "60-110");
 }
 
 TEST_F(TabBar, ACopyHasTheSameTabSelected)

@@ -4,6 +4,21 @@
 
 namespace DUI {
 
+class IDUITabLayout;
+
+/// What follows the pages of tab layouts, as tab bars do. A control that does so gives it for the interface
+/// name "tab_follower".
+class QVUI_API IDUITabFollower {
+public:
+    enum class Change { Selected, Added, Removed };
+    /// A tab layout of the window shows another page than before, or a page was added to it or removed. The
+    /// follower may select a page in the call.
+    virtual void OnPages(IDUITabLayout& pages, Change change) = 0;
+
+protected:
+    ~IDUITabFollower() = default;
+};
+
 class QVUI_API IDUITabLayout : public CDUICanvas {
 public:
     /// Shows the page and hides the others. 0, with nothing changed, for an index that is selected already or
@@ -19,6 +34,11 @@ protected:
 /// Pages on top of one another, of which one is shown; each fills the content rectangle. Until the layout is
 /// attached to a window the pages are as visible as their templates say. A tab bar drives it.
 ///
+/// While it is attached, one page is shown as long as there are pages. Pages that are added before the shown
+/// one or removed leave that one shown, and its index is counted anew; when it is removed itself, the page
+/// that comes to stand in its place is shown, or the last one. SetControlIndex moves the shown page and goes
+/// on showing it.
+///
 /// Skin attributes: select_index.
 class QVUI_API CDUITabLayout : public ControlOf<CDUITabLayout, IDUITabLayout> {
     friend ControlOf;
@@ -28,11 +48,16 @@ public:
     static const ControlClass& Class();
 
     void SetControlRect(const RECT& rect) override;
+    void RemoveAllControl() override;
+    BOOL SetControlIndex(CRefPtr<IDUIControl> child, int index) override;
 
 protected:
     CDUITabLayout(const CDUITabLayout& other) = default;
 
     void OnCreate() override;
+    void AfterAddControl(CRefPtr<IDUIControl> child) override;
+    void BeforeRemoveControl(CRefPtr<IDUIControl> child) override;
+    void AfterRemoveControl(CRefPtr<IDUIControl> child) override;
 
 public:
     int SetSelectIndex(int index) override;
@@ -47,7 +72,10 @@ protected:
     void CheckAndResetFocus(IDUIControl* page);
 
 private:
+    void TellFollowers(IDUITabFollower::Change change);
+
     int m_nSelectIndex = 0;
+    int m_nRemoving = -1;  // the page between BeforeRemoveControl and AfterRemoveControl
 };
 
 }  // namespace DUI
