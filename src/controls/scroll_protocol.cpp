@@ -100,19 +100,38 @@ CDUIScrollBarBase* WheelBarOf(CDUIControlBase& container)
     return IsShown(bar) ? bar : nullptr;
 }
 
+bool CanScroll(IDUIControl* control, bool isUp)
+{
+    auto* const container = InterfaceOf<CDUIControlBase>(control, "control_base");
+    CDUIScrollBarBase* const bar = container ? WheelBarOf(*container) : nullptr;
+    if (!bar)
+        return false;
+    SCROLLINFO info{};
+    bar->GetScrollBarInfo(&info);
+    return isUp ? info.nPos > info.nMin : info.nPos < info.nMax;
+}
+
 struct WheelSearch {
-    const IDUIControl* above;
+    const IDUIControl* outermost;
     POINT point;
+    bool isUp;
 };
+
+// What sticks out of the controls around it is not on the screen there.
+bool IsBelowPointer(IDUIControl* control, const WheelSearch& search)
+{
+    for (; control && control != search.outermost; control = control->GetParent())
+        if (const RECT rect = control->GetControlRect(); !PtInRect(&rect, search.point))
+            return false;
+    return true;
+}
 
 IDUIControl* FindWheelTarget(IDUIControl* control, void* data)
 {
     const auto& search = *static_cast<const WheelSearch*>(data);
-    const RECT rect = control->GetControlRect();
-    if (control == search.above || !PtInRect(&rect, search.point))
-        return nullptr;
-    auto* const container = InterfaceOf<CDUIControlBase>(control, "control_base");
-    return container && WheelBarOf(*container) ? control : nullptr;
+    const bool isTarget =
+        control != search.outermost && CanScroll(control, search.isUp) && IsBelowPointer(control, search);
+    return isTarget ? control : nullptr;
 }
 
 }  // namespace
@@ -139,21 +158,17 @@ void CDUIControlBase::OnHorizontalSBEvent(const tagDUIEvent& event)
 
 void CDUIControlBase::OnMouseWheel(const tagDUIEvent& event)
 {
-    if (CDUIScrollBarBase* const bar = WheelBarOf(*this)) {
-        const bool isUp = static_cast<short>(HIWORD(event.wParam)) > 0;
-        MoveTo(*this, *bar, LONGLONG{PositionOf(*bar)} + (isUp ? -GetScrollLineStep() : GetScrollLineStep()));
-        return;
+    // The window gives the wheel to the outermost control. Children are found before their parents, so the
+    // first one that can still scroll in this direction is the innermost.
+    WheelSearch search{this, event.ptMouse, static_cast<short>(HIWORD(event.wParam)) > 0};
+    if (IDUIControl* const inner = FindControl(FindWheelTarget, &search, DUIFIND_VISIBLE | DUIFIND_ENABLED)) {
+        const ControlGuard keep(inner);
+        BOOL bHandled = FALSE;
+        inner->OnDUIEvent(event, bHandled);
+    } else if (CDUIScrollBarBase* const bar = WheelBarOf(*this)) {
+        const int step = GetScrollLineStep();
+        MoveTo(*this, *bar, LONGLONG{PositionOf(*bar)} + (search.isUp ? -step : step));
     }
-    // The window gives the wheel to the outermost control. What cannot scroll passes it on to the outermost
-    // container below the pointer that can.
-    WheelSearch search{this, event.ptMouse};
-    IDUIControl* const target =
-        FindControl(FindWheelTarget, &search, DUIFIND_VISIBLE | DUIFIND_ENABLED | DUIFIND_ME_FIRST);
-    if (!target)
-        return;
-    const ControlGuard keep(target);
-    BOOL bHandled = FALSE;
-    target->OnDUIEvent(event, bHandled);
 }
 
 }  // namespace DUI

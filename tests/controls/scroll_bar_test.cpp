@@ -224,6 +224,32 @@ TEST_F(ScrollBar, TheWheelReachesTheContainerBelowThePointer)
     EXPECT_EQ(positions(), (Strings{"200", "100"}));
 }
 
+TEST_F(ScrollBar, TheWheelMovesTheInnermostContainerThatCanMove)
+{
+    ControlWindow window({100, 100}, R"(<vert_layout name="left" enable_scroll="true">
+        <vert_layout name="right" height="80" enable_scroll="true"><button name="focus" height="200"/></vert_layout>
+        <canvas height="220"/></vert_layout>)");
+    window.Find("focus")->SetFocus(TRUE);
+    const auto wheel = [&](int x, int y, int notches) {
+        window.mouse.MoveTo({x, y}).Wheel(notches);
+        Strings result;
+        for (const char* const name : {"left", "right"})
+            result.push_back(std::to_string(
+                PositionOf(*dynamic_cast<CDUIControlBase*>(window.Find(name))->GetVerticalSB())));
+        return result;
+    };
+    EXPECT_EQ(wheel(10, 10, -1), (Strings{"0", "100"}));
+    EXPECT_EQ(wheel(10, 10, -1), (Strings{"0", "120"}));
+    EXPECT_EQ(wheel(10, 10, 1), (Strings{"0", "20"}));
+    EXPECT_EQ(wheel(10, 10, 1), (Strings{"0", "0"}));
+    EXPECT_EQ(wheel(10, 10, 1), (Strings{"0", "0"}));
+    EXPECT_EQ(wheel(10, 90, -1), (Strings{"100", "0"})) << "beside it";
+    EXPECT_EQ(wheel(10, 90, 1), (Strings{"0", "0"}));
+    wheel(10, 10, -2);
+    wheel(10, 10, -2);
+    EXPECT_EQ(wheel(10, 10, -1), (Strings{"100", "120"})) << "handed on at its end";
+}
+
 // --- the thumb ---------------------------------------------------------------------------------------------
 
 TEST_F(Scrolling, DraggingTheThumbScrollsAndStopsAtTheEnds)

@@ -166,6 +166,9 @@ public:
     int ProcessHorizontalSB(RECT rcView, int nContent, int nExtra);
     void OnVertialSBEvent(const tagDUIEvent& event);
     void OnHorizontalSBEvent(const tagDUIEvent& event);
+    /// Scrolls the innermost container below the pointer that can still scroll in the wheel's direction, and
+    /// only without one this control itself: a list inside a page that scrolls has the wheel first and hands
+    /// it on at its end, so that what is below the pointer moves.
     void OnMouseWheel(const tagDUIEvent& event);
 
     /// In order; a reference to the list itself, which adding and removing change.
