@@ -13,8 +13,6 @@ namespace {
 
 using namespace geometry;
 
-constexpr int kScrollBarWidth = 9;  // until the bar's control style says otherwise
-
 RowIndex::Row RowOf(CDUIListItem& item)
 {
     return {item.GetFixedSize().cy, item.IsVisible(FALSE) != FALSE};
@@ -57,7 +55,7 @@ CDUIListBox::CDUIListBox() : m_pRows(std::make_unique<RowIndex>())
 
 CDUIListBox::CDUIListBox(const CDUIListBox& other)
     : ControlOf(other),
-      m_pScrollBar(owned_scroll_bar::Clone(other.m_pScrollBar)),
+      m_pScrollBar(owned_scroll_bar::Clone(other.m_pScrollBar, this)),
       m_nTopIndex(other.m_nTopIndex),
       m_nLastIndex(other.m_nLastIndex),
       m_nTotalHeight(other.m_nTotalHeight),
@@ -69,7 +67,6 @@ CDUIListBox::CDUIListBox(const CDUIListBox& other)
       m_bHoverSelect(other.m_bHoverSelect),
       m_pRows(std::make_unique<RowIndex>())
 {
-    owned_scroll_bar::ReportTo(m_pScrollBar, this);
     // The base class took the children over without the hooks of this one.
     TakeAllRows();
 }
@@ -91,7 +88,7 @@ int CDUIListBox::GetScrollLineStep()
 void CDUIListBox::OnCreate()
 {
     CDUIControlBase::OnCreate();
-    owned_scroll_bar::Open(m_pScrollBar, *this, kScrollBarWidth);
+    owned_scroll_bar::Open(m_pScrollBar, *this, owned_scroll_bar::kPlainBreadth);
     CheckInitGroupStatus();
 }
 

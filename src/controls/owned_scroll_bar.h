@@ -12,17 +12,30 @@
 /// detached.
 namespace DUI::owned_scroll_bar {
 
+/// How broad a bar is, in pixels, whose control style does not say.
+inline constexpr int kPlainBreadth = 9;
+
 template <class ScrollBar>
 inline constexpr bool kIsVertical = std::is_same_v<ScrollBar, CDUIVerticalSB>;
 
-/// The bar for a copy of the container; null when the container has none.
+/// Makes the container (or nobody, as it must before it ends) the one that the bar reports to.
 template <class ScrollBar>
-CRefPtr<ScrollBar> Clone(const CRefPtr<ScrollBar>& bar)
+void ReportTo(const CRefPtr<ScrollBar>& bar, IDUIControl* container)
+{
+    if (!bar.IsNull())
+        bar->SetScrollOwner(container);
+}
+
+/// The bar for a copy of the container, to which it reports; null when the container has none.
+template <class ScrollBar>
+CRefPtr<ScrollBar> Clone(const CRefPtr<ScrollBar>& bar, IDUIControl* copiedContainer)
 {
     if (bar.IsNull())
         return nullptr;
-    const CRefPtr<IDUIControl> copy = bar->Clone();
-    return InterfaceOf<ScrollBar>(copy.GetPtr(), "scrollbar");
+    const CRefPtr<IDUIControl> control = bar->Clone();
+    const CRefPtr<ScrollBar> copy = InterfaceOf<ScrollBar>(control.GetPtr(), "scrollbar");
+    ReportTo(copy, copiedContainer);
+    return copy;
 }
 
 /// A new bar from the application's factory; null when the factory makes none.
@@ -47,13 +60,11 @@ void Attach(const CRefPtr<ScrollBar>& bar, CDUIControlBase& container)
     bar->SetScrollOwner(&container);
 }
 
-/// The same for a container whose bar is there as long as it is attached: makes the bar first unless there is
-/// one, this broad until its control style ("cs_v_scrollbar", "cs_h_scrollbar") says otherwise.
+/// Gives the bar its look: this broad until its control style ("cs_v_scrollbar", "cs_h_scrollbar") says
+/// otherwise.
 template <class ScrollBar>
-void Open(CRefPtr<ScrollBar>& bar, CDUIControlBase& container, int breadth)
+void ApplyStyle(const CRefPtr<ScrollBar>& bar, int breadth)
 {
-    if (bar.IsNull())
-        bar = Create<ScrollBar>();
     if (bar.IsNull())
         return;
     if constexpr (kIsVertical<ScrollBar>)
@@ -61,6 +72,16 @@ void Open(CRefPtr<ScrollBar>& bar, CDUIControlBase& container, int breadth)
     else
         bar->SetFixedHeight(breadth);
     bar->SetAttribute("control_style", kIsVertical<ScrollBar> ? "cs_v_scrollbar" : "cs_h_scrollbar");
+}
+
+/// Attach for a container whose bar is there as long as it is attached: makes the bar first unless there is
+/// one.
+template <class ScrollBar>
+void Open(CRefPtr<ScrollBar>& bar, CDUIControlBase& container, int breadth)
+{
+    if (bar.IsNull())
+        bar = Create<ScrollBar>();
+    ApplyStyle(bar, breadth);
     Attach(bar, container);
 }
 
@@ -73,14 +94,6 @@ void Release(CRefPtr<ScrollBar>& bar)
         return;
     released->DetachWindow();
     released->SetScrollOwner(static_cast<IDUIControl*>(nullptr));
-}
-
-/// Makes the container (or nobody, as it must before it ends) the one that the bar reports to.
-template <class ScrollBar>
-void ReportTo(const CRefPtr<ScrollBar>& bar, IDUIControl* container)
-{
-    if (!bar.IsNull())
-        bar->SetScrollOwner(container);
 }
 
 /// Moves the bar; the container lays out anew afterwards.

@@ -15,8 +15,6 @@ namespace {
 
 using namespace geometry;
 
-constexpr int kScrollBarWidth = 9;  // until the bar's control style says otherwise
-
 const AttributeTable<CDUITreeViewImpl>& Attributes()
 {
     using Tree = CDUITreeViewImpl;
@@ -64,7 +62,7 @@ CDUITreeViewImpl::CDUITreeViewImpl() : m_pBranch(std::make_unique<TreeBranch>(*t
 CDUITreeViewImpl::CDUITreeViewImpl(const CDUITreeViewImpl& other)
     : ControlOf(other),
       m_pBranch(std::make_unique<TreeBranch>(*this)),
-      m_pScrollBar(owned_scroll_bar::Clone(other.m_pScrollBar)),
+      m_pScrollBar(owned_scroll_bar::Clone(other.m_pScrollBar, this)),
       m_pExpanderImage(other.m_pExpanderImage),
       m_pHoverFrame(other.m_pHoverFrame),
       m_pSelectFrame(other.m_pSelectFrame),
@@ -72,7 +70,6 @@ CDUITreeViewImpl::CDUITreeViewImpl(const CDUITreeViewImpl& other)
       m_nItemHeight(other.m_nItemHeight),
       m_nTopRow(other.m_nTopRow)
 {
-    owned_scroll_bar::ReportTo(m_pScrollBar, this);
     m_pBranch->TakeAll();
     for (CDUITreeNode* node = GetNextNode(nullptr); node && m_pSelected.IsNull(); node = GetNextNode(node))
         if (node->GetSelect())
@@ -87,7 +84,7 @@ CDUITreeViewImpl::~CDUITreeViewImpl()
 void CDUITreeViewImpl::OnCreate()
 {
     CDUIControlBase::OnCreate();
-    owned_scroll_bar::Open(m_pScrollBar, *this, kScrollBarWidth);
+    owned_scroll_bar::Open(m_pScrollBar, *this, owned_scroll_bar::kPlainBreadth);
     UpdateLayout(TRUE, nullptr);
 }
 

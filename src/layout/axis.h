@@ -11,7 +11,6 @@ namespace DUI::axis {
 struct Horizontal {
     using ScrollBar = CDUIHorizontalSB;
     static constexpr bool kIsVertical = false;
-    static constexpr const char* kScrollBarStyle = "cs_h_scrollbar";
     static constexpr int kBackwardKey = VK_LEFT;
     static constexpr int kForwardKey = VK_RIGHT;
 
@@ -39,7 +38,6 @@ struct Horizontal {
 struct Vertical {
     using ScrollBar = CDUIVerticalSB;
     static constexpr bool kIsVertical = true;
-    static constexpr const char* kScrollBarStyle = "cs_v_scrollbar";
     static constexpr int kBackwardKey = VK_UP;
     static constexpr int kForwardKey = VK_DOWN;
 

@@ -30,10 +30,16 @@ CDUILinearLayout<Layout, ScrollBar>::CDUILinearLayout()
 template <class Layout, class ScrollBar>
 CDUILinearLayout<Layout, ScrollBar>::CDUILinearLayout(const CDUILinearLayout& other)
     : ControlOf<Layout, CDUICanvas>(other),
-      m_pScrollBar(owned_scroll_bar::Clone(other.m_pScrollBar)),
+      m_pScrollBar(owned_scroll_bar::Clone(other.m_pScrollBar, this)),
       m_nEnableScroll(other.m_nEnableScroll)
 {
     this->ModifyStyle(0, DUISTYLE_TRANSPARENT);
+}
+
+template <class Layout, class ScrollBar>
+CDUILinearLayout<Layout, ScrollBar>::~CDUILinearLayout()
+{
+    owned_scroll_bar::ReportTo(m_pScrollBar, nullptr);
 }
 
 template <class Layout, class ScrollBar>
@@ -48,8 +54,7 @@ void CDUILinearLayout<Layout, ScrollBar>::OnCreate()
 {
     if (m_nEnableScroll && m_pScrollBar.IsNull()) {
         m_pScrollBar = owned_scroll_bar::Create<ScrollBar>();
-        if (!m_pScrollBar.IsNull())
-            m_pScrollBar->SetAttribute("control_style", axis::Of<Layout>::kScrollBarStyle);
+        owned_scroll_bar::ApplyStyle(m_pScrollBar, owned_scroll_bar::kPlainBreadth);
     }
     owned_scroll_bar::Attach(m_pScrollBar, *this);
 }

@@ -93,11 +93,16 @@ CDUITileLayout::CDUITileLayout()
 
 CDUITileLayout::CDUITileLayout(const CDUITileLayout& other)
     : ControlOf(other),
-      m_pScrollBar(owned_scroll_bar::Clone(other.m_pScrollBar)),
+      m_pScrollBar(owned_scroll_bar::Clone(other.m_pScrollBar, this)),
       m_nColumnCount(other.m_nColumnCount),
       m_nRowGap(other.m_nRowGap)
 {
     ModifyStyle(0, DUISTYLE_TRANSPARENT);
+}
+
+CDUITileLayout::~CDUITileLayout()
+{
+    owned_scroll_bar::ReportTo(m_pScrollBar, nullptr);
 }
 
 void CDUITileLayout::SetControlRect(const RECT& rect)

@@ -222,13 +222,14 @@ TEST_F(LinearLayout, ACopyScrollsByABarOfItsOwn)
         SCOPED_TRACE(direction.tag);
         ControlWindow window({100, 100}, direction.Window("enable_scroll=\"true\"", {80, 80}));
         const CRefPtr<IDUIControl> copy = window.GetRootControl()->Clone();
+        ASSERT_NE(direction.Bar(copy.GetPtr()), nullptr);
+        EXPECT_EQ(direction.Bar(copy.GetPtr())->GetScrollOwner(), copy.GetPtr()) << "before it has a window";
         CDUIScrollBarBase* const bar = direction.Bar(window.GetRootControl());
         {
             ControlWindow other({100, 100}, copy);
             CDUIScrollBarBase* const otherBar = direction.Bar(copy.GetPtr());
             ASSERT_NE(otherBar, nullptr);
             EXPECT_NE(otherBar, bar);
-            EXPECT_EQ(otherBar->GetScrollOwner(), copy.GetPtr());
             copy->GetControlByIndex(0)->SetFocus(TRUE);
             other.mouse.MoveTo({10, 10}).Wheel(-1);
             EXPECT_EQ(PositionOf(*otherBar), 60);
@@ -241,8 +242,18 @@ TEST_F(LinearLayout, ACopyScrollsByABarOfItsOwn)
     }
 }
 
-TEST_F(LinearLayout, ASkinChangeReachesItsScrollBar)
+TEST_F(LinearLayout, ItsScrollBarHasTheBreadthOfItsStyle)
 {
+    {
+        SkinAdditions additions;
+        additions.controlStyles = R"(<control_style name="cs_v_scrollbar"/>)";
+        UseSkin(additions);
+        const CRefPtr<CDUIVerticalLayout> plain = new CDUIVerticalLayout;
+        plain->SetEnableScroll(1);
+        ControlWindow window({100, 100}, plain.GetPtr());
+        EXPECT_EQ(plain->GetVerticalSB()->GetFixedSize().cx, 9) << "a style that does not say";
+    }
+    UseSkin({});
     ControlWindow window({100, 100},
                          R"(<vert_layout enable_scroll="true"><canvas height="200"/></vert_layout>)");
     CDUIVerticalSB* const bar = dynamic_cast<CDUIVerticalLayout*>(window.GetRootControl())->GetVerticalSB();

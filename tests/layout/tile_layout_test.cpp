@@ -120,6 +120,7 @@ TEST_F(TileLayout, AGivenStyleCountsForTheBarThatIsThere)
     CDUIVerticalSB* const copied = dynamic_cast<CDUITileLayout*>(copy.GetPtr())->GetVerticalSB();
     ASSERT_NE(copied, nullptr);
     EXPECT_NE(copied, Tiles(window).GetVerticalSB());
+    EXPECT_EQ(copied->GetScrollOwner(), copy.GetPtr());
     ControlWindow other({100, 100}, copy);
     EXPECT_EQ(copied->GetFixedSize().cx, 10) << "every attaching sets the usual style";
 }

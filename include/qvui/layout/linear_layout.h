@@ -9,6 +9,7 @@ namespace DUI {
 template <class Layout, class ScrollBar>
 class QVUI_API CDUILinearLayout : public ControlOf<Layout, CDUICanvas> {
 public:
+    ~CDUILinearLayout() override;
     void SetControlRect(const RECT& rect) override;
 
 protected:
@@ -37,7 +38,8 @@ private:
 /// the content rectangle. "padding" is the gap between neighbours.
 ///
 /// With enable_scroll, content that is too long scrolls: a horizontal scroll bar, in the skin's control style
-/// "cs_h_scrollbar" where there is one, stands at the bottom edge while it is needed.
+/// "cs_h_scrollbar" where there is one, stands at the bottom edge while it is needed. It is 9 pixels high
+/// where the style does not say.
 ///
 /// Skin attributes: enable_scroll.
 class QVUI_API CDUIHorizontalLayout : public CDUILinearLayout<CDUIHorizontalLayout, CDUIHorizontalSB> {

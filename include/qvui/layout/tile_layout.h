@@ -28,6 +28,7 @@ class QVUI_API CDUITileLayout : public ControlOf<CDUITileLayout, IDUITileLayout>
 
 public:
     CDUITileLayout();
+    ~CDUITileLayout() override;
     static const ControlClass& Class();
 
     void SetControlRect(const RECT& rect) override;
