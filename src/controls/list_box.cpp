@@ -1,6 +1,7 @@
 #include <qvui/controls/list_box.h>
 
 #include "controls/owned_scroll_bar.h"
+#include "controls/pressed_row.h"
 #include "controls/row_container.h"
 #include "controls/row_index.h"
 #include "framework/control_guard.h"
@@ -48,7 +49,7 @@ const ControlClass& CDUIListBox::Class()
     return theClass;
 }
 
-CDUIListBox::CDUIListBox() : m_pRows(std::make_unique<RowIndex>())
+CDUIListBox::CDUIListBox() : m_pRows(std::make_unique<RowIndex>()), m_pPressed(std::make_unique<PressedRow>())
 {
     CDUIControlBase::ModifyStyle(0, DUISTYLE_TABSTOP);
 }
@@ -65,7 +66,8 @@ CDUIListBox::CDUIListBox(const CDUIListBox& other)
       m_bSelectExpand(other.m_bSelectExpand),
       m_bHoverExpand(other.m_bHoverExpand),
       m_bHoverSelect(other.m_bHoverSelect),
-      m_pRows(std::make_unique<RowIndex>())
+      m_pRows(std::make_unique<RowIndex>()),
+      m_pPressed(std::make_unique<PressedRow>())
 {
     // The base class took the children over without the hooks of this one.
     TakeAllRows();
@@ -204,6 +206,7 @@ void CDUIListBox::AfterRemoveControl(CRefPtr<IDUIControl> child)
         m_pRows->Remove(m_nRemoving);
     m_nRemoving = -1;
     m_isArranged = false;
+    m_pPressed->Forget(child.GetPtr());
     CDUIControlBase::AfterRemoveControl(child);
 }
 
@@ -211,6 +214,7 @@ void CDUIListBox::RemoveAllControl()
 {
     const ControlGuard keep(this);
     CDUIControlBase::RemoveAllControl();
+    m_pPressed->Forget(m_pPressed->GetRow());
     TakeAllRows();
     m_nCurSel = -1;
     UpdateLayout(TRUE, nullptr);

@@ -2,6 +2,7 @@
 
 #include <qvui/controls/list_box.h>
 
+#include "controls/pressed_row.h"
 #include "controls/state_text.h"
 #include "framework/control_guard.h"
 #include "framework/geometry.h"
@@ -125,6 +126,18 @@ void CDUIListItem::SetHeight(int bExpand, int nHeight)
     SetExpand(m_bExpand);
 }
 
+// The item that an event is meant for: this one, unless a double press came to it by mistake.
+IDUIControl* CDUIListItem::TargetOf(const tagDUIEvent& event)
+{
+    if (!m_pList || (event.Type != DUIEVENT_LBUTTONDOWN && event.Type != DUIEVENT_LBUTTONDBLCLK))
+        return this;
+    if (event.Type == DUIEVENT_LBUTTONDOWN)
+        m_pList->m_pPressed->Note(this, event.ptMouse);
+    IDUIControl& target = m_pList->m_pPressed->RowFor(*this, event.ptMouse);
+    m_isPressForOther = &target != this;
+    return &target;
+}
+
 LRESULT CDUIListItem::ProcessEvent(const tagDUIEvent& event, BOOL& bHandled)
 {
     const auto known = std::find_if(std::begin(kEvents), std::end(kEvents),
@@ -133,16 +146,18 @@ LRESULT CDUIListItem::ProcessEvent(const tagDUIEvent& event, BOOL& bHandled)
         return CDUIControlBase::ProcessEvent(event, bHandled);
     const ControlGuard keep(this);
     ModifyStatus(known->remove, known->add);
+    IDUIControl* const target = TargetOf(event);
+    const ControlGuard keepTarget(target);
     if (event.Type == DUIEVENT_LBUTTONDOWN && GetParent())
         GetParent()->SetFocus(TRUE);
     const RECT rect = GetControlRect();
-    const bool isForwarded =
-        known->forwardedAs && (event.Type != DUIEVENT_LBUTTONUP || PtInRect(&rect, event.ptMouse));
+    const bool isForwarded = known->forwardedAs && (event.Type != DUIEVENT_LBUTTONUP ||
+                                                    (PtInRect(&rect, event.ptMouse) && !m_isPressForOther));
     if (isForwarded && GetParent()) {
         tagDUIEvent forwarded = event;
         forwarded.Type = known->forwardedAs;
         // An entering pointer names no sender, and the list must know which item it is.
-        forwarded.pSender = this;
+        forwarded.pSender = target;
         const ControlGuard keepParent(GetParent());
         GetParent()->OnDUIEvent(forwarded, bHandled);
     }

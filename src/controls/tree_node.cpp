@@ -2,6 +2,7 @@
 
 #include <qvui/controls/tree_view.h>
 
+#include "controls/pressed_row.h"
 #include "controls/row_container.h"
 #include "controls/state_text.h"
 #include "controls/tree_branch.h"
@@ -314,32 +315,46 @@ void CDUITreeNode::ForwardToTree(const tagDUIEvent& event, UINT type, BOOL& bHan
     tree->OnDUIEvent(forwarded, bHandled);
 }
 
+void CDUITreeNode::OnPress(const tagDUIEvent& event, BOOL& bHandled)
+{
+    CDUITreeViewImpl* const tree = GetTree();
+    if (!tree)
+        return;
+    const ControlGuard keepTree(tree);
+    const RECT expander = GetExpanderRect();
+    CDUITreeNode* pressed = this;
+    if (event.Type == DUIEVENT_LBUTTONDBLCLK)
+        pressed = static_cast<CDUITreeNode*>(&tree->m_pPressed->RowFor(*this, event.ptMouse));
+    else
+        tree->m_pPressed->Note(this, event.ptMouse);
+    const ControlGuard keepPressed(pressed);
+    m_isPressForOther = pressed != this;
+    if (!pressed->IsEnabled())
+        return;
+    if (!m_isPressForOther)
+        m_isExpanderPress = HasExpander() && PtInRect(&expander, event.ptMouse);
+    SetFocus(TRUE);
+    if (pressed->m_isExpanderPress) {
+        tree->ExpandNode(pressed, !pressed->m_bExpand);
+        return;
+    }
+    ModifyStatus(0, DUISTATUS_PUSHED);
+    if (event.Type == DUIEVENT_LBUTTONDBLCLK)
+        pressed->ForwardToTree(event, DUIEVENT_ITEMDBLCLICK, bHandled);
+}
+
 LRESULT CDUITreeNode::ProcessEvent(const tagDUIEvent& event, BOOL& bHandled)
 {
     const ControlGuard keep(this);
-    const RECT expander = GetExpanderRect();
     const RECT row = GetControlRect();
     switch (event.Type) {
         case DUIEVENT_LBUTTONDOWN:
         case DUIEVENT_LBUTTONDBLCLK:
-            if (!IsEnabled())
-                break;
-            m_isExpanderPress = HasExpander() && PtInRect(&expander, event.ptMouse);
-            SetFocus(TRUE);
-            if (m_isExpanderPress) {
-                CDUITreeViewImpl* const tree = GetTree();
-                const ControlGuard keepTree(tree);
-                if (tree)
-                    tree->ExpandNode(this, !m_bExpand);
-                return 0;
-            }
-            ModifyStatus(0, DUISTATUS_PUSHED);
-            if (event.Type == DUIEVENT_LBUTTONDBLCLK)
-                ForwardToTree(event, DUIEVENT_ITEMDBLCLICK, bHandled);
+            OnPress(event, bHandled);
             return 0;
         case DUIEVENT_LBUTTONUP:
             ModifyStatus(DUISTATUS_PUSHED, 0);
-            if (IsEnabled() && !m_isExpanderPress && PtInRect(&row, event.ptMouse))
+            if (IsEnabled() && !m_isExpanderPress && !m_isPressForOther && PtInRect(&row, event.ptMouse))
                 ForwardToTree(event, DUIEVENT_ITEMCLICK, bHandled);
             return 0;
         case DUIEVENT_MOUSEENTER:

@@ -1,6 +1,7 @@
 #include <qvui/controls/tree_view.h>
 
 #include "controls/owned_scroll_bar.h"
+#include "controls/pressed_row.h"
 #include "controls/row_container.h"
 #include "controls/tree_branch.h"
 #include "framework/control_guard.h"
@@ -54,7 +55,9 @@ const ControlClass& CDUITreeViewImpl::Class()
     return theClass;
 }
 
-CDUITreeViewImpl::CDUITreeViewImpl() : m_pBranch(std::make_unique<TreeBranch>(*this))
+CDUITreeViewImpl::CDUITreeViewImpl()
+    : m_pBranch(std::make_unique<TreeBranch>(*this)),
+      m_pPressed(std::make_unique<PressedRow>())
 {
     CDUIControlBase::ModifyStyle(0, DUISTYLE_TABSTOP);
 }
@@ -63,6 +66,7 @@ CDUITreeViewImpl::CDUITreeViewImpl(const CDUITreeViewImpl& other)
     : ControlOf(other),
       m_pBranch(std::make_unique<TreeBranch>(*this)),
       m_pScrollBar(owned_scroll_bar::Clone(other.m_pScrollBar, this)),
+      m_pPressed(std::make_unique<PressedRow>()),
       m_pExpanderImage(other.m_pExpanderImage),
       m_pHoverFrame(other.m_pHoverFrame),
       m_pSelectFrame(other.m_pSelectFrame),

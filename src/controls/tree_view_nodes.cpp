@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <vector>
 
+#include "controls/pressed_row.h"
 #include "controls/tree_branch.h"
 #include "framework/control_guard.h"
 
@@ -30,8 +31,12 @@ void CDUITreeViewImpl::Notify(DUITREENOTIFY code, CDUITreeNode& node)
 
 void CDUITreeViewImpl::Forget(const CDUITreeNode& node, bool withItself)
 {
-    const bool isGone = (withItself && m_pSelected.GetPtr() == &node) || IsBelow(m_pSelected.GetPtr(), &node);
-    if (!isGone)
+    const auto isGone = [&](const CDUITreeNode* other) {
+        return (withItself && other == &node) || IsBelow(other, &node);
+    };
+    if (isGone(static_cast<const CDUITreeNode*>(m_pPressed->GetRow())))
+        m_pPressed->Forget(m_pPressed->GetRow());
+    if (!isGone(m_pSelected.GetPtr()))
         return;
     const CRefPtr<CDUITreeNode> selected = std::move(m_pSelected);
     selected->SetCheck(FALSE);
@@ -65,6 +70,7 @@ void CDUITreeViewImpl::RemoveAllControl()
 {
     const ControlGuard keep(this);
     m_pSelected = nullptr;
+    m_pPressed->Forget(m_pPressed->GetRow());
     CDUIControlBase::RemoveAllControl();
     m_pBranch->Clear();
     UpdateLayout(TRUE, nullptr);

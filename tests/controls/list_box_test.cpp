@@ -208,6 +208,13 @@ TEST_F(ListBox, AClickNotesAndSelects)
     EXPECT_EQ(list.SetCurSel(-1), 1);
     EXPECT_EQ(Item(list, 2).GetSelect(), 0);
     EXPECT_EQ(Noted(window), Strings());
+
+    list.SetSelectExpand(1);
+    Item(list, 0).SetHeight(TRUE, 80);
+    list.SetCurSel(0);
+    Noted(window);
+    window.mouse.DoubleClick({50, 90});
+    EXPECT_EQ(Noted(window), (Strings{"4 b", "1 b", "3 b", "2 b"})) << "the first click moved it up";
 }
 
 TEST_F(ListBox, ExpandsWhatIsSelectedOrHovered)

@@ -271,6 +271,12 @@ TEST_F(TreeView, PressesSelectAndExpand)
     EXPECT_EQ(Noted(window), Strings()) << "released elsewhere";
     window.mouse.Click({5, 30});
     EXPECT_EQ(Noted(window), Strings{"2 b"}) << "where there is no expander the row is pressed";
+
+    window.Resize({100, 50});
+    window.mouse.DoubleClick({50, 45});
+    EXPECT_EQ(Noted(window), (Strings{"2 c", "3 c"})) << "the first click scrolled it up by a row";
+    window.mouse.Click({50, 45});
+    EXPECT_EQ(Noted(window), Strings{"2 d"}) << "a click of its own";
 }
 
 TEST_F(TreeView, CollapsingSelectsWhatIsLeftOfTheSelection)

@@ -7,6 +7,7 @@
 
 namespace DUI {
 
+class PressedRow;
 class RowIndex;
 
 /// A vertical list of CDUIListItem with one selected item. It can expand items when they are selected or
@@ -121,9 +122,10 @@ private:
     int m_bHoverExpand = 0;
     int m_bHoverSelect = 0;
     std::unique_ptr<RowIndex> m_pRows;  // one for each child
-    int m_nRemoving = -1;               // the child between BeforeRemoveControl and AfterRemoveControl
-    bool m_isArranged = false;          // the rectangles are those of the present rows
-    bool m_isViewFull = false;          // the last item laid out reached the lower edge
+    std::unique_ptr<PressedRow> m_pPressed;
+    int m_nRemoving = -1;       // the child between BeforeRemoveControl and AfterRemoveControl
+    bool m_isArranged = false;  // the rectangles are those of the present rows
+    bool m_isViewFull = false;  // the last item laid out reached the lower edge
 };
 
 }  // namespace DUI

@@ -75,6 +75,7 @@ protected:
 private:
     friend class CDUIListBox;
     static const AttributeTable<CDUIListItem>& Attributes();
+    IDUIControl* TargetOf(const tagDUIEvent& event);
     const CDUIImageListPtr& GetIcon() const
     {
         return m_bExpand ? m_uiData.m_pExpandIcon : m_uiData.m_pNormalIcon;
@@ -93,6 +94,7 @@ private:
     CRefPtr<CDUIFrameBK> m_pSelectFrame;
     CDUIListBox* m_pList = nullptr;  // the parent, when that is a list box
     int m_nPlace = 0;                // where the list box last found it
+    bool m_isPressForOther = false;  // the double press was meant for another item
 };
 
 }  // namespace DUI

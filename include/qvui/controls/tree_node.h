@@ -93,6 +93,7 @@ private:
     TreeBranch& Branch();
     int RowCount() const;
     bool IsInView() const;
+    void OnPress(const tagDUIEvent& event, BOOL& bHandled);
     void ForwardToTree(const tagDUIEvent& event, UINT type, BOOL& bHandled);
 
     BOOL m_bExpand = FALSE;
@@ -103,6 +104,7 @@ private:
     int m_nPlace = 0;        // where the parent last found it
     unsigned m_nLayout = 0;  // the tree view's layout that last placed it
     bool m_isExpanderPress = false;
+    bool m_isPressForOther = false;  // the double press was meant for another node
 };
 
 }  // namespace DUI

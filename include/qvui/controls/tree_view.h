@@ -8,6 +8,8 @@
 
 namespace DUI {
 
+class PressedRow;
+
 /// What a DUINOTIFY_TREEEXPAND notification tells, in its wParam; the lParam is the node.
 enum DUITREENOTIFY : WPARAM {
     DUITREENOTIFY_COLLAPSED = 0,
@@ -148,6 +150,7 @@ private:
     std::unique_ptr<TreeBranch> m_pBranch;
     CRefPtr<CDUIVerticalSB> m_pScrollBar;
     CRefPtr<CDUITreeNode> m_pSelected;
+    std::unique_ptr<PressedRow> m_pPressed;
     CDUIImageListPtr m_pExpanderImage;
     CRefPtr<CDUIFrameBK> m_pHoverFrame;
     CRefPtr<CDUIFrameBK> m_pSelectFrame;
