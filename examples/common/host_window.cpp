@@ -58,9 +58,16 @@ void HostWindow::Show()
                         static_cast<int>(rect.top), static_cast<int>(rect.right),
                         static_cast<int>(rect.bottom));
         }
+    TellOrigin();
+    std::puts("ready");
+    std::fflush(stdout);
+}
+
+void HostWindow::TellOrigin()
+{
     POINT origin{0, 0};
     ClientToScreen(m_hWindow, &origin);
-    std::printf("client %d %d\nready\n", static_cast<int>(origin.x), static_cast<int>(origin.y));
+    std::printf("client %d %d\n", static_cast<int>(origin.x), static_cast<int>(origin.y));
     std::fflush(stdout);
 }
 
@@ -84,6 +91,9 @@ LRESULT HostWindow::Handle(HWND hWnd, UINT message, WPARAM wParam, LPARAM lParam
             return OnPaint(message, wParam, lParam, bHandled);
         case WM_TIMER:
             return OnTimer(message, wParam, lParam, bHandled);
+        case WM_EXITSIZEMOVE:
+            TellOrigin();
+            return 0;
         case WM_DESTROY:
             OnClosed();
             return 0;

@@ -1,5 +1,20 @@
-# One session with the gallery, the same on every display: every page is opened by a press, both switches are
-# used, and the window is dragged by its caption and closed by its button. The caller has started the application.
+# One session with the gallery, the same on every display: every page is opened by a press, the window is dragged
+# by its caption, both switches are used, and the window is closed by its button. The caller has started the
+# application.
+
+# drag_caption STEP COUNT : drags the window to the right and downwards, and waits for exactly the place that this
+# leads to.
+drag_caption() {
+    local x y left top step
+    read -r x y < <(client_point 400 24)
+    read -r left top < <(client_point 0 0)
+    xdotool mousemove "$x" "$y" mousedown 1
+    for ((step = 1; step <= $2; ++step)); do
+        xdotool mousemove $((x + step * $1)) $((y + step * $1 / 2))
+    done
+    xdotool mouseup 1
+    wait_for "client $((left + $1 * $2)) $((top + $1 * $2 / 2))"
+}
 
 gallery_session() {
     wait_for ready
@@ -9,6 +24,10 @@ gallery_session() {
         press_control "tab_$page"
         wait_for "page tab_$page"
     done
+    drag_caption 60 1
+    drag_caption 10 6
+    press_control tab_labels
+    wait_for "page tab_labels"
     before=$(colour_at 600 730)
     press_control skin
     wait_for "skin dark"

@@ -63,6 +63,7 @@ SdlDisplay::SdlDisplay(std::unique_ptr<LateWakeUpGuard> guard)
       m_alphaVisual(X11AlphaVisual())
 {
     SDL_StartTextInput();
+    SDL_EventState(SDL_SYSWMEVENT, SDL_ENABLE);
 }
 
 SdlDisplay::~SdlDisplay()

@@ -4,6 +4,7 @@
 
 #include <map>
 #include <memory>
+#include <optional>
 #include <string>
 
 #include "native/display/display.h"
@@ -51,6 +52,8 @@ private:
     SDL_Window* Find(HWND window) const;
     HWND Named(Uint32 id) const;
     void Report(const SDL_Event& event, InputSink& sink);
+    /// The screen coordinates of a pointer event, which has those of a window.
+    POINT ToScreen(Uint32 id, int x, int y);
     void ReportText(const char* utf8, InputSink& sink) const;
     void ReportWindow(const SDL_WindowEvent& event, InputSink& sink);
     void ReportPlace(HWND window, InputSink& sink) const;
@@ -62,6 +65,7 @@ private:
     SDL_Cursor* m_ownCursor = nullptr;
     std::string m_alphaVisual;
     SDL_Keycode m_lastKey = SDLK_UNKNOWN;
+    std::optional<POINT> m_pointerOfEvent;  // as the screen has it, for the next pointer event
     bool m_mayHaveLostKeyboard = false;
 };
 

@@ -3,21 +3,14 @@
 #include <cctype>
 #include <cmath>
 #include <cstring>
+#include <utility>
 
 #include "native/display/sdl/sdl_display.h"
 #include "native/display/sdl/sdl_keys.h"
+#include "native/display/sdl/x11_window.h"
 
 namespace qvui::native {
 namespace {
-
-POINT ToScreen(Uint32 id, int x, int y)
-{
-    int left = 0;
-    int top = 0;
-    if (SDL_Window* native = SDL_GetWindowFromID(id))
-        SDL_GetWindowPosition(native, &left, &top);
-    return {left + x, top + y};
-}
 
 int WheelDelta(const SDL_MouseWheelEvent& wheel)
 {
@@ -43,9 +36,25 @@ void SdlDisplay::Wait(int milliseconds, InputSink& sink)
     ReportKeyboardLoss(sink);
 }
 
+// The window may have moved since the event was made, so its place now is asked for only where the screen's
+// own event does not tell.
+POINT SdlDisplay::ToScreen(Uint32 id, int x, int y)
+{
+    if (const std::optional<POINT> known = std::exchange(m_pointerOfEvent, std::nullopt))
+        return *known;
+    int left = 0;
+    int top = 0;
+    if (SDL_Window* native = SDL_GetWindowFromID(id))
+        SDL_GetWindowPosition(native, &left, &top);
+    return {left + x, top + y};
+}
+
 void SdlDisplay::Report(const SDL_Event& event, InputSink& sink)
 {
     switch (event.type) {
+        case SDL_SYSWMEVENT:
+            m_pointerOfEvent = X11PointerOf(event.syswm);
+            break;
         case SDL_MOUSEMOTION:
             sink.OnPointer(ToScreen(event.motion.windowID, event.motion.x, event.motion.y));
             break;

@@ -49,6 +49,32 @@ void SetX11Shape(SDL_Window* window, const Region* shape)
     XFlush(found.display);
 }
 
+std::optional<POINT> X11PointerOf(const SDL_SysWMEvent& event)
+{
+    if (!event.msg || event.msg->subsystem != SDL_SYSWM_X11)
+        return std::nullopt;
+    const XEvent& native = event.msg->msg.x11.event;
+    switch (native.type) {
+        case MotionNotify:
+            return POINT{native.xmotion.x_root, native.xmotion.y_root};
+        case ButtonPress:
+        case ButtonRelease:
+            return POINT{native.xbutton.x_root, native.xbutton.y_root};
+        case EnterNotify:
+        case LeaveNotify:
+            return POINT{native.xcrossing.x_root, native.xcrossing.y_root};
+        case GenericEvent: {
+            // A move by the server's newer interface, whose data is gone by now: the latest place does for
+            // it.
+            POINT now{};
+            SDL_GetGlobalMouseState(&now.x, &now.y);
+            return now;
+        }
+        default:
+            return std::nullopt;
+    }
+}
+
 void RaiseX11Window(SDL_Window* window)
 {
     const XWindow found = Find(window);
@@ -87,6 +113,10 @@ namespace qvui::native {
 
 void SetX11Shape(SDL_Window*, const Region*)
 {
+}
+std::optional<POINT> X11PointerOf(const SDL_SysWMEvent&)
+{
+    return std::nullopt;
 }
 void RaiseX11Window(SDL_Window* window)
 {

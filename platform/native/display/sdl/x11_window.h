@@ -2,6 +2,7 @@
 
 #include <SDL.h>
 
+#include <optional>
 #include <string>
 
 #include "native/gdi/region.h"
@@ -11,6 +12,8 @@ namespace qvui::native {
 
 /// Gives a window an outline; null takes it away.
 void SetX11Shape(SDL_Window* window, const Region* shape);
+/// Where on the screen the pointer was when the server made an event about it; nothing for other events.
+std::optional<POINT> X11PointerOf(const SDL_SysWMEvent& event);
 /// Puts a window above all others without giving it the keyboard.
 void RaiseX11Window(SDL_Window* window);
 /// Says that a window belongs to another one, above which it stays.
