@@ -37,6 +37,7 @@ struct ContextState {
     int dashPhase = 0;
     POINT viewport{0, 0};
     std::optional<Region> clip;  // device coordinates
+    std::optional<Region> meta;  // SetMetaRgn: limits drawing as the clip does; device coordinates
 };
 
 /// A place to draw: a surface, the part of it that may be touched, and a state. Device coordinates start at
@@ -50,7 +51,7 @@ public:
     /// For memory contexts: draws on another bitmap from now on.
     void Retarget(std::shared_ptr<Surface> target);
 
-    /// What may be touched, in surface coordinates: visible, inside the surface, inside the clip.
+    /// What may be touched, in surface coordinates: visible, inside the surface, inside clip and meta region.
     const Region& Drawable();
     /// The visible part's bounds without the clip, in device coordinates.
     RECT VisibleBounds() const;

@@ -44,8 +44,9 @@ const Region& DeviceContext::Drawable()
 {
     if (!m_drawable) {
         m_drawable = m_visible;
-        if (state.clip)
-            m_drawable->Intersect(*state.clip);
+        for (const auto* limit : {&state.clip, &state.meta})
+            if (*limit)
+                m_drawable->Intersect(**limit);
         m_drawable->Offset(m_origin.x, m_origin.y);
         m_drawable->Intersect(Region(m_target->Bounds()));
     }
@@ -250,6 +251,20 @@ int ExtSelectClipRgn(HDC dc, HRGN region, int mode)
     const int complexity = clip.Complexity();
     context->SetClip(std::move(clip));
     return complexity;
+}
+
+int SetMetaRgn(HDC dc)
+{
+    DeviceContext* context = LookUpContext(dc);
+    if (!context)
+        return ERROR;
+    if (std::optional<Region> limit = context->state.clip) {
+        if (context->state.meta)
+            limit->Intersect(*context->state.meta);
+        context->state.meta = std::move(limit);
+        context->SetClip(std::nullopt);
+    }
+    return context->Drawable().Complexity();
 }
 
 namespace {

@@ -221,6 +221,19 @@ TEST_F(Clipping, HasTheStatesOfItsTable)
     EXPECT_EQ(GetClipRgn(canvas, copy), 0);
     EXPECT_EQ(ExtSelectClipRgn(canvas, nullptr, RGN_COPY), SIMPLEREGION);
     EXPECT_EQ(ExtSelectClipRgn(canvas, nullptr, RGN_AND), ERROR);
+    const int saved = SaveDC(canvas);
+    RECT box{};
+    for (const RECT& limit : {RECT{2, 2, 20, 15}, RECT{5, 0, 30, 10}}) {
+        IntersectClipRect(canvas, limit.left, limit.top, limit.right, limit.bottom);
+        EXPECT_EQ(SetMetaRgn(canvas), SIMPLEREGION);
+        EXPECT_EQ(GetClipRgn(canvas, copy), 0) << "a limit is no clip region";
+    }
+    SelectClipRgn(canvas, nullptr);
+    GetClipBox(canvas, &box);
+    EXPECT_EQ(RectText(box), "5,2,20,10") << "and stays";
+    RestoreDC(canvas, saved);
+    GetClipBox(canvas, &box);
+    EXPECT_EQ(RectText(box), "0,0,30,20");
 }
 
 TEST_F(Clipping, CombinesWithNoClipAsWithTheSurface)

@@ -192,6 +192,7 @@ QVUI_PLATFORM BOOL FillRgn(HDC dc, HRGN region, HBRUSH brush);
 
 QVUI_PLATFORM int SelectClipRgn(HDC dc, HRGN region);
 QVUI_PLATFORM int ExtSelectClipRgn(HDC dc, HRGN region, int mode);
+QVUI_PLATFORM int SetMetaRgn(HDC dc);
 QVUI_PLATFORM int IntersectClipRect(HDC dc, int left, int top, int right, int bottom);
 QVUI_PLATFORM int ExcludeClipRect(HDC dc, int left, int top, int right, int bottom);
 QVUI_PLATFORM int GetClipBox(HDC dc, RECT* box);
