@@ -448,9 +448,9 @@ void CDUIWindowMgr::DoPaint(HDC hdc)
     BitBlt(memory, box.left, box.top, Width(box), Height(box), hdc, box.left, box.top, SRCCOPY);
     PaintFrameBkgnd(memory);
     PaintClientArea(memory);
-    SelectClipRgn(memory, nullptr);
     BitBlt(hdc, box.left, box.top, Width(box), Height(box), memory, box.left, box.top, SRCCOPY);
     SelectObject(memory, old);
+    SetMetaRgn(memory);
     DeleteDC(memory);
 }
 

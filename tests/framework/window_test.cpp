@@ -68,6 +68,43 @@ TEST_F(WindowMgr, PaintsTheFrameThenTheTreeAndOnlyWhatChanged)
     EXPECT_EQ(Text(child->lastPaint), "10,10,20,20");
 }
 
+TEST_F(WindowMgr, PaintsTheCentreAndTheCornersOfEveryKindOfFrame)
+{
+    const struct {
+        const char* name;
+        const char* frame;
+        unsigned corner;
+        unsigned centre;
+    } cases[] = {
+        {"colour", "back_color='blue'", 0x0000FF, 0x0000FF},
+        {"straight", "back_color='blue' border_color='red' border_rect='2,2,2,2'", 0xFF0000, 0x0000FF},
+        {"rounded", "back_color='blue' border_color='red' border_rect='2,2,2,2' border_round='30,30'",
+         0x0000FF, 0x0000FF},
+        {"image", "back_color='blue' border_image='strip' border_rect='3,3,3,3'", 0xFF0000, 0xFF0000},
+        {"image alone", "border_image='strip' border_rect='3,3,3,3'", 0xFF0000, 0xFF0000},
+        {"image, no centre", "border_image='strip' border_rect='30,3,30,3'", 0xFF0000, 0xFF0000},
+        {"gradient", "back_color='green,green'", 0x00FF00, 0x00FF00},
+    };
+    SkinAdditions additions;
+    for (const auto& c : cases)
+        additions.frameStyles += std::string("<frame_style name='") + c.name + "' " + c.frame + "/>";
+    UseSkin(additions);
+    Probe::Register();
+    for (const auto& c : cases) {
+        ControlWindow window({60, 40}, std::string("<window frame_style='") + c.name +
+                                           "'><probe name='root'><probe name='filler'/></probe></window>");
+        const ClientPixels whole = window.Paint();
+        EXPECT_EQ(whole.At(0, 0), c.corner) << c.name;
+        EXPECT_EQ(whole.At(30, 19), c.centre) << c.name;
+        const RECT stale{0, 0, 35, 25};
+        const HDC hdc = GetDC(window.Handle());
+        FillRect(hdc, &stale, static_cast<HBRUSH>(GetStockObject(GRAY_BRUSH)));
+        ReleaseDC(window.Handle(), hdc);
+        window.InvalidateRect(&stale, TRUE);
+        EXPECT_EQ(window.Paint().pixels, whole.pixels) << c.name << ", a part of it";
+    }
+}
+
 TEST_F(WindowMgr, LaysOutAndPaintsAnewWhenItsSizeChanges)
 {
     ControlWindow window(
