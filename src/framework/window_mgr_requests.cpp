@@ -3,6 +3,7 @@
 #include <iterator>
 #include <utility>
 
+#include <qvui/foundation/trace.h>
 #include <qvui/framework/window_mgr.h>
 
 #include "framework/window_mgr_target.h"
@@ -14,7 +15,7 @@ namespace {
 
 constexpr LRESULT kDone = 0;
 constexpr LRESULT kRefused = 1;
-constexpr UINT_PTR kMostTimers = 1023;
+constexpr UINT_PTR kMostTimers = DUITIMER_FIRST_FREE - 1;
 
 }  // namespace
 
@@ -199,8 +200,13 @@ LRESULT CDUIWindowMgr::OnTimer(UINT, WPARAM wParam, LPARAM lParam, BOOL&)
     const auto found = std::find_if(m_timers.begin(), m_timers.end(), [wParam](const Timer& timer) {
         return timer.record.nNativeID == LOWORD(wParam);
     });
-    if (found == m_timers.end())
+    if (found == m_timers.end()) {
+        if (const UINT id = LOWORD(wParam); id != 0 && id < DUITIMER_FIRST_FREE)
+            CTrace::TraceWarning(
+                "CDUIWindowMgr::OnTimer: no control has the timer(%u), ids below %u are theirs", id,
+                static_cast<UINT>(DUITIMER_FIRST_FREE));
         return 0;
+    }
     IDUIControl* const owner = found->owner;
     if (!owner) {
         RemoveTimers([](const Timer& timer) { return !timer.owner; });

@@ -283,6 +283,7 @@ TEST_F(Notifications, ForgetControlsThatLeaveWhateverAnOverrideDoes)
     deaf.GetRootControl()->RemoveControl(a);
     EXPECT_EQ(deaf.GetFocusControl(), nullptr);
     deaf.mouse.MoveTo({20, 15}).Release();
+    traces.Expect("no control has the timer(1)");
     SendMessageA(deaf.Handle(), WM_TIMER, 1, 0);
 }
 
@@ -297,7 +298,9 @@ TEST_F(Notifications, NumberTimersFromTheSmallestFreeId)
     a->KillTimer(7);
     EXPECT_TRUE(b->SetTimer(8, 1000));
     SendMessageA(window->Handle(), WM_TIMER, 1, 0);
+    traces.Expect("no control has the timer(3)");
     SendMessageA(window->Handle(), WM_TIMER, 3, 0);
+    EXPECT_EQ(traces.Lines().size(), 1U);
     EXPECT_EQ(TakeEvents(), "b TIMER self, b timer 7, b TIMER self, b timer 8");
     tagDUINotify request{99, a, 0, 0, nullptr};
     EXPECT_EQ(window->OnControlRequest(request), 1) << "no such request";
@@ -317,6 +320,8 @@ TEST_F(Notifications, RefuseTheTimerAfterTheLastId)
     TakeEvents();
     SendMessageA(window->Handle(), WM_TIMER, 500, 0);
     EXPECT_EQ(TakeEvents(), "a TIMER self, a timer 1024");
+    SendMessageA(window->Handle(), WM_TIMER, DUITIMER_FIRST_FREE, 0);
+    EXPECT_TRUE(traces.Lines().empty()) << "the application's first";
 }
 
 }  // namespace

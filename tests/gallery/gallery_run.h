@@ -39,8 +39,10 @@ public:
     GalleryTest() : m_liveBefore(DUI::CRefCountBase::GetLiveCount()) {}
     ~GalleryTest() override;
 
+protected:
+    TraceLog traces;
+
 private:
-    TraceLog m_traces;
     LeakCheck m_leaks;
     std::size_t m_liveBefore;
 };

@@ -312,3 +312,4 @@ TEST_F(MonkeyTest, AnyOrderOfEventsOnEveryPageLeavesNothingBehind)
 
 }  // namespace
 }  // namespace qvui::test
+    traces.Expect("CDUIWindowMgr::OnTimer");  // of timers that are not there

@@ -27,14 +27,25 @@ enum DUINCSTYLE : DWORD {
     DUINCSTYLE_SIZE_NC = 0x8,    // "size_nc": with custom_nc, the frame has sizing borders
 };
 
+/// The first timer id that an application may use on a window with a manager: SetTimer of the platform, in
+/// the low 16 bits of the id. Those from 1 to the one below are the manager's, which gives them to the timers
+/// of its controls; an application's timer with such an id would replace one of theirs or be replaced by it.
+inline constexpr UINT_PTR DUITIMER_FIRST_FREE = 1024;
+
 /// Hosts one control tree in one native window.
 ///
 /// The application's window class creates the window and has a manager, usually by deriving from it. It calls
 /// CreateFromResource or CreateFromXML, then InitWindowMgr once the window exists and FinishWindowMgr before
 /// it goes; passes its messages to ProcessWindowMessage and maps WM_PAINT and WM_TIMER to OnPaint and
 /// OnTimer; adds the manager to the application's message loop as a filter and removes it at the end; and
-/// overrides OnDUINotify. The skin attributes of the "window" element are frame_style, client_margin,
-/// nc_style, caption_height and name.
+/// overrides OnDUINotify. Timers of its own have ids from DUITIMER_FIRST_FREE on. The skin attributes of the
+/// "window" element are frame_style, client_margin, nc_style, caption_height and name.
+///
+/// While a control is pressed, the window holds the native capture, so that moves and the release arrive from
+/// outside the window too. A press on a layout container takes none, since the application may move the
+/// window by it. WM_CAPTURECHANGED, when something else takes the capture, ends the press without a release:
+/// the control is left by the pointer and gets no more moves of the press. A WM_MOUSELEAVE during a press is
+/// ignored, since nothing leaves a window that has the capture.
 ///
 /// A handler may do anything while it is called: move, remove or destroy its sender or the whole tree, move
 /// the focus, switch the skin, close the window, finish or delete the manager, build another tree. What it
@@ -174,6 +185,9 @@ protected:
 
     // Handlers. Those that ProcessWindowMessage does not map are for the application's window class to map.
     LRESULT OnPaint(UINT uMsg, WPARAM wParam, LPARAM lParam, BOOL& bHandled);
+    /// Gives a control's timer to the control. Any other is the application's, which looks at its own ids,
+    /// from DUITIMER_FIRST_FREE on, before or after this; one with an id of the manager's leaves a trace
+    /// line.
     LRESULT OnTimer(UINT uMsg, WPARAM wParam, LPARAM lParam, BOOL& bHandled);
     LRESULT OnEraseBkgnd(UINT uMsg, WPARAM wParam, LPARAM lParam, BOOL& bHandled);
     /// The hover control's tooltip, cut to 79 bytes, into a text buffer of at least 80.
