@@ -63,6 +63,7 @@ CDUIWindowMgr::CDUIWindowMgr() = default;
 CDUIWindowMgr::~CDUIWindowMgr()
 {
     m_isEnding = true;
+    m_holdsMouse = false;  // to let go of it would be told to a window procedure that works on this object
     FinishWindowMgr();
     ForgetAllHandlers();
     for (const CWeakPtr<IDUIControl>& root : m_handedOut) {
@@ -170,6 +171,11 @@ void CDUIWindowMgr::FinishWindowMgr()
     // Released at the very end: its destructor may end the manager.
     const CRefPtr<IDUIControl> root = m_pRoot;
     if (!DetachTree())
+        return;
+    const Target alive(*this, nullptr);
+    const unsigned tree = m_nTrees;
+    HoldMouse(false);
+    if (!alive.IsManagerAlive() || tree != m_nTrees)
         return;
     ++m_nTrees;
     m_pRoot = nullptr;
@@ -443,14 +449,16 @@ void CDUIWindowMgr::DoPaint(HDC hdc)
     const HGDIOBJ old = SelectObject(memory, m_backBuffer.GetBitmap());
     // A new context combines the pixels that it leaves out when a picture shrinks, which shows as dark lines.
     SetStretchBltMode(memory, COLORONCOLOR);
-    // Only what the context will take is copied, painted and copied back.
+    // Only what the context will take is copied, painted and copied back. The limit is no clip region: image
+    // and rounded frames leave out their centre and their corners where a context has one, and then nothing
+    // would paint there.
     IntersectClipRect(memory, box.left, box.top, box.right, box.bottom);
+    SetMetaRgn(memory);
     BitBlt(memory, box.left, box.top, Width(box), Height(box), hdc, box.left, box.top, SRCCOPY);
     PaintFrameBkgnd(memory);
     PaintClientArea(memory);
     BitBlt(hdc, box.left, box.top, Width(box), Height(box), memory, box.left, box.top, SRCCOPY);
     SelectObject(memory, old);
-    SetMetaRgn(memory);
     DeleteDC(memory);
 }
 

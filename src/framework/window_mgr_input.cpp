@@ -82,6 +82,7 @@ const CDUIWindowMgr::MessageEntry CDUIWindowMgr::kMessages[] = {
     {WM_ERASEBKGND, &CDUIWindowMgr::OnEraseBkgnd},
     {WM_NCMOUSEMOVE, &CDUIWindowMgr::OnNcMouseMove},
     {WM_NCLBUTTONDOWN, &CDUIWindowMgr::OnLButtonDown},
+    {WM_CAPTURECHANGED, &CDUIWindowMgr::OnCaptureChanged},
     {WM_NOTIFY, &CDUIWindowMgr::OnNotifyDisplayTooltip},
 };
 
@@ -201,19 +202,44 @@ LRESULT CDUIWindowMgr::OnNcMouseMove(UINT, WPARAM, LPARAM, BOOL& bHandled)
     return 0;
 }
 
-// A move to where no control is.
+// A move to where no control is. A window that holds the mouse is not left: its moves say where the pointer
+// is.
 bool CDUIWindowMgr::EndHover(BOOL& bHandled)
 {
     constexpr LPARAM kOutside = MAKELPARAM(0xFFFF, 0xFFFF);
-    if (!RouteMove(PointerEvent(DUIEVENT_MOUSEMOVE, nullptr, 0, kOutside), bHandled))
+    if (!m_holdsMouse && !RouteMove(PointerEvent(DUIEVENT_MOUSEMOVE, nullptr, 0, kOutside), bHandled))
         return false;
     m_bTracking = FALSE;
     return true;
 }
 
+// SetCapture and ReleaseCapture tell the window that loses the mouse, whose handlers may do anything.
+void CDUIWindowMgr::HoldMouse(bool isHeld)
+{
+    const bool isReleased = m_holdsMouse && !isHeld;
+    m_holdsMouse = isHeld;
+    if (isHeld)
+        SetCapture(m_hWnd);
+    else if (isReleased && GetCapture() == m_hWnd)
+        ReleaseCapture();
+}
+
+LRESULT CDUIWindowMgr::OnCaptureChanged(UINT, WPARAM, LPARAM lParam, BOOL& bHandled)
+{
+    bHandled = FALSE;
+    // The release of the press will not arrive.
+    if (m_holdsMouse && reinterpret_cast<HWND>(lParam) != m_hWnd) {
+        m_holdsMouse = false;
+        m_pCapture = nullptr;
+        BOOL bEventHandled = FALSE;
+        EndHover(bEventHandled);
+    }
+    return 0;
+}
+
 // --- buttons and wheel -------------------------------------------------------------------------------------
 
-LRESULT CDUIWindowMgr::OnLButtonDown(UINT, WPARAM wParam, LPARAM lParam, BOOL& bHandled)
+LRESULT CDUIWindowMgr::OnLButtonDown(UINT uMsg, WPARAM wParam, LPARAM lParam, BOOL& bHandled)
 {
     bHandled = FALSE;
     tagDUIEvent event = PointerEvent(DUIEVENT_LBUTTONDOWN, nullptr, wParam, lParam);
@@ -223,9 +249,10 @@ LRESULT CDUIWindowMgr::OnLButtonDown(UINT, WPARAM wParam, LPARAM lParam, BOOL& b
         return 0;
     bHandled = FALSE;
     m_pCapture = pressed.Get();
+    const BOOL isControl = pressed && !IsLayoutContainer(pressed.Get());
+    HoldMouse(isControl && uMsg == WM_LBUTTONDOWN);
     if (!pressed)
         return 0;
-    const BOOL isControl = !IsLayoutContainer(pressed.Get());
     if (pressed->GetStyle() & DUISTYLE_TABSTOP)
         pressed->SetFocus(TRUE);
     BOOL bEventHandled = FALSE;
@@ -268,9 +295,11 @@ LRESULT CDUIWindowMgr::OnLButtonUp(UINT, WPARAM wParam, LPARAM lParam, BOOL& bHa
 {
     bHandled = FALSE;
     tagDUIEvent event = PointerEvent(DUIEVENT_LBUTTONUP, m_pCapture, wParam, lParam);
-    if (!m_pCapture)
-        return 0;
     Target captured(*this, m_pCapture);
+    // Before the event, whose handler may open a window that needs the mouse.
+    HoldMouse(false);
+    if (!captured)
+        return 0;
     const bool isThumb = Answers(m_pCapture, "SBThumButton") || Answers(m_pCapture, "track_bar_thumb");
     IDUIControl* const found = isThumb ? captured.Get() : FindControl(&event.ptMouse);
     bHandled = isThumb || !found || IsLayoutContainer(found);
@@ -290,12 +319,14 @@ LRESULT CDUIWindowMgr::OnLButtonDBClick(UINT, WPARAM wParam, LPARAM lParam, BOOL
 {
     bHandled = FALSE;
     tagDUIEvent event = PointerEvent(DUIEVENT_LBUTTONDBLCLK, nullptr, wParam, lParam);
-    IDUIControl* const found = FindControl(&event.ptMouse);
+    Target found(*this, FindControl(&event.ptMouse));
     if (!found)
         return 0;
-    event.pSender = m_pCapture = found;
+    event.pSender = m_pCapture = found.Get();
+    HoldMouse(!IsLayoutContainer(found.Get()));
     BOOL bEventHandled = FALSE;
-    Deliver(found, event, bEventHandled);
+    if (found)
+        found->OnDUIEvent(event, bEventHandled);
     return 0;
 }
 

@@ -73,18 +73,31 @@ TEST_F(PointerRouting, KeepsMovesWithTheControlThatWasPressed)
     EXPECT_EQ(TakeEvents(), "a LEAVE b, a MOVE -");
     window->mouse.MoveTo({75, 15});
     EXPECT_EQ(TakeEvents(), "a MOVE -");
+    SendMessageA(window->Handle(), WM_MOUSELEAVE, 0, 0);
+    EXPECT_EQ(TakeEvents(), "") << "nothing leaves a window that holds the mouse";
     window->mouse.MoveTo({20, 15});
     EXPECT_EQ(TakeEvents(), "a ENTER -, a MOVE -");
     window->mouse.MoveTo({45, 15});
     TakeEvents();
     window->mouse.Release();
     EXPECT_EQ(TakeEvents(), "");
+    EXPECT_EQ(GetCapture(), nullptr);
     window->mouse.MoveTo({46, 15});
     EXPECT_EQ(TakeEvents(), "b ENTER -, b MOVE self");
+    window->mouse.Press();
+    EXPECT_EQ(GetCapture(), window->Handle());
+    TakeEvents();
+    ReleaseCapture();
+    EXPECT_EQ(TakeEvents(), "b LEAVE -") << "the mouse was taken away";
+    window->mouse.MoveTo({75, 15}).Release();
+    EXPECT_EQ(TakeEvents(), "c ENTER -, c MOVE self");
 }
 
 TEST_F(PointerRouting, ReleasesToThePressedControlWhenItIsStillUnderThePointer)
 {
+    window->Find<Probe>("a")->onEvent = [](const tagDUIEvent& event, BOOL&) {
+        EXPECT_TRUE(event.Type != DUIEVENT_LBUTTONUP || !GetCapture()) << "the handler may want the mouse";
+    };
     window->mouse.Press({15, 15}).Release();
     EXPECT_EQ(TakeEvents(), "root LEAVE a, a ENTER -, a MOVE self, a DOWN self, a UP self");
     SendMessageA(window->Handle(), WM_LBUTTONUP, 0, MAKELPARAM(15, 15));
@@ -108,6 +121,7 @@ TEST_F(PointerRouting, LeavesPressesOnContainersToTheApplication)
     EXPECT_TRUE(IsHandled(WM_LBUTTONDOWN, {15, 15}, MK_LBUTTON));
     EXPECT_FALSE(IsHandled(WM_LBUTTONUP, {15, 15}));
     EXPECT_FALSE(IsHandled(WM_LBUTTONDOWN, {60, 15}, MK_LBUTTON));
+    EXPECT_EQ(GetCapture(), nullptr) << "the application may move the window";
     EXPECT_TRUE(IsHandled(WM_LBUTTONUP, {60, 15}));
     TakeEvents();
     SendMessageA(window->Handle(), WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(60, 15));

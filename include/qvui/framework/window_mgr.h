@@ -229,6 +229,7 @@ private:
     LRESULT OnKillFocus(UINT uMsg, WPARAM wParam, LPARAM lParam, BOOL& bHandled);
     LRESULT OnNcActivate(UINT uMsg, WPARAM wParam, LPARAM lParam, BOOL& bHandled);
     LRESULT OnNcMouseMove(UINT uMsg, WPARAM wParam, LPARAM lParam, BOOL& bHandled);
+    LRESULT OnCaptureChanged(UINT uMsg, WPARAM wParam, LPARAM lParam, BOOL& bHandled);
     LRESULT OnNotifyDisplayTooltip(UINT uMsg, WPARAM wParam, LPARAM lParam, BOOL& bHandled);
 
     // Input
@@ -238,6 +239,7 @@ private:
     bool RouteMove(tagDUIEvent event, BOOL& bHandled);
     bool MoveHover(Target& found, const tagDUIEvent& move, BOOL& bHandled);
     bool EndHover(BOOL& bHandled);
+    void HoldMouse(bool isHeld);
     /// False when the manager has gone. A control that is being told already is not told again.
     bool LoseFocus(IDUIControl* sender, tagDUIEvent event, BOOL& bHandled);
     bool IsOwnMessage(const MSG& message) const;
@@ -301,6 +303,7 @@ private:
     CWeakPtr<IDUIControl> m_pCapture;
     POINT m_ptLast{-1, -1};
     BOOL m_bTracking = FALSE;
+    bool m_holdsMouse = false;  // the window has the native capture for a press
     struct Timer {
         DUITimerRecord record;
         CWeakPtr<IDUIControl> owner;
