@@ -198,8 +198,7 @@ LRESULT CDUISplitBase::ProcessEvent(const tagDUIEvent& event, BOOL& bHandled)
     const bool isOnBar = PtInRect(&bar, event.ptMouse) != FALSE;
     switch (event.Type) {
         case DUIEVENT_SETCURSOR:
-            if (isOnBar)
-                ShowCursor();
+            ShowCursor(isOnBar || m_bDragging);
             break;
         case DUIEVENT_LBUTTONDOWN:
             if (isOnBar)
@@ -209,20 +208,22 @@ LRESULT CDUISplitBase::ProcessEvent(const tagDUIEvent& event, BOOL& bHandled)
             OnLButtonUp();
             break;
         case DUIEVENT_MOUSEMOVE:
+            // Moves of a press have no sender: with one, the press ended elsewhere.
+            if (event.pSender)
+                OnLButtonUp();
             OnMouseMove(event.ptMouse);
             break;
         default:
-            if (event.Type == DUIEVENT_MOUSEENTER && !(event.wKeyState & MK_LBUTTON))
-                OnLButtonUp();
             return bHandled ? 0 : CDUIControlBase::ProcessEvent(event, bHandled);
     }
     bHandled = TRUE;
     return 0;
 }
 
-void CDUISplitBase::ShowCursor()
+// The panes' ground is the splitter's too where a pane is transparent.
+void CDUISplitBase::ShowCursor(bool isResize)
 {
-    ::SetCursor(LoadCursorA(nullptr, IsVertical() ? IDC_SIZENS : IDC_SIZEWE));
+    ::SetCursor(LoadCursorA(nullptr, !isResize ? IDC_ARROW : IsVertical() ? IDC_SIZENS : IDC_SIZEWE));
 }
 
 LRESULT CDUISplitBase::OnLButtonDown()

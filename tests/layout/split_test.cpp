@@ -4,6 +4,7 @@
 
 #include "layout/shapes.h"
 #include "support/controls/control_test.h"
+#include "support/synthetic_input.h"
 
 namespace qvui::test {
 namespace {
@@ -214,6 +215,19 @@ TEST_F(SplitDrag, EndsWithAReleaseThatWentElsewhere)
 
     window.mouse.Press({72, 20}).MoveTo({20, 20}).MoveTo({73, 20});
     EXPECT_EQ(Position(window), 63) << "the button is still held";
+    window.mouse.Leave();
+    EXPECT_EQ(Position(window), 63) << "the pointer was said to leave";
+    ReleaseCapture();
+    window.mouse.MoveTo({74, 20}).MoveTo({90, 20});
+    EXPECT_EQ(Position(window), 63) << "something else took the mouse";
+    window.mouse.Release();
+
+    SyntheticInput person;
+    const auto at = [&window](int x) { return SyntheticInput::At(window.Handle(), x, 20); };
+    person.MoveTo(at(75)).Press().MoveTo(at(200)).MoveTo(at(500));
+    EXPECT_EQ(Position(window), 315) << "outside the window";
+    person.Release().MoveTo(at(200)).MoveTo(at(327)).MoveTo(at(300));
+    EXPECT_EQ(Position(window), 315) << "back after a release out there";
 }
 
 TEST_F(SplitDrag, KeepsTheDraggedProportion)
@@ -233,14 +247,19 @@ TEST_F(SplitDrag, ShowsItsCursorOnTheBar)
 {
     for (const char* tag : {"horz_split", "vert_split"}) {
         ControlWindow window({100, 100}, std::string("<") + tag +
-                                             " name=\"s\" split_pos=\"50\"><canvas/><canvas/></" + tag + ">");
-        SetCursor(LoadCursorA(nullptr, IDC_ARROW));
-        window.mouse.MoveTo({52, 52});
-        SendMessageA(window.Handle(), WM_SETCURSOR, reinterpret_cast<WPARAM>(window.Handle()),
-                     MAKELPARAM(HTCLIENT, WM_MOUSEMOVE));
-        EXPECT_EQ(GetCursor(),
-                  LoadCursorA(nullptr, std::string(tag) == "horz_split" ? IDC_SIZEWE : IDC_SIZENS))
-            << tag;
+                                             " name=\"s\" split_pos=\"50\"><vert_layout/><vert_layout/></" +
+                                             tag + ">");
+        const auto* const resize = std::string(tag) == "horz_split" ? IDC_SIZEWE : IDC_SIZENS;
+        const auto cursorAt = [&window](POINT point) {
+            window.mouse.MoveTo(point);
+            SendMessageA(window.Handle(), WM_SETCURSOR, reinterpret_cast<WPARAM>(window.Handle()),
+                         MAKELPARAM(HTCLIENT, WM_MOUSEMOVE));
+            return GetCursor();
+        };
+        EXPECT_EQ(cursorAt({52, 52}), LoadCursorA(nullptr, resize)) << tag;
+        EXPECT_EQ(cursorAt({20, 20}), LoadCursorA(nullptr, IDC_ARROW)) << tag << ", over a transparent pane";
+        window.mouse.Press({52, 52});
+        EXPECT_EQ(cursorAt({90, 5}), LoadCursorA(nullptr, resize)) << tag << ", dragged";
     }
 }
 

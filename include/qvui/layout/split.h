@@ -21,8 +21,9 @@ enum SPLIT_RESIZE : DWORD {
 /// without the bar. The share is that of the last position that was set, by a drag, SetSplitPos or split_pos;
 /// resizes do not change it, so a window that shrinks and grows again comes back to where it was.
 ///
-/// A drag ends with the release of the left button, and also when the pointer comes back without the button
-/// after a release that went to another control.
+/// A drag ends with the release of the left button; when that goes to another control, with the next move
+/// over the bar. The resize cursor shows on the bar, and during a drag; elsewhere between the edges the arrow
+/// does.
 ///
 /// Skin attributes: split_style, split_pos, split_min.
 class QVUI_API CDUISplitBase : public ControlOf<CDUISplitBase, CDUIControlBase> {
@@ -72,7 +73,7 @@ protected:
 
 private:
     RECT GetPlacedContent();
-    void ShowCursor();
+    void ShowCursor(bool isResize);
 
     int m_nSplitPos = 0;
     int m_nFirstMin = 0;
