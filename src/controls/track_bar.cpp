@@ -341,6 +341,8 @@ bool CDUITrackBarBase::HandleEvent(const tagDUIEvent& event)
                 SetThumbPos(CalculateThumbPos(event.ptMouse));
             return true;
         case DUIEVENT_MOUSEMOVE:
+            // Moves of a press have no sender: with one, the press ended elsewhere.
+            m_bDragging = m_bDragging && !event.pSender;
             if (!m_bDragging)
                 return false;
             SetThumbPos(CalculateThumbPos(event.ptMouse));

@@ -166,6 +166,10 @@ TEST_F(TrackBar, ABarThatIsDisabledOrDetachedLetsGoOfTheDrag)
     window.mouse.MoveTo({45, 5});
     EXPECT_EQ(window.TakeNotifications(), Moved({}));
     window.mouse.Press({5, 5});
+    ReleaseCapture();
+    window.mouse.MoveTo({7, 5}).MoveTo({45, 5}).Release();
+    EXPECT_EQ(window.TakeNotifications(), Moved({})) << "something else took the mouse";
+    window.mouse.Press({5, 5});
     EXPECT_EQ(GetCapture(), window.Handle());
     window.bar.DetachWindow();
     EXPECT_EQ(GetCapture(), nullptr);
