@@ -55,6 +55,7 @@ private:
     void Click();
     void DoubleClick();
     void Drag();
+    void DragOut();
     void Leave();
     void Wheel();
     void Key();
@@ -67,7 +68,11 @@ private:
     void RemoveControl();
     /// Returns the control that was removed last to its place.
     void PutBack();
+    void Reorder();
+    void MoveToOtherParent();
 
+    /// The control under any point, null when it has no parent.
+    DUI::CRefPtr<DUI::IDUIControl> AnyControl();
     int Below(int end) { return static_cast<int>(m_random() % static_cast<unsigned>(end)); }
     LPARAM AnyPoint();
     /// Whether to leave a control alone that makes the whole window anew, as most of the time.
@@ -82,12 +87,13 @@ private:
 };
 
 const Monkey::Action Monkey::kActions[] = {
-    {300, &Monkey::Move},        {60, &Monkey::Press},       {60, &Monkey::Release},
-    {150, &Monkey::Click},       {50, &Monkey::DoubleClick}, {40, &Monkey::Drag},
-    {5, &Monkey::Leave},         {60, &Monkey::Wheel},       {150, &Monkey::Key},
-    {60, &Monkey::Timer},        {40, &Monkey::Paint},       {20, &Monkey::DeliverQueue},
-    {4, &Monkey::Resize},        {2, &Monkey::SwitchSkin},   {4, &Monkey::SwitchFocus},
-    {8, &Monkey::RemoveControl}, {8, &Monkey::PutBack}};
+    {300, &Monkey::Move},        {60, &Monkey::Press},           {60, &Monkey::Release},
+    {150, &Monkey::Click},       {50, &Monkey::DoubleClick},     {40, &Monkey::Drag},
+    {5, &Monkey::Leave},         {60, &Monkey::Wheel},           {150, &Monkey::Key},
+    {60, &Monkey::Timer},        {40, &Monkey::Paint},           {20, &Monkey::DeliverQueue},
+    {4, &Monkey::Resize},        {2, &Monkey::SwitchSkin},       {4, &Monkey::SwitchFocus},
+    {8, &Monkey::RemoveControl}, {8, &Monkey::PutBack},          {20, &Monkey::DragOut},
+    {8, &Monkey::Reorder},       {8, &Monkey::MoveToOtherParent}};
 
 void Monkey::Use(const std::string& page, int events)
 {
@@ -212,6 +218,25 @@ void Monkey::Drag()
     Release();
 }
 
+// Out of the window with the button held, and released out there; sometimes something else takes the mouse.
+void Monkey::DragOut()
+{
+    constexpr POINT kOutside[] = {{-30, 100}, {kLargest.cx + 30, 100}, {100, -30}, {100, kLargest.cy + 30}};
+    const POINT& outside = kOutside[Below(static_cast<int>(std::size(kOutside)))];
+    const LPARAM end = MAKELPARAM(outside.x, outside.y);
+    const LPARAM start = AnyPoint();
+    Send(WM_MOUSEMOVE, 0, start);
+    PostMessageA(m_run.Handle(), WM_LBUTTONUP, 0, end);
+    Send(WM_LBUTTONDOWN, MK_LBUTTON, start);
+    Send(WM_MOUSEMOVE, MK_LBUTTON, AnyPoint());
+    Leave();
+    if (Below(4) == 0)
+        ReleaseCapture();
+    Send(WM_MOUSEMOVE, MK_LBUTTON, end);
+    Send(WM_LBUTTONUP, 0, end);
+    EXPECT_TRUE(!m_run.IsOpen() || GetCapture() != m_run.Handle()) << "the mouse is still held";
+}
+
 void Monkey::Leave()
 {
     Send(WM_MOUSELEAVE, 0, 0);
@@ -274,17 +299,47 @@ void Monkey::SwitchFocus()
     Send(WM_KILLFOCUS, 0, 0);
 }
 
-void Monkey::RemoveControl()
+DUI::CRefPtr<DUI::IDUIControl> Monkey::AnyControl()
 {
     const LPARAM at = AnyPoint();
     POINT point{static_cast<short>(LOWORD(at)), static_cast<short>(HIWORD(at))};
     DUI::IDUIControl* const control = m_run.Window().FindControl(&point);
-    DUI::IDUIControl* const parent = control ? control->GetParent() : nullptr;
-    if (!parent || m_removed.size() == kMostRemoved)
+    return control && control->GetParent() ? control : nullptr;
+}
+
+void Monkey::RemoveControl()
+{
+    const DUI::CRefPtr<DUI::IDUIControl> removed = AnyControl();
+    if (removed.IsNull() || m_removed.size() == kMostRemoved)
         return;
-    const DUI::CRefPtr<DUI::IDUIControl> removed(control);
+    DUI::IDUIControl* const parent = removed->GetParent();
     m_removed.push_back({removed, parent, parent->GetControlIndex(removed)});
     parent->RemoveControl(removed);
+}
+
+void Monkey::Reorder()
+{
+    const DUI::CRefPtr<DUI::IDUIControl> control = AnyControl();
+    if (control.IsNull())
+        return;
+    const DUI::CRefPtr<DUI::IDUIControl> parent = control->GetParent();
+    // One index too many now and then, which takes the control out.
+    if (!parent->SetControlIndex(control, Below(parent->GetControlCount() + 1)))
+        parent->AddControl(control);
+}
+
+void Monkey::MoveToOtherParent()
+{
+    const DUI::CRefPtr<DUI::IDUIControl> control = AnyControl();
+    const DUI::CRefPtr<DUI::IDUIControl> target = AnyControl();
+    if (control.IsNull() || target.IsNull())
+        return;
+    const DUI::CRefPtr<DUI::IDUIControl> from = control->GetParent();
+    const DUI::CRefPtr<DUI::IDUIControl> to = target->GetParent();
+    from->RemoveControl(control);
+    // A list, for one, takes only its own kind; and nothing moves into itself.
+    if (!to->AddControlAt(to->GetControlIndex(target), control))
+        from->AddControl(control);
 }
 
 void Monkey::PutBack()
@@ -300,6 +355,7 @@ class MonkeyTest : public GalleryTest {};
 
 TEST_F(MonkeyTest, AnyOrderOfEventsOnEveryPageLeavesNothingBehind)
 {
+    traces.Expect("CDUIWindowMgr::OnTimer");  // of timers that are not there
     GalleryRun run;
     Monkey monkey(run);
     const int count = static_cast<int>(run.Pages().size());
@@ -312,4 +368,3 @@ TEST_F(MonkeyTest, AnyOrderOfEventsOnEveryPageLeavesNothingBehind)
 
 }  // namespace
 }  // namespace qvui::test
-    traces.Expect("CDUIWindowMgr::OnTimer");  // of timers that are not there
