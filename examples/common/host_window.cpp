@@ -58,16 +58,16 @@ void HostWindow::Show()
                         static_cast<int>(rect.top), static_cast<int>(rect.right),
                         static_cast<int>(rect.bottom));
         }
-    TellOrigin();
+    TellOrigin("client");
     std::puts("ready");
     std::fflush(stdout);
 }
 
-void HostWindow::TellOrigin()
+void HostWindow::TellOrigin(const char* what)
 {
     POINT origin{0, 0};
     ClientToScreen(m_hWindow, &origin);
-    std::printf("client %d %d\n", static_cast<int>(origin.x), static_cast<int>(origin.y));
+    std::printf("%s %d %d\n", what, static_cast<int>(origin.x), static_cast<int>(origin.y));
     std::fflush(stdout);
 }
 
@@ -91,12 +91,19 @@ LRESULT HostWindow::Handle(HWND hWnd, UINT message, WPARAM wParam, LPARAM lParam
             return OnPaint(message, wParam, lParam, bHandled);
         case WM_TIMER:
             return OnTimer(message, wParam, lParam, bHandled);
+        case WM_ENTERSIZEMOVE:
+            TellOrigin("lifted");
+            return 0;
         case WM_EXITSIZEMOVE:
-            TellOrigin();
+            TellOrigin("dropped");
             return 0;
         case WM_DESTROY:
             OnClosed();
             return 0;
+        case WM_MOVE:
+            if (IsWindowVisible(hWnd))
+                TellOrigin("client");
+            [[fallthrough]];
         default:
             if (ProcessWindowMessage(hWnd, message, wParam, lParam, result))
                 return result;

@@ -7,7 +7,8 @@ namespace example {
 /// A native window and the manager of its controls in one: creates the window, takes its messages to the
 /// manager, rebuilds the controls when the language changes, and tells on standard output what happens, line
 /// by line, for whoever drives the program from outside ("ready", "control NAME LEFT TOP RIGHT BOTTOM",
-/// "client X Y" at the start and after every drag of the window, "closed").
+/// "client X Y" at the start and wherever the window moves, "lifted X Y" and "dropped X Y" before and after a
+/// drag of it, "closed").
 class HostWindow : public DUI::CDUIWindowMgr, private DUI::IDUILanguageObserver {
 public:
     HostWindow();
@@ -35,7 +36,7 @@ protected:
 
     /// What BuildControls of every window ends with: the tree is attached and the title set.
     void StartControls();
-    void TellOrigin();
+    void TellOrigin(const char* what);
     static void Tell(const char* what, const char* which);
     static DUI::IDUISkinMgr& Skin() { return *DUIGetAppInstance()->GetSkinMgr(); }
 

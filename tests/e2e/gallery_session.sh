@@ -2,18 +2,20 @@
 # by its caption, both switches are used, and the window is closed by its button. The caller has started the
 # application.
 
-# drag_caption STEP COUNT : drags the window to the right and downwards, and waits for exactly the place that this
-# leads to.
+# drag_caption STEP COUNT : drags the window to the right and downwards. Every step is waited for, and the release
+# leaves the window exactly there.
 drag_caption() {
     local x y left top step
-    read -r x y < <(client_point 400 24)
-    read -r left top < <(client_point 0 0)
+    read -r x y <<<"$(client_point 400 24)"
+    read -r left top <<<"$(client_point 0 0)"
     xdotool mousemove "$x" "$y" mousedown 1
+    wait_for "lifted $left $top"
     for ((step = 1; step <= $2; ++step)); do
         xdotool mousemove $((x + step * $1)) $((y + step * $1 / 2))
+        wait_for "client $((left + step * $1)) $((top + step * $1 / 2))"
     done
     xdotool mouseup 1
-    wait_for "client $((left + $1 * $2)) $((top + $1 * $2 / 2))"
+    wait_for "dropped $((left + $1 * $2)) $((top + $1 * $2 / 2))"
 }
 
 gallery_session() {

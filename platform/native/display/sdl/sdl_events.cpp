@@ -54,6 +54,10 @@ void SdlDisplay::Report(const SDL_Event& event, InputSink& sink)
     switch (event.type) {
         case SDL_SYSWMEVENT:
             m_pointerOfEvent = X11PointerOf(event.syswm);
+            // SDL keeps silent about a move that ends where the pointer was before in a window that moved
+            // along.
+            if (m_pointerOfEvent && SDL_GetMouseFocus())
+                sink.OnPointer(*m_pointerOfEvent);
             break;
         case SDL_MOUSEMOTION:
             sink.OnPointer(ToScreen(event.motion.windowID, event.motion.x, event.motion.y));
