@@ -15,7 +15,7 @@ namespace {
 
 using namespace DUI;
 
-constexpr int kMany = 100000;
+constexpr int kMany = 20000;
 
 /// A row that counts the calls of its container.
 template <class Row>

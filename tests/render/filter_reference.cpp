@@ -3,6 +3,8 @@
 #include <qvui/foundation/color.h>
 
 #include <algorithm>
+#include <map>
+#include <utility>
 
 #include "render/render_test.h"
 
@@ -69,25 +71,26 @@ Model RotatedLeft(const Model& source)
 
 Model Pixelized(const Model& source, int blockSize)
 {
-    Model result = source;
     const int size = std::max(std::min(blockSize, source.Width()), 2);
+    // Which block, counted from the left and from the bottom.
+    const auto blockOf = [&source, size](int x, int y) {
+        return std::pair(x / size, (source.Height() - 1 - y) / size);
+    };
+    std::map<std::pair<int, int>, std::array<int, 5>> sums;  // of the channels, and the count of pixels
     for (int y = 0; y < source.Height(); ++y)
         for (int x = 0; x < source.Width(); ++x) {
-            // Which block, counted from the left and from the bottom.
-            const int column = x / size;
-            const int band = (source.Height() - 1 - y) / size;
-            Model::Channels sums{};
-            int count = 0;
-            for (int by = 0; by < source.Height(); ++by)
-                for (int bx = column * size; bx < std::min((column + 1) * size, source.Width()); ++bx)
-                    if ((source.Height() - 1 - by) / size == band) {
-                        ++count;
-                        for (std::size_t channel = 0; channel < 4; ++channel)
-                            sums[channel] += source.At(bx, by)[channel];
-                    }
+            std::array<int, 5>& sum = sums[blockOf(x, y)];
             for (std::size_t channel = 0; channel < 4; ++channel)
-                result.At(x, y)[channel] = sums[channel] / count;
+                sum[channel] += source.At(x, y)[channel];
+            ++sum[4];
         }
+    Model result = source;
+    for (int y = 0; y < source.Height(); ++y)
+        for (int x = 0; x < source.Width(); ++x)
+            for (std::size_t channel = 0; channel < 4; ++channel) {
+                const std::array<int, 5>& sum = sums[blockOf(x, y)];
+                result.At(x, y)[channel] = sum[channel] / sum[4];
+            }
     return result;
 }
 

@@ -47,7 +47,11 @@ void Canvas::Paint(const PixelAt& pixelAt)
 
 void Canvas::Fill(std::uint32_t pixel)
 {
-    Paint([pixel](int, int) { return pixel; });
+    const std::size_t length = static_cast<std::size_t>(m_width) * m_bytes;
+    for (int x = 0; x < m_width; ++x)
+        Set(x, 0, pixel);
+    for (int y = 1; y < m_height; ++y)
+        std::memcpy(Address(0, y), Address(0, 0), length);
 }
 
 std::vector<std::uint32_t> Canvas::Pixels() const
@@ -74,7 +78,12 @@ void Canvas::Expect(const PixelAt& pixelAt, const std::string& name, std::uint32
 
 void Canvas::ExpectSame(const Canvas& other, const std::string& name) const
 {
-    Expect([&other](int x, int y) { return other.At(x, y); }, name);
+    const std::size_t length = static_cast<std::size_t>(m_width) * m_bytes;
+    bool isSame = m_bytes == other.m_bytes;
+    for (int y = 0; y < m_height && isSame; ++y)
+        isSame = std::memcmp(Address(0, y), other.Address(0, y), length) == 0;
+    if (!isSame)
+        Expect([&other](int x, int y) { return other.At(x, y); }, name);
 }
 
 std::string Canvas::Picture(std::uint32_t background) const
