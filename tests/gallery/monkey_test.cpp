@@ -336,9 +336,8 @@ void Monkey::MoveToOtherParent()
         return;
     const DUI::CRefPtr<DUI::IDUIControl> from = control->GetParent();
     const DUI::CRefPtr<DUI::IDUIControl> to = target->GetParent();
-    from->RemoveControl(control);
     // A list, for one, takes only its own kind; and nothing moves into itself.
-    if (!to->AddControlAt(to->GetControlIndex(target), control))
+    if (!to->AddControlAt(to->GetControlIndex(target), control) && !control->GetParent())
         from->AddControl(control);
 }
 

@@ -21,6 +21,8 @@ class RowIndex;
 /// The list box paints, searches and hits only items in view. Removing an item leaves the numbers of the
 /// selection and of the hovered item as they are. A copy has a scroll bar of its own.
 ///
+/// A double click goes to the item that its first press hit, also when that click scrolled or expanded items.
+///
 /// Skin attributes: select_expand, hover_expand.
 /// Notifications: DUINOTIFY_LISTBOX, lParam the item, wParam 1 an item was clicked (before the selection
 /// changes), 2 double-clicked, 3 selected, 4 the pointer entered an item that is no group header.

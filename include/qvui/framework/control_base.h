@@ -84,6 +84,7 @@ public:
     void BroadcastEvent(const tagDUIEvent& event) override;
     BOOL IsVisible(BOOL bCheckParents) const override;
     BOOL IsEnabled() const override { return (m_dwStatus & DUISTATUS_DISABLED) == 0; }
+    /// Disabling ends a press, too: the control is not pushed any more.
     void SetEnable(BOOL bEnable) override;
     /// Applies the control style again, here and in all children.
     void OnSkinChanged() override;

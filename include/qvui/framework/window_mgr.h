@@ -233,12 +233,14 @@ private:
     LRESULT OnNotifyDisplayTooltip(UINT uMsg, WPARAM wParam, LPARAM lParam, BOOL& bHandled);
 
     // Input
+    /// Takes the message's point as the last one.
     tagDUIEvent PointerEvent(UINT type, IDUIControl* sender, WPARAM wParam, LPARAM lParam);
     /// False when the manager has gone meanwhile.
     bool Deliver(IDUIControl* target, const tagDUIEvent& event, BOOL& bHandled);
     bool RouteMove(tagDUIEvent event, BOOL& bHandled);
     bool MoveHover(Target& found, const tagDUIEvent& move, BOOL& bHandled);
     bool EndHover(BOOL& bHandled);
+    /// Takes or releases the native capture of a press. While the window has it, it is not left by the pointer.
     void HoldMouse(bool isHeld);
     /// False when the manager has gone. A control that is being told already is not told again.
     bool LoseFocus(IDUIControl* sender, tagDUIEvent event, BOOL& bHandled);
