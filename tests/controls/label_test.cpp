@@ -49,7 +49,7 @@ TEST_F(Label, FollowsThePointerUnlessDisabled)
     window.mouse.Press();
     EXPECT_EQ(window.Root().GetStatus(), static_cast<DWORD>(DUISTATUS_HOT | DUISTATUS_PUSHED));
     window.Root().SetEnable(FALSE);
-    window.mouse.Leave();
+    window.mouse.Release().Leave();
     EXPECT_EQ(window.Root().GetStatus(), static_cast<DWORD>(DUISTATUS_DISABLED)) << "neither hot nor pushed";
     window.mouse.Click({5, 5});
     EXPECT_EQ(window.Root().GetStatus(), static_cast<DWORD>(DUISTATUS_DISABLED));
