@@ -5,13 +5,14 @@
 #include "gallery/gallery_run.h"
 
 // Random use of every page: whatever order the events come in, the gallery neither crashes nor leaves
-// anything behind. The seed is fixed; QVUI_MONKEY_EVENTS in the environment sets another number of events.
+// anything behind. Number and seed are fixed; QVUI_MONKEY_EVENTS and QVUI_MONKEY_SEED in the environment set
+// others.
 
 namespace qvui::test {
 namespace {
 
-constexpr int kEvents = 20000;
-constexpr unsigned kSeed = 20240229;
+constexpr int kEvents = 6000;
+constexpr int kSeed = 20240229;
 constexpr SIZE kSmallest{760, 480};
 constexpr SIZE kLargest{1600, 1000};
 // A new language means new controls.
@@ -19,15 +20,19 @@ constexpr int kEventsPerLanguage = 1000;
 constexpr int kPressesPerClose = 8;
 constexpr std::size_t kMostRemoved = 4;
 
-int EventCount()
+int Setting(const char* variable, int otherwise)
 {
-    const char* const value = std::getenv("QVUI_MONKEY_EVENTS");
-    return value && std::atoi(value) > 0 ? std::atoi(value) : kEvents;
+    const char* const value = std::getenv(variable);
+    return value && std::atoi(value) > 0 ? std::atoi(value) : otherwise;
 }
 
 class Monkey {
 public:
-    explicit Monkey(GalleryRun& run) : m_run(run), m_random(kSeed) {}
+    explicit Monkey(GalleryRun& run)
+        : m_run(run),
+          m_random(static_cast<unsigned>(Setting("QVUI_MONKEY_SEED", kSeed)))
+    {
+    }
 
     /// Shows the page and does things to it.
     void Use(const std::string& page, int events);
@@ -358,9 +363,10 @@ TEST_F(MonkeyTest, AnyOrderOfEventsOnEveryPageLeavesNothingBehind)
     GalleryRun run;
     Monkey monkey(run);
     const int count = static_cast<int>(run.Pages().size());
+    const int events = Setting("QVUI_MONKEY_EVENTS", kEvents);
     for (const std::string& page : run.Pages()) {
         SCOPED_TRACE(page);
-        monkey.Use(page, (EventCount() + count - 1) / count);
+        monkey.Use(page, (events + count - 1) / count);
         ASSERT_FALSE(HasFatalFailure());
     }
 }
