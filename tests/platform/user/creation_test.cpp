@@ -44,12 +44,15 @@ TEST_F(Creation, SendsItsMessagesBeforeItReturns)
 TEST_F(Creation, PassesItsParametersAndIsRefusedByTheProcedure)
 {
     CREATESTRUCTA seen{};
-    const auto look = On(
-        WM_NCCREATE, [&](auto& message) { seen = *reinterpret_cast<const CREATESTRUCTA*>(message.lParam); });
+    std::string name;  // the record's is the caller's
+    const auto look = On(WM_NCCREATE, [&](auto& message) {
+        seen = *reinterpret_cast<const CREATESTRUCTA*>(message.lParam);
+        name = seen.lpszName;
+    });
     const PlatformWindow window(
         Popup("named", {1, 2, 31, 42}).Hidden().ExStyled(WS_EX_TOOLWINDOW).Answering(look));
     EXPECT_EQ(Text(RECT{seen.x, seen.y, seen.cx, seen.cy}), "1,2,30,40");
-    EXPECT_STREQ(seen.lpszName, "named");
+    EXPECT_EQ(name, "named");
     EXPECT_EQ(seen.dwExStyle, WS_EX_TOOLWINDOW);
     const Table<UINT, LRESULT, const char*> refusals{{WM_NCCREATE, FALSE, "w NCCREATE NCDESTROY"},
                                                      {WM_CREATE, -1, "w NCCREATE CREATE NCDESTROY"}};
