@@ -5,6 +5,7 @@
 #include <qvui/controls/scroll_bar.h>
 #include <qvui/framework/app.h>
 
+#include "framework/control_guard.h"
 #include "framework/geometry.h"
 
 /// The scroll bar that a scrolling container keeps beside its content. It is none of the container's
@@ -54,10 +55,14 @@ CRefPtr<ScrollBar> Create()
 template <class ScrollBar>
 void Attach(const CRefPtr<ScrollBar>& bar, CDUIControlBase& container)
 {
-    if (bar.IsNull())
+    const CRefPtr<ScrollBar> attached = bar;
+    if (attached.IsNull())
         return;
-    bar->AttachWindow(container.GetControlMgr());
-    bar->SetScrollOwner(&container);
+    const ControlGuard keep(&container);
+    attached->AttachWindow(container.GetControlMgr());
+    // A handler may have ended the container's part in the window, and with it the bar's.
+    if (bar == attached)
+        attached->SetScrollOwner(&container);
 }
 
 /// Gives the bar its look: this broad until its control style ("cs_v_scrollbar", "cs_h_scrollbar") says

@@ -1,5 +1,6 @@
 #include <qvui/framework/control_base.h>
 
+#include <algorithm>
 #include <utility>
 
 #include <qvui/render/render_engine.h>
@@ -138,6 +139,28 @@ SIZE Extent(const CString& text, const CTextStyle& style, UINT format)
 
 unsigned CDUIControlBase::s_nAdditions = 0;
 
+namespace {
+
+// The controls without a parent that were attached: roots, and what an application attached by itself. A
+// window manager that ends finds here what is still attached to it.
+std::vector<CWeakPtr<CDUIControlBase>>& AttachedTops()
+{
+    static auto* const tops = new std::vector<CWeakPtr<CDUIControlBase>>;
+    return *tops;
+}
+
+void NoteAttachedTop(CDUIControlBase& control)
+{
+    std::vector<CWeakPtr<CDUIControlBase>>& tops = AttachedTops();
+    tops.erase(std::remove_if(
+                   tops.begin(), tops.end(),
+                   [&control](const auto& top) { return !top || top == &control || !top->GetControlMgr(); }),
+               tops.end());
+    tops.emplace_back(&control);
+}
+
+}  // namespace
+
 // Calls for each child that is here now and still here when its turn comes. The calls may add, remove and
 // destroy children, and detach this control, but the caller keeps it alive.
 template <class Call>
@@ -217,8 +240,10 @@ void CDUIControlBase::AttachWindow(IDUIControlMgr* pMgr)
     const ControlGuard keep(this);
     if (m_pMgr != pMgr)
         DetachWindow();
-    if (!pMgr)
+    if (!pMgr || (m_pMgr && m_pMgr != pMgr))
         return;
+    if (!m_pParent)
+        NoteAttachedTop(*this);
     // Known before the children have it: those that a handler adds meanwhile are attached by being added, and
     // a handler that detaches this control ends the walk.
     m_pMgr = pMgr;
@@ -228,7 +253,7 @@ void CDUIControlBase::AttachWindow(IDUIControlMgr* pMgr)
         if (m_attachment != Attachment::Joining || m_pMgr != pMgr)
             return;
         const auto* const base = additions == s_nAdditions ? nullptr : dynamic_cast<CDUIControlBase*>(&child);
-        if (!base || base->m_attachment == Attachment::None)
+        if (!base || base->m_pMgr != pMgr)
             child.AttachWindow(pMgr);
     });
     if (m_attachment != Attachment::Joining || m_pMgr != pMgr)
@@ -269,6 +294,10 @@ CDUIControlBase::LeaveScope* CDUIControlBase::LeaveScope::s_pInnermost = nullptr
 void CDUIControlBase::FinishDetaching(const IDUIControlMgr& manager)
 {
     LeaveScope::Finish(manager);
+    const std::vector<CWeakPtr<CDUIControlBase>> tops = AttachedTops();
+    for (const CWeakPtr<CDUIControlBase>& top : tops)
+        if (top && top->m_pMgr == &manager)
+            top->DetachWindow();
 }
 
 // A handler may call this again, for this control or an ancestor: the inner call then does what is left to
@@ -603,8 +632,15 @@ void CDUIControlBase::OnSkinChanged()
 
 void CDUIControlBase::SubclassControl(IDUIControl* pTarget, BOOL bSubclass)
 {
-    if (auto* const target = InterfaceOf<CDUIControlBase>(pTarget, "control_base"))
-        target->MakeExtras().subclass = bSubclass ? this : nullptr;
+    auto* const target = InterfaceOf<CDUIControlBase>(pTarget, "control_base");
+    if (!target)
+        return;
+    // Controls that subclass each other in a circle would pass an event on without end.
+    for (CDUIControlBase* control = this; bSubclass && control;
+         control = InterfaceOf<CDUIControlBase>(control->GetExtras().subclass, "control_base"))
+        if (control == target)
+            return;
+    target->MakeExtras().subclass = bSubclass ? this : nullptr;
 }
 
 LRESULT CDUIControlBase::OnDUIEvent(const tagDUIEvent& event, BOOL& bHandled)

@@ -80,18 +80,20 @@ private:
 
 BOOL CDUIControlBase::BeforeAddControl(CRefPtr<IDUIControl> child)
 {
-    // A control without children holds nobody, so only the others can be an ancestor.
-    if (child.IsNull() || child.GetPtr() == this || IsChild(child.GetPtr()) ||
-        (child->GetControlCount() > 0 && IsInside(child.GetPtr())))
+    if (child.IsNull() || IsInside(child.GetPtr()) || IsChild(child.GetPtr()))
         return FALSE;
+    const ControlGuard keepThis(this);
     if (IDUIControl* const former = child->GetParent(); former && former != this) {
         const ControlGuard keep(former);
-        const ControlGuard keepThis(this);
         former->RemoveControl(child);
-        // A handler may have found another parent for it, or put it above this control.
-        if (child->GetParent() || (child->GetControlCount() > 0 && IsInside(child.GetPtr())))
-            return FALSE;
+    } else {
+        // The root of another window, or one that a window handed out.
+        child->DetachWindow();
     }
+    // A handler may have found another parent for it, or put it above this control.
+    if ((child->GetParent() && child->GetParent() != this) || IsInside(child.GetPtr()) ||
+        IsChild(child.GetPtr()))
+        return FALSE;
     child->SetParent(this);
     return TRUE;
 }
@@ -107,8 +109,8 @@ void CDUIControlBase::AfterAddControl(CRefPtr<IDUIControl> child)
 
 void CDUIControlBase::AfterRemoveControl(CRefPtr<IDUIControl> child)
 {
-    // One that another control holds is none of this one's.
-    if (child.IsNull() || (child->GetParent() && child->GetParent() != this))
+    // What is no child stays as it is.
+    if (child.IsNull() || child->GetParent() != this)
         return;
     const ControlGuard keep(this);
     const unsigned additions = s_nAdditions;

@@ -31,6 +31,14 @@ int Height(const RECT& rect)
     return rect.bottom - rect.top;
 }
 
+// For a root that another window has, or has handed out; the handlers of its end there may do anything.
+void LeaveOtherWindow(IDUIControl* root, const IDUIControlMgr& manager)
+{
+    auto* const control = InterfaceOf<CDUIControlBase>(root, "control_base");
+    if (control && control->GetControlMgr() && control->GetControlMgr() != &manager)
+        control->DetachWindow();
+}
+
 }  // namespace
 
 const AttributeList& CDUIWindowMgr::WindowAttributes()
@@ -66,11 +74,6 @@ CDUIWindowMgr::~CDUIWindowMgr()
     m_holdsMouse = false;  // to let go of it would be told to a window procedure that works on this object
     FinishWindowMgr();
     ForgetAllHandlers();
-    for (const CWeakPtr<IDUIControl>& root : m_handedOut) {
-        auto* const control = InterfaceOf<CDUIControlBase>(root, "control_base");
-        if (control && control->GetControlMgr() == this)
-            control->DetachWindow();
-    }
     CDUIControlBase::FinishDetaching(*this);
     for (Target* target : m_targets)
         target->LoseManager();
@@ -104,6 +107,11 @@ BOOL CDUIWindowMgr::AdoptRoot(CRefPtr<IDUIControl> root, HWND hWnd)
     // A tree that is still attached must not keep a manager that no longer knows it.
     if (m_isEnding || (previous != root && !DetachTree()))
         return FALSE;
+    const Target alive(*this, nullptr);
+    const unsigned before = m_nTrees;
+    LeaveOtherWindow(root.GetPtr(), *this);
+    if (!alive.IsManagerAlive() || before != m_nTrees)
+        return FALSE;
     ++m_nTrees;
     m_pRoot = root;
     m_bLayoutLocked = FALSE;
@@ -114,13 +122,16 @@ BOOL CDUIWindowMgr::AdoptRoot(CRefPtr<IDUIControl> root, HWND hWnd)
         return FALSE;
     m_hWnd = hWnd;
     const unsigned tree = m_nTrees;
-    const Target alive(*this, nullptr);
     LayoutRootControl();
     return alive.IsManagerAlive() && tree == m_nTrees;
 }
 
 bool CDUIWindowMgr::DetachTree()
 {
+    // Another window may have taken the root meanwhile.
+    const auto* const control = InterfaceOf<CDUIControlBase>(m_pRoot.GetPtr(), "control_base");
+    if (control && control->GetControlMgr() != this)
+        m_isAttached = false;
     if (!m_isAttached)
         return true;
     const unsigned tree = m_nTrees;
@@ -148,6 +159,9 @@ void CDUIWindowMgr::InitWindowMgr()
         m_isAttached = true;
         const unsigned tree = m_nTrees;
         Target root(*this, m_pRoot.GetPtr());
+        LeaveOtherWindow(root.Get(), *this);
+        if (!root.IsManagerAlive() || tree != m_nTrees)
+            return;
         root->AttachWindow(this);
         // A handler may have finished this tree, or started another one.
         if (!root.IsManagerAlive() || tree != m_nTrees)
@@ -194,8 +208,7 @@ CRefPtr<IDUIControl> CDUIWindowMgr::DetachRootControl()
     CRefPtr<IDUIControl> root = m_pRoot;
     ++m_nTrees;
     m_pRoot = nullptr;
-    if (std::exchange(m_isAttached, false))
-        m_handedOut.push_back(root.GetPtr());
+    m_isAttached = false;
     m_pCapture = m_pHover = m_pFocus = nullptr;
     ForgetNames();
     return root;

@@ -251,9 +251,16 @@ void CDUIWindowMgr::ForgetPointers(const IDUIControl* control)
         m_pHover = nullptr;
     if (IsMoving(control))
         return;
-    for (CWeakPtr<IDUIControl>* const pointer : {&m_pCapture, &m_pFocus})
-        if (*pointer == control)
-            *pointer = nullptr;
+    // What comes back later is neither pushed nor focused.
+    const struct {
+        CWeakPtr<IDUIControl>& pointer;
+        DWORD status;
+    } pointers[] = {{m_pCapture, DUISTATUS_PUSHED}, {m_pFocus, DUISTATUS_FOCUSED}};
+    for (const auto& [pointer, status] : pointers)
+        if (pointer == control) {
+            pointer->ModifyStatus(status, 0);
+            pointer = nullptr;
+        }
 }
 
 void CDUIWindowMgr::Forget(const IDUIControl* control)
@@ -263,6 +270,13 @@ void CDUIWindowMgr::Forget(const IDUIControl* control)
         m_away.insert(control);
         return;
     }
+    // A move below a control that leaves is over.
+    const std::vector<CWeakPtr<IDUIControl>> moves = m_moves;
+    for (const CWeakPtr<IDUIControl>& move : moves)
+        if (move && move->GetParent() == control) {
+            tagDUINotify over{DUIREQUEST_MOVE, move, 0, 0, nullptr};
+            HandleMoveRequest(over);
+        }
     for (Target* const target : m_targets)
         target->Forget(control);
     const auto place = m_namePlaces.find(control);

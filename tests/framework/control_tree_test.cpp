@@ -1,3 +1,5 @@
+#include <qvui/controls/list_box.h>
+
 #include "framework/probe.h"
 #include "support/controls/control_test.h"
 
@@ -312,6 +314,84 @@ TEST_F(ControlTree, KeepsOneParentAndSkipsWhatCannotBeCopied)
     EXPECT_EQ(a->GetParent(), root) << "not b's to remove";
     root->AddControl(new Unique("unique"));
     EXPECT_EQ(root->Clone()->GetControlCount(), 4);
+}
+
+// Handlers of the end of one control that put others where they would hold themselves, end what is above, or
+// remove what the library has just attached.
+TEST_F(ControlTree, HoldsTogetherWhatHandlersTearApart)
+{
+    ControlWindow window({60, 30},
+                         "<probe name='root'><probe name='c'><probe name='n'><probe name='k'/></probe>"
+                         "<probe name='m'/></probe><probe name='q'/></probe>");
+    const CRefPtr<IDUIControl> root = window.Find("root"), c = window.Find("c"), n = window.Find("n"),
+                               m = window.Find("m");
+    const auto once = [&window](UINT code, const CRefPtr<IDUIControl>& sender, std::function<void()> act) {
+        window.OnNotify([=, isDone = false](const tagDUINotify& notify) mutable {
+            if (notify.nCode == code && notify.pSender == sender.GetPtr() && !std::exchange(isDone, true))
+                act();
+        });
+    };
+    once(DUINOTIFY_DESTROYED, window.Find("k"),
+         [&] { EXPECT_FALSE(n->AddControl(c)) << "still its parent"; });
+    c->RemoveControl(n);
+    EXPECT_EQ(n->GetParent(), nullptr);
+
+    // The parent of a control that moves leaves meanwhile: the move is over.
+    c->AddControl(n);
+    once(DUINOTIFY_DESTROYED, n, [&] { root->RemoveControl(c); });
+    c->SetControlIndex(n, 0);
+    root->AddControl(c);
+    n->SetFocus(TRUE);
+    c->RemoveControl(n);
+    EXPECT_EQ(window.GetFocusControl(), nullptr);
+    EXPECT_EQ(n->GetStatus(), 0u) << "nor does it show a focus when it comes back";
+
+    // What is no child stays as it is, the root above all.
+    m->RemoveControl(root);
+    EXPECT_EQ(window.Root<Probe>().GetControlMgr(), &window);
+
+    window.OnNotify([&root](const tagDUINotify& notify) {
+        if (notify.nCode == DUINOTIFY_CREATED && notify.pSender->GetInterface("scrollbar"))
+            root->RemoveAllControl();
+    });
+    root->AddControl(new CDUIListBox);
+    EXPECT_EQ(root->GetControlCount(), 0);
+    window.OnNotify(nullptr);
+    c->SubclassControl(n.GetPtr(), TRUE);
+    n->SubclassControl(c.GetPtr(), TRUE);  // which would go round in a circle
+    BOOL bHandled = FALSE;
+    c->OnDUIEvent({}, bHandled);
+}
+
+// A root that one window handed out goes to another, and a handler of its end in the first ends the second.
+TEST_F(ControlTree, MovesBetweenWindowsThatMayEndMeanwhile)
+{
+    RECT rect{0, 0, 60, 30};
+    using Deed = std::function<void(std::unique_ptr<ControlWindow>&)>;
+    for (const Deed& deed : {Deed([](auto& second) { second.reset(); }),
+                             Deed([](auto& second) { second->FinishWindowMgr(); }), Deed([](auto&) {})})
+        for (const bool isAdded : {false, true}) {
+            ControlWindow first({60, 30}, "<probe name='root'><probe name='a'/></probe>");
+            auto second = std::make_unique<ControlWindow>(SIZE{60, 30}, "<probe name='other'/>");
+            const CRefPtr<IDUIControl> other = second->Find("other");
+            const CRefPtr<IDUIControl> byHand = Make("by hand");
+            byHand->AttachWindow(second.get());
+            const CRefPtr<IDUIControl> root = first.DetachRootControl();
+            first.OnNotify([&, isDone = false](const tagDUINotify& notify) mutable {
+                if (notify.nCode == DUINOTIFY_DESTROYED && second && !std::exchange(isDone, true))
+                    deed(second);
+            });
+            if (isAdded)
+                other->AddControl(root);
+            else if (second->CreateFromRootControl(root, second->Handle(), rect))
+                second->InitWindowMgr();
+            second.reset();
+            for (const CRefPtr<IDUIControl>& control : {root, byHand}) {
+                control->UpdateLayout(TRUE, nullptr);
+                EXPECT_EQ(static_cast<Probe&>(*control.GetPtr()).GetControlMgr(), nullptr);
+            }
+            first.OnNotify(nullptr);
+        }
 }
 
 }  // namespace

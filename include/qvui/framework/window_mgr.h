@@ -240,7 +240,8 @@ private:
     bool RouteMove(tagDUIEvent event, BOOL& bHandled);
     bool MoveHover(Target& found, const tagDUIEvent& move, BOOL& bHandled);
     bool EndHover(BOOL& bHandled);
-    /// Takes or releases the native capture of a press. While the window has it, it is not left by the pointer.
+    /// Takes or releases the native capture of a press. While the window has it, it is not left by the
+    /// pointer.
     void HoldMouse(bool isHeld);
     /// False when the manager has gone. A control that is being told already is not told again.
     bool LoseFocus(IDUIControl* sender, tagDUIEvent event, BOOL& bHandled);
@@ -329,11 +330,10 @@ private:
     CDibSection m_backBuffer;
     bool m_isSkinObserver = false;
     bool m_isAttached = false;
-    bool m_isEnding = false;                         // while it is deleted
-    unsigned m_nTrees = 0;                           // counts the changes of the root
-    std::vector<CWeakPtr<IDUIControl>> m_handedOut;  // roots that DetachRootControl gave away, attached
-    std::vector<Target*> m_targets;                  // of the calls in progress
-    std::vector<CWeakPtr<IDUIControl>> m_moves;      // controls that move within the tree, the innermost last
+    bool m_isEnding = false;                     // while it is deleted
+    unsigned m_nTrees = 0;                       // counts the changes of the root
+    std::vector<Target*> m_targets;              // of the calls in progress
+    std::vector<CWeakPtr<IDUIControl>> m_moves;  // controls that move within the tree, the innermost last
     std::unordered_set<const IDUIControl*>
         m_away;  // those of their subtrees that are not back yet, for comparing only
 };
