@@ -21,6 +21,7 @@ constexpr WordBit kStyleWords[] = {{"layered", DUINCSTYLE_LAYERED},
                                    {"region_nc", DUINCSTYLE_REGION_NC},
                                    {"size_nc", DUINCSTYLE_SIZE_NC}};
 constexpr UINT_PTR kClientTool = 1;
+constexpr int kMostLayoutPasses = 16;
 
 int Width(const RECT& rect)
 {
@@ -121,6 +122,8 @@ BOOL CDUIWindowMgr::AdoptRoot(CRefPtr<IDUIControl> root, HWND hWnd)
     if (m_pRoot.IsNull())
         return FALSE;
     m_hWnd = hWnd;
+    // A manager that was deleted during a press leaves the capture to its successor.
+    m_holdsMouse = m_holdsMouse || (IsWindow() && GetCapture() == m_hWnd);
     const unsigned tree = m_nTrees;
     LayoutRootControl();
     return alive.IsManagerAlive() && tree == m_nTrees;
@@ -333,7 +336,14 @@ void CDUIWindowMgr::LayoutRootControl()
         m_isRelayoutPending = true;
         return;
     }
+    int passes = 0;
     do {
+        if (++passes > kMostLayoutPasses) {
+            CTrace::TraceWarning("CDUIWindowMgr::LayoutRootControl: %d layouts have each asked for another",
+                                 kMostLayoutPasses);
+            m_isRelayoutPending = false;
+            return;
+        }
         m_isRelayoutPending = false;
         RECT client{};
         if (m_pRoot.IsNull() || !GetDUIClientRect(&client))
@@ -468,8 +478,10 @@ void CDUIWindowMgr::DoPaint(HDC hdc)
     IntersectClipRect(memory, box.left, box.top, box.right, box.bottom);
     SetMetaRgn(memory);
     BitBlt(memory, box.left, box.top, Width(box), Height(box), hdc, box.left, box.top, SRCCOPY);
+    const Target alive(*this, nullptr);
     PaintFrameBkgnd(memory);
-    PaintClientArea(memory);
+    if (alive.IsManagerAlive())
+        PaintClientArea(memory);
     BitBlt(hdc, box.left, box.top, Width(box), Height(box), memory, box.left, box.top, SRCCOPY);
     SelectObject(memory, old);
     DeleteDC(memory);

@@ -277,17 +277,27 @@ LRESULT CDUIWindowMgr::OnLButtonDown(UINT uMsg, WPARAM wParam, LPARAM lParam, BO
 bool CDUIWindowMgr::LoseFocus(IDUIControl* sender, tagDUIEvent event, BOOL& bHandled)
 {
     IDUIControl* const loser = m_pFocus;
-    if (loser != m_pLosesFocus) {
-        const CWeakPtr<IDUIControl> outer = m_pLosesFocus;
-        m_pLosesFocus = loser;
-        event.Type = DUIEVENT_KILLFOCUS;
-        event.pSender = sender;
-        if (!Deliver(loser, event, bHandled))
-            return false;
-        m_pLosesFocus = outer;
-    }
+    event.Type = DUIEVENT_KILLFOCUS;
+    event.pSender = sender;
+    if (!IsTold(m_focusLosers, loser) && !TellOnce(m_focusLosers, loser, event, bHandled))
+        return false;
     if (m_pFocus == loser)
         m_pFocus = nullptr;
+    return true;
+}
+
+bool CDUIWindowMgr::IsTold(const FocusCalls& calls, const IDUIControl* control)
+{
+    return std::find(calls.begin(), calls.end(), control) != calls.end();
+}
+
+bool CDUIWindowMgr::TellOnce(FocusCalls& calls, IDUIControl* control, const tagDUIEvent& event,
+                             BOOL& bHandled)
+{
+    calls.emplace_back(control);
+    if (!Deliver(control, event, bHandled))
+        return false;
+    calls.pop_back();
     return true;
 }
 

@@ -77,7 +77,7 @@ LRESULT CDUIWindowMgr::HandleFocusRequest(tagDUINotify& request)
     if (request.wParam != kTake && request.wParam != kGiveUp)
         return kDone;
     Target taker(*this, request.wParam == kTake ? request.pSender : nullptr);
-    if (taker.Get() == m_pFocus)
+    if (taker.Get() == m_pFocus || (taker && IsTold(m_focusTakers, taker.Get())))
         return kDone;
     BOOL bHandled = FALSE;
     if (m_pFocus && !LoseFocus(m_pFocus, {}, bHandled))
@@ -86,7 +86,7 @@ LRESULT CDUIWindowMgr::HandleFocusRequest(tagDUINotify& request)
     if (!taker || m_pFocus || !taker->IsVisible(FALSE) || !taker->IsEnabled())
         return kDone;
     m_pFocus = taker.Get();
-    Deliver(m_pFocus, {DUIEVENT_SETFOCUS, m_pFocus, {}, 0, 0, 0, 0}, bHandled);
+    TellOnce(m_focusTakers, taker.Get(), {DUIEVENT_SETFOCUS, taker.Get(), {}, 0, 0, 0, 0}, bHandled);
     return kDone;
 }
 

@@ -352,8 +352,7 @@ void CDUITabBar<Layout>::AfterRemoveControl(CRefPtr<IDUIControl> child)
     CDUITabItem* const item = InterfaceOf<CDUITabItem>(child.GetPtr(), "tab_item");
     if (!item || place < 0)
         return;
-    item->SetCheck(FALSE);
-    item->MakeTabStop(true);
+    Release(*item);
     if (!this->GetControlMgr())
         return;
     if (GetSelected()) {
@@ -365,6 +364,26 @@ void CDUITabBar<Layout>::AfterRemoveControl(CRefPtr<IDUIControl> child)
     if (!neighbour)
         neighbour = ItemOf(FindItem(place, -1, false));
     Select(neighbour ? neighbour : ItemOfNumber(0), FALSE);
+}
+
+template <class Layout>
+void CDUITabBar<Layout>::RemoveAllControl()
+{
+    std::vector<CRefPtr<IDUIControl>> released;
+    for (int i = 0; i < this->GetControlCount(); ++i)
+        released.emplace_back(this->GetControlByIndex(i));
+    Layout::RemoveAllControl();
+    for (const CRefPtr<IDUIControl>& child : released)
+        if (auto* const item = InterfaceOf<CDUITabItem>(child.GetPtr(), "tab_item"); item && !item->GetParent())
+            Release(*item);
+}
+
+// Makes the tab of no bar what it was: not selected, and a tab stop.
+template <class Layout>
+void CDUITabBar<Layout>::Release(CDUITabItem& item)
+{
+    item.SetCheck(FALSE);
+    item.MakeTabStop(true);
 }
 
 // A move is a removal and an addition, between which another tab is selected.

@@ -106,6 +106,16 @@ TEST_F(Focus, FollowsTheLastOfTwoRequests)
         EXPECT_EQ(Focused(), taker);
         a->onEvent = nullptr;
     }
+    // Each gives the focus to the other.
+    for (const char* const name : {"a", "b"})
+        window->Find<Probe>(name)->onEvent = [this, name](const tagDUIEvent& event, BOOL&) {
+            if (event.Type == DUIEVENT_SETFOCUS)
+                window->Find(*name == 'a' ? "b" : "a")->SetFocus(TRUE);
+        };
+    TakeEvents();
+    window->Find("a")->SetFocus(TRUE);
+    EXPECT_EQ(TakeEvents(), "c KILLFOCUS self, a SETFOCUS self, a KILLFOCUS self, b SETFOCUS self");
+    EXPECT_EQ(Focused(), "b");
 }
 
 TEST_F(Focus, SendsKeysToTheFocusControl)

@@ -135,6 +135,14 @@ TEST_F(WindowMgr, RunsOneMoreLayoutWhenOneIsAskedForMeanwhile)
     window.LayoutRootControl();
     EXPECT_EQ(layouts, 3);
     EXPECT_EQ(Text(window.Invalid()), "0,0,0,0");
+    // One that never has enough ends, too.
+    traces.Expect("each asked for another");
+    root->onRect = [&](const RECT&) {
+        ++layouts;
+        root->UpdateLayout(TRUE, nullptr);
+    };
+    window.LayoutRootControl();
+    root->onRect = nullptr;
 }
 
 TEST_F(WindowMgr, DropsUpdatesWhileTheLayoutIsLocked)
@@ -307,6 +315,20 @@ TEST_F(WindowMgr, StartsFinishesAndStartsAgain)
     manager.FinishWindowMgr();
     EXPECT_EQ(Probe::Take(), "");
     root->DetachWindow();
+}
+
+TEST_F(WindowMgr, EndsThePressOfTheManagerBeforeIt)
+{
+    const PlatformWindow host;
+    RECT rect{};
+    LRESULT result = 0;
+    for (const UINT message : {WM_LBUTTONDOWN, WM_LBUTTONUP}) {
+        CDUIWindowMgr manager;
+        EXPECT_TRUE(manager.CreateFromXML("<window><probe name='root'/></window>", host, rect));
+        manager.InitWindowMgr();
+        manager.ProcessWindowMessage(host, message, MK_LBUTTON, MAKELPARAM(1, 1), result);
+        EXPECT_EQ(GetCapture() == host, message == WM_LBUTTONDOWN);
+    }
 }
 
 TEST_F(WindowMgr, TellsTheTooltipWhatTheControlUnderThePointerSays)

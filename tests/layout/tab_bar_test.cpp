@@ -289,8 +289,10 @@ TEST_F(TabBar, KeepsATabSelectedWhileTabsComeAndGo)
     EXPECT_EQ(Selected(window), "b");
     EXPECT_FALSE(a->GetStatus() & DUISTATUS_CHECKED);
     EXPECT_TRUE(a->GetStyle() & DUISTYLE_TABSTOP);
+    const CRefPtr<IDUIControl> b = window.Find("b");
     Bar(window).RemoveAllControl();
     EXPECT_EQ(Bar(window).GetSelectIndex(), -1);
+    EXPECT_FALSE(b->GetStatus() & DUISTATUS_CHECKED);
     add("d");
     EXPECT_EQ(Selected(window), "d");
     EXPECT_EQ(Activated(window), "");

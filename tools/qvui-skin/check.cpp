@@ -104,6 +104,9 @@ void Checker::DefineEntry(const PackageDocument& part, const SeenEntry& seen)
         return;
     m_names.Scope(*seen.set->names, part.name)
         .names.try_emplace(key->value, NameScope::Place{&document, &entry});
+    // Used where none is named.
+    if (EqualNoCase(entry.Value("default"), "true"))
+        m_names.Use(*seen.set->names, key->value);
 }
 
 // --- documents ---------------------------------------------------------------------------------------------

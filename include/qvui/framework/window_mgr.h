@@ -243,7 +243,13 @@ private:
     /// Takes or releases the native capture of a press. While the window has it, it is not left by the
     /// pointer.
     void HoldMouse(bool isHeld);
-    /// False when the manager has gone. A control that is being told already is not told again.
+    /// Controls that are being told that they take or lose the focus, the innermost last. They are not told
+    /// again meanwhile: handlers that pass the focus to each other would never end.
+    using FocusCalls = std::vector<CWeakPtr<IDUIControl>>;
+    static bool IsTold(const FocusCalls& calls, const IDUIControl* control);
+    /// False when the manager has gone.
+    bool TellOnce(FocusCalls& calls, IDUIControl* control, const tagDUIEvent& event, BOOL& bHandled);
+    /// False when the manager has gone.
     bool LoseFocus(IDUIControl* sender, tagDUIEvent event, BOOL& bHandled);
     bool IsOwnMessage(const MSG& message) const;
     bool ActivateShortcut(char ch);
@@ -301,7 +307,8 @@ private:
     HWND m_hWnd = nullptr;
     CRefPtr<IDUIControl> m_pRoot;
     CWeakPtr<IDUIControl> m_pFocus;
-    CWeakPtr<IDUIControl> m_pLosesFocus;  // while it is told so
+    FocusCalls m_focusTakers;
+    FocusCalls m_focusLosers;
     CWeakPtr<IDUIControl> m_pHover;
     CWeakPtr<IDUIControl> m_pCapture;
     POINT m_ptLast{-1, -1};

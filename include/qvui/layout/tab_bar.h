@@ -45,6 +45,7 @@ public:
     void* GetInterface(const CString& name) override;
     void SetControlRect(const RECT& rect) override;
     BOOL SetControlIndex(CRefPtr<IDUIControl> child, int index) override;
+    void RemoveAllControl() override;
 
 protected:
     CDUITabBar(const CDUITabBar& other);
@@ -79,6 +80,7 @@ private:
     CDUITabItem* FirstItem(IDUITabLayout* pages) const;
     BOOL Select(CDUITabItem* item, BOOL bNotify);
     void MarkSelected(const CDUITabItem* selected);
+    static void Release(CDUITabItem& item);
     void UpdateTabStops();
     void FollowPages();
     bool ScrollToSelected();
