@@ -5,7 +5,7 @@
 
 #include <pugixml.hpp>
 
-#include <qvui/skin/xml_document.h>
+#include <qvui/skin/xml/xml_document.h>
 
 #include "ratio_reporter.h"
 

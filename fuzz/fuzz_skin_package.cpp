@@ -12,7 +12,7 @@
 #include <unistd.h>
 
 #include <qvui/skin/skin_manager.h>
-#include <qvui/skin/xml_document.h>
+#include <qvui/skin/xml/xml_document.h>
 
 #include "fuzz_support.h"
 

@@ -7,9 +7,9 @@
 #include <string>
 #include <vector>
 
-#include <qvui/skin/xml_document.h>
+#include <qvui/skin/xml/xml_document.h>
 
-#include "skin/xml_text_file.h"
+#include "skin/xml/text_file.h"
 
 namespace {
 

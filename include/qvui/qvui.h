@@ -52,4 +52,4 @@
 #include <qvui/skin/document_words.h>
 #include <qvui/skin/resource_loader.h>
 #include <qvui/skin/skin_manager.h>
-#include <qvui/skin/xml_document.h>
+#include <qvui/skin/xml/xml_document.h>

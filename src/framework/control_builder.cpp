@@ -4,7 +4,7 @@
 
 #include <qvui/foundation/trace.h>
 #include <qvui/framework/app.h>
-#include <qvui/skin/xml_document.h>
+#include <qvui/skin/xml/xml_document.h>
 
 namespace DUI {
 namespace {

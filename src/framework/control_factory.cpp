@@ -1,7 +1,7 @@
 #include <qvui/framework/control_factory.h>
 
 #include <qvui/framework/app.h>
-#include <qvui/skin/xml_document.h>
+#include <qvui/skin/xml/xml_document.h>
 
 namespace DUI {
 

@@ -3,7 +3,7 @@
 #include <string>
 #include <unordered_map>
 
-#include <qvui/skin/xml_document.h>
+#include <qvui/skin/xml/xml_document.h>
 
 namespace DUI {
 namespace {

@@ -1,7 +1,7 @@
 #pragma once
 
 #include <qvui/skin/resource_manager.h>
-#include <qvui/skin/xml_document.h>
+#include <qvui/skin/xml/xml_document.h>
 
 namespace DUI {
 

@@ -3,7 +3,7 @@
 #include <vector>
 
 #include <qvui/skin/document_schema.h>
-#include <qvui/skin/xml_document.h>
+#include <qvui/skin/xml/xml_document.h>
 
 namespace DUI {
 

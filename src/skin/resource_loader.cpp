@@ -6,7 +6,7 @@
 #include <utility>
 
 #include <qvui/foundation/trace.h>
-#include <qvui/skin/xml_document.h>
+#include <qvui/skin/xml/xml_document.h>
 
 #include "skin/resource_id.h"
 

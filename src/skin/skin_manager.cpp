@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include <qvui/foundation/trace.h>
-#include <qvui/skin/xml_document.h>
+#include <qvui/skin/xml/xml_document.h>
 
 #include "skin/source_fields.h"
 

@@ -1,6 +1,6 @@
 #include "skin/skin_test.h"
 
-#include <qvui/skin/xml_document.h>
+#include <qvui/skin/xml/xml_document.h>
 
 #include <algorithm>
 #include <filesystem>

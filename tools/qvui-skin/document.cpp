@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cstdlib>
 
-#include <qvui/skin/xml_document.h>
+#include <qvui/skin/xml/xml_document.h>
 
 namespace qvui::skin_tool {
 namespace {

@@ -1,6 +1,6 @@
 // Text files in every encoding that they may say or show they are in.
 
-#include <qvui/skin/xml_document.h>
+#include <qvui/skin/xml/xml_document.h>
 
 #include <map>
 

@@ -4,9 +4,9 @@
 #include <unordered_map>
 #include <vector>
 
-#include <qvui/skin/xml_document.h>
+#include <qvui/skin/xml/xml_document.h>
 
-#include "skin/xml_log.h"
+#include "skin/xml/log.h"
 
 namespace DUI {
 

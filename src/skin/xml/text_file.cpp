@@ -8,12 +8,12 @@
 #include <vector>
 
 #include <qvui/platform/file.h>
-#include <qvui/skin/xml_document.h>
+#include <qvui/skin/xml/xml_document.h>
 
-#include "skin/xml_log.h"
-#include "skin/xml_scan.h"
-#include "skin/xml_tables.h"
-#include "skin/xml_text_file.h"
+#include "skin/xml/log.h"
+#include "skin/xml/scan.h"
+#include "skin/xml/tables.h"
+#include "skin/xml/text_file.h"
 
 namespace DUI {
 namespace {

@@ -3,9 +3,9 @@
 #include <algorithm>
 #include <string>
 
-#include <qvui/skin/xml_document.h>
+#include <qvui/skin/xml/xml_document.h>
 
-#include "skin/xml_tables.h"
+#include "skin/xml/tables.h"
 
 namespace DUI {
 namespace {

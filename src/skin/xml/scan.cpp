@@ -1,4 +1,4 @@
-#include "skin/xml_scan.h"
+#include "skin/xml/scan.h"
 
 namespace DUI {
 

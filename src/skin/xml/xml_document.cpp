@@ -1,7 +1,7 @@
-#include <qvui/skin/xml_document.h>
+#include <qvui/skin/xml/xml_document.h>
 
-#include "skin/xml_parser.h"
-#include "skin/xml_scan.h"
+#include "skin/xml/parser.h"
+#include "skin/xml/scan.h"
 
 namespace DUI {
 namespace {

@@ -1,4 +1,4 @@
-#include "skin/xml_tables.h"
+#include "skin/xml/tables.h"
 
 #include <algorithm>
 

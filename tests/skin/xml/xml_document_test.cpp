@@ -1,6 +1,6 @@
 // Parsing, navigation and values of documents in memory.
 
-#include <qvui/skin/xml_document.h>
+#include <qvui/skin/xml/xml_document.h>
 
 #include "skin/skin_test.h"
 

@@ -1,9 +1,9 @@
-#include "skin/xml_parser.h"
+#include "skin/xml/parser.h"
 
 #include <algorithm>
 #include <cstring>
 
-#include "skin/xml_scan.h"
+#include "skin/xml/scan.h"
 
 namespace DUI {
 namespace {

@@ -1,12 +1,12 @@
 // Entities, character references and encoding names.
 
-#include <qvui/skin/xml_document.h>
+#include <qvui/skin/xml/xml_document.h>
 
 #include <map>
 
 #include "skin/code_page.h"
 #include "skin/skin_test.h"
-#include "skin/xml_tables.h"
+#include "skin/xml/tables.h"
 
 TEST(XmlEntities, StandForTheirCharacters)
 {
