@@ -8,7 +8,7 @@
 
 #include <opencv2/imgproc.hpp>
 
-#include <qvui/render/image_filter.h>
+#include <qvui/render/filters/image_filter.h>
 
 #include "ratio_reporter.h"
 

@@ -46,7 +46,7 @@
 #include <qvui/render/background.h>
 #include <qvui/render/bitmap_functions.h>
 #include <qvui/render/dib_section.h>
-#include <qvui/render/image_filter.h>
+#include <qvui/render/filters/image_filter.h>
 #include <qvui/render/image_list.h>
 #include <qvui/render/render_engine.h>
 #include <qvui/skin/document_words.h>

@@ -1,4 +1,4 @@
-#include <qvui/render/image_filter.h>
+#include <qvui/render/filters/image_filter.h>
 
 #include <climits>
 #include <cstdlib>
@@ -6,7 +6,7 @@
 #include <optional>
 #include <string>
 
-#include "render/filter_reference.h"
+#include "render/filters/filter_reference.h"
 #include "render/render_test.h"
 
 using namespace DUI;

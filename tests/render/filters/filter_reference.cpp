@@ -1,4 +1,4 @@
-#include "render/filter_reference.h"
+#include "render/filters/filter_reference.h"
 
 #include <qvui/foundation/color.h>
 

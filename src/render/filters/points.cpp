@@ -5,9 +5,9 @@
 #include <cstdint>
 
 #include <qvui/platform/wide_vectors.h>
-#include <qvui/render/image_filter.h>
+#include <qvui/render/filters/image_filter.h>
 
-#include "render/image_rows.h"
+#include "render/filters/image_rows.h"
 
 namespace DUI {
 namespace {

@@ -2,9 +2,9 @@
 
 #include <memory>
 
-#include <qvui/render/image_filter.h>
+#include <qvui/render/filters/image_filter.h>
 
-#include "render/image_rows.h"
+#include "render/filters/image_rows.h"
 
 namespace DUI {
 namespace {
