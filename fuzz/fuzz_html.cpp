@@ -7,7 +7,7 @@
 
 #include <qvui/platform/cstring.h>
 
-#include "framework/html_drawer_layout.h"
+#include "tooltip/markup/line_layout.h"
 
 namespace {
 

@@ -24,10 +24,7 @@
 #include <qvui/framework/control_builder.h>
 #include <qvui/framework/control_factory.h>
 #include <qvui/framework/control_of.h>
-#include <qvui/framework/draw_manager.h>
-#include <qvui/framework/html_drawer.h>
 #include <qvui/framework/message_loop.h>
-#include <qvui/framework/tool_tip.h>
 #include <qvui/framework/window_mgr.h>
 #include <qvui/layout/canvas.h>
 #include <qvui/layout/dialog_layout.h>
@@ -53,3 +50,6 @@
 #include <qvui/skin/resource_loader.h>
 #include <qvui/skin/skin_manager.h>
 #include <qvui/skin/xml/xml_document.h>
+#include <qvui/tooltip/draw_manager.h>
+#include <qvui/tooltip/html_drawer.h>
+#include <qvui/tooltip/tool_tip.h>

@@ -1,7 +1,7 @@
 #include <qvui/controls/check_button.h>
 
 #include "framework/control_guard.h"
-#include "framework/skin_access.h"
+#include "skin/skin_access.h"
 
 namespace DUI {
 

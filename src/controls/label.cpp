@@ -6,7 +6,7 @@
 #include "controls/pointer_state.h"
 #include "controls/state_text.h"
 #include "framework/geometry.h"
-#include "framework/skin_access.h"
+#include "skin/skin_access.h"
 
 namespace DUI {
 

@@ -6,7 +6,7 @@
 #include "controls/state_text.h"
 #include "framework/control_guard.h"
 #include "framework/geometry.h"
-#include "framework/skin_access.h"
+#include "skin/skin_access.h"
 
 namespace DUI {
 namespace {

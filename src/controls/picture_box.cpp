@@ -4,7 +4,7 @@
 
 #include "controls/image_drawing.h"
 #include "framework/geometry.h"
-#include "framework/skin_access.h"
+#include "skin/skin_access.h"
 
 namespace DUI {
 namespace {

@@ -2,7 +2,7 @@
 
 #include "framework/control_guard.h"
 #include "framework/geometry.h"
-#include "framework/skin_access.h"
+#include "skin/skin_access.h"
 
 // The thumb and the arrows of a scroll bar.
 

@@ -8,7 +8,7 @@
 #include "controls/tree_branch.h"
 #include "framework/control_guard.h"
 #include "framework/geometry.h"
-#include "framework/skin_access.h"
+#include "skin/skin_access.h"
 
 namespace DUI {
 namespace {

@@ -6,7 +6,7 @@
 #include "controls/tree_branch.h"
 #include "framework/control_guard.h"
 #include "framework/geometry.h"
-#include "framework/skin_access.h"
+#include "skin/skin_access.h"
 
 // A tree view's look, its rows and their places; its nodes are in tree_view_nodes.cpp, what it does on
 // input in tree_view_input.cpp.

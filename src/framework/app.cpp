@@ -1,6 +1,7 @@
 #include <qvui/framework/app.h>
 
 #include "framework/control_styles.h"
+#include "skin/skin_access.h"
 
 namespace DUI {
 namespace {
@@ -40,6 +41,8 @@ BOOL CDUIApp::Init(const CString& strSkinEntry, BOOL bEnableYahei)
     m_bEanbleYahi = bEnableYahei;
     if (!m_pSkinMgr)
         m_pSkinMgr = std::make_unique<CDUISkinMgr>();
+    if (this == DUIGetAppInstance())
+        skin::SetManager(m_pSkinMgr.get());
     if (!m_pFactory)
         m_pFactory = std::make_unique<CDUIControlFactory>();
     return m_pSkinMgr->InitializeSkin(strSkinEntry) && m_pFactory->InitializeFactory();
@@ -53,6 +56,8 @@ void CDUIApp::Term()
     }
     if (m_pSkinMgr) {
         m_pSkinMgr->UninitializeSkin();
+        if (this == DUIGetAppInstance())
+            skin::SetManager(nullptr);
         m_pSkinMgr.reset();
     }
     ForgetControlStyles();

@@ -9,7 +9,7 @@
 #include "framework/control_styles.h"
 #include "framework/geometry.h"
 #include "framework/scroll_bars.h"
-#include "framework/skin_access.h"
+#include "skin/skin_access.h"
 
 namespace DUI {
 namespace {

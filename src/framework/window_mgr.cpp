@@ -4,12 +4,12 @@
 
 #include <qvui/foundation/trace.h>
 #include <qvui/framework/app.h>
-#include <qvui/framework/tool_tip.h>
 #include <qvui/render/render_engine.h>
+#include <qvui/tooltip/tool_tip.h>
 
 #include "framework/geometry.h"
-#include "framework/skin_access.h"
 #include "framework/window_mgr_target.h"
+#include "skin/skin_access.h"
 
 // Creating, finishing, laying out and painting; input and requests have their own sources.
 

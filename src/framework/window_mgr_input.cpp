@@ -1,8 +1,8 @@
 #include <algorithm>
 #include <cctype>
 
-#include <qvui/framework/tool_tip.h>
 #include <qvui/framework/window_mgr.h>
+#include <qvui/tooltip/tool_tip.h>
 
 #include "framework/window_mgr_target.h"
 

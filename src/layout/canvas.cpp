@@ -1,6 +1,6 @@
 #include <qvui/layout/canvas.h>
 
-#include "framework/skin_access.h"
+#include "skin/skin_access.h"
 
 namespace DUI {
 namespace {

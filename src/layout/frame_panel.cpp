@@ -3,7 +3,7 @@
 #include <qvui/render/render_engine.h>
 
 #include "framework/geometry.h"
-#include "framework/skin_access.h"
+#include "skin/skin_access.h"
 
 namespace DUI {
 namespace {

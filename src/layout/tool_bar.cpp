@@ -3,10 +3,10 @@
 #include <qvui/render/render_engine.h>
 
 #include "framework/control_guard.h"
-#include "framework/skin_access.h"
 #include "layout/linear_placing.h"
 #include "layout/tool_bar_colors.h"
 #include "layout/tool_bar_items.h"
+#include "skin/skin_access.h"
 
 namespace DUI {
 namespace {

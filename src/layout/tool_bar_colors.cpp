@@ -1,6 +1,6 @@
 #include "layout/tool_bar_colors.h"
 
-#include "framework/skin_access.h"
+#include "skin/skin_access.h"
 
 namespace DUI {
 namespace {

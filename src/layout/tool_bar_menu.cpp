@@ -6,10 +6,10 @@
 #include <qvui/layout/linear_layout.h>
 
 #include "framework/geometry.h"
-#include "framework/popup_class.h"
-#include "framework/tool_tip_placement.h"
 #include "layout/tool_bar_colors.h"
 #include "layout/tool_bar_plan.h"
+#include "tooltip/popup_class.h"
+#include "tooltip/tool_tip_placement.h"
 
 namespace DUI {
 namespace {

@@ -4,8 +4,8 @@
 
 #include "framework/control_guard.h"
 #include "framework/geometry.h"
-#include "framework/skin_access.h"
 #include "layout/tool_bar_colors.h"
+#include "skin/skin_access.h"
 
 namespace DUI {
 namespace {

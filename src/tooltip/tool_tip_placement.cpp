@@ -1,4 +1,4 @@
-#include "framework/tool_tip_placement.h"
+#include "tooltip/tool_tip_placement.h"
 
 #include <algorithm>
 

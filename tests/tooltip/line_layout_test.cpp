@@ -6,8 +6,8 @@
 
 #include <qvui/platform/cstring.h>
 
-#include "framework/html_drawer_breaks.h"
-#include "framework/html_drawer_layout.h"
+#include "tooltip/markup/breaks.h"
+#include "tooltip/markup/line_layout.h"
 
 using namespace DUI::html;
 

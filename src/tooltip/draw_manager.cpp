@@ -1,4 +1,4 @@
-#include <qvui/framework/draw_manager.h>
+#include <qvui/tooltip/draw_manager.h>
 
 #include <algorithm>
 #include <cstdlib>

@@ -1,4 +1,4 @@
-#include "framework/popup_class.h"
+#include "tooltip/popup_class.h"
 
 namespace DUI {
 

@@ -7,8 +7,8 @@
 
 #include <qvui/platform/cstring.h>
 
-#include "framework/html_drawer_layout.h"
 #include "native/kernel/code_pages.h"
+#include "tooltip/markup/line_layout.h"
 
 using namespace DUI::html;
 

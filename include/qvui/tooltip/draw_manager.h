@@ -1,6 +1,6 @@
 #pragma once
 
-#include <qvui/framework/tool_tip.h>
+#include <qvui/tooltip/tool_tip.h>
 
 namespace DUI {
 

@@ -1,4 +1,4 @@
-#include <qvui/framework/html_drawer.h>
+#include <qvui/tooltip/html_drawer.h>
 
 #include <algorithm>
 #include <optional>
@@ -7,10 +7,10 @@
 
 #include <qvui/render/render_engine.h>
 
-#include "framework/html_drawer_fonts.h"
-#include "framework/html_drawer_layout.h"
-#include "framework/html_drawer_markup.h"
-#include "framework/skin_access.h"
+#include "skin/skin_access.h"
+#include "tooltip/markup/fonts.h"
+#include "tooltip/markup/line_layout.h"
+#include "tooltip/markup/parser.h"
 
 namespace DUI {
 namespace {

@@ -2,10 +2,10 @@
 
 #include <gtest/gtest.h>
 
-#include "framework/tool_tip_host.h"
-#include "framework/tool_tip_placement.h"
 #include "support/leak_check.h"
 #include "support/manual_clock.h"
+#include "tooltip/tool_tip_host.h"
+#include "tooltip/tool_tip_placement.h"
 
 using namespace qvui::test;
 

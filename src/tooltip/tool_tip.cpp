@@ -1,15 +1,15 @@
-#include <qvui/framework/tool_tip.h>
+#include <qvui/tooltip/tool_tip.h>
 
 #include <algorithm>
 #include <utility>
 #include <vector>
 
-#include <qvui/framework/draw_manager.h>
-#include <qvui/framework/html_drawer.h>
+#include <qvui/tooltip/draw_manager.h>
+#include <qvui/tooltip/html_drawer.h>
 
-#include "framework/popup_class.h"
-#include "framework/tool_tip_placement.h"
-#include "framework/tool_tip_timers.h"
+#include "tooltip/popup_class.h"
+#include "tooltip/tool_tip_placement.h"
+#include "tooltip/tool_tip_timers.h"
 
 namespace DUI {
 namespace {

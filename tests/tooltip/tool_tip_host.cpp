@@ -1,6 +1,6 @@
-#include "framework/tool_tip_host.h"
+#include "tooltip/tool_tip_host.h"
 
-#include "framework/tool_tip_timers.h"
+#include "tooltip/tool_tip_timers.h"
 
 namespace qvui::test {
 

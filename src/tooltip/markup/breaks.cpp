@@ -1,4 +1,4 @@
-#include "framework/html_drawer_breaks.h"
+#include "tooltip/markup/breaks.h"
 
 #include <algorithm>
 #include <iterator>

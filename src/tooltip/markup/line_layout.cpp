@@ -1,4 +1,4 @@
-#include "framework/html_drawer_layout.h"
+#include "tooltip/markup/line_layout.h"
 
 #include <algorithm>
 #include <span>
@@ -6,7 +6,7 @@
 
 #include <qvui/platform/cstring.h>
 
-#include "framework/html_drawer_breaks.h"
+#include "tooltip/markup/breaks.h"
 
 namespace DUI::html {
 namespace {

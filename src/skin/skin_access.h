@@ -5,8 +5,10 @@
 /// What controls ask of the application's skin; each gives an empty result when there is no skin manager.
 namespace DUI::skin {
 
-/// Borrowed; null before the application is initialised.
+/// Not owned; null while the application is not initialised.
 IDUISkinMgr* Manager();
+/// For the application, which owns the manager.
+void SetManager(IDUISkinMgr* manager);
 /// The shared image of that name; null when the skin lacks it.
 CDUIImageListPtr Image(const CString& name);
 CRefPtr<CDUIFrameBK> Frame(const CString& name);

@@ -1,4 +1,4 @@
-#include "framework/html_drawer_markup.h"
+#include "tooltip/markup/parser.h"
 
 #include <algorithm>
 #include <charconv>

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "framework/html_drawer_markup.h"
+#include "tooltip/markup/parser.h"
 
 using namespace DUI::html;
 

@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include <qvui/framework/tool_tip.h>
+#include <qvui/tooltip/tool_tip.h>
 
 #include "support/platform_window.h"
 

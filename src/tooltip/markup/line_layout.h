@@ -7,7 +7,7 @@
 
 #include <qvui/platform/platform.h>
 
-#include "framework/html_drawer_markup.h"
+#include "tooltip/markup/parser.h"
 
 /// From pieces to places: pure arithmetic on what a Ruler measures.
 namespace DUI::html {

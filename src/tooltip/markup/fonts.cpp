@@ -1,4 +1,4 @@
-#include "framework/html_drawer_fonts.h"
+#include "tooltip/markup/fonts.h"
 
 #include <algorithm>
 #include <cstdlib>
@@ -6,7 +6,7 @@
 
 #include <qvui/platform/cstring.h>
 
-#include "framework/skin_access.h"
+#include "skin/skin_access.h"
 
 namespace DUI::html {
 namespace {

@@ -1,4 +1,4 @@
-#include <qvui/framework/tool_tip.h>
+#include <qvui/tooltip/tool_tip.h>
 
 #include <functional>
 #include <string>
@@ -6,12 +6,12 @@
 
 #include <gtest/gtest.h>
 
-#include <qvui/framework/html_drawer.h>
+#include <qvui/tooltip/html_drawer.h>
 
-#include "framework/tool_tip_host.h"
-#include "framework/tool_tip_placement.h"
-#include "framework/tool_tip_timers.h"
 #include "support/controls/control_test.h"
+#include "tooltip/tool_tip_host.h"
+#include "tooltip/tool_tip_placement.h"
+#include "tooltip/tool_tip_timers.h"
 
 using namespace DUI;
 using namespace qvui::test;

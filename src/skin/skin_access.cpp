@@ -1,12 +1,20 @@
-#include "framework/skin_access.h"
-
-#include <qvui/framework/app.h>
+#include "skin/skin_access.h"
 
 namespace DUI::skin {
+namespace {
+
+IDUISkinMgr* g_manager = nullptr;
+
+}  // namespace
 
 IDUISkinMgr* Manager()
 {
-    return DUIGetAppInstance()->GetSkinMgr();
+    return g_manager;
+}
+
+void SetManager(IDUISkinMgr* manager)
+{
+    g_manager = manager;
 }
 
 CDUIImageListPtr Image(const CString& name)

@@ -4,7 +4,7 @@
 
 #include <qvui/platform/platform.h>
 
-#include "framework/html_drawer_layout.h"
+#include "tooltip/markup/line_layout.h"
 
 namespace DUI::html {
 

@@ -1,12 +1,12 @@
-#include <qvui/framework/html_drawer.h>
+#include <qvui/tooltip/html_drawer.h>
 
 #include <algorithm>
 #include <cstdlib>
 #include <cstring>
 #include <functional>
 
-#include <qvui/framework/draw_manager.h>
 #include <qvui/render/dib_section.h>
+#include <qvui/tooltip/draw_manager.h>
 
 #include "support/controls/control_test.h"
 
