@@ -5,7 +5,7 @@
 
 #include <benchmark/benchmark.h>
 
-#include <qvui/framework/window_mgr.h>
+#include <qvui/framework/window/window_mgr.h>
 
 namespace qvui::bench {
 

@@ -25,7 +25,7 @@
 #include <qvui/framework/control_factory.h>
 #include <qvui/framework/control_of.h>
 #include <qvui/framework/message_loop.h>
-#include <qvui/framework/window_mgr.h>
+#include <qvui/framework/window/window_mgr.h>
 #include <qvui/layout/canvas.h>
 #include <qvui/layout/dialog_layout.h>
 #include <qvui/layout/dock_layout.h>

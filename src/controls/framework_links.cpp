@@ -1,6 +1,6 @@
 #include <qvui/controls/button.h>
 #include <qvui/controls/scroll_bar.h>
-#include <qvui/framework/window_mgr.h>
+#include <qvui/framework/window/window_mgr.h>
 
 #include "framework/scroll_bars.h"
 

@@ -5,7 +5,7 @@
 #include <vector>
 
 #include <qvui/controls/button.h>
-#include <qvui/framework/window_mgr.h>
+#include <qvui/framework/window/window_mgr.h>
 
 namespace DUI {
 

@@ -1,7 +1,7 @@
 #include <algorithm>
 
 #include <qvui/framework/control_base.h>
-#include <qvui/framework/window_mgr.h>
+#include <qvui/framework/window/window_mgr.h>
 
 #include "check.h"
 #include "controls.h"

@@ -4,7 +4,7 @@
 #include <cctype>
 #include <vector>
 
-#include <qvui/framework/window_mgr.h>
+#include <qvui/framework/window/window_mgr.h>
 
 #include "controls.h"
 #include "values.h"

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <qvui/framework/notify_target.h>
+#include <qvui/framework/window/notify_target.h>
 #include <qvui/layout/linear_layout.h>
 #include <qvui/layout/tab_item.h>
 #include <qvui/layout/tab_layout.h>

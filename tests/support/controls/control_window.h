@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include <qvui/framework/window_mgr.h>
+#include <qvui/framework/window/window_mgr.h>
 
 #include "support/platform_window.h"
 #include "support/pointer_and_keys.h"

@@ -1,4 +1,4 @@
-#include <qvui/framework/window_mgr.h>
+#include <qvui/framework/window/window_mgr.h>
 
 #include <utility>
 
@@ -8,7 +8,7 @@
 #include <qvui/tooltip/tool_tip.h>
 
 #include "framework/geometry.h"
-#include "framework/window_mgr_target.h"
+#include "framework/window/target.h"
 #include "skin/skin_access.h"
 
 // Creating, finishing, laying out and painting; input and requests have their own sources.

@@ -4,9 +4,9 @@
 #include <utility>
 
 #include <qvui/foundation/trace.h>
-#include <qvui/framework/window_mgr.h>
+#include <qvui/framework/window/window_mgr.h>
 
-#include "framework/window_mgr_target.h"
+#include "framework/window/target.h"
 
 // What controls ask of their window, and what they tell it.
 

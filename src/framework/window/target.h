@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include <qvui/framework/window_mgr.h>
+#include <qvui/framework/window/window_mgr.h>
 
 #include "framework/control_guard.h"
 

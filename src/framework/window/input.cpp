@@ -1,10 +1,10 @@
 #include <algorithm>
 #include <cctype>
 
-#include <qvui/framework/window_mgr.h>
+#include <qvui/framework/window/window_mgr.h>
 #include <qvui/tooltip/tool_tip.h>
 
-#include "framework/window_mgr_target.h"
+#include "framework/window/target.h"
 
 // Mouse, keyboard and focus messages on their way to the controls.
 

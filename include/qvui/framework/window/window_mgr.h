@@ -10,7 +10,7 @@
 #include <qvui/framework/control_base.h>
 #include <qvui/framework/control_builder.h>
 #include <qvui/framework/message_loop.h>
-#include <qvui/framework/notify_target.h>
+#include <qvui/framework/window/notify_target.h>
 #include <qvui/render/background.h>
 #include <qvui/render/dib_section.h>
 #include <qvui/skin/skin_manager.h>
