@@ -1,5 +1,5 @@
-#include <qvui/controls/list_box.h>
-#include <qvui/controls/tree_view.h>
+#include <qvui/controls/rows/list_box.h>
+#include <qvui/controls/rows/tree_view.h>
 
 #include "host_window.h"
 #include "lists_qt.h"

@@ -1,5 +1,5 @@
 #include <qvui/controls/button.h>
-#include <qvui/controls/scroll_bar.h>
+#include <qvui/controls/scrolling/scroll_bar.h>
 #include <qvui/framework/window/window_mgr.h>
 
 #include "framework/scroll_bars.h"

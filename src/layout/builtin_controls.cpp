@@ -2,12 +2,12 @@
 #include <qvui/controls/check_button.h>
 #include <qvui/controls/hyper_link.h>
 #include <qvui/controls/label.h>
-#include <qvui/controls/list_box.h>
 #include <qvui/controls/picture_box.h>
 #include <qvui/controls/progress_bar.h>
-#include <qvui/controls/scroll_bar.h>
+#include <qvui/controls/rows/list_box.h>
+#include <qvui/controls/rows/tree_view.h>
+#include <qvui/controls/scrolling/scroll_bar.h>
 #include <qvui/controls/track_bar.h>
-#include <qvui/controls/tree_view.h>
 #include <qvui/framework/control_factory.h>
 #include <qvui/layout/dialog_layout.h>
 #include <qvui/layout/dock_layout.h>

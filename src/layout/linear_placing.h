@@ -4,7 +4,7 @@
 
 #include <qvui/layout/canvas.h>
 
-#include "controls/owned_scroll_bar.h"
+#include "controls/scrolling/owned_scroll_bar.h"
 #include "layout/axis.h"
 #include "layout/children.h"
 #include "layout/linear_spans.h"

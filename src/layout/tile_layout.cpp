@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "controls/owned_scroll_bar.h"
+#include "controls/scrolling/owned_scroll_bar.h"
 #include "layout/children.h"
 #include "layout/tile_grid.h"
 

@@ -1,4 +1,4 @@
-#include <qvui/controls/list_box.h>
+#include <qvui/controls/rows/list_box.h>
 
 #include "framework/probe.h"
 #include "support/controls/control_test.h"

@@ -3,7 +3,7 @@
 #include <sstream>
 #include <typeinfo>
 
-#include <qvui/controls/scroll_bar.h>
+#include <qvui/controls/scrolling/scroll_bar.h>
 #include <qvui/framework/control_factory.h>
 
 #include "layout/shapes.h"

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <qvui/controls/scroll_bar.h>
+#include <qvui/controls/scrolling/scroll_bar.h>
 #include <qvui/layout/canvas.h>
 
 namespace DUI {

@@ -1,8 +1,8 @@
-#include "controls/tree_branch.h"
+#include "controls/rows/tree_branch.h"
 
-#include <qvui/controls/tree_view.h>
+#include <qvui/controls/rows/tree_view.h>
 
-#include "controls/row_container.h"
+#include "controls/rows/row_container.h"
 #include "framework/control_guard.h"
 #include "framework/geometry.h"
 

@@ -1,9 +1,9 @@
-#include <qvui/controls/list_box.h>
+#include <qvui/controls/rows/list_box.h>
 
-#include "controls/owned_scroll_bar.h"
-#include "controls/pressed_row.h"
-#include "controls/row_container.h"
-#include "controls/row_index.h"
+#include "controls/rows/pressed_row.h"
+#include "controls/rows/row_container.h"
+#include "controls/rows/row_index.h"
+#include "controls/scrolling/owned_scroll_bar.h"
 #include "framework/control_guard.h"
 #include "framework/geometry.h"
 

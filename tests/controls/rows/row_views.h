@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "controls/scroll_box.h"
+#include "controls/scrolling/scroll_box.h"
 #include "support/controls/control_test.h"
 
 // What tests of list boxes and tree views have in common.

@@ -1,7 +1,7 @@
-#include <qvui/controls/tree_view.h>
+#include <qvui/controls/rows/tree_view.h>
 
 #include "controls/pixels.h"
-#include "controls/row_views.h"
+#include "controls/rows/row_views.h"
 
 namespace qvui::test {
 namespace {

@@ -1,4 +1,4 @@
-#include "controls/scroll_box.h"
+#include "controls/scrolling/scroll_box.h"
 #include "support/controls/control_test.h"
 #include "support/manual_clock.h"
 

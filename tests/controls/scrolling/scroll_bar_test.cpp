@@ -1,9 +1,9 @@
-#include <qvui/controls/scroll_bar.h>
+#include <qvui/controls/scrolling/scroll_bar.h>
 
 #include <climits>
 
 #include "controls/pixels.h"
-#include "controls/scroll_box.h"
+#include "controls/scrolling/scroll_box.h"
 #include "support/controls/control_test.h"
 
 namespace qvui::test {

@@ -1,7 +1,7 @@
-#include <qvui/controls/list_box.h>
+#include <qvui/controls/rows/list_box.h>
 
-#include "controls/owned_scroll_bar.h"
-#include "controls/row_index.h"
+#include "controls/rows/row_index.h"
+#include "controls/scrolling/owned_scroll_bar.h"
 #include "framework/control_guard.h"
 
 // What a list box does on input: selection, expanding, groups and keys.

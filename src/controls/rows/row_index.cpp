@@ -1,4 +1,4 @@
-#include "controls/row_index.h"
+#include "controls/rows/row_index.h"
 
 #include <algorithm>
 #include <bit>

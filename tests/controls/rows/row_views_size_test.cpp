@@ -1,10 +1,10 @@
-#include <qvui/controls/list_box.h>
-#include <qvui/controls/tree_view.h>
+#include <qvui/controls/rows/list_box.h>
+#include <qvui/controls/rows/tree_view.h>
 
 #include <random>
 
 #include "controls/pixels.h"
-#include "controls/scroll_box.h"
+#include "controls/scrolling/scroll_box.h"
 #include "support/controls/control_test.h"
 
 // Lists and trees of very many rows: what they do is counted, and that it is right is checked against the

@@ -1,8 +1,8 @@
-#include <qvui/controls/list_item.h>
+#include <qvui/controls/rows/list_item.h>
 
-#include <qvui/controls/list_box.h>
+#include <qvui/controls/rows/list_box.h>
 
-#include "controls/pressed_row.h"
+#include "controls/rows/pressed_row.h"
 #include "controls/state_text.h"
 #include "framework/control_guard.h"
 #include "framework/geometry.h"

@@ -1,4 +1,4 @@
-#include <qvui/controls/tree_view.h>
+#include <qvui/controls/rows/tree_view.h>
 
 #include "framework/control_guard.h"
 #include "framework/geometry.h"

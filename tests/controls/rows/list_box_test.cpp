@@ -1,9 +1,9 @@
-#include <qvui/controls/list_box.h>
+#include <qvui/controls/rows/list_box.h>
 
 #include <qvui/controls/button.h>
 
 #include "controls/pixels.h"
-#include "controls/row_views.h"
+#include "controls/rows/row_views.h"
 
 namespace qvui::test {
 namespace {

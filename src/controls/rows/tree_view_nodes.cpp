@@ -1,10 +1,10 @@
-#include <qvui/controls/tree_view.h>
+#include <qvui/controls/rows/tree_view.h>
 
 #include <algorithm>
 #include <vector>
 
-#include "controls/pressed_row.h"
-#include "controls/tree_branch.h"
+#include "controls/rows/pressed_row.h"
+#include "controls/rows/tree_branch.h"
 #include "framework/control_guard.h"
 
 // A tree view's nodes: adding, removing, finding, expanding and selecting them.

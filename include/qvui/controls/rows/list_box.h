@@ -2,8 +2,8 @@
 
 #include <memory>
 
-#include <qvui/controls/list_item.h>
-#include <qvui/controls/scroll_bar.h>
+#include <qvui/controls/rows/list_item.h>
+#include <qvui/controls/scrolling/scroll_bar.h>
 
 namespace DUI {
 

@@ -1,8 +1,8 @@
 #pragma once
 
-#include <qvui/controls/tree_node.h>
+#include <qvui/controls/rows/tree_node.h>
 
-#include "controls/row_index.h"
+#include "controls/rows/row_index.h"
 
 namespace DUI {
 

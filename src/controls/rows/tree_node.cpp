@@ -1,11 +1,11 @@
-#include <qvui/controls/tree_node.h>
+#include <qvui/controls/rows/tree_node.h>
 
-#include <qvui/controls/tree_view.h>
+#include <qvui/controls/rows/tree_view.h>
 
-#include "controls/pressed_row.h"
-#include "controls/row_container.h"
+#include "controls/rows/pressed_row.h"
+#include "controls/rows/row_container.h"
+#include "controls/rows/tree_branch.h"
 #include "controls/state_text.h"
-#include "controls/tree_branch.h"
 #include "framework/control_guard.h"
 #include "framework/geometry.h"
 #include "skin/skin_access.h"

@@ -2,8 +2,8 @@
 
 #include <memory>
 
-#include <qvui/controls/scroll_bar.h>
-#include <qvui/controls/tree_node.h>
+#include <qvui/controls/rows/tree_node.h>
+#include <qvui/controls/scrolling/scroll_bar.h>
 #include <qvui/render/background.h>
 
 namespace DUI {

@@ -1,4 +1,4 @@
-#include <qvui/controls/scroll_bar.h>
+#include <qvui/controls/scrolling/scroll_bar.h>
 
 #include "framework/control_guard.h"
 #include "framework/geometry.h"

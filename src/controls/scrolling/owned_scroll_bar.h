@@ -2,7 +2,7 @@
 
 #include <type_traits>
 
-#include <qvui/controls/scroll_bar.h>
+#include <qvui/controls/scrolling/scroll_bar.h>
 #include <qvui/framework/app.h>
 
 #include "framework/control_guard.h"

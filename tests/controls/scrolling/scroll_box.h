@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include <qvui/controls/scroll_bar.h>
+#include <qvui/controls/scrolling/scroll_bar.h>
 
 #include "support/controls/control_window.h"
 
