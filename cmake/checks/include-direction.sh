@@ -1,8 +1,8 @@
 #!/usr/bin/env bash
-# Rooms include one way: foundation → render → skin → tooltip → framework → controls → layout; platform knows none of
-# them, and the target is asked about only inside platform/.
+# Rooms include one way: foundation → render → skin → tooltip → framework → controls → layout → bars; platform
+# knows none of them, and the target is asked about only inside platform/.
 set -euo pipefail
-rooms=(foundation render skin tooltip framework controls layout)
+rooms=(foundation render skin tooltip framework controls layout bars)
 status=0
 
 complain() {

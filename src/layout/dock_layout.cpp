@@ -2,7 +2,7 @@
 
 #include "framework/geometry.h"
 #include "layout/children.h"
-#include "layout/dock_rect.h"
+#include "layout/placement/dock_rect.h"
 
 namespace DUI {
 namespace {

@@ -7,7 +7,7 @@
 #include "controls/scrolling/owned_scroll_bar.h"
 #include "layout/axis.h"
 #include "layout/children.h"
-#include "layout/linear_spans.h"
+#include "layout/placement/linear_spans.h"
 
 namespace DUI::layout {
 

@@ -4,7 +4,7 @@
 
 #include "controls/scrolling/owned_scroll_bar.h"
 #include "layout/children.h"
-#include "layout/tile_grid.h"
+#include "layout/placement/tile_grid.h"
 
 namespace DUI {
 namespace {

@@ -4,10 +4,10 @@
 
 #include <qvui/framework/control.h>
 
-#include "layout/dock_rect.h"
-#include "layout/linear_spans.h"
-#include "layout/tile_grid.h"
-#include "layout/tool_bar_plan.h"
+#include "bars/tool_bar_plan.h"
+#include "layout/placement/dock_rect.h"
+#include "layout/placement/linear_spans.h"
+#include "layout/placement/tile_grid.h"
 
 #include "layout/shapes.h"
 

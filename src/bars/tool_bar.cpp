@@ -1,11 +1,11 @@
-#include <qvui/layout/tool_bar.h>
+#include <qvui/bars/tool_bar.h>
 
 #include <qvui/render/render_engine.h>
 
+#include "bars/tool_bar_colors.h"
+#include "bars/tool_bar_items.h"
 #include "framework/control_guard.h"
 #include "layout/linear_placing.h"
-#include "layout/tool_bar_colors.h"
-#include "layout/tool_bar_items.h"
 #include "skin/skin_access.h"
 
 namespace DUI {

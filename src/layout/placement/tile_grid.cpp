@@ -1,4 +1,4 @@
-#include "layout/tile_grid.h"
+#include "layout/placement/tile_grid.h"
 
 #include <algorithm>
 

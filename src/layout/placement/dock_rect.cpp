@@ -1,4 +1,4 @@
-#include "layout/dock_rect.h"
+#include "layout/placement/dock_rect.h"
 
 #include <qvui/framework/control.h>
 

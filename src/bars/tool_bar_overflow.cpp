@@ -1,10 +1,10 @@
-#include "layout/tool_bar_overflow.h"
+#include "bars/tool_bar_overflow.h"
 
 #include <qvui/render/render_engine.h>
 
+#include "bars/tool_bar_colors.h"
 #include "framework/control_guard.h"
 #include "framework/geometry.h"
-#include "layout/tool_bar_colors.h"
 #include "skin/skin_access.h"
 
 namespace DUI {

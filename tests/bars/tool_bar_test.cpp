@@ -1,5 +1,5 @@
+#include <qvui/bars/tool_bar.h>
 #include <qvui/controls/button.h>
-#include <qvui/layout/tool_bar.h>
 
 #include "layout/shapes.h"
 #include "support/controls/control_test.h"

@@ -1,5 +1,5 @@
-#include <qvui/layout/tab_bar.h>
-#include <qvui/layout/tab_layout.h>
+#include <qvui/bars/tab_bar.h>
+#include <qvui/bars/tab_layout.h>
 
 #include <algorithm>
 #include <sstream>

@@ -7,9 +7,9 @@
 #include <qvui/controls/button.h>
 #include <qvui/layout/canvas.h>
 
-#include "layout/tool_bar_menu.h"
-#include "layout/tool_bar_overflow.h"
-#include "layout/tool_bar_plan.h"
+#include "bars/tool_bar_menu.h"
+#include "bars/tool_bar_overflow.h"
+#include "bars/tool_bar_plan.h"
 
 namespace DUI {
 

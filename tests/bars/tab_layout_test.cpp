@@ -1,4 +1,4 @@
-#include <qvui/layout/tab_layout.h>
+#include <qvui/bars/tab_layout.h>
 
 #include "layout/shapes.h"
 #include "support/controls/control_test.h"

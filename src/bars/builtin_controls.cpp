@@ -1,3 +1,7 @@
+#include <qvui/bars/tab_bar.h>
+#include <qvui/bars/tab_item.h>
+#include <qvui/bars/tab_layout.h>
+#include <qvui/bars/tool_bar.h>
 #include <qvui/controls/button.h>
 #include <qvui/controls/check_button.h>
 #include <qvui/controls/hyper_link.h>
@@ -15,11 +19,7 @@
 #include <qvui/layout/linear_layout.h>
 #include <qvui/layout/padding_panel.h>
 #include <qvui/layout/split.h>
-#include <qvui/layout/tab_bar.h>
-#include <qvui/layout/tab_item.h>
-#include <qvui/layout/tab_layout.h>
 #include <qvui/layout/tile_layout.h>
-#include <qvui/layout/tool_bar.h>
 
 // Here, in the last room, because it names the controls of all rooms.
 

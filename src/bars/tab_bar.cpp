@@ -1,4 +1,4 @@
-#include <qvui/layout/tab_bar.h>
+#include <qvui/bars/tab_bar.h>
 
 #include <algorithm>
 
@@ -374,7 +374,8 @@ void CDUITabBar<Layout>::RemoveAllControl()
         released.emplace_back(this->GetControlByIndex(i));
     Layout::RemoveAllControl();
     for (const CRefPtr<IDUIControl>& child : released)
-        if (auto* const item = InterfaceOf<CDUITabItem>(child.GetPtr(), "tab_item"); item && !item->GetParent())
+        if (auto* const item = InterfaceOf<CDUITabItem>(child.GetPtr(), "tab_item");
+            item && !item->GetParent())
             Release(*item);
 }
 

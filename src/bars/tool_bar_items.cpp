@@ -1,4 +1,4 @@
-#include "layout/tool_bar_items.h"
+#include "bars/tool_bar_items.h"
 
 #include <algorithm>
 

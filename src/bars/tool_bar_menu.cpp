@@ -1,13 +1,13 @@
-#include "layout/tool_bar_menu.h"
+#include "bars/tool_bar_menu.h"
 
 #include <algorithm>
 
 #include <qvui/framework/app.h>
 #include <qvui/layout/linear_layout.h>
 
+#include "bars/tool_bar_colors.h"
+#include "bars/tool_bar_plan.h"
 #include "framework/geometry.h"
-#include "layout/tool_bar_colors.h"
-#include "layout/tool_bar_plan.h"
 #include "tooltip/popup_class.h"
 #include "tooltip/tool_tip_placement.h"
 

@@ -2,7 +2,7 @@
 
 #include <vector>
 
-#include "layout/linear_spans.h"
+#include "layout/placement/linear_spans.h"
 
 namespace DUI::layout {
 

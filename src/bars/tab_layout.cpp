@@ -1,4 +1,4 @@
-#include <qvui/layout/tab_layout.h>
+#include <qvui/bars/tab_layout.h>
 
 #include <algorithm>
 #include <vector>

@@ -1,9 +1,9 @@
 #pragma once
 
+#include <qvui/bars/tab_item.h>
+#include <qvui/bars/tab_layout.h>
 #include <qvui/framework/window/notify_target.h>
 #include <qvui/layout/linear_layout.h>
-#include <qvui/layout/tab_item.h>
-#include <qvui/layout/tab_layout.h>
 
 namespace DUI {
 

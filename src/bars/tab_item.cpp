@@ -1,4 +1,4 @@
-#include <qvui/layout/tab_item.h>
+#include <qvui/bars/tab_item.h>
 
 #include "framework/control_guard.h"
 

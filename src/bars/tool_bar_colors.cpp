@@ -1,4 +1,4 @@
-#include "layout/tool_bar_colors.h"
+#include "bars/tool_bar_colors.h"
 
 #include "skin/skin_access.h"
 

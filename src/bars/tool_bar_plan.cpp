@@ -1,4 +1,4 @@
-#include "layout/tool_bar_plan.h"
+#include "bars/tool_bar_plan.h"
 
 #include <algorithm>
 
