@@ -1,6 +1,6 @@
 // Measuring text and drawing single lines of it.
 
-#include "native/gdi/text_drawing.h"
+#include "native/text/text_drawing.h"
 
 #include <pango/pangoft2.h>
 

@@ -1,4 +1,4 @@
-#include "native/gdi/text_layout.h"
+#include "native/text/text_layout.h"
 
 #include <algorithm>
 

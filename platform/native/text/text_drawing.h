@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-#include "native/gdi/font_object.h"
+#include "native/text/font_object.h"
 
 namespace qvui::native {
 

@@ -1,4 +1,4 @@
-#include "native/gdi/font_object.h"
+#include "native/text/font_object.h"
 
 #include <pango/pangoft2.h>
 

@@ -3,9 +3,9 @@
 #include <algorithm>
 #include <cstring>
 
-#include "native/gdi/text_drawing.h"
-#include "native/gdi/text_layout.h"
 #include "native/kernel/code_pages.h"
+#include "native/text/text_drawing.h"
+#include "native/text/text_layout.h"
 
 using namespace qvui::native;
 
