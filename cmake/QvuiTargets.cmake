@@ -2,6 +2,7 @@
 
 option(QVUI_WARNINGS_AS_ERRORS "Treat warnings as errors" OFF)
 option(QVUI_PRECOMPILE "Precompile the headers that most sources include" ON)
+option(QVUI_COVERAGE "Count the lines of the library and the tools that run" OFF)
 set(QVUI_SANITIZE "" CACHE STRING "Sanitizers, as for -fsanitize=")
 set(QVUI_PROGRAM_FLAGS "" CACHE STRING "Compiler flags of tests, tools and examples, after those of the build type")
 
@@ -26,6 +27,9 @@ if(QVUI_SANITIZE)
   target_compile_options(qvui_flags INTERFACE
     -fsanitize=${QVUI_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
   target_link_options(qvui_flags INTERFACE -fsanitize=${QVUI_SANITIZE})
+endif()
+if(QVUI_COVERAGE)
+  target_link_options(qvui_flags INTERFACE --coverage)
 endif()
 target_compile_options(qvui_flags INTERFACE -fvisibility=hidden -fvisibility-inlines-hidden)
 if(CMAKE_SIZEOF_VOID_P EQUAL 4 AND CMAKE_SYSTEM_PROCESSOR MATCHES "^(i.86|x86)")
@@ -58,6 +62,14 @@ function(qvui_precompile target)
   endif()
 endfunction()
 
+# qvui_count_lines(TARGET)
+# Counts which lines of a library of ours run, in a build for coverage.
+function(qvui_count_lines target)
+  if(QVUI_COVERAGE)
+    target_compile_options(${target} PRIVATE --coverage)
+  endif()
+endfunction()
+
 # qvui_room(NAME SOURCES files... [USES targets...])
 # One room of the library: a static library that the shared library takes whole.
 # Paths are relative to the calling CMakeLists.txt.
@@ -70,6 +82,7 @@ function(qvui_room name)
   target_compile_definitions(qvui_${name} PRIVATE QVUI_BUILDING)
   target_link_libraries(qvui_${name} PUBLIC qvui_flags ${ROOM_USES} PRIVATE qvui_warnings)
   qvui_precompile(qvui_${name} REUSE_FROM qvui_platform)
+  qvui_count_lines(qvui_${name})
   set_property(GLOBAL APPEND PROPERTY QVUI_ROOMS qvui_${name})
 endfunction()
 
