@@ -1,17 +1,12 @@
 #include <qvui/framework/window/window_mgr.h>
 
-#include <utility>
-
 #include <qvui/foundation/trace.h>
 #include <qvui/framework/app.h>
 #include <qvui/render/render_engine.h>
-#include <qvui/tooltip/tool_tip.h>
 
 #include "framework/geometry.h"
-#include "framework/window/target.h"
+#include "framework/window/window_parts.h"
 #include "skin/skin_access.h"
-
-// Creating, finishing, laying out and painting; input and requests have their own sources.
 
 namespace DUI {
 namespace {
@@ -20,17 +15,7 @@ constexpr WordBit kStyleWords[] = {{"layered", DUINCSTYLE_LAYERED},
                                    {"custom_nc", DUINCSTYLE_CUSTOM_NC},
                                    {"region_nc", DUINCSTYLE_REGION_NC},
                                    {"size_nc", DUINCSTYLE_SIZE_NC}};
-constexpr UINT_PTR kClientTool = 1;
 constexpr int kMostLayoutPasses = 16;
-
-int Width(const RECT& rect)
-{
-    return rect.right - rect.left;
-}
-int Height(const RECT& rect)
-{
-    return rect.bottom - rect.top;
-}
 
 // For a root that another window has, or has handed out; the handlers of its end there may do anything.
 void LeaveOtherWindow(IDUIControl* root, const IDUIControlMgr& manager)
@@ -67,17 +52,18 @@ const AttributeList& CDUIWindowMgr::WindowAttributes()
     return table;
 }
 
-CDUIWindowMgr::CDUIWindowMgr() = default;
+CDUIWindowMgr::CDUIWindowMgr() : m_parts(std::make_unique<WindowParts>(*this))
+{
+}
 
 CDUIWindowMgr::~CDUIWindowMgr()
 {
     m_isEnding = true;
-    m_holdsMouse = false;  // to let go of it would be told to a window procedure that works on this object
+    // Giving the mouse back would be told to a window procedure that works on this object.
+    m_parts->pointer.ForgetMouse();
     FinishWindowMgr();
-    ForgetAllHandlers();
+    m_parts->handlers.Clear();
     CDUIControlBase::FinishDetaching(*this);
-    for (Target* target : m_targets)
-        target->LoseManager();
 }
 
 // --- creating and finishing --------------------------------------------------------------------------------
@@ -104,26 +90,25 @@ BOOL CDUIWindowMgr::CreateFromRootControl(CRefPtr<IDUIControl> root, HWND hWnd, 
 BOOL CDUIWindowMgr::AdoptRoot(CRefPtr<IDUIControl> root, HWND hWnd)
 {
     // Released at the very end: its destructor may end the manager.
-    const CRefPtr<IDUIControl> previous = m_pRoot;
+    const CRefPtr<IDUIControl> previous = m_parts->host.root;
     // A tree that is still attached must not keep a manager that no longer knows it.
     if (m_isEnding || (previous != root && !DetachTree()))
         return FALSE;
-    const Target alive(*this, nullptr);
+    const Target alive(m_parts->host.calls, nullptr);
     const unsigned before = m_nTrees;
     LeaveOtherWindow(root.GetPtr(), *this);
     if (!alive.IsManagerAlive() || before != m_nTrees)
         return FALSE;
     ++m_nTrees;
-    m_pRoot = root;
+    m_parts->host.root = root;
     m_bLayoutLocked = FALSE;
-    m_moves.clear();
-    m_away.clear();
-    ForgetNames();
-    if (m_pRoot.IsNull())
+    m_parts->moves.Clear();
+    m_parts->lookup.Clear();
+    if (!GetRootControl())
         return FALSE;
-    m_hWnd = hWnd;
+    m_parts->host.handle = hWnd;
     // A manager that was deleted during a press leaves the capture to its successor.
-    m_holdsMouse = m_holdsMouse || (IsWindow() && GetCapture() == m_hWnd);
+    m_parts->pointer.TakeOverMouse();
     const unsigned tree = m_nTrees;
     LayoutRootControl();
     return alive.IsManagerAlive() && tree == m_nTrees;
@@ -132,14 +117,14 @@ BOOL CDUIWindowMgr::AdoptRoot(CRefPtr<IDUIControl> root, HWND hWnd)
 bool CDUIWindowMgr::DetachTree()
 {
     // Another window may have taken the root meanwhile.
-    const auto* const control = InterfaceOf<CDUIControlBase>(m_pRoot.GetPtr(), "control_base");
+    const auto* const control = InterfaceOf<CDUIControlBase>(GetRootControl(), "control_base");
     if (control && control->GetControlMgr() != this)
         m_isAttached = false;
     if (!m_isAttached)
         return true;
     const unsigned tree = m_nTrees;
     // The flag stays until the end: whoever is called meanwhile and ends the tree, too, must do what is left.
-    const Target root(*this, m_pRoot.GetPtr());
+    const Target root(m_parts->host.calls, GetRootControl());
     root->DetachWindow();
     if (!root.IsManagerAlive() || tree != m_nTrees)
         return false;
@@ -155,13 +140,12 @@ void CDUIWindowMgr::InitWindowMgr()
         manager->AddSkinObserver(this);
         m_isSkinObserver = true;
     }
-    m_pCapture = m_pHover = m_pFocus = nullptr;
-    m_ptLast = {-1, -1};
-    ForgetNames();
-    if (!m_pRoot.IsNull()) {
+    ForgetPointers();
+    m_parts->host.pointer = {-1, -1};
+    if (GetRootControl()) {
         m_isAttached = true;
         const unsigned tree = m_nTrees;
-        Target root(*this, m_pRoot.GetPtr());
+        Target root(m_parts->host.calls, GetRootControl());
         LeaveOtherWindow(root.Get(), *this);
         if (!root.IsManagerAlive() || tree != m_nTrees)
             return;
@@ -175,7 +159,7 @@ void CDUIWindowMgr::InitWindowMgr()
             return;
     }
     if (IsWindow())
-        CreateTooltip();
+        m_parts->toolTip.Create();
 }
 
 void CDUIWindowMgr::FinishWindowMgr()
@@ -184,37 +168,71 @@ void CDUIWindowMgr::FinishWindowMgr()
     if (IDUISkinMgr* const manager = m_isSkinObserver ? skin::Manager() : nullptr)
         manager->RemoveSkinObserver(this);
     m_isSkinObserver = false;
-    ForgetNames();
+    m_parts->lookup.Clear();
     // Released at the very end: its destructor may end the manager.
-    const CRefPtr<IDUIControl> root = m_pRoot;
+    const CRefPtr<IDUIControl> root = m_parts->host.root;
     if (!DetachTree())
         return;
-    const Target alive(*this, nullptr);
+    const Target alive(m_parts->host.calls, nullptr);
     const unsigned tree = m_nTrees;
-    HoldMouse(false);
+    m_parts->pointer.ReleaseMouse();
     if (!alive.IsManagerAlive() || tree != m_nTrees)
         return;
     ++m_nTrees;
-    m_pRoot = nullptr;
-    m_pCapture = m_pHover = m_pFocus = nullptr;
-    m_bTracking = FALSE;
+    m_parts->host.root = nullptr;
+    ForgetPointers();
+    m_parts->pointer.StopTracking();
     m_bLayoutLocked = FALSE;
-    m_moves.clear();
-    m_away.clear();
-    ForgetNames();
-    ClearTimer();
-    m_pToolTip.reset();
+    m_parts->moves.Clear();
+    m_parts->timers.RemoveAll();
+    m_parts->toolTip.Destroy();
 }
 
 CRefPtr<IDUIControl> CDUIWindowMgr::DetachRootControl()
 {
-    CRefPtr<IDUIControl> root = m_pRoot;
+    CRefPtr<IDUIControl> root = m_parts->host.root;
     ++m_nTrees;
-    m_pRoot = nullptr;
+    m_parts->host.root = nullptr;
     m_isAttached = false;
-    m_pCapture = m_pHover = m_pFocus = nullptr;
-    ForgetNames();
+    ForgetPointers();
     return root;
+}
+
+void CDUIWindowMgr::ForgetPointers()
+{
+    m_parts->pointer.Clear();
+    m_parts->focus.Clear();
+    m_parts->lookup.Clear();
+}
+
+void CDUIWindowMgr::ForgetPointers(const IDUIControl* control)
+{
+    m_parts->pointer.ForgetHover(control);
+    if (m_parts->moves.Holds(control))
+        return;
+    m_parts->pointer.ForgetPress(control);
+    m_parts->focus.Forget(control);
+}
+
+void CDUIWindowMgr::Forget(const IDUIControl* control)
+{
+    ForgetPointers(control);
+    if (m_parts->moves.Holds(control)) {
+        m_parts->moves.Leave(control);
+        return;
+    }
+    // A move below a control that leaves is over.
+    for (const CWeakPtr<IDUIControl>& move : m_parts->moves.Below(control))
+        EndMove(move);
+    m_parts->host.calls.Forget(control);
+    m_parts->lookup.Forget(control);
+    m_parts->timers.RemoveOf(control);
+}
+
+void CDUIWindowMgr::EndMove(const IDUIControl* control)
+{
+    for (const IDUIControl* const away : m_parts->moves.End(control))
+        Forget(away);
 }
 
 CRefPtr<IDUIControl> CDUIWindowMgr::OnBuilderNewControl(const CString&)
@@ -231,48 +249,36 @@ void CDUIWindowMgr::OnBuilderWindowAttribute(const CString& name, const CString&
     static_cast<const AttributeTable<CDUIWindowMgr>&>(WindowAttributes()).Apply(*this, name, value);
 }
 
-void CDUIWindowMgr::CreateTooltip()
-{
-    m_pToolTip = std::make_unique<CPPToolTip>();
-    if (!m_pToolTip->Create(m_hWnd))
-        return;
-    m_pToolTip->SetBkColor(CARGB(169, 209, 236, 255));
-    m_pToolTip->SetMargin(5, 5);
-    m_pToolTip->SetOffset(5, 10);
-    UpdateTooltipTool();
-}
-
-// One tool covers the whole client area; what it says is asked for when it shows.
-void CDUIWindowMgr::UpdateTooltipTool()
-{
-    if (!m_pToolTip || !m_pToolTip->GetHWND())
-        return;
-    RECT client{};
-    GetClientRect(m_hWnd, &client);
-    m_pToolTip->DelTool(m_hWnd, kClientTool);
-    m_pToolTip->AddTool(m_hWnd, "", client, kClientTool);
-}
-
 // --- the window --------------------------------------------------------------------------------------------
+
+HWND CDUIWindowMgr::GetHWND() const
+{
+    return m_parts->host.handle;
+}
 
 BOOL CDUIWindowMgr::IsWindow() const
 {
-    return m_hWnd && ::IsWindow(m_hWnd);
+    return m_parts->host.IsWindow();
+}
+
+IDUIControl* CDUIWindowMgr::GetRootControl() const
+{
+    return m_parts->host.root.GetPtr();
 }
 
 DWORD CDUIWindowMgr::GetStyle() const
 {
-    return IsWindow() ? static_cast<DWORD>(GetWindowLongA(m_hWnd, GWL_STYLE)) : 0;
+    return IsWindow() ? static_cast<DWORD>(GetWindowLongA(GetHWND(), GWL_STYLE)) : 0;
 }
 
 DWORD CDUIWindowMgr::GetExStyle() const
 {
-    return IsWindow() ? static_cast<DWORD>(GetWindowLongA(m_hWnd, GWL_EXSTYLE)) : 0;
+    return IsWindow() ? static_cast<DWORD>(GetWindowLongA(GetHWND(), GWL_EXSTYLE)) : 0;
 }
 
 HWND CDUIWindowMgr::GetMostTopParent() const
 {
-    HWND parent = IsWindow() ? GetParent(m_hWnd) : nullptr;
+    HWND parent = IsWindow() ? GetParent(GetHWND()) : nullptr;
     while (parent && (GetWindowLongA(parent, GWL_STYLE) & static_cast<LONG>(WS_CHILD)))
         parent = GetParent(parent);
     return parent;
@@ -318,7 +324,7 @@ void CDUIWindowMgr::CheckDUIStyle()
 BOOL CDUIWindowMgr::GetDUIClientRect(RECT* prc)
 {
     RECT client{};
-    if (!IsWindow() || !prc || !GetClientRect(m_hWnd, &client))
+    if (!IsWindow() || !prc || !GetClientRect(GetHWND(), &client))
         return FALSE;
     if (!m_pFrameBK.IsNull() && !m_pFrameBK->IsEmpty())
         client = geometry::Shrink(client, m_pFrameBK->GetFrameBorder());
@@ -346,9 +352,9 @@ void CDUIWindowMgr::LayoutRootControl()
         }
         m_isRelayoutPending = false;
         RECT client{};
-        if (m_pRoot.IsNull() || !GetDUIClientRect(&client))
+        if (!GetRootControl() || !GetDUIClientRect(&client))
             return;
-        Target root(*this, m_pRoot.GetPtr());
+        Target root(m_parts->host.calls, GetRootControl());
         m_isLayingOut = true;
         root->SetControlRect(client);
         if (!root.IsManagerAlive())
@@ -362,14 +368,14 @@ LRESULT CDUIWindowMgr::OnSize(UINT, WPARAM wParam, LPARAM lParam, BOOL& bHandled
     bHandled = FALSE;
     if (!Broadcast(DUIEVENT_WINDOWSIZE, wParam, lParam))
         return 0;
-    if (IsWindow() && !IsIconic(m_hWnd)) {
-        const Target alive(*this, nullptr);
+    if (IsWindow() && !IsIconic(GetHWND())) {
+        const Target alive(m_parts->host.calls, nullptr);
         LayoutRootControl();
         if (!alive.IsManagerAlive())
             return 0;
         Invalidate(TRUE);
     }
-    UpdateTooltipTool();
+    m_parts->toolTip.OnSize();
     return 0;
 }
 
@@ -382,16 +388,17 @@ LRESULT CDUIWindowMgr::OnMove(UINT, WPARAM wParam, LPARAM lParam, BOOL& bHandled
 
 bool CDUIWindowMgr::Broadcast(UINT type, WPARAM wParam, LPARAM lParam)
 {
-    if (m_pRoot.IsNull())
+    if (!GetRootControl())
         return true;
-    Target root(*this, m_pRoot.GetPtr());
-    root->BroadcastEvent(tagDUIEvent{type, root.Get(), m_ptLast, 0, DUIKeyState(), wParam, lParam});
+    Target root(m_parts->host.calls, GetRootControl());
+    root->BroadcastEvent(
+        tagDUIEvent{type, root.Get(), m_parts->host.pointer, 0, DUIKeyState(), wParam, lParam});
     return root.IsManagerAlive();
 }
 
 LRESULT CDUIWindowMgr::OnNcActivate(UINT, WPARAM wParam, LPARAM, BOOL& bHandled)
 {
-    if (HasCaption() || IsIconic(m_hWnd)) {
+    if (HasCaption() || IsIconic(GetHWND())) {
         bHandled = FALSE;
         return 0;
     }
@@ -400,15 +407,15 @@ LRESULT CDUIWindowMgr::OnNcActivate(UINT, WPARAM wParam, LPARAM, BOOL& bHandled)
 
 void CDUIWindowMgr::OnSkinUIDataChanged()
 {
-    if (!m_pRoot.IsNull()) {
-        Target root(*this, m_pRoot.GetPtr());
+    if (GetRootControl()) {
+        Target root(m_parts->host.calls, GetRootControl());
         root->OnSkinChanged();
         if (!root.IsManagerAlive())
             return;
     }
     if (IsWindow()) {
         Invalidate(TRUE);
-        UpdateWindow(m_hWnd);
+        UpdateWindow(GetHWND());
     }
 }
 
@@ -417,7 +424,7 @@ void CDUIWindowMgr::OnSkinUIDataChanged()
 BOOL CDUIWindowMgr::Invalidate(BOOL bErase)
 {
     RECT client{};
-    if (IsWindow() && GetClientRect(m_hWnd, &client) && !IsRectEmpty(&client))
+    if (IsWindow() && GetClientRect(GetHWND(), &client) && !IsRectEmpty(&client))
         InvalidateRect(&client, bErase);
     return TRUE;
 }
@@ -425,9 +432,9 @@ BOOL CDUIWindowMgr::Invalidate(BOOL bErase)
 BOOL CDUIWindowMgr::InvalidateRect(const RECT* rect, BOOL bErase)
 {
     if (IsWindow()) {
-        ::InvalidateRect(m_hWnd, rect, bErase);
+        ::InvalidateRect(GetHWND(), rect, bErase);
         if (GetExStyle() & WS_EX_LAYERED)
-            PostMessageA(m_hWnd, WM_PAINT, 0, 0);
+            PostMessageA(GetHWND(), WM_PAINT, 0, 0);
     }
     return TRUE;
 }
@@ -436,16 +443,16 @@ void CDUIWindowMgr::InvalidateRgn(HRGN region, BOOL)
 {
     if (!IsWindow())
         return;
-    ::InvalidateRgn(m_hWnd, region, FALSE);
+    ::InvalidateRgn(GetHWND(), region, FALSE);
     if (GetExStyle() & WS_EX_LAYERED)
-        PostMessageA(m_hWnd, WM_PAINT, 0, 0);
+        PostMessageA(GetHWND(), WM_PAINT, 0, 0);
 }
 
 LRESULT CDUIWindowMgr::OnPaint(UINT, WPARAM, LPARAM, BOOL&)
 {
     const CTimeCostDebug cost("CDUIWindowBase::OnPaint");
     PAINTSTRUCT paint{};
-    const HWND hWnd = m_hWnd;
+    const HWND hWnd = GetHWND();
     if (const HDC hdc = BeginPaint(hWnd, &paint)) {
         DoPaint(hdc);
         EndPaint(hWnd, &paint);
@@ -462,44 +469,22 @@ LRESULT CDUIWindowMgr::OnEraseBkgnd(UINT, WPARAM, LPARAM, BOOL& bHandled)
 void CDUIWindowMgr::DoPaint(HDC hdc)
 {
     RECT client{};
-    RECT box{};
-    if (!IsWindow() || !GetClientRect(m_hWnd, &client))
+    if (!IsWindow() || !GetClientRect(GetHWND(), &client))
         return;
-    if (GetClipBox(hdc, &box) == NULLREGION || !IntersectRect(&box, &box, &client) ||
-        !PrepareBackBuffer(client))
+    BackBuffer::Paint paint(m_parts->backBuffer, hdc, client);
+    if (!paint.Context())
         return;
-    const HDC memory = CreateCompatibleDC(hdc);
-    const HGDIOBJ old = SelectObject(memory, m_backBuffer.GetBitmap());
-    // A new context combines the pixels that it leaves out when a picture shrinks, which shows as dark lines.
-    SetStretchBltMode(memory, COLORONCOLOR);
-    // Only what the context will take is copied, painted and copied back. The limit is no clip region: image
-    // and rounded frames leave out their centre and their corners where a context has one, and then nothing
-    // would paint there.
-    IntersectClipRect(memory, box.left, box.top, box.right, box.bottom);
-    SetMetaRgn(memory);
-    BitBlt(memory, box.left, box.top, Width(box), Height(box), hdc, box.left, box.top, SRCCOPY);
-    const Target alive(*this, nullptr);
-    PaintFrameBkgnd(memory);
+    const Target alive(m_parts->host.calls, nullptr);
+    PaintFrameBkgnd(paint.Context());
     if (alive.IsManagerAlive())
-        PaintClientArea(memory);
-    BitBlt(hdc, box.left, box.top, Width(box), Height(box), memory, box.left, box.top, SRCCOPY);
-    SelectObject(memory, old);
-    DeleteDC(memory);
-}
-
-bool CDUIWindowMgr::PrepareBackBuffer(const RECT& client)
-{
-    const BITMAPINFOHEADER& header = *m_backBuffer.GetDibHeader();
-    if (!m_backBuffer.IsNull() && header.biWidth >= Width(client) && header.biHeight >= Height(client))
-        return true;
-    return m_backBuffer.Create(static_cast<DWORD>(Width(client)), static_cast<DWORD>(Height(client)), 32) !=
-           FALSE;
+        PaintClientArea(paint.Context());
+    paint.CopyToTarget();
 }
 
 void CDUIWindowMgr::PaintFrameBkgnd(HDC hdc)
 {
     RECT client{};
-    if (!m_pFrameBK.IsNull() && !m_pFrameBK->IsEmpty() && IsWindow() && GetClientRect(m_hWnd, &client))
+    if (!m_pFrameBK.IsNull() && !m_pFrameBK->IsEmpty() && IsWindow() && GetClientRect(GetHWND(), &client))
         m_pFrameBK->DrawBK(hdc, client);
 }
 
@@ -508,11 +493,87 @@ void CDUIWindowMgr::PaintClientArea(HDC hdc)
     RECT rcPaint{};
     RECT client{};
     GetClipBox(hdc, &rcPaint);
-    if (m_pRoot.IsNull() || !GetDUIClientRect(&client))
+    if (!GetRootControl() || !GetDUIClientRect(&client))
         return;
     const CDUIRenderClip clip(hdc, client);
-    const CRefPtr<IDUIControl> root = m_pRoot;
+    const CRefPtr<IDUIControl> root = m_parts->host.root;
     root->DoPaint(hdc, rcPaint);
+}
+
+// --- controls ----------------------------------------------------------------------------------------------
+
+IDUIControl* CDUIWindowMgr::FindControl(POINT* pt)
+{
+    return FindControl(pt, DUIFIND_VISIBLE | DUIFIND_HITTEST);
+}
+
+IDUIControl* CDUIWindowMgr::FindControl(POINT* pt, UINT flags)
+{
+    return pt ? m_parts->host.FindAt(*pt, flags) : nullptr;
+}
+
+BOOL CDUIWindowMgr::IsTrasparentCtrl(IDUIControl* control)
+{
+    return !control || PointerRouter::IsLayoutContainer(control) || control->GetInterface("picturebox");
+}
+
+IDUIControl* CDUIWindowMgr::GetFocusControl() const
+{
+    return m_parts->focus.Get();
+}
+
+IDUIControl* CDUIWindowMgr::GetControlByName(const CString& name, BOOL bRefresh)
+{
+    return m_parts->lookup.ByName(name, bRefresh != FALSE);
+}
+
+IDUIControl* CDUIWindowMgr::GetControlByShortcut(char ch)
+{
+    return m_parts->lookup.ByShortcut(ch);
+}
+
+IDUIControl* CDUIWindowMgr::GetControlByInterface(const char* name)
+{
+    return m_parts->lookup.ByInterface(name);
+}
+
+BOOL CDUIWindowMgr::SetControlAttribute(const CString& name, const CString& attribute, const CString& value,
+                                        BOOL bRefresh)
+{
+    IDUIControl* const control = GetControlByName(name, bRefresh);
+    if (control)
+        control->SetAttribute(attribute, value);
+    return control != nullptr;
+}
+
+BOOL CDUIWindowMgr::EnableControl(const CString& name, BOOL bEnable)
+{
+    IDUIControl* const control = GetControlByName(name, FALSE);
+    if (control)
+        control->SetEnable(bEnable);
+    return control != nullptr;
+}
+
+BOOL CDUIWindowMgr::ShowControl(const CString& name, BOOL bShow)
+{
+    IDUIControl* const control = GetControlByName(name, FALSE);
+    if (control)
+        control->SetVisible(bShow);
+    return control != nullptr;
+}
+
+BOOL CDUIWindowMgr::SetContrlText(const CString& name, const CString& text)
+{
+    IDUIControl* const control = GetControlByName(name, FALSE);
+    if (control)
+        control->SetText(text);
+    return control != nullptr;
+}
+
+CString CDUIWindowMgr::GetContrlText(const CString& name)
+{
+    IDUIControl* const control = GetControlByName(name, FALSE);
+    return control ? control->GetText() : CString();
 }
 
 }  // namespace DUI

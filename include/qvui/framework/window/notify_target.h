@@ -1,13 +1,12 @@
 #pragma once
 
-#include <memory>
 #include <vector>
 
 #include <qvui/platform/platform.h>
 
 namespace DUI {
 
-class CDUIWindowMgr;
+class NotifyHandlers;
 
 /// Base of objects whose member functions are registered as notification handlers. Its end removes every
 /// handler that is still registered for it, so no manager calls an object that is gone.
@@ -22,8 +21,11 @@ protected:
     ~CDUINotifyTarget();
 
 private:
-    friend class CDUIWindowMgr;
-    std::vector<CDUIWindowMgr*> m_managers;  // each removes itself when it goes
+    friend class NotifyHandlers;
+    void Register(NotifyHandlers* handlers);
+    void Unregister(NotifyHandlers* handlers);
+
+    std::vector<NotifyHandlers*> m_registered;  // each removes itself when it goes
 };
 
 /// What a control that answers "tab_bar" gives for the name.

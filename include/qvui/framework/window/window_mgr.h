@@ -1,23 +1,18 @@
 #pragma once
 
 #include <functional>
-#include <map>
 #include <memory>
-#include <unordered_map>
-#include <unordered_set>
-#include <vector>
 
 #include <qvui/framework/control_base.h>
 #include <qvui/framework/control_builder.h>
 #include <qvui/framework/message_loop.h>
 #include <qvui/framework/window/notify_target.h>
 #include <qvui/render/background.h>
-#include <qvui/render/dib_section.h>
 #include <qvui/skin/skin_manager.h>
 
 namespace DUI {
 
-class CPPToolTip;
+struct WindowParts;
 
 /// The window's style word: how the application's window class treats the non-client area.
 enum DUINCSTYLE : DWORD {
@@ -106,13 +101,13 @@ public:
                               DWORD dwMsgMapID = 0);
 
     // The window
-    HWND GetHWND() const { return m_hWnd; }
+    HWND GetHWND() const;
     BOOL IsWindow() const;
     DWORD GetStyle() const;
     DWORD GetExStyle() const;
     /// The rectangle given to the create operations.
     const RECT& GetWindowRect() const { return m_rcWindow; }
-    IDUIControl* GetRootControl() const { return m_pRoot.GetPtr(); }
+    IDUIControl* GetRootControl() const;
     /// The first window above the host's parent or owner that is no child; null without one.
     HWND GetMostTopParent() const;
     /// 1 minimised, 2 maximised, else 4; plus 8 hidden, 0x10 disabled, 0x20 active; 0 without such a window.
@@ -151,7 +146,7 @@ public:
     IDUIControl* GetControlByName(const CString& name, BOOL bRefresh);
     IDUIControl* GetControlByShortcut(char ch);
     IDUIControl* GetControlByInterface(const char* name);
-    IDUIControl* GetFocusControl() const { return m_pFocus; }
+    IDUIControl* GetFocusControl() const;
     BOOL SetControlAttribute(const CString& name, const CString& attribute, const CString& value,
                              BOOL bRefresh);
     BOOL EnableControl(const CString& name, BOOL bEnable);
@@ -195,154 +190,56 @@ protected:
     LRESULT OnPreKeyDown(MSG* pMsg, BOOL& bHandled);
 
 private:
-    using Handler = LRESULT (CDUIWindowMgr::*)(UINT uMsg, WPARAM wParam, LPARAM lParam, BOOL& bHandled);
-    struct MessageEntry {
-        UINT message;
-        Handler handler;
-    };
+    struct MessageEntry;
     static const MessageEntry kMessages[];
-    struct RequestEntry {
-        UINT code;
-        LRESULT (CDUIWindowMgr::*handler)(tagDUINotify& request);
-    };
+    struct RequestEntry;
     static const RequestEntry kRequests[];
-    struct NotifyHandlerEntry {
-        CDUINotifyTarget* target;
-        std::function<void(const tagDUINotify&)> call;
-    };
-    using NotifyHandlerList = std::vector<std::shared_ptr<NotifyHandlerEntry>>;
-    /// A control that a handler of this manager works with: it stays alive meanwhile, and is null from the
-    /// moment it leaves the tree or the manager goes.
-    class Target;
 
     LRESULT OnSize(UINT uMsg, WPARAM wParam, LPARAM lParam, BOOL& bHandled);
     LRESULT OnMove(UINT uMsg, WPARAM wParam, LPARAM lParam, BOOL& bHandled);
-    LRESULT OnSetCursor(UINT uMsg, WPARAM wParam, LPARAM lParam, BOOL& bHandled);
-    LRESULT OnLButtonDown(UINT uMsg, WPARAM wParam, LPARAM lParam, BOOL& bHandled);
-    LRESULT OnLButtonUp(UINT uMsg, WPARAM wParam, LPARAM lParam, BOOL& bHandled);
-    LRESULT OnMouseMove(UINT uMsg, WPARAM wParam, LPARAM lParam, BOOL& bHandled);
-    LRESULT OnMouseLeave(UINT uMsg, WPARAM wParam, LPARAM lParam, BOOL& bHandled);
-    LRESULT OnLButtonDBClick(UINT uMsg, WPARAM wParam, LPARAM lParam, BOOL& bHandled);
-    LRESULT OnMouseWheel(UINT uMsg, WPARAM wParam, LPARAM lParam, BOOL& bHandled);
-    LRESULT OnContextMenu(UINT uMsg, WPARAM wParam, LPARAM lParam, BOOL& bHandled);
     LRESULT OnKey(UINT uMsg, WPARAM wParam, LPARAM lParam, BOOL& bHandled);
     LRESULT OnKillFocus(UINT uMsg, WPARAM wParam, LPARAM lParam, BOOL& bHandled);
     LRESULT OnNcActivate(UINT uMsg, WPARAM wParam, LPARAM lParam, BOOL& bHandled);
-    LRESULT OnNcMouseMove(UINT uMsg, WPARAM wParam, LPARAM lParam, BOOL& bHandled);
-    LRESULT OnCaptureChanged(UINT uMsg, WPARAM wParam, LPARAM lParam, BOOL& bHandled);
-    LRESULT OnNotifyDisplayTooltip(UINT uMsg, WPARAM wParam, LPARAM lParam, BOOL& bHandled);
 
-    // Input
-    /// Takes the message's point as the last one.
-    tagDUIEvent PointerEvent(UINT type, IDUIControl* sender, WPARAM wParam, LPARAM lParam);
-    /// False when the manager has gone meanwhile.
-    bool Deliver(IDUIControl* target, const tagDUIEvent& event, BOOL& bHandled);
-    bool RouteMove(tagDUIEvent event, BOOL& bHandled);
-    bool MoveHover(Target& found, const tagDUIEvent& move, BOOL& bHandled);
-    bool EndHover(BOOL& bHandled);
-    /// Takes or releases the native capture of a press. While the window has it, it is not left by the
-    /// pointer.
-    void HoldMouse(bool isHeld);
-    /// Controls that are being told that they take or lose the focus, the innermost last. They are not told
-    /// again meanwhile: handlers that pass the focus to each other would never end.
-    using FocusCalls = std::vector<CWeakPtr<IDUIControl>>;
-    static bool IsTold(const FocusCalls& calls, const IDUIControl* control);
-    /// False when the manager has gone.
-    bool TellOnce(FocusCalls& calls, IDUIControl* control, const tagDUIEvent& event, BOOL& bHandled);
-    /// False when the manager has gone.
-    bool LoseFocus(IDUIControl* sender, tagDUIEvent event, BOOL& bHandled);
-    bool IsOwnMessage(const MSG& message) const;
-    bool ActivateShortcut(char ch);
-    bool ActivateControl(IDUIControl* control);
-    bool OnPreReturn();
-    bool OnPreEscape(const MSG& message);
-    /// Gives the focus from the present control to this one, which may be null.
-    void MoveFocus(IDUIControl* control);
-    bool FocusBeyondTree(BOOL bForward, IDUIControl* lastTabStop);
-
-    // Requests
-    LRESULT HandleUpdateRequest(tagDUINotify& request);
+    LRESULT HandleUpdateRequest(const tagDUINotify& request);
     LRESULT Update(const tagDUINotify& request);
-    LRESULT HandleFocusRequest(tagDUINotify& request);
     LRESULT HandleWindowRequest(tagDUINotify& request);
-    LRESULT HandleLockRequest(tagDUINotify& request);
-    LRESULT HandleFindRequest(tagDUINotify& request);
-    LRESULT HandleStatusRequest(tagDUINotify& request);
-    LRESULT HandleTimerRequest(tagDUINotify& request);
-    LRESULT HandleMoveRequest(tagDUINotify& request);
-    LRESULT StartTimer(const DUITimerRecord& wanted);
-    LRESULT StopTimer(const DUITimerRecord& wanted);
-    /// Stops and removes the timers of the list for which `isOver` holds.
-    template <class Predicate>
-    void RemoveTimers(Predicate isOver);
-    std::size_t FindTimer(const IDUIControl* owner, UINT id) const;
-    void ClearTimer();
+    LRESULT HandleFindRequest(const tagDUINotify& request);
+    LRESULT HandleMoveRequest(const tagDUINotify& request);
 
-    // The window
     BOOL AdoptRoot(CRefPtr<IDUIControl> root, HWND hWnd);
     /// Detaches the root when it is attached; false when the manager has gone or has another tree afterwards.
     bool DetachTree();
+    /// No control has the focus, the pointer or a press, and none is known by name.
+    void ForgetPointers();
+    /// A control left the tree: nothing here may point to it any more. One that only moves is forgotten when
+    /// it has not come back by the end of the move.
+    void Forget(const IDUIControl* control);
+    void ForgetPointers(const IDUIControl* control);
+    void EndMove(const IDUIControl* control);
+
     bool HasDUIStyle(DWORD bits) const { return (m_dwDUIStyle & bits) == bits; }
     /// Whether the window has a native caption.
     bool HasCaption() const { return (GetStyle() & WS_CAPTION) == WS_CAPTION; }
     void CheckDUIStyle();
     bool Broadcast(UINT type, WPARAM wParam, LPARAM lParam);
-    bool PrepareBackBuffer(const RECT& client);
-    void RefreshNames();
-    void ForgetNames();
-    void CreateTooltip();
-    void UpdateTooltipTool();
-    /// A control left the tree: nothing here may point to it any more. One that only moves is forgotten when
-    /// it has not come back by the end of the move.
-    void Forget(const IDUIControl* control);
-    void ForgetPointers(const IDUIControl* control);
-    bool IsMoving(const IDUIControl* control) const;
-
     void AddHandler(const CString& name, CDUINotifyTarget* target,
                     std::function<void(const tagDUINotify&)> call);
-    void CallHandlers(const CString& name, const tagDUINotify& notify);
-    void ForgetAllHandlers();
-    friend class CDUINotifyTarget;
 
-    HWND m_hWnd = nullptr;
-    CRefPtr<IDUIControl> m_pRoot;
-    CWeakPtr<IDUIControl> m_pFocus;
-    FocusCalls m_focusTakers;
-    FocusCalls m_focusLosers;
-    CWeakPtr<IDUIControl> m_pHover;
-    CWeakPtr<IDUIControl> m_pCapture;
-    POINT m_ptLast{-1, -1};
-    BOOL m_bTracking = FALSE;
-    bool m_holdsMouse = false;  // the window has the native capture for a press
-    struct Timer {
-        DUITimerRecord record;
-        CWeakPtr<IDUIControl> owner;
-    };
-    std::vector<Timer> m_timers;
-    using NameCache = std::map<CString, CWeakPtr<IDUIControl>, CStrLessCmp>;
-    NameCache m_names;
-    std::unordered_map<const IDUIControl*, NameCache::iterator> m_namePlaces;
-    std::map<CString, NotifyHandlerList, CStrLessCmp> m_handlers;
+    const std::unique_ptr<WindowParts> m_parts;
     CDUIMessageLoop m_messageLoop;
-    std::unique_ptr<CPPToolTip> m_pToolTip;
-    BOOL m_bLayoutLocked = FALSE;
-    bool m_isLayingOut = false;
-    bool m_isRelayoutPending = false;
-
     RECT m_rcWindow{0, 0, 0, 0};
     CRefPtr<CDUIFrameBK> m_pFrameBK;
     RECT m_rcClientMargin{0, 0, 0, 0};
     DWORD m_dwDUIStyle = 0;
     int m_nCaptionHeight = 0;
-    CDibSection m_backBuffer;
+    BOOL m_bLayoutLocked = FALSE;
+    bool m_isLayingOut = false;
+    bool m_isRelayoutPending = false;
     bool m_isSkinObserver = false;
     bool m_isAttached = false;
-    bool m_isEnding = false;                     // while it is deleted
-    unsigned m_nTrees = 0;                       // counts the changes of the root
-    std::vector<Target*> m_targets;              // of the calls in progress
-    std::vector<CWeakPtr<IDUIControl>> m_moves;  // controls that move within the tree, the innermost last
-    std::unordered_set<const IDUIControl*>
-        m_away;  // those of their subtrees that are not back yet, for comparing only
+    bool m_isEnding = false;  // while it is deleted
+    unsigned m_nTrees = 0;    // counts the changes of the root
 };
 
 }  // namespace DUI
