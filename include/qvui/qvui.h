@@ -2,6 +2,7 @@
 
 /// Everything that an application includes. The library starts with DUIGetAppInstance (framework/app.h).
 
+#include <qvui/bars/builtin_controls.h>
 #include <qvui/bars/tab_bar.h>
 #include <qvui/bars/tab_item.h>
 #include <qvui/bars/tab_layout.h>

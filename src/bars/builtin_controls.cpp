@@ -1,3 +1,5 @@
+#include <qvui/bars/builtin_controls.h>
+
 #include <qvui/bars/tab_bar.h>
 #include <qvui/bars/tab_item.h>
 #include <qvui/bars/tab_layout.h>
@@ -12,7 +14,6 @@
 #include <qvui/controls/rows/tree_view.h>
 #include <qvui/controls/scrolling/scroll_bar.h>
 #include <qvui/controls/track_bar.h>
-#include <qvui/framework/control_factory.h>
 #include <qvui/layout/dialog_layout.h>
 #include <qvui/layout/dock_layout.h>
 #include <qvui/layout/frame_panel.h>
@@ -20,8 +21,6 @@
 #include <qvui/layout/padding_panel.h>
 #include <qvui/layout/split.h>
 #include <qvui/layout/tile_layout.h>
-
-// Here, in the last room, because it names the controls of all rooms.
 
 namespace DUI {
 namespace {

@@ -1,5 +1,6 @@
 #include <qvui/controls/button.h>
 
+#include <qvui/framework/window/window_mgr.h>
 #include <qvui/render/render_engine.h>
 
 #include "controls/pointer_state.h"
@@ -286,6 +287,14 @@ void CDUIButton::SetCheck(BOOL bCheck)
         ModifyStatus(0, DUISTATUS_CHECKED);
     else
         ModifyStatus(DUISTATUS_CHECKED | DUISTATUS_PUSHED, 0);
+}
+
+BOOL CDUIWindowMgr::SetButtonChecked(const CString& name, BOOL bCheck)
+{
+    auto* const button = InterfaceOf<CDUIButton>(GetControlByName(name, FALSE), "button");
+    if (button)
+        button->SetCheck(bCheck);
+    return button != nullptr;
 }
 
 BOOL CDUIButton::GetCheck()

@@ -1,5 +1,6 @@
 #include <qvui/framework/app.h>
 
+#include "framework/app_access.h"
 #include "framework/control_styles.h"
 #include "skin/skin_access.h"
 
@@ -41,7 +42,7 @@ BOOL CDUIApp::Init(const CString& strSkinEntry, BOOL bEnableYahei)
     m_bEanbleYahi = bEnableYahei;
     if (!m_pSkinMgr)
         m_pSkinMgr = std::make_unique<CDUISkinMgr>();
-    if (this == DUIGetAppInstance())
+    if (this == &g_app)
         skin::SetManager(m_pSkinMgr.get());
     if (!m_pFactory)
         m_pFactory = std::make_unique<CDUIControlFactory>();
@@ -56,7 +57,7 @@ void CDUIApp::Term()
     }
     if (m_pSkinMgr) {
         m_pSkinMgr->UninitializeSkin();
-        if (this == DUIGetAppInstance())
+        if (this == &g_app)
             skin::SetManager(nullptr);
         m_pSkinMgr.reset();
     }
@@ -64,9 +65,9 @@ void CDUIApp::Term()
     CoUninitialize();
 }
 
-}  // namespace DUI
-
-DUI::IDUIApp* WINAPI DUIGetAppInstance()
+IDUIApp& App()
 {
-    return &DUI::g_app;
+    return g_app;
 }
+
+}  // namespace DUI

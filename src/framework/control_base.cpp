@@ -8,7 +8,7 @@
 #include "framework/control_guard.h"
 #include "framework/control_styles.h"
 #include "framework/geometry.h"
-#include "framework/scroll_bars.h"
+#include "framework/scroll_bar_access.h"
 #include "skin/skin_access.h"
 
 namespace DUI {

@@ -3,8 +3,9 @@
 #include <vector>
 
 #include <qvui/foundation/trace.h>
-#include <qvui/framework/app.h>
 #include <qvui/skin/xml/xml_document.h>
+
+#include "framework/app_access.h"
 
 namespace DUI {
 namespace {
@@ -42,7 +43,7 @@ BOOL IDUIControlBuilderCallback::OnAddChildControl(CRefPtr<IDUIControl> parent, 
 
 CRefPtr<IDUIControl> CDUIControlBuilder::CreateFromResource(const CString& name)
 {
-    IDUISkinMgr* const manager = DUIGetAppInstance()->GetSkinMgr();
+    IDUISkinMgr* const manager = App().GetSkinMgr();
     CString xml;
     return manager && manager->GetWindowTemplate(name, xml) ? CreateFromXML(xml) : nullptr;
 }
@@ -50,7 +51,7 @@ CRefPtr<IDUIControl> CDUIControlBuilder::CreateFromResource(const CString& name)
 CRefPtr<IDUIControl> CDUIControlBuilder::CreateFromXML(const CString& xml)
 {
     CXmlDocument document;
-    IDUIControlFactory* const factory = DUIGetAppInstance()->GetControlFactory();
+    IDUIControlFactory* const factory = App().GetControlFactory();
     if (!document.SetDocument(xml) || !factory || !document.FindElement("window"))
         return nullptr;
     if (m_pCallback)

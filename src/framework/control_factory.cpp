@@ -1,9 +1,20 @@
 #include <qvui/framework/control_factory.h>
 
-#include <qvui/framework/app.h>
 #include <qvui/skin/xml/xml_document.h>
 
+#include "framework/app_access.h"
+
 namespace DUI {
+namespace {
+
+BuiltinTable g_builtinControls = nullptr;
+
+}  // namespace
+
+void SetBuiltinControls(BuiltinTable table)
+{
+    g_builtinControls = table;
+}
 
 CDUIControlFactory::~CDUIControlFactory()
 {
@@ -14,10 +25,10 @@ BOOL CDUIControlFactory::InitializeFactory()
 {
     if (!m_hTextServices)
         m_hTextServices = LoadLibraryA("Riched20.dll");
-    IDUIControlFactory* const factory = DUIGetAppInstance()->GetControlFactory();
+    IDUIControlFactory* const factory = App().GetControlFactory();
     if (!factory)
         return FALSE;
-    for (const BuiltinControl& control : BuiltinControls())
+    for (const BuiltinControl& control : g_builtinControls())
         factory->RegisterControl(control.tag, control.create);
     return TRUE;
 }
@@ -50,7 +61,7 @@ CRefPtr<IDUIControl> CDUIControlFactory::NewControl(const CString& tag)
 
 BOOL CDUIControlFactory::GetPlugin(const CString& name, CString& fileName, CString& entryFunction)
 {
-    IDUISkinMgr* const manager = DUIGetAppInstance()->GetSkinMgr();
+    IDUISkinMgr* const manager = App().GetSkinMgr();
     CString xml;
     CXmlDocument document;
     if (!manager || !manager->GetPlugin(name, xml) || !document.SetDocument(xml) ||

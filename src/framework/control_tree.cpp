@@ -5,20 +5,13 @@
 #include <qvui/framework/control_base.h>
 #include <qvui/render/render_engine.h>
 
+#include "framework/content_walk.h"
 #include "framework/control_guard.h"
-#include "framework/scroll_bars.h"
 
 // The part of the base control that concerns its children: adding, removing, searching and painting them.
 
 namespace DUI {
 namespace {
-
-bool IsShownIn(IDUIControl& control, const RECT& rcPaint)
-{
-    const RECT rect = control.GetControlRect();
-    RECT common;
-    return (control.GetStyle() & DUISTYLE_VISIBLE) && IntersectRect(&common, &rect, &rcPaint);
-}
 
 // Takes the controls of `removed` out of the list.
 void Withdraw(std::vector<CRefPtr<IDUIControl>>& list, const std::vector<CRefPtr<IDUIControl>>& removed)
@@ -224,26 +217,12 @@ IDUIControl* CDUIControlBase::GetPrevSiblingControl(CRefPtr<IDUIControl> child)
 
 IDUIControl* CDUIControlBase::FindControl(FindControlProc proc, void* pData, UINT flags)
 {
-    if ((flags & DUIFIND_VISIBLE) && !(GetStyle() & DUISTYLE_VISIBLE))
-        return nullptr;
-    if ((flags & DUIFIND_ENABLED) && (GetStatus() & DUISTATUS_DISABLED))
-        return nullptr;
-    if (flags & DUIFIND_ME_FIRST)
-        if (IDUIControl* const found = proc(this, pData))
-            return found;
-    for (std::size_t i = 0; i < m_children.size(); ++i)
-        if (IDUIControl* const found = m_children[i]->FindControl(proc, pData, flags))
-            return found;
-    for (IDUIControl* const bar : {HorizontalScrollBarOf(*this), VerticalScrollBarOf(*this)})
-        if (bar)
-            if (IDUIControl* const found = bar->FindControl(proc, pData, flags))
+    return content_walk::Find(*this, proc, pData, flags, [&]() -> IDUIControl* {
+        for (std::size_t i = 0; i < m_children.size(); ++i)
+            if (IDUIControl* const found = m_children[i]->FindControl(proc, pData, flags))
                 return found;
-    if (flags & DUIFIND_HITTEST) {
-        const RECT rect = GetControlRect();
-        if (!PtInRect(&rect, *static_cast<const POINT*>(pData)) || (GetStyle() & DUISTYLE_TRANSPARENT))
-            return nullptr;
-    }
-    return proc(this, pData);
+        return nullptr;
+    });
 }
 
 void CDUIControlBase::DoPaint(HDC hdc, const RECT& rcPaint)
@@ -252,17 +231,13 @@ void CDUIControlBase::DoPaint(HDC hdc, const RECT& rcPaint)
     PaintForgnd(hdc);
     PaintText(hdc);
     PaintBorder(hdc);
-    IDUIControl* const bars[] = {HorizontalScrollBarOf(*this), VerticalScrollBarOf(*this)};
-    if (m_children.empty() && !bars[0] && !bars[1])
+    if (m_children.empty() && !HorizontalScrollBarOf(*this) && !VerticalScrollBarOf(*this))
         return;
-    const RECT content = GetContentRect();
-    const CDUIRenderClip clip(hdc, content);
-    for (std::size_t i = 0; i < m_children.size(); ++i)
-        if (IsShownIn(*m_children[i].GetPtr(), rcPaint))
-            m_children[i]->DoPaint(hdc, rcPaint);
-    for (IDUIControl* const bar : bars)
-        if (bar && bar->IsVisible(FALSE))
-            bar->DoPaint(hdc, rcPaint);
+    content_walk::Paint(*this, hdc, rcPaint, [&] {
+        for (std::size_t i = 0; i < m_children.size(); ++i)
+            if (content_walk::IsShownIn(*m_children[i].GetPtr(), rcPaint))
+                m_children[i]->DoPaint(hdc, rcPaint);
+    });
 }
 
 }  // namespace DUI

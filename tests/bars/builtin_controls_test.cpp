@@ -1,5 +1,6 @@
 #include <set>
 
+#include <qvui/bars/builtin_controls.h>
 #include <qvui/framework/app.h>
 #include <qvui/framework/control_base.h>
 

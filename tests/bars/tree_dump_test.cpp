@@ -3,8 +3,8 @@
 #include <sstream>
 #include <typeinfo>
 
+#include <qvui/bars/builtin_controls.h>
 #include <qvui/controls/scrolling/scroll_bar.h>
-#include <qvui/framework/control_factory.h>
 
 #include "layout/shapes.h"
 #include "support/controls/control_test.h"

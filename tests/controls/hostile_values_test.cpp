@@ -1,5 +1,5 @@
+#include <qvui/bars/builtin_controls.h>
 #include <qvui/framework/attribute_table.h>
-#include <qvui/framework/control_factory.h>
 
 #include "support/controls/control_test.h"
 

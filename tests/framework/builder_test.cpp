@@ -1,3 +1,4 @@
+#include <qvui/bars/builtin_controls.h>
 #include <qvui/framework/app.h>
 #include <qvui/framework/control_builder.h>
 

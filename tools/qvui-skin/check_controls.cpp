@@ -1,5 +1,6 @@
 #include <algorithm>
 
+#include <qvui/bars/builtin_controls.h>
 #include <qvui/framework/control_base.h>
 #include <qvui/framework/window/window_mgr.h>
 

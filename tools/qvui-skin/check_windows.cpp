@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <map>
 
+#include <qvui/bars/builtin_controls.h>
 #include <qvui/framework/control_base.h>
 
 #include "check.h"

@@ -3,8 +3,8 @@
 #include <string>
 #include <vector>
 
+#include <qvui/bars/builtin_controls.h>
 #include <qvui/framework/attribute_table.h>
-#include <qvui/framework/control_factory.h>
 
 namespace qvui::skin_tool {
 

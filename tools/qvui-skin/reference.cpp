@@ -4,6 +4,7 @@
 #include <cctype>
 #include <vector>
 
+#include <qvui/bars/builtin_controls.h>
 #include <qvui/framework/window/window_mgr.h>
 
 #include "controls.h"

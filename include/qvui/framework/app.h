@@ -54,5 +54,6 @@ private:
 
 }  // namespace DUI
 
-/// The process's application object; never null.
+/// The process's application object; never null. It knows the controls of all rooms, so the last one defines
+/// this.
 extern "C" QVUI_API DUI::IDUIApp* WINAPI DUIGetAppInstance();

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <map>
-#include <vector>
 
 #include <qvui/framework/control.h>
 
@@ -60,8 +59,5 @@ struct BuiltinControl {
     ControlCreator create;
     const ControlClass& (*describe)();
 };
-
-/// The built-in tags in the order of their registration.
-QVUI_API const std::vector<BuiltinControl>& BuiltinControls();
 
 }  // namespace DUI

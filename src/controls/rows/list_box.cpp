@@ -302,9 +302,9 @@ void CDUIListBox::DoPaint(HDC hdc, const RECT& rcPaint)
     PaintForgnd(hdc);
     PaintText(hdc);
     PaintBorder(hdc);
-    row_container::Paint(*this, hdc, rcPaint, [&] {
+    content_walk::Paint(*this, hdc, rcPaint, [&] {
         ForEachInView(false, [&](IDUIControl& item) {
-            if (row_container::IsToPaint(item, rcPaint))
+            if (content_walk::IsShownIn(item, rcPaint))
                 item.DoPaint(hdc, rcPaint);
             return true;
         });

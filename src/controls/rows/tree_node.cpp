@@ -252,7 +252,7 @@ IDUIControl* CDUITreeNode::FindControl(FindControlProc proc, void* pData, UINT f
     // The tree view asks for the rows in view one by one; whoever looks for anything else wants all nodes.
     if (!(flags & (DUIFIND_VISIBLE | DUIFIND_HITTEST)))
         return CDUIButton::FindControl(proc, pData, flags);
-    return row_container::Find(*this, proc, pData, flags, [] { return static_cast<IDUIControl*>(nullptr); });
+    return content_walk::Find(*this, proc, pData, flags, [] { return static_cast<IDUIControl*>(nullptr); });
 }
 
 void CDUITreeNode::PaintBkgnd(HDC hdc)

@@ -288,9 +288,9 @@ void CDUITreeViewImpl::DoPaint(HDC hdc, const RECT& rcPaint)
     PaintForgnd(hdc);
     PaintText(hdc);
     PaintBorder(hdc);
-    row_container::Paint(*this, hdc, rcPaint, [&] {
+    content_walk::Paint(*this, hdc, rcPaint, [&] {
         ForEachRowInView([&](CDUITreeNode& node) {
-            if (row_container::IsToPaint(node, rcPaint))
+            if (content_walk::IsShownIn(node, rcPaint))
                 node.DoPaint(hdc, rcPaint);
             return true;
         });

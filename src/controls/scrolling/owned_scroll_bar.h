@@ -3,8 +3,8 @@
 #include <type_traits>
 
 #include <qvui/controls/scrolling/scroll_bar.h>
-#include <qvui/framework/app.h>
 
+#include "framework/app_access.h"
 #include "framework/control_guard.h"
 #include "framework/geometry.h"
 
@@ -43,7 +43,7 @@ CRefPtr<ScrollBar> Clone(const CRefPtr<ScrollBar>& bar, IDUIControl* copiedConta
 template <class ScrollBar>
 CRefPtr<ScrollBar> Create()
 {
-    IDUIControlFactory* const factory = DUIGetAppInstance()->GetControlFactory();
+    IDUIControlFactory* const factory = App().GetControlFactory();
     if (!factory)
         return nullptr;
     const CRefPtr<IDUIControl> bar =

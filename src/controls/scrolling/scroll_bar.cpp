@@ -4,6 +4,7 @@
 
 #include "framework/control_guard.h"
 #include "framework/geometry.h"
+#include "framework/scroll_bar_access.h"
 #include "skin/skin_access.h"
 
 namespace DUI {
@@ -142,6 +143,17 @@ const ControlClass& CDUIScrollBarBase::Class()
 
 CDUIScrollBarBase::CDUIScrollBarBase()
 {
+    static const ScrollBarAccess access{
+        [](CDUIControlBase& container) -> CDUIControlBase* { return container.GetVerticalSB(); },
+        [](CDUIControlBase& container) -> CDUIControlBase* { return container.GetHorizontalSB(); },
+        [](CDUIControlBase& bar, SCROLLINFO& info) {
+            static_cast<CDUIScrollBarBase&>(bar).GetScrollBarInfo(&info);
+        },
+        [](CDUIControlBase& bar, SCROLLINFO& info) {
+            static_cast<CDUIScrollBarBase&>(bar).SetScrollBarInfo(&info);
+        },
+    };
+    SetScrollBarAccess(access);
     CreateCtrls();
 }
 

@@ -153,7 +153,7 @@ public:
     BOOL ShowControl(const CString& name, BOOL bShow);
     BOOL SetContrlText(const CString& name, const CString& text);
     CString GetContrlText(const CString& name);
-    /// FALSE when there is no such control or it is no button.
+    /// FALSE when there is no such control or it is no button. It is defined with the buttons.
     BOOL SetButtonChecked(const CString& name, BOOL bCheck);
 
     /// Calls a member function of `target` with every notification of the controls of that name that neither

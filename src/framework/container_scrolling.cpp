@@ -1,7 +1,6 @@
-#include <qvui/controls/scrolling/scroll_bar.h>
-
 #include "framework/control_guard.h"
 #include "framework/geometry.h"
+#include "framework/scroll_bar_access.h"
 
 // How scrolling containers and their bars work together: the operations of CDUIControlBase that need the
 // bars.
@@ -11,13 +10,12 @@ namespace {
 
 using namespace geometry;
 
-bool IsShown(const CDUIScrollBarBase* bar)
+bool IsShown(const CDUIControlBase* bar)
 {
     return bar && bar->IsVisible(FALSE);
 }
 
-int ShowContent(CDUIControlBase& container, CDUIScrollBarBase* bar, LONGLONG viewLength, int content,
-                int extra)
+int ShowContent(CDUIControlBase& container, CDUIControlBase* bar, LONGLONG viewLength, int content, int extra)
 {
     if (!bar)
         return FALSE;
@@ -39,37 +37,29 @@ int ShowContent(CDUIControlBase& container, CDUIScrollBarBase* bar, LONGLONG vie
     info.fMask = wasShown ? SIF_RANGE | SIF_PAGE : SIF_ALL;
     info.nMax = Narrow(overflow + extra);
     info.nPage = static_cast<UINT>(Narrow(viewLength));
-    bar->SetScrollBarInfo(&info);
+    SetScrollInfo(*bar, info);
     if (wasShown)
         return FALSE;
     container.UpdateLayout(TRUE, nullptr);
     return TRUE;
 }
 
-int PositionOf(CDUIScrollBarBase& bar)
-{
-    SCROLLINFO info{};
-    bar.GetScrollBarInfo(&info);
-    return info.nPos;
-}
-
-void MoveTo(CDUIControlBase& container, CDUIScrollBarBase& bar, LONGLONG position)
+void MoveTo(CDUIControlBase& container, CDUIControlBase& bar, LONGLONG position)
 {
     const ControlGuard keep(&container);
     SCROLLINFO info{};
     info.cbSize = sizeof(info);
     info.fMask = SIF_POS;
     info.nPos = Narrow(position);
-    bar.SetScrollBarInfo(&info);
+    SetScrollInfo(bar, info);
     container.UpdateLayout(TRUE, nullptr);
 }
 
-void ScrollByEvent(CDUIControlBase& container, CDUIScrollBarBase* bar, LONGLONG page,
-                   const tagDUIEvent& event)
+void ScrollByEvent(CDUIControlBase& container, CDUIControlBase* bar, LONGLONG page, const tagDUIEvent& event)
 {
     if (!bar)
         return;
-    LONGLONG position = PositionOf(*bar);
+    LONGLONG position = GetScrollPosition(*bar);
     switch (event.wParam) {
         case SB_LINEUP:
             position -= container.GetScrollLineStep();
@@ -93,21 +83,21 @@ void ScrollByEvent(CDUIControlBase& container, CDUIScrollBarBase* bar, LONGLONG 
 }
 
 /// The bar that the wheel moves; null when neither is shown.
-CDUIScrollBarBase* WheelBarOf(CDUIControlBase& container)
+CDUIControlBase* WheelBarOf(CDUIControlBase& container)
 {
-    CDUIScrollBarBase* const vertical = container.GetVerticalSB();
-    CDUIScrollBarBase* const bar = IsShown(vertical) ? vertical : container.GetHorizontalSB();
+    CDUIControlBase* const vertical = VerticalScrollBarOf(container);
+    CDUIControlBase* const bar = IsShown(vertical) ? vertical : HorizontalScrollBarOf(container);
     return IsShown(bar) ? bar : nullptr;
 }
 
 bool CanScroll(IDUIControl* control, bool isUp)
 {
     auto* const container = InterfaceOf<CDUIControlBase>(control, "control_base");
-    CDUIScrollBarBase* const bar = container ? WheelBarOf(*container) : nullptr;
+    CDUIControlBase* const bar = container ? WheelBarOf(*container) : nullptr;
     if (!bar)
         return false;
     SCROLLINFO info{};
-    bar->GetScrollBarInfo(&info);
+    GetScrollInfo(*bar, info);
     return isUp ? info.nPos > info.nMin : info.nPos < info.nMax;
 }
 
@@ -138,22 +128,22 @@ IDUIControl* FindWheelTarget(IDUIControl* control, void* data)
 
 int CDUIControlBase::ProcessVerticalSB(RECT rcView, int nContent, int nExtra)
 {
-    return ShowContent(*this, GetVerticalSB(), Height(rcView), nContent, nExtra);
+    return ShowContent(*this, VerticalScrollBarOf(*this), Height(rcView), nContent, nExtra);
 }
 
 int CDUIControlBase::ProcessHorizontalSB(RECT rcView, int nContent, int nExtra)
 {
-    return ShowContent(*this, GetHorizontalSB(), Width(rcView), nContent, nExtra);
+    return ShowContent(*this, HorizontalScrollBarOf(*this), Width(rcView), nContent, nExtra);
 }
 
 void CDUIControlBase::OnVertialSBEvent(const tagDUIEvent& event)
 {
-    ScrollByEvent(*this, GetVerticalSB(), Height(GetControlRect()), event);
+    ScrollByEvent(*this, VerticalScrollBarOf(*this), Height(GetControlRect()), event);
 }
 
 void CDUIControlBase::OnHorizontalSBEvent(const tagDUIEvent& event)
 {
-    ScrollByEvent(*this, GetHorizontalSB(), Width(GetControlRect()), event);
+    ScrollByEvent(*this, HorizontalScrollBarOf(*this), Width(GetControlRect()), event);
 }
 
 void CDUIControlBase::OnMouseWheel(const tagDUIEvent& event)
@@ -165,9 +155,9 @@ void CDUIControlBase::OnMouseWheel(const tagDUIEvent& event)
         const ControlGuard keep(inner);
         BOOL bHandled = FALSE;
         inner->OnDUIEvent(event, bHandled);
-    } else if (CDUIScrollBarBase* const bar = WheelBarOf(*this)) {
+    } else if (CDUIControlBase* const bar = WheelBarOf(*this)) {
         const int step = GetScrollLineStep();
-        MoveTo(*this, *bar, LONGLONG{PositionOf(*bar)} + (search.isUp ? -step : step));
+        MoveTo(*this, *bar, LONGLONG{GetScrollPosition(*bar)} + (search.isUp ? -step : step));
     }
 }
 
