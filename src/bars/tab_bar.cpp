@@ -15,7 +15,7 @@ const AttributeTable<CDUITabBar<Layout>>& Attributes()
     static const AttributeTable<Bar> table{
         {"tab_layout", AttributeKind::ControlName,
          "The tab layout whose pages the tabs switch; without a name, the first one with the same parent.",
-         [](Bar& bar, const CString& value) { bar.SetTabLayoutName(value); }},
+         &Bar::SetTabLayoutName},
         {"select_index", AttributeKind::Integer, "The tab that is selected, counted from 0.",
          [](Bar& bar, const CString& value) { bar.SetSelectIndex(ReadInteger(value), FALSE); }},
     };

@@ -11,7 +11,7 @@ const AttributeTable<CDUITabItem>& Attributes()
         {"tab_stop",
          {AttributeKind::Boolean, "true"},
          "Whether the keyboard reaches the tab; of a bar's tabs, the Tab key stops at the selected one.",
-         [](CDUITabItem& item, const CString& value) { item.AllowTabStop(IsTrue(value) != FALSE); }},
+         &CDUITabItem::AllowTabStop},
     };
     return table;
 }

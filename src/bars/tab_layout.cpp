@@ -15,7 +15,7 @@ const AttributeTable<CDUITabLayout>& Attributes()
         {"select_index",
          {AttributeKind::Integer, "0"},
          "The page that is shown first, counted from 0.",
-         [](CDUITabLayout& tabs, const CString& value) { tabs.SetFirstIndex(ReadInteger(value)); }},
+         &CDUITabLayout::SetFirstIndex},
     };
     return table;
 }

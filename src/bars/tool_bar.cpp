@@ -26,20 +26,17 @@ const AttributeTable<CDUIToolBar<Layout>>& Attributes()
     using Bar = CDUIToolBar<Layout>;
     static const AttributeTable<Bar> table{
         {"separator_image", AttributeKind::Image,
-         "The image of the bar's separators; without one, a thin line.",
-         [](Bar& bar, const CString& value) { bar.SetSeparatorImage(skin::Image(value)); }},
+         "The image of the bar's separators; without one, a thin line.", &Bar::SetSeparatorImage},
         {"overflow_image", AttributeKind::Image,
          "Strip for the button that lists what does not fit: normal, hot, pushed, disabled; without one, an "
          "arrowhead.",
-         [](Bar& bar, const CString& value) { bar.SetOverflowImage(skin::Image(value)); }},
-        {"overflow_frame", AttributeKind::FrameStyle, "The frame of that list.",
-         [](Bar& bar, const CString& value) { bar.SetOverflowFrame(skin::Frame(value)); }},
+         &Bar::SetOverflowImage},
+        {"overflow_frame", AttributeKind::FrameStyle, "The frame of that list.", &Bar::SetOverflowFrame},
         {"overflow_item_style", AttributeKind::ControlStyle,
          "The style of that list's entries, which are buttons; without one they look like the items "
          "themselves.",
-         [](Bar& bar, const CString& value) { bar.SetOverflowItemStyle(value); }},
-        {"enable_scroll", AttributeKind::Ignored, "A tool bar lists what does not fit instead of scrolling.",
-         [](Bar&, const CString&) {}},
+         &Bar::SetOverflowItemStyle},
+        {"enable_scroll", AttributeKind::Ignored, "A tool bar lists what does not fit instead of scrolling."},
     };
     return table;
 }

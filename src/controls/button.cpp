@@ -72,7 +72,7 @@ const AttributeTable<CDUIButton>& Attributes()
         {"focus",
          {AttributeKind::Boolean, "false"},
          "Takes the focus, or gives it up, when the window exists.",
-         [](CDUIButton& button, const CString& value) { button.SetFocus(IsTrue(value)); }},
+         &CDUIButton::SetFocus},
         {"want_return",
          {AttributeKind::Boolean, "false", "", {.needsControl = "ok"}},
          "Enter does not activate the window's \"ok\" button while this one has the focus.",

@@ -31,8 +31,7 @@ const AttributeTable<CDUICheckButton>& Attributes()
          [](CDUICheckButton& button, const CString& value) {
              SetStateImage(button, &CButtonUIData::m_pUncheckedImage, button.GetCheck() == 0, value);
          }},
-        {"toolbar_style", AttributeKind::Ignored, "Check buttons have check states of their own.",
-         [](CDUICheckButton&, const CString&) {}},
+        {"toolbar_style", AttributeKind::Ignored, "Check buttons have check states of their own."},
     };
     return attributes;
 }

@@ -9,7 +9,7 @@ const AttributeTable<CDUIHyperLink>& Attributes()
 {
     static const AttributeTable<CDUIHyperLink> attributes{
         {"href", AttributeKind::Text, "The link; it is the tooltip too unless one was given before.",
-         [](CDUIHyperLink& link, const CString& value) { link.SetHyperLink(value); }},
+         &CDUIHyperLink::SetHyperLink},
     };
     return attributes;
 }

@@ -27,7 +27,7 @@ const AttributeTable<CDUILabel>& CDUILabel::LabelAttributes()
          "The shadow's colour.",
          [](CDUILabel& label, const CString& value) { label.m_shadowColor = skin::Color(value).GetColor(); }},
         {"back_image", AttributeKind::Image, "The image behind the text, in the content rectangle.",
-         [](CDUILabel& label, const CString& value) { label.m_pBackImage = skin::Image(value); }},
+         &CDUILabel::m_pBackImage},
     };
     return attributes;
 }

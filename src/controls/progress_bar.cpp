@@ -19,14 +19,8 @@ const AttributeTable<CDUIProgressBar>& Attributes()
         {"range",
          {AttributeKind::IntPair, "0,0", "", {.resets = "pos"}},
          "Minimum and maximum.",
-         [](CDUIProgressBar& bar, const CString& value) {
-             const SIZE range = ReadPair(value);
-             bar.SetRange(range.cx, range.cy);
-         }},
-        {"pos",
-         {AttributeKind::Integer, "0"},
-         "The position, cut to the range.",
-         [](CDUIProgressBar& bar, const CString& value) { bar.SetPos(ReadInteger(value)); }},
+         &CDUIProgressBar::SetRange},
+        {"pos", {AttributeKind::Integer, "0"}, "The position, cut to the range.", &CDUIProgressBar::SetPos},
     };
     return attributes;
 }

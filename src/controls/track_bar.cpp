@@ -35,22 +35,13 @@ const AttributeTable<CDUITrackBarBase>& CDUITrackBarBase::TrackBarAttributes()
         {"range",
          {AttributeKind::IntPair, "0,0", "", {.resets = "pos"}},
          "Minimum and maximum, in either order.",
-         [](Bar& bar, const CString& value) {
-             const SIZE range = ReadPair(value);
-             bar.SetRange(range.cx, range.cy);
-         }},
-        {"pos",
-         {AttributeKind::Integer, "0"},
-         "The position, cut to the range.",
-         [](Bar& bar, const CString& value) { bar.SetPos(ReadInteger(value)); }},
-        {"step",
-         {AttributeKind::Integer, "1"},
-         "What an arrow key moves by, at least 1.",
-         [](Bar& bar, const CString& value) { bar.SetStep(ReadInteger(value)); }},
+         &Bar::SetRange},
+        {"pos", {AttributeKind::Integer, "0"}, "The position, cut to the range.", &Bar::SetPos},
+        {"step", {AttributeKind::Integer, "1"}, "What an arrow key moves by, at least 1.", &Bar::SetStep},
         {"percent",
          {AttributeKind::Boolean, "false"},
          "Shows the position and a percent sign below a horizontal track.",
-         [](Bar& bar, const CString& value) { bar.SetShowPercent(IsTrue(value)); }},
+         &Bar::SetShowPercent},
         {"back_color",
          {AttributeKind::ColorPair, "#FFFFFFFF,#FFFFFFFF", "", {.resets = "back_image"}},
          "Draws the track as a gradient between two colours instead of an image. The first comma stands "

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "skin/skin_access.h"
+
 namespace DUI {
 namespace {
 
@@ -99,6 +101,47 @@ SIZE ReadPair(const CString& value)
     int numbers[2];
     ReadIntegers(value, kLongestList, numbers);
     return {numbers[0], numbers[1]};
+}
+
+void ReadAttribute(const CString& text, AttributeKind kind, int& value)
+{
+    value = kind == AttributeKind::Boolean ? IsTrue(text) : ReadInteger(text);
+}
+
+void ReadAttribute(const CString& text, AttributeKind, bool& value)
+{
+    value = IsTrue(text) != FALSE;
+}
+
+void ReadAttribute(const CString& text, AttributeKind, DWORD& value)
+{
+    value = static_cast<DWORD>(ReadInteger(text));
+}
+
+void ReadAttribute(const CString& text, AttributeKind, RECT& value)
+{
+    value = ReadRect(text);
+}
+
+void ReadAttribute(const CString& text, AttributeKind kind, CString& value)
+{
+    value = kind == AttributeKind::StringId ? skin::String(text) : text;
+}
+
+void ReadAttribute(const CString& text, AttributeKind, CDUIImageListPtr& value)
+{
+    value = skin::Image(text);
+}
+
+void ReadAttribute(const CString& text, AttributeKind, CRefPtr<CDUIFrameBK>& value)
+{
+    value = skin::Frame(text);
+}
+
+void ReadAttribute(const CString& text, AttributeKind, CRefPtr<CTextStyle>& value)
+{
+    IDUISkinMgr* const manager = skin::Manager();
+    value = manager ? manager->GetTextStyle(text) : nullptr;
 }
 
 }  // namespace DUI

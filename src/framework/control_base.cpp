@@ -36,9 +36,8 @@ const AttributeTable<CDUIControlBase>& Attributes()
     using Base = CDUIControlBase;
     static const AttributeTable<Base> table{
         {"position", AttributeKind::Rect, "Left, top, right and bottom edge in the window, in pixels.",
-         [](Base& control, const CString& value) { control.SetControlRect(ReadRect(value)); }},
-        {"text", AttributeKind::StringId, "The text that is shown.",
-         [](Base& control, const CString& value) { control.SetText(skin::String(value)); }},
+         &Base::SetControlRect},
+        {"text", AttributeKind::StringId, "The text that is shown.", &Base::SetText},
         {"tooltip", AttributeKind::StringId, "The text of the tooltip; it may hold markup.",
          [](Base& control, const CString& value) {
              control.SetTooltip(skin::String(value));
@@ -54,7 +53,7 @@ const AttributeTable<CDUIControlBase>& Attributes()
         {"name",
          {AttributeKind::Text, "", "", {.isUnique = true}},
          "The name by which the application finds the control.",
-         [](Base& control, const CString& value) { control.SetName(value); }},
+         &Base::SetName},
         {"visible",
          {AttributeKind::Boolean, "true"},
          "Whether the control is shown.",
@@ -78,23 +77,21 @@ const AttributeTable<CDUIControlBase>& Attributes()
         {"margin",
          {AttributeKind::Rect, "0,0,0,0"},
          "Space kept free inside the left, top, right and bottom edge.",
-         [](Base& control, const CString& value) { control.SetMargin(ReadRect(value)); }},
+         &Base::SetMargin},
         {"padding",
          {AttributeKind::Integer, "0"},
          "Space between the control's parts or children, in pixels.",
-         [](Base& control, const CString& value) { control.SetPaddingWidth(ReadInteger(value)); }},
+         &Base::SetPaddingWidth},
         {"width",
          {AttributeKind::Integer, "0"},
          "The width that a layout gives the control; 0: not fixed.",
-         [](Base& control, const CString& value) { control.SetFixedWidth(ReadInteger(value)); }},
+         &Base::SetFixedWidth},
         {"height",
          {AttributeKind::Integer, "0"},
          "The height that a layout gives the control; 0: not fixed.",
-         [](Base& control, const CString& value) { control.SetFixedHeight(ReadInteger(value)); }},
+         &Base::SetFixedHeight},
         {"text_style", AttributeKind::TextStyle, "Font, colours and alignment of the text.",
-         [](Base& control, const CString& value) {
-             control.SetTextStyle(skin::Manager()->GetTextStyle(value));
-         }},
+         &Base::SetTextStyle},
         {"cursor", AttributeKind::Cursor, "The pointer's shape over the control.",
          [](Base& control, const CString& value) {
              control.ModifyStyle(0, DUISTYLE_CURSOR);
@@ -113,12 +110,7 @@ const AttributeTable<CDUIControlBase>& Attributes()
              if (const DWORD bit = FindFirstWord(value, kDockWords))
                  control.ModifyExStyle(kDockBits, bit);
          }},
-        {"user_data",
-         {AttributeKind::Integer, "0"},
-         "A number for the application.",
-         [](Base& control, const CString& value) {
-             control.SetUserData(static_cast<DWORD>(ReadInteger(value)));
-         }},
+        {"user_data", {AttributeKind::Integer, "0"}, "A number for the application.", &Base::SetUserData},
         {"control_style",
          {AttributeKind::ControlStyle, "", "", {.appliesStyle = true}},
          "A named set of attributes that is applied here.",

@@ -9,7 +9,7 @@ const AttributeTable<CDUICanvas>& Attributes()
 {
     static const AttributeTable<CDUICanvas> table{
         {"frame_style", AttributeKind::FrameStyle, "The frame behind the children, within the margin.",
-         [](CDUICanvas& canvas, const CString& value) { canvas.SetFrameBK(skin::Frame(value)); }},
+         &CDUICanvas::SetFrameBK},
     };
     return table;
 }

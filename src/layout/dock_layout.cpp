@@ -13,7 +13,7 @@ const AttributeTable<CDUIDockLayout>& Attributes()
         {"fill_last",
          {AttributeKind::Boolean, "false"},
          "Whether the last child takes all the space that is left.",
-         [](CDUIDockLayout& dock, const CString& value) { dock.SetLastFill(IsTrue(value)); }},
+         &CDUIDockLayout::SetLastFill},
     };
     return table;
 }

@@ -57,7 +57,7 @@ const AttributeTable<CDUIFramePanel>& Attributes()
         {"border_rect",
          {AttributeKind::Rect, "0,0,0,0"},
          "The thicknesses of the coloured border: left, top, right, bottom. Images bring their own.",
-         [](CDUIFramePanel& panel, const CString& value) { panel.SetFrameRect(ReadRect(value)); }},
+         &CDUIFramePanel::SetFrameRect},
         {"back_image", AttributeKind::Image, "The image behind the image border, over the whole panel.",
          [](CDUIFramePanel& panel, const CString& value) {
              if (skin::Manager())

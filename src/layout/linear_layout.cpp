@@ -14,7 +14,7 @@ const AttributeTable<Layout>& Attributes()
         {"enable_scroll",
          {AttributeKind::Boolean, "false"},
          "Whether content that is too long scrolls.",
-         [](Layout& layout, const CString& value) { layout.SetEnableScroll(IsTrue(value)); }},
+         &Layout::SetEnableScroll},
     };
     return table;
 }

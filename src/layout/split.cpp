@@ -37,7 +37,7 @@ const AttributeTable<CDUISplitBase>& Attributes()
         {"split_pos",
          {AttributeKind::Integer, "0"},
          "The size of the first pane, in pixels.",
-         [](CDUISplitBase& split, const CString& value) { split.SetSplitPos(ReadInteger(value)); }},
+         &CDUISplitBase::SetSplitPos},
         {"split_min",
          {AttributeKind::IntPair, "0,0"},
          "What dragging leaves of the first and of the second pane.",

@@ -22,11 +22,11 @@ const AttributeTable<CDUITileLayout>& Attributes()
         {"column_count",
          {AttributeKind::Integer, "0"},
          "The number of columns; 0: as many as the width holds.",
-         [](CDUITileLayout& tiles, const CString& value) { tiles.SetColumnCount(ReadInteger(value)); }},
+         &CDUITileLayout::SetColumnCount},
         {"padding_height",
          {AttributeKind::Integer, "0"},
          "The gap between rows, in pixels.",
-         [](CDUITileLayout& tiles, const CString& value) { tiles.SetRowGap(ReadInteger(value)); }},
+         &CDUITileLayout::SetRowGap},
         {"vscroll_style", AttributeKind::ControlStyle,
          "The style of the scroll bar that the layout has; a bar made later has \"cs_v_scrollbar\".",
          [](CDUITileLayout& tiles, const CString& value) {

@@ -1,12 +1,15 @@
 #pragma once
 
+#include <functional>
 #include <initializer_list>
 #include <string_view>
 #include <type_traits>
 #include <vector>
 
 #include <qvui/platform/cstring.h>
+#include <qvui/render/background.h>
 #include <qvui/skin/attribute_kind.h>
+#include <qvui/skin/text_style.h>
 #include <qvui/skin/text_values.h>
 
 namespace DUI {
@@ -60,29 +63,90 @@ private:
     std::vector<Place> m_places;  // sorted by name
 };
 
-/// Attributes with the functions that set them. A setter is a captureless lambda (Control&, const CString&
-/// value); one that returns false leaves the attribute to the base class, as if the class had none of that
-/// name.
+/// Four numbers, each read one character after the end of the one before, from the first 127 characters; a
+/// missing number is 0.
+QVUI_API RECT ReadRect(const CString& value);
+/// Two numbers read in the same way.
+QVUI_API SIZE ReadPair(const CString& value);
+
+/// Reads a value as its kind says: an int is TRUE or FALSE for a Boolean, a text is looked up in the skin for
+/// a StringId, images, frames and text styles are those of the skin with that name. Without a skin manager
+/// what is looked up is empty.
+QVUI_API void ReadAttribute(const CString& text, AttributeKind kind, int& value);
+QVUI_API void ReadAttribute(const CString& text, AttributeKind kind, bool& value);
+QVUI_API void ReadAttribute(const CString& text, AttributeKind kind, DWORD& value);
+QVUI_API void ReadAttribute(const CString& text, AttributeKind kind, RECT& value);
+QVUI_API void ReadAttribute(const CString& text, AttributeKind kind, CString& value);
+QVUI_API void ReadAttribute(const CString& text, AttributeKind kind, CDUIImageListPtr& value);
+QVUI_API void ReadAttribute(const CString& text, AttributeKind kind, CRefPtr<CDUIFrameBK>& value);
+QVUI_API void ReadAttribute(const CString& text, AttributeKind kind, CRefPtr<CTextStyle>& value);
+
+/// Attributes with what sets them: a setter or a data member, which gets the value that ReadAttribute reads
+/// for its type; a setter of two ints, for an IntPair; a captureless lambda (Control&, const CString& value);
+/// or nothing, for an attribute that is accepted without effect. A lambda that returns false leaves the
+/// attribute to the base class, as if the class had none of that name.
 template <class Control>
 class AttributeTable : public AttributeList {
 public:
-    using Set = void (*)(Control&, const CString&);
-    using Try = bool (*)(Control&, const CString&);
-
     struct Entry {
+        Entry(const char* name, AttributeSyntax syntax, const char* description)
+            : info{name, syntax, description},
+              set([](Control&, const CString&) { return true; })
+        {
+        }
         template <class Setter>
         Entry(const char* name, AttributeSyntax syntax, const char* description, Setter setter)
-            : info{name, syntax, description}
+            : info{name, syntax, description},
+              set(Make(syntax.kind, setter))
         {
-            if constexpr (std::is_same_v<decltype(+setter), Try>)
-                tryToSet = setter;
-            else
-                set = setter;
         }
 
         AttributeInfo info;
-        Set set = nullptr;
-        Try tryToSet = nullptr;
+        std::function<bool(Control&, const CString&)> set;
+
+    private:
+        template <class Value>
+        static Value Read(const CString& text, AttributeKind kind)
+        {
+            Value value{};
+            ReadAttribute(text, kind, value);
+            return value;
+        }
+        template <class Result, class Class, class Value>
+        static auto Make(AttributeKind kind, Result (Class::*setter)(Value))
+        {
+            return [kind, setter](Control& control, const CString& text) {
+                (control.*setter)(Read<std::decay_t<Value>>(text, kind));
+                return true;
+            };
+        }
+        template <class Result, class Class>
+        static auto Make(AttributeKind, Result (Class::*setter)(int, int))
+        {
+            return [setter](Control& control, const CString& text) {
+                const SIZE pair = ReadPair(text);
+                (control.*setter)(pair.cx, pair.cy);
+                return true;
+            };
+        }
+        template <class Value, class Class>
+        static auto Make(AttributeKind kind, Value Class::*member)
+        {
+            return [kind, member](Control& control, const CString& text) {
+                control.*member = Read<Value>(text, kind);
+                return true;
+            };
+        }
+        template <class Lambda>
+        static auto Make(AttributeKind, Lambda lambda)
+        {
+            return [lambda](Control& control, const CString& text) {
+                if constexpr (std::is_same_v<decltype(lambda(control, text)), bool>)
+                    return lambda(control, text);
+                else
+                    return lambda(control, text), true;
+            };
+        }
     };
 
     AttributeTable(std::initializer_list<Entry> entries) : m_entries(entries)
@@ -95,13 +159,7 @@ public:
     bool Apply(Control& control, const CString& name, const CString& value) const
     {
         const int index = Find(name);
-        if (index < 0)
-            return false;
-        const Entry& entry = m_entries[static_cast<std::size_t>(index)];
-        if (!entry.set)
-            return entry.tryToSet(control, value);
-        entry.set(control, value);
-        return true;
+        return index >= 0 && m_entries[static_cast<std::size_t>(index)].set(control, value);
     }
 
 private:
@@ -166,10 +224,5 @@ DWORD FindFirstWord(const CString& value, const WordBit (&words)[N])
 {
     return FindFirstWord(value, words, N);
 }
-/// Four numbers, each read one character after the end of the one before, from the first 127 characters; a
-/// missing number is 0.
-QVUI_API RECT ReadRect(const CString& value);
-/// Two numbers read in the same way.
-QVUI_API SIZE ReadPair(const CString& value);
 
 }  // namespace DUI

@@ -27,11 +27,11 @@ const AttributeTable<CDUIListBox>& CDUIListBox::Attributes()
         {"select_expand",
          {AttributeKind::Boolean, "false"},
          "Whether the selected item has its expanded height.",
-         [](CDUIListBox& list, const CString& value) { list.SetSelectExpand(IsTrue(value)); }},
+         &CDUIListBox::SetSelectExpand},
         {"hover_expand",
          {AttributeKind::Boolean, "false"},
          "Whether the item below the pointer has its expanded height.",
-         [](CDUIListBox& list, const CString& value) { list.SetHoverExpand(IsTrue(value)); }},
+         &CDUIListBox::SetHoverExpand},
     };
     return table;
 }

@@ -45,9 +45,9 @@ const AttributeTable<CDUIListItem>& CDUIListItem::Attributes()
                  item.SetFrameBK(skin::Frame(value));
          }},
         {"hover_frame", AttributeKind::FrameStyle, "The background below the pointer.",
-         [](Item& item, const CString& value) { item.SetHoverFrameBK(skin::Frame(value)); }},
+         &Item::SetHoverFrameBK},
         {"select_frame", AttributeKind::FrameStyle, "The background of the selected item.",
-         [](Item& item, const CString& value) { item.SetSelectFrameBK(skin::Frame(value)); }},
+         &Item::SetSelectFrameBK},
         {"normal_height",
          {AttributeKind::Integer, "25", "", {.resets = "height"}},
          "The height in pixels.",
@@ -59,11 +59,11 @@ const AttributeTable<CDUIListItem>& CDUIListItem::Attributes()
         {"group",
          {AttributeKind::Boolean, "false"},
          "Whether the item is a header that shows or hides the items below it, up to the next header.",
-         [](Item& item, const CString& value) { item.SetGroup(IsTrue(value)); }},
+         &Item::SetGroup},
         {"expand",
          {AttributeKind::Boolean, "false", "", {.resets = "height"}},
          "Whether the item has its expanded height, or the header shows its items.",
-         [](Item& item, const CString& value) { item.SetExpand(IsTrue(value)); }},
+         &Item::SetExpand},
     };
     return table;
 }

@@ -23,12 +23,12 @@ const AttributeTable<CDUITreeNode>& Attributes()
         {"expand",
          {AttributeKind::Boolean, "false"},
          "Whether the nodes below are shown.",
-         [](CDUITreeNode& node, const CString& value) { node.SetExpand(IsTrue(value)); }},
+         &CDUITreeNode::SetExpand},
         {"has_children",
          {AttributeKind::Boolean, "false"},
          "Whether the node has an expander before it has nodes below; the application adds them when it is "
          "expanded.",
-         [](CDUITreeNode& node, const CString& value) { node.SetHasChildren(IsTrue(value)); }},
+         &CDUITreeNode::SetHasChildren},
     };
     return table;
 }

@@ -21,20 +21,19 @@ const AttributeTable<CDUITreeViewImpl>& Attributes()
     using Tree = CDUITreeViewImpl;
     static const AttributeTable<Tree> table{
         {"expander_image", AttributeKind::Image,
-         "A strip: the expander of a collapsed and of an expanded node.",
-         [](Tree& tree, const CString& value) { tree.SetExpanderImage(skin::Image(value)); }},
+         "A strip: the expander of a collapsed and of an expanded node.", &Tree::SetExpanderImage},
         {"indent",
          {AttributeKind::Integer, "18"},
          "Pixels by which each level stands further to the right.",
-         [](Tree& tree, const CString& value) { tree.SetIndent(ReadInteger(value)); }},
+         &Tree::SetIndent},
         {"item_height",
          {AttributeKind::Integer, "25"},
          "The height of a row in pixels.",
-         [](Tree& tree, const CString& value) { tree.SetItemHeight(ReadInteger(value)); }},
+         &Tree::SetItemHeight},
         {"hover_frame", AttributeKind::FrameStyle, "The background of the row below the pointer.",
-         [](Tree& tree, const CString& value) { tree.SetHoverFrameBK(skin::Frame(value)); }},
+         &Tree::SetHoverFrameBK},
         {"select_frame", AttributeKind::FrameStyle, "The background of the selected row.",
-         [](Tree& tree, const CString& value) { tree.SetSelectFrameBK(skin::Frame(value)); }},
+         &Tree::SetSelectFrameBK},
     };
     return table;
 }

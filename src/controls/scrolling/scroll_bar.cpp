@@ -103,8 +103,7 @@ const AttributeTable<CDUIScrollBarBase>& CDUIScrollBarBase::Attributes()
 {
     using Bar = CDUIScrollBarBase;
     static const AttributeTable<Bar> table{
-        {"back_image", AttributeKind::Image, "The track, drawn over the whole bar.",
-         [](Bar& bar, const CString& value) { bar.m_pBackImage = skin::Image(value); }},
+        {"back_image", AttributeKind::Image, "The track, drawn over the whole bar.", &Bar::m_pBackImage},
         {"thumb_image", AttributeKind::Image,
          "The thumb's strip: normal, hot, pushed, disabled. The bar is at least as broad as its icons.",
          [](Bar& bar, const CString& value) {
@@ -125,10 +124,8 @@ const AttributeTable<CDUIScrollBarBase>& CDUIScrollBarBase::Attributes()
          [](Bar& bar, const CString& value) { bar.SetScrollOwner(value); }},
         {"enable_arrow", AttributeKind::Ignored, "Without effect: bars have no arrows.",
          [](Bar& bar, const CString&) { bar.UpdateCtrlsAttributes(); }},
-        {"arrow_image1", AttributeKind::Ignored, "Without effect: bars have no arrows.",
-         [](Bar&, const CString&) {}},
-        {"arrow_image2", AttributeKind::Ignored, "Without effect: bars have no arrows.",
-         [](Bar&, const CString&) {}},
+        {"arrow_image1", AttributeKind::Ignored, "Without effect: bars have no arrows."},
+        {"arrow_image2", AttributeKind::Ignored, "Without effect: bars have no arrows."},
     };
     return table;
 }

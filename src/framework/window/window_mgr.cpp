@@ -32,11 +32,11 @@ const AttributeList& CDUIWindowMgr::WindowAttributes()
     using Manager = CDUIWindowMgr;
     static const AttributeTable<Manager> table{
         {"frame_style", AttributeKind::FrameStyle, "What is painted behind all controls.",
-         [](Manager& manager, const CString& value) { manager.SetFrameBkgnd(skin::Frame(value)); }},
+         &Manager::SetFrameBkgnd},
         {"client_margin",
          {AttributeKind::Rect, "0,0,0,0"},
          "Space between the frame and the root control.",
-         [](Manager& manager, const CString& value) { manager.SetClientRectMargin(ReadRect(value)); }},
+         &Manager::SetClientRectMargin},
         {"nc_style",
          {AttributeKind::Keywords, "", "layered|custom_nc|region_nc|size_nc"},
          "How the window's frame behaves; words add to those set before.",
@@ -46,8 +46,8 @@ const AttributeList& CDUIWindowMgr::WindowAttributes()
         {"caption_height",
          {AttributeKind::Integer, "0"},
          "Height of the part at the top by which a window with custom_nc is dragged, in pixels.",
-         [](Manager& manager, const CString& value) { manager.SetCaptionHeight(ReadInteger(value)); }},
-        {"name", AttributeKind::Text, "The template's name.", [](Manager&, const CString&) {}},
+         &Manager::SetCaptionHeight},
+        {"name", AttributeKind::Text, "The template's name."},
     };
     return table;
 }
