@@ -110,7 +110,7 @@ void CDUIToolBarSeparator::SetLook(CDUIImageListPtr image, bool isBarVertical)
 BOOL CDUIToolBarSeparator::EstimateSize(SIZE, SIZE& size)
 {
     const SIZE image =
-        skin::IsLoaded(m_pImage) ? geometry::IconSize(m_pImage) : SIZE{kSeparatorSpace, kSeparatorSpace};
+        skin::IsLoaded(m_pImage) ? skin::IconSize(m_pImage) : SIZE{kSeparatorSpace, kSeparatorSpace};
     size = OuterSize(image.cx, image.cy);
     return TRUE;
 }
@@ -120,7 +120,7 @@ void CDUIToolBarSeparator::PaintForgnd(HDC hdc)
     using namespace geometry;
     const RECT rect = GetContentRect();
     if (skin::IsLoaded(m_pImage)) {
-        const SIZE size = IconSize(m_pImage);
+        const SIZE size = skin::IconSize(m_pImage);
         const LONGLONG left = Centred(rect.left, rect.right, size.cx);
         const LONGLONG top = Centred(rect.top, rect.bottom, size.cy);
         const RECT place = Intersection(rect, MakeRect(left, top, left + size.cx, top + size.cy));

@@ -7,7 +7,7 @@
 
 #include "bars/tool_bar_colors.h"
 #include "bars/tool_bar_plan.h"
-#include "framework/geometry.h"
+#include "foundation/rect.h"
 #include "tooltip/popup_class.h"
 #include "tooltip/tool_tip_placement.h"
 

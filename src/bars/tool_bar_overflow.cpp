@@ -3,8 +3,8 @@
 #include <qvui/render/render_engine.h>
 
 #include "bars/tool_bar_colors.h"
+#include "foundation/rect.h"
 #include "framework/control_guard.h"
-#include "framework/geometry.h"
 #include "skin/skin_access.h"
 
 namespace DUI {
@@ -47,7 +47,7 @@ BOOL ToolBarOverflow::EstimateSize(SIZE, SIZE& size)
 {
     size = {kSide, kSide};
     if (const CDUIImageListPtr& image = UIData().m_pBackImage; skin::IsLoaded(image))
-        size = geometry::IconSize(image);
+        size = skin::IconSize(image);
     return TRUE;
 }
 

@@ -5,8 +5,9 @@
 
 #include "controls/pointer_state.h"
 #include "controls/state_text.h"
+#include "foundation/rect.h"
 #include "framework/control_guard.h"
-#include "framework/geometry.h"
+#include "render/dc_scopes.h"
 #include "skin/skin_access.h"
 
 namespace DUI {
@@ -138,11 +139,11 @@ BOOL CDUIButton::EstimateSize(SIZE, SIZE& size)
 SIZE CDUIButton::EstimateWithImages(SIZE text)
 {
     if ((GetClassStyle() & BTNSTYLE_AUTO_FIT) && skin::IsLoaded(Images().m_pBackImage))
-        return IconSize(Images().m_pBackImage);
+        return skin::IconSize(Images().m_pBackImage);
     LONGLONG width = text.cx;
     LONGLONG height = text.cy;
     const DWORD placement = GetIconPlacement();
-    const SIZE icon = placement ? IconSize(Images().m_pIcon) : SIZE{0, 0};
+    const SIZE icon = placement ? skin::IconSize(Images().m_pIcon) : SIZE{0, 0};
     if (icon.cx > 0 && icon.cy > 0) {
         const bool isBeside = (placement & (BTNSTYLE_LEFT_ICON | BTNSTYLE_RIGHT_ICON)) != 0;
         const bool isAboveOrBelow = (placement & (BTNSTYLE_TOP_ICON | BTNSTYLE_BOTTOM_ICON)) != 0;
@@ -262,7 +263,7 @@ void CDUIButton::PaintText(HDC hdc)
         (GetClassStyle() & BTNSTYLE_VER_TEXT) ? &CDUIRenderEngine::DrawVText : &CDUIRenderEngine::DrawTextA;
     SetBkMode(hdc, TRANSPARENT);
     SetTextColor(hdc, GetTextColorByStatus(status));
-    const FontScope font(hdc, GetFontByStatus(status));
+    const SelectScope font(hdc, GetFontByStatus(status));
     draw(hdc, text, text.GetLength(), &place, style->GetTextFormat());
     m_rcText = place;
 }
@@ -274,11 +275,9 @@ void CDUIButton::PaintBorder(HDC hdc)
     const RECT inset = Shrink(GetControlRect(), {2, 2, 2, 2});
     if (IsRectEmpty(&inset))
         return;
-    const HGDIOBJ oldBrush = SelectObject(hdc, GetStockObject(NULL_BRUSH));
-    const HGDIOBJ oldPen = SelectObject(hdc, GetStockObject(NULL_PEN));
+    const SelectScope brush(hdc, GetStockObject(NULL_BRUSH));
+    const SelectScope pen(hdc, GetStockObject(NULL_PEN));
     DrawFocusRect(hdc, &inset);
-    SelectObject(hdc, oldPen);
-    SelectObject(hdc, oldBrush);
 }
 
 void CDUIButton::SetCheck(BOOL bCheck)
@@ -365,7 +364,7 @@ RECT CDUIButton::GetIconPlace()
 {
     const RECT rect = GetControlRect();
     const RECT margin = GetMargin();
-    const SIZE icon = IconSize(Images().m_pIcon);
+    const SIZE icon = skin::IconSize(Images().m_pIcon);
     LONGLONG left = Centred(rect.left, rect.right, icon.cx);
     LONGLONG top = Centred(rect.top, rect.bottom, icon.cy);
     switch (GetIconPlacement()) {

@@ -2,10 +2,10 @@
 
 #include <qvui/render/render_engine.h>
 
-#include "controls/image_drawing.h"
 #include "controls/pointer_state.h"
 #include "controls/state_text.h"
-#include "framework/geometry.h"
+#include "foundation/rect.h"
+#include "render/dc_scopes.h"
 #include "skin/skin_access.h"
 
 namespace DUI {
@@ -65,7 +65,7 @@ void CDUILabel::PaintBkgnd(HDC hdc)
         return;
     const RECT content = GetContentRect();
     const CDUIRenderClip clip(hdc, content);
-    const HalftoneScope smooth(hdc);
+    const StretchModeScope smooth(hdc, HALFTONE);
     m_pBackImage->DrawImage(hdc, content, 0);
 }
 
@@ -75,7 +75,7 @@ void CDUILabel::PaintText(HDC hdc)
     const CRefPtr<CTextStyle> style = GetTextStyle();
     if (text.IsEmpty() || style.IsNull())
         return;
-    const FontScope font(hdc, GetFontByStatus());
+    const SelectScope font(hdc, GetFontByStatus());
     SetBkMode(hdc, TRANSPARENT);
     const auto draw = [&](COLORREF color, RECT rect) {
         SetTextColor(hdc, color);

@@ -2,8 +2,8 @@
 
 #include <qvui/render/render_engine.h>
 
-#include "controls/image_drawing.h"
-#include "framework/geometry.h"
+#include "foundation/rect.h"
+#include "render/dc_scopes.h"
 #include "skin/skin_access.h"
 
 namespace DUI {
@@ -38,7 +38,7 @@ CDUIPictureBox::~CDUIPictureBox() = default;
 
 BOOL CDUIPictureBox::EstimateSize(SIZE, SIZE& size)
 {
-    const SIZE icon = IconSize(m_pImage);
+    const SIZE icon = skin::IconSize(m_pImage);
     size = OuterSize(icon.cx, icon.cy);
     return TRUE;
 }
@@ -49,7 +49,7 @@ void CDUIPictureBox::PaintBkgnd(HDC hdc)
         return;
     const RECT content = GetContentRect();
     const CDUIRenderClip clip(hdc, content);
-    const HalftoneScope smooth(hdc);
+    const StretchModeScope smooth(hdc, HALFTONE);
     if (m_pImage->GetItemCount() != 1 || m_pImage->GetDrawStyle() != DRAW_STYLE_NORMAL) {
         m_pImage->DrawImage(hdc, content, skin::IconIndex(m_pImage, m_nIconIndex));
         return;

@@ -2,8 +2,8 @@
 
 #include <qvui/render/render_engine.h>
 
+#include "foundation/rect.h"
 #include "framework/control_guard.h"
-#include "framework/geometry.h"
 #include "skin/skin_access.h"
 
 namespace DUI {
@@ -40,7 +40,7 @@ CDUIProgressBar::~CDUIProgressBar() = default;
 
 BOOL CDUIProgressBar::EstimateSize(SIZE, SIZE& size)
 {
-    const SIZE icon = IconSize(m_uiData.m_pImage);
+    const SIZE icon = skin::IconSize(m_uiData.m_pImage);
     size = OuterSize(icon.cx, icon.cy);
     return TRUE;
 }

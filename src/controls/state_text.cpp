@@ -1,4 +1,5 @@
 #include "controls/state_text.h"
+#include "render/dc_scopes.h"
 
 #include <qvui/render/render_engine.h>
 
@@ -46,7 +47,7 @@ void DrawStateText(HDC hdc, const CString& text, RECT place, const CTextStyle* s
     const HFONT selected = StateFont(style, font);
     if (text.IsEmpty() || !selected)
         return;
-    const FontScope scope(hdc, selected);
+    const SelectScope scope(hdc, selected);
     SetBkMode(hdc, TRANSPARENT);
     SetTextColor(hdc, StateColor(style, color));
     CDUIRenderEngine::DrawTextA(hdc, text, text.GetLength(), &place, style->GetTextFormat());

@@ -13,23 +13,6 @@ COLORREF StateColor(const CTextStyle* style, TextState state);
 /// The style's normal font where it has none for the state; null without a style or font. Borrowed.
 HFONT StateFont(const CTextStyle* style, TextState state);
 
-/// Selects a font for its scope; null selects nothing.
-class FontScope {
-public:
-    FontScope(HDC hdc, HFONT font) : m_hDC(hdc), m_hOld(font ? SelectObject(hdc, font) : nullptr) {}
-    FontScope(const FontScope&) = delete;
-    FontScope& operator=(const FontScope&) = delete;
-    ~FontScope()
-    {
-        if (m_hOld)
-            SelectObject(m_hDC, m_hOld);
-    }
-
-private:
-    HDC m_hDC;
-    HGDIOBJ m_hOld;
-};
-
 /// Draws a text over what is there; nothing without a text, a style or a font.
 void DrawStateText(HDC hdc, const CString& text, RECT place, const CTextStyle* style, TextState color,
                    TextState font);

@@ -5,8 +5,8 @@
 #include <qvui/render/render_engine.h>
 
 #include "controls/state_text.h"
+#include "foundation/rect.h"
 #include "framework/control_guard.h"
-#include "framework/geometry.h"
 #include "skin/skin_access.h"
 
 namespace DUI {
@@ -160,8 +160,8 @@ void CDUITrackBarBase::SetControlRect(const RECT& rect)
 
 BOOL CDUITrackBarBase::EstimateSize(SIZE, SIZE& size)
 {
-    const SIZE track = IconSize(m_uiData.m_pBackImage);
-    const SIZE thumb = IconSize(m_uiData.m_pThumbImage);
+    const SIZE track = skin::IconSize(m_uiData.m_pBackImage);
+    const SIZE thumb = skin::IconSize(m_uiData.m_pThumbImage);
     size = OuterSize(std::max(track.cx, thumb.cx), std::max(track.cy, thumb.cy));
     return TRUE;
 }
@@ -246,7 +246,7 @@ void CDUITrackBarBase::SetShowPercent(BOOL bShow)
 
 LONG CDUITrackBarBase::GetThumbLength()
 {
-    const SIZE icon = IconSize(m_uiData.m_pThumbImage);
+    const SIZE icon = skin::IconSize(m_uiData.m_pThumbImage);
     return IsVertical() ? icon.cy : icon.cx;
 }
 

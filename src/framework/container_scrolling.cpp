@@ -1,5 +1,5 @@
+#include "foundation/rect.h"
 #include "framework/control_guard.h"
-#include "framework/geometry.h"
 #include "framework/scroll_bar_access.h"
 
 // How scrolling containers and their bars work together: the operations of CDUIControlBase that need the

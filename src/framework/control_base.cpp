@@ -5,9 +5,9 @@
 
 #include <qvui/render/render_engine.h>
 
+#include "foundation/rect.h"
 #include "framework/control_guard.h"
 #include "framework/control_styles.h"
-#include "framework/geometry.h"
 #include "framework/scroll_bar_access.h"
 #include "skin/skin_access.h"
 

@@ -2,7 +2,7 @@
 
 #include <qvui/layout/linear_layout.h>
 
-#include "framework/geometry.h"
+#include "foundation/rect.h"
 
 /// The two directions along which a container lines up its children. Everything that differs between a
 /// horizontal and a vertical layout or bar is here.

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "framework/geometry.h"
+#include "foundation/rect.h"
 #include "layout/children.h"
 
 namespace DUI {

@@ -1,6 +1,6 @@
 #include <qvui/layout/dock_layout.h>
 
-#include "framework/geometry.h"
+#include "foundation/rect.h"
 #include "layout/children.h"
 #include "layout/placement/dock_rect.h"
 

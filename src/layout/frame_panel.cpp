@@ -2,7 +2,7 @@
 
 #include <qvui/render/render_engine.h>
 
-#include "framework/geometry.h"
+#include "foundation/rect.h"
 #include "skin/skin_access.h"
 
 namespace DUI {
@@ -125,8 +125,8 @@ void CDUIFramePanel::DrawFrameWithColor(HDC hdc)
 
 void CDUIFramePanel::CalculateImageFrame()
 {
-    m_rcFrame = {IconSize(m_frame.m_pLeftImage).cx, IconSize(m_frame.m_pTopImage).cy,
-                 IconSize(m_frame.m_pRightImage).cx, IconSize(m_frame.m_pBottomImage).cy};
+    m_rcFrame = {skin::IconSize(m_frame.m_pLeftImage).cx, skin::IconSize(m_frame.m_pTopImage).cy,
+                 skin::IconSize(m_frame.m_pRightImage).cx, skin::IconSize(m_frame.m_pBottomImage).cy};
 }
 
 void CDUIFramePanel::DrawFrameWithImage(HDC hdc)

@@ -6,39 +6,13 @@
 #include <qvui/render/bitmap_functions.h>
 #include <qvui/render/render_engine.h>
 
-#include "render/rectangles.h"
+#include "foundation/rect.h"
+#include "render/dc_scopes.h"
 
 namespace DUI {
 namespace {
 
-// Clips a context to a region, within the clip region it has, for one scope. A context without one is left
-// alone.
-class RegionClip {
-public:
-    /// Takes ownership of the region.
-    RegionClip(HDC hdc, HRGN region) : m_hDC(hdc), m_hSaved(CreateRectRgn(0, 0, 0, 0))
-    {
-        m_isClipped = GetClipRgn(hdc, m_hSaved) == 1;
-        if (m_isClipped) {
-            CombineRgn(region, region, m_hSaved, RGN_AND);
-            SelectClipRgn(hdc, region);
-        }
-        DeleteObject(region);
-    }
-    RegionClip(const RegionClip&) = delete;
-    RegionClip& operator=(const RegionClip&) = delete;
-    ~RegionClip()
-    {
-        if (m_isClipped)
-            SelectClipRgn(m_hDC, m_hSaved);
-        DeleteObject(m_hSaved);
-    }
-
-private:
-    HDC m_hDC;
-    HRGN m_hSaved;
-    bool m_isClipped = false;
-};
+using namespace wrapping;
 
 // Where the middle colour stands. Of pixels it is the sum that is truncated, of a share the distance; that
 // differs left of and above 0.
@@ -46,7 +20,7 @@ int SplitOf(int start, int length, double separator)
 {
     if (separator > 1)
         return static_cast<int>(std::min<double>(start + separator, INT_MAX));
-    return WrappingSum(start, static_cast<int>(length * separator));
+    return Sum(start, static_cast<int>(length * separator));
 }
 
 }  // namespace
@@ -127,30 +101,30 @@ RECT CDUIColorImageBK::GetSkinImageRect(RECT rect) const
     const int width = m_pSkinImage->GetIconWidth();
     const int height = m_pSkinImage->GetIconHeight();
     const RECT inner = Deflated(rect, {m_imagePos.x, m_imagePos.y, m_imagePos.x, m_imagePos.y});
-    const int fromRight = WrappingDifference(inner.right, width);
-    const int fromBottom = WrappingDifference(inner.bottom, height);
+    const int fromRight = Difference(inner.right, width);
+    const int fromBottom = Difference(inner.bottom, height);
     RECT place = rect;
     switch (m_imagePos.kind) {
         case 0:
-            place = {inner.left, inner.top, WrappingSum(inner.left, width), WrappingSum(inner.top, height)};
+            place = {inner.left, inner.top, Sum(inner.left, width), Sum(inner.top, height)};
             break;
         case 1:
-            place = {inner.left, fromBottom, WrappingSum(inner.left, width), inner.bottom};
+            place = {inner.left, fromBottom, Sum(inner.left, width), inner.bottom};
             break;
         case 2:
-            place = {fromRight, inner.top, inner.right, WrappingSum(inner.top, height)};
+            place = {fromRight, inner.top, inner.right, Sum(inner.top, height)};
             break;
         case 3:
             place = {fromRight, fromBottom, inner.right, inner.bottom};
             break;
         case 4:
             if (Width(rect) > width) {
-                place.left = WrappingSum(rect.left, (Width(rect) - width) / 2);
-                place.right = WrappingSum(place.left, width);
+                place.left = Sum(rect.left, (Width(rect) - width) / 2);
+                place.right = Sum(place.left, width);
             }
             if (Height(rect) > height) {
-                place.top = WrappingSum(rect.top, (Height(rect) - height) / 2);
-                place.bottom = WrappingSum(place.top, height);
+                place.top = Sum(rect.top, (Height(rect) - height) / 2);
+                place.bottom = Sum(place.top, height);
             }
             break;
         default:
@@ -206,23 +180,23 @@ void CDUIFrameBK::DrawImageFrame(HDC hdc, const RECT& rect)
     const HRGN hole = CreateRectRgnIndirect(&inner);
     CombineRgn(ring, ring, hole, RGN_DIFF);
     DeleteObject(hole);
-    const RegionClip clip(hdc, ring);
+    const ClipRegionScope clip(hdc, ring);
     m_pFrameImage->DrawImage(hdc, rect, 0);
 }
 
 void CDUIFrameBK::DrawColorFrame(HDC hdc, const RECT& rect)
 {
     if (m_nRoundWidth > 0 && m_nRoundHeight > 0) {
-        const RegionClip clip(hdc, CreateRoundRectRgn(rect.left, rect.top, rect.right, rect.bottom,
-                                                      m_nRoundWidth, m_nRoundHeight));
+        const ClipRegionScope clip(hdc, CreateRoundRectRgn(rect.left, rect.top, rect.right, rect.bottom,
+                                                           m_nRoundWidth, m_nRoundHeight));
         CDUIColorImageBK::DrawBK(hdc, rect);
         CDUIRenderEngine::DrawRoundRectBorder(hdc, rect, m_nRoundWidth, m_nRoundHeight, m_rcBorder.top,
                                               m_frameColor);
         return;
     }
     CDUIColorImageBK::DrawBK(hdc, rect);
-    const int right = WrappingDifference(rect.right, m_rcBorder.right);
-    const int bottom = WrappingDifference(rect.bottom, m_rcBorder.bottom);
+    const int right = Difference(rect.right, m_rcBorder.right);
+    const int bottom = Difference(rect.bottom, m_rcBorder.bottom);
     CDUIRenderEngine::DrawLine(hdc, rect.left, rect.top, rect.right, rect.top, m_rcBorder.top, m_frameColor);
     CDUIRenderEngine::DrawLine(hdc, rect.left, rect.top, rect.left, rect.bottom, m_rcBorder.left,
                                m_frameColor);

@@ -4,11 +4,13 @@
 
 #include <qvui/render/dib_section.h>
 
+#include "foundation/rect.h"
 #include "render/memory_context.h"
-#include "render/rectangles.h"
 
 namespace DUI {
 namespace {
+
+using namespace wrapping;
 
 BLENDFUNCTION PerPixel(unsigned char alpha)
 {

@@ -5,10 +5,12 @@
 
 #include <qvui/render/bitmap_functions.h>
 
+#include "foundation/rect.h"
 #include "render/memory_context.h"
-#include "render/rectangles.h"
 
 namespace DUI {
+
+using namespace wrapping;
 
 CDibSection::CDibSection(const CDibSection& other) : CDUIObject(other)
 {

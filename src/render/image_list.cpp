@@ -8,11 +8,13 @@
 #include <qvui/render/bitmap_functions.h>
 #include <qvui/render/dib_section.h>
 
+#include "foundation/rect.h"
 #include "render/memory_context.h"
-#include "render/rectangles.h"
 
 namespace DUI {
 namespace {
+
+using namespace wrapping;
 
 // Draws one part of a bitmap with the operation that the bitmap's transparency asks for.
 void DrawPart(HDC hdc, const RECT& dest, HDC memory, const RECT& source, const CImage& image)
@@ -274,7 +276,7 @@ void CDUIImage::DrawTiled(HDC hdc, const RECT& dest)
     const MemoryContext memory(*m_pImage);
     for (LONGLONG x = dest.left + hidden * whole.right; x < end; x += whole.right) {
         const auto left = static_cast<LONG>(x);
-        const RECT tile{left, dest.top, WrappingSum(left, whole.right), WrappingSum(dest.top, whole.bottom)};
+        const RECT tile{left, dest.top, Sum(left, whole.right), Sum(dest.top, whole.bottom)};
         DrawPart(hdc, tile, memory.Get(), whole, *m_pImage);
     }
 }

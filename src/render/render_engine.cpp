@@ -3,24 +3,14 @@
 #include <algorithm>
 #include <cstring>
 
+#include "foundation/rect.h"
+#include "render/dc_scopes.h"
 #include "render/memory_context.h"
-#include "render/rectangles.h"
 
 namespace DUI {
 namespace {
 
-// Selects an object for one scope.
-class Selection {
-public:
-    Selection(HDC hdc, HGDIOBJ object) : m_hDC(hdc), m_hOld(SelectObject(hdc, object)) {}
-    Selection(const Selection&) = delete;
-    Selection& operator=(const Selection&) = delete;
-    ~Selection() { SelectObject(m_hDC, m_hOld); }
-
-private:
-    HDC m_hDC;
-    HGDIOBJ m_hOld;
-};
+using namespace wrapping;
 
 constexpr BLENDFUNCTION kBlendByPixels{AC_SRC_OVER, 0, 255, AC_SRC_ALPHA};
 
@@ -40,7 +30,7 @@ void Stroke(HDC hdc, int style, int x1, int y1, int x2, int y2, int penWidth, co
     constexpr int kWidest = 0x7FFF;
     const HPEN pen = CreatePen(style, std::clamp(penWidth, -kWidest, kWidest), color.GetColor());
     {
-        const Selection selected(hdc, pen);
+        const SelectScope selected(hdc, pen);
         MoveToEx(hdc, x1, y1, nullptr);
         LineTo(hdc, x2, y2);
     }
@@ -92,8 +82,8 @@ void CDUIRenderEngine::DrawRoundRectBorder(HDC hdc, const RECT& rect, int ellips
     const int widest = std::max(1, std::min(Width(rect), Height(rect)) / 2);
     const HPEN pen = CreatePen(PS_INSIDEFRAME, std::min(penWidth, widest), color.GetColor());
     {
-        const Selection selectedPen(hdc, pen);
-        const Selection selectedBrush(hdc, GetStockObject(NULL_BRUSH));
+        const SelectScope selectedPen(hdc, pen);
+        const SelectScope selectedBrush(hdc, GetStockObject(NULL_BRUSH));
         RoundRect(hdc, rect.left, rect.top, rect.right - 1, rect.bottom - 1, ellipseWidth, ellipseHeight);
     }
     DeleteObject(pen);
@@ -131,10 +121,8 @@ void CDUIRenderEngine::BlendGradient(HDC hdc, const RECT& rect, const CARGB& fro
     const int end = vertical ? visible.bottom : visible.right;
     for (int start = vertical ? visible.top : visible.left; start < end;) {
         const int length = std::min(kStrip, end - start);
-        const RECT whole =
-            vertical
-                ? RECT{0, WrappingDifference(rect.top, start), 1, WrappingDifference(rect.bottom, start)}
-                : RECT{WrappingDifference(rect.left, start), 0, WrappingDifference(rect.right, start), 1};
+        const RECT whole = vertical ? RECT{0, Difference(rect.top, start), 1, Difference(rect.bottom, start)}
+                                    : RECT{Difference(rect.left, start), 0, Difference(rect.right, start), 1};
         GradientFill(strip, whole, from.GetColor(), to.GetColor(), vertical);
         Weigh(surface.Pixels(), length, alpha);
         if (vertical)
@@ -169,7 +157,7 @@ SIZE CDUIRenderEngine::GetTextIdealSize(const CString& text, HFONT font, int wid
     const HDC screen = GetDC(nullptr);
     RECT rect{0, 0, width, 0};
     {
-        const Selection selected(screen, font);
+        const SelectScope selected(screen, font);
         ::DrawTextA(screen, text, text.GetLength(), &rect,
                     (format & ~DT_WORDBREAK) | DT_CALCRECT | DT_SINGLELINE);
     }
@@ -211,11 +199,10 @@ int CDUIRenderEngine::DrawVText(HDC hdc, const char* text, int, RECT* rect, UINT
     GetTextMetricsA(hdc, &metrics);
     const int step = metrics.tmHeight - metrics.tmInternalLeading + kGap;
     const int total = count * step;
-    int top =
-        WrappingSum(rect->top, WrappingDifference(WrappingDifference(rect->bottom, total), rect->top) / 2);
-    for (const char* at = text; at < end; top = WrappingSum(top, step)) {
+    int top = Sum(rect->top, Difference(Difference(rect->bottom, total), rect->top) / 2);
+    for (const char* at = text; at < end; top = Sum(top, step)) {
         const int length = PieceLength(at, end);
-        RECT line{rect->left, top, rect->right, WrappingSum(top, step)};
+        RECT line{rect->left, top, rect->right, Sum(top, step)};
         ::DrawTextA(hdc, at, length, &line, format);
         at += length;
     }

@@ -27,4 +27,10 @@ inline int IconIndex(const CDUIImageListPtr& image, int index)
     return index < image->GetItemCount() ? index : 0;
 }
 
+/// The size of one icon; 0 by 0 without a picture.
+inline SIZE IconSize(const CDUIImageListPtr& image)
+{
+    return image && !image->IsNull() ? SIZE{image->GetIconWidth(), image->GetIconHeight()} : SIZE{0, 0};
+}
+
 }  // namespace DUI::skin

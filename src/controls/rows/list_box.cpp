@@ -4,8 +4,8 @@
 #include "controls/rows/row_container.h"
 #include "controls/rows/row_index.h"
 #include "controls/scrolling/owned_scroll_bar.h"
+#include "foundation/rect.h"
 #include "framework/control_guard.h"
-#include "framework/geometry.h"
 
 // The items of a list box and their places; what it does with them is in list_box_input.cpp.
 

@@ -4,8 +4,8 @@
 
 #include "controls/rows/pressed_row.h"
 #include "controls/state_text.h"
+#include "foundation/rect.h"
 #include "framework/control_guard.h"
-#include "framework/geometry.h"
 #include "skin/skin_access.h"
 
 namespace DUI {

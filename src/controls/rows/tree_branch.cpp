@@ -3,8 +3,8 @@
 #include <qvui/controls/rows/tree_view.h>
 
 #include "controls/rows/row_container.h"
+#include "foundation/rect.h"
 #include "framework/control_guard.h"
-#include "framework/geometry.h"
 
 namespace DUI {
 

@@ -6,8 +6,8 @@
 #include "controls/rows/row_container.h"
 #include "controls/rows/tree_branch.h"
 #include "controls/state_text.h"
+#include "foundation/rect.h"
 #include "framework/control_guard.h"
-#include "framework/geometry.h"
 #include "skin/skin_access.h"
 
 namespace DUI {
@@ -223,7 +223,7 @@ RECT CDUITreeNode::GetNodeIconRect()
 {
     const CDUITreeViewImpl* const tree = GetTree();
     const RECT row = GetControlRect();
-    const SIZE icon = IconSize(GetButtonUIData().m_pIcon);
+    const SIZE icon = skin::IconSize(GetButtonUIData().m_pIcon);
     const LONGLONG left =
         Wide(row.left) + GetMargin().left + (GetLevel() + 1) * LONGLONG{tree ? tree->GetIndent() : 0};
     const LONGLONG top = row.top + (Height(row) - icon.cy) / 2;
@@ -276,7 +276,7 @@ void CDUITreeNode::PaintForgnd(HDC hdc)
     if (tree && HasExpander() && skin::IsLoaded(tree->GetExpanderImage())) {
         const CDUIImageListPtr& image = tree->GetExpanderImage();
         const RECT place = GetExpanderRect();
-        const SIZE size = IconSize(image);
+        const SIZE size = skin::IconSize(image);
         const LONGLONG left = place.left + (Width(place) - size.cx) / 2;
         const LONGLONG top = place.top + (Height(place) - size.cy) / 2;
         image->DrawImage(hdc, MakeRect(left, top, left + size.cx, top + size.cy),

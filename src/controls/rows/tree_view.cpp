@@ -4,8 +4,8 @@
 #include "controls/rows/row_container.h"
 #include "controls/rows/tree_branch.h"
 #include "controls/scrolling/owned_scroll_bar.h"
+#include "foundation/rect.h"
 #include "framework/control_guard.h"
-#include "framework/geometry.h"
 #include "skin/skin_access.h"
 
 // A tree view's look, its rows and their places; its nodes are in tree_view_nodes.cpp, what it does on

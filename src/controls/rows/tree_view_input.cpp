@@ -1,7 +1,7 @@
 #include <qvui/controls/rows/tree_view.h>
 
+#include "foundation/rect.h"
 #include "framework/control_guard.h"
-#include "framework/geometry.h"
 
 // What a tree view does on input.
 

@@ -4,9 +4,9 @@
 
 #include <qvui/controls/scrolling/scroll_bar.h>
 
+#include "foundation/rect.h"
 #include "framework/app_access.h"
 #include "framework/control_guard.h"
-#include "framework/geometry.h"
 
 /// The scroll bar that a scrolling container keeps beside its content. It is none of the container's
 /// children: the container makes it when it is attached to a window, places it, and releases it when it is

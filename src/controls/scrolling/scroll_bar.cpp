@@ -2,8 +2,8 @@
 
 #include <cmath>
 
+#include "foundation/rect.h"
 #include "framework/control_guard.h"
-#include "framework/geometry.h"
 #include "framework/scroll_bar_access.h"
 #include "skin/skin_access.h"
 
@@ -201,7 +201,7 @@ void CDUIScrollBarBase::UpdateCtrlsAttributes()
     CDUIButton* const thumb = GetElement(kThumbElement);
     if (!thumb || !skin::IsLoaded(thumb->GetButtonUIData().m_pBackImage))
         return;
-    const SIZE cell = IconSize(thumb->GetButtonUIData().m_pBackImage);
+    const SIZE cell = skin::IconSize(thumb->GetButtonUIData().m_pBackImage);
     thumb->SetFixedWidth(cell.cx);
     thumb->SetFixedHeight(cell.cy);
     if (IsVerticalSB())

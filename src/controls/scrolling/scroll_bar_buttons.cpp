@@ -1,7 +1,7 @@
 #include <qvui/controls/scrolling/scroll_bar.h>
 
+#include "foundation/rect.h"
 #include "framework/control_guard.h"
-#include "framework/geometry.h"
 #include "skin/skin_access.h"
 
 // The thumb and the arrows of a scroll bar.
@@ -100,7 +100,7 @@ void CDUISBThumButton::PaintBkgnd(HDC hdc)
     if (!skin::IsLoaded(m_pThumbMark))
         return;
     const RECT rect = GetControlRect();
-    const SIZE mark = IconSize(m_pThumbMark);
+    const SIZE mark = skin::IconSize(m_pThumbMark);
     const LONGLONG left = rect.left + (Width(rect) - mark.cx) / 2;
     const LONGLONG top = rect.top + (Height(rect) - mark.cy) / 2;
     m_pThumbMark->DrawImage(hdc, MakeRect(left, top, left + mark.cx, top + mark.cy), 0);

@@ -1,6 +1,11 @@
 #include "framework/window/back_buffer.h"
 
+#include "foundation/rect.h"
+
 namespace DUI {
+
+using wrapping::Height;
+using wrapping::Width;
 
 bool BackBuffer::Prepare(const SIZE& size)
 {
@@ -15,7 +20,7 @@ BackBuffer::Paint::Paint(BackBuffer& buffer, HDC target, const RECT& client)
       m_target(target)
 {
     if (GetClipBox(target, &m_box) == NULLREGION || !IntersectRect(&m_box, &m_box, &client) ||
-        !buffer.Prepare({client.right - client.left, client.bottom - client.top}))
+        !buffer.Prepare({Width(client), Height(client)}))
         return;
     m_memory = CreateCompatibleDC(target);
     m_oldBitmap = SelectObject(m_memory, m_section->GetBitmap());
@@ -26,8 +31,8 @@ BackBuffer::Paint::Paint(BackBuffer& buffer, HDC target, const RECT& client)
     // would paint there.
     IntersectClipRect(m_memory, m_box.left, m_box.top, m_box.right, m_box.bottom);
     SetMetaRgn(m_memory);
-    BitBlt(m_memory, m_box.left, m_box.top, m_box.right - m_box.left, m_box.bottom - m_box.top, m_target,
-           m_box.left, m_box.top, SRCCOPY);
+    BitBlt(m_memory, m_box.left, m_box.top, Width(m_box), Height(m_box), m_target, m_box.left, m_box.top,
+           SRCCOPY);
 }
 
 BackBuffer::Paint::~Paint()
@@ -40,8 +45,8 @@ BackBuffer::Paint::~Paint()
 
 void BackBuffer::Paint::CopyToTarget()
 {
-    BitBlt(m_target, m_box.left, m_box.top, m_box.right - m_box.left, m_box.bottom - m_box.top, m_memory,
-           m_box.left, m_box.top, SRCCOPY);
+    BitBlt(m_target, m_box.left, m_box.top, Width(m_box), Height(m_box), m_memory, m_box.left, m_box.top,
+           SRCCOPY);
 }
 
 }  // namespace DUI

@@ -4,7 +4,7 @@
 #include <qvui/framework/app.h>
 #include <qvui/render/render_engine.h>
 
-#include "framework/geometry.h"
+#include "foundation/rect.h"
 #include "framework/window/window_parts.h"
 #include "skin/skin_access.h"
 

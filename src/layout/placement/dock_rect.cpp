@@ -2,7 +2,7 @@
 
 #include <qvui/framework/control.h>
 
-#include "framework/geometry.h"
+#include "foundation/rect.h"
 
 namespace DUI::layout {
 

@@ -4,7 +4,7 @@
 
 #include <qvui/platform/platform.h>
 
-#include "framework/geometry.h"
+#include "foundation/rect.h"
 
 namespace DUI::layout {
 

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "framework/geometry.h"
+#include "foundation/rect.h"
 
 namespace DUI::layout {
 

@@ -74,15 +74,10 @@ HFONT FontSet::Get(const Style& style)
 
 ContextRuler::ContextRuler(HDC hdc, FontSet& fonts, const Document& document)
     : m_hDC(hdc),
-      m_level(SaveDC(hdc)),
+      m_saved(hdc),
       m_fonts(fonts),
       m_document(document)
 {
-}
-
-ContextRuler::~ContextRuler()
-{
-    RestoreDC(m_hDC, m_level);
 }
 
 void ContextRuler::Select(int style)

@@ -4,6 +4,7 @@
 
 #include <qvui/platform/platform.h>
 
+#include "render/dc_scopes.h"
 #include "tooltip/markup/line_layout.h"
 
 namespace DUI::html {
@@ -36,7 +37,6 @@ public:
     ContextRuler(HDC hdc, FontSet& fonts, const Document& document);
     ContextRuler(const ContextRuler&) = delete;
     ContextRuler& operator=(const ContextRuler&) = delete;
-    ~ContextRuler() override;
 
     /// Selects a style's font into the context.
     void Select(int style);
@@ -47,7 +47,7 @@ public:
 
 private:
     HDC m_hDC;
-    int m_level;
+    SaveScope m_saved;
     FontSet& m_fonts;
     const Document& m_document;
     int m_selected = -1;

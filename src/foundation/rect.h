@@ -4,10 +4,10 @@
 #include <limits>
 
 #include <qvui/platform/platform.h>
-#include <qvui/render/image_list.h>
 
-/// Arithmetic on rectangles and sizes that skins give: any 32-bit numbers, so sums are made in 64 bits and
-/// results cut to 32.
+// Arithmetic on rectangles and sizes. Coordinates come from skins and may be any 32-bit numbers.
+
+/// For layout: sums are made in 64 bits and results cut to 32.
 namespace DUI::geometry {
 
 inline LONGLONG Wide(LONG value)
@@ -61,10 +61,37 @@ inline LONGLONG Centred(LONG start, LONG end, LONGLONG length)
     return free > 0 ? start + free / 2 : start;
 }
 
-/// The size of one icon; 0 by 0 without a picture.
-inline SIZE IconSize(const CDUIImageListPtr& image)
+}  // namespace DUI::geometry
+
+/// For drawing: sums wrap around, as the platform's do.
+namespace DUI::wrapping {
+
+inline int Sum(int a, int b)
 {
-    return image && !image->IsNull() ? SIZE{image->GetIconWidth(), image->GetIconHeight()} : SIZE{0, 0};
+    return static_cast<int>(static_cast<unsigned>(a) + static_cast<unsigned>(b));
 }
 
-}  // namespace DUI::geometry
+inline int Difference(int a, int b)
+{
+    return static_cast<int>(static_cast<unsigned>(a) - static_cast<unsigned>(b));
+}
+
+/// Negative for inverted rectangles.
+inline int Width(const RECT& rect)
+{
+    return Difference(rect.right, rect.left);
+}
+
+inline int Height(const RECT& rect)
+{
+    return Difference(rect.bottom, rect.top);
+}
+
+/// The rectangle with each side moved inwards by the widths.
+inline RECT Deflated(const RECT& rect, const RECT& widths)
+{
+    return {Sum(rect.left, widths.left), Sum(rect.top, widths.top), Difference(rect.right, widths.right),
+            Difference(rect.bottom, widths.bottom)};
+}
+
+}  // namespace DUI::wrapping
