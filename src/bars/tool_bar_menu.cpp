@@ -8,8 +8,7 @@
 #include "bars/tool_bar_colors.h"
 #include "bars/tool_bar_plan.h"
 #include "foundation/rect.h"
-#include "tooltip/popup_class.h"
-#include "tooltip/tool_tip_placement.h"
+#include "tooltip/popup_placement.h"
 
 namespace DUI {
 namespace {
@@ -56,36 +55,27 @@ CRefPtr<CDUIFrameBK> PlainFrame()
 
 ToolBarMenu::~ToolBarMenu()
 {
-    if (!m_window)
-        return;
-    const HWND window = m_window;
-    SetWindowLongPtrA(window, GWLP_USERDATA, 0);
-    OnDestroyed();
-    DestroyWindow(window);
+    if (IsOpen())
+        LeaveWindow();
 }
 
 // --- opening and closing -----------------------------------------------------------------------------------
 
 bool ToolBarMenu::Open(const Request& request, Closed closed)
 {
-    if (m_window || !::IsWindow(request.owner) || !RegisterPopupClass(kClassName, &ToolBarMenu::Procedure))
-        return false;
-    m_window = CreateWindowExA(WS_EX_TOOLWINDOW, kClassName, "", WS_POPUP, 0, 0, 0, 0, request.owner, nullptr,
-                               GetModuleHandleA(nullptr), this);
-    if (!m_window)
+    if (!CreatePopup(kClassName, 0, request.owner))
         return false;
     m_closed = std::move(closed);
     m_chosen = nullptr;
     m_isDismissed = m_isClosing = false;
     SetFrameBkgnd(request.frame.IsNull() ? PlainFrame() : request.frame);
     RECT rect{0, 0, 0, 0};
-    CreateFromRootControl(MakeEntries(request), m_window, rect);
+    CreateFromRootControl(MakeEntries(request), PopupHandle(), rect);
     InitWindowMgr();
     DUIGetAppInstance()->GetMessageLoop()->AddMessageFilter(this);
-    PlaceWindow(request);
     if (request.isByKeyboard)
         MoveFocus(-1, 1);
-    ShowWindow(m_window, SW_SHOW);
+    ShowPopup(PlaceFor(request), true);
     return true;
 }
 
@@ -110,7 +100,7 @@ CRefPtr<IDUIControl> ToolBarMenu::MakeEntries(const Request& request)
     return list.GetPtr();
 }
 
-void ToolBarMenu::PlaceWindow(const Request& request)
+RECT ToolBarMenu::PlaceFor(const Request& request)
 {
     const RECT area = WorkAreaAt({request.anchor.left, request.anchor.bottom});
     const RECT border = GetFrameBkgnd()->GetFrameBorder();
@@ -119,17 +109,17 @@ void ToolBarMenu::PlaceWindow(const Request& request)
         LONGLONG{m_entriesSize.cy} + LONGLONG{2} * kMenuMargin + border.top + border.bottom);
     const SIZE size{std::min(whole.right, area.right - area.left),
                     std::min(whole.bottom, area.bottom - area.top)};
-    const POINT corner = layout::PlaceMenu(area, request.anchor, size, request.opensSideways);
-    SetWindowPos(m_window, HWND_TOP, corner.x, corner.y, size.cx, size.cy, SWP_NOACTIVATE);
+    const POINT corner = PlaceMenu(area, request.anchor, size, request.opensSideways);
+    return {corner.x, corner.y, corner.x + size.cx, corner.y + size.cy};
 }
 
 void ToolBarMenu::Close()
 {
-    if (!m_window || m_isClosing)
+    if (!IsOpen() || m_isClosing)
         return;
-    const std::shared_ptr<ToolBarMenu> keep = weak_from_this().lock();
+    const std::shared_ptr<PopupWindow> keep = weak_from_this().lock();
     m_isClosing = true;
-    DestroyWindow(m_window);
+    DestroyPopup();
     Report();
 }
 
@@ -142,71 +132,48 @@ void ToolBarMenu::Report()
         closed(chosen, m_isDismissed);
 }
 
-void ToolBarMenu::OnDestroyed()
+void ToolBarMenu::LeaveWindow()
 {
     DUIGetAppInstance()->GetMessageLoop()->RemoveMessageFilter(this);
     FinishWindowMgr();
     m_entries.clear();
     m_items.clear();
-    m_window = nullptr;
+}
+
+void ToolBarMenu::AfterPopupDestroyed()
+{
+    // Gone with its owner, and not by Close.
+    if (!m_isClosing)
+        Report();
 }
 
 // --- input -------------------------------------------------------------------------------------------------
 
-LRESULT CALLBACK ToolBarMenu::Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam)
+bool ToolBarMenu::OnPopupMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result)
 {
-    if (message == WM_NCCREATE) {
-        const auto* const creation = reinterpret_cast<const CREATESTRUCTA*>(lParam);
-        SetWindowLongPtrA(window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(creation->lpCreateParams));
-    }
-    auto* const self = reinterpret_cast<ToolBarMenu*>(GetWindowLongPtrA(window, GWLP_USERDATA));
-    if (!self || self->m_window != window)
-        return DefWindowProcA(window, message, wParam, lParam);
-    const std::shared_ptr<ToolBarMenu> keep = self->weak_from_this().lock();
-    return self->OnMessage(message, wParam, lParam);
-}
-
-LRESULT ToolBarMenu::OnMessage(UINT message, WPARAM wParam, LPARAM lParam)
-{
-    const HWND window = m_window;
     BOOL bHandled = TRUE;
-    LRESULT result = 0;
     switch (message) {
         case WM_PAINT:
-            return OnPaint(message, wParam, lParam, bHandled);
+            result = OnPaint(message, wParam, lParam, bHandled);
+            return true;
         case WM_TIMER:
-            return OnTimer(message, wParam, lParam, bHandled);
+            result = OnTimer(message, wParam, lParam, bHandled);
+            return true;
         case WM_KEYDOWN:
             if (HandleKey(wParam))
-                return 0;
+                return true;
             break;
-        case WM_ACTIVATE:
-            // Not at once: a window must not go while another one takes its activation.
-            if (LOWORD(wParam) == WA_INACTIVE)
-                PostMessageA(window, WM_CLOSE, 0, 0);
-            break;
-        case WM_CLOSE:
-            Close();
-            return 0;
-        case WM_DESTROY:
-            OnDestroyed();
-            // Gone with its owner, and not by Close.
-            if (!m_isClosing)
-                Report();
-            return 0;
         default:
             break;
     }
-    if (ProcessWindowMessage(window, message, wParam, lParam, result))
-        return result;
-    return DefWindowProcA(window, message, wParam, lParam);
+    return ProcessWindowMessage(PopupHandle(), message, wParam, lParam, result);
 }
 
 BOOL ToolBarMenu::PreTranslateMessage(MSG* pMsg)
 {
-    if (pMsg->hwnd != m_window)
+    if (pMsg->hwnd != PopupHandle())
         return FALSE;
-    const std::shared_ptr<ToolBarMenu> keep = weak_from_this().lock();
+    const std::shared_ptr<PopupWindow> keep = weak_from_this().lock();
     return (pMsg->message == WM_KEYDOWN && HandleKey(pMsg->wParam)) ||
            CDUIWindowMgr::PreTranslateMessage(pMsg);
 }

@@ -7,15 +7,13 @@
 #include <qvui/controls/button.h>
 #include <qvui/framework/window/window_mgr.h>
 
+#include "tooltip/popup_window.h"
+
 namespace DUI {
 
 /// The list of the items that a tool bar has no room for: a popup window of its own, owned by the bar's
-/// window. It closes on a choice, on Escape, on Tab, and when it stops being the active window, which a press
-/// elsewhere does.
-///
-/// It is held by a shared_ptr and holds itself while it handles a message, so its owner may let go of it at
-/// any time.
-class ToolBarMenu : public CDUIWindowMgr, public std::enable_shared_from_this<ToolBarMenu> {
+/// window. It closes on a choice, on Escape and on Tab, too.
+class ToolBarMenu : public CDUIWindowMgr, public PopupWindow {
 public:
     using Items = std::vector<CRefPtr<IDUIControl>>;
 
@@ -37,7 +35,7 @@ public:
 
     /// False when it is open already, and when no window can be made.
     bool Open(const Request& request, Closed closed);
-    bool IsOpen() const { return m_window != nullptr; }
+    bool IsOpen() const { return PopupHandle() != nullptr; }
     void Close();
 
     // CDUIWindowMgr
@@ -45,18 +43,22 @@ public:
     BOOL PreTranslateMessage(MSG* pMsg) override;
 
 private:
-    static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
-    LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam);
+    // PopupWindow
+    bool OnPopupMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result) override;
+    void ClosePopup() override { Close(); }
+    void OnPopupDestroyed() override { LeaveWindow(); }
+    void AfterPopupDestroyed() override;
+
     CRefPtr<IDUIControl> MakeEntries(const Request& request);
-    void PlaceWindow(const Request& request);
+    /// On the screen.
+    RECT PlaceFor(const Request& request);
     bool HandleKey(WPARAM key);
     void MoveFocus(int from, int step);
     int FocusedEntry() const;
     void Choose(int entry);
-    void OnDestroyed();
+    void LeaveWindow();
     void Report();
 
-    HWND m_window = nullptr;
     std::vector<CRefPtr<CDUIButton>> m_entries;
     Items m_items;  // what the entries stand for
     SIZE m_entriesSize{0, 0};

@@ -2,8 +2,6 @@
 
 #include <algorithm>
 
-#include "foundation/rect.h"
-
 namespace DUI::layout {
 namespace {
 
@@ -30,18 +28,6 @@ std::size_t CountFitting(const Line& line, const std::vector<ToolItem>& items, L
     return count;
 }
 
-LONG BesideAnchor(LONG areaStart, LONG areaEnd, LONG anchorStart, LONG anchorEnd, LONG length)
-{
-    const bool fitsAfter = anchorEnd + length <= areaEnd;
-    const bool fitsBefore = anchorStart - length >= areaStart;
-    return !fitsAfter && fitsBefore ? anchorStart - length : anchorEnd;
-}
-
-LONG KeptInside(LONG areaStart, LONG areaEnd, LONG start, LONG length)
-{
-    return std::max(areaStart, std::min(start, areaEnd - length));
-}
-
 }  // namespace
 
 ToolBarPlan PlanToolBar(const Line& line, const std::vector<ToolItem>& items, LONG overflowButton)
@@ -65,17 +51,6 @@ ToolBarPlan PlanToolBar(const Line& line, const std::vector<ToolItem>& items, LO
         start += LONGLONG{items[i].length} + line.gap;
     }
     return plan;
-}
-
-POINT PlaceMenu(const RECT& area, const RECT& anchor, SIZE menu, bool opensSideways)
-{
-    POINT corner{anchor.left, anchor.top};
-    if (opensSideways)
-        corner.x = BesideAnchor(area.left, area.right, anchor.left, anchor.right, menu.cx);
-    else
-        corner.y = BesideAnchor(area.top, area.bottom, anchor.top, anchor.bottom, menu.cy);
-    return {KeptInside(area.left, area.right, corner.x, menu.cx),
-            KeptInside(area.top, area.bottom, corner.y, menu.cy)};
 }
 
 }  // namespace DUI::layout

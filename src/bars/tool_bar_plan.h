@@ -24,9 +24,4 @@ struct ToolBarPlan {
 /// nothing, and from the first item that does not fit on none is shown, nor a separator right before it.
 ToolBarPlan PlanToolBar(const Line& line, const std::vector<ToolItem>& items, LONG overflowButton);
 
-/// The top left corner of a menu beside an anchor on the screen: below it, or to its right when the menu
-/// opens sideways; on the other side when only there is room. It is kept in the area, whose top left corner
-/// stays visible when the menu is larger.
-POINT PlaceMenu(const RECT& area, const RECT& anchor, SIZE menu, bool opensSideways);
-
 }  // namespace DUI::layout

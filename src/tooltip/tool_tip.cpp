@@ -7,8 +7,8 @@
 #include <qvui/tooltip/draw_manager.h>
 #include <qvui/tooltip/html_drawer.h>
 
-#include "tooltip/popup_class.h"
-#include "tooltip/tool_tip_placement.h"
+#include "tooltip/popup_placement.h"
+#include "tooltip/popup_window.h"
 #include "tooltip/tool_tip_timers.h"
 
 namespace DUI {
@@ -33,14 +33,13 @@ bool IsPartOf(HWND window, HWND tool)
 
 /// The native window and everything it knows. Calls into it hold it, since the owner may destroy the tooltip
 /// from inside a notification.
-class CPPToolTip::Window : public std::enable_shared_from_this<CPPToolTip::Window> {
+class CPPToolTip::Window : public PopupWindow {
 public:
     BOOL Create(HWND host);
-    void Destroy();
+    void Destroy() { DestroyPopup(); }
     void Relay(const MSG& message);
     void Hide();
     bool IsVisible() const { return m_isVisible; }
-    HWND Handle() const { return m_hWnd; }
 
     void AddTool(const TOOLTIP_INFO& info, HWND window);
     void DelTool(HWND window, UINT_PTR id);
@@ -60,8 +59,8 @@ private:
         TOOLTIP_INFO info;
     };
 
-    static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
-    LRESULT OnMessage(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
+    bool OnPopupMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result) override;
+    void AfterPopupDestroyed() override;
     void OnTimer(UINT_PTR id);
     void OnMove(const MSG& message);
     void OnDelayPassed();
@@ -77,7 +76,6 @@ private:
     void Dismiss();
     void Show(POINT pointer);
 
-    HWND m_hWnd = nullptr;
     HWND m_host = nullptr;
     std::vector<Tool> m_tools;
 
@@ -96,70 +94,50 @@ private:
 
 BOOL CPPToolTip::Window::Create(HWND host)
 {
-    if (m_hWnd || !IsWindow(host) || !RegisterPopupClass(kClassName, &Window::Procedure))
+    if (!CreatePopup(kClassName, WS_EX_TOPMOST | WS_EX_NOACTIVATE | WS_EX_TRANSPARENT, host))
         return FALSE;
     m_host = host;
-    constexpr DWORD kExStyle = WS_EX_TOOLWINDOW | WS_EX_TOPMOST | WS_EX_NOACTIVATE | WS_EX_TRANSPARENT;
-    m_hWnd = CreateWindowExA(kExStyle, kClassName, "", WS_POPUP, 0, 0, 0, 0, host, nullptr,
-                             GetModuleHandleA(nullptr), this);
-    return m_hWnd != nullptr;
+    return TRUE;
 }
 
-void CPPToolTip::Window::Destroy()
-{
-    if (m_hWnd)
-        ::DestroyWindow(m_hWnd);
-}
-
-LRESULT CALLBACK CPPToolTip::Window::Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam)
-{
-    if (message == WM_NCCREATE) {
-        const auto* const creation = reinterpret_cast<const CREATESTRUCTA*>(lParam);
-        SetWindowLongPtrA(window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(creation->lpCreateParams));
-    }
-    auto* const self = reinterpret_cast<Window*>(GetWindowLongPtrA(window, GWLP_USERDATA));
-    if (!self)
-        return DefWindowProcA(window, message, wParam, lParam);
-    const std::shared_ptr<Window> keep = self->shared_from_this();
-    return keep->OnMessage(window, message, wParam, lParam);
-}
-
-LRESULT CPPToolTip::Window::OnMessage(HWND window, UINT message, WPARAM wParam, LPARAM lParam)
+bool CPPToolTip::Window::OnPopupMessage(UINT message, WPARAM wParam, LPARAM, LRESULT& result)
 {
     switch (message) {
         case WM_NCHITTEST:
-            return HTTRANSPARENT;
+            result = HTTRANSPARENT;
+            return true;
         case WM_MOUSEACTIVATE:
-            return MA_NOACTIVATE;
+            result = MA_NOACTIVATE;
+            return true;
         case WM_ERASEBKGND:
-            return 1;
+            result = 1;
+            return true;
         case WM_PAINT:
             Paint();
-            return 0;
+            return true;
         case WM_TIMER:
             OnTimer(static_cast<UINT_PTR>(wParam));
-            return 0;
+            return true;
         case WM_ACTIVATEAPP:
             if (!wParam)
                 Leave();
-            return 0;
-        case WM_NCDESTROY:
-            SetWindowLongPtrA(window, GWLP_USERDATA, 0);
-            m_hWnd = nullptr;
-            m_toolWindow = nullptr;
-            m_isWaiting = m_isVisible = m_isDismissed = m_isWarm = false;
-            break;
+            return true;
         default:
-            break;
+            return false;
     }
-    return DefWindowProcA(window, message, wParam, lParam);
+}
+
+void CPPToolTip::Window::AfterPopupDestroyed()
+{
+    m_toolWindow = nullptr;
+    m_isWaiting = m_isVisible = m_isDismissed = m_isWarm = false;
 }
 
 void CPPToolTip::Window::OnTimer(UINT_PTR id)
 {
     switch (id) {
         case kToolTipShow:
-            KillTimer(m_hWnd, kToolTipShow);
+            KillTimer(PopupHandle(), kToolTipShow);
             OnDelayPassed();
             break;
         case kToolTipHide:
@@ -177,7 +155,7 @@ void CPPToolTip::Window::OnTimer(UINT_PTR id)
 
 void CPPToolTip::Window::Relay(const MSG& message)
 {
-    if (!m_hWnd)
+    if (!PopupHandle())
         return;
     switch (message.message) {
         case WM_MOUSEMOVE:
@@ -246,7 +224,8 @@ void CPPToolTip::Window::StartDelay()
 {
     m_isWaiting = true;
     const bool isWarm = m_isWarm && GetTickCount() - m_hiddenAt < static_cast<DWORD>(m_initialDelay);
-    SetTimer(m_hWnd, kToolTipShow, static_cast<UINT>(isWarm ? m_reshowDelay : m_initialDelay), nullptr);
+    SetTimer(PopupHandle(), kToolTipShow, static_cast<UINT>(isWarm ? m_reshowDelay : m_initialDelay),
+             nullptr);
 }
 
 void CPPToolTip::Window::OnDelayPassed()
@@ -289,7 +268,7 @@ bool CPPToolTip::Window::IsToolUnder(POINT screen) const
 {
     HWND window = WindowFromPoint(screen);
     // A tooltip in a corner of the screen may lie under the pointer.
-    if (window == m_hWnd)
+    if (window == PopupHandle())
         window = m_toolWindow;
     const Tool* const tool = ToolAt(window, screen);
     return tool && tool->window == m_toolWindow && tool->info.nIDTool == m_toolId;
@@ -311,9 +290,10 @@ bool CPPToolTip::Window::Ask(POINT screen, TOOLTIP_INFO& answer)
     if (tool == m_tools.end())
         return false;
     answer = tool->info;
-    NM_TOOLTIP_DISPLAY notification{{m_hWnd, kControlId, TOOLTIP_DISPLAY}, screen, tool->window, &answer};
+    NM_TOOLTIP_DISPLAY notification{
+        {PopupHandle(), kControlId, TOOLTIP_DISPLAY}, screen, tool->window, &answer};
     SendMessageA(m_host, WM_NOTIFY, kControlId, reinterpret_cast<LPARAM>(&notification));
-    return m_hWnd != nullptr;
+    return PopupHandle() != nullptr;
 }
 
 void CPPToolTip::Window::Leave()
@@ -344,18 +324,18 @@ void CPPToolTip::Window::Dismiss()
 
 void CPPToolTip::Window::Hide()
 {
-    if (!m_hWnd)
+    if (!PopupHandle())
         return;
-    KillTimer(m_hWnd, kToolTipShow);
+    KillTimer(PopupHandle(), kToolTipShow);
     m_isWaiting = false;
     m_isWarm = m_isWarm && !m_isVisible;
     if (!m_isVisible)
         return;
-    KillTimer(m_hWnd, kToolTipHide);
-    KillTimer(m_hWnd, kToolTipWatch);
+    KillTimer(PopupHandle(), kToolTipHide);
+    KillTimer(PopupHandle(), kToolTipWatch);
     m_isVisible = false;
     m_hiddenAt = GetTickCount();
-    ShowWindow(m_hWnd, SW_HIDE);
+    ShowWindow(PopupHandle(), SW_HIDE);
 }
 
 void CPPToolTip::Window::Show(POINT pointer)
@@ -371,24 +351,24 @@ void CPPToolTip::Window::Show(POINT pointer)
     m_isVisible = true;
     m_isWarm = false;
     if (m_stay > 0)
-        SetTimer(m_hWnd, kToolTipHide, static_cast<UINT>(m_stay), nullptr);
-    SetTimer(m_hWnd, kToolTipWatch, kWatchPeriod, nullptr);
+        SetTimer(PopupHandle(), kToolTipHide, static_cast<UINT>(m_stay), nullptr);
+    SetTimer(PopupHandle(), kToolTipWatch, kWatchPeriod, nullptr);
     // The window owns the region that it is given.
     SetWindowRgn(
-        m_hWnd,
+        PopupHandle(),
         m_corner > 0 ? CreateRoundRectRgn(0, 0, size.cx + 1, size.cy + 1, m_corner, m_corner) : nullptr,
         FALSE);
-    SetWindowPos(m_hWnd, HWND_TOPMOST, corner.x, corner.y, size.cx, size.cy, SWP_NOACTIVATE | SWP_SHOWWINDOW);
-    InvalidateRect(m_hWnd, nullptr, FALSE);
-    UpdateWindow(m_hWnd);
+    ShowPopup({corner.x, corner.y, corner.x + size.cx, corner.y + size.cy}, false);
+    InvalidateRect(PopupHandle(), nullptr, FALSE);
+    UpdateWindow(PopupHandle());
 }
 
 void CPPToolTip::Window::Paint()
 {
     PAINTSTRUCT paint;
-    const HDC hdc = BeginPaint(m_hWnd, &paint);
+    const HDC hdc = BeginPaint(PopupHandle(), &paint);
     RECT client{};
-    GetClientRect(m_hWnd, &client);
+    GetClientRect(PopupHandle(), &client);
     if (m_shown.nMask & TOOLTIP_MASK_COLORS)
         CPPDrawManager::FillTooltip(hdc, client, m_corner, m_shown.nEffect, m_shown.crBegin, m_shown.crMid,
                                     m_shown.crEnd);
@@ -398,7 +378,7 @@ void CPPToolTip::Window::Paint()
     InflateRect(&client, -(m_margin.cx + 1), -(m_margin.cy + 1));
     m_drawer.SetTextColor((m_shown.nMask & TOOLTIP_MASK_TEXT_COLOR) ? m_shown.crText : m_textColor);
     m_drawer.Draw(hdc, client);
-    EndPaint(m_hWnd, &paint);
+    EndPaint(PopupHandle(), &paint);
 }
 
 void CPPToolTip::Window::AddTool(const TOOLTIP_INFO& info, HWND window)
@@ -439,7 +419,7 @@ void CPPToolTip::DestroyWindow()
 
 HWND CPPToolTip::GetHWND() const
 {
-    return m_pWindow->Handle();
+    return m_pWindow->PopupHandle();
 }
 
 int CPPToolTip::GetDlgCtrlID() const

@@ -10,6 +10,7 @@
 #include "layout/placement/tile_grid.h"
 
 #include "layout/shapes.h"
+#include "tooltip/popup_placement.h"
 
 // The arithmetic of the layouts, apart from any control.
 
@@ -251,7 +252,7 @@ TEST(Plans, MenusOpenWhereThereIsRoom)
         {"larger than the screen", {100, 100, 120, 120}, {900, 700}, false, {0, 0}},
     };
     for (const Case& c : cases) {
-        const POINT corner = PlaceMenu({0, 0, 800, 600}, c.anchor, c.menu, c.opensSideways);
+        const POINT corner = DUI::PlaceMenu({0, 0, 800, 600}, c.anchor, c.menu, c.opensSideways);
         EXPECT_EQ(std::to_string(corner.x) + "," + std::to_string(corner.y),
                   std::to_string(c.corner.x) + "," + std::to_string(c.corner.y))
             << c.name;

@@ -9,8 +9,8 @@
 #include <qvui/tooltip/html_drawer.h>
 
 #include "support/controls/control_test.h"
+#include "tooltip/popup_placement.h"
 #include "tooltip/tool_tip_host.h"
-#include "tooltip/tool_tip_placement.h"
 #include "tooltip/tool_tip_timers.h"
 
 using namespace DUI;

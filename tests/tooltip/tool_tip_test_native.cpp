@@ -4,8 +4,8 @@
 
 #include "support/leak_check.h"
 #include "support/manual_clock.h"
+#include "tooltip/popup_placement.h"
 #include "tooltip/tool_tip_host.h"
-#include "tooltip/tool_tip_placement.h"
 
 using namespace qvui::test;
 

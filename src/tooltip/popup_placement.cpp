@@ -1,4 +1,4 @@
-#include "tooltip/tool_tip_placement.h"
+#include "tooltip/popup_placement.h"
 
 #include <algorithm>
 
@@ -9,6 +9,14 @@ namespace {
 LONG Shift(LONG wanted, LONG extent, LONG first, LONG last)
 {
     return std::max(first, std::min(wanted, last - extent));
+}
+
+// After the anchor, or before it when there is room only there.
+LONG Beside(LONG anchorFirst, LONG anchorLast, LONG extent, LONG first, LONG last)
+{
+    const bool fitsAfter = anchorLast + extent <= last;
+    const bool fitsBefore = anchorFirst - extent >= first;
+    return !fitsAfter && fitsBefore ? anchorFirst - extent : anchorLast;
 }
 
 }  // namespace
@@ -33,6 +41,16 @@ POINT PlaceToolTip(const ToolTipPlacement& placement)
     if (right + size.cx <= area.right)
         return {right, corner.y};
     return {left >= area.left ? left : corner.x, corner.y};
+}
+
+POINT PlaceMenu(const RECT& area, const RECT& anchor, SIZE menu, bool opensSideways)
+{
+    POINT corner{anchor.left, anchor.top};
+    if (opensSideways)
+        corner.x = Beside(anchor.left, anchor.right, menu.cx, area.left, area.right);
+    else
+        corner.y = Beside(anchor.top, anchor.bottom, menu.cy, area.top, area.bottom);
+    return {Shift(corner.x, menu.cx, area.left, area.right), Shift(corner.y, menu.cy, area.top, area.bottom)};
 }
 
 RECT WorkAreaAt(POINT screen)

@@ -20,6 +20,11 @@ inline constexpr int kPointerPicture = 12;
 /// area, whose upper left corner stays visible when the tooltip is larger.
 POINT PlaceToolTip(const ToolTipPlacement& placement);
 
+/// The upper left corner of a menu beside an anchor on the screen: below it, or to its right when the menu
+/// opens sideways; on the other side when only there is room. It is kept in the area, whose upper left corner
+/// stays visible when the menu is larger.
+POINT PlaceMenu(const RECT& area, const RECT& anchor, SIZE menu, bool opensSideways);
+
 /// The work area of the screen that a point is on, or nearest to.
 RECT WorkAreaAt(POINT screen);
 

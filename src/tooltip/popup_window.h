@@ -1,0 +1,52 @@
+#pragma once
+
+#include <memory>
+
+#include <qvui/platform/platform.h>
+
+namespace DUI {
+
+/// A small native window with a shadow that pops up over others: a tooltip, a menu. It is owned by another
+/// window, with which it goes. One that can be activated closes when it is no longer the active window, which
+/// a press elsewhere does.
+///
+/// The object is held by a shared_ptr and holds itself while it handles a message, so its owner may let go of
+/// it at any time.
+class PopupWindow : public std::enable_shared_from_this<PopupWindow> {
+public:
+    PopupWindow() = default;
+    PopupWindow(const PopupWindow&) = delete;
+    PopupWindow& operator=(const PopupWindow&) = delete;
+
+    HWND PopupHandle() const { return m_popup; }
+
+protected:
+    /// The window goes without a call of the derived class.
+    virtual ~PopupWindow();
+
+    /// Makes the hidden window, of a class that is registered at first; false when there is one already, when
+    /// the owner is no window, and when none can be made.
+    bool CreatePopup(const char* className, DWORD exStyle, HWND owner);
+    /// Places the window on the screen and shows it.
+    void ShowPopup(const RECT& place, bool activates);
+    void DestroyPopup();
+
+    /// A message that PopupWindow has no use for. False: the default procedure handles it.
+    virtual bool OnPopupMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result) = 0;
+    /// The user or the system wants the window to close.
+    virtual void ClosePopup() { DestroyPopup(); }
+    /// The window is being destroyed, by DestroyPopup or with its owner; it is the popup's no more after
+    /// this.
+    virtual void OnPopupDestroyed() {}
+    /// The window is the popup's no more.
+    virtual void AfterPopupDestroyed() {}
+
+private:
+    static bool Register(const char* className);
+    static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
+    LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam);
+
+    HWND m_popup = nullptr;
+};
+
+}  // namespace DUI
