@@ -1,5 +1,6 @@
 #include <qvui/controls/rows/list_box.h>
 
+#include "controls/rows/list_selection.h"
 #include "controls/rows/pressed_row.h"
 #include "controls/rows/row_container.h"
 #include "controls/rows/row_index.h"
@@ -49,7 +50,10 @@ const ControlClass& CDUIListBox::Class()
     return theClass;
 }
 
-CDUIListBox::CDUIListBox() : m_pRows(std::make_unique<RowIndex>()), m_pPressed(std::make_unique<PressedRow>())
+CDUIListBox::CDUIListBox()
+    : m_pSelection(std::make_unique<ListSelection>(*this)),
+      m_pRows(std::make_unique<RowIndex>()),
+      m_pPressed(std::make_unique<PressedRow>())
 {
     CDUIControlBase::ModifyStyle(0, DUISTYLE_TABSTOP);
 }
@@ -61,11 +65,7 @@ CDUIListBox::CDUIListBox(const CDUIListBox& other)
       m_nLastIndex(other.m_nLastIndex),
       m_nTotalHeight(other.m_nTotalHeight),
       m_nExtraExpandHeight(other.m_nExtraExpandHeight),
-      m_nCurSel(other.m_nCurSel),
-      m_nHoverExpand(other.m_nHoverExpand),
-      m_bSelectExpand(other.m_bSelectExpand),
-      m_bHoverExpand(other.m_bHoverExpand),
-      m_bHoverSelect(other.m_bHoverSelect),
+      m_pSelection(std::make_unique<ListSelection>(*this, *other.m_pSelection)),
       m_pRows(std::make_unique<RowIndex>()),
       m_pPressed(std::make_unique<PressedRow>())
 {
@@ -79,6 +79,41 @@ CDUIListBox::~CDUIListBox()
     for (int i = 0; CDUIListItem* const item = ItemAt(i); ++i)
         if (item->m_pList == this)
             item->m_pList = nullptr;
+}
+
+int CDUIListBox::GetCurSel()
+{
+    return m_pSelection->Selected();
+}
+
+void CDUIListBox::SetSelectExpand(int bExpand)
+{
+    m_pSelection->expandsSelected = bExpand;
+}
+
+int CDUIListBox::GetSelectExpand()
+{
+    return m_pSelection->expandsSelected;
+}
+
+void CDUIListBox::SetHoverExpand(int bExpand)
+{
+    m_pSelection->expandsHovered = bExpand;
+}
+
+int CDUIListBox::GetHoverExpand()
+{
+    return m_pSelection->expandsHovered;
+}
+
+void CDUIListBox::SetHoverSelect(int bSelect)
+{
+    m_pSelection->followsPointer = bSelect;
+}
+
+int CDUIListBox::GetHoverSelect()
+{
+    return m_pSelection->followsPointer;
 }
 
 int CDUIListBox::GetScrollLineStep()
@@ -97,7 +132,7 @@ void CDUIListBox::OnCreate()
 void CDUIListBox::OnDestroy()
 {
     owned_scroll_bar::Release(m_pScrollBar);
-    m_nHoverExpand = -1;
+    m_pSelection->ForgetHovered();
     CDUIControlBase::OnDestroy();
 }
 
@@ -216,7 +251,7 @@ void CDUIListBox::RemoveAllControl()
     CDUIControlBase::RemoveAllControl();
     m_pPressed->Forget(m_pPressed->GetRow());
     TakeAllRows();
-    m_nCurSel = -1;
+    m_pSelection->ForgetSelected();
     UpdateLayout(TRUE, nullptr);
 }
 

@@ -1,24 +1,19 @@
 #include <qvui/controls/rows/list_box.h>
 
+#include "controls/rows/list_notification.h"
+#include "controls/rows/list_selection.h"
 #include "controls/rows/row_index.h"
 #include "controls/scrolling/owned_scroll_bar.h"
 #include "framework/control_guard.h"
 
-// What a list box does on input: selection, expanding, groups and keys.
+// What a list box does on input: clicks, expanding, groups and keys.
 
 namespace DUI {
 namespace {
 
-enum ListNotification : WPARAM { kClicked = 1, kDoubleClicked = 2, kSelected = 3, kEntered = 4 };
-
 CDUIListItem* ItemOf(const tagDUIEvent& event)
 {
     return InterfaceOf<CDUIListItem>(event.pSender, "listItem");
-}
-
-LPARAM AsParam(IDUIControl* item)
-{
-    return reinterpret_cast<LPARAM>(item);
 }
 
 }  // namespace
@@ -47,27 +42,13 @@ LRESULT CDUIListBox::ProcessEvent(const tagDUIEvent& event, BOOL& bHandled)
 
 int CDUIListBox::SetCurSel(int index)
 {
-    if (index == m_nCurSel)
-        return 1;
-    const ControlGuard keep(this);
-    CDUIListItem* const old = ItemAt(m_nCurSel);
-    m_nCurSel = -1;
-    if (old && !old->GetGroup()) {
-        old->SetSelect(0);
-        if (m_bSelectExpand)
-            old->SetExpand(0);
-    }
-    if (CDUIListItem* const item = ItemAt(index)) {
-        m_nCurSel = index;
-        if (!item->GetGroup()) {
-            item->SetSelect(1);
-            if (m_bSelectExpand)
-                item->SetExpand(1);
-            SendNotify(DUINOTIFY_LISTBOX, kSelected, AsParam(item));
-        }
-    }
-    UpdateLayout(TRUE, nullptr);
+    m_pSelection->Select(index);
     return 1;
+}
+
+void CDUIListBox::SetCurHoverExpand(int index)
+{
+    m_pSelection->Hover(index);
 }
 
 int CDUIListBox::SetTopIndex(int index)
@@ -102,7 +83,7 @@ void CDUIListBox::OnItemClick(const tagDUIEvent& event)
     if (!item)
         return;
     const ControlGuard keep(item);
-    SendNotify(DUINOTIFY_LISTBOX, kClicked, AsParam(item));
+    NotifyList(*this, ListNotification::Clicked, *item);
     // The handler may have taken the item out.
     const int place = PlaceOf(*item);
     if (place < 0)
@@ -116,7 +97,7 @@ void CDUIListBox::OnItemClick(const tagDUIEvent& event)
 void CDUIListBox::OnItemDBClick(const tagDUIEvent& event)
 {
     if (CDUIListItem* const item = ItemOf(event))
-        SendNotify(DUINOTIFY_LISTBOX, kDoubleClicked, AsParam(item));
+        NotifyList(*this, ListNotification::DoubleClicked, *item);
 }
 
 void CDUIListBox::OnItemHover(const tagDUIEvent& event)
@@ -127,30 +108,12 @@ void CDUIListBox::OnItemHover(const tagDUIEvent& event)
     const ControlGuard keep(item);
     const bool isEntered = event.Type == DUIEVENT_ITEMHOVER;
     if (isEntered)
-        SendNotify(DUINOTIFY_LISTBOX, kEntered, AsParam(item));
+        NotifyList(*this, ListNotification::Entered, *item);
     const int hovered = isEntered ? GetVisibleItemIndex(item) : -1;
-    if (hovered != m_nHoverExpand)
+    if (hovered != m_pSelection->Hovered())
         SetCurHoverExpand(hovered);
-    if (m_bHoverSelect && hovered != -1 && hovered != m_nCurSel)
+    if (m_pSelection->followsPointer && hovered != -1 && hovered != m_pSelection->Selected())
         SetCurSel(hovered);
-}
-
-void CDUIListBox::SetCurHoverExpand(int index)
-{
-    if (index == m_nHoverExpand)
-        return;
-    CDUIListItem* const old = m_bHoverExpand ? ItemAt(m_nHoverExpand) : nullptr;
-    m_nHoverExpand = -1;
-    if (old)
-        old->SetExpand(0);
-    // Without the flag no height changes, and the items have repainted themselves.
-    if (!m_bHoverExpand)
-        return;
-    if (CDUIListItem* const item = ItemAt(index)) {
-        m_nHoverExpand = index;
-        item->SetExpand(1);
-    }
-    UpdateLayout(TRUE, nullptr);
 }
 
 // --- keys --------------------------------------------------------------------------------------------------
@@ -159,9 +122,9 @@ void CDUIListBox::OnKeyDown(const tagDUIEvent& event)
 {
     int next = -1;
     if (event.wParam == VK_LEFT || event.wParam == VK_UP)
-        next = m_pRows->PreviousShown(m_nCurSel);
+        next = m_pRows->PreviousShown(m_pSelection->Selected());
     else if (event.wParam == VK_RIGHT || event.wParam == VK_DOWN)
-        next = m_pRows->NextShown(m_nCurSel);
+        next = m_pRows->NextShown(m_pSelection->Selected());
     if (next < 0)
         return;
     SetCurSel(next);

@@ -3,18 +3,23 @@
 #include "controls/rows/pressed_row.h"
 #include "controls/rows/row_container.h"
 #include "controls/rows/tree_branch.h"
+#include "controls/rows/tree_selection.h"
 #include "controls/scrolling/owned_scroll_bar.h"
 #include "foundation/rect.h"
 #include "framework/control_guard.h"
 #include "skin/skin_access.h"
 
-// A tree view's look, its rows and their places; its nodes are in tree_view_nodes.cpp, what it does on
-// input in tree_view_input.cpp.
+// A tree view's look, its rows and their places, and clicks on them; its nodes are in tree_view_nodes.cpp.
 
 namespace DUI {
 namespace {
 
 using namespace geometry;
+
+CDUITreeNode* NodeOf(const tagDUIEvent& event)
+{
+    return InterfaceOf<CDUITreeNode>(event.pSender, "treeview_item");
+}
 
 const AttributeTable<CDUITreeViewImpl>& Attributes()
 {
@@ -56,6 +61,7 @@ const ControlClass& CDUITreeViewImpl::Class()
 
 CDUITreeViewImpl::CDUITreeViewImpl()
     : m_pBranch(std::make_unique<TreeBranch>(*this)),
+      m_pSelection(std::make_unique<TreeSelection>(*this)),
       m_pPressed(std::make_unique<PressedRow>())
 {
     CDUIControlBase::ModifyStyle(0, DUISTYLE_TABSTOP);
@@ -65,6 +71,7 @@ CDUITreeViewImpl::CDUITreeViewImpl(const CDUITreeViewImpl& other)
     : ControlOf(other),
       m_pBranch(std::make_unique<TreeBranch>(*this)),
       m_pScrollBar(owned_scroll_bar::Clone(other.m_pScrollBar, this)),
+      m_pSelection(std::make_unique<TreeSelection>(*this)),
       m_pPressed(std::make_unique<PressedRow>()),
       m_pExpanderImage(other.m_pExpanderImage),
       m_pHoverFrame(other.m_pHoverFrame),
@@ -74,9 +81,9 @@ CDUITreeViewImpl::CDUITreeViewImpl(const CDUITreeViewImpl& other)
       m_nTopRow(other.m_nTopRow)
 {
     m_pBranch->TakeAll();
-    for (CDUITreeNode* node = GetNextNode(nullptr); node && m_pSelected.IsNull(); node = GetNextNode(node))
+    for (CDUITreeNode* node = GetNextNode(nullptr); node && !GetSelectedNode(); node = GetNextNode(node))
         if (node->GetSelect())
-            m_pSelected = node;
+            m_pSelection->Adopt(node);
 }
 
 CDUITreeViewImpl::~CDUITreeViewImpl()
@@ -308,6 +315,49 @@ IDUIControl* CDUITreeViewImpl::FindControl(FindControlProc proc, void* pData, UI
         });
         return found;
     });
+}
+
+// --- input -------------------------------------------------------------------------------------------------
+
+LRESULT CDUITreeViewImpl::ProcessEvent(const tagDUIEvent& event, BOOL& bHandled)
+{
+    const ControlGuard keep(this);
+    switch (event.Type) {
+        case DUIEVENT_ITEMCLICK:
+            bHandled = TRUE;
+            OnNodeClick(event);
+            return 0;
+        case DUIEVENT_ITEMDBLCLICK:
+            bHandled = TRUE;
+            OnNodeDoubleClick(event);
+            return 0;
+        case DUIEVENT_KEYDOWN:
+            bHandled = m_pSelection->OnKeyDown(event.wParam);
+            break;
+        case DUIEVENT_CHAR:
+            bHandled = m_pSelection->OnChar(event.wParam);
+            break;
+        default:
+            break;
+    }
+    return bHandled ? 0 : CDUIControlBase::ProcessEvent(event, bHandled);
+}
+
+void CDUITreeViewImpl::OnNodeClick(const tagDUIEvent& event)
+{
+    if (CDUITreeNode* const node = NodeOf(event))
+        SelectNode(node);
+}
+
+void CDUITreeViewImpl::OnNodeDoubleClick(const tagDUIEvent& event)
+{
+    CDUITreeNode* const node = NodeOf(event);
+    if (!Has(node))
+        return;
+    const ControlGuard keep(node);
+    ExpandNode(node, !node->GetExpand());
+    if (Has(node))
+        Notify(DUITREENOTIFY_ACTIVATED, *node);
 }
 
 }  // namespace DUI

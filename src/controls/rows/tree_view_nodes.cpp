@@ -5,6 +5,7 @@
 
 #include "controls/rows/pressed_row.h"
 #include "controls/rows/tree_branch.h"
+#include "controls/rows/tree_selection.h"
 #include "framework/control_guard.h"
 
 // A tree view's nodes: adding, removing, finding, expanding and selecting them.
@@ -36,10 +37,8 @@ void CDUITreeViewImpl::Forget(const CDUITreeNode& node, bool withItself)
     };
     if (isGone(static_cast<const CDUITreeNode*>(m_pPressed->GetRow())))
         m_pPressed->Forget(m_pPressed->GetRow());
-    if (!isGone(m_pSelected.GetPtr()))
-        return;
-    const CRefPtr<CDUITreeNode> selected = std::move(m_pSelected);
-    selected->SetCheck(FALSE);
+    if (isGone(m_pSelection->Get()))
+        m_pSelection->Unmark();
 }
 
 // --- the hooks of the base class ---------------------------------------------------------------------------
@@ -69,7 +68,7 @@ void CDUITreeViewImpl::AfterRemoveControl(CRefPtr<IDUIControl> child)
 void CDUITreeViewImpl::RemoveAllControl()
 {
     const ControlGuard keep(this);
-    m_pSelected = nullptr;
+    m_pSelection->Adopt(nullptr);
     m_pPressed->Forget(m_pPressed->GetRow());
     CDUIControlBase::RemoveAllControl();
     m_pBranch->Clear();
@@ -152,7 +151,7 @@ BOOL CDUITreeViewImpl::ExpandNode(CDUITreeNode* node, BOOL bExpand)
     node->SetExpand(bExpand);
     Notify(bExpand ? DUITREENOTIFY_EXPANDED : DUITREENOTIFY_COLLAPSED, *node);
     if (!bExpand)
-        SelectShownAbove();
+        m_pSelection->SelectShownAbove();
     return TRUE;
 }
 
@@ -183,18 +182,7 @@ void CDUITreeViewImpl::ExpandAll(CDUITreeNode* node, BOOL bExpand)
         if (Has(at.GetPtr()))
             Notify(bExpand ? DUITREENOTIFY_EXPANDED : DUITREENOTIFY_COLLAPSED, *at.GetPtr());
     if (!bExpand)
-        SelectShownAbove();
-}
-
-void CDUITreeViewImpl::SelectShownAbove()
-{
-    // The topmost collapsed node above the selection is the one that is still shown.
-    CDUITreeNode* shown = nullptr;
-    for (CDUITreeNode* node = m_pSelected.GetPtr(); node; node = node->GetParentNode())
-        if (CDUITreeNode* const above = node->GetParentNode(); above && !above->GetExpand())
-            shown = above;
-    if (shown)
-        SelectNode(shown);
+        m_pSelection->SelectShownAbove();
 }
 
 // --- the selection -----------------------------------------------------------------------------------------
@@ -203,19 +191,13 @@ BOOL CDUITreeViewImpl::SelectNode(CDUITreeNode* node)
 {
     if (node && !Has(node))
         return FALSE;
-    const ControlGuard keep(this);
-    const CRefPtr<CDUITreeNode> target = node;
-    const CRefPtr<CDUITreeNode> old = m_pSelected;
-    m_pSelected = target;
-    if (old != target && !old.IsNull())
-        old->SetCheck(FALSE);
-    if (target.IsNull())
-        return TRUE;
-    target->SetCheck(TRUE);
-    EnsureVisible(node);
-    if (old != target && m_pSelected == target)
-        Notify(DUITREENOTIFY_SELECTED, *node);
+    m_pSelection->Select(node);
     return TRUE;
+}
+
+CDUITreeNode* CDUITreeViewImpl::GetSelectedNode() const
+{
+    return m_pSelection->Get();
 }
 
 BOOL CDUITreeViewImpl::EnsureVisible(CDUITreeNode* node)

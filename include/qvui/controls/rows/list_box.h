@@ -7,6 +7,7 @@
 
 namespace DUI {
 
+class ListSelection;
 class PressedRow;
 class RowIndex;
 
@@ -56,7 +57,7 @@ protected:
 
 public:
     /// -1 without a selection.
-    virtual int GetCurSel() { return m_nCurSel; }
+    virtual int GetCurSel();
     /// -1 clears the selection, without a notification. A group header becomes the current item but is
     /// neither marked nor notified. 1.
     virtual int SetCurSel(int index);
@@ -66,15 +67,15 @@ public:
     virtual int SetTopIndex(int index);
     /// Expands or collapses an item, or the group below a header; 0 when it is missing or hidden.
     virtual int ExpandItem(int index, int bExpand);
-    virtual void SetSelectExpand(int bExpand) { m_bSelectExpand = bExpand; }
-    virtual int GetSelectExpand() { return m_bSelectExpand; }
+    virtual void SetSelectExpand(int bExpand);
+    virtual int GetSelectExpand();
     /// The last item that was laid out.
     virtual int GetLastIndex() { return m_nLastIndex; }
-    virtual void SetHoverExpand(int bExpand) { m_bHoverExpand = bExpand; }
-    virtual int GetHoverExpand() { return m_bHoverExpand; }
+    virtual void SetHoverExpand(int bExpand);
+    virtual int GetHoverExpand();
     /// Whether the selection follows the pointer.
-    virtual void SetHoverSelect(int bSelect) { m_bHoverSelect = bSelect; }
-    virtual int GetHoverSelect() { return m_bHoverSelect; }
+    virtual void SetHoverSelect(int bSelect);
+    virtual int GetHoverSelect();
     /// Pixels added to the scroll range.
     virtual void SetExtraExpandHeight(int height) { m_nExtraExpandHeight = height; }
 
@@ -100,6 +101,7 @@ protected:
 
 private:
     friend class CDUIListItem;
+    friend class ListSelection;
     static const AttributeTable<CDUIListBox>& Attributes();
 
     CDUIListItem* ItemAt(int index) const;
@@ -118,11 +120,7 @@ private:
     int m_nLastIndex = 0;
     int m_nTotalHeight = 0;
     int m_nExtraExpandHeight = 2;
-    int m_nCurSel = -1;
-    int m_nHoverExpand = -1;
-    int m_bSelectExpand = 0;
-    int m_bHoverExpand = 0;
-    int m_bHoverSelect = 0;
+    const std::unique_ptr<ListSelection> m_pSelection;
     std::unique_ptr<RowIndex> m_pRows;  // one for each child
     std::unique_ptr<PressedRow> m_pPressed;
     int m_nRemoving = -1;       // the child between BeforeRemoveControl and AfterRemoveControl

@@ -9,6 +9,7 @@
 namespace DUI {
 
 class PressedRow;
+class TreeSelection;
 
 /// What a DUINOTIFY_TREEEXPAND notification tells, in its wParam; the lParam is the node.
 enum DUITREENOTIFY : WPARAM {
@@ -89,7 +90,7 @@ public:
     void ExpandAll(CDUITreeNode* node, BOOL bExpand);
     /// Selects the node and brings it into view; null clears the selection, without a notification.
     BOOL SelectNode(CDUITreeNode* node);
-    CDUITreeNode* GetSelectedNode() const { return m_pSelected.GetPtr(); }
+    CDUITreeNode* GetSelectedNode() const;
     /// Expands the nodes above it and scrolls as little as needed; FALSE for a hidden node.
     BOOL EnsureVisible(CDUITreeNode* node);
 
@@ -124,6 +125,7 @@ protected:
 private:
     friend class TreeBranch;
     friend class CDUITreeNode;
+    friend class TreeSelection;
 
     bool Has(const CDUITreeNode* node) const;
     bool IsBelow(const CDUITreeNode* node, const CDUITreeNode* above) const;
@@ -137,19 +139,13 @@ private:
     bool TakeChange(int row, bool wasArranged);
     void Forget(const CDUITreeNode& node, bool withItself);
     void Notify(DUITREENOTIFY code, CDUITreeNode& node);
-    void SelectShownAbove();
 
     void OnNodeClick(const tagDUIEvent& event);
     void OnNodeDoubleClick(const tagDUIEvent& event);
-    bool OnKeyDown(WPARAM key);
-    bool OnChar(WPARAM character);
-    void MoveSelection(int row, int step);
-    void MoveLeft();
-    void MoveRight();
 
     std::unique_ptr<TreeBranch> m_pBranch;
     CRefPtr<CDUIVerticalSB> m_pScrollBar;
-    CRefPtr<CDUITreeNode> m_pSelected;
+    const std::unique_ptr<TreeSelection> m_pSelection;
     std::unique_ptr<PressedRow> m_pPressed;
     CDUIImageListPtr m_pExpanderImage;
     CRefPtr<CDUIFrameBK> m_pHoverFrame;
