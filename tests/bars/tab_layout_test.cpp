@@ -31,23 +31,6 @@ std::string Window(const char* attributes)
            R"(<canvas visible="false"/></tab_layout>)";
 }
 
-TEST_F(TabLayout, ShowsTheSelectedPageWhenItIsAttached)
-{
-    struct Case {
-        const char* index;
-        const char* shown;
-        int selected;
-    };
-    const Case cases[] = {
-        {"", "+--", 0}, {"1", "-+-", 1}, {"2 pages", "--+", 2}, {"7", "++-", 7}, {"-1", "++-", -1}};
-    for (const Case& c : cases) {
-        ControlWindow window({100, 60}, Window((std::string("select_index=\"") + c.index + "\"").c_str()));
-        EXPECT_EQ(Shown(Tabs(window)), c.shown) << c.index;
-        EXPECT_EQ(Tabs(window).GetSelectIndex(), c.selected) << c.index;
-        EXPECT_EQ(PlacesOf(Tabs(window)), "1,2,97,56 1,2,97,56 1,2,97,56") << "hidden pages too";
-    }
-}
-
 TEST_F(TabLayout, SwitchesWithoutANewLayout)
 {
     ControlWindow window({100, 60}, Window(""));
@@ -67,22 +50,6 @@ TEST_F(TabLayout, SwitchesWithoutANewLayout)
     // The lock has been taken off again.
     page->UpdateLayout(TRUE, nullptr);
     EXPECT_EQ(Text(page->GetControlRect()), "1,2,97,56");
-}
-
-TEST_F(TabLayout, TakesTheFocusFromWhatItHides)
-{
-    ControlWindow window({100, 60}, Window(""));
-    window.Find("a")->SetFocus(TRUE);
-    Tabs(window).SetSelectIndex(2);
-    EXPECT_EQ(window.GetFocusControl(), nullptr);
-    Tabs(window).SetSelectIndex(1);
-    window.Find("b")->SetFocus(TRUE);
-    Tabs(window).SetSelectIndex(0);
-    EXPECT_EQ(window.GetFocusControl(), nullptr);
-    window.Find("b")->SetVisible(TRUE);
-    window.Find("a")->SetFocus(TRUE);
-    Tabs(window).SetSelectIndex(1);
-    EXPECT_EQ(window.GetFocusControl(), nullptr);
 }
 
 // What loses the focus to a switch switches on.
@@ -110,15 +77,6 @@ TEST_F(TabLayout, ASwitchInsideASwitchWins)
     Tabs(window).SetSelectIndex(1);
     EXPECT_EQ(Tabs(window).GetSelectIndex(), 2);
     EXPECT_EQ(Shown(Tabs(window)), "--+");
-}
-
-TEST_F(TabLayout, ACopyShowsTheSamePage)
-{
-    ControlWindow window({100, 60}, Window("select_index=\"1\""));
-    const CRefPtr<IDUIControl> copy = Tabs(window).Clone();
-    copy->GetControlByIndex(1)->SetVisible(FALSE);
-    ControlWindow other({100, 60}, copy);
-    EXPECT_EQ(Shown(*copy.GetPtr()), "-+-");
 }
 
 }  // namespace

@@ -50,17 +50,6 @@ TEST_F(Button, ShowsImageColourAndFontOfItsState)
     }
 }
 
-TEST_F(Button, AStripThatIsTooShortShowsItsFirstIcon)
-{
-    ControlWindow window({40, 40}, R"(<button back_image="strip2" icon="dot" button_style="center_icon"/>)");
-    window.Root<CDUIButton>().SetEnable(FALSE);
-    const ClientPixels pixels = window.Paint();
-    EXPECT_EQ(pixels.At(1, 1), kRed);
-    EXPECT_EQ(Bounds(pixels, kBlue), "16,16,24,24");
-    window.Resize({6, 4});
-    EXPECT_EQ(Bounds(window.Paint(), kBlue), "0,0,6,4") << "cut where it does not fit";
-}
-
 TEST_F(Button, PlacesIconAndText)
 {
     // 100x60 with the margin 3,4,5,6, an icon of 20x20 and 7 pixels of padding.
@@ -141,95 +130,6 @@ TEST_F(Button, EstimatesItsSize)
     }
 }
 
-TEST_F(Button, ParsesItsStyle)
-{
-    const struct {
-        const char* value;
-        DWORD style;
-    } cases[] = {
-        {"center_icon", BTNSTYLE_CENTER_ICON},
-        {"bottom_icon,top_icon", BTNSTYLE_TOP_ICON},
-        {"left_icon|auto_fit|no_draw_focus", BTNSTYLE_LEFT_ICON | BTNSTYLE_AUTO_FIT | BTNSTYLE_NO_DRAW_FOCUS},
-        {"ver_text no_text", BTNSTYLE_VER_TEXT | BTNSTYLE_NO_TEXT},
-        {"NO_TEXT", 0},
-        {"", 0},
-    };
-    ControlWindow window({50, 50}, "<button/>");
-    auto& button = window.Root<CDUIButton>();
-    for (const auto& c : cases) {
-        button.SetAttribute("Button_Style", c.value);
-        EXPECT_EQ(button.GetButtonStyle(), c.style) << c.value;
-    }
-}
-
-TEST_F(Button, ClicksOnReleaseInside)
-{
-    constexpr DWORD kFocused = DUISTATUS_FOCUSED, kHot = DUISTATUS_HOT;
-    const struct {
-        // press, release, double click, the right button, leave the window, disable, enable; digits move
-        const char* deeds;
-        std::size_t clicks;
-        DWORD status;
-    } cases[] = {
-        {"0pr", 1, kFocused | kHot},
-        {"0d", 2, kFocused | kHot},
-        {"0p", 0, kFocused | kHot | DUISTATUS_PUSHED},
-        {"0p3", 0, kFocused},
-        {"0p2r", 0, kFocused},
-        {"0p1r", 0, kFocused},
-        {"0p20r", 1, kFocused | kHot},
-        {"2p0r", 0, 0},
-        {"0R", 0, kHot},
-        {"0l", 0, 0},
-        {"0prx2e", 1, kFocused},
-        {"0prxe", 1, kFocused | kHot},
-        {"0pxe", 0, kFocused | kHot},
-        {"0px2re", 0, kFocused},
-    };
-    // In the button, at its right edge, beside it and above it.
-    const POINT places[] = {{10, 10}, {50, 10}, {90, 10}, {10, -5}};
-    for (const auto& c : cases) {
-        CRefPtr<IDUIControl> root = new CDUIControlBase;
-        root->SetMargin({0, 0, 50, 0});
-        CRefPtr<IDUIControl> button = new CDUIButton;
-        button->SetName("b");
-        root->AddControl(button);
-        ControlWindow window({100, 20}, root);
-        const std::map<char, std::function<void()>> deeds{
-            {'p', [&] { window.mouse.Press(); }},
-            {'r', [&] { window.mouse.Release(); }},
-            {'d', [&] { window.mouse.DoubleClick(places[0]); }},
-            {'R', [&] { window.mouse.PressRight().ReleaseRight(); }},
-            {'l', [&] { window.mouse.Leave(); }},
-            {'x', [&] { button->SetEnable(FALSE); }},
-            {'e', [&] { button->SetEnable(TRUE); }},
-        };
-        for (const char deed : std::string(c.deeds)) {
-            if (const auto known = deeds.find(deed); known != deeds.end())
-                known->second();
-            else
-                window.mouse.MoveTo(places[deed - '0']);
-        }
-        EXPECT_EQ(window.TakeNotifications(), std::vector<Noticed>(c.clicks, kClick)) << c.deeds;
-        EXPECT_EQ(button->GetStatus(), c.status) << c.deeds;
-    }
-}
-
-TEST_F(Button, SpaceClicksAndEnterDoesNot)
-{
-    ControlWindow window({50, 50}, R"(<button name="b"/>)");
-    auto& button = window.Root<CDUIButton>();
-    button.SetFocus(TRUE);
-    SendMessageA(window.Handle(), WM_KEYDOWN, VK_SPACE, 0);
-    EXPECT_EQ(button.GetStatus(), static_cast<DWORD>(DUISTATUS_FOCUSED | DUISTATUS_PUSHED));
-    EXPECT_TRUE(window.TakeNotifications().empty()) << "the key is still down";
-    SendMessageA(window.Handle(), WM_KEYUP, VK_SPACE, 0);
-    EXPECT_EQ(button.GetStatus(), static_cast<DWORD>(DUISTATUS_FOCUSED));
-    EXPECT_EQ(window.TakeNotifications(), std::vector<Noticed>{kClick});
-    window.keys.Press(VK_RETURN);
-    EXPECT_TRUE(window.TakeNotifications().empty());
-}
-
 TEST_F(Button, DisabledIgnoresPointerAndKeys)
 {
     ControlWindow window({50, 50}, R"(<button name="b" enable="false"/>)");
@@ -246,44 +146,6 @@ TEST_F(Button, DisabledIgnoresPointerAndKeys)
     button.SetEnable(TRUE);
     button.SetVisible(FALSE);
     EXPECT_FALSE(button.Activate());
-}
-
-TEST_F(Button, DrawsTheFocusTwoPixelsInside)
-{
-    ControlWindow window({50, 30}, R"(<button back_image="strip"/>)");
-    auto& button = window.Root<CDUIButton>();
-    const ClientPixels plain = window.Paint();
-    button.SetFocus(TRUE);
-    EXPECT_EQ(Difference(plain, window.Paint()), "2,2,48,28");
-    button.SetAttribute("button_style", "no_draw_focus");
-    EXPECT_EQ(Difference(plain, window.Paint()), "0,0,0,0");
-}
-
-TEST_F(Button, AttributesAndChecksChangeOneThingOnly)
-{
-    constexpr DWORD kNew = DUISTYLE_VISIBLE | DUISTYLE_TABSTOP | DUISTYLE_TOOLTIP;
-    ControlWindow window({50, 30}, R"(<button want_return="TRUE"/>)");
-    auto& button = window.Root<CDUIButton>();
-    EXPECT_EQ(button.GetStyle(), kNew | DUISTYLE_WANTRETURN);
-    button.SetAttribute("want_return", "yes");
-    EXPECT_EQ(button.GetStyle(), kNew);
-    button.SetAttribute("focus", "True");
-    EXPECT_EQ(window.GetFocusControl(), &button);
-    button.SetAttribute("focus", "no");
-    EXPECT_EQ(window.GetFocusControl(), nullptr);
-    button.ModifyStatus(0, DUISTATUS_PUSHED | DUISTATUS_HOT);
-    button.SetCheck(TRUE);
-    EXPECT_EQ(button.GetCheck(), 4);
-    button.SetCheck(FALSE);
-    EXPECT_EQ(button.GetStatus(), static_cast<DWORD>(DUISTATUS_HOT)) << "unchecking releases it";
-}
-
-TEST_F(Button, FollowsTheSkin)
-{
-    ControlWindow window({20, 20}, R"(<button control_style="blue_button"/>)");
-    EXPECT_EQ(window.Paint().At(1, 1), kRed);
-    Skin().Manager().SetSkinTyle("dark");
-    EXPECT_EQ(window.Paint().At(1, 1), kGrey);
 }
 
 }  // namespace

@@ -40,44 +40,5 @@ TEST_F(CheckButton, ActivatingChangesTheStateAfterTheHandlers)
     }
 }
 
-TEST_F(CheckButton, SpaceTurnsACheckBoxAndDisabledOnesStay)
-{
-    ControlWindow window({50, 20}, "<check_box/>");
-    auto& box = window.Root<CDUIButton>();
-    box.SetFocus(TRUE);
-    window.keys.Press(VK_SPACE);
-    EXPECT_EQ(box.GetCheck(), 4);
-    box.SetEnable(FALSE);
-    window.keys.Press(VK_SPACE).Type("-");
-    EXPECT_FALSE(box.Activate());
-    EXPECT_EQ(box.GetCheck(), 4);
-}
-
-TEST_F(CheckButton, ShowsTheImageOfItsStateAtTheLeft)
-{
-    ControlWindow window({60, 20},
-                         OnRed(R"(<check_box checked_image="strip" unchecked_image="dot" text="#x"/>)"));
-    auto& box = window.Root<CDUIButton>();
-    EXPECT_EQ(Bounds(window.Paint(), kBlue), "0,6,8,14");
-    EXPECT_EQ(box.GetTextRect().left, 13) << "5 pixels beside the icon";
-    box.SetCheck(TRUE);
-    EXPECT_EQ(Bounds(window.Paint(), kBlue), "0,0,20,20") << "a checked button shows the pushed icon";
-    window.mouse.MoveTo({30, 10});
-    EXPECT_EQ(Bounds(window.Paint(), kGreen), "0,0,20,20");
-    window.mouse.Click({30, 10});
-    box.ModifyStatus(DUISTATUS_HOT, 0);
-    EXPECT_EQ(Bounds(window.Paint(), kBlue), "0,6,8,14");
-}
-
-TEST_F(CheckButton, DrawsNoFocusRectangle)
-{
-    for (const char* tag : {"check_box", "radio_button"}) {
-        ControlWindow window({60, 20}, std::string("<") + tag + R"( unchecked_image="dot"/>)");
-        const ClientPixels plain = window.Paint();
-        window.Root<CDUIButton>().SetFocus(TRUE);
-        EXPECT_EQ(Difference(plain, window.Paint()), "0,0,0,0") << tag;
-    }
-}
-
 }  // namespace
 }  // namespace qvui::test

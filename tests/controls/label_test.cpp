@@ -41,21 +41,6 @@ TEST_F(Label, ShowsColourAndFontOfItsState)
     }
 }
 
-TEST_F(Label, FollowsThePointerUnlessDisabled)
-{
-    ControlWindow window({50, 20}, R"(<label text="#x"/>)");
-    window.mouse.MoveTo({5, 5});
-    EXPECT_EQ(window.Root().GetStatus(), static_cast<DWORD>(DUISTATUS_HOT));
-    window.mouse.Press();
-    EXPECT_EQ(window.Root().GetStatus(), static_cast<DWORD>(DUISTATUS_HOT | DUISTATUS_PUSHED));
-    window.Root().SetEnable(FALSE);
-    window.mouse.Release().Leave();
-    EXPECT_EQ(window.Root().GetStatus(), static_cast<DWORD>(DUISTATUS_DISABLED)) << "neither hot nor pushed";
-    window.mouse.Click({5, 5});
-    EXPECT_EQ(window.Root().GetStatus(), static_cast<DWORD>(DUISTATUS_DISABLED));
-    EXPECT_TRUE(window.TakeNotifications().empty());
-}
-
 TEST_F(Label, DrawsAShadowOnePixelAside)
 {
     ControlWindow window(
@@ -128,24 +113,6 @@ TEST_F(Label, EstimatesItsTextOnOneLineWithoutTheMargin)
 
 class HyperLink : public ControlTest {};
 
-TEST_F(HyperLink, ReportsAClickInside)
-{
-    CRefPtr<IDUIControl> root = new CDUIControlBase;
-    root->SetMargin({0, 0, 50, 0});
-    CRefPtr<IDUIControl> link = new CDUIHyperLink;
-    link->SetName("more");
-    root->AddControl(link);
-    ControlWindow window({100, 20}, root);
-    window.mouse.Click({10, 10});
-    EXPECT_EQ(window.TakeNotifications(), (std::vector<Noticed>{{DUINOTIFY_LINKCLICK, "more", 0, 0}}));
-    EXPECT_EQ(window.GetFocusControl(), link.GetPtr());
-    EXPECT_EQ(link->GetStatus(), static_cast<DWORD>(DUISTATUS_FOCUSED | DUISTATUS_HOT)) << "released again";
-    window.mouse.Press({10, 10}).MoveTo({90, 10}).Release();
-    EXPECT_TRUE(window.TakeNotifications().empty());
-    link->SetEnable(FALSE);
-    EXPECT_FALSE(link->Activate());
-}
-
 TEST_F(HyperLink, ShowsTheHandWhateverItsCursor)
 {
     ControlWindow window({50, 20}, "<hyperlink/>");
@@ -172,17 +139,6 @@ TEST_F(HyperLink, TheLinkIsTheTooltipUnlessThereIsOne)
         EXPECT_EQ(window.Root<CDUIHyperLink>().GetTooltip(), c.tooltip) << c.attributes;
         EXPECT_EQ(window.Root<CDUIHyperLink>().GetHyperLink(), "a.htm") << c.attributes;
     }
-}
-
-TEST_F(HyperLink, AnswersToItsOwnNameAlone)
-{
-    ControlWindow window({50, 20}, R"(<hyperlink transparent="false"/>)");
-    auto& link = window.Root<CDUIHyperLink>();
-    EXPECT_EQ(link.GetInterface("Hyper_Link"), &link);
-    for (const char* name : {"label", "control_base", "control", "hyperlink", ""})
-        EXPECT_EQ(link.GetInterface(name), nullptr) << name;
-    EXPECT_EQ(link.GetStyle(),
-              static_cast<DWORD>(DUISTYLE_VISIBLE | DUISTYLE_CURSOR | DUISTYLE_TABSTOP | DUISTYLE_TOOLTIP));
 }
 
 }  // namespace

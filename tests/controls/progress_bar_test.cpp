@@ -62,25 +62,5 @@ TEST_F(ProgressBar, NotifiesOfEveryChangeOnce)
     EXPECT_EQ(bar.GetPos(), 60);
 }
 
-TEST_F(ProgressBar, ReadsItsRangeNumberByNumber)
-{
-    const struct {
-        const char* value;
-        int low;
-        int high;
-    } cases[] = {
-        {"1,9", 1, 9}, {"1; 9", 1, 9}, {"-5 5", -5, 5}, {"7", 7, 7},
-        {"", 0, 0},    {"x,9", 0, 0},  {"3,,9", 3, 3},
-    };
-    ControlWindow window({20, 10}, "<vert_progressbar/>");
-    for (const auto& c : cases) {
-        window.Root<CDUIProgressBar>().SetAttribute("range", c.value);
-        int low = -1, high = -1;
-        window.Root<CDUIProgressBar>().GetRange(low, high);
-        EXPECT_EQ(low, c.low) << c.value;
-        EXPECT_EQ(high, c.high) << c.value;
-    }
-}
-
 }  // namespace
 }  // namespace qvui::test

@@ -22,112 +22,6 @@ CRefPtr<CDUISplitBase> MakeSplit(bool isVertical, int panes = 2)
     return split;
 }
 
-RECT Sized(bool isVertical, LONG extent)
-{
-    return isVertical ? RECT{0, 0, 50, extent} : RECT{0, 0, extent, 50};
-}
-
-TEST_F(Split, PlacesThePanesBesideTheBar)
-{
-    struct Case {
-        const char* name;
-        const char* position;
-        RECT rect;
-        RECT margin;
-        const char* vertical;
-        const char* horizontal;
-    };
-    const Case cases[] = {
-        {"at the position",
-         "30",
-         {10, 20, 110, 120},
-         {},
-         "10,20,110,50 10,55,110,120",
-         "10,20,40,120 45,20,110,120"},
-        {"within the margin",
-         "30",
-         {0, 0, 100, 100},
-         {1, 2, 3, 4},
-         "1,2,97,32 1,37,97,96",
-         "1,2,31,96 36,2,97,96"},
-        {"beyond the end",
-         "500",
-         {0, 0, 100, 100},
-         {},
-         "0,0,100,95 0,100,100,100",
-         "0,0,95,100 100,0,100,100"},
-        {"negative", "-5", {0, 0, 100, 100}, {}, "0,0,100,0 0,5,100,100", "0,0,0,100 5,0,100,100"},
-        {"no room for the bar", "30", {0, 0, 3, 3}, {}, "0,0,3,0 0,5,3,3", "0,0,0,3 5,0,3,3"},
-        {"the largest number",
-         "99999999999",
-         {0, 0, 100, 100},
-         {},
-         "0,0,100,95 0,100,100,100",
-         "0,0,95,100 100,0,100,100"},
-    };
-    for (const Case& c : cases)
-        for (const bool isVertical : {true, false}) {
-            const CRefPtr<CDUISplitBase> split = MakeSplit(isVertical);
-            split->SetAttribute("split_pos", c.position);
-            split->SetMargin(c.margin);
-            split->SetControlRect(c.rect);
-            EXPECT_EQ(PlacesOf(*split.GetPtr()), isVertical ? c.vertical : c.horizontal) << c.name;
-            const CRefPtr<IDUIControl> copy = split->Clone();
-            copy->SetControlRect(c.rect);
-            EXPECT_EQ(PlacesOf(*copy.GetPtr()), isVertical ? c.vertical : c.horizontal)
-                << c.name << ", copied";
-        }
-}
-
-TEST_F(Split, LaysOutExactlyTwoPanes)
-{
-    for (const int panes : {0, 1, 3}) {
-        const CRefPtr<CDUISplitBase> split = MakeSplit(true, panes);
-        split->SetSplitPos(30);
-        split->SetControlRect({0, 0, 100, 100});
-        split->SetSplitPos(40);
-        EXPECT_EQ(PlacesOf(*split.GetPtr()), panes == 0   ? ""
-                                             : panes == 1 ? "7,7,8,8"
-                                                          : "7,7,8,8 7,7,8,8 7,7,8,8");
-    }
-}
-
-TEST_F(Split, AResizeGoesToThePaneOfTheStyle)
-{
-    struct Case {
-        const char* name;
-        const char* style;
-        int position;
-        std::vector<LONG> extents;
-        std::vector<int> positions;
-    };
-    const Case cases[] = {
-        {"first pane", "size_left", 100, {400, 500, 400, 390}, {100, 200, 100, 90}},
-        {"first pane, upright", "size_top", 100, {400, 500}, {100, 200}},
-        {"second pane", "size_right", 100, {400, 500, 80, 400}, {100, 100, 75, 75}},
-        {"second pane, upright", "size_bottom", 100, {400, 500}, {100, 100}},
-        {"the first word counts", "size_bottom size_left", 100, {400, 500}, {100, 200}},
-        {"in proportion", "", 100, {400, 500, 400, 800, 400}, {100, 125, 100, 201, 100}},
-        {"both panes", "size_all", 100, {400, 500, 400}, {100, 125, 100}},
-        {"words in capitals say nothing", "SIZE_LEFT", 100, {400, 500}, {100, 125}},
-        {"in proportion through no room at all", "", 100, {400, 3, 0, 400}, {100, 0, 0, 100}},
-        {"the first pane empty stays empty", "", 0, {400, 500, 400}, {0, 0, 0}},
-        {"shrunk to nothing under a style", "size_left", 100, {400, 200, 400}, {100, 0, 200}},
-    };
-    for (const Case& c : cases)
-        for (const bool isVertical : {true, false}) {
-            const CRefPtr<CDUISplitBase> split = MakeSplit(isVertical);
-            split->SetAttribute("split_style", c.style);
-            split->SetSplitPos(c.position);
-            std::vector<int> positions;
-            for (const LONG extent : c.extents) {
-                split->SetControlRect(Sized(isVertical, extent));
-                positions.push_back(split->GetSplitPos());
-            }
-            EXPECT_EQ(positions, c.positions) << c.name;
-        }
-}
-
 TEST_F(Split, ALayoutWithoutAChangeMovesNothing)
 {
     for (const char* style : {"", "size_left", "size_right", "size_all"}) {
@@ -144,36 +38,6 @@ TEST_F(Split, ALayoutWithoutAChangeMovesNothing)
     }
 }
 
-TEST_F(Split, ANewPositionIsTheProportionThatResizesKeep)
-{
-    const CRefPtr<CDUISplitBase> split = MakeSplit(false);
-    split->SetSplitPos(100);
-    split->SetControlRect(Sized(false, 405));
-    split->SetControlRect(Sized(false, 805));
-    EXPECT_EQ(split->GetSplitPos(), 200);
-    split->SetSplitPos(600);
-    split->SetControlRect(Sized(false, 405));
-    EXPECT_EQ(split->GetSplitPos(), 300);
-}
-
-TEST_F(Split, ReadsItsMinimum)
-{
-    struct Case {
-        const char* value;
-        int first, second;
-    };
-    const Case cases[] = {{"60,80", 60, 80}, {"60", 60, 0}, {"-60;80", 0, 80}, {"", 0, 0}, {"5 -7", 5, 0}};
-    for (const Case& c : cases) {
-        const CRefPtr<CDUISplitBase> split = MakeSplit(false);
-        split->SetAttribute("split_min", c.value);
-        int first = -1;
-        int second = -1;
-        EXPECT_TRUE(split->GetSplitMinSize(first, second));
-        EXPECT_EQ(first, c.first) << c.value;
-        EXPECT_EQ(second, c.second) << c.value;
-    }
-}
-
 // A splitter of 400 pixels with its bar at 100 and a margin of 10 at its start.
 class SplitDrag : public ControlTest {
 protected:
@@ -184,26 +48,6 @@ protected:
     }
     static int Position(ControlWindow& window) { return window.Find<CDUISplitBase>("s")->GetSplitPos(); }
 };
-
-TEST_F(SplitDrag, FollowsThePointerBetweenTheMinima)
-{
-    ControlWindow window({410, 50}, Window());
-    window.mouse.MoveTo({109, 20}).Press().MoveTo({200, 20});
-    EXPECT_EQ(Position(window), 100) << "a press beside the bar drags nothing";
-    window.mouse.Release().Press({112, 20});
-    struct Step {
-        LONG x;
-        int position;
-    };
-    for (const Step& step : {Step{150, 140}, Step{80, 70}, Step{40, 60}, Step{5, 60}, Step{71, 61},
-                             Step{400, 315}, Step{409, 315}, Step{324, 314}, Step{-50, 60}, Step{210, 200}}) {
-        window.mouse.MoveTo({step.x, 20});
-        EXPECT_EQ(Position(window), step.position) << step.x;
-    }
-    EXPECT_EQ(PlacesOf(*window.Find("s")), "10,0,210,50 215,0,410,50");
-    window.mouse.Release().MoveTo({300, 20});
-    EXPECT_EQ(Position(window), 200);
-}
 
 TEST_F(SplitDrag, EndsWithAReleaseThatWentElsewhere)
 {
@@ -228,19 +72,6 @@ TEST_F(SplitDrag, EndsWithAReleaseThatWentElsewhere)
     EXPECT_EQ(Position(window), 315) << "outside the window";
     person.Release().MoveTo(at(200)).MoveTo(at(327)).MoveTo(at(300));
     EXPECT_EQ(Position(window), 315) << "back after a release out there";
-}
-
-TEST_F(SplitDrag, KeepsTheDraggedProportion)
-{
-    for (const char* style : {"", "split_style=\"size_all\""}) {
-        ControlWindow window({415, 50}, Window(style));
-        window.Resize({815, 50});
-        EXPECT_EQ(Position(window), 200);
-        window.mouse.Press({212, 20}).MoveTo({410, 20}).Release();
-        EXPECT_EQ(Position(window), 400);
-        window.Resize({415, 50});
-        EXPECT_EQ(Position(window), 200) << style;
-    }
 }
 
 TEST_F(SplitDrag, ShowsItsCursorOnTheBar)

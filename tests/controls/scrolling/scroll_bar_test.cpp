@@ -14,11 +14,6 @@ using Strings = std::vector<std::string>;
 
 class ScrollBar : public ControlTest {};
 
-std::string ThumbOf(CDUIScrollBarBase& bar)
-{
-    return Text(bar.GetControlByIndex(1)->GetControlRect());
-}
-
 /// A window with a box that has both bars and takes the focus.
 class Scrolling : public ScrollBar {
 protected:
@@ -32,40 +27,6 @@ protected:
     ControlWindow window{{210, 200}, CRefPtr<IDUIControl>(box)};
 };
 
-TEST_F(ScrollBar, SizesAndPlacesTheThumb)
-{
-    const struct {
-        const char* name;
-        const char* tag;
-        SIZE client;
-        int minimum, maximum;
-        unsigned page;
-        int position;
-        const char* thumb;
-    } cases[] = {
-        {"in proportion, at the start", "vert", {10, 200}, 0, 300, 200, 0, "0,0,10,80"},
-        {"in the middle", "vert", {10, 200}, 0, 300, 200, 150, "0,60,10,140"},
-        {"at the end", "vert", {10, 200}, 0, 300, 200, 300, "0,120,10,200"},
-        {"position beyond the range", "vert", {10, 200}, 0, 300, 200, 500, "0,120,10,200"},
-        {"position before the range", "vert", {10, 200}, 100, 400, 200, 5, "0,0,10,80"},
-        {"shortest thumb upright ends before the track", "vert", {10, 216}, 0, 800, 8, 800, "0,198,10,214"},
-        {"shortest thumb lying reaches the end", "horz", {216, 10}, 0, 800, 8, 800, "200,0,216,10"},
-        {"lying, in proportion", "horz", {200, 10}, 0, 300, 200, 150, "60,0,140,10"},
-        {"track shorter than any thumb", "horz", {10, 10}, 0, 300, 200, 0, "0,0,0,10"},
-        {"exactly the shortest thumb fits", "horz", {16, 10}, 0, 300, 2, 300, "0,0,16,10"},
-        {"no page", "vert", {10, 200}, 0, 300, 0, 150, "0,0,10,0"},
-        {"no range", "vert", {10, 200}, 0, 0, 200, 0, "0,0,10,0"},
-        {"inverted range", "vert", {10, 200}, 300, 0, 200, 300, "0,0,10,0"},
-        {"the widest range", "horz", {200, 10}, INT_MIN, INT_MAX, INT_MAX, INT_MAX, "134,0,200,10"},
-    };
-    for (const auto& c : cases) {
-        ControlWindow window(c.client, std::string("<") + c.tag + "_scrollbar/>");
-        CDUIScrollBarBase& bar = window.Root<CDUIScrollBarBase>();
-        SetRange(bar, c.minimum, c.maximum, c.page, c.position);
-        EXPECT_EQ(ThumbOf(bar), c.thumb) << c.name;
-    }
-}
-
 TEST_F(ScrollBar, TakesOnlyWhatTheMaskNames)
 {
     ControlWindow window({10, 200}, "<vert_scrollbar/>");
@@ -78,42 +39,6 @@ TEST_F(ScrollBar, TakesOnlyWhatTheMaskNames)
     EXPECT_EQ((std::vector<int>{static_cast<int>(info.cbSize), static_cast<int>(info.fMask), info.nMin,
                                 info.nMax, static_cast<int>(info.nPage), info.nPos, info.nTrackPos}),
               (std::vector<int>{1, 2, 0, 300, 60, 100, 7}));
-}
-
-TEST_F(ScrollBar, PaintsTrackThumbAndMark)
-{
-    ControlWindow window(
-        {20, 200},
-        OnBlue(R"(<vert_scrollbar back_image="strip2" thumb_image="strip" thumb_mark="expander"/>)"));
-    CDUIScrollBarBase& bar = window.Root<CDUIScrollBarBase>();
-    SetRange(bar, 0, 300, 200, 150);
-    // The track is strip2's red icon, the hot thumb strip's green one, the mark red again.
-    EXPECT_EQ(bar.GetFixedSize().cx, 20);
-    window.mouse.MoveTo({10, 100});
-    const ClientPixels hot = window.Paint();
-    EXPECT_EQ(Bounds(hot, kGreen), "0,60,20,140");
-    EXPECT_EQ(hot.At(10, 100), kRed);
-}
-
-TEST_F(ScrollBar, HasNoArrowsWhateverTheSkinSays)
-{
-    ControlWindow plain({10, 100}, OnBlue(R"(<vert_scrollbar thumb_image="thumb"/>)"));
-    ControlWindow arrows({10, 100}, OnBlue(R"(<vert_scrollbar enable_arrow="true" arrow_image1="strip"
-        thumb_image="thumb" arrow_image2="strip"/>)"));
-    for (ControlWindow* const window : {&plain, &arrows})
-        SetRange(window->Root<CDUIScrollBarBase>(), 0, 300, 200, 0);
-    EXPECT_EQ(Difference(plain.Paint(), arrows.Paint()), "0,0,0,0");
-}
-
-TEST_F(Scrolling, ADisabledBarHasNoThumbAndIgnoresPresses)
-{
-    SetRange(vertical, 0, 300, 200, 0);
-    vertical.SetEnable(FALSE);
-    EXPECT_FALSE(vertical.GetControlByIndex(1)->IsVisible(FALSE));
-    window.mouse.Click({205, 150});
-    EXPECT_EQ(Events(), Strings());
-    vertical.SetEnable(TRUE);
-    EXPECT_TRUE(vertical.GetControlByIndex(1)->IsVisible(FALSE));
 }
 
 // --- the protocol ------------------------------------------------------------------------------------------
@@ -185,104 +110,7 @@ TEST_F(Scrolling, CodesMoveThePosition)
     }
 }
 
-TEST_F(Scrolling, TheWheelMovesOneLineOfTheFirstBarShown)
-{
-    SetRange(vertical, 0, 300, 200, 100);
-    SetRange(horizontal, 0, 300, 200, 100);
-    box->SetFocus(TRUE);
-    window.mouse.MoveTo({50, 50}).Wheel(1);
-    EXPECT_EQ(PositionOf(vertical), 70);
-    window.mouse.Wheel(-3);
-    EXPECT_EQ(PositionOf(vertical), 100) << "the size of the delta does not count";
-    EXPECT_EQ(PositionOf(horizontal), 100);
-    vertical.SetVisible(FALSE);
-    window.mouse.Wheel(1);
-    EXPECT_EQ(PositionOf(horizontal), 70);
-    horizontal.SetVisible(FALSE);
-    window.mouse.Wheel(1);
-    EXPECT_EQ(PositionOf(horizontal), 70);
-}
-
-TEST_F(ScrollBar, TheWheelReachesTheContainerBelowThePointer)
-{
-    ControlWindow window({300, 100}, R"(<horz_layout><button name="focus" width="100"/>
-        <vert_layout name="left" width="100" enable_scroll="true"><button height="500"/></vert_layout>
-        <vert_layout name="right" width="100" enable_scroll="true"><button height="500"/></vert_layout></horz_layout>)");
-    window.Find("focus")->SetFocus(TRUE);
-    const auto positions = [&] {
-        Strings result;
-        for (const char* const name : {"left", "right"})
-            result.push_back(std::to_string(
-                PositionOf(*dynamic_cast<CDUIControlBase*>(window.Find(name))->GetVerticalSB())));
-        return result;
-    };
-    window.mouse.MoveTo({250, 50}).Wheel(-1);
-    EXPECT_EQ(positions(), (Strings{"0", "100"}));
-    window.mouse.MoveTo({150, 50}).Wheel(-1).Wheel(-1);
-    EXPECT_EQ(positions(), (Strings{"200", "100"}));
-    window.mouse.MoveTo({50, 50}).Wheel(-1);
-    EXPECT_EQ(positions(), (Strings{"200", "100"}));
-}
-
-TEST_F(ScrollBar, TheWheelMovesTheInnermostContainerThatCanMove)
-{
-    ControlWindow window({100, 100}, R"(<vert_layout name="left" enable_scroll="true">
-        <vert_layout name="right" height="80" enable_scroll="true"><button name="focus" height="200"/></vert_layout>
-        <canvas height="220"/></vert_layout>)");
-    window.Find("focus")->SetFocus(TRUE);
-    const auto wheel = [&](int x, int y, int notches) {
-        window.mouse.MoveTo({x, y}).Wheel(notches);
-        Strings result;
-        for (const char* const name : {"left", "right"})
-            result.push_back(std::to_string(
-                PositionOf(*dynamic_cast<CDUIControlBase*>(window.Find(name))->GetVerticalSB())));
-        return result;
-    };
-    EXPECT_EQ(wheel(10, 10, -1), (Strings{"0", "100"}));
-    EXPECT_EQ(wheel(10, 10, -1), (Strings{"0", "120"}));
-    EXPECT_EQ(wheel(10, 10, 1), (Strings{"0", "20"}));
-    EXPECT_EQ(wheel(10, 10, 1), (Strings{"0", "0"}));
-    EXPECT_EQ(wheel(10, 10, 1), (Strings{"0", "0"}));
-    EXPECT_EQ(wheel(10, 90, -1), (Strings{"100", "0"})) << "beside it";
-    EXPECT_EQ(wheel(10, 90, 1), (Strings{"0", "0"}));
-    wheel(10, 10, -2);
-    wheel(10, 10, -2);
-    EXPECT_EQ(wheel(10, 10, -1), (Strings{"100", "120"})) << "handed on at its end";
-}
-
 // --- the thumb ---------------------------------------------------------------------------------------------
-
-TEST_F(Scrolling, DraggingTheThumbScrollsAndStopsAtTheEnds)
-{
-    SetRange(vertical, 0, 300, 200, 0);  // the thumb is 80 long, a pixel moves 2.5
-    window.mouse.Press({205, 10});
-    EXPECT_EQ(GetCapture(), window.Handle());
-    EXPECT_EQ(window.GetFocusControl(), box);
-    window.mouse.MoveTo({205, 50});
-    EXPECT_EQ(Events(), Strings{"v 5 100"});
-    window.mouse.MoveTo({205, 50});
-    EXPECT_EQ(Events(), Strings()) << "no distance, no event";
-    window.mouse.MoveTo({5, 150}).MoveTo({5, 170}).MoveTo({5, 190});
-    EXPECT_EQ(Events(), Strings{"v 5 300"}) << "nothing more beyond the end";
-    window.mouse.MoveTo({5, 110});
-    EXPECT_EQ(Events(), Strings{"v 5 250"});
-    window.mouse.MoveTo({205, -500}).MoveTo({205, -600});
-    EXPECT_EQ(Events(), Strings{"v 5 0"});
-    window.mouse.Release();
-    EXPECT_EQ(GetCapture(), nullptr);
-    window.mouse.MoveTo({205, 60});
-    EXPECT_EQ(Events(), Strings());
-    EXPECT_EQ(window.TakeNotifications(), std::vector<Noticed>()) << "a thumb is no button that clicks";
-}
-
-TEST_F(Scrolling, DraggingSidewaysScrollsTheHorizontalBar)
-{
-    SetRange(horizontal, -100, 200, 200, -100);  // 200 of track, a thumb of 80 and 120 pixels for 300
-    window.mouse.Press({40, 195}).MoveTo({80, 20});
-    EXPECT_EQ(Events(), Strings{"h 5 0"});
-    window.mouse.MoveTo({30, 20}).Release();
-    EXPECT_EQ(Events(), Strings{"h 5 -100"}) << "to the minimum, below 0 too";
-}
 
 TEST_F(Scrolling, DraggingATrackWithoutRoomIsHarmless)
 {
@@ -446,22 +274,6 @@ TEST_F(ScrollBar, FindsItsOwnerByNameAndForgetsItWhenItGoes)
     root->AddControl(box.GetPtr());
     window.GetControlByName("box", TRUE);
     EXPECT_EQ(bar->GetScrollOwner(), box.GetPtr());
-}
-
-TEST_F(ScrollBar, ACopyDragsAThumbOfItsOwn)
-{
-    CRefPtr<ScrollBox> box = new ScrollBox;
-    SetRange(box->Vertical(), 0, 300, 200, 100);
-    const CRefPtr<IDUIControl> clone = box->Vertical().Clone();
-    auto& copy = *dynamic_cast<CDUIVerticalSB*>(clone.GetPtr());
-    EXPECT_EQ(PositionOf(copy), 100);
-    EXPECT_EQ(copy.GetScrollOwner(), box.GetPtr());
-    ControlWindow window({10, 200}, clone);
-    window.mouse.Press({5, 50}).MoveTo({5, 70}).Release();
-    EXPECT_EQ(box->TakeEvents(), Strings{"v 5 150"});
-    EXPECT_EQ(copy.GetControlCount(), 3);
-    for (int i = 0; i < 3; ++i)
-        EXPECT_FALSE(copy.GetControlByIndex(i)->GetStyle() & DUISTYLE_TABSTOP);
 }
 
 }  // namespace

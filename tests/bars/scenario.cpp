@@ -1,0 +1,472 @@
+#include "bars/scenario.h"
+
+#include <algorithm>
+#include <array>
+#include <stdexcept>
+#include <typeinfo>
+
+#include <gtest/gtest.h>
+
+#include <qvui/qvui.h>
+
+#include "support/geometry_text.h"
+
+namespace qvui::test {
+namespace {
+
+using namespace DUI;
+
+RECT ReadRectangle(std::istream& text)
+{
+    RECT rect{};
+    char comma = 0;
+    text >> rect.left >> comma >> rect.top >> comma >> rect.right >> comma >> rect.bottom;
+    return rect;
+}
+
+POINT ReadPoint(std::istream& text)
+{
+    POINT point{};
+    char comma = 0;
+    text >> point.x >> comma >> point.y;
+    return point;
+}
+
+std::string ReadWord(std::istream& text)
+{
+    std::string word;
+    text >> word;
+    return word;
+}
+
+int ReadNumber(std::istream& text)
+{
+    int number = 0;
+    text >> number;
+    return number;
+}
+
+// The rest of the line after one blank.
+std::string ReadRest(std::istream& text)
+{
+    std::string rest;
+    std::getline(text >> std::ws, rest);
+    return rest;
+}
+
+int KeyOf(const std::string& name)
+{
+    static const std::map<std::string, int> keys{
+        {"LEFT", VK_LEFT},     {"RIGHT", VK_RIGHT},       {"UP", VK_UP},
+        {"DOWN", VK_DOWN},     {"HOME", VK_HOME},         {"END", VK_END},
+        {"PAGEUP", VK_PRIOR},  {"PAGEDOWN", VK_NEXT},     {"SPACE", VK_SPACE},
+        {"RETURN", VK_RETURN}, {"ESCAPE", VK_ESCAPE},     {"TAB", VK_TAB},
+        {"ADD", VK_ADD},       {"SUBTRACT", VK_SUBTRACT}, {"MULTIPLY", VK_MULTIPLY},
+        {"DELETE", VK_DELETE}, {"SHIFT", VK_SHIFT},       {"CONTROL", VK_LCONTROL},
+        {"MENU", VK_MENU}};
+    const auto found = keys.find(name);
+    return found == keys.end() ? name.empty() ? 0 : name[0] : found->second;
+}
+
+std::string TagOf(const IDUIControl& control)
+{
+    for (const BuiltinControl& builtin : BuiltinControls()) {
+        const CRefPtr<IDUIControl> created = builtin.create();
+        const IDUIControl& sample = *created.GetPtr();
+        if (typeid(sample) == typeid(control))
+            return builtin.tag;
+    }
+    return "?";
+}
+
+std::string ScrollText(CDUIScrollBarBase& bar)
+{
+    SCROLLINFO info{};
+    bar.GetScrollBarInfo(&info);
+    std::string text = std::to_string(info.nPos) + " of " + std::to_string(info.nMin) + "-" +
+                       std::to_string(info.nMax) + " page " + std::to_string(info.nPage) + " " +
+                       Text(bar.GetControlRect());
+    if (IDUIControl* const thumb = bar.GetControlByIndex(1))
+        text += " thumb " + Text(thumb->GetControlRect());
+    return text;
+}
+
+// What a class has besides the state of every control.
+std::string ValuesOf(IDUIControl& control)
+{
+    std::string text;
+    auto* const base = dynamic_cast<CDUIControlBase*>(&control);
+    if (auto* const button = dynamic_cast<CDUIButton*>(&control)) {
+        static constexpr std::array kLooks{"", " looks hot", " looks pushed", " looks disabled"};
+        text += kLooks.at(static_cast<std::size_t>(button->GetImageStatus()));
+    }
+    if (auto* const bar = dynamic_cast<CDUIScrollBarBase*>(&control))
+        return text + " at " + ScrollText(*bar);
+    if (auto* const progress = dynamic_cast<CDUIProgressBar*>(&control))
+        text += " at " + std::to_string(progress->GetPos());
+    if (auto* const track = dynamic_cast<CDUITrackBarBase*>(&control))
+        text += " at " + std::to_string(track->GetPos()) + " thumb " +
+                Text(track->GetControlByIndex(0)->GetControlRect());
+    if (auto* const split = dynamic_cast<CDUISplitBase*>(&control))
+        text += " at " + std::to_string(split->GetSplitPos());
+    if (auto* const tabs = dynamic_cast<CDUITabLayout*>(&control))
+        text += " page " + std::to_string(tabs->GetSelectIndex());
+    if (auto* const list = dynamic_cast<CDUIListBox*>(&control))
+        text += " selected " + std::to_string(list->GetCurSel()) + " rows " +
+                std::to_string(list->GetTopIndex()) + "-" + std::to_string(list->GetLastIndex());
+    if (auto* const item = dynamic_cast<CDUIListItem*>(&control))
+        text += std::string(item->GetSelect() ? " selected" : "") + (item->GetExpand() ? " expanded" : "");
+    if (auto* const tree = dynamic_cast<CDUITreeViewImpl*>(&control))
+        text += " rows " + std::to_string(tree->GetRowCount()) + " top " + std::to_string(tree->GetTopRow());
+    if (auto* const node = dynamic_cast<CDUITreeNode*>(&control))
+        text += std::string(node->GetSelect() ? " selected" : "") + (node->GetExpand() ? " expanded" : "");
+    for (CDUIScrollBarBase* const bar : {static_cast<CDUIScrollBarBase*>(base->GetHorizontalSB()),
+                                         static_cast<CDUIScrollBarBase*>(base->GetVerticalSB())})
+        if (bar)
+            text += bar->IsVisible(FALSE) ? " bar " + ScrollText(*bar) : std::string(" bar hidden");
+    return text;
+}
+
+std::string StateOf(IDUIControl& control)
+{
+    std::string text = Text(control.GetControlRect());
+    const struct {
+        bool holds;
+        const char* word;
+    } flags[] = {{!control.IsVisible(FALSE), " hidden"},
+                 {!control.IsEnabled(), " off"},
+                 {(control.GetStatus() & DUISTATUS_CHECKED) != 0, " checked"},
+                 {(control.GetStatus() & DUISTATUS_HOT) != 0, " hot"},
+                 {(control.GetStatus() & DUISTATUS_PUSHED) != 0, " pushed"},
+                 {(control.GetStatus() & DUISTATUS_FOCUSED) != 0, " focused"},
+                 {(control.GetStyle() & DUISTYLE_TABSTOP) != 0, " stop"}};
+    for (const auto& flag : flags)
+        if (flag.holds)
+            text += flag.word;
+    return text + ValuesOf(control);
+}
+
+IDUIControl* FindBelow(IDUIControl* control, const std::string& name)
+{
+    if (!control || control->GetName() == name.c_str())
+        return control;
+    for (int i = 0; i < control->GetControlCount(); ++i)
+        if (IDUIControl* const found = FindBelow(control->GetControlByIndex(i), name))
+            return found;
+    return nullptr;
+}
+
+// In the whole tree: a search by name in the window finds only the rows in view of a list box.
+IDUIControl& Named(ControlWindow& window, const std::string& name)
+{
+    IDUIControl* const control = FindBelow(window.GetRootControl(), name);
+    if (!control)
+        throw std::runtime_error("no control is named " + name);
+    return *control;
+}
+
+template <class Control>
+Control& As(ControlWindow& window, const std::string& name)
+{
+    auto* const control = dynamic_cast<Control*>(&Named(window, name));
+    if (!control)
+        throw std::runtime_error(name + " is of another class");
+    return *control;
+}
+
+// Operations of control classes: the control's name follows the word, and numbers that name.
+using Operation = std::function<void(ControlWindow&, const std::string& name, std::istream&)>;
+const std::map<std::string, Operation> kOperations{
+    {"list.select", [](auto& w, auto& n, auto& a) { As<CDUIListBox>(w, n).SetCurSel(ReadNumber(a)); }},
+    {"list.top", [](auto& w, auto& n, auto& a) { As<CDUIListBox>(w, n).SetTopIndex(ReadNumber(a)); }},
+    {"list.expand",
+     [](auto& w, auto& n, auto& a) {
+         const int index = ReadNumber(a);
+         As<CDUIListBox>(w, n).ExpandItem(index, ReadNumber(a));
+     }},
+    {"list.hover_select",
+     [](auto& w, auto& n, auto& a) { As<CDUIListBox>(w, n).SetHoverSelect(ReadNumber(a)); }},
+    {"list.clear", [](auto& w, auto& n, auto&) { As<CDUIListBox>(w, n).RemoveAllControl(); }},
+    {"tree.select",
+     [](auto& w, auto& n, auto& a) {
+         const std::string node = ReadWord(a);
+         As<CDUITreeViewImpl>(w, n).SelectNode(node.empty() ? nullptr : &As<CDUITreeNode>(w, node));
+     }},
+    {"tree.expand",
+     [](auto& w, auto& n, auto& a) {
+         const std::string node = ReadWord(a);
+         As<CDUITreeViewImpl>(w, n).ExpandNode(&As<CDUITreeNode>(w, node), ReadNumber(a));
+     }},
+    {"tree.expand_all",
+     [](auto& w, auto& n, auto& a) { As<CDUITreeViewImpl>(w, n).ExpandAll(nullptr, ReadNumber(a)); }},
+    {"tree.top", [](auto& w, auto& n, auto& a) { As<CDUITreeViewImpl>(w, n).SetTopRow(ReadNumber(a)); }},
+    {"tree.ensure",
+     [](auto& w, auto& n, auto& a) {
+         As<CDUITreeViewImpl>(w, n).EnsureVisible(&As<CDUITreeNode>(w, ReadWord(a)));
+     }},
+    {"scroll",
+     [](auto& w, auto& n, auto& a) {
+         auto& control = As<CDUIControlBase>(w, n);
+         auto* bar = dynamic_cast<CDUIScrollBarBase*>(&control);
+         for (CDUIScrollBarBase* const own : {static_cast<CDUIScrollBarBase*>(control.GetVerticalSB()),
+                                              static_cast<CDUIScrollBarBase*>(control.GetHorizontalSB())})
+             bar = bar ? bar : own;
+         SCROLLINFO info{sizeof(SCROLLINFO), SIF_POS, 0, 0, 0, ReadNumber(a), 0};
+         bar->SetScrollBarInfo(&info);
+         control.UpdateLayout(TRUE, nullptr);
+     }},
+    {"bar.info",
+     [](auto& w, auto& n, auto& a) {
+         SCROLLINFO info{sizeof(SCROLLINFO), SIF_ALL, 0, 0, 0, 0, 0};
+         info.nMin = ReadNumber(a);
+         info.nMax = ReadNumber(a);
+         info.nPage = static_cast<UINT>(ReadNumber(a));
+         info.nPos = ReadNumber(a);
+         As<CDUIScrollBarBase>(w, n).SetScrollBarInfo(&info);
+     }},
+    {"tabs.page", [](auto& w, auto& n, auto& a) { As<CDUITabLayout>(w, n).SetSelectIndex(ReadNumber(a)); }},
+    {"tabbar.select",
+     [](auto& w, auto& n, auto& a) {
+         const int index = ReadNumber(a);
+         As<CDUITabBar<CDUIHorizontalLayout>>(w, n).SetSelectIndex(index, ReadNumber(a));
+     }},
+    {"tile.show", [](auto& w, auto& n,
+                     auto& a) { As<CDUITileLayout>(w, n).MakeSureControlVisible(&Named(w, ReadWord(a))); }},
+    {"panel.image", [](auto& w, auto& n, auto& a) { As<CDUIFramePanel>(w, n).SetImageIndex(ReadNumber(a)); }},
+};
+
+char LetterOf(unsigned color)
+{
+    static const std::map<unsigned, char> letters{{0xFFFFFF, '.'}, {0x000000, 'k'}, {0xFF0000, 'r'},
+                                                  {0x00FF00, 'g'}, {0x0000FF, 'b'}, {0x808080, '#'}};
+    const auto found = letters.find(color);
+    return found == letters.end() ? '?' : found->second;
+}
+
+}  // namespace
+
+const std::map<std::string, Scenario::Command>& Scenario::Commands()
+{
+    using S = Scenario&;
+    using A = Arguments&;
+    const auto named = [](void (*call)(IDUIControl&)) {
+        return [call](S s, A a) { call(Named(*s.m_window, ReadWord(a))); };
+    };
+    static const std::map<std::string, Command> commands{
+        {"skin", [](S, A a) { DUIGetAppInstance()->GetSkinMgr()->SetSkinTyle(ReadWord(a).c_str()); }},
+        {"language", [](S, A a) { DUIGetAppInstance()->GetSkinMgr()->SetLanguageType(ReadWord(a).c_str()); }},
+        {"resize",
+         [](S s, A a) {
+             SIZE size{};
+             char x = 0;
+             a >> size.cx >> x >> size.cy;
+             s.m_window->Resize(size);
+         }},
+        {"fire",
+         [](S s, A a) {
+             IDUIControl* const control = &Named(*s.m_window, ReadWord(a));
+             s.m_window->Fire(control, static_cast<UINT>(ReadNumber(a)));
+         }},
+        {"picture", [](S s, A a) { s.WritePicture(ReadRectangle(a)); }},
+        {"move", [](S s, A a) { s.m_window->mouse.MoveTo(ReadPoint(a)); }},
+        {"press", [](S s, A a) { s.m_window->mouse.Press(ReadPoint(a)); }},
+        {"click", [](S s, A a) { s.m_window->mouse.Click(ReadPoint(a)); }},
+        {"double", [](S s, A a) { s.m_window->mouse.DoubleClick(ReadPoint(a)); }},
+        {"release", [](S s, A) { s.m_window->mouse.Release(); }},
+        {"right", [](S s, A a) { s.m_window->mouse.MoveTo(ReadPoint(a)).PressRight().ReleaseRight(); }},
+        {"leave", [](S s, A) { s.m_window->mouse.Leave(); }},
+        {"wheel", [](S s, A a) { s.m_window->mouse.Wheel(ReadNumber(a)); }},
+        {"key", [](S s, A a) { s.m_window->keys.Press(KeyOf(ReadWord(a))); }},
+        {"tab", [](S s, A) { s.m_window->Translate(WM_KEYDOWN, VK_TAB); }},
+        {"back",
+         [](S s, A) {
+             s.m_window->keys.Hold(VK_SHIFT);
+             s.m_window->Translate(WM_KEYDOWN, VK_TAB);
+             s.m_window->keys.LetGo(VK_SHIFT);
+         }},
+        {"translate",
+         [](S s, A a) { s.m_window->Translate(WM_KEYDOWN, static_cast<WPARAM>(KeyOf(ReadWord(a)))); }},
+        {"hold", [](S s, A a) { s.m_window->keys.Hold(KeyOf(ReadWord(a))); }},
+        {"drop", [](S s, A a) { s.m_window->keys.LetGo(KeyOf(ReadWord(a))); }},
+        {"type", [](S s, A a) { s.m_window->keys.Type(ReadRest(a)); }},
+        {"alt", [](S s, A a) { s.m_window->Translate(WM_SYSCHAR, static_cast<WPARAM>(ReadWord(a)[0])); }},
+        {"show", named([](IDUIControl& control) { control.SetVisible(TRUE); })},
+        {"hide", named([](IDUIControl& control) { control.SetVisible(FALSE); })},
+        {"enable", named([](IDUIControl& control) { control.SetEnable(TRUE); })},
+        {"disable", named([](IDUIControl& control) { control.SetEnable(FALSE); })},
+        {"focus", named([](IDUIControl& control) { control.SetFocus(TRUE); })},
+        {"activate", named([](IDUIControl& control) { control.Activate(); })},
+        {"remove", named([](IDUIControl& control) { control.GetParent()->RemoveControl(&control); })},
+        {"layout", [](S s, A) { s.m_window->LayoutRootControl(); }},
+        {"set",
+         [](S s, A a) {
+             IDUIControl* const control = &Named(*s.m_window, ReadWord(a));
+             std::string attribute;
+             std::getline(a >> std::ws, attribute, '=');
+             std::string value;
+             std::getline(a, value);
+             control->SetAttribute(attribute.c_str(), value.c_str());
+         }},
+        {"text",
+         [](S s, A a) {
+             IDUIControl* const control = &Named(*s.m_window, ReadWord(a));
+             control->SetText(ReadRest(a).c_str());
+         }},
+        {"place",
+         [](S s, A a) {
+             IDUIControl* const control = &Named(*s.m_window, ReadWord(a));
+             control->SetControlRect(ReadRectangle(a));
+         }},
+        {"add",
+         [](S s, A a) {
+             IDUIControl* const parent = &Named(*s.m_window, ReadWord(a));
+             const int index = ReadNumber(a);
+             const std::string xml = "<window>" + ReadRest(a) + "</window>";
+             const CRefPtr<IDUIControl> child = CDUIControlBuilder(nullptr).CreateFromXML(xml.c_str());
+             if (index < 0)
+                 parent->AddControl(child);
+             else
+                 parent->AddControlAt(index, child);
+         }},
+        {"index",
+         [](S s, A a) {
+             IDUIControl* const control = &Named(*s.m_window, ReadWord(a));
+             control->GetParent()->SetControlIndex(control, ReadNumber(a));
+         }},
+        {"clone",
+         [](S s, A) {
+             RECT client{};
+             GetClientRect(s.m_window->Handle(), &client);
+             const CRefPtr<IDUIControl> copy = s.m_window->GetRootControl()->Clone();
+             s.m_window = std::make_unique<ControlWindow>(SIZE{client.right, client.bottom}, copy);
+             s.m_before.clear();
+         }},
+    };
+    return commands;
+}
+
+std::string Scenario::Run(const std::string& script)
+{
+    std::istringstream lines(script);
+    std::string line;
+    std::string size;
+    std::string content;
+    const auto open = [&] {
+        if (!size.empty())
+            Open(std::exchange(size, ""), std::exchange(content, ""));
+    };
+    while (std::getline(lines, line)) {
+        if (line[0] == ' ')
+            continue;
+        if (!size.empty() && line[0] != '<')
+            open();
+        m_text += line + "\n";
+        if (line.rfind("window ", 0) == 0)
+            size = line.substr(7);
+        else if (!size.empty())
+            content += line;
+        else if (!line.empty() && line[0] != '#')
+            Execute(line);
+    }
+    open();
+    m_window.reset();
+    return m_text;
+}
+
+void Scenario::Open(const std::string& size, const std::string& content)
+{
+    SIZE client{};
+    char x = 0;
+    std::istringstream(size) >> client.cx >> x >> client.cy;
+    m_window.reset();
+    m_before.clear();
+    m_focus.clear();
+    m_window = std::make_unique<ControlWindow>(client, content);
+    WriteChanges();
+}
+
+void Scenario::Execute(const std::string& line)
+{
+    Arguments arguments(line);
+    const std::string word = ReadWord(arguments);
+    if (const auto operation = kOperations.find(word); operation != kOperations.end()) {
+        const std::string name = ReadWord(arguments);
+        operation->second(*m_window, name, arguments);
+    } else if (const auto command = Commands().find(word); command != Commands().end()) {
+        command->second(*this, arguments);
+    } else {
+        ADD_FAILURE() << "no such command: " << line;
+    }
+    WriteChanges();
+}
+
+void Scenario::Collect(IDUIControl& control, const std::string& indent)
+{
+    std::string label = indent + TagOf(control);
+    if (!control.GetName().IsEmpty())
+        label += " " + std::string(control.GetName());
+    // Those that are called the same are told apart by their number.
+    const auto same = std::count_if(m_now.begin(), m_now.end(), [&label](const auto& known) {
+        return known.first == label || known.first.rfind(label + "#", 0) == 0;
+    });
+    if (same > 0)
+        label += "#" + std::to_string(same + 1);
+    m_now.emplace_back(label, StateOf(control));
+    // What a bar is made of is in its own line.
+    if (!dynamic_cast<CDUIScrollBarBase*>(&control) && !dynamic_cast<CDUITrackBarBase*>(&control))
+        for (int i = 0; i < control.GetControlCount(); ++i)
+            Collect(*control.GetControlByIndex(i), indent + "  ");
+}
+
+void Scenario::WriteChanges()
+{
+    m_now.clear();
+    if (IsWindow(m_window->Handle()) && m_window->GetRootControl())
+        Collect(*m_window->GetRootControl(), "  ");
+    for (const auto& [label, state] : m_before)
+        if (std::none_of(m_now.begin(), m_now.end(), [&](const auto& other) { return other.first == label; }))
+            m_text += " -" + label.substr(1) + "\n";
+    for (const auto& [label, state] : m_now)
+        if (std::find(m_before.begin(), m_before.end(), std::pair(label, state)) == m_before.end())
+            m_text += label + " " + state + "\n";
+    m_before = m_now;
+    for (const Noticed& noticed : m_window->TakeNotifications()) {
+        // Controls come as pointers.
+        std::string parameter = std::to_string(noticed.lParam);
+        if (noticed.code == DUINOTIFY_LISTBOX || noticed.code == DUINOTIFY_TREEEXPAND)
+            parameter = reinterpret_cast<IDUIControl*>(noticed.lParam)->GetName().GetString();
+        m_text += "    notify " + std::to_string(noticed.code) + " " + noticed.sender + " " +
+                  std::to_string(noticed.wParam) + " " + parameter + "\n";
+    }
+    IDUIControl* const control = m_window->GetFocusControl();
+    const std::string focus = control ? control->GetName().GetString() : "";
+    if (focus != m_focus)
+        m_text += "    focus " + focus + "\n";
+    m_focus = focus;
+}
+
+void Scenario::WritePicture(const RECT& part)
+{
+    m_window->Invalidate(FALSE);
+    const ClientPixels pixels = m_window->Paint();
+    std::string last;
+    int count = 0;
+    // Rows that are alike are written once.
+    const auto write = [&] {
+        if (count > 0)
+            m_text += "    " + last + (count > 1 ? " x" + std::to_string(count) : "") + "\n";
+        count = 0;
+    };
+    for (LONG y = part.top; y < part.bottom; ++y) {
+        std::string row;
+        for (LONG x = part.left; x < part.right; ++x)
+            row += LetterOf(pixels.At(x, y));
+        if (row != last)
+            write();
+        last = row;
+        ++count;
+    }
+    write();
+}
+
+}  // namespace qvui::test
