@@ -1,4 +1,4 @@
-#include "bars/scenario.h"
+#include "support/controls/scenario.h"
 
 #include <algorithm>
 #include <cstdlib>

@@ -3,7 +3,7 @@
 #include <qvui/framework/app.h>
 #include <qvui/framework/message_loop.h>
 
-#include "framework/probe.h"
+#include "support/controls/probe.h"
 #include "support/controls/control_test.h"
 
 namespace qvui::test {

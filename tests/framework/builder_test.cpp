@@ -2,7 +2,7 @@
 #include <qvui/framework/app.h>
 #include <qvui/framework/control_builder.h>
 
-#include "framework/probe.h"
+#include "support/controls/probe.h"
 #include "support/controls/control_test.h"
 
 namespace qvui::test {

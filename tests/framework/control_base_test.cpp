@@ -1,6 +1,6 @@
 #include <qvui/framework/app.h>
 
-#include "framework/probe.h"
+#include "support/controls/probe.h"
 #include "support/controls/control_test.h"
 
 namespace qvui::test {
@@ -18,17 +18,6 @@ protected:
 
     CRefPtr<IDUIControl> control;
 };
-
-TEST_F(ControlBase, StartsVisibleEnabledAndEmpty)
-{
-    Probe probe("fresh");
-    EXPECT_TRUE(probe.IsVisible(TRUE));
-    EXPECT_TRUE(probe.IsEnabled());
-    EXPECT_FALSE(probe.GetFocus());
-    EXPECT_EQ(Text(probe.GetControlRect()), "0,0,0,0");
-    EXPECT_EQ(probe.GetScrollLineStep(), 100);
-    EXPECT_EQ(probe.GetStyle(), static_cast<DWORD>(DUISTYLE_VISIBLE));
-}
 
 TEST_F(ControlBase, SetsTheCommonAttributes)
 {
@@ -94,21 +83,6 @@ TEST_F(ControlBase, IgnoresAttributesAndStylesWithoutASkin)
     EXPECT_EQ(control->GetFixedSize().cx, 0);
     EXPECT_TRUE(control->GetTextStyle().IsNull());
     EXPECT_FALSE(static_cast<CDUIControlBase*>(control.GetPtr())->ApplyControlStyle("blue_button"));
-}
-
-TEST_F(ControlBase, ShrinksToAnEmptyContentAtItsTopLeft)
-{
-    const CRefPtr<IDUIControl> child(new Probe("child"));
-    control->AddControl(child);
-    auto& base = static_cast<CDUIControlBase&>(*control.GetPtr());
-    control->SetMargin({10, 10, 10, 10});
-    control->SetControlRect({5, 5, 100, 50});
-    EXPECT_EQ(Text(base.GetContentRect()), "15,15,90,40");
-    EXPECT_EQ(Text(child->GetControlRect()), "15,15,90,40");
-    control->SetControlRect({5, 5, 20, 50});
-    EXPECT_EQ(Text(base.GetContentRect()), "5,5,5,5");
-    control->SetMargin({0x7FFFFFFF, 0, 0x7FFFFFFF, 0});
-    EXPECT_EQ(Text(base.GetContentRect()), "5,5,5,5");
 }
 
 TEST_F(ControlBase, AppliesControlStylesAndNothingThatTheyName)

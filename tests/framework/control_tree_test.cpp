@@ -1,6 +1,6 @@
 #include <qvui/controls/rows/list_box.h>
 
-#include "framework/probe.h"
+#include "support/controls/probe.h"
 #include "support/controls/control_test.h"
 
 namespace qvui::test {
@@ -64,28 +64,6 @@ TEST_F(ControlTree, TakesAChildOnceAndInItsPlace)
     EXPECT_FALSE(root->SetControlIndex(first, 1));
     EXPECT_EQ(root->GetControlCount(), 1);
     EXPECT_EQ(first->GetParent(), nullptr);
-}
-
-TEST_F(ControlTree, TellsChildrenBeforeParentsThatTheyComeAndGo)
-{
-    auto window = ThreeChildren();
-    EXPECT_EQ(Probe::Take({"ground", "text", "border", "WINDOW"}),
-              "filler create, a create, b create, c create, root create");
-    window->LogLifetimes(true);
-    IDUIControl* const root = window->Find("root");
-    const CRefPtr<IDUIControl> late = Make("late");
-    late->AddControl(Make("inner"));
-    root->AddControl(late);
-    root->RemoveControl(late);
-    EXPECT_EQ(late->GetParent(), nullptr);
-    EXPECT_EQ(Probe::Take(), "inner create, late create, inner destroy, late destroy");
-    EXPECT_EQ(window->TakeNotifications(), (std::vector<Noticed>{{DUINOTIFY_CREATED, "inner", 0, 0},
-                                                                 {DUINOTIFY_CREATED, "late", 0, 0},
-                                                                 {DUINOTIFY_DESTROYED, "inner", 0, 0},
-                                                                 {DUINOTIFY_DESTROYED, "late", 0, 0}}));
-    root->RemoveAllControl();
-    EXPECT_EQ(Probe::Take(), "filler destroy, a destroy, b destroy, c destroy");
-    EXPECT_EQ(root->GetControlCount(), 0);
 }
 
 IDUIControl* ContainsPoint(IDUIControl* control, void* data)
@@ -162,14 +140,6 @@ TEST_F(ControlTree, PaintsInOrderAndOnlyWhatMeetsThePaintRectangle)
               "root background, root foreground, root text, root border, filler background, filler "
               "foreground, filler text, filler border, b background, b foreground, b text, b border");
     EXPECT_EQ(Text(window->Find<Probe>("b")->lastPaint), "35,5,40,10");
-}
-
-TEST_F(ControlTree, AsksParentsForVisibilityOnlyWhenTold)
-{
-    auto window = ThreeChildren();
-    window->Find("root")->SetVisible(FALSE);
-    EXPECT_TRUE(window->Find("a")->IsVisible(FALSE));
-    EXPECT_FALSE(window->Find("a")->IsVisible(TRUE));
 }
 
 // What a handler of the first child's event does to its siblings while all of them are told of something.

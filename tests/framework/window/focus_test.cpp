@@ -1,4 +1,4 @@
-#include "framework/probe.h"
+#include "support/controls/probe.h"
 #include "support/controls/control_test.h"
 
 namespace qvui::test {
@@ -35,29 +35,6 @@ protected:
     std::unique_ptr<ControlWindow> window;
 };
 
-TEST_F(Focus, WalksTabStopsInDocumentOrderAndAround)
-{
-    Open(
-        "<probe name='a' tab_stop='true'/><probe name='x'/>"
-        "<probe name='b' tab_stop='true'><probe name='c' tab_stop='true'/></probe>"
-        "<probe name='off' tab_stop='true' enable='false'/><probe name='gone' tab_stop='true' "
-        "visible='false'/>"
-        "<probe name='d' tab_stop='true'/>");
-    window->Find("b")->SetFocus(TRUE);
-    EXPECT_EQ(Walk(true, 1), "c");
-    window->Find("c")->ModifyStyle(DUISTYLE_TABSTOP, 0);
-    window->Find("a")->SetFocus(TRUE);
-    EXPECT_EQ(Walk(true, 4), "bdab");
-    EXPECT_EQ(Walk(false, 3), "adb");
-}
-
-TEST_F(Focus, MovesNowhereWithoutTabStops)
-{
-    Open("<probe name='a'/>");
-    EXPECT_TRUE(window->SetNextTabControl(TRUE));
-    EXPECT_EQ(Focused(), "-");
-}
-
 TEST_F(Focus, GoesOnToANativeTabStop)
 {
     Open("<probe name='a' tab_stop='true'/>");
@@ -68,24 +45,6 @@ TEST_F(Focus, GoesOnToANativeTabStop)
     EXPECT_TRUE(window->SetNextTabControl(TRUE));
     EXPECT_EQ(Focused(), "-");
     EXPECT_EQ(::GetFocus(), native.Handle());
-}
-
-TEST_F(Focus, TellsTheLoserThenTheTaker)
-{
-    Open("<probe name='a'/><probe name='b'/><probe name='off' enable='false'/>");
-    window->Find("a")->SetFocus(TRUE);
-    window->Find("a")->SetFocus(TRUE);
-    window->Find("b")->SetFocus(TRUE);
-    EXPECT_EQ(TakeEvents(), "a SETFOCUS self, a KILLFOCUS self, b SETFOCUS self");
-    window->Find("off")->SetFocus(TRUE);
-    EXPECT_EQ(TakeEvents(), "b KILLFOCUS self");
-    EXPECT_EQ(Focused(), "-");
-    window->Find("b")->SetFocus(TRUE);
-    window->Find("a")->SetFocus(FALSE);
-    EXPECT_EQ(Focused(), "-");
-    window->Find("b")->SetFocus(TRUE);
-    SendMessageA(window->Handle(), WM_KILLFOCUS, 0, 0);
-    EXPECT_EQ(Focused(), "-");
 }
 
 // The control that hears of its loss moves the focus itself, or wants to keep it.
@@ -116,49 +75,6 @@ TEST_F(Focus, FollowsTheLastOfTwoRequests)
     window->Find("a")->SetFocus(TRUE);
     EXPECT_EQ(TakeEvents(), "c KILLFOCUS self, a SETFOCUS self, a KILLFOCUS self, b SETFOCUS self");
     EXPECT_EQ(Focused(), "b");
-}
-
-TEST_F(Focus, SendsKeysToTheFocusControl)
-{
-    Open("<probe name='a'/>");
-    LRESULT result = 0;
-    EXPECT_FALSE(window->ProcessWindowMessage(window->Handle(), WM_KEYUP, 'X', 0, result));
-    window->Find("a")->SetFocus(TRUE);
-    TakeEvents();
-    EXPECT_FALSE(window->ProcessWindowMessage(window->Handle(), WM_KEYDOWN, 'X', 0, result));
-    EXPECT_TRUE(window->ProcessWindowMessage(window->Handle(), WM_KEYDOWN, VK_TAB, 0, result));
-    EXPECT_TRUE(window->ProcessWindowMessage(window->Handle(), WM_CHAR, 'x', 0, result));
-    EXPECT_TRUE(window->ProcessWindowMessage(window->Handle(), WM_KEYUP, 'X', 0, result));
-    EXPECT_EQ(TakeEvents(), "a KEYDOWN self, a KEYDOWN self, a CHAR self, a KEYUP self");
-    EXPECT_EQ(window->Find<Probe>("a")->lastEvent.chKey, 'X');
-}
-
-TEST_F(Focus, ActivatesOkOnEnterUnlessTheFocusWantsIt)
-{
-    Open("<probe name='ok'/><probe name='a'/>");
-    EXPECT_TRUE(window->Translate(WM_KEYDOWN, VK_RETURN));
-    window->Find("a")->SetFocus(TRUE);
-    EXPECT_TRUE(window->Translate(WM_KEYDOWN, VK_RETURN));
-    window->Find("a")->ModifyStyle(0, DUISTYLE_WANTRETURN);
-    EXPECT_FALSE(window->Translate(WM_KEYDOWN, VK_RETURN));
-    window->Find("ok")->SetFocus(TRUE);
-    EXPECT_FALSE(window->Translate(WM_KEYDOWN, VK_RETURN));
-    EXPECT_EQ(TakeEvents({"FOCUS", "KEY"}), "ok activate, ok activate");
-}
-
-TEST_F(Focus, TakesTheFocusAwayOnTheFirstEscapeAndCancelsOnTheNext)
-{
-    Open("<probe name='cancel'/><probe name='a'/>");
-    window->Find("a")->SetFocus(TRUE);
-    TakeEvents();
-    EXPECT_TRUE(window->Translate(WM_KEYDOWN, VK_ESCAPE));
-    EXPECT_EQ(TakeEvents(), "a KILLFOCUS -");
-    EXPECT_EQ(window->Find<Probe>("a")->lastEvent.wParam, 0x1Bu);
-    EXPECT_EQ(window->Find<Probe>("a")->lastEvent.wKeyState, 0x1Bu);
-    EXPECT_TRUE(window->Translate(WM_KEYDOWN, VK_ESCAPE));
-    EXPECT_EQ(TakeEvents(), "cancel activate");
-    window->Find("root")->RemoveControl(window->Find("cancel"));
-    EXPECT_FALSE(window->Translate(WM_KEYDOWN, VK_ESCAPE));
 }
 
 TEST_F(Focus, ActivatesShortcutsOfReachableControls)

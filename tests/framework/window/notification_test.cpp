@@ -1,6 +1,6 @@
 #include <qvui/framework/app.h>
 
-#include "framework/probe.h"
+#include "support/controls/probe.h"
 #include "support/controls/control_test.h"
 #include "support/table.h"
 

@@ -1,4 +1,4 @@
-#include "framework/probe.h"
+#include "support/controls/probe.h"
 #include "support/controls/control_test.h"
 
 namespace qvui::test {
@@ -40,59 +40,6 @@ protected:
     std::unique_ptr<ControlWindow> window;
 };
 
-TEST_F(PointerRouting, LeavesEntersAndMovesInThisOrder)
-{
-    window->mouse.MoveTo({15, 15});
-    EXPECT_EQ(TakeEvents(), "root LEAVE a, a ENTER -, a MOVE self");
-    window->mouse.MoveTo({45, 10});
-    EXPECT_EQ(TakeEvents(), "a LEAVE b, b ENTER -, b MOVE self");
-    window->mouse.MoveTo({46, 10});
-    EXPECT_EQ(TakeEvents(), "b MOVE self");
-    const tagDUIEvent& move = window->Find<Probe>("b")->lastEvent;
-    EXPECT_EQ(move.ptMouse.x, 46);
-    EXPECT_EQ(move.ptMouse.y, 10);
-    SendMessageA(window->Handle(), WM_MOUSELEAVE, 0, 0);
-    EXPECT_EQ(TakeEvents(), "b LEAVE -");
-    SendMessageA(window->Handle(), WM_MOUSELEAVE, 0, 0);
-    EXPECT_EQ(TakeEvents(), "");
-}
-
-TEST_F(PointerRouting, EndsTheHoverOverTheNonClientArea)
-{
-    window->mouse.MoveTo({15, 15});
-    TakeEvents();
-    SendMessageA(window->Handle(), WM_NCMOUSEMOVE, HTCAPTION, 0);
-    EXPECT_EQ(TakeEvents(), "a LEAVE -");
-}
-
-TEST_F(PointerRouting, KeepsMovesWithTheControlThatWasPressed)
-{
-    window->mouse.Press({15, 15});
-    TakeEvents();
-    window->mouse.MoveTo({45, 15});
-    EXPECT_EQ(TakeEvents(), "a LEAVE b, a MOVE -");
-    window->mouse.MoveTo({75, 15});
-    EXPECT_EQ(TakeEvents(), "a MOVE -");
-    SendMessageA(window->Handle(), WM_MOUSELEAVE, 0, 0);
-    EXPECT_EQ(TakeEvents(), "") << "nothing leaves a window that holds the mouse";
-    window->mouse.MoveTo({20, 15});
-    EXPECT_EQ(TakeEvents(), "a ENTER -, a MOVE -");
-    window->mouse.MoveTo({45, 15});
-    TakeEvents();
-    window->mouse.Release();
-    EXPECT_EQ(TakeEvents(), "");
-    EXPECT_EQ(GetCapture(), nullptr);
-    window->mouse.MoveTo({46, 15});
-    EXPECT_EQ(TakeEvents(), "b ENTER -, b MOVE self");
-    window->mouse.Press();
-    EXPECT_EQ(GetCapture(), window->Handle());
-    TakeEvents();
-    ReleaseCapture();
-    EXPECT_EQ(TakeEvents(), "b LEAVE -") << "the mouse was taken away";
-    window->mouse.MoveTo({75, 15}).Release();
-    EXPECT_EQ(TakeEvents(), "c ENTER -, c MOVE self");
-}
-
 TEST_F(PointerRouting, ReleasesToThePressedControlWhenItIsStillUnderThePointer)
 {
     window->Find<Probe>("a")->onEvent = [](const tagDUIEvent& event, BOOL&) {
@@ -101,15 +48,6 @@ TEST_F(PointerRouting, ReleasesToThePressedControlWhenItIsStillUnderThePointer)
     window->mouse.Press({15, 15}).Release();
     EXPECT_EQ(TakeEvents(), "root LEAVE a, a ENTER -, a MOVE self, a DOWN self, a UP self");
     SendMessageA(window->Handle(), WM_LBUTTONUP, 0, MAKELPARAM(15, 15));
-    EXPECT_EQ(TakeEvents(), "");
-}
-
-TEST_F(PointerRouting, PassesDisabledControlsOnPressesAndMeetsThemOnReleases)
-{
-    window->Find("b")->SetEnable(FALSE);
-    SendMessageA(window->Handle(), WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(45, 15));
-    EXPECT_EQ(TakeEvents(), "root DOWN self");
-    SendMessageA(window->Handle(), WM_LBUTTONUP, 0, MAKELPARAM(45, 15));
     EXPECT_EQ(TakeEvents(), "");
 }
 
@@ -144,74 +82,6 @@ TEST_F(PointerRouting, TellsTheFocusWhenAPressLandsElsewhere)
     EXPECT_FALSE(IsHandled(WM_LBUTTONDOWN, {45, 15}, MK_LBUTTON));
     EXPECT_EQ(TakeEvents(), "a KILLFOCUS b, b DOWN self, c SETFOCUS self, c ELSEWHERE b");
     EXPECT_EQ(window->Find<Probe>("a")->lastEvent.ptMouse.x, 45);
-}
-
-TEST_F(PointerRouting, FocusesTabStopsBeforeTheyHearOfThePress)
-{
-    window->Find("a")->ModifyStyle(0, DUISTYLE_TABSTOP);
-    window->mouse.MoveTo({15, 15});
-    TakeEvents();
-    window->mouse.Press();
-    EXPECT_EQ(TakeEvents(), "a SETFOCUS self, a DOWN self");
-    window->mouse.Release();
-    TakeEvents();
-    window->mouse.DoubleClick({75, 15});
-    EXPECT_EQ(TakeEvents({"MOVE", "ENTER", "LEAVE"}),
-              "a KILLFOCUS c, c DOWN self, c UP self, c DBLCLK self, c UP self");
-}
-
-TEST_F(PointerRouting, GivesThumbsEveryMoveAndTheirRelease)
-{
-    Open(
-        "<probe name='root'><probe name='filler' visible='false'/>"
-        "<probe name='thumb' answers='SBThumButton' position='0,0,30,30'/>"
-        "<probe name='b' position='30,0,60,30'/></probe>");
-    window->mouse.Press({15, 15}).MoveTo({45, 15});
-    EXPECT_EQ(TakeEvents({"root"}), "thumb ENTER -, thumb MOVE self, thumb DOWN self, thumb MOVE -");
-    EXPECT_TRUE(IsHandled(WM_MOUSEMOVE, {46, 15}, MK_LBUTTON));
-    TakeEvents();
-    window->mouse.Release();
-    EXPECT_EQ(TakeEvents(), "thumb UP self");
-}
-
-TEST_F(PointerRouting, KeepsTheCaptureOfARichEditAfterTheRelease)
-{
-    Open(
-        "<probe name='root'><probe name='filler' visible='false'/>"
-        "<probe name='edit' answers='richedit' position='0,0,30,30'/></probe>");
-    window->mouse.Press({15, 15}).Release();
-    TakeEvents();
-    window->mouse.MoveTo({100, 15});
-    EXPECT_EQ(TakeEvents({"LEAVE"}), "edit MOVE -");
-}
-
-TEST_F(PointerRouting, TurnsTheWheelToTheOutermostControlAndOnlyWithAFocus)
-{
-    window->mouse.MoveTo({15, 15});
-    TakeEvents();
-    window->mouse.Wheel(1);
-    EXPECT_EQ(TakeEvents(), "");
-    window->Find("c")->SetFocus(TRUE);
-    TakeEvents();
-    window->mouse.Wheel(-2);
-    EXPECT_EQ(TakeEvents(), "root WHEEL c");
-    EXPECT_EQ(static_cast<short>(HIWORD(window->Find<Probe>("root")->lastEvent.wParam)), -2 * 120);
-}
-
-TEST_F(PointerRouting, AsksForCursorsAndContextMenusWhereThePointerIs)
-{
-    window->mouse.MoveTo({45, 15});
-    window->Find("b")->ModifyStyle(0, DUISTYLE_CURSOR);
-    TakeEvents();
-    EXPECT_TRUE(
-        SendMessageA(window->Handle(), WM_SETCURSOR, reinterpret_cast<WPARAM>(window->Handle()), HTCLIENT));
-    EXPECT_EQ(TakeEvents(), "b SETCURSOR self");
-    POINT point{70, 15};
-    ClientToScreen(window->Handle(), &point);
-    LRESULT result = 0;
-    window->ProcessWindowMessage(window->Handle(), WM_CONTEXTMENU, 0, MAKELPARAM(point.x, point.y), result);
-    EXPECT_EQ(TakeEvents(), "c CONTEXTMENU self");
-    EXPECT_EQ(window->Find<Probe>("c")->lastEvent.ptMouse.x, 70);
 }
 
 TEST_F(PointerRouting, HandlesNothingOfOtherMessageMaps)

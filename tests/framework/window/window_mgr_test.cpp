@@ -1,6 +1,6 @@
 #include <qvui/framework/app.h>
 
-#include "framework/probe.h"
+#include "support/controls/probe.h"
 #include "support/controls/control_test.h"
 
 namespace qvui::test {
@@ -12,28 +12,6 @@ class WindowMgr : public ControlTest {
 protected:
     WindowMgr() { Probe::Register(); }
 };
-
-TEST_F(WindowMgr, KeepsMarginAndBordersFreeAroundTheRoot)
-{
-    const struct {
-        const char* name;
-        const char* attributes;
-        const char* expected;
-    } cases[] = {
-        {"nothing", "", "0,0,300,200"},
-        {"margin", "client_margin='10,20,10,20'", "10,20,290,180"},
-        {"borders", "frame_style='framed'", "2,2,298,198"},
-        {"both", "frame_style='framed' CLIENT_MARGIN='1,2,3,4'", "3,4,295,194"},
-        {"unknown frame", "frame_style='none'", "0,0,300,200"},
-        {"too much", "frame_style='framed' client_margin='200,10,200,10'", "202,12,202,12"},
-        {"beyond numbers", "client_margin='0,0,-2147483648,-2147483648'", "0,0,2147483647,2147483647"},
-    };
-    for (const auto& c : cases) {
-        ControlWindow window({300, 200},
-                             std::string("<window ") + c.attributes + "><probe name='root'/></window>");
-        EXPECT_EQ(Text(window.Find("root")->GetControlRect()), c.expected) << c.name;
-    }
-}
 
 TEST_F(WindowMgr, AddsStyleWordsAndNeverRemovesThem)
 {
@@ -103,21 +81,6 @@ TEST_F(WindowMgr, PaintsTheCentreAndTheCornersOfEveryKindOfFrame)
         window.InvalidateRect(&stale, TRUE);
         EXPECT_EQ(window.Paint().pixels, whole.pixels) << c.name << ", a part of it";
     }
-}
-
-TEST_F(WindowMgr, LaysOutAndPaintsAnewWhenItsSizeChanges)
-{
-    ControlWindow window(
-        {60, 40}, "<window frame_style='blue'><probe name='root'><probe name='child'/></probe></window>");
-    window.Paint();
-    Probe::Take();
-    window.Resize({100, 80});
-    EXPECT_EQ(Probe::Take({"MOVE", "background", "foreground", "text", "border"}),
-              "child WINDOWSIZE root, root WINDOWSIZE self");
-    EXPECT_EQ(Text(window.Find("root")->GetControlRect()), "0,0,100,80");
-    EXPECT_EQ(window.Paint().At(99, 79), 0x0000FFu);
-    window.Resize({30, 20});
-    EXPECT_EQ(window.Paint().At(29, 19), 0x0000FFu);
 }
 
 TEST_F(WindowMgr, RunsOneMoreLayoutWhenOneIsAskedForMeanwhile)
@@ -267,13 +230,6 @@ TEST_F(WindowMgr, FindsControlsByNameFromACacheThatIsToldWhenToRefresh)
     EXPECT_FALSE(window.SetButtonChecked("twin", TRUE));
     EXPECT_EQ(window.GetControlByInterface("probe"), window.GetRootControl());
     EXPECT_EQ(window.GetControlByInterface(nullptr), nullptr);
-}
-
-TEST_F(WindowMgr, ChecksButtonsByName)
-{
-    ControlWindow window({60, 40}, "<check_box name='box'/>");
-    EXPECT_TRUE(window.SetButtonChecked("box", TRUE));
-    EXPECT_TRUE(window.Find("box")->GetStatus() & DUISTATUS_CHECKED);
 }
 
 TEST_F(WindowMgr, ClimbsToTheTopLevelParentOfItsHost)

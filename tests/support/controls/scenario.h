@@ -15,7 +15,7 @@ namespace qvui::test {
 ///
 /// A script has one command a line, "#" starts a comment, and what begins with a blank is output, which Run
 /// makes anew: after "window" the laid-out tree, after every other command the controls that changed ("-"
-/// those that went), the notifications, and the control that has the focus now. Points are client coordinates
+/// those that went), the notifications, what probes were told, and the control that has the focus now. Points are client coordinates
 /// of the window, controls are called by their names.
 ///
 ///     window 400x100            then lines of XML, up to the first line without one
@@ -46,6 +46,8 @@ private:
     std::vector<std::pair<std::string, std::string>> m_now;  // a control's label and its state, in tree order
     std::vector<std::pair<std::string, std::string>> m_before;
     std::string m_focus;
+    bool m_holdsMouse = false;
+    bool m_isPainting = false;
     std::string m_text;
 };
 

@@ -1,4 +1,4 @@
-#include "bars/scenario.h"
+#include "support/controls/scenario.h"
 
 #include <algorithm>
 #include <array>
@@ -9,6 +9,7 @@
 
 #include <qvui/qvui.h>
 
+#include "support/controls/probe.h"
 #include "support/geometry_text.h"
 
 namespace qvui::test {
@@ -70,6 +71,8 @@ int KeyOf(const std::string& name)
 
 std::string TagOf(const IDUIControl& control)
 {
+    if (dynamic_cast<const Probe*>(&control))
+        return "probe";
     for (const BuiltinControl& builtin : BuiltinControls()) {
         const CRefPtr<IDUIControl> created = builtin.create();
         const IDUIControl& sample = *created.GetPtr();
@@ -235,6 +238,8 @@ const std::map<std::string, Operation> kOperations{
     {"panel.image", [](auto& w, auto& n, auto& a) { As<CDUIFramePanel>(w, n).SetImageIndex(ReadNumber(a)); }},
 };
 
+const std::vector<const char*> kPainting{"background", "foreground", " text", "border"};
+
 char LetterOf(unsigned color)
 {
     static const std::map<unsigned, char> letters{{0xFFFFFF, '.'}, {0x000000, 'k'}, {0xFF0000, 'r'},
@@ -283,6 +288,27 @@ const std::map<std::string, Scenario::Command>& Scenario::Commands()
              s.m_window->keys.Hold(VK_SHIFT);
              s.m_window->Translate(WM_KEYDOWN, VK_TAB);
              s.m_window->keys.LetGo(VK_SHIFT);
+         }},
+        {"nonclient", [](S s, A) { SendMessageA(s.m_window->Handle(), WM_NCMOUSEMOVE, HTCAPTION, 0); }},
+        {"uncapture", [](S, A) { ReleaseCapture(); }},
+        {"lose", [](S s, A) { SendMessageA(s.m_window->Handle(), WM_KILLFOCUS, 0, 0); }},
+        {"cursor",
+         [](S s, A) {
+             SendMessageA(s.m_window->Handle(), WM_SETCURSOR, reinterpret_cast<WPARAM>(s.m_window->Handle()),
+                          HTCLIENT);
+         }},
+        {"menu",
+         [](S s, A a) {
+             POINT point = ReadPoint(a);
+             ClientToScreen(s.m_window->Handle(), &point);
+             SendMessageA(s.m_window->Handle(), WM_CONTEXTMENU, 0, MAKELPARAM(point.x, point.y));
+         }},
+        {"paint", [](S s, A) { s.m_window->Paint(); }},
+        {"lock", [](S s, A a) { s.m_window->LockLayout(ReadNumber(a)); }},
+        {"timer",
+         [](S s, A a) {
+             IDUIControl& control = Named(*s.m_window, ReadWord(a));
+             control.SetTimer(static_cast<UINT>(ReadNumber(a)), 1000);
          }},
         {"translate",
          [](S s, A a) { s.m_window->Translate(WM_KEYDOWN, static_cast<WPARAM>(KeyOf(ReadWord(a)))); }},
@@ -347,6 +373,7 @@ const std::map<std::string, Scenario::Command>& Scenario::Commands()
 
 std::string Scenario::Run(const std::string& script)
 {
+    Probe::Register();
     std::istringstream lines(script);
     std::string line;
     std::string size;
@@ -393,6 +420,7 @@ void Scenario::Execute(const std::string& line)
         const std::string name = ReadWord(arguments);
         operation->second(*m_window, name, arguments);
     } else if (const auto command = Commands().find(word); command != Commands().end()) {
+        m_isPainting = word == "paint";
         command->second(*this, arguments);
     } else {
         ADD_FAILURE() << "no such command: " << line;
@@ -420,6 +448,9 @@ void Scenario::Collect(IDUIControl& control, const std::string& indent)
 
 void Scenario::WriteChanges()
 {
+    if (const std::string told = Probe::Take(m_isPainting ? std::vector<const char*>{} : kPainting);
+        !told.empty())
+        m_text += "    told " + told + "\n";
     m_now.clear();
     if (IsWindow(m_window->Handle()) && m_window->GetRootControl())
         Collect(*m_window->GetRootControl(), "  ");
@@ -443,6 +474,10 @@ void Scenario::WriteChanges()
     if (focus != m_focus)
         m_text += "    focus " + focus + "\n";
     m_focus = focus;
+    const bool holdsMouse = GetCapture() == m_window->Handle() && IsWindow(m_window->Handle());
+    if (holdsMouse != m_holdsMouse)
+        m_text += holdsMouse ? "    captures\n" : "    releases\n";
+    m_holdsMouse = holdsMouse;
 }
 
 void Scenario::WritePicture(const RECT& part)

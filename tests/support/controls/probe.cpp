@@ -1,4 +1,4 @@
-#include "framework/probe.h"
+#include "support/controls/probe.h"
 
 #include <algorithm>
 
