@@ -164,8 +164,8 @@ int main(int argc, char** argv)
         {"RegionOurs", "RegionQt", 1},
         // For scale: the mask is most of the other side's work.
         {"RegionOurs", "RegionQtFromMask", 2},
-        // The platform's blend scales its source into a buffer first; Qt's paint engine needs none.
-        {"FillOurs", "FillQt", 4},
-        {"GradientOurs", "GradientQt", 6},
+
+        {"FillOurs", "FillQt", 1.2},
+        {"GradientOurs", "GradientQt", 1.2},
     });
 }

@@ -1,8 +1,10 @@
 // AlphaBlend: premultiplied pixels over others, and plain ones weighed by a constant.
 
+#include <algorithm>
 #include <memory>
 
 #include "native/gdi/blit.h"
+#include "native/gdi/over.h"
 
 using namespace qvui::native;
 
@@ -69,6 +71,38 @@ void BlendPremultiplied(const Blit& blit, BYTE alpha)
     }
 }
 
+// The same, scaled into 32-bit pixels row by row: rows that repeat are scaled once, and rows of one colour
+// not at all.
+void BlendScaled(const Blit& blit, BYTE alpha)
+{
+    const Surface& target = blit.target->Target();
+    ForEachDrawable(*blit.target, blit.Destination(), [&](const RECT& part) {
+        const Scaler scaler(*blit.source, blit.columns, blit.rows, Sampling::Point, part);
+        if (scaler.IsOneColumn()) {
+            for (LONG y = part.top; y < part.bottom; ++y) {
+                std::uint32_t pixel = scaler.FirstOfRow(y);
+                WeighRow(&pixel, 1, alpha);
+                BlendPixel(pixel, target.Row32(y) + part.left,
+                           static_cast<std::size_t>(part.right - part.left));
+            }
+            return;
+        }
+        std::uint32_t row[kWidestTile];
+        for (LONG left = part.left; left < part.right; left += kWidestTile) {
+            const LONG right = std::min<LONG>(left + kWidestTile, part.right);
+            const auto count = static_cast<std::size_t>(right - left);
+            for (LONG y = part.top; y < part.bottom; ++y) {
+                if (y == part.top || scaler.SourceRow(y) != scaler.SourceRow(y - 1)) {
+                    scaler.Scale({left, y, right, y + 1}, row, kWidestTile);
+                    if (alpha != 255)
+                        WeighRow(row, count, alpha);
+                }
+                BlendRow(row, target.Row32(y) + left, count);
+            }
+        }
+    });
+}
+
 // Two channels at once, one in each half of the number: (s * alpha + d * (255 - alpha) + 127) / 255. No half
 // overflows into the other, and the division is exact for all numbers that occur.
 std::uint32_t MixHalves(std::uint32_t source, std::uint32_t destination, std::uint32_t alpha)
@@ -109,6 +143,8 @@ BOOL AlphaBlend(HDC dc, int x, int y, int width, int height, HDC source, int sou
                    [alpha = blend.SourceConstantAlpha](std::uint32_t from, std::uint32_t to) {
                        return OverSpilling(from, to, alpha);
                    });
+    else if (isPerPixel && !blit->IsUnscaled() && blit->target->Target().bitsPerPixel == 32)
+        BlendScaled(*blit, blend.SourceConstantAlpha);
     else if (isPerPixel)
         BlendPremultiplied(*blit, blend.SourceConstantAlpha);
     else

@@ -196,8 +196,7 @@ COLORREF GetPixel(HDC dc, int x, int y)
                                                     : CLR_INVALID;
 }
 
-// --- gradients
-// ----------------------------------------------------------------------------------------------
+// --- gradients ---------------------------------------------------------------------------------------------
 
 namespace {
 
@@ -211,19 +210,47 @@ GradientEnd EndOf(const TRIVERTEX& vertex, bool vertical)
     return {vertical ? vertex.y : vertex.x, {vertex.Blue, vertex.Green, vertex.Red, vertex.Alpha}};
 }
 
-// Each component is interpolated in 16 bits and then cut to its high byte; the end colour is never reached.
-std::uint32_t GradientPixel(const GradientEnd& first, const GradientEnd& last, int position)
-{
-    const std::int64_t length = last.position - first.position;
-    const std::int64_t step = position - first.position;
-    std::uint32_t pixel = 0;
-    for (std::size_t i = 0; i < first.components.size(); ++i) {
-        const std::int64_t value =
-            (first.components[i] * (length - step) + last.components[i] * step) / length;
-        pixel |= static_cast<std::uint32_t>((value >> 8) & 0xFF) << (8 * i);
+// The pixels of a gradient one after another. Each component is interpolated in 16 bits and then cut to its
+// high byte; the end colour is never reached. Quotients grow by a fraction at every step, without a division
+// for each.
+class GradientSteps {
+public:
+    GradientSteps(const GradientEnd& first, const GradientEnd& last, int position)
+        : m_length(last.position - first.position)
+    {
+        const std::int64_t step = position - first.position;
+        for (std::size_t i = 0; i < m_components.size(); ++i) {
+            const std::int64_t difference = last.components[i] - first.components[i];
+            const std::int64_t sum = first.components[i] * m_length + difference * step;
+            const std::int64_t rest = difference % m_length;
+            m_components[i] = {sum / m_length, sum % m_length, difference / m_length - (rest < 0),
+                               rest < 0 ? rest + m_length : rest};
+        }
     }
-    return pixel;
-}
+    std::uint32_t Next()
+    {
+        std::uint32_t pixel = 0;
+        for (std::size_t i = 0; i < m_components.size(); ++i) {
+            Component& component = m_components[i];
+            pixel |= static_cast<std::uint32_t>((component.value >> 8) & 0xFF) << (8 * i);
+            component.rest += component.restStep;
+            const bool carries = component.rest >= m_length;
+            component.rest -= carries ? m_length : 0;
+            component.value += component.step + carries;
+        }
+        return pixel;
+    }
+
+private:
+    struct Component {
+        std::int64_t value;
+        std::int64_t rest;
+        std::int64_t step;
+        std::int64_t restStep;
+    };
+    std::int64_t m_length;
+    std::array<Component, 4> m_components;
+};
 
 void DrawGradient(DeviceContext& context, const TRIVERTEX& a, const TRIVERTEX& b, bool vertical)
 {
@@ -241,12 +268,14 @@ void DrawGradient(DeviceContext& context, const TRIVERTEX& a, const TRIVERTEX& b
         const int count = part.right - part.left;
         if (!vertical) {
             row.resize(static_cast<std::size_t>(count));
-            for (int i = 0; i < count; ++i)
-                row[static_cast<std::size_t>(i)] = GradientPixel(first, last, part.left + i);
+            GradientSteps steps(first, last, part.left);
+            for (std::uint32_t& pixel : row)
+                pixel = steps.Next();
         }
+        GradientSteps steps(first, last, vertical ? part.top : first.position);
         for (int y = part.top; y < part.bottom; ++y) {
             if (vertical)
-                FillPart(context.Target(), {part.left, y, part.right, y + 1}, GradientPixel(first, last, y));
+                FillPart(context.Target(), {part.left, y, part.right, y + 1}, steps.Next());
             else
                 context.Target().Store(part.left, y, count, row.data());
         }

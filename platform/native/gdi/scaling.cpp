@@ -208,9 +208,4 @@ std::uint32_t Scaler::Interpolate(const Span& columns, const Span& rows) const
     return Mix(upper, lower, rows.weight);
 }
 
-std::uint32_t Scaler::At(int x, int y) const
-{
-    return x < 0 || y < 0 || x >= m_source.width || y >= m_source.height ? 0 : m_source.Get(x, y);
-}
-
 }  // namespace qvui::native

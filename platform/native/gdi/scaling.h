@@ -48,6 +48,13 @@ public:
     Scaler(const Surface& source, const AxisMap& columns, const AxisMap& rows, Sampling sampling,
            const RECT& part);
 
+    // For point sampling.
+    /// Rows of one number are alike.
+    int SourceRow(int y) const { return m_tables.rows[static_cast<std::size_t>(y - m_part.top)]; }
+    /// Whether all pixels of a row come from one source pixel, and that pixel.
+    bool IsOneColumn() const { return m_tables.columns.front() == m_tables.columns.back(); }
+    std::uint32_t FirstOfRow(int y) const { return At(m_tables.columns.front(), SourceRow(y)); }
+
     /// Writes the pixels of `area`, a rectangle inside the part, to rows that are `stride` pixels apart.
     void Scale(const RECT& area, std::uint32_t* out, std::ptrdiff_t stride) const;
 
@@ -72,7 +79,10 @@ private:
     void CopySamples(const int* columns, std::size_t count, int row, std::uint32_t* out) const;
     std::uint32_t JoinGroup(const Span& columns, const Span& rows) const;
     std::uint32_t Interpolate(const Span& columns, const Span& rows) const;
-    std::uint32_t At(int x, int y) const;
+    std::uint32_t At(int x, int y) const
+    {
+        return x < 0 || y < 0 || x >= m_source.width || y >= m_source.height ? 0 : m_source.Get(x, y);
+    }
 
     const Surface& m_source;
     const AxisMap& m_rows;
