@@ -346,9 +346,16 @@ void CString::FormatV(LPCSTR format, va_list arguments)
 {
     va_list again;
     va_copy(again, arguments);
-    const int length = std::vsnprintf(nullptr, 0, format, arguments);
-    std::string text(Size(length), '\0');
-    std::vsnprintf(text.data(), text.size() + 1, format, again);
+    // Most texts fit, and are formatted once.
+    char shortText[256];
+    const int length = std::vsnprintf(shortText, sizeof shortText, format, arguments);
+    std::string text;
+    if (Size(length) < sizeof shortText) {
+        text.assign(shortText, Size(length));
+    } else {
+        text.resize(Size(length));
+        std::vsnprintf(text.data(), text.size() + 1, format, again);
+    }
     va_end(again);
     m_text = std::move(text);
 }

@@ -426,7 +426,7 @@ BOOL CDUIControlBase::Activate()
 
 void CDUIControlBase::SetText(const CString& text)
 {
-    if (m_strText.CompareNoCase(text) == 0)
+    if (m_strText.IsEmpty() == text.IsEmpty() && m_strText.CompareNoCase(text) == 0)
         return;
     m_strText = text;
     m_textExtent = {};

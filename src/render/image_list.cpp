@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <cstring>
 
+#include <qvui/platform/wide_vectors.h>
 #include <qvui/render/bitmap_functions.h>
 #include <qvui/render/dib_section.h>
 
@@ -61,46 +62,43 @@ Grid GridOf(const RECT& rect, int cornerWidth, int cornerHeight)
 constexpr int kCapsFirst[3] = {0, 2, 1};
 constexpr Cell kCornersFirst[9] = {{0, 0}, {2, 0}, {1, 0}, {0, 2}, {2, 2}, {0, 1}, {2, 1}, {1, 2}, {1, 1}};
 
+// Two channels of a pixel, as a number.
+using Channels __attribute__((may_alias)) = std::uint16_t;
+constexpr std::size_t kBlock = 16;  // pixels
+
 // Blue, green and red times alpha divided by 255, truncated; (v + 1 + v / 256) / 256 is v / 255 for all
-// products of two bytes. Alpha itself is multiplied by 255, so that all bytes go through the same steps,
+// products of two bytes. Alpha itself is multiplied by 255, so that all channels go through the same steps,
 // which compilers do side by side.
-template <std::size_t Count>
-void PremultiplyPixels(std::uint32_t* pixels)
+inline void PremultiplyBlock(std::uint32_t* pixels)
 {
-    std::uint32_t factors[Count];
-    for (std::size_t i = 0; i < Count; ++i) {
+    std::uint32_t lowFactors[kBlock];
+    std::uint32_t highFactors[kBlock];
+    for (std::size_t i = 0; i < kBlock; ++i) {
         const std::uint32_t alpha = pixels[i] >> 24;
-        factors[i] = 0xFF000000 | alpha << 16 | alpha << 8 | alpha;
+        lowFactors[i] = alpha << 16 | alpha;
+        highFactors[i] = 0x00FF0000 | alpha;
     }
-    std::uint8_t bytes[sizeof factors];
-    std::uint8_t factorBytes[sizeof factors];
-    std::memcpy(bytes, pixels, sizeof bytes);
-    std::memcpy(factorBytes, factors, sizeof factors);
-    for (std::size_t i = 0; i < sizeof bytes; ++i) {
-        const auto product = static_cast<std::uint16_t>(bytes[i] * factorBytes[i]);
-        bytes[i] = static_cast<std::uint8_t>(static_cast<std::uint16_t>(product + 1 + (product >> 8)) >> 8);
-    }
-    std::memcpy(pixels, bytes, sizeof bytes);
+    const auto share = [](unsigned value, unsigned factor) {
+        const auto product = static_cast<std::uint16_t>(value * factor);
+        return static_cast<std::uint16_t>(static_cast<std::uint16_t>(product + 1 + (product >> 8)) >> 8);
+    };
+    auto* const channels = reinterpret_cast<Channels*>(pixels);
+    const auto* const low = reinterpret_cast<const Channels*>(lowFactors);
+    const auto* const high = reinterpret_cast<const Channels*>(highFactors);
+    for (std::size_t i = 0; i < 2 * kBlock; ++i)
+        channels[i] = static_cast<std::uint16_t>(share(channels[i] & 0xFF, low[i]) |
+                                                 share(channels[i] >> 8, high[i]) << 8);
 }
 
-void PremultiplyRow(std::uint32_t* row, std::size_t width)
+QVUI_WIDE_VECTORS void PremultiplyRow(std::uint32_t* row, std::size_t width)
 {
-    constexpr std::size_t kStep = 4;
-    constexpr std::uint64_t kAlphas = 0xFF000000FF000000;
     std::size_t x = 0;
-    for (; x + kStep <= width; x += kStep) {
-        // Nearly all pixels of a skin are opaque, and stay as they are, or clear, and become nothing.
-        std::uint64_t pairs[kStep / 2];
-        std::memcpy(pairs, row + x, sizeof pairs);
-        if ((pairs[0] & pairs[1] & kAlphas) == kAlphas)
-            continue;
-        if (((pairs[0] | pairs[1]) & kAlphas) == 0)
-            std::fill_n(row + x, kStep, 0U);
-        else
-            PremultiplyPixels<kStep>(row + x);
-    }
-    for (; x < width; ++x)
-        PremultiplyPixels<1>(row + x);
+    for (; x + kBlock <= width; x += kBlock)
+        PremultiplyBlock(row + x);
+    std::uint32_t rest[kBlock]{};
+    std::copy_n(row + x, width - x, rest);
+    PremultiplyBlock(rest);
+    std::copy_n(rest, width - x, row + x);
 }
 
 }  // namespace

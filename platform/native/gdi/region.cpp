@@ -102,6 +102,12 @@ void Region::ExclusiveOr(const Region& other)
     Subtract(common);
 }
 
+bool Region::Holds(const RECT& rect) const
+{
+    const pixman_box32_t box{rect.left, rect.top, rect.right, rect.bottom};
+    return !IsEmptyRect(rect) && pixman_region32_contains_rectangle(Raw(*this), &box) == PIXMAN_REGION_IN;
+}
+
 bool Region::Meets(const RECT& rect) const
 {
     if (IsEmptyRect(rect))

@@ -39,6 +39,8 @@ public:
     bool IsEmpty() const { return !pixman_region32_not_empty(Raw(*this)); }
     bool Contains(int x, int y) const { return pixman_region32_contains_point(Raw(*this), x, y, nullptr); }
     bool Meets(const RECT& rect) const;
+    /// Whether all of a rectangle that is not empty lies in the region.
+    bool Holds(const RECT& rect) const;
     bool operator==(const Region& other) const { return pixman_region32_equal(Raw(*this), Raw(other)); }
     RECT Bounds() const;
     /// NULLREGION, SIMPLEREGION or COMPLEXREGION.

@@ -8,19 +8,26 @@ Targets::~Targets()
 {
     for (Target* const target : m_list) {
         target->m_pCalls = nullptr;
-        target->m_pControl = nullptr;
+        target->Clear();
     }
 }
 
 void Targets::Forget(const IDUIControl* control)
 {
     for (Target* const target : m_list)
-        if (target->m_pControl == control)
-            target->m_pControl = nullptr;
+        if (target->Get() == control)
+            target->Clear();
 }
 
-Target::Target(Targets& calls, IDUIControl* control) : m_pCalls(&calls), m_keep(control), m_pControl(control)
+Target::Target(Targets& calls, IDUIControl* control)
+    : m_pCalls(&calls),
+      m_keep(control),
+      m_isOwned(!control || control->GetRefCount() > 0)
 {
+    if (m_isOwned)
+        m_pOwned = control;
+    else
+        m_pUnowned = control;
     calls.m_list.push_back(this);
 }
 
@@ -28,6 +35,12 @@ Target::~Target()
 {
     if (m_pCalls)
         m_pCalls->m_list.erase(std::find(m_pCalls->m_list.begin(), m_pCalls->m_list.end(), this));
+}
+
+void Target::Clear()
+{
+    m_pOwned = nullptr;
+    m_pUnowned = nullptr;
 }
 
 IDUIControl* HostWindow::Find(FindControlProc callback, void* data, UINT flags) const

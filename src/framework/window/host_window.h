@@ -42,16 +42,20 @@ public:
     Target& operator=(const Target&) = delete;
     ~Target();
 
-    IDUIControl* Get() const { return m_pControl; }
-    explicit operator bool() const { return m_pControl != nullptr; }
-    IDUIControl* operator->() const { return m_pControl; }
+    IDUIControl* Get() const { return m_isOwned ? m_pOwned : m_pUnowned.GetPtr(); }
+    explicit operator bool() const { return Get() != nullptr; }
+    IDUIControl* operator->() const { return Get(); }
     bool IsManagerAlive() const { return m_pCalls != nullptr; }
 
 private:
     friend class Targets;
+    void Clear();
+
     Targets* m_pCalls;
     ControlGuard m_keep;
-    CWeakPtr<IDUIControl> m_pControl;
+    IDUIControl* m_pOwned = nullptr;
+    CWeakPtr<IDUIControl> m_pUnowned;  // a control that nobody owns, which may be destroyed meanwhile
+    bool m_isOwned;
 };
 
 /// The native window and the control tree in it, which the parts of a window manager share.
