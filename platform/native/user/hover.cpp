@@ -1,9 +1,12 @@
 // Telling windows that the pointer left them or rests on them.
 
+#include "native/user/hover.h"
+
 #include <algorithm>
 #include <cstdlib>
 
 #include "native/kernel/clock.h"
+#include "native/user/desktop.h"
 #include "native/user/input.h"
 #include "native/user/window_tree.h"
 
@@ -14,67 +17,56 @@ constexpr std::int64_t kMillisecond = 1'000'000;
 constexpr DWORD kDefaultHoverTime = 400;
 constexpr int kHoverExtent = 4;
 
-struct Tracking {
-    HWND window = nullptr;  // null: nobody asked
-    bool leave = false;
-    bool hover = false;
-    DWORD hoverTime = kDefaultHoverTime;  // milliseconds
-    std::int64_t hoverDue = 0;
-    POINT restsAt{};
-};
-Tracking g_tracking;
-HWND g_under = nullptr;  // the window that last got a move
-
 // Both kinds are answered once.
 void Settle()
 {
-    if (!g_tracking.leave && !g_tracking.hover)
-        g_tracking.window = nullptr;
+    Tracking& tracking = TheDesktop().tracking;
+    if (!tracking.leave && !tracking.hover)
+        tracking.window = nullptr;
 }
 
 void StartHover(POINT screen)
 {
-    g_tracking.restsAt = screen;
-    g_tracking.hoverDue = Now() + g_tracking.hoverTime * kMillisecond;
+    Tracking& tracking = TheDesktop().tracking;
+    tracking.restsAt = screen;
+    tracking.hoverDue = Now() + tracking.hoverTime * kMillisecond;
 }
 
 }  // namespace
 
-HWND WindowUnderPointer()
-{
-    return g_under;
-}
-
 void PointerIsOver(HWND window)
 {
-    g_under = window;
-    if (!g_tracking.window || g_tracking.window == window)
+    Tracking& tracking = TheDesktop().tracking;
+    TheDesktop().underPointer = window;
+    if (!tracking.window || tracking.window == window)
         return;
-    if (g_tracking.leave)
-        PostMessageA(g_tracking.window, WM_MOUSELEAVE, 0, 0);
-    g_tracking = {};
+    if (tracking.leave)
+        PostMessageA(tracking.window, WM_MOUSELEAVE, 0, 0);
+    tracking = {};
 }
 
 void RestartHover(POINT screen)
 {
-    if (g_tracking.hover && (std::abs(screen.x - g_tracking.restsAt.x) > kHoverExtent / 2 ||
-                             std::abs(screen.y - g_tracking.restsAt.y) > kHoverExtent / 2))
+    Tracking& tracking = TheDesktop().tracking;
+    if (tracking.hover && (std::abs(screen.x - tracking.restsAt.x) > kHoverExtent / 2 ||
+                           std::abs(screen.y - tracking.restsAt.y) > kHoverExtent / 2))
         StartHover(screen);
 }
 
 bool TakeHover(MSG& message, const MessageFilter& filter, bool removes)
 {
-    if (!g_tracking.hover || g_tracking.hoverDue > Now() || !filter.AcceptsNumber(WM_MOUSEHOVER) ||
-        !filter.AcceptsWindow(g_tracking.window))
+    Tracking& tracking = TheDesktop().tracking;
+    if (!tracking.hover || tracking.hoverDue > Now() || !filter.AcceptsNumber(WM_MOUSEHOVER) ||
+        !filter.AcceptsWindow(tracking.window))
         return false;
-    const InputState& state = TheInputState();
+    const InputState& state = TheDesktop().input;
     POINT client = state.pointer;
-    ScreenToClient(g_tracking.window, &client);
-    message = {g_tracking.window,     WM_MOUSEHOVER,
+    ScreenToClient(tracking.window, &client);
+    message = {tracking.window,       WM_MOUSEHOVER,
                MouseKeys(state.keys), MAKELPARAM(static_cast<WORD>(client.x), static_cast<WORD>(client.y)),
                GetTickCount(),        state.pointer};
     if (removes) {
-        g_tracking.hover = false;
+        tracking.hover = false;
         Settle();
     }
     return true;
@@ -82,72 +74,67 @@ bool TakeHover(MSG& message, const MessageFilter& filter, bool removes)
 
 int MillisecondsToHover()
 {
-    if (!g_tracking.hover)
+    Tracking& tracking = TheDesktop().tracking;
+    if (!tracking.hover)
         return -1;
     return static_cast<int>(
-        std::max<std::int64_t>(0, (g_tracking.hoverDue - Now() + kMillisecond - 1) / kMillisecond));
+        std::max<std::int64_t>(0, (tracking.hoverDue - Now() + kMillisecond - 1) / kMillisecond));
 }
 
 void ForgetHover(HWND window)
 {
-    if (g_under == window)
-        g_under = nullptr;
-    if (g_tracking.window == window)
-        g_tracking = {};
+    Tracking& tracking = TheDesktop().tracking;
+    if (TheDesktop().underPointer == window)
+        TheDesktop().underPointer = nullptr;
+    if (tracking.window == window)
+        tracking = {};
 }
 
 namespace {
 
 void Cancel(const TRACKMOUSEEVENT& request)
 {
-    if (g_tracking.window != request.hwndTrack)
+    Tracking& tracking = TheDesktop().tracking;
+    if (tracking.window != request.hwndTrack)
         return;
-    g_tracking.leave = g_tracking.leave && !(request.dwFlags & TME_LEAVE);
-    g_tracking.hover = g_tracking.hover && !(request.dwFlags & TME_HOVER);
+    tracking.leave = tracking.leave && !(request.dwFlags & TME_LEAVE);
+    tracking.hover = tracking.hover && !(request.dwFlags & TME_HOVER);
     Settle();
 }
 
 bool IsPointerOver(HWND window)
 {
-    const InputState& state = TheInputState();
+    const InputState& state = TheDesktop().input;
     return state.capture == window || (!state.isPointerOutside && WindowAt(state.pointer) == window) ||
-           (!state.isPointerOutside && g_under == window);
+           (!state.isPointerOutside && TheDesktop().underPointer == window);
 }
 
 }  // namespace
-}  // namespace qvui::native
 
-using namespace qvui::native;
-
-BOOL TrackMouseEvent(TRACKMOUSEEVENT* track)
+void TrackPointer(const TRACKMOUSEEVENT& request)
 {
-    if (!track || !LookUpWindow(track->hwndTrack))
-        return FALSE;
-    if (track->dwFlags & TME_CANCEL) {
-        Cancel(*track);
-        return TRUE;
+    if (request.dwFlags & TME_CANCEL) {
+        Cancel(request);
+        return;
     }
-    if (!IsPointerOver(track->hwndTrack)) {
+    if (!IsPointerOver(request.hwndTrack)) {
         // It left before it was asked for.
-        if (track->dwFlags & TME_LEAVE)
-            PostMessageA(track->hwndTrack, WM_MOUSELEAVE, 0, 0);
-        return TRUE;
+        if (request.dwFlags & TME_LEAVE)
+            PostMessageA(request.hwndTrack, WM_MOUSELEAVE, 0, 0);
+        return;
     }
-    if (g_tracking.window != track->hwndTrack)
-        g_tracking = {};
-    g_tracking.window = track->hwndTrack;
-    g_under = track->hwndTrack;
-    g_tracking.leave = g_tracking.leave || (track->dwFlags & TME_LEAVE);
-    if (track->dwFlags & TME_HOVER) {
-        const bool isDefault = track->dwHoverTime == HOVER_DEFAULT || track->dwHoverTime == 0;
-        g_tracking.hover = true;
-        g_tracking.hoverTime = isDefault ? kDefaultHoverTime : track->dwHoverTime;
-        StartHover(TheInputState().pointer);
+    Tracking& tracking = TheDesktop().tracking;
+    if (tracking.window != request.hwndTrack)
+        tracking = {};
+    tracking.window = request.hwndTrack;
+    TheDesktop().underPointer = request.hwndTrack;
+    tracking.leave = tracking.leave || (request.dwFlags & TME_LEAVE);
+    if (request.dwFlags & TME_HOVER) {
+        const bool isDefault = request.dwHoverTime == HOVER_DEFAULT || request.dwHoverTime == 0;
+        tracking.hover = true;
+        tracking.hoverTime = isDefault ? kDefaultHoverTime : request.dwHoverTime;
+        StartHover(TheDesktop().input.pointer);
     }
-    return TRUE;
 }
 
-BOOL _TrackMouseEvent(TRACKMOUSEEVENT* track)
-{
-    return TrackMouseEvent(track);
-}
+}  // namespace qvui::native

@@ -1,9 +1,14 @@
 // What the display reports, waiting to be taken out as messages.
 
+#include "native/user/input_queue.h"
+
 #include <algorithm>
 
-#include "native/user/activation.h"
-#include "native/user/input.h"
+#include "native/user/desktop.h"
+#include "native/user/focus.h"
+#include "native/user/hover.h"
+#include "native/user/keyboard.h"
+#include "native/user/mouse.h"
 #include "native/user/painting.h"
 #include "native/user/window_tree.h"
 
@@ -12,26 +17,17 @@ namespace {
 
 using Kind = InputEvent::Kind;
 
-std::deque<InputEvent>& Waiting()
-{
-    static auto& events = *new std::deque<InputEvent>();
-    return events;
-}
-
-bool g_pointerMayHaveMoved = false;
-HWND g_seenUnderPointer = nullptr;  // the frontmost window there when that was last looked at
-
 void Add(InputEvent event)
 {
     event.time = GetTickCount();
-    Waiting().push_back(std::move(event));
+    TheDesktop().events.push_back(std::move(event));
 }
 
 void AddMove(POINT screen)
 {
     // Only the latest of several moves in a row matters.
-    if (!Waiting().empty() && Waiting().back().kind == Kind::Move)
-        Waiting().back().screen = screen;
+    if (!TheDesktop().events.empty() && TheDesktop().events.back().kind == Kind::Move)
+        TheDesktop().events.back().screen = screen;
     else
         Add({Kind::Move, screen, 0, false, {}, 0});
 }
@@ -65,14 +61,14 @@ bool Commit(const InputEvent& event, RoutedInput& routed)
 void Drop(const InputEvent& event)
 {
     if (event.kind == Kind::Key || event.kind == Kind::Button)
-        TheInputState().keys.Apply(event.code, event.isDown);
+        TheDesktop().input.keys.Apply(event.code, event.isDown);
     else
         PointerIsOver(nullptr);
 }
 
 bool TakeWaiting(MSG& message, const MessageFilter& filter, bool removes)
 {
-    std::deque<InputEvent>& waiting = Waiting();
+    std::deque<InputEvent>& waiting = TheDesktop().events;
     const auto putBack = [&](InputEvent event, std::size_t at) {
         waiting.insert(waiting.begin() + static_cast<std::ptrdiff_t>(std::min(at, waiting.size())),
                        std::move(event));
@@ -108,11 +104,11 @@ bool TakeWaiting(MSG& message, const MessageFilter& filter, bool removes)
 // Windows came or went: makes a move when another one is under the pointer now.
 bool AddMoveForChange()
 {
-    if (!std::exchange(g_pointerMayHaveMoved, false))
+    if (!std::exchange(TheDesktop().pointerMayHaveMoved, false))
         return false;
-    const InputState& state = TheInputState();
+    const InputState& state = TheDesktop().input;
     const HWND front = state.isPointerOutside ? nullptr : WindowAt(state.pointer);
-    if (front == std::exchange(g_seenUnderPointer, front))
+    if (front == std::exchange(TheDesktop().seenUnderPointer, front))
         return false;
     AddMove(state.pointer);
     return true;
@@ -122,39 +118,39 @@ class Sink final : public InputSink {
 public:
     void OnPointer(POINT screen) override
     {
-        InputState& state = TheInputState();
+        InputState& state = TheDesktop().input;
         state.pointer = screen;
         state.isPointerOutside = false;
         AddMove(screen);
         // During a capture the others do not learn of it; ReleaseCapture makes up for that.
         if (!state.capture)
-            g_seenUnderPointer = WindowAt(screen);
+            TheDesktop().seenUnderPointer = WindowAt(screen);
     }
     void OnPointerLeft() override
     {
-        TheInputState().isPointerOutside = true;
-        if (TheInputState().capture)
+        TheDesktop().input.isPointerOutside = true;
+        if (TheDesktop().input.capture)
             return;
-        g_seenUnderPointer = nullptr;
+        TheDesktop().seenUnderPointer = nullptr;
         PointerIsOver(nullptr);
     }
     void OnButton(int button, bool isDown) override
     {
-        Add({Kind::Button, TheInputState().pointer, button, isDown, {}, 0});
+        Add({Kind::Button, TheDesktop().input.pointer, button, isDown, {}, 0});
     }
-    void OnWheel(int delta) override { Add({Kind::Wheel, TheInputState().pointer, delta, false, {}, 0}); }
+    void OnWheel(int delta) override { Add({Kind::Wheel, TheDesktop().input.pointer, delta, false, {}, 0}); }
     void OnKey(int virtualKey, bool isDown) override
     {
-        Add({Kind::Key, TheInputState().pointer, virtualKey, isDown, {}, 0});
+        Add({Kind::Key, TheDesktop().input.pointer, virtualKey, isDown, {}, 0});
     }
     void OnText(const std::string& utf8) override
     {
         // Text right after a press is what the key types; the message loop decides whether it is translated.
-        if (!Waiting().empty() && Waiting().back().kind == Kind::Key && Waiting().back().isDown &&
-            Waiting().back().text.empty())
-            Waiting().back().text = utf8;
+        if (!TheDesktop().events.empty() && TheDesktop().events.back().kind == Kind::Key &&
+            TheDesktop().events.back().isDown && TheDesktop().events.back().text.empty())
+            TheDesktop().events.back().text = utf8;
         else
-            Add({Kind::Text, TheInputState().pointer, 0, false, utf8, 0});
+            Add({Kind::Text, TheDesktop().input.pointer, 0, false, utf8, 0});
     }
     void OnMoved(HWND window, const RECT& screen) override
     {
@@ -179,7 +175,7 @@ public:
             ActivateWindow(window, WA_ACTIVE);
         if (window)
             return;
-        TheInputState().keys.isDown.fill(false);
+        TheDesktop().input.keys.isDown.fill(false);
         if (const HWND holder = GetCapture())
             SendMessageA(holder, WM_CANCELMODE, 0, 0);
         ActivateWindow(nullptr, WA_INACTIVE);
@@ -192,12 +188,6 @@ public:
 };
 
 }  // namespace
-
-InputState& TheInputState()
-{
-    static auto& state = *new InputState();
-    return state;
-}
 
 InputSink& TheInputSink()
 {
@@ -213,12 +203,12 @@ bool TakeInput(MSG& message, const MessageFilter& filter, bool removes)
 
 void PointerMayHaveMoved()
 {
-    g_pointerMayHaveMoved = true;
+    TheDesktop().pointerMayHaveMoved = true;
 }
 
 void ForgetInput(HWND window)
 {
-    InputState& state = TheInputState();
+    InputState& state = TheDesktop().input;
     if (state.capture == window) {
         state.capture = nullptr;
         TheDisplay().Capture(false);
@@ -227,19 +217,3 @@ void ForgetInput(HWND window)
 }
 
 }  // namespace qvui::native
-
-using namespace qvui::native;
-
-BOOL GetCursorPos(POINT* point)
-{
-    const InputState& state = TheInputState();
-    *point = state.isPointerOutside ? TheDisplay().Pointer() : state.pointer;
-    return TRUE;
-}
-
-BOOL SetCursorPos(int x, int y)
-{
-    TheDisplay().SetPointer({x, y});
-    TheInputSink().OnPointer({x, y});
-    return TRUE;
-}

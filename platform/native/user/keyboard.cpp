@@ -1,7 +1,10 @@
 // Key events to messages, and key messages to characters.
 
+#include "native/user/keyboard.h"
+
 #include "native/display/keyboard_layout.h"
 #include "native/kernel/code_pages.h"
+#include "native/user/desktop.h"
 #include "native/user/input.h"
 
 namespace qvui::native {
@@ -10,31 +13,6 @@ namespace {
 constexpr LPARAM kAltDown = 1 << 29;
 constexpr LPARAM kWasDown = 1 << 30;
 constexpr LPARAM kReleased = static_cast<LPARAM>(0xC0000000U);
-
-struct Sides {
-    int general;
-    int left;
-    int right;
-};
-constexpr Sides kSides[] = {
-    {VK_SHIFT, VK_LSHIFT, VK_RSHIFT}, {VK_CONTROL, VK_LCONTROL, VK_RCONTROL}, {VK_MENU, VK_LMENU, VK_RMENU}};
-
-// What the key message that was taken out last types, for TranslateMessage.
-struct Typed {
-    WPARAM key = 0;
-    DWORD time = 0;
-    std::string text;  // UTF-8
-};
-Typed g_typed;
-bool g_altAlone = false;  // Alt is down and no other key came since
-
-int GeneralKey(int virtualKey)
-{
-    for (const Sides& sides : kSides)
-        if (virtualKey == sides.left || virtualKey == sides.right)
-            return sides.general;
-    return virtualKey;
-}
 
 // Keys go to the focus; without one to the active window, as system keys.
 HWND KeyTarget()
@@ -47,7 +25,7 @@ bool IsSystemKey(int key, bool isDown, const KeyStates& keys)
     if (!GetFocus() || key == VK_F10)
         return true;
     if (key == VK_MENU)
-        return isDown ? !keys[VK_CONTROL] : g_altAlone;
+        return isDown ? !keys[VK_CONTROL] : TheDesktop().isAltAlone;
     return keys[VK_MENU] && !keys[VK_CONTROL];
 }
 
@@ -90,7 +68,7 @@ struct Characters {
 // meant.
 Characters CharactersOf(const MSG& message)
 {
-    const KeyStates& keys = TheInputState().keys;
+    const KeyStates& keys = TheDesktop().input.keys;
     const auto key = static_cast<int>(message.wParam);
     const UINT number = message.message == WM_SYSKEYDOWN ? WM_SYSCHAR : WM_CHAR;
     const bool isControl = keys[VK_CONTROL] && !keys[VK_MENU];
@@ -98,34 +76,20 @@ Characters CharactersOf(const MSG& message)
         return {number, std::string(1, control)};
     if (isControl)
         return {};
-    const bool isFromDisplay = g_typed.key == message.wParam && g_typed.time == message.time;
+    const bool isFromDisplay =
+        TheDesktop().typed.key == message.wParam && TheDesktop().typed.time == message.time;
     if (number == WM_SYSCHAR && (message.lParam & kAltDown))
-        return isFromDisplay && !g_typed.text.empty() ? Characters{WM_CHAR, g_typed.text}
-                                                      : Characters{number, PlainText(key, keys)};
-    return {number, isFromDisplay ? g_typed.text : PlainText(key, keys)};
+        return isFromDisplay && !TheDesktop().typed.text.empty()
+                   ? Characters{WM_CHAR, TheDesktop().typed.text}
+                   : Characters{number, PlainText(key, keys)};
+    return {number, isFromDisplay ? TheDesktop().typed.text : PlainText(key, keys)};
 }
 
 }  // namespace
 
-void KeyStates::Apply(int virtualKey, bool down)
-{
-    const auto set = [this, down](int key) {
-        const auto index = static_cast<std::size_t>(key & 0xFF);
-        if (down && !isDown[index])
-            isToggled[index] = !isToggled[index];
-        isDown[index] = down;
-    };
-    set(virtualKey);
-    for (const Sides& sides : kSides)
-        if (virtualKey == sides.general)
-            set(sides.left);
-        else if (virtualKey == sides.left || virtualKey == sides.right)
-            isDown[static_cast<std::size_t>(sides.general)] = (*this)[sides.left] || (*this)[sides.right];
-}
-
 bool RouteKey(const InputEvent& event, RoutedInput& routed)
 {
-    const InputState& state = TheInputState();
+    const InputState& state = TheDesktop().input;
     MSG& message = routed.message;
     message.hwnd = KeyTarget();
     if (!message.hwnd)
@@ -147,11 +111,18 @@ bool RouteKey(const InputEvent& event, RoutedInput& routed)
 
 void CommitKey(const InputEvent& event, const RoutedInput& routed)
 {
-    TheInputState().keys.Apply(event.code, event.isDown);
+    TheDesktop().input.keys.Apply(event.code, event.isDown);
     if (!event.isDown)
         return;
-    g_altAlone = routed.message.wParam == VK_MENU;
-    g_typed = {routed.message.wParam, routed.message.time, event.text};
+    TheDesktop().isAltAlone = routed.message.wParam == VK_MENU;
+    TheDesktop().typed = {routed.message.wParam, routed.message.time, event.text};
+}
+
+bool PostCharactersOf(const MSG& message)
+{
+    const Characters characters = CharactersOf(message);
+    PostCharacters(message.hwnd, characters.message, characters.text, message.lParam);
+    return !characters.text.empty();
 }
 
 void PostText(const std::string& utf8)
@@ -160,46 +131,3 @@ void PostText(const std::string& utf8)
 }
 
 }  // namespace qvui::native
-
-using namespace qvui::native;
-
-BOOL TranslateMessage(const MSG* message)
-{
-    if (message->message != WM_KEYDOWN && message->message != WM_SYSKEYDOWN)
-        return FALSE;
-    const Characters characters = CharactersOf(*message);
-    if (characters.text.empty())
-        return FALSE;
-    PostCharacters(message->hwnd, characters.message, characters.text, message->lParam);
-    return TRUE;
-}
-
-SHORT GetKeyState(int key)
-{
-    const KeyStates& keys = TheInputState().keys;
-    return static_cast<SHORT>((keys[key] ? 0x8000 : 0) |
-                              (keys.isToggled[static_cast<std::size_t>(key & 0xFF)] ? 1 : 0));
-}
-
-SHORT GetAsyncKeyState(int key)
-{
-    return static_cast<SHORT>(TheInputState().keys[key] ? 0x8000 : 0);
-}
-
-BOOL GetKeyboardState(BYTE* states)
-{
-    const KeyStates& keys = TheInputState().keys;
-    for (std::size_t key = 0; key < keys.isDown.size(); ++key)
-        states[key] = static_cast<BYTE>((keys.isDown[key] ? 0x80 : 0) | (keys.isToggled[key] ? 1 : 0));
-    return TRUE;
-}
-
-BOOL SetKeyboardState(BYTE* states)
-{
-    KeyStates& keys = TheInputState().keys;
-    for (std::size_t key = 0; key < keys.isDown.size(); ++key) {
-        keys.isDown[key] = (states[key] & 0x80) != 0;
-        keys.isToggled[key] = (states[key] & 1) != 0;
-    }
-    return TRUE;
-}

@@ -1,16 +1,19 @@
 // Mouse events to messages: which window, which message, what happens on the way.
 
+#include "native/user/mouse.h"
+
 #include <algorithm>
 #include <cstdlib>
 
-#include "native/user/activation.h"
+#include "native/user/desktop.h"
+#include "native/user/focus.h"
+#include "native/user/hover.h"
 #include "native/user/input.h"
 #include "native/user/window_tree.h"
 
 namespace qvui::native {
 namespace {
 
-constexpr UINT kDoubleClickTime = 500;
 constexpr int kDoubleClickExtent = 4;
 
 struct ButtonMessages {
@@ -29,15 +32,6 @@ constexpr ButtonMessages kButtons[] = {
      WM_NCRBUTTONDBLCLK},
     {VK_MBUTTON, WM_MBUTTONDOWN, WM_MBUTTONUP, WM_MBUTTONDBLCLK, WM_NULL, WM_NULL, WM_NULL},
 };
-
-// The last press, which another one may make a double click of.
-struct Press {
-    HWND window = nullptr;
-    int button = 0;
-    POINT at{};
-    DWORD time = 0;
-};
-Press g_lastPress;
 
 LPARAM Packed(POINT point)
 {
@@ -64,17 +58,18 @@ Target FindUnder(POINT screen)
 
 Target FindTarget(POINT screen)
 {
-    const InputState& state = TheInputState();
+    const InputState& state = TheDesktop().input;
     return LookUpWindow(state.capture) ? Target{state.capture, HTCLIENT} : FindUnder(screen);
 }
 
 bool IsDoubleClick(HWND window, const InputEvent& event)
 {
     const Window* found = LookUpWindow(window);
-    return found && (found->windowClass->definition.style & CS_DBLCLKS) && g_lastPress.window == window &&
-           g_lastPress.button == event.code && event.time - g_lastPress.time <= kDoubleClickTime &&
-           std::abs(event.screen.x - g_lastPress.at.x) < kDoubleClickExtent / 2 &&
-           std::abs(event.screen.y - g_lastPress.at.y) < kDoubleClickExtent / 2;
+    return found && (found->windowClass->definition.style & CS_DBLCLKS) &&
+           TheDesktop().lastPress.window == window && TheDesktop().lastPress.button == event.code &&
+           event.time - TheDesktop().lastPress.time <= kDoubleClickTime &&
+           std::abs(event.screen.x - TheDesktop().lastPress.at.x) < kDoubleClickExtent / 2 &&
+           std::abs(event.screen.y - TheDesktop().lastPress.at.y) < kDoubleClickExtent / 2;
 }
 
 UINT ButtonMessage(const InputEvent& event, const Target& target)
@@ -113,8 +108,8 @@ bool IsDoubleClickMessage(UINT message)
 void RememberPress(const InputEvent& event, const MSG& message)
 {
     // A third press is a plain one again.
-    g_lastPress = {IsDoubleClickMessage(message.message) ? nullptr : message.hwnd, event.code, event.screen,
-                   event.time};
+    TheDesktop().lastPress = {IsDoubleClickMessage(message.message) ? nullptr : message.hwnd, event.code,
+                              event.screen, event.time};
 }
 
 // All ancestors are told of a press in a child, in their own client coordinates.
@@ -155,11 +150,9 @@ void SendSetCursor(const RoutedInput& routed)
 
 }  // namespace
 
-WPARAM MouseKeys(const KeyStates& keys)
+HWND WindowTakingMouse(POINT screen)
 {
-    return (keys[VK_LBUTTON] ? MK_LBUTTON : 0) | (keys[VK_RBUTTON] ? MK_RBUTTON : 0) |
-           (keys[VK_MBUTTON] ? MK_MBUTTON : 0) | (keys[VK_SHIFT] ? MK_SHIFT : 0) |
-           (keys[VK_CONTROL] ? MK_CONTROL : 0);
+    return FindUnder(screen).window;
 }
 
 bool RouteMouse(const InputEvent& event, RoutedInput& routed)
@@ -171,7 +164,7 @@ bool RouteMouse(const InputEvent& event, RoutedInput& routed)
     routed.hit = target.hit;
     if (message.message == WM_NULL)
         return false;
-    KeyStates keys = TheInputState().keys;
+    KeyStates keys = TheDesktop().input.keys;
     if (event.kind == InputEvent::Kind::Button)
         keys.Apply(event.code, event.isDown);
     POINT client = event.screen;
@@ -191,7 +184,7 @@ bool RouteMouse(const InputEvent& event, RoutedInput& routed)
 
 bool CommitMouse(const InputEvent& event, RoutedInput& routed)
 {
-    InputState& state = TheInputState();
+    InputState& state = TheDesktop().input;
     const HWND window = routed.message.hwnd;
     const bool isPress = event.kind == InputEvent::Kind::Button && event.isDown;
     if (event.kind == InputEvent::Kind::Button)
@@ -212,40 +205,3 @@ bool CommitMouse(const InputEvent& event, RoutedInput& routed)
 }
 
 }  // namespace qvui::native
-
-using namespace qvui::native;
-
-HWND SetCapture(HWND window)
-{
-    InputState& state = TheInputState();
-    if (window && !LookUpWindow(window))
-        return nullptr;
-    const HWND previous = std::exchange(state.capture, window);
-    TheDisplay().Capture(window != nullptr);
-    if (previous && previous != window)
-        SendMessageA(previous, WM_CAPTURECHANGED, 0, reinterpret_cast<LPARAM>(window));
-    return previous;
-}
-
-HWND GetCapture()
-{
-    return TheInputState().capture;
-}
-
-BOOL ReleaseCapture()
-{
-    SetCapture(nullptr);
-    // During the capture nobody else learnt that the pointer is over it.
-    PointerMayHaveMoved();
-    return TRUE;
-}
-
-HWND WindowFromPoint(POINT screen)
-{
-    return FindUnder(screen).window;
-}
-
-UINT GetDoubleClickTime()
-{
-    return kDoubleClickTime;
-}

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "native/user/desktop.h"
+
 namespace qvui::native {
 namespace {
 

@@ -1,9 +1,11 @@
 // Timers: at most one tick of each waits, however late it is taken.
 
+#include "native/user/timers.h"
+
 #include <algorithm>
 
 #include "native/kernel/clock.h"
-#include "native/user/input.h"
+#include "native/user/desktop.h"
 
 namespace qvui::native {
 namespace {
@@ -11,39 +13,31 @@ namespace {
 constexpr std::int64_t kMillisecond = 1'000'000;
 constexpr std::int64_t kShortestPeriod = 10 * kMillisecond;
 
-struct Timer {
-    HWND window;
-    UINT_PTR id;
-    std::int64_t period;  // nanoseconds
-    std::int64_t due;
-    TIMERPROC procedure;
-};
-
-// In the order in which they are due.
-std::vector<Timer>& Timers()
-{
-    static auto& timers = *new std::vector<Timer>();
-    return timers;
-}
-
 void Insert(const Timer& timer)
 {
-    std::vector<Timer>& timers = Timers();
+    std::vector<Timer>& timers = TheDesktop().timers;
     const auto isEarlier = [](const Timer& one, const Timer& other) { return one.due < other.due; };
     timers.insert(std::upper_bound(timers.begin(), timers.end(), timer, isEarlier), timer);
 }
 
-bool Remove(HWND window, UINT_PTR id)
+}  // namespace
+
+void StartTimer(HWND window, UINT_PTR id, UINT milliseconds, TIMERPROC procedure)
 {
-    return std::erase_if(Timers(),
+    StopTimer(window, id);
+    const std::int64_t period = std::max(milliseconds * kMillisecond, kShortestPeriod);
+    Insert({window, id, period, Now() + period, procedure});
+}
+
+bool StopTimer(HWND window, UINT_PTR id)
+{
+    return std::erase_if(TheDesktop().timers,
                          [&](const Timer& timer) { return timer.window == window && timer.id == id; }) > 0;
 }
 
-}  // namespace
-
 bool TakeTimer(MSG& message, const MessageFilter& filter, bool removes)
 {
-    std::vector<Timer>& timers = Timers();
+    std::vector<Timer>& timers = TheDesktop().timers;
     const std::int64_t now = Now();
     const auto found = std::find_if(timers.begin(), timers.end(), [&](const Timer& timer) {
         return timer.due > now || (filter.AcceptsNumber(WM_TIMER) && filter.AcceptsWindow(timer.window));
@@ -53,7 +47,7 @@ bool TakeTimer(MSG& message, const MessageFilter& filter, bool removes)
     Timer timer = *found;
     message = {timer.window,   WM_TIMER,
                timer.id,       reinterpret_cast<LPARAM>(timer.procedure),
-               GetTickCount(), TheInputState().pointer};
+               GetTickCount(), TheDesktop().input.pointer};
     if (removes) {
         timers.erase(found);
         timer.due = now + timer.period;
@@ -64,35 +58,15 @@ bool TakeTimer(MSG& message, const MessageFilter& filter, bool removes)
 
 int MillisecondsToNextTimer()
 {
-    if (Timers().empty())
+    if (TheDesktop().timers.empty())
         return -1;
-    return static_cast<int>(
-        std::max<std::int64_t>(0, (Timers().front().due - Now() + kMillisecond - 1) / kMillisecond));
+    return static_cast<int>(std::max<std::int64_t>(
+        0, (TheDesktop().timers.front().due - Now() + kMillisecond - 1) / kMillisecond));
 }
 
 void RemoveTimersOf(HWND window)
 {
-    std::erase_if(Timers(), [window](const Timer& timer) { return timer.window == window; });
+    std::erase_if(TheDesktop().timers, [window](const Timer& timer) { return timer.window == window; });
 }
 
 }  // namespace qvui::native
-
-using namespace qvui::native;
-
-UINT_PTR SetTimer(HWND window, UINT_PTR id, UINT milliseconds, TIMERPROC procedure)
-{
-    if (window && !LookUpWindow(window))
-        return 0;
-    static UINT_PTR nextFree = 0x7000;
-    if (!window)
-        id = nextFree++;
-    Remove(window, id);
-    const std::int64_t period = std::max(milliseconds * kMillisecond, kShortestPeriod);
-    Insert({window, id, period, Now() + period, procedure});
-    return id ? id : 1;
-}
-
-BOOL KillTimer(HWND window, UINT_PTR id)
-{
-    return Remove(window, id);
-}

@@ -21,9 +21,6 @@ struct WindowClass {
     WNDCLASSEXA definition{};
 };
 
-/// The class of a name or atom, or null.
-std::shared_ptr<WindowClass> FindClass(LPCSTR name);
-
 /// What a window still has to draw, in client coordinates.
 struct PendingPaint {
     Region region;
@@ -64,9 +61,5 @@ struct Window {
     int Height() const { return rect.bottom - rect.top; }
     RECT Client() const { return {0, 0, Width(), Height()}; }
 };
-
-HandleTable<Window, 6>& Windows();
-/// The window of a handle, or null.
-Window* LookUpWindow(HWND window);
 
 }  // namespace qvui::native

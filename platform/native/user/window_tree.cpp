@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "native/user/desktop.h"
+
 namespace qvui::native {
 namespace {
 
@@ -68,7 +70,7 @@ void SplitBands(std::vector<HWND>& order)
 
 void RestackTopLevel(Window& window, HWND insertAfter)
 {
-    std::vector<HWND>& order = TopLevelWindows();
+    std::vector<HWND>& order = TheDesktop().topLevel;
     Window* const neighbour = LookUpWindow(insertAfter);
     if (neighbour && RootOwnerOf(*neighbour) == RootOwnerOf(window))
         return;  // owners and what they own keep their order among themselves
@@ -134,16 +136,10 @@ void SubtractShown(Region& region, HWND handle, POINT offset)
 
 }  // namespace
 
-std::vector<HWND>& TopLevelWindows()
-{
-    static auto& windows = *new std::vector<HWND>();
-    return windows;
-}
-
 std::vector<HWND>& SiblingsOf(const Window& window)
 {
     Window* parent = window.IsChild() ? LookUpWindow(window.parent) : nullptr;
-    return parent ? parent->children : TopLevelWindows();
+    return parent ? parent->children : TheDesktop().topLevel;
 }
 
 Window* RootOf(Window& window)
@@ -263,7 +259,7 @@ bool Restack(Window& window, HWND insertAfter)
 std::vector<HWND> WindowsAt(POINT screen)
 {
     std::vector<HWND> found;
-    for (const HWND handle : TopLevelWindows()) {
+    for (const HWND handle : TheDesktop().topLevel) {
         const Window* window = LookUpWindow(handle);
         constexpr DWORD kPasses = WS_EX_TRANSPARENT | WS_EX_LAYERED;
         if (!window || !window->IsVisible() || (window->style & WS_MINIMIZE) ||

@@ -5,8 +5,6 @@
 /// Who stands where: parents, owners, stacking order, places on the screen and what of a window shows.
 namespace qvui::native {
 
-/// Top-level windows from the topmost down: those with WS_EX_TOPMOST first, popups above their owners.
-std::vector<HWND>& TopLevelWindows();
 /// The list that a window stands in: its parent's children or the top-level windows.
 std::vector<HWND>& SiblingsOf(const Window& window);
 /// The top-level window that a window stands in (itself for one).

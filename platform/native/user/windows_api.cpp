@@ -4,28 +4,20 @@
 
 #include "native/core/live_counts.h"
 #include "native/kernel/code_pages.h"
-#include "native/user/activation.h"
-#include "native/user/input.h"
-#include "native/user/painting.h"
+#include "native/user/classes.h"
+#include "native/user/desktop.h"
+#include "native/user/focus.h"
+#include "native/user/input_queue.h"
+#include "native/user/message_queue.h"
+#include "native/user/timers.h"
 #include "native/user/window_tree.h"
 
 namespace qvui::native {
 
-HandleTable<Window, 6>& Windows()
-{
-    static auto& windows = *new HandleTable<Window, 6>();
-    return windows;
-}
-
-Window* LookUpWindow(HWND window)
-{
-    return Windows().Peek(window);
-}
-
 namespace {
 
 [[maybe_unused]] const bool g_counted =
-    RegisterLiveCount(&LiveCounts::windows, [] { return Windows().LiveCount(); });
+    RegisterLiveCount(&LiveCounts::windows, [] { return TheDesktop().windows.LiveCount(); });
 
 HWND AddWindow(const std::shared_ptr<WindowClass>& windowClass, const CREATESTRUCTA& parameters)
 {
@@ -45,7 +37,7 @@ HWND AddWindow(const std::shared_ptr<WindowClass>& windowClass, const CREATESTRU
         window->owner = RootOf(*owner)->handle;
     }
     Window& created = *window;
-    created.handle = static_cast<HWND>(Windows().Insert(std::move(window)));
+    created.handle = static_cast<HWND>(TheDesktop().windows.Insert(std::move(window)));
     AddToTree(created);
     return created.handle;
 }
@@ -87,7 +79,7 @@ void Erase(HWND handle)
     RemoveFromTree(*window);
     if (!window->IsChild())
         TheDisplay().Close(handle);
-    Windows().Remove(handle);
+    TheDesktop().windows.Remove(handle);
     PointerMayHaveMoved();
 }
 
@@ -119,7 +111,7 @@ void SendNcDestroy(HWND handle)
 
 void DestroyOwned(HWND owner)
 {
-    const std::vector<HWND> others = TopLevelWindows();
+    const std::vector<HWND> others = TheDesktop().topLevel;
     for (const HWND other : others)
         if (const Window* owned = LookUpWindow(other); owned && owned->owner == owner)
             DestroyWindow(other);

@@ -13,6 +13,8 @@ void ActivateNextTo(HWND leaving);
 void FocusLeaves(HWND hidden);
 /// Whether a window may become active when it is shown or pressed.
 bool IsActivatable(const Window& window);
+/// Whether neither the window nor one above it is disabled or minimised.
+bool CanTakeFocus(HWND window);
 /// A destroyed window is neither active nor in focus.
 void ForgetActivation(HWND window);
 

@@ -6,33 +6,13 @@
 
 #include "native/core/live_counts.h"
 #include "native/kernel/cursor_file.h"
-#include "native/user/window.h"
+#include "native/user/desktop.h"
 
 namespace qvui::native {
 namespace {
 
-struct CursorObject {
-    int systemCursor = 0;
-    bool isShared = false;
-    CursorImage image;
-};
-
-HandleTable<CursorObject, 7>& Cursors()
-{
-    static auto& cursors = *new HandleTable<CursorObject, 7>();
-    return cursors;
-}
-
-std::vector<std::pair<int, HCURSOR>>& SystemCursors()
-{
-    static auto& cursors = *new std::vector<std::pair<int, HCURSOR>>();
-    return cursors;
-}
-
-[[maybe_unused]] const bool g_counted =
-    RegisterLiveCount(&LiveCounts::icons, [] { return Cursors().LiveCount() - SystemCursors().size(); });
-
-HCURSOR g_cursor = nullptr;
+[[maybe_unused]] const bool g_counted = RegisterLiveCount(
+    &LiveCounts::icons, [] { return TheDesktop().cursors.LiveCount() - TheDesktop().systemCursors.size(); });
 
 CursorImage LoadCursorFile(LPCSTR path)
 {
@@ -77,12 +57,12 @@ HCURSOR LoadCursorA(HINSTANCE module, LPCSTR name)
     const auto number = static_cast<int>(reinterpret_cast<ULONG_PTR>(name));
     if (module || !IS_INTRESOURCE(name) || number < kFirst || number > kLast)
         return nullptr;
-    for (const auto& [known, cursor] : SystemCursors())
+    for (const auto& [known, cursor] : TheDesktop().systemCursors)
         if (known == number)
             return cursor;
     const auto cursor = static_cast<HCURSOR>(
-        Cursors().Insert(std::make_shared<CursorObject>(CursorObject{number, true, {}})));
-    SystemCursors().emplace_back(number, cursor);
+        TheDesktop().cursors.Insert(std::make_shared<CursorObject>(CursorObject{number, true, {}})));
+    TheDesktop().systemCursors.emplace_back(number, cursor);
     return cursor;
 }
 
@@ -97,32 +77,33 @@ HANDLE LoadImageA(HINSTANCE module, LPCSTR name, UINT type, int, int, UINT flags
         SetLastError(ERROR_RESOURCE_DATA_NOT_FOUND);
         return nullptr;
     }
-    return Cursors().Insert(std::make_shared<CursorObject>(CursorObject{0, false, std::move(image)}));
+    return TheDesktop().cursors.Insert(
+        std::make_shared<CursorObject>(CursorObject{0, false, std::move(image)}));
 }
 
 BOOL DestroyCursor(HCURSOR cursor)
 {
-    const CursorObject* found = Cursors().Peek(cursor);
+    const CursorObject* found = TheDesktop().cursors.Peek(cursor);
     if (!found)
         return FALSE;
     if (!found->isShared)
-        Cursors().Remove(cursor);
+        TheDesktop().cursors.Remove(cursor);
     return TRUE;
 }
 
 HCURSOR SetCursor(HCURSOR cursor)
 {
-    if (cursor == g_cursor)
+    if (cursor == TheDesktop().cursor)
         return cursor;
-    const CursorObject* found = Cursors().Peek(cursor);
+    const CursorObject* found = TheDesktop().cursors.Peek(cursor);
     if (found && found->image.pixels)
         TheDisplay().SetCursorImage(*found->image.pixels, found->image.hotSpot);
     else
         TheDisplay().SetCursorShape(found ? found->systemCursor : 0);
-    return std::exchange(g_cursor, cursor);
+    return std::exchange(TheDesktop().cursor, cursor);
 }
 
 HCURSOR GetCursor()
 {
-    return g_cursor;
+    return TheDesktop().cursor;
 }

@@ -1,8 +1,7 @@
 #pragma once
 
-#include "native/user/window.h"
+#include <qvui/platform/native/user.h>
 
-/// The parts of the message queue that other files feed.
 namespace qvui::native {
 
 /// Which messages a call asks for.
@@ -26,15 +25,5 @@ struct MessageFilter {
         return AcceptsNumber(message.message) && AcceptsWindow(message.hwnd);
     }
 };
-
-// --- messages.cpp
-void RemoveMessagesOf(HWND window);
-
-// --- timers.cpp
-/// Turns the timer that has been due for longest into a message. With `removes` its next period begins.
-bool TakeTimer(MSG& message, const MessageFilter& filter, bool removes);
-/// Milliseconds until the next timer is due, 0 when one is, -1 when there is none.
-int MillisecondsToNextTimer();
-void RemoveTimersOf(HWND window);
 
 }  // namespace qvui::native

@@ -1,7 +1,6 @@
 // What a window carries: styles, numbers, its title, whether it is enabled.
 
-#include "native/user/activation.h"
-#include "native/user/window_tree.h"
+#include "native/user/desktop.h"
 
 using namespace qvui::native;
 

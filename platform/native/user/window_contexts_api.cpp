@@ -3,6 +3,7 @@
 #include <map>
 
 #include "native/kernel/modules.h"
+#include "native/user/desktop.h"
 #include "native/user/painting.h"
 #include "native/user/window_tree.h"
 
@@ -10,22 +11,10 @@ using namespace qvui::native;
 
 namespace {
 
-// What a window's context has to show when it closes.
-struct OpenContext {
-    HWND window;
-    RECT area;  // client coordinates
-};
-
-std::map<HDC, OpenContext>& OpenContexts()
-{
-    static auto& contexts = *new std::map<HDC, OpenContext>();
-    return contexts;
-}
-
 HDC OpenWindowContext(Window& window, Region visible, const RECT& area)
 {
     const HDC dc = OpenDeviceContext(RootOf(window)->surface, OriginInRoot(window), std::move(visible));
-    OpenContexts()[dc] = {window.handle, area};
+    TheDesktop().openContexts[dc] = {window.handle, area};
     return dc;
 }
 
@@ -40,12 +29,12 @@ HDC OpenScreenContext()
 
 void CloseWindowContext(HDC dc)
 {
-    const auto open = OpenContexts().find(dc);
-    if (open == OpenContexts().end())
+    const auto open = TheDesktop().openContexts.find(dc);
+    if (open == TheDesktop().openContexts.end())
         return;
     if (Window* window = LookUpWindow(open->second.window))
         PresentDamage(*window, open->second.area);
-    OpenContexts().erase(open);
+    TheDesktop().openContexts.erase(open);
     CloseDeviceContext(dc);
 }
 
@@ -115,7 +104,7 @@ HDC GetWindowDC(HWND window)
 
 int ReleaseDC(HWND, HDC dc)
 {
-    if (!OpenContexts().contains(dc))
+    if (!TheDesktop().openContexts.contains(dc))
         return DeleteDC(dc);
     CloseWindowContext(dc);
     return 1;

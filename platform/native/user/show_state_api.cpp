@@ -1,6 +1,7 @@
 // Showing, hiding, minimising, maximising and restoring windows.
 
-#include "native/user/activation.h"
+#include "native/user/desktop.h"
+#include "native/user/focus.h"
 #include "native/user/painting.h"
 #include "native/user/window_tree.h"
 

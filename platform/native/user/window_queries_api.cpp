@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "native/user/desktop.h"
 #include "native/user/window_tree.h"
 
 using namespace qvui::native;

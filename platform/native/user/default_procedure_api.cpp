@@ -4,7 +4,7 @@
 #include <cstring>
 
 #include "native/kernel/code_pages.h"
-#include "native/user/input.h"
+#include "native/user/desktop.h"
 #include "native/user/move_size.h"
 #include "native/user/painting.h"
 

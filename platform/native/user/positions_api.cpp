@@ -2,8 +2,9 @@
 
 #include <algorithm>
 
-#include "native/user/activation.h"
-#include "native/user/input.h"
+#include "native/user/desktop.h"
+#include "native/user/focus.h"
+#include "native/user/input_queue.h"
 #include "native/user/painting.h"
 #include "native/user/window_tree.h"
 

@@ -1,0 +1,10 @@
+#pragma once
+
+#include "native/user/window.h"
+
+namespace qvui::native {
+
+/// The class of a name or atom, or null.
+std::shared_ptr<WindowClass> FindClass(LPCSTR name);
+
+}  // namespace qvui::native

@@ -1,0 +1,19 @@
+// Leaving and hovering: the exported functions.
+
+#include "native/user/desktop.h"
+#include "native/user/hover.h"
+
+using namespace qvui::native;
+
+BOOL TrackMouseEvent(TRACKMOUSEEVENT* track)
+{
+    if (!track || !LookUpWindow(track->hwndTrack))
+        return FALSE;
+    TrackPointer(*track);
+    return TRUE;
+}
+
+BOOL _TrackMouseEvent(TRACKMOUSEEVENT* track)
+{
+    return TrackMouseEvent(track);
+}
