@@ -71,20 +71,19 @@ constexpr std::size_t kBlock = 16;  // pixels
 // which compilers do side by side.
 inline void PremultiplyBlock(std::uint32_t* pixels)
 {
-    std::uint32_t lowFactors[kBlock];
-    std::uint32_t highFactors[kBlock];
+    // For each number of two channels: the factor of its lower and that of its higher channel.
+    std::uint16_t low[2 * kBlock];
+    std::uint16_t high[2 * kBlock];
     for (std::size_t i = 0; i < kBlock; ++i) {
-        const std::uint32_t alpha = pixels[i] >> 24;
-        lowFactors[i] = alpha << 16 | alpha;
-        highFactors[i] = 0x00FF0000 | alpha;
+        const auto alpha = static_cast<std::uint16_t>(pixels[i] >> 24);
+        low[2 * i] = low[2 * i + 1] = high[2 * i] = alpha;
+        high[2 * i + 1] = 0xFF;
     }
     const auto share = [](unsigned value, unsigned factor) {
         const auto product = static_cast<std::uint16_t>(value * factor);
         return static_cast<std::uint16_t>(static_cast<std::uint16_t>(product + 1 + (product >> 8)) >> 8);
     };
     auto* const channels = reinterpret_cast<Channels*>(pixels);
-    const auto* const low = reinterpret_cast<const Channels*>(lowFactors);
-    const auto* const high = reinterpret_cast<const Channels*>(highFactors);
     for (std::size_t i = 0; i < 2 * kBlock; ++i)
         channels[i] = static_cast<std::uint16_t>(share(channels[i] & 0xFF, low[i]) |
                                                  share(channels[i] >> 8, high[i]) << 8);
