@@ -3,8 +3,8 @@
 #include <qvui/framework/app.h>
 #include <qvui/framework/message_loop.h>
 
-#include "support/controls/probe.h"
 #include "support/controls/control_test.h"
+#include "support/controls/probe.h"
 
 namespace qvui::test {
 namespace {

@@ -2,8 +2,8 @@
 #include <qvui/framework/app.h>
 #include <qvui/framework/control_builder.h>
 
-#include "support/controls/probe.h"
 #include "support/controls/control_test.h"
+#include "support/controls/probe.h"
 
 namespace qvui::test {
 namespace {

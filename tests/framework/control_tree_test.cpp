@@ -1,7 +1,7 @@
 #include <qvui/controls/rows/list_box.h>
 
-#include "support/controls/probe.h"
 #include "support/controls/control_test.h"
+#include "support/controls/probe.h"
 
 namespace qvui::test {
 namespace {

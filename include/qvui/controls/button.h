@@ -56,8 +56,8 @@ protected:
 ///
 /// A press and release inside it, or Space, activates it. Strips hold icons for normal, hot, pushed (also
 /// checked) and disabled; a strip that is too short shows its first icon instead. A disabled button becomes
-/// neither hot nor pushed, but the pointer's leaving and the release end both: one that disables itself in its
-/// click is not hot when it is enabled again.
+/// neither hot nor pushed, but the pointer's leaving and the release end both: one that disables itself in
+/// its click is not hot when it is enabled again.
 ///
 /// With toolbar_style "check", as on a tool bar, each click turns the check state over, after its
 /// notification.

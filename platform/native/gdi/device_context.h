@@ -105,12 +105,4 @@ void ForEachDrawable(DeviceContext& context, const RECT& rect, Draw draw)
     }
 }
 
-/// Fills a rectangle in surface coordinates with a pixel.
-void FillPixels(DeviceContext& context, const RECT& rect, std::uint32_t pixel);
-/// Fills a rectangle in logical coordinates with the context's background colour (inverted ones normalised).
-void FillOpaqueRectangle(DeviceContext& context, RECT rect);
-/// Fill a rectangle or a region in surface coordinates with a brush.
-void FillRectangle(DeviceContext& context, const RECT& rect, const BrushObject& brush);
-void FillRegion(DeviceContext& context, const Region& region, const BrushObject& brush);
-
 }  // namespace qvui::native

@@ -13,5 +13,6 @@ std::int64_t Now();
 /// What Sleep does with a replaced clock; null: really sleep.
 using SleepFunction = void (*)(std::int64_t nanoseconds);
 void SetSleep(SleepFunction sleep);
+void WaitFor(std::int64_t nanoseconds);
 
 }  // namespace qvui::native

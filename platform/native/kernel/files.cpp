@@ -1,5 +1,7 @@
 // Files under platform paths: either separator, and letter case as the author of a skin happened to write it.
 
+#include "native/kernel/files.h"
+
 #include <dirent.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -14,7 +16,6 @@
 
 #include "native/core/handle_table.h"
 #include "native/kernel/code_pages.h"
-#include "native/kernel/files.h"
 
 namespace qvui::native {
 namespace {
@@ -36,14 +37,6 @@ std::string MatchingEntry(const std::string& folder, const std::string& name)
 bool Exists(const std::string& path)
 {
     return access(path.c_str(), F_OK) == 0;
-}
-
-// Whether a file may be opened. A folder may not, nor may a pipe or a device be read, which need not end; a
-// file that is not there is left to whoever opens it.
-bool MayOpen(const std::string& path, bool reads)
-{
-    struct stat status {};
-    return stat(path.c_str(), &status) != 0 || (reads ? S_ISREG(status.st_mode) : !S_ISDIR(status.st_mode));
 }
 
 }  // namespace
@@ -81,63 +74,21 @@ std::string ExistingPath(const char* path)
 
 }  // namespace qvui::native
 
-using namespace qvui::native;
-
-std::FILE* OpenPlatformFile(const char* path, const char* mode)
-{
-    const bool reads = mode && mode[0] == 'r';
-    const std::string local = reads ? ExistingPath(path) : LocalPath(path);
-    return MayOpen(local, reads) ? std::fopen(local.c_str(), mode) : nullptr;
-}
-
 namespace {
 
-struct File {
-    explicit File(std::FILE* opened) : stream(opened) {}
-    File(const File&) = delete;
-    File& operator=(const File&) = delete;
-    ~File() { std::fclose(stream); }
-    std::FILE* stream;
-};
-
-HandleTable<File, 2>& Files()
+// Whether a file may be opened. A folder may not, nor may a pipe or a device be read, which need not end; a
+// file that is not there is left to whoever opens it.
+bool MayOpen(const std::string& path, bool reads)
 {
-    static auto& files = *new HandleTable<File, 2>();
-    return files;
+    struct stat status {};
+    return stat(path.c_str(), &status) != 0 || (reads ? S_ISREG(status.st_mode) : !S_ISDIR(status.st_mode));
 }
 
 }  // namespace
 
-HANDLE CreateFileA(LPCSTR path, DWORD access, DWORD, void*, DWORD disposition, DWORD, HANDLE)
+std::FILE* OpenPlatformFile(const char* path, const char* mode)
 {
-    const bool writes = (access & GENERIC_WRITE) != 0;
-    std::FILE* stream = OpenPlatformFile(path, !writes ? "rb" : disposition == CREATE_ALWAYS ? "wb+" : "rb+");
-    if (!stream) {
-        SetLastError(ERROR_FILE_NOT_FOUND);
-        return INVALID_HANDLE_VALUE;
-    }
-    return Files().Insert(std::make_shared<File>(stream));
-}
-
-BOOL ReadFile(HANDLE file, LPVOID buffer, DWORD size, DWORD* read, void*)
-{
-    const File* opened = Files().Peek(file);
-    const std::size_t count = opened ? std::fread(buffer, 1, size, opened->stream) : 0;
-    if (read)
-        *read = static_cast<DWORD>(count);
-    return opened && !std::ferror(opened->stream);
-}
-
-BOOL WriteFile(HANDLE file, LPCVOID buffer, DWORD size, DWORD* written, void*)
-{
-    const File* opened = Files().Peek(file);
-    const std::size_t count = opened ? std::fwrite(buffer, 1, size, opened->stream) : 0;
-    if (written)
-        *written = static_cast<DWORD>(count);
-    return opened && count == size;
-}
-
-BOOL CloseHandle(HANDLE file)
-{
-    return Files().Remove(file) != nullptr;
+    const bool reads = mode && mode[0] == 'r';
+    const std::string local = reads ? qvui::native::ExistingPath(path) : qvui::native::LocalPath(path);
+    return MayOpen(local, reads) ? std::fopen(local.c_str(), mode) : nullptr;
 }

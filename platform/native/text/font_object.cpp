@@ -262,11 +262,3 @@ std::shared_ptr<FontObject> FontOf(const ContextState& state)
 }
 
 }  // namespace qvui::native
-
-using namespace qvui::native;
-
-HFONT CreateFontIndirectA(const LOGFONTA* description)
-{
-    return description ? static_cast<HFONT>(AddGdiObject(std::make_shared<FontObject>(*description)))
-                       : nullptr;
-}

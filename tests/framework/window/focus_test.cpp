@@ -1,5 +1,5 @@
-#include "support/controls/probe.h"
 #include "support/controls/control_test.h"
+#include "support/controls/probe.h"
 
 namespace qvui::test {
 namespace {

@@ -1,7 +1,7 @@
 #include <qvui/framework/app.h>
 
-#include "support/controls/probe.h"
 #include "support/controls/control_test.h"
+#include "support/controls/probe.h"
 #include "support/table.h"
 
 namespace qvui::test {

@@ -15,8 +15,8 @@ namespace qvui::test {
 ///
 /// A script has one command a line, "#" starts a comment, and what begins with a blank is output, which Run
 /// makes anew: after "window" the laid-out tree, after every other command the controls that changed ("-"
-/// those that went), the notifications, what probes were told, and the control that has the focus now. Points are client coordinates
-/// of the window, controls are called by their names.
+/// those that went), the notifications, what probes were told, and the control that has the focus now. Points
+/// are client coordinates of the window, controls are called by their names.
 ///
 ///     window 400x100            then lines of XML, up to the first line without one
 ///     skin NAME  language NAME  resize WxH  fire NAME ID (a timer)  picture L,T,R,B (a letter for each

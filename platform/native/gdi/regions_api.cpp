@@ -4,6 +4,7 @@
 #include <cstring>
 
 #include "native/gdi/device_context.h"
+#include "native/gdi/fills.h"
 
 using namespace qvui::native;
 

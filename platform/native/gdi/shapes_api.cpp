@@ -6,6 +6,7 @@
 #include <span>
 
 #include "native/gdi/device_context.h"
+#include "native/gdi/fills.h"
 
 using namespace qvui::native;
 

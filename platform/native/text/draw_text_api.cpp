@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstring>
 
+#include "native/gdi/fills.h"
 #include "native/kernel/code_pages.h"
 #include "native/text/text_drawing.h"
 #include "native/text/text_layout.h"
