@@ -1,6 +1,8 @@
 #include <qvui/render/image_list.h>
 
 #include <algorithm>
+#include <array>
+#include <bit>
 #include <climits>
 #include <cstdint>
 #include <cstring>
@@ -71,14 +73,16 @@ constexpr std::size_t kBlock = 16;  // pixels
 // which compilers do side by side.
 inline void PremultiplyBlock(std::uint32_t* pixels)
 {
-    // For each number of two channels: the factor of its lower and that of its higher channel.
-    std::uint16_t low[2 * kBlock];
-    std::uint16_t high[2 * kBlock];
+    std::array<std::uint32_t, kBlock> lowFactors;
+    std::array<std::uint32_t, kBlock> highFactors;
     for (std::size_t i = 0; i < kBlock; ++i) {
-        const auto alpha = static_cast<std::uint16_t>(pixels[i] >> 24);
-        low[2 * i] = low[2 * i + 1] = high[2 * i] = alpha;
-        high[2 * i + 1] = 0xFF;
+        const std::uint32_t alpha = pixels[i] >> 24;
+        lowFactors[i] = alpha << 16 | alpha;
+        highFactors[i] = 0x00FF0000 | alpha;
     }
+    using Factors = std::array<std::uint16_t, 2 * kBlock>;
+    const auto low = std::bit_cast<Factors>(lowFactors);
+    const auto high = std::bit_cast<Factors>(highFactors);
     const auto share = [](unsigned value, unsigned factor) {
         const auto product = static_cast<std::uint16_t>(value * factor);
         return static_cast<std::uint16_t>(static_cast<std::uint16_t>(product + 1 + (product >> 8)) >> 8);
