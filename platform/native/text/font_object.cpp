@@ -17,16 +17,21 @@ constexpr std::size_t kMostLines = 2048;
 constexpr std::size_t kLongestCachedLine = 4096;
 constexpr int kDefaultHeight = -12;
 
-PangoContext* SharedContext()
+PangoFontMap* FontMap()
 {
-    static PangoContext* const context = [] {
-        PangoFontMap* map = pango_ft2_font_map_new();
-        pango_ft2_font_map_set_resolution(PANGO_FT2_FONT_MAP(map), kScreenResolution, kScreenResolution);
-        PangoContext* created = pango_font_map_create_context(map);
-        g_object_unref(map);
-        pango_context_set_round_glyph_positions(created, TRUE);
+    static PangoFontMap* const map = [] {
+        PangoFontMap* created = pango_ft2_font_map_new();
+        pango_ft2_font_map_set_resolution(PANGO_FT2_FONT_MAP(created), kScreenResolution, kScreenResolution);
         return created;
     }();
+    return map;
+}
+
+PangoContext* MakeContext(PangoDirection direction)
+{
+    PangoContext* context = pango_font_map_create_context(FontMap());
+    pango_context_set_round_glyph_positions(context, TRUE);
+    pango_context_set_base_dir(context, direction);
     return context;
 }
 
@@ -99,7 +104,7 @@ struct Heights {
 
 Heights Measure(const PangoFontDescription* font)
 {
-    PangoFontMetrics* metrics = pango_context_get_metrics(SharedContext(), font, nullptr);
+    PangoFontMetrics* metrics = pango_context_get_metrics(TextContext(), font, nullptr);
     const Heights heights{Pixels(pango_font_metrics_get_ascent(metrics)),
                           Pixels(pango_font_metrics_get_descent(metrics)),
                           Pixels(pango_font_metrics_get_approximate_char_width(metrics))};
@@ -118,6 +123,13 @@ LOGFONTA DefaultDescription()
 }
 
 }  // namespace
+
+PangoContext* TextContext(bool isRightToLeft)
+{
+    static PangoContext* const leftToRight = MakeContext(PANGO_DIRECTION_LTR);
+    static PangoContext* const rightToLeft = MakeContext(PANGO_DIRECTION_RTL);
+    return isRightToLeft ? rightToLeft : leftToRight;
+}
 
 FontObject::FontObject(const LOGFONTA& description) : GdiObject(kKind), m_description(description)
 {
@@ -180,6 +192,25 @@ const TEXTMETRICA& FontObject::Metrics()
     return m_metrics;
 }
 
+const PangoFontDescription* FontObject::Face()
+{
+    if (!m_isLoaded)
+        Load();
+    return m_font.get();
+}
+
+int FontObject::PlainWidth(std::string_view ascii)
+{
+    int width = 0;
+    for (const char character : ascii) {
+        const int advance = IsPrintableAscii(character) ? AdvanceOf(character) : kDependsOnNeighbours;
+        if (advance < 0)
+            return -1;
+        width += advance;
+    }
+    return width;
+}
+
 const ShapedLine& FontObject::Shape(std::string_view utf8)
 {
     if (!m_isLoaded)
@@ -192,7 +223,7 @@ const ShapedLine& FontObject::Shape(std::string_view utf8)
     Entry& entry = m_lines.emplace_front();
     entry.text = utf8;
     m_index[entry.text] = m_lines.begin();
-    PangoLayout* layout = pango_layout_new(SharedContext());
+    PangoLayout* layout = pango_layout_new(TextContext());
     entry.line.layout.reset(layout);
     pango_layout_set_single_paragraph_mode(layout, TRUE);
     pango_layout_set_font_description(layout, m_font.get());

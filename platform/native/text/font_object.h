@@ -42,6 +42,11 @@ public:
 
     const LOGFONTA& Description() const { return m_description; }
     const TEXTMETRICA& Metrics();
+    /// The font as the shaper names it; valid as long as this object.
+    const PangoFontDescription* Face();
+    /// The width of printable ASCII text when each of its characters takes the same space in any company; -1
+    /// otherwise.
+    int PlainWidth(std::string_view ascii);
     /// The shaped line of a UTF-8 text without line breaks; valid until the next call on this font.
     const ShapedLine& Shape(std::string_view utf8);
     /// The widths of the shaped line, added up from its characters' where those don't depend on one another;
@@ -71,6 +76,9 @@ private:
     std::array<int, '~' - ' ' + 1> m_advances;
     std::vector<int> m_widths;
 };
+
+/// The contexts in which text is shaped, one for each base direction; they live as long as the process.
+PangoContext* TextContext(bool isRightToLeft = false);
 
 /// The font selected into a context; never null.
 std::shared_ptr<FontObject> FontOf(const ContextState& state);

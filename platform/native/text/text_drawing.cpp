@@ -26,10 +26,10 @@ std::uint32_t Mixed(std::uint32_t ink, std::uint32_t back, std::uint32_t weight)
     return mixed;
 }
 
-// Blends the text colour in by coverage. Touched pixels get alpha 0, as the platform's text does.
-void BlendCoverage(DeviceContext& context, const RECT& area, const std::uint8_t* coverage, int pitch)
+// Blends a colour in by coverage. Touched pixels get alpha 0, as the platform's text does.
+void BlendCoverage(DeviceContext& context, const RECT& area, const std::uint8_t* coverage, int pitch,
+                   std::uint32_t ink)
 {
-    const std::uint32_t ink = PixelOf(context.state.textColour);
     ForEachDrawable(context, area, [&](const RECT& part) {
         for (int y = part.top; y < part.bottom; ++y) {
             const std::uint8_t* row =
@@ -41,10 +41,12 @@ void BlendCoverage(DeviceContext& context, const RECT& area, const std::uint8_t*
     });
 }
 
-void DrawGlyphs(DeviceContext& context, PangoLayoutLine* line, POINT baseline)
+// Draws what `render(bitmap, x, y)` rasterises with its baseline at (x, y) of the bitmap. `ink` is relative
+// to the baseline.
+template <class Render>
+void DrawRendered(DeviceContext& context, const PangoRectangle& ink, POINT baseline, std::uint32_t pixel,
+                  Render render)
 {
-    PangoRectangle ink;
-    pango_layout_line_get_pixel_extents(line, &ink, nullptr);
     const RECT area{baseline.x + ink.x - 1, baseline.y + ink.y - 1, baseline.x + ink.x + ink.width + 1,
                     baseline.y + ink.y + ink.height + 1};
     // Only the part that can show is rasterised: a line may be a megabyte long.
@@ -62,8 +64,16 @@ void DrawGlyphs(DeviceContext& context, PangoLayoutLine* line, POINT baseline)
     bitmap.buffer = coverage.data();
     bitmap.num_grays = 256;
     bitmap.pixel_mode = FT_PIXEL_MODE_GRAY;
-    pango_ft2_render_layout_line(&bitmap, line, baseline.x - shown.left, baseline.y - shown.top);
-    BlendCoverage(context, shown, coverage.data(), width);
+    render(&bitmap, baseline.x - shown.left, baseline.y - shown.top);
+    BlendCoverage(context, shown, coverage.data(), width, pixel);
+}
+
+void DrawGlyphs(DeviceContext& context, PangoLayoutLine* line, POINT baseline)
+{
+    PangoRectangle ink;
+    pango_layout_line_get_pixel_extents(line, &ink, nullptr);
+    DrawRendered(context, ink, baseline, PixelOf(context.state.textColour),
+                 [&](FT_Bitmap* bitmap, int x, int y) { pango_ft2_render_layout_line(bitmap, line, x, y); });
 }
 
 }  // namespace
@@ -93,6 +103,16 @@ void DrawLineAt(DeviceContext& context, FontObject& font, std::string_view utf8,
         rule(baseline + 1);
     if (font.Description().lfStrikeOut)
         rule(baseline - metrics.tmAscent / 3);
+}
+
+void DrawGlyphRun(DeviceContext& context, PangoFont* font, PangoGlyphString* glyphs, POINT baseline,
+                  std::uint32_t pixel)
+{
+    PangoRectangle ink;
+    pango_glyph_string_extents(glyphs, font, &ink, nullptr);
+    pango_extents_to_pixels(&ink, nullptr);
+    DrawRendered(context, ink, baseline, pixel,
+                 [&](FT_Bitmap* bitmap, int x, int y) { pango_ft2_render(bitmap, font, glyphs, x, y); });
 }
 
 void FillTextBackground(DeviceContext& context, POINT at, int width, int height)

@@ -15,6 +15,10 @@ std::string Utf8Of(LPCSTR text, int length);
 /// coordinates.
 void DrawLineAt(DeviceContext& context, FontObject& font, std::string_view utf8, POINT at);
 
+/// Draws glyphs of a shaped run, their baseline's start in surface coordinates, in the colour of a pixel.
+void DrawGlyphRun(DeviceContext& context, PangoFont* font, PangoGlyphString* glyphs, POINT baseline,
+                  std::uint32_t pixel);
+
 /// Fills the cells of a line with the background colour in the opaque mode.
 void FillTextBackground(DeviceContext& context, POINT at, int width, int height);
 
