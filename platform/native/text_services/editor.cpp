@@ -1,5 +1,7 @@
 #include "native/text_services/editor.h"
 
+#include <glib.h>
+
 #include <algorithm>
 #include <array>
 
@@ -8,6 +10,7 @@ namespace {
 
 // A link is looked for so far around a change.
 constexpr int kLongestLink = 2048;
+constexpr int kFindWindow = 1 << 16;
 
 bool IsLink(std::u16string_view word)
 {
@@ -52,6 +55,7 @@ void Editor::SetText(std::u16string text, bool keepsUndo)
         m_document.SetText(std::move(text));
         m_history.Clear();
         m_view.Replaced(0, length, m_document.Length());
+        Damage(0, m_document.Length());
         m_selection = {};
         ++m_changes;
         if (m_detectsLinks)
@@ -62,11 +66,23 @@ void Editor::SetText(std::u16string text, bool keepsUndo)
     m_isModified = false;
 }
 
+// Notes a change that left [first, last) behind, `growth` units longer than before.
+void Editor::Damage(Position first, Position last, int growth)
+{
+    if (m_damage) {
+        const Position end = m_damage->last > first ? std::max(m_damage->last + growth, last) : last;
+        m_damage = {std::min(m_damage->first, first), std::max(end, last)};
+    } else {
+        m_damage = {first, last};
+    }
+}
+
 void Editor::Replace(Position first, Position last, Fragment fragment, std::optional<FormatId> tail)
 {
     const int inserted = fragment.Units();
     Document::Removed removed = m_document.Replace(first, last, std::move(fragment), tail);
     m_view.Replaced(first, last - first, inserted);
+    Damage(first, first + inserted, inserted - (last - first));
     m_history.Add(UndoHistory::Edit{first, inserted, std::move(removed)});
     ++m_changes;
     m_isModified = true;
@@ -169,6 +185,7 @@ UndoHistory::Record Editor::Invert(UndoHistory::Record record)
         Document::Removed removed = m_document.Replace(edit->first, edit->first + edit->inserted,
                                                        std::move(edit->removed.fragment), edit->removed.tail);
         m_view.Replaced(edit->first, edit->inserted, inserted);
+        Damage(edit->first, edit->first + inserted, inserted - edit->inserted);
         return UndoHistory::Edit{edit->first, inserted, std::move(removed)};
     }
     auto& change = std::get<UndoHistory::FormatChange>(record);
@@ -177,6 +194,7 @@ UndoHistory::Record Editor::Invert(UndoHistory::Record record)
     const Position last = change.before.back().last;
     inverse.before =
         change.isOfParagraphs ? m_document.ParagraphFormats(first, last) : m_document.Formats(first, last);
+    Damage(first, last);
     for (const Document::FormatSpan& span : change.before) {
         if (change.isOfParagraphs)
             m_document.SetParagraphFormat(span.first, span.format);
@@ -369,6 +387,7 @@ void Editor::FormatRange(Position first, Position last, const ChangeFormat& chan
     if (first >= last)
         return;
     UndoHistory::FormatChange record{m_document.Formats(first, last), false};
+    Damage(first, last);
     for (const Document::FormatSpan& span : record.before) {
         CharFormat format = m_formats[span.format];
         change(format);
@@ -384,6 +403,7 @@ void Editor::SetDefaultFormat(const CharFormat& format)
 {
     m_formats.SetDefault(format);
     m_view.DefaultsChanged();
+    Damage(0, m_document.Length());
 }
 
 Editor::ParagraphFormat Editor::FormatOfParagraphs() const
@@ -416,6 +436,38 @@ void Editor::SetDefaultParagraphFormat(const ParaFormat& format)
 {
     ParaFormats().SetDefault(format);
     m_view.DefaultsChanged();
+    Damage(0, m_document.Length());
+}
+
+Editor::Position Editor::Find(std::u16string_view wanted, Position first, Position last, bool isDown,
+                              bool matchesCase, bool isWholeWord)
+{
+    const auto size = static_cast<Position>(wanted.size());
+    if (size == 0)
+        return -1;
+    const auto folded = [matchesCase](char16_t unit) {
+        return matchesCase ? unit : static_cast<char16_t>(g_unichar_tolower(unit));
+    };
+    const Position low = std::min(first, last);
+    const Position high = std::max(first, last);
+    // In windows that overlap by the text that is looked for.
+    for (Position passed = 0; passed + size <= high - low; passed += kFindWindow) {
+        const Position count = std::min(kFindWindow + size - 1, high - low - passed);
+        const Position start = isDown ? low + passed : high - passed - count;
+        const std::u16string text = m_document.Text(start, start + count);
+        for (Position i = 0; i + size <= count; ++i) {
+            const Position at = isDown ? i : count - size - i;
+            const bool isSame = std::equal(wanted.begin(), wanted.end(), text.begin() + at,
+                                           [&](char16_t a, char16_t b) { return folded(a) == folded(b); });
+            if (!isSame)
+                continue;
+            const Words::Span word =
+                isWholeWord ? WordsOfText().Bare(start + at) : Words::Span{start + at, start + at + size};
+            if (word.first == start + at && word.last == start + at + size)
+                return start + at;
+        }
+    }
+    return -1;
 }
 
 void Editor::SetDetectsLinks(bool detects)
@@ -457,6 +509,7 @@ void Editor::DetectLinks(Position first, Position last)
                 continue;
             format.effects = (format.effects & ~CFE_LINK) | effect;
             m_document.SetFormat(span.first, span.last, m_formats.Intern(format));
+            Damage(span.first, span.last);
         }
     };
     Position at = first;

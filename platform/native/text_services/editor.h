@@ -22,6 +22,7 @@ public:
 
     const Document& Text() const { return m_document; }
     TextView& View() { return m_view; }
+    const TextView& View() const { return m_view; }
     const Selection& Selected() const { return m_selection; }
     bool IsModified() const { return m_isModified; }
     void SetModified(bool isModified) { m_isModified = isModified; }
@@ -108,12 +109,19 @@ public:
     void FormatParagraphs(const std::function<void(ParaFormat&)>& change);
     void SetDefaultParagraphFormat(const ParaFormat& format);
 
+    /// The start of the first occurrence of a text from `first` on, before `last`; of the last one before
+    /// `first`, after `last`, when it is looked for upwards. -1 when there is none.
+    Position Find(std::u16string_view wanted, Position first, Position last, bool isDown, bool matchesCase,
+                  bool isWholeWord);
+
     FormatPool<CharFormat>& CharFormats() { return m_document.CharFormats(); }
     FormatPool<ParaFormat>& ParaFormats() { return m_document.ParaFormats(); }
     Words WordsOfText() { return {m_document, m_view}; }
 
     /// Counts changes of the text.
     int Changes() const { return m_changes; }
+    /// What has changed in text or formats since the last call.
+    std::optional<Span> TakeDamage() { return std::exchange(m_damage, std::nullopt); }
 
 private:
     void Replace(Position first, Position last, Fragment fragment,
@@ -126,6 +134,7 @@ private:
     void MoveVertically(int direction, int page, bool extends);
     void DetectLinks(Position first, Position last);
     void ForgetInsertionFormat() { m_insertion.reset(); }
+    void Damage(Position first, Position last, int growth = 0);
 
     Document m_document;
     FormatPool<CharFormat>& m_formats;
@@ -135,6 +144,7 @@ private:
     std::optional<FormatId> m_insertion;    // set on the empty selection, for what is typed next
     std::optional<std::int64_t> m_wishedX;  // that vertical movements aim at
     int m_changes = 0;
+    std::optional<Span> m_damage;
     bool m_isModified = false;
     bool m_isMultiLine = true;
     bool m_isRich = true;

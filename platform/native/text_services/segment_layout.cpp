@@ -134,6 +134,7 @@ SegmentLayout::SegmentLayout(const Segment& segment, const SegmentPlace& place,
     pango_attr_list_insert(attributes.get(),
                            pango_attr_font_features_new(m_bytes.empty() ? "kern=0, liga=0, clig=0, calt=0"
                                                                         : "kern=0, liga=0, clig=0"));
+    pango_attr_list_insert(attributes.get(), pango_attr_insert_hyphens_new(FALSE));
     segment.formats.ForEach(segment.Units(), [&](int first, int last, FormatId format) {
         if (format == kDefaultFormat)
             return;

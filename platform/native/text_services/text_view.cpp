@@ -441,17 +441,17 @@ void TextView::MeasureThrough(Position position)
     }
 }
 
-void TextView::Draw(DeviceContext& context, POINT origin, const RECT& update, Position selectionFirst,
-                    Position selectionLast, const ViewColours& colours)
+void TextView::Draw(DeviceContext& context, std::int64_t x, std::int64_t y, const RECT& update,
+                    Position selectionFirst, Position selectionLast, const ViewColours& colours)
 {
     const SegmentTree& segments = m_document.Segments();
-    const std::int64_t from = std::max<std::int64_t>(0, update.top - static_cast<std::int64_t>(origin.y));
+    const std::int64_t from = std::max<std::int64_t>(0, update.top - y);
     SegmentTree::Index index = segments.Find(&SegmentSums::height, from).index;
     if (index < segments.Size())
         index = m_settings.wraps ? index : m_document.FirstSegment(index);
-    std::int64_t top = origin.y + segments.Before(index).height;
+    std::int64_t top = y + segments.Before(index).height;
     for (; index < segments.Size() && top < update.bottom; ++index) {
-        const std::int64_t left = origin.x + XOf(index);
+        const std::int64_t left = x + XOf(index);
         // What is beside the view in a line that is not wrapped need not be laid out.
         if (!m_settings.wraps && (left >= update.right || left + segments[index].width < update.left) &&
             !(m_document.StartsParagraph(index) && segments[index].endsParagraph)) {
@@ -498,9 +498,6 @@ void TextView::DrawLine(DeviceContext& context, const SegmentLayout& layout, con
         selected.push_back(layout.IsRightToLeft() ? SegmentLayout::Extent{end - width, end}
                                                   : SegmentLayout::Extent{end, end + width});
     }
-    for (const SegmentLayout::Extent& extent : selected)
-        fill(extent, colours.selection);
-
     const auto drawText = [&](std::optional<COLORREF> only) {
         int passed = 0;
         for (const GSList* next = line.line->runs; next; next = next->next) {

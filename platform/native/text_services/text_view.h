@@ -93,10 +93,10 @@ public:
     /// Lays out everything before a position.
     void MeasureThrough(Position position);
 
-    /// Draws the part of the document that lies in `update` (surface coordinates); `origin` is where the
-    /// document's top left would be drawn.
-    void Draw(DeviceContext& context, POINT origin, const RECT& update, Position selectionFirst,
-              Position selectionLast, const ViewColours& colours);
+    /// Draws the part of the document that lies in `update` (surface coordinates); its top left would be
+    /// drawn at (x, y), which may be far outside.
+    void Draw(DeviceContext& context, std::int64_t x, std::int64_t y, const RECT& update,
+              Position selectionFirst, Position selectionLast, const ViewColours& colours);
 
 private:
     struct Cached {

@@ -60,6 +60,27 @@ struct Timer {
     TIMERPROC procedure;
 };
 
+/// The blinking mark where text goes in.
+struct CaretState {
+    HWND window = nullptr;       // null: there is none
+    RECT rect{};                 // client coordinates
+    int hidden = 0;              // how often it was hidden and not shown again
+    bool isOn = false;           // in the half of its period in which it shows
+    std::int64_t toggleDue = 0;  // nanoseconds of the clock
+};
+
+/// A format on the clipboard.
+struct ClipboardItem {
+    UINT format;
+    HGLOBAL block;
+};
+struct ClipboardState {
+    bool isOpen = false;
+    bool isChanged = false;  // since it was opened
+    std::vector<ClipboardItem> items;
+    std::string desktopText;  // UTF-8, as the desktop had it when the items were made
+};
+
 /// What a window's device context has to show when it closes.
 struct OpenContext {
     HWND window;
@@ -95,6 +116,8 @@ struct Desktop {
     HandleTable<CursorObject, 7> cursors;
     std::vector<std::pair<int, HCURSOR>> systemCursors;
     HCURSOR cursor = nullptr;
+    CaretState caret;
+    ClipboardState clipboard;
 
     // What waits
     PostedMessages messages;

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 
+#include "native/user/caret.h"
 #include "native/user/desktop.h"
 #include "native/user/hover.h"
 #include "native/user/input_queue.h"
@@ -56,6 +57,7 @@ bool TakeMessage(MSG& message, const MessageFilter& filter, bool removes)
 {
     if (TakePosted(message, filter, removes) || TakeInput(message, filter, removes))
         return true;
+    BlinkCaret();
     // What the display has to report comes before everything that only waits for idle time.
     TheDisplay().Wait(0, TheInputSink());
     return TakePosted(message, filter, removes) || TakeInput(message, filter, removes) ||
@@ -71,9 +73,11 @@ void RememberMessage(const MSG& message)
 
 int MillisecondsToWait()
 {
-    const int timer = MillisecondsToNextTimer();
-    const int hover = MillisecondsToHover();
-    return timer < 0 ? hover : hover < 0 ? timer : std::min(timer, hover);
+    int least = -1;
+    for (const int wait : {MillisecondsToNextTimer(), MillisecondsToHover(), MillisecondsToBlink()})
+        if (wait >= 0)
+            least = least < 0 ? wait : std::min(least, wait);
+    return least;
 }
 
 void RemoveMessagesOf(HWND window)

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <deque>
 
+#include "native/user/caret_overlay.h"
 #include "native/user/desktop.h"
 #include "native/user/message_filter.h"
 #include "native/user/window_tree.h"
@@ -146,8 +147,10 @@ void PresentDamage(Window& window, const RECT& client)
     const POINT origin = OriginInRoot(window);
     OffsetRect(&damage, origin.x, origin.y);
     damage = Intersection(damage, {0, 0, root->surface->width, root->surface->height});
-    if (!IsEmptyRect(damage))
-        TheDisplay().Present(root->handle, *root->surface, damage);
+    if (IsEmptyRect(damage))
+        return;
+    const CaretOverlay caret(*root, damage);
+    TheDisplay().Present(root->handle, *root->surface, damage);
 }
 
 }  // namespace qvui::native

@@ -21,9 +21,18 @@ int GetSystemMetrics(int index)
 
 DWORD GetSysColor(int index)
 {
-    constexpr int kWindow = 5;
     constexpr int kInfo = 24;
-    if (index == kInfo)
-        return RGB(255, 255, 225);
-    return index == kWindow ? RGB(255, 255, 255) : RGB(240, 240, 240);
+    switch (index) {
+        case kInfo:
+            return RGB(255, 255, 225);
+        case COLOR_WINDOW:
+        case COLOR_HIGHLIGHTTEXT:
+            return RGB(255, 255, 255);
+        case COLOR_WINDOWTEXT:
+            return RGB(0, 0, 0);
+        case COLOR_HIGHLIGHT:
+            return RGB(51, 153, 255);
+        default:
+            return RGB(240, 240, 240);
+    }
 }

@@ -4,6 +4,7 @@
 
 #include "native/core/live_counts.h"
 #include "native/kernel/code_pages.h"
+#include "native/user/caret.h"
 #include "native/user/classes.h"
 #include "native/user/desktop.h"
 #include "native/user/focus.h"
@@ -73,6 +74,7 @@ void Erase(HWND handle)
     RemoveMessagesOf(handle);
     ForgetInput(handle);
     ForgetActivation(handle);
+    ForgetCaret(handle);
     const Window* window = LookUpWindow(handle);
     if (!window)
         return;

@@ -224,6 +224,7 @@ inline constexpr HRESULT E_NOTIMPL = static_cast<HRESULT>(0x80004001U);
 inline constexpr HRESULT E_NOINTERFACE = static_cast<HRESULT>(0x80004002U);
 inline constexpr HRESULT E_POINTER = static_cast<HRESULT>(0x80004003U);
 inline constexpr HRESULT E_FAIL = static_cast<HRESULT>(0x80004005U);
+inline constexpr HRESULT E_UNEXPECTED = static_cast<HRESULT>(0x8000FFFFU);
 inline constexpr HRESULT E_OUTOFMEMORY = static_cast<HRESULT>(0x8007000EU);
 inline constexpr HRESULT E_INVALIDARG = static_cast<HRESULT>(0x80070057U);
 constexpr bool SUCCEEDED(HRESULT result)

@@ -62,6 +62,7 @@ inline constexpr UINT WM_CHAR = 0x102;
 inline constexpr UINT WM_SYSKEYDOWN = 0x104;
 inline constexpr UINT WM_SYSKEYUP = 0x105;
 inline constexpr UINT WM_SYSCHAR = 0x106;
+inline constexpr UINT WM_UNICHAR = 0x109;
 inline constexpr UINT WM_COMMAND = 0x111;
 inline constexpr UINT WM_SYSCOMMAND = 0x112;
 inline constexpr UINT WM_TIMER = 0x113;
@@ -93,6 +94,7 @@ inline constexpr UINT WM_CUT = 0x300;
 inline constexpr UINT WM_COPY = 0x301;
 inline constexpr UINT WM_PASTE = 0x302;
 inline constexpr UINT WM_CLEAR = 0x303;
+inline constexpr UINT WM_UNDO = 0x304;
 inline constexpr UINT WM_PRINT = 0x317;
 inline constexpr UINT WM_PRINTCLIENT = 0x318;
 inline constexpr UINT WM_USER = 0x400;
@@ -522,7 +524,30 @@ QVUI_PLATFORM int GetSystemMetrics(int index);
 QVUI_PLATFORM HMONITOR MonitorFromPoint(POINT screen, DWORD flags);
 QVUI_PLATFORM BOOL GetMonitorInfoA(HMONITOR monitor, MONITORINFO* info);
 QVUI_PLATFORM UINT GetDoubleClickTime();
+inline constexpr int COLOR_WINDOW = 5;
+inline constexpr int COLOR_WINDOWTEXT = 8;
+inline constexpr int COLOR_HIGHLIGHT = 13;
+inline constexpr int COLOR_HIGHLIGHTTEXT = 14;
 QVUI_PLATFORM DWORD GetSysColor(int index);
+
+/// The clipboard. Text goes to the desktop and comes from it; other formats stay within the process. Blocks
+/// that are given to it belong to it, and those that it gives are valid until it closes.
+QVUI_PLATFORM BOOL OpenClipboard(HWND owner);
+QVUI_PLATFORM BOOL CloseClipboard();
+QVUI_PLATFORM BOOL EmptyClipboard();
+QVUI_PLATFORM HANDLE SetClipboardData(UINT format, HANDLE data);
+QVUI_PLATFORM HANDLE GetClipboardData(UINT format);
+QVUI_PLATFORM BOOL IsClipboardFormatAvailable(UINT format);
+QVUI_PLATFORM UINT RegisterClipboardFormatA(LPCSTR name);
+
+/// The caret: one for all windows, of the window that made it last. Hiding it nests.
+QVUI_PLATFORM BOOL CreateCaret(HWND window, HBITMAP bitmap, int width, int height);
+QVUI_PLATFORM BOOL DestroyCaret();
+QVUI_PLATFORM BOOL ShowCaret(HWND window);
+QVUI_PLATFORM BOOL HideCaret(HWND window);
+QVUI_PLATFORM BOOL SetCaretPos(int x, int y);
+QVUI_PLATFORM BOOL GetCaretPos(POINT* point);
+QVUI_PLATFORM UINT GetCaretBlinkTime();
 
 /// Beyond the platform's own interface: chooses the display driver, "headless" or "sdl", before the first
 /// window. Without it the environment variable QVUI_DISPLAY decides, and without that: a window on the screen
