@@ -38,11 +38,3 @@ void ForEachChange(const Bytes& whole, const Bytes& values, const Use& use)
             use(changed);
         }
 }
-
-/// Writes a number of `size` bytes, the lowest first, and makes room for it.
-inline void Put(Bytes& bytes, std::size_t at, std::uint64_t value, std::size_t size)
-{
-    bytes.resize(bytes.size() < at + size ? at + size : bytes.size());
-    for (std::size_t i = 0; i < size; ++i)
-        bytes[at + i] = static_cast<std::uint8_t>(value >> (8 * i));
-}

@@ -2,11 +2,10 @@
 
 #include "native/kernel/code_pages.h"
 
-/// Makes a code page the system's for one scope. Only native can.
-class NativeCodePage {
+/// A script with a line "code-page N" that makes a code page the system's. Only native can.
+template <class Kind>
+class InCodePages : public Kind {
 public:
-    explicit NativeCodePage(UINT codePage) { qvui::native::OverrideSystemCodePage(codePage); }
-    NativeCodePage(const NativeCodePage&) = delete;
-    NativeCodePage& operator=(const NativeCodePage&) = delete;
-    ~NativeCodePage() { qvui::native::OverrideSystemCodePage(0); }
+    InCodePages() { this->Call("code-page", qvui::native::OverrideSystemCodePage); }
+    ~InCodePages() override { qvui::native::OverrideSystemCodePage(0); }
 };

@@ -1,8 +1,6 @@
 #include "support/message_log.h"
 
-#include <algorithm>
 #include <cstdio>
-#include <sstream>
 
 namespace qvui::test {
 namespace {
@@ -17,7 +15,7 @@ struct NamedMessage {
 constexpr NamedMessage kNames[] = {
     QVUI_NAMED(NULL), QVUI_NAMED(CREATE), QVUI_NAMED(DESTROY), QVUI_NAMED(MOVE), QVUI_NAMED(SIZE),
     QVUI_NAMED(ACTIVATE), QVUI_NAMED(SETFOCUS), QVUI_NAMED(KILLFOCUS), QVUI_NAMED(ENABLE),
-    QVUI_NAMED(SETTEXT), QVUI_NAMED(PAINT), QVUI_NAMED(CLOSE), QVUI_NAMED(QUIT), QVUI_NAMED(ERASEBKGND),
+    QVUI_NAMED(SETREDRAW), QVUI_NAMED(SETTEXT), QVUI_NAMED(PAINT), QVUI_NAMED(CLOSE), QVUI_NAMED(QUIT), QVUI_NAMED(ERASEBKGND),
     QVUI_NAMED(SHOWWINDOW), QVUI_NAMED(CANCELMODE), QVUI_NAMED(SETCURSOR), QVUI_NAMED(MOUSEACTIVATE),
     QVUI_NAMED(GETMINMAXINFO), QVUI_NAMED(WINDOWPOSCHANGING), QVUI_NAMED(WINDOWPOSCHANGED),
     QVUI_NAMED(CONTEXTMENU), QVUI_NAMED(NCCREATE), QVUI_NAMED(NCDESTROY), QVUI_NAMED(NCCALCSIZE),
@@ -34,22 +32,6 @@ constexpr NamedMessage kNames[] = {
 #undef QVUI_NAMED
 // clang-format on
 
-/// The numbers that a text of Tells names.
-std::vector<UINT> NumbersIn(std::string text)
-{
-    std::replace(text.begin(), text.end(), ',', ' ');
-    std::istringstream words(text);
-    std::vector<UINT> numbers;
-    for (std::string word; words >> word;) {
-        for (const NamedMessage& named : kNames)
-            if (word == named.name)
-                numbers.push_back(named.number);
-        if (word.rfind("APP+", 0) == 0)
-            numbers.push_back(WM_APP + static_cast<UINT>(std::stoi(word.substr(4))));
-    }
-    return numbers;
-}
-
 }  // namespace
 
 std::string MessageName(UINT message)
@@ -64,36 +46,14 @@ std::string MessageName(UINT message)
     return digits;
 }
 
-std::vector<LoggedMessage> MessageLog::Only(const std::vector<UINT>& numbers) const
+std::optional<UINT> MessageNumber(const std::string& name)
 {
-    std::vector<LoggedMessage> chosen;
-    for (const LoggedMessage& message : m_messages)
-        if (std::find(numbers.begin(), numbers.end(), message.message) != numbers.end())
-            chosen.push_back(message);
-    return chosen;
-}
-
-LoggedMessage MessageLog::Last(UINT number) const
-{
-    const std::vector<LoggedMessage> messages = Only({number});
-    return messages.empty() ? LoggedMessage{} : messages.back();
-}
-
-testing::AssertionResult MessageLog::Tells(const std::string& text, std::vector<UINT> also) const
-{
-    for (const UINT number : NumbersIn(text))
-        also.push_back(number);
-    std::string told;
-    std::string window;
-    for (const LoggedMessage& message : Only(also)) {
-        if (told.empty() || message.window != window)
-            told += (told.empty() ? "" : ", ") + message.window;
-        window = message.window;
-        told.append(1, ' ').append(MessageName(message.message));
-    }
-    if (told == text)
-        return testing::AssertionSuccess();
-    return testing::AssertionFailure() << "\"" << told << "\" instead of \"" << text << "\"";
+    for (const NamedMessage& named : kNames)
+        if (name == named.name)
+            return named.number;
+    if (name.rfind("APP+", 0) == 0)
+        return WM_APP + static_cast<UINT>(std::stoi(name.substr(4)));
+    return std::nullopt;
 }
 
 }  // namespace qvui::test

@@ -29,29 +29,6 @@ std::uint32_t ClientPixels::At(int x, int y) const
                   static_cast<std::size_t>(x)];
 }
 
-MessageHandler Answer(UINT number, LRESULT answer)
-{
-    return [=](const LoggedMessage& message) -> std::optional<LRESULT> {
-        return message.message == number ? std::optional(answer) : std::nullopt;
-    };
-}
-
-MessageHandler On(UINT number, std::function<void(const LoggedMessage&)> act)
-{
-    return [=](const LoggedMessage& message) -> std::optional<LRESULT> {
-        if (message.message == number)
-            act(message);
-        return std::nullopt;
-    };
-}
-
-std::string PlaceOf(HWND window)
-{
-    RECT rect{};
-    GetWindowRect(window, &rect);
-    return Text(rect);
-}
-
 ClientPixels ReadClient(HWND window)
 {
     RECT client{};
@@ -92,9 +69,6 @@ PlatformWindow::PlatformWindow(PlatformWindowOptions options) : m_options(std::m
 {
     static int number = 0;
     m_className = "qvui test window " + std::to_string(++number);
-    if (!m_options.log)
-        m_ownLog = std::make_unique<MessageLog>();
-    m_log = m_options.log ? m_options.log : m_ownLog.get();
 
     WNDCLASSEXA definition{};
     definition.cbSize = sizeof definition;
@@ -150,7 +124,6 @@ LRESULT PlatformWindow::Handle(HWND window, UINT message, WPARAM wParam, LPARAM 
         g_creating = nullptr;
     }
     const LoggedMessage logged{m_options.name, window, message, wParam, lParam};
-    m_log->Add(logged);
     std::optional<LRESULT> answer;
     if (const MessageHandler handler = m_options.handler)
         answer = handler(logged);

@@ -23,9 +23,6 @@ struct ClientPixels {
     std::uint32_t At(int x, int y) const;
 };
 
-/// The window's rectangle on the screen, as a text.
-std::string PlaceOf(HWND window);
-
 /// What the window shows or would show, read back through its device context.
 ClientPixels ReadClient(HWND window);
 
@@ -40,13 +37,9 @@ PumpResult Pump();
 
 /// Answers a message; nullopt leaves it to DefWindowProcA.
 using MessageHandler = std::function<std::optional<LRESULT>(const LoggedMessage&)>;
-/// Answers messages of one number and leaves all others.
-MessageHandler Answer(UINT number, LRESULT answer);
-/// Does something when such a message comes and leaves the answer to DefWindowProcA.
-MessageHandler On(UINT number, std::function<void(const LoggedMessage&)> act);
 
 struct PlatformWindowOptions {
-    const char* name = "window";     // in the log, and its title
+    const char* name = "window";     // of its messages, and its title
     RECT place{100, 100, 300, 200};  // on the screen; a child's in its parent's client area
     DWORD style = WS_POPUP;          // add WS_CHILD (and take WS_POPUP away) for a child
     DWORD exStyle = 0;
@@ -54,32 +47,12 @@ struct PlatformWindowOptions {
     HWND parent = nullptr;        // or owner
     HBRUSH background = nullptr;  // stays the caller's
     HCURSOR cursor = nullptr;
-    MessageLog* log = nullptr;  // null: a log of its own
     MessageHandler handler = nullptr;
     bool isShown = true;
-
-    // The same options but for one thing, to write after one another
-    PlatformWindowOptions Hidden() const { return With(&PlatformWindowOptions::isShown, false); }
-    PlatformWindowOptions Styled(DWORD to) const { return With(&PlatformWindowOptions::style, to); }
-    PlatformWindowOptions ExStyled(DWORD to) const { return With(&PlatformWindowOptions::exStyle, to); }
-    PlatformWindowOptions OfClass(UINT to) const { return With(&PlatformWindowOptions::classStyle, to); }
-    PlatformWindowOptions Below(HWND to) const { return With(&PlatformWindowOptions::parent, to); }
-    PlatformWindowOptions Filled(HBRUSH to) const { return With(&PlatformWindowOptions::background, to); }
-    PlatformWindowOptions Answering(MessageHandler to) const
-    {
-        return With(&PlatformWindowOptions::handler, to);
-    }
-    template <class Value>
-    PlatformWindowOptions With(Value PlatformWindowOptions::*member, const Value& to) const
-    {
-        PlatformWindowOptions changed = *this;
-        changed.*member = to;
-        return changed;
-    }
 };
 
-/// A plain window of the platform with a class of its own. It logs what it receives, asks its handler first
-/// and is destroyed, class included, with the object.
+/// A plain window of the platform with a class of its own. It asks its handler first and is destroyed, class
+/// included, with the object.
 class PlatformWindow {
 public:
     explicit PlatformWindow(PlatformWindowOptions options = {});
@@ -90,7 +63,6 @@ public:
     /// Null when creation was refused or the window has been destroyed.
     HWND Handle() const { return m_handle; }
     operator HWND() const { return m_handle; }
-    MessageLog& Log() { return *m_log; }
     void SetHandler(MessageHandler handler) { m_options.handler = std::move(handler); }
     void Destroy();
 
@@ -100,24 +72,7 @@ private:
 
     PlatformWindowOptions m_options;
     std::string m_className;
-    std::unique_ptr<MessageLog> m_ownLog;
-    MessageLog* m_log = nullptr;
     HWND m_handle = nullptr;
-};
-
-/// A handler for as long as the object lives: for windows that outlive what the handler refers to.
-class ScopedHandler {
-public:
-    ScopedHandler(PlatformWindow& window, MessageHandler handler) : m_window(window)
-    {
-        m_window.SetHandler(std::move(handler));
-    }
-    ScopedHandler(const ScopedHandler&) = delete;
-    ScopedHandler& operator=(const ScopedHandler&) = delete;
-    ~ScopedHandler() { m_window.SetHandler(nullptr); }
-
-private:
-    PlatformWindow& m_window;
 };
 
 }  // namespace qvui::test

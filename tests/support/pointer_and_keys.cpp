@@ -1,12 +1,9 @@
 #include "support/pointer_and_keys.h"
 
-#include <cctype>
-
 namespace qvui::test {
 namespace {
 
 constexpr LPARAM kReleased = static_cast<LPARAM>(0xC0000001U);
-constexpr LPARAM kAltDown = 1 << 29;
 
 LPARAM Packed(POINT point)
 {
@@ -25,7 +22,7 @@ void SetKeyDown(int virtualKey, bool isDown)
 
 MessagePointer& MessagePointer::Send(UINT message)
 {
-    SendMessageA(m_window, message, m_buttons | m_keys, Packed(m_at));
+    SendMessageA(m_window, message, m_buttons, Packed(m_at));
     return *this;
 }
 
@@ -75,8 +72,7 @@ MessagePointer& MessagePointer::Wheel(int notches)
     ClientToScreen(m_window, &screen);
     SetCursorPos(screen.x, screen.y);
     const int delta = notches * static_cast<int>(WHEEL_DELTA);
-    SendMessageA(m_window, WM_MOUSEWHEEL, MAKEWPARAM(m_buttons | m_keys, static_cast<WORD>(delta)),
-                 Packed(screen));
+    SendMessageA(m_window, WM_MOUSEWHEEL, MAKEWPARAM(m_buttons, static_cast<WORD>(delta)), Packed(screen));
     return *this;
 }
 
@@ -84,12 +80,6 @@ MessagePointer& MessagePointer::Leave()
 {
     SetCursorPos(GetSystemMetrics(SM_CXSCREEN) - 1, GetSystemMetrics(SM_CYSCREEN) - 1);
     SendMessageA(m_window, WM_MOUSELEAVE, 0, 0);
-    return *this;
-}
-
-MessagePointer& MessagePointer::WithKeys(WPARAM flags)
-{
-    m_keys = flags;
     return *this;
 }
 
@@ -107,16 +97,6 @@ MessageKeys& MessageKeys::Type(const std::string& text)
 {
     for (const char byte : text)
         SendMessageA(m_window, WM_CHAR, static_cast<unsigned char>(byte), 1);
-    return *this;
-}
-
-MessageKeys& MessageKeys::PressWithAlt(char letter)
-{
-    const auto byte = static_cast<unsigned char>(letter);
-    const auto key = static_cast<WPARAM>(std::toupper(byte));
-    SendMessageA(m_window, WM_SYSKEYDOWN, key, 1 | kAltDown);
-    SendMessageA(m_window, WM_SYSCHAR, static_cast<WPARAM>(std::tolower(byte)), 1 | kAltDown);
-    SendMessageA(m_window, WM_SYSKEYUP, key, kReleased | kAltDown);
     return *this;
 }
 

@@ -29,8 +29,6 @@ public:
     MessagePointer& Wheel(int notches);
     /// WM_MOUSELEAVE, after the system's pointer was moved to the screen's corner.
     MessagePointer& Leave();
-    /// Adds MK_SHIFT or MK_CONTROL to the flags of all messages from now on; 0 for none.
-    MessagePointer& WithKeys(WPARAM flags);
 
 private:
     MessagePointer& Send(UINT message);
@@ -38,7 +36,6 @@ private:
     HWND m_window;
     POINT m_at{0, 0};
     WPARAM m_buttons = 0;
-    WPARAM m_keys = 0;
 };
 
 /// A keyboard that speaks to one window by sending it key messages, on both targets.
@@ -51,8 +48,6 @@ public:
     MessageKeys& Press(int virtualKey);
     /// WM_CHAR for each byte of a text in the system code page.
     MessageKeys& Type(const std::string& text);
-    /// WM_SYSKEYDOWN, WM_SYSCHAR and WM_SYSKEYUP of a letter or digit with Alt.
-    MessageKeys& PressWithAlt(char letter);
     /// From now on GetKeyState says that a key (VK_SHIFT, VK_CONTROL, …) is down, or up again.
     MessageKeys& Hold(int virtualKey);
     MessageKeys& LetGo(int virtualKey);

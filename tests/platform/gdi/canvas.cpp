@@ -8,6 +8,7 @@ Canvas::Canvas(int width, int height, int bitsPerPixel)
       m_width(width),
       m_height(std::abs(height)),
       m_bytes(static_cast<std::size_t>(bitsPerPixel) / 8),
+      m_stride((static_cast<std::size_t>(width) * m_bytes + 3) / 4 * 4),
       m_isTopDown(height < 0)
 {
 }
@@ -20,9 +21,8 @@ Canvas::Canvas(int width, int height, const PixelAt& pixelAt, int bitsPerPixel)
 
 std::uint8_t* Canvas::Address(int x, int y) const
 {
-    const std::size_t stride = (static_cast<std::size_t>(m_width) * m_bytes + 3) / 4 * 4;
     return static_cast<std::uint8_t*>(Bits()) +
-           stride * static_cast<std::size_t>(m_isTopDown ? y : m_height - 1 - y) +
+           m_stride * static_cast<std::size_t>(m_isTopDown ? y : m_height - 1 - y) +
            static_cast<std::size_t>(x) * m_bytes;
 }
 
@@ -78,17 +78,13 @@ void Canvas::Expect(const PixelAt& pixelAt, const std::string& name, std::uint32
 
 void Canvas::ExpectSame(const Canvas& other, const std::string& name) const
 {
-    const std::size_t length = static_cast<std::size_t>(m_width) * m_bytes;
-    bool isSame = m_bytes == other.m_bytes;
-    for (int y = 0; y < m_height && isSame; ++y)
-        isSame = std::memcmp(Address(0, y), other.Address(0, y), length) == 0;
-    if (!isSame)
+    if (std::memcmp(Bits(), other.Bits(), m_stride * static_cast<std::size_t>(m_height)) != 0)
         Expect([&other](int x, int y) { return other.At(x, y); }, name);
 }
 
-std::string Canvas::Picture(std::uint32_t background) const
+std::string Canvas::Picture() const
 {
-    return Letters([background](std::uint32_t pixel) { return pixel == background ? '.' : '#'; });
+    return Letters([](std::uint32_t pixel) { return pixel ? '#' : '.'; });
 }
 
 std::string Canvas::Letters(const std::function<char(std::uint32_t pixel)>& letterOf) const

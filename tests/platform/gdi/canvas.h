@@ -34,8 +34,8 @@ public:
     void Expect(const PixelAt& pixelAt, const std::string& name = {}, std::uint32_t mask = 0xFFFFFFFF) const;
     /// Fails when a canvas of the same size has other pixels.
     void ExpectSame(const Canvas& other, const std::string& name = {}) const;
-    /// One line of text per row; '#' where the pixel is not `background`.
-    std::string Picture(std::uint32_t background = 0) const;
+    /// One line of text per row; '#' where the pixel is not 0.
+    std::string Picture() const;
     /// One line of text per row, a letter for every pixel.
     std::string Letters(const std::function<char(std::uint32_t pixel)>& letterOf) const;
 
@@ -44,7 +44,8 @@ private:
 
     int m_width;
     int m_height;
-    std::size_t m_bytes;
+    std::size_t m_bytes;  // of a pixel
+    std::size_t m_stride;
     bool m_isTopDown;
 };
 

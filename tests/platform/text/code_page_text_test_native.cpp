@@ -4,7 +4,7 @@
 #include <random>
 
 #include "platform/native_code_page.h"
-#include "platform/text/text_canvas.h"
+#include "platform/text/text_script.h"
 
 namespace {
 
@@ -21,59 +21,20 @@ const std::vector<Script> kScripts{
     {"UTF-8", 65001, {"\u4E2D", "\u6587", "\u5B57", "\u7B26", "\u6D4B", "\u8BD5"}},
 };
 
-std::string Joined(const std::vector<std::string>& characters, std::size_t count)
-{
-    std::string text;
-    for (std::size_t i = 0; i < count; ++i)
-        text += characters[i];
-    return text;
-}
-
 }  // namespace
 
 using ScriptText = PlatformTest;
 
-TEST_F(ScriptText, IsCutAndBrokenBetweenCharacters)
+TEST_F(ScriptText, GoesAsTheScriptsSay)
 {
-    for (const Script& script : kScripts) {
-        const NativeCodePage codePage(script.codePage);
-        TextCanvas canvas;
-        const std::string text = Joined(script.characters, 6);
-        const std::string three = Joined(script.characters, 3);
-        const int one = canvas.Width(script.characters[0]);
-        ASSERT_GT(one, 0) << script.name;
-        const int bytes = static_cast<int>(script.characters[0].size());
-        std::vector<int> widths(text.size());
-        int fit = 0;
-        SIZE size{};
-        GetTextExtentExPointA(canvas, text.data(), static_cast<int>(text.size()), 2 * one + one / 2, &fit,
-                              widths.data(), &size);
-        EXPECT_EQ(fit, 2 * bytes) << script.name;
-        for (std::size_t i = 0; i < widths.size(); ++i)
-            EXPECT_EQ(widths[i], one * (static_cast<int>(i) / bytes + 1)) << script.name << ' ' << i;
-        EXPECT_EQ(canvas.Modified(text, canvas.Width(three + "...") + 1, DT_SINGLELINE | DT_END_ELLIPSIS),
-                  three + "...")
-            << script.name;
-        // With a width, the lines that the text takes then, and the widest one's width
-        const Table<std::string, int, int, int> cases{
-            {text, 2 * one, 3, 2 * one},
-            {text, 4 * one + 1, 2, 4 * one},
-            {three, one - 1, 3, one},
-            {"ab" + three, canvas.Width("ab") + one, 2, std::max(canvas.Width("ab"), one) + one},
-        };
-        for (const auto& [whole, width, lines, widest] : cases) {
-            const RECT rect = canvas.Calculated(whole, {0, 0, width, 0}, DT_WORDBREAK);
-            EXPECT_EQ(RectText(rect), RectText({0, 0, widest, lines * canvas.LineHeight()}))
-                << script.name << ' ' << whole;
-        }
-    }
+    qvui::test::CheckScripts<InCodePages<TextScript>>("text/native_scripts");
 }
 
 TEST_F(ScriptText, ThatIsBrokenIsDrawnAllTheSame)
 {
     std::mt19937 random(31);
     for (const Script& script : kScripts) {
-        const NativeCodePage codePage(script.codePage);
+        qvui::native::OverrideSystemCodePage(script.codePage);
         TextCanvas canvas(80, 60);
         for (int round = 0; round < 200; ++round) {
             std::string text;
@@ -95,4 +56,5 @@ TEST_F(ScriptText, ThatIsBrokenIsDrawnAllTheSame)
                 canvas.Modified(text, 40, format);
         }
     }
+    qvui::native::OverrideSystemCodePage(0);
 }

