@@ -4,7 +4,7 @@
 set -euo pipefail
 cd "$(dirname "$0")/.."
 pictures=$PWD/docs/pictures
-pages=(buttons labels pictures progress lists trees tabs toolbars layouts splitters panels scrolling animation frames
+pages=(buttons labels pictures progress text_fields combos lists trees tabs toolbars layouts splitters panels scrolling animation frames
     tooltips)
 
 hello() { # hello NAME LAUNCHER... : the light window in English and the dark one in German

@@ -8,14 +8,9 @@
 
 #include "platform/platform_test.h"
 
-extern "C" {
-int Fuzz_cursor(const std::uint8_t* data, std::size_t size);
-int Fuzz_html(const std::uint8_t* data, std::size_t size);
-int Fuzz_image(const std::uint8_t* data, std::size_t size);
-int Fuzz_resource_module(const std::uint8_t* data, std::size_t size);
-int Fuzz_skin_package(const std::uint8_t* data, std::size_t size);
-int Fuzz_xml(const std::uint8_t* data, std::size_t size);
-}
+#define FUZZ_TARGET(name) extern "C" int Fuzz_##name(const std::uint8_t* data, std::size_t size);
+#include "fuzz_targets.inc"
+#undef FUZZ_TARGET
 
 namespace {
 
@@ -43,11 +38,12 @@ TEST_P(FuzzSeeds, AreReadSafely)
     EXPECT_GT(count, 0);
 }
 
-INSTANTIATE_TEST_SUITE_P(Targets, FuzzSeeds,
-                         testing::Values(Target{"cursor", Fuzz_cursor}, Target{"html", Fuzz_html},
-                                         Target{"image", Fuzz_image},
-                                         Target{"resource_module", Fuzz_resource_module},
-                                         Target{"skin_package", Fuzz_skin_package}, Target{"xml", Fuzz_xml}),
+#define FUZZ_TARGET(name) Target{#name, Fuzz_##name},
+const Target kTargets[] = {
+#include "fuzz_targets.inc"
+};
+
+INSTANTIATE_TEST_SUITE_P(Targets, FuzzSeeds, testing::ValuesIn(kTargets),
                          [](const testing::TestParamInfo<Target>& target) {
                              return std::string(target.param.name);
                          });

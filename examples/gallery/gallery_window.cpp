@@ -11,8 +11,8 @@ namespace {
 
 constexpr const char* kTabPrefix = "tab_";  // before a page's name, in the name of its tab
 constexpr SIZE kSize{1100, 760};
-constexpr const char* kPages[] = {"buttons", "labels",    "pictures",  "progress", "lists",
-                                  "trees",   "tabs",      "toolbars",  "layouts",  "splitters",
+constexpr const char* kPages[] = {"buttons", "labels",    "pictures",  "progress", "text_fields", "combos",
+                                  "lists",   "trees",     "tabs",      "toolbars", "layouts",     "splitters",
                                   "panels",  "scrolling", "animation", "frames",   "tooltips"};
 
 // -1 when no page has the name.

@@ -1,5 +1,9 @@
 #include "gallery/page_behaviour.h"
 
+#include <algorithm>
+#include <cstdio>
+#include <string_view>
+
 #include "gallery/spinner.h"
 
 namespace {
@@ -33,6 +37,17 @@ private:
     DUI::CDUIProgressBar* m_pBar = nullptr;  // a control of the same page, which lives as long as this one
 };
 
+// Words of many scripts, in ASCII so that any code page can hold them.
+constexpr std::string_view kScripts =
+    R"({\rtf1\ansi{\colortbl;\red76\green117\blue242;}{\b Latin} na\u239?ve caf\u233? \u917)"
+    R"(?\u955?\u955?\u951?\u957?\u953?\u954?\u940? \u1050?\u1080?\u1088?\u1080?\u1083?\u108)"
+    R"(3?\u1080?\u1094?\u1072?\par {\i \u20013?\u25991?} \u25935?\u25463?\u30340?\u26837?\u)"
+    R"(-32142?\u29392?\u29432?\u-29197?\u-28729?\u25042?\u29399?\u12290?\par \u1513?\u1500?)"
+    R"(\u1493?\u1501? \u1506?\u1493?\u1500?\u1501? {\cf1 abc} \u1605?\u1585?\u1581?\u1576?\)"
+    R"(u1575? \u1576?\u1575?\u1604?\u1593?\u1575?\u1604?\u1605?\par \u2342?\u2375?\u2357?\u)"
+    R"(2344?\u2366?\u2327?\u2352?\u2368? \u2354?\u2367?\u2346?\u2367? {\ul \u3616?\u3634?\u)"
+    R"(3625?\u3634?\u3652?\u3607?\u3618?} \u-10179?\u-8704?})";
+
 }  // namespace
 
 PageBehaviour::PageBehaviour(DUI::CDUIWindowMgr& window) : m_window(window)
@@ -47,6 +62,8 @@ PageBehaviour::PageBehaviour(DUI::CDUIWindowMgr& window) : m_window(window)
          &PageBehaviour::OnPress},
         {"radio_1 radio_2 radio_3", &PageBehaviour::OnRadio},
         {"link_docs link_project", &PageBehaviour::OnLink},
+        {"text_plain text_lines", &PageBehaviour::OnEdit},
+        {"combo_list combo_edit combo_many", &PageBehaviour::OnCombo},
         {"next_frame", &PageBehaviour::OnNextFrame},
         {"progress_less", &PageBehaviour::OnLess},
         {"progress_more", &PageBehaviour::OnMore},
@@ -84,10 +101,9 @@ void PageBehaviour::Start(const CString& page)
     constexpr struct {
         const char* page;
         void (PageBehaviour::*start)();
-    } kStarts[] = {{"buttons", &PageBehaviour::CheckButtons},
-                   {"lists", &PageBehaviour::FillLists},
-                   {"trees", &PageBehaviour::FillTrees},
-                   {"layouts", &PageBehaviour::PlaceDialog},
+    } kStarts[] = {{"buttons", &PageBehaviour::CheckButtons},  {"text_fields", &PageBehaviour::FillTexts},
+                   {"combos", &PageBehaviour::FillCombos},     {"lists", &PageBehaviour::FillLists},
+                   {"trees", &PageBehaviour::FillTrees},       {"layouts", &PageBehaviour::PlaceDialog},
                    {"animation", &PageBehaviour::StartSpinner}};
     m_window.GetControlByName(page, TRUE);  // the page has come since the names were read last
     for (const auto& entry : kStarts)
@@ -99,6 +115,51 @@ void PageBehaviour::CheckButtons()
 {
     for (const char* const name : {"b_checked", "check_1", "radio_2"})
         m_window.SetButtonChecked(name, TRUE);
+}
+
+void PageBehaviour::FillTexts()
+{
+    for (const char* const name : {"text_plain", "text_lines", "text_scripts"})
+        if (auto* const edit = Find<DUI::CDUIRichEdit>(name))
+            edit->SetEventMask(ENM_CHANGE);
+    auto* const scripts = Find<DUI::CDUIRichEdit>("text_scripts");
+    if (!scripts)
+        return;
+    std::string_view rest = kScripts;
+    EDITSTREAM stream{};
+    stream.dwCookie = reinterpret_cast<DWORD_PTR>(&rest);
+    stream.pfnCallback = [](DWORD_PTR cookie, LPBYTE buffer, LONG size, LONG* read) {
+        auto& left = *reinterpret_cast<std::string_view*>(cookie);
+        const std::size_t count = std::min(left.size(), static_cast<std::size_t>(size));
+        std::copy_n(left.begin(), count, buffer);
+        left.remove_prefix(count);
+        *read = static_cast<LONG>(count);
+        return DWORD{0};
+    };
+    scripts->StreamIn(SF_RTF, stream);
+}
+
+void PageBehaviour::FillCombos()
+{
+    auto* const many = Find<DUI::CDUIComboBox>("combo_many");
+    for (int i = 1; many && i <= 1000; ++i) {
+        char text[16];
+        std::snprintf(text, sizeof text, "%d", i);
+        many->AddString(text);
+    }
+}
+
+void PageBehaviour::OnCombo(Notify notify)
+{
+    constexpr WPARAM kPicked = 3;
+    if (notify.nCode == DUI::DUINOTIFY_COMBOBOX && notify.wParam == kPicked && notify.pSender)
+        Tell("combo_log", notify.pSender->GetText());
+}
+
+void PageBehaviour::OnEdit(Notify notify)
+{
+    if (notify.wParam == EN_CHANGE && notify.pSender)
+        Tell("text_log", notify.pSender->GetText());
 }
 
 void PageBehaviour::StartSpinner()

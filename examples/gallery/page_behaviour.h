@@ -19,6 +19,8 @@ private:
     void OnPress(Notify notify);
     void OnRadio(Notify notify);
     void OnLink(Notify notify);
+    void OnEdit(Notify notify);
+    void OnCombo(Notify notify);
     void OnNextFrame(Notify notify);
     void OnLess(Notify notify);
     void OnMore(Notify notify);
@@ -31,6 +33,8 @@ private:
     void OnAnimationOnce(Notify notify);
 
     void CheckButtons();
+    void FillTexts();
+    void FillCombos();
     void FillLists();
     void FillTrees();
     void StartSpinner();

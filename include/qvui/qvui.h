@@ -9,6 +9,7 @@
 #include <qvui/bars/tool_bar.h>
 #include <qvui/controls/button.h>
 #include <qvui/controls/check_button.h>
+#include <qvui/controls/combo/combo_box.h>
 #include <qvui/controls/hyper_link.h>
 #include <qvui/controls/label.h>
 #include <qvui/controls/picture_box.h>
@@ -18,6 +19,7 @@
 #include <qvui/controls/rows/tree_node.h>
 #include <qvui/controls/rows/tree_view.h>
 #include <qvui/controls/scrolling/scroll_bar.h>
+#include <qvui/controls/text/rich_edit.h>
 #include <qvui/controls/track_bar.h>
 #include <qvui/foundation/color.h>
 #include <qvui/foundation/ref_ptr.h>

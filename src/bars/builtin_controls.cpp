@@ -6,6 +6,7 @@
 #include <qvui/bars/tool_bar.h>
 #include <qvui/controls/button.h>
 #include <qvui/controls/check_button.h>
+#include <qvui/controls/combo/combo_box.h>
 #include <qvui/controls/hyper_link.h>
 #include <qvui/controls/label.h>
 #include <qvui/controls/picture_box.h>
@@ -13,6 +14,7 @@
 #include <qvui/controls/rows/list_box.h>
 #include <qvui/controls/rows/tree_view.h>
 #include <qvui/controls/scrolling/scroll_bar.h>
+#include <qvui/controls/text/rich_edit.h>
 #include <qvui/controls/track_bar.h>
 #include <qvui/layout/dialog_layout.h>
 #include <qvui/layout/dock_layout.h>
@@ -65,6 +67,8 @@ const std::vector<BuiltinControl>& BuiltinControls()
         Tag<CDUIHorizontalTrackBar>("horz_trackbar"),
         Tag<CDUIListBox>("listbox"),
         Tag<CDUIListItem>("list_icontext_item"),
+        Tag<CDUIRichEdit>("richedit"),
+        Tag<CDUIComboBox>("combobox"),
         Tag<CDUITabLayout>("tab_layout"),
         Tag<CDUITabItem>("tab_item"),
         Tag<CDUITabBar<CDUIHorizontalLayout>>("horz_tabbar"),

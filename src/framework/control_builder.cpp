@@ -16,7 +16,7 @@ constexpr std::size_t kDeepestNesting = 1000;
 
 void AddChild(CRefPtr<IDUIControl> parent, CRefPtr<IDUIControl> child)
 {
-    if (auto* const items = static_cast<IDUIItemOwner*>(parent->GetInterface("combobox")))
+    if (auto* const items = static_cast<IDUIItemOwner*>(parent->GetInterface("item_owner")))
         items->AddItem(child);
     else
         parent->AddControl(child);

@@ -24,7 +24,8 @@ protected:
     ~IDUIControlBuilderCallback() = default;
 };
 
-/// What a control that answers "combobox" gives for the name: a place for the items of its drop-down list.
+/// What a control gives for the name "item_owner", as a combo box does: a place for items that are none of
+/// its children.
 class QVUI_API IDUIItemOwner {
 public:
     virtual BOOL AddItem(CRefPtr<IDUIControl> item) = 0;

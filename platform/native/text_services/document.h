@@ -37,6 +37,8 @@ public:
 
     FormatPool<CharFormat>& CharFormats() { return m_charFormats; }
     FormatPool<ParaFormat>& ParaFormats() { return m_paraFormats; }
+    const FormatPool<CharFormat>& CharFormats() const { return m_charFormats; }
+    const FormatPool<ParaFormat>& ParaFormats() const { return m_paraFormats; }
     const SegmentTree& Segments() const { return m_segments; }
     /// Called for a segment that is new or has changed, to estimate its measures until it is laid out.
     void SetEstimator(std::function<void(Segment&)> estimate) { m_estimate = std::move(estimate); }

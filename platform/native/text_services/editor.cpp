@@ -329,11 +329,11 @@ void Editor::MoveCaret(Move move, bool extends, int page)
     Select(extends ? m_selection.anchor : to, to, atEndOfLine);
 }
 
-Editor::Span Editor::SpanAt(Position position, Unit unit) const
+Editor::Span Editor::SpanAt(Position position, Unit unit)
 {
     position = std::min(position, m_document.Length());
     if (unit == Unit::Word && !m_isPassword) {
-        const Words::Span word = const_cast<Editor*>(this)->WordsOfText().Around(position);
+        const Words::Span word = WordsOfText().Around(position);
         return {word.first, word.last};
     }
     if (unit == Unit::Character)
@@ -410,7 +410,7 @@ Editor::ParagraphFormat Editor::FormatOfParagraphs() const
 {
     const auto spans =
         m_document.ParagraphFormats(std::min(m_selection.First(), m_document.Length()), m_selection.Last());
-    const FormatPool<ParaFormat>& formats = const_cast<Editor*>(this)->ParaFormats();
+    const FormatPool<ParaFormat>& formats = m_document.ParaFormats();
     ParagraphFormat result{formats[spans.front().format], 0xFFFFFFFFU};
     for (const Document::FormatSpan& other : spans)
         result.mask &= ~result.format.Differences(formats[other.format]);

@@ -82,7 +82,7 @@ public:
         Position first;
         Position last;
     };
-    Span SpanAt(Position position, Unit unit) const;
+    Span SpanAt(Position position, Unit unit);
     Caret CaretPlace() const;
     /// The selection without the final mark.
     Span SelectedText() const;

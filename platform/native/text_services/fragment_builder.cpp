@@ -31,7 +31,8 @@ void FragmentBuilder::Break(FormatId format, FormatId paragraph)
     Flush(true);
 }
 
-// Moves what has been added to the fragment. Without the paragraph's end its last part stays, to be divided well.
+// Moves what has been added to the fragment. Without the paragraph's end its last part stays, to be divided
+// well.
 void FragmentBuilder::Flush(bool endsParagraph)
 {
     std::u16string rest;

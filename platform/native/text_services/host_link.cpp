@@ -1,5 +1,7 @@
 #include "native/text_services/host_link.h"
 
+#include "native/gdi/device_context.h"
+
 namespace qvui::native {
 namespace {
 
@@ -10,17 +12,23 @@ constexpr DWORD kAllBits = 0xFFFFFFFF;
 LONG PixelsOfHimetric(LONG value)
 {
     const std::int64_t scaled = static_cast<std::int64_t>(value) * kPixelsPerInch;
-    return static_cast<LONG>((scaled + (scaled < 0 ? -kHimetricPerInch : kHimetricPerInch) / 2) / kHimetricPerInch);
+    return static_cast<LONG>((scaled + (scaled < 0 ? -kHimetricPerInch : kHimetricPerInch) / 2) /
+                             kHimetricPerInch);
 }
 
 }  // namespace
+
+RECT Saturated(const RECT& rect)
+{
+    return {Saturated(rect.left), Saturated(rect.top), Saturated(rect.right), Saturated(rect.bottom)};
+}
 
 RECT HostLink::ClientRect() const
 {
     RECT rect{};
     if (!m_host || FAILED(m_host->TxGetClientRect(&rect)) || rect.right < rect.left || rect.bottom < rect.top)
         return {};
-    return rect;
+    return Saturated(rect);
 }
 
 RECT HostLink::ViewInset() const
@@ -28,8 +36,8 @@ RECT HostLink::ViewInset() const
     RECT inset{};
     if (!m_host || FAILED(m_host->TxGetViewInset(&inset)))
         return {};
-    return {PixelsOfHimetric(inset.left), PixelsOfHimetric(inset.top), PixelsOfHimetric(inset.right),
-            PixelsOfHimetric(inset.bottom)};
+    return Saturated(RECT{PixelsOfHimetric(inset.left), PixelsOfHimetric(inset.top),
+                          PixelsOfHimetric(inset.right), PixelsOfHimetric(inset.bottom)});
 }
 
 DWORD HostLink::PropertyBits() const
@@ -63,7 +71,8 @@ char16_t HostLink::PasswordCharacter() const
 LONG HostLink::SelectionBarWidth() const
 {
     LONG width = 0;
-    return m_host && SUCCEEDED(m_host->TxGetSelectionBarWidth(&width)) && width > 0 ? PixelsOfHimetric(width) : 0;
+    return m_host && SUCCEEDED(m_host->TxGetSelectionBarWidth(&width)) && width > 0 ? PixelsOfHimetric(width)
+                                                                                    : 0;
 }
 
 bool HostLink::IsOpaque() const

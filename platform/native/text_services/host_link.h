@@ -4,8 +4,11 @@
 
 namespace qvui::native {
 
-/// The host of text services, whatever it answers: a call that fails or gives nonsense has a harmless result, and none is made
-/// once the host has let go of the services.
+/// Coordinates may be absurd; those of the result can be added and subtracted.
+RECT Saturated(const RECT& rect);
+
+/// The host of text services, whatever it answers: a call that fails or gives nonsense has a harmless result,
+/// and none is made once the host has let go of the services.
 class HostLink {
 public:
     explicit HostLink(ITextHost* host) : m_host(host) {}

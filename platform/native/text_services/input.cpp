@@ -236,8 +236,8 @@ bool TextServices::NotifyLink(UINT message, WPARAM wParam, LPARAM lParam)
     if (!(m_eventMask & ENM_LINK))
         return false;
     const RECT area = TextArea();
-    const auto character = m_editor.View().CharacterAt(GET_X_LPARAM(lParam) - area.left + m_left,
-                                                       GET_Y_LPARAM(lParam) - area.top + m_editor.View().Top());
+    const auto character = m_editor.View().CharacterAt(
+        GET_X_LPARAM(lParam) - area.left + m_left, GET_Y_LPARAM(lParam) - area.top + m_editor.View().Top());
     const auto isLink = [this](Position at) {
         return (m_editor.CharFormats()[m_editor.Text().FormatAt(at)].effects & CFE_LINK) != 0;
     };
@@ -271,7 +271,8 @@ bool TextServices::Copy()
     if (!m_editor.IsRich())
         return true;
     std::string rtf;
-    EDITSTREAM stream{reinterpret_cast<DWORD_PTR>(&rtf), 0, [](DWORD_PTR cookie, LPBYTE bytes, LONG size, LONG* moved) {
+    EDITSTREAM stream{reinterpret_cast<DWORD_PTR>(&rtf), 0,
+                      [](DWORD_PTR cookie, LPBYTE bytes, LONG size, LONG* moved) {
                           reinterpret_cast<std::string*>(cookie)->append(reinterpret_cast<char*>(bytes),
                                                                          static_cast<std::size_t>(size));
                           *moved = size;
@@ -309,10 +310,12 @@ void TextServices::Paste(UINT format)
         return;
     m_wantsCaretInView = true;
     const int room = Room();
-    if (m_editor.IsRich() && (format == 0 || format == RtfFormat()) && IsClipboardFormatAvailable(RtfFormat())) {
+    if (m_editor.IsRich() && (format == 0 || format == RtfFormat()) &&
+        IsClipboardFormatAvailable(RtfFormat())) {
         const std::string rtf = BytesOf(GetClipboardData(RtfFormat()));
         Fragment fragment;
-        if (ReadRtf(m_editor, std::string_view(rtf).substr(0, rtf.find('\0')), fragment, room) && m_editor.IsMultiLine()) {
+        if (ReadRtf(m_editor, std::string_view(rtf).substr(0, rtf.find('\0')), fragment, room) &&
+            m_editor.IsMultiLine()) {
             m_hitLimit = fragment.Units() >= room;
             m_editor.ReplaceSelection(std::move(fragment));
             return;

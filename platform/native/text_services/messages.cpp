@@ -22,9 +22,10 @@ constexpr LRESULT kModes = TM_MULTILEVELUNDO | TM_MULTICODEPAGE;
 std::u16string Widen(std::string_view bytes, UINT codePage)
 {
     std::u16string text(bytes.size(), u'\0');
-    const int units = bytes.empty() ? 0
-                                    : MultiByteToWideChar(codePage, 0, bytes.data(), static_cast<int>(bytes.size()),
-                                                          text.data(), static_cast<int>(text.size()));
+    const int units = bytes.empty()
+                          ? 0
+                          : MultiByteToWideChar(codePage, 0, bytes.data(), static_cast<int>(bytes.size()),
+                                                text.data(), static_cast<int>(text.size()));
     text.resize(static_cast<std::size_t>(std::max(units, 0)));
     return text;
 }
@@ -481,7 +482,8 @@ LRESULT TextServices::UndoOrRedo(bool undoes)
     return undoes ? m_editor.Undo() : m_editor.Redo();
 }
 
-// The platform's rules for ranges: ordered, -1 as the end with the final mark, a negative start only collapses.
+// The platform's rules for ranges: ordered, -1 as the end with the final mark, a negative start only
+// collapses.
 LRESULT TextServices::SetSelection(LONG first, LONG last)
 {
     const int length = m_editor.Text().Length();
@@ -515,7 +517,8 @@ LRESULT TextServices::GetTextEx(const GETTEXTEX& options, void* buffer)
         first = span.first;
         last = span.last;
     }
-    const std::u16string text = m_editor.Text().Text(first, last, options.flags & GT_USECRLF ? u"\r\n" : u"\r");
+    const std::u16string text =
+        m_editor.Text().Text(first, last, options.flags & GT_USECRLF ? u"\r\n" : u"\r");
     if (options.codepage == kUtf16)
         return CopyOut(text, static_cast<LPWSTR>(buffer), options.cb / sizeof(WCHAR));
     if (options.cb == 0)
@@ -546,7 +549,8 @@ LRESULT TextServices::GetTextLengthEx(const GETTEXTLENGTHEX& options)
     if (!(flags & GTL_PRECISE))
         return units * (options.codepage == kUtf8 ? 4 : 2);
     const std::u16string all = text.Text(0, text.Length(), flags & GTL_USECRLF ? u"\r\n" : u"\r");
-    return WideCharToMultiByte(options.codepage, 0, all.data(), static_cast<int>(all.size()), nullptr, 0, nullptr, nullptr);
+    return WideCharToMultiByte(options.codepage, 0, all.data(), static_cast<int>(all.size()), nullptr, 0,
+                               nullptr, nullptr);
 }
 
 LRESULT TextServices::SetTextEx(const SETTEXTEX& options, const void* text)
@@ -580,10 +584,10 @@ LRESULT TextServices::GetLine(int line, LPWSTR buffer)
     const TextView::LineSpan span = m_editor.View().LineAt(line);
     if (span.first < 0)
         return 0;
-    const std::u16string text = m_editor.Text().Text(span.first, std::min(span.last + 1, m_editor.Text().Length() + 1));
-    const std::size_t count = std::min<std::size_t>(span.isWrapped ? static_cast<std::size_t>(span.last - span.first)
-                                                                   : text.size(),
-                                                    capacity);
+    const std::u16string text =
+        m_editor.Text().Text(span.first, std::min(span.last + 1, m_editor.Text().Length() + 1));
+    const std::size_t count = std::min<std::size_t>(
+        span.isWrapped ? static_cast<std::size_t>(span.last - span.first) : text.size(), capacity);
     std::copy_n(text.begin(), count, buffer);
     if (count < capacity)
         buffer[count] = 0;
@@ -622,8 +626,8 @@ LRESULT TextServices::FindText(DWORD flags, FINDTEXTEXW& find)
     Position first = std::clamp(find.chrg.cpMin, 0, length);
     Position last = find.chrg.cpMax < 0 ? (isDown ? length : 0) : std::min(find.chrg.cpMax, length);
     find.chrgText = {-1, -1};
-    const Position found = m_editor.Find(wanted, first, last, isDown, (flags & FR_MATCHCASE) != 0,
-                                         (flags & FR_WHOLEWORD) != 0);
+    const Position found =
+        m_editor.Find(wanted, first, last, isDown, (flags & FR_MATCHCASE) != 0, (flags & FR_WHOLEWORD) != 0);
     if (found >= 0)
         find.chrgText = {found, found + static_cast<Position>(wanted.size())};
     return found;
@@ -632,7 +636,8 @@ LRESULT TextServices::FindText(DWORD flags, FINDTEXTEXW& find)
 // The point comes as a structure to fill, or as the result when the index is given in its place.
 LRESULT TextServices::PositionFromChar(WPARAM point, LPARAM index)
 {
-    const bool isOldForm = point < 0x10000 || (index == 0 && point <= static_cast<WPARAM>(m_editor.Text().Length()));
+    const bool isOldForm =
+        point < 0x10000 || (index == 0 && point <= static_cast<WPARAM>(m_editor.Text().Length()));
     const LONG position = isOldForm ? static_cast<LONG>(point) : static_cast<LONG>(index);
     const Caret caret{std::clamp(position, 0, m_editor.Text().Length()), false};
     m_editor.View().MeasureThrough(caret.position);

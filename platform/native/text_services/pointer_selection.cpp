@@ -23,10 +23,11 @@ void PointerSelection::Drag(Caret at)
     if (at.position < m_origin.first)
         m_editor.Select(m_origin.last, here.first, at.atEndOfLine);
     else
-        m_editor.Select(m_origin.first, std::max(m_origin.last, here.first < at.position || here.first == here.last
-                                                                    ? here.last
-                                                                    : at.position),
-                        at.atEndOfLine);
+        m_editor.Select(
+            m_origin.first,
+            std::max(m_origin.last,
+                     here.first < at.position || here.first == here.last ? here.last : at.position),
+            at.atEndOfLine);
 }
 
 }  // namespace qvui::native

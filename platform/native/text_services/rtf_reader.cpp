@@ -56,16 +56,16 @@ int HexDigit(char byte)
 
 struct RtfReader::WordEntry {
     enum Kind {
-        Skip,         // a destination whose text is not shown
-        ShowResult,   // a group whose own text is shown although what holds it is skipped
+        Skip,        // a destination whose text is not shown
+        ShowResult,  // a group whose own text is shown although what holds it is skipped
         Fonts,
         Colours,
-        Effect,       // `value`: the bits
-        Script,       // the same, and the other script off
+        Effect,  // `value`: the bits
+        Script,  // the same, and the other script off
         Break,
-        Unit,         // `value`: the character
-        Alignment,    // `value`: index
-        Indent,       // `value`: which
+        Unit,       // `value`: the character
+        Alignment,  // `value`: index
+        Indent,     // `value`: which
         Plain,
         ParagraphReset,
         Size,
@@ -182,8 +182,8 @@ const std::map<std::string_view, RtfReader::WordEntry>& RtfReader::Words()
     return words;
 }
 
-RtfReader::RtfReader(FormatPool<CharFormat>& characters, FormatPool<ParaFormat>& paragraphs, const CharFormat& base,
-                     int most)
+RtfReader::RtfReader(FormatPool<CharFormat>& characters, FormatPool<ParaFormat>& paragraphs,
+                     const CharFormat& base, int most)
     : m_characters(characters),
       m_paragraphs(paragraphs),
       m_base(base),
@@ -396,7 +396,8 @@ void RtfReader::EndWord()
             Top().destination = Destination::Skip;
         return;
     }
-    if (word->second.kind != WordEntry::UnicodeUnit && word->second.kind != WordEntry::Binary && m_toSkip > 0) {
+    if (word->second.kind != WordEntry::UnicodeUnit && word->second.kind != WordEntry::Binary &&
+        m_toSkip > 0) {
         // A word within a fallback counts as one of its units.
         --m_toSkip;
         return;
@@ -444,8 +445,8 @@ void RtfReader::Apply(const WordEntry& word, int number, bool hasNumber)
             }
             break;
         case WordEntry::Script:
-            alter(state.character.effects, (state.character.effects & ~CFM_SUBSCRIPT) |
-                                               (hasNumber && number == 0 ? 0 : word.value));
+            alter(state.character.effects,
+                  (state.character.effects & ~CFM_SUBSCRIPT) | (hasNumber && number == 0 ? 0 : word.value));
             break;
         case WordEntry::Break:
             if (isText && !Skips())
@@ -458,7 +459,8 @@ void RtfReader::Apply(const WordEntry& word, int number, bool hasNumber)
             alter(state.paragraph.alignment, kAlignments[word.value]);
             break;
         case WordEntry::Indent: {
-            // The format's start indent is the first line's; the file gives that of all and what the first adds.
+            // The format's start indent is the first line's; the file gives that of all and what the first
+            // adds.
             ParaFormat& paragraph = state.paragraph;
             const LONG twips = std::clamp(number, -31680, 31680);
             switch (word.value) {
@@ -522,7 +524,8 @@ void RtfReader::Apply(const WordEntry& word, int number, bool hasNumber)
             const DWORD automatic = isText_ ? CFE_AUTOCOLOR : CFE_AUTOBACKCOLOR;
             bool isAutomatic = false;
             const COLORREF colour = Colour(number, isAutomatic);
-            alter(isText_ ? state.character.textColour : state.character.backColour, isAutomatic ? 0 : colour);
+            alter(isText_ ? state.character.textColour : state.character.backColour,
+                  isAutomatic ? 0 : colour);
             state.character.effects =
                 isAutomatic ? state.character.effects | automatic : state.character.effects & ~automatic;
             break;
@@ -541,7 +544,8 @@ void RtfReader::Apply(const WordEntry& word, int number, bool hasNumber)
         case WordEntry::Green:
         case WordEntry::Blue: {
             const int shift = 8 * (word.kind - WordEntry::Red);
-            m_colour = (m_colour & ~(0xFFU << shift)) | (static_cast<COLORREF>(std::clamp(number, 0, 255)) << shift);
+            m_colour =
+                (m_colour & ~(0xFFU << shift)) | (static_cast<COLORREF>(std::clamp(number, 0, 255)) << shift);
             m_hasColour = true;
             break;
         }
@@ -602,8 +606,8 @@ void RtfReader::FlushBytes()
     const std::string bytes = std::exchange(m_encoded, {});
     const UINT codePage = IsValidCodePage(Top().codePage) ? Top().codePage : m_ansiCodePage;
     std::u16string text(bytes.size(), u'\0');
-    const int units = MultiByteToWideChar(codePage, 0, bytes.data(), static_cast<int>(bytes.size()), text.data(),
-                                          static_cast<int>(text.size()));
+    const int units = MultiByteToWideChar(codePage, 0, bytes.data(), static_cast<int>(bytes.size()),
+                                          text.data(), static_cast<int>(text.size()));
     text.resize(static_cast<std::size_t>(std::max(units, 0)));
     Emit(text);
 }

@@ -9,20 +9,22 @@
 
 namespace qvui::native {
 
-/// Reads RTF, byte by byte, so that it does not matter how the bytes are divided; any depth of groups, in bounded memory apart
-/// from the text. Nothing that a file names is opened. What the reader does not know is left out or, outside of a
+/// Reads RTF, byte by byte, so that it does not matter how the bytes are divided; any depth of groups, in
+/// bounded memory apart from the text. Nothing that a file names is opened. What the reader does not know is
+/// left out or, outside of a
 /// `\*` group, shown as the text that it holds.
 class RtfReader {
 public:
     enum class Status {
-        Reading,     // the outermost group is open
-        Finished,    // it has ended; what follows is ignored
-        NotRtf,      // the signature is missing
-        BadHex,      // `\'` without two hexadecimal digits: the text up to there
+        Reading,   // the outermost group is open
+        Finished,  // it has ended; what follows is ignored
+        NotRtf,    // the signature is missing
+        BadHex,    // `\'` without two hexadecimal digits: the text up to there
     };
 
     /// `base` is the format that plain text gets; `most` units of text are read at most.
-    RtfReader(FormatPool<CharFormat>& characters, FormatPool<ParaFormat>& paragraphs, const CharFormat& base, int most);
+    RtfReader(FormatPool<CharFormat>& characters, FormatPool<ParaFormat>& paragraphs, const CharFormat& base,
+              int most);
 
     /// Takes the next bytes; false when the rest of the file does not matter.
     bool Feed(std::string_view bytes);
@@ -87,8 +89,8 @@ private:
     int m_hexDigits = 0;
     int m_hex = 0;
     std::int64_t m_binaryLeft = 0;
-    int m_toSkip = 0;        // units of the fallback of a `\u` that are still to come
-    std::string m_encoded;   // bytes of the present code page
+    int m_toSkip = 0;       // units of the fallback of a `\u` that are still to come
+    std::string m_encoded;  // bytes of the present code page
     UINT m_ansiCodePage = 1252;
     std::map<int, Font> m_fonts;
     int m_font = 0;  // whose entry is being read

@@ -18,7 +18,7 @@ struct FontKey {
 
 class Writer {
 public:
-    Writer(Document& document, Document::Position first, Document::Position last, UINT codePage,
+    Writer(const Document& document, Document::Position first, Document::Position last, UINT codePage,
            const std::function<bool(std::string_view)>& write)
         : m_document(document),
           m_first(first),
@@ -66,7 +66,8 @@ private:
 
     void AddFont(const CharFormat& format)
     {
-        const auto [place, isNew] = m_fonts.try_emplace({format.face, format.charSet}, static_cast<int>(m_fonts.size()));
+        const auto [place, isNew] =
+            m_fonts.try_emplace({format.face, format.charSet}, static_cast<int>(m_fonts.size()));
         if (!isNew)
             return;
         m_out += "{\\f" + std::to_string(place->second) + "\\fcharset" + std::to_string(format.charSet) + " ";
@@ -80,8 +81,8 @@ private:
     {
         if (!m_colours.try_emplace(colour, static_cast<int>(m_colours.size()) + 1).second)
             return;
-        m_out += "\\red" + std::to_string(GetRValue(colour)) + "\\green" + std::to_string(GetGValue(colour)) + "\\blue" +
-                 std::to_string(GetBValue(colour)) + ";";
+        m_out += "\\red" + std::to_string(GetRValue(colour)) + "\\green" + std::to_string(GetGValue(colour)) +
+                 "\\blue" + std::to_string(GetBValue(colour)) + ";";
     }
 
     void Word(std::string_view word, LONG number)
@@ -212,7 +213,7 @@ private:
         m_out.clear();
     }
 
-    Document& m_document;
+    const Document& m_document;
     Document::Position m_first;
     Document::Position m_last;
     UINT m_codePage;
@@ -232,7 +233,7 @@ private:
 
 }  // namespace
 
-void WriteRtf(Document& document, Document::Position first, Document::Position last, UINT codePage,
+void WriteRtf(const Document& document, Document::Position first, Document::Position last, UINT codePage,
               const std::function<bool(std::string_view)>& write)
 {
     Writer(document, first, last, codePage, write).Run();

@@ -112,7 +112,8 @@ void TextServices::Configure()
     const RECT area = TextArea();
     LayoutSettings settings;
     settings.width = area.right - area.left;
-    settings.wraps = (m_properties & TXTBIT_WORDWRAP) && (m_properties & TXTBIT_MULTILINE) && settings.width > 0;
+    settings.wraps =
+        (m_properties & TXTBIT_WORDWRAP) && (m_properties & TXTBIT_MULTILINE) && settings.width > 0;
     settings.hasFixedLineHeight = !m_editor.IsRich();
     settings.password = IsPassword() ? m_host.PasswordCharacter() : char16_t{0};
     m_editor.SetPassword(IsPassword());
@@ -124,8 +125,8 @@ HRESULT TextServices::OnTxPropertyBitsChange(DWORD mask, DWORD bits)
 {
     const Call call(*this);
     constexpr DWORD kStored = TXTBIT_RICHTEXT | TXTBIT_MULTILINE | TXTBIT_READONLY | TXTBIT_USEPASSWORD |
-                              TXTBIT_HIDESELECTION | TXTBIT_SAVESELECTION | TXTBIT_AUTOWORDSEL | TXTBIT_WORDWRAP |
-                              TXTBIT_ALLOWBEEP;
+                              TXTBIT_HIDESELECTION | TXTBIT_SAVESELECTION | TXTBIT_AUTOWORDSEL |
+                              TXTBIT_WORDWRAP | TXTBIT_ALLOWBEEP;
     m_properties = (m_properties & ~(mask & kStored)) | (bits & mask & kStored);
     ReadProperties(mask);
     return S_OK;
@@ -158,7 +159,7 @@ HRESULT TextServices::OnTxInPlaceActivate(LPCRECT client)
 {
     const Call call(*this);
     m_isActive = true;
-    m_client = client ? *client : m_host.ClientRect();
+    m_client = client ? Saturated(*client) : m_host.ClientRect();
     Configure();
     return S_OK;
 }
@@ -194,7 +195,8 @@ HRESULT TextServices::TxSetText(LPCWSTR text)
     return S_OK;
 }
 
-HRESULT TextServices::TxGetNaturalSize(DWORD, HDC, HDC, DVTARGETDEVICE*, DWORD, const SIZEL*, LONG* width, LONG* height)
+HRESULT TextServices::TxGetNaturalSize(DWORD, HDC, HDC, DVTARGETDEVICE*, DWORD, const SIZEL*, LONG* width,
+                                       LONG* height)
 {
     if (!width || !height)
         return E_INVALIDARG;
@@ -211,18 +213,18 @@ bool TextServices::IsSelectionHidden() const
     return m_hidesSelection || (!m_hasFocus && (m_properties & TXTBIT_HIDESELECTION));
 }
 
-HRESULT TextServices::TxDraw(DWORD, LONG, void*, DVTARGETDEVICE*, HDC dc, HDC, LPCRECT bounds, LPCRECT, LPRECT update,
-                             BOOL(CALLBACK*)(DWORD), DWORD, LONG)
+HRESULT TextServices::TxDraw(DWORD, LONG, void*, DVTARGETDEVICE*, HDC dc, HDC, LPCRECT bounds, LPCRECT,
+                             LPRECT update, BOOL(CALLBACK*)(DWORD), DWORD, LONG)
 {
     DeviceContext* context = LookUpContext(dc);
     if (!context || (!bounds && !m_isActive))
         return E_INVALIDARG;
-    const RECT area = bounds ? *bounds : m_client;
+    const RECT area = bounds ? Saturated(*bounds) : m_client;
     const ScopedClip clip(*context, update ? Intersection(area, *update) : area);
     if (m_host.IsOpaque())
         FillPixels(*context, context->ToSurface(area), PixelOf(m_host.SystemColour(COLOR_WINDOW)));
-    const RECT text{area.left + m_inset.left + m_selectionBar, area.top + m_inset.top, area.right - m_inset.right,
-                    area.bottom - m_inset.bottom};
+    const RECT text{area.left + m_inset.left + m_selectionBar, area.top + m_inset.top,
+                    area.right - m_inset.right, area.bottom - m_inset.bottom};
     if (text.left >= text.right || text.top >= text.bottom)
         return S_OK;
     const ScopedClip inner(*context, text);
@@ -238,7 +240,8 @@ HRESULT TextServices::TxDraw(DWORD, LONG, void*, DVTARGETDEVICE*, HDC dc, HDC, L
     return S_OK;
 }
 
-HRESULT TextServices::OnTxSetCursor(DWORD, LONG, void*, DVTARGETDEVICE*, HDC, HDC, LPCRECT client, INT x, INT y)
+HRESULT TextServices::OnTxSetCursor(DWORD, LONG, void*, DVTARGETDEVICE*, HDC, HDC, LPCRECT client, INT x,
+                                    INT y)
 {
     const Call call(*this);
     const RECT shown = client ? *client : m_client;
@@ -247,12 +250,14 @@ HRESULT TextServices::OnTxSetCursor(DWORD, LONG, void*, DVTARGETDEVICE*, HDC, HD
         shape = 32512;
     } else {
         const RECT area = TextArea();
-        const auto character =
-            m_editor.View().CharacterAt(x - area.left + m_left, y - area.top + m_editor.View().Top());
+        const auto character = m_editor.View().CharacterAt(
+            std::int64_t{x} - area.left + m_left, std::int64_t{y} - area.top + m_editor.View().Top());
         const Selection& selection = m_editor.Selected();
-        if (character && *character >= selection.First() && *character < selection.Last() && !IsSelectionHidden())
+        if (character && *character >= selection.First() && *character < selection.Last() &&
+            !IsSelectionHidden())
             shape = 32512;
-        else if (character && (m_editor.CharFormats()[m_editor.Text().FormatAt(*character)].effects & CFE_LINK))
+        else if (character &&
+                 (m_editor.CharFormats()[m_editor.Text().FormatAt(*character)].effects & CFE_LINK))
             shape = 32649;
     }
     if (m_host.Host())
@@ -288,14 +293,14 @@ POINT TextServices::ToClient(const TextView::Box& box) const
     const auto clamped = [](std::int64_t value) {
         return static_cast<LONG>(std::clamp<std::int64_t>(value, INT_MIN / 2, INT_MAX / 2));
     };
-    return {clamped(area.left + box.x - m_left),
-            clamped(area.top + box.y - m_editor.View().Top())};
+    return {clamped(area.left + box.x - m_left), clamped(area.top + box.y - m_editor.View().Top())};
 }
 
 Caret TextServices::HitClient(POINT client)
 {
     const RECT area = TextArea();
-    return m_editor.View().Hit(client.x - area.left + m_left, client.y - area.top + m_editor.View().Top());
+    return m_editor.View().Hit(std::int64_t{client.x} - area.left + m_left,
+                               std::int64_t{client.y} - area.top + m_editor.View().Top());
 }
 
 void TextServices::ShowCaretInView()
@@ -363,7 +368,8 @@ LRESULT TextServices::Scroll(int bar, WPARAM code)
         default:
             return 0;
     }
-    isVertical ? ScrollTo(m_left, position) : ScrollTo(static_cast<int>(std::min(position, most)), view.Top());
+    isVertical ? ScrollTo(m_left, position)
+               : ScrollTo(static_cast<int>(std::min(position, most)), view.Top());
     m_updatesNow = true;
     return 0;
 }
@@ -408,8 +414,8 @@ HRESULT TextServices::TxGetHScroll(LONG* least, LONG* most, LONG* position, LONG
     return S_OK;
 }
 
-// Brings the view in line with what has changed and tells the host. What the host does meanwhile is settled in another
-// round.
+// Brings the view in line with what has changed and tells the host. What the host does meanwhile is settled
+// in another round.
 void TextServices::Settle()
 {
     m_isSettling = true;
@@ -463,11 +469,13 @@ void TextServices::TellDamage()
         };
         if (damage) {
             add(damage->first, damage->last);
-            // A paragraph that wraps may have changed up to its end, and what follows when it became longer or shorter.
+            // A paragraph that wraps may have changed up to its end, and what follows when it became longer
+            // or shorter.
             if (height != m_told.height)
                 to = INT64_MAX / 2;
             else if (view.Settings().wraps)
-                add(damage->first, m_editor.Text().ParagraphEnd(std::min(damage->last, m_editor.Text().Length())));
+                add(damage->first,
+                    m_editor.Text().ParagraphEnd(std::min(damage->last, m_editor.Text().Length())));
         }
         if (!(selection == before) && (!selection.IsEmpty() || !before.IsEmpty()) && !IsSelectionHidden()) {
             if (selection.First() != before.First() || before.IsEmpty() || selection.IsEmpty())
@@ -477,9 +485,10 @@ void TextServices::TellDamage()
         }
         isDirty = from < to;
         if (isDirty) {
-            rect.top = static_cast<LONG>(std::clamp<std::int64_t>(area.top + from - top, m_client.top, m_client.bottom));
-            rect.bottom = static_cast<LONG>(std::clamp<std::int64_t>(area.top + std::min(to, top + INT_MAX) - top,
-                                                                     m_client.top, m_client.bottom));
+            rect.top = static_cast<LONG>(
+                std::clamp<std::int64_t>(area.top + from - top, m_client.top, m_client.bottom));
+            rect.bottom = static_cast<LONG>(std::clamp<std::int64_t>(
+                area.top + std::min(to, top + INT_MAX) - top, m_client.top, m_client.bottom));
         }
     }
     m_told.top = top;
@@ -501,7 +510,8 @@ void TextServices::TellScrollBars()
     if (HasBar(WS_VSCROLL))
         TellBar(SB_VERT, m_told.vertical, view.Height(), area.bottom - area.top, view.Top());
     if (HasBar(WS_HSCROLL))
-        TellBar(SB_HORZ, m_told.horizontal, view.Settings().wraps ? 0 : view.Width(), area.right - area.left, m_left);
+        TellBar(SB_HORZ, m_told.horizontal, view.Settings().wraps ? 0 : view.Width(), area.right - area.left,
+                m_left);
 }
 
 void TextServices::TellBar(int bar, BarState& told, std::int64_t content, int page, std::int64_t position)
@@ -548,8 +558,8 @@ void TextServices::TellCaret()
         m_told.caret = {-1, -1};
         m_host.Host()->TxCreateCaret(nullptr, 0, box.height);
     }
-    const bool isShown = m_editor.Selected().IsEmpty() && at.y + box.height > area.top && at.y < area.bottom &&
-                         at.x >= area.left;
+    const bool isShown = m_editor.Selected().IsEmpty() && at.y + box.height > area.top &&
+                         at.y < area.bottom && at.x >= area.left;
     if (!isShown && m_told.isCaretShown && m_host.Host()) {
         m_told.isCaretShown = false;
         m_host.Host()->TxShowCaret(FALSE);
@@ -570,11 +580,12 @@ void TextServices::TellChanges()
     SELCHANGE change{};
     change.nmhdr.code = EN_SELCHANGE;
     change.chrg = {m_editor.Selected().First(), m_editor.Selected().Last()};
-    change.seltyp = m_editor.Selected().IsEmpty() ? SEL_EMPTY
-                                                  : static_cast<WORD>(SEL_TEXT | (change.chrg.cpMax - change.chrg.cpMin > 1
-                                                                                      ? SEL_MULTICHAR
-                                                                                      : 0));
-    const bool isSelectionTold = change.chrg.cpMin == m_notifiedRange.cpMin && change.chrg.cpMax == m_notifiedRange.cpMax;
+    change.seltyp =
+        m_editor.Selected().IsEmpty()
+            ? SEL_EMPTY
+            : static_cast<WORD>(SEL_TEXT | (change.chrg.cpMax - change.chrg.cpMin > 1 ? SEL_MULTICHAR : 0));
+    const bool isSelectionTold =
+        change.chrg.cpMin == m_notifiedRange.cpMin && change.chrg.cpMax == m_notifiedRange.cpMax;
     m_notifiedRange = change.chrg;
     if (!isSelectionTold && (m_eventMask & ENM_SELCHANGE))
         m_host.Notify(EN_SELCHANGE, &change);

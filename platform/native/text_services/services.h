@@ -6,9 +6,9 @@
 
 namespace qvui::native {
 
-/// The text services: an editor shown in its host's client rectangle, driven by messages. What a call changes is told to the
-/// host when the outermost call ends: the parts to repaint, scroll bars, the caret and notifications, in this order. A
-/// host may release the services at any time, also while it is called.
+/// The text services: an editor shown in its host's client rectangle, driven by messages. What a call changes
+/// is told to the host when the outermost call ends: the parts to repaint, scroll bars, the caret and
+/// notifications, in this order. A host may release the services at any time, also while it is called.
 class TextServices final : public ITextServices {
 public:
     explicit TextServices(ITextHost* host);
@@ -23,8 +23,8 @@ public:
                    DWORD goOnValue, LONG view) override;
     HRESULT TxGetHScroll(LONG* least, LONG* most, LONG* position, LONG* page, BOOL* isEnabled) override;
     HRESULT TxGetVScroll(LONG* least, LONG* most, LONG* position, LONG* page, BOOL* isEnabled) override;
-    HRESULT OnTxSetCursor(DWORD aspect, LONG index, void* aspectInfo, DVTARGETDEVICE* device, HDC dc, HDC target,
-                          LPCRECT client, INT x, INT y) override;
+    HRESULT OnTxSetCursor(DWORD aspect, LONG index, void* aspectInfo, DVTARGETDEVICE* device, HDC dc,
+                          HDC target, LPCRECT client, INT x, INT y) override;
     HRESULT TxQueryHitPoint(DWORD, LONG, void*, DVTARGETDEVICE*, HDC, HDC, LPCRECT, INT, INT, DWORD*) override
     {
         return E_NOTIMPL;

@@ -23,7 +23,8 @@ void ReadAll(EDITSTREAM& stream, Take take)
     std::string buffer(kChunk, '\0');
     for (;;) {
         LONG count = 0;
-        const DWORD error = stream.pfnCallback(stream.dwCookie, reinterpret_cast<LPBYTE>(buffer.data()), kChunk, &count);
+        const DWORD error =
+            stream.pfnCallback(stream.dwCookie, reinterpret_cast<LPBYTE>(buffer.data()), kChunk, &count);
         if (error) {
             stream.dwError = error;
             return;
@@ -55,8 +56,8 @@ std::u16string Decode(std::string_view bytes, DWORD flags)
         bytes.remove_prefix(kUtf8Mark.size());
     }
     std::u16string text(std::min<std::size_t>(bytes.size(), INT_MAX), u'\0');
-    const int units = MultiByteToWideChar(codePage, 0, bytes.data(), static_cast<int>(text.size()), text.data(),
-                                          static_cast<int>(text.size()));
+    const int units = MultiByteToWideChar(codePage, 0, bytes.data(), static_cast<int>(text.size()),
+                                          text.data(), static_cast<int>(text.size()));
     text.resize(static_cast<std::size_t>(std::max(units, 0)));
     return text;
 }
@@ -68,11 +69,11 @@ std::string Encode(std::u16string_view text, DWORD flags)
     const UINT codePage = CodePageOf(flags);
     const int length = static_cast<int>(text.size());
     std::string bytes(
-        static_cast<std::size_t>(std::max(
-            0, WideCharToMultiByte(codePage, 0, text.data(), length, nullptr, 0, nullptr, nullptr))),
+        static_cast<std::size_t>(
+            std::max(0, WideCharToMultiByte(codePage, 0, text.data(), length, nullptr, 0, nullptr, nullptr))),
         '\0');
-    WideCharToMultiByte(codePage, 0, text.data(), length, bytes.data(), static_cast<int>(bytes.size()), nullptr,
-                        nullptr);
+    WideCharToMultiByte(codePage, 0, text.data(), length, bytes.data(), static_cast<int>(bytes.size()),
+                        nullptr, nullptr);
     return bytes;
 }
 
@@ -202,7 +203,7 @@ LRESULT StreamOut(Editor& editor, DWORD flags, EDITSTREAM& stream)
     Sink sink(stream);
     if (flags & SF_RTF) {
         const Editor::Position end = flags & SFF_SELECTION ? last : last + 1;
-        WriteRtf(const_cast<Document&>(editor.Text()), first, end, GetACP(),
+        WriteRtf(editor.Text(), first, end, GetACP(),
                  [&](std::string_view part) { return sink.Write(part); });
     } else if (flags & (SF_TEXT | SF_TEXTIZED)) {
         // In parts, so that a large text is not held three times.

@@ -4,8 +4,9 @@
 
 namespace qvui::native {
 
-/// Reads a stream into an editor by the SF_ and SFF_ flags: replaces everything or, with SFF_SELECTION, the selection.
-/// Returns what was read: bytes of text, units of RTF; 0 without a format. The stream's error is set.
+/// Reads a stream into an editor by the SF_ and SFF_ flags: replaces everything or, with SFF_SELECTION, the
+/// selection. Returns what was read: bytes of text, units of RTF; 0 without a format. The stream's error is
+/// set.
 LRESULT StreamIn(Editor& editor, DWORD flags, EDITSTREAM& stream, int limit);
 /// Writes the text or the selection. Returns the bytes written, 0 after an error.
 LRESULT StreamOut(Editor& editor, DWORD flags, EDITSTREAM& stream);

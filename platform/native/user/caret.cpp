@@ -46,7 +46,8 @@ int MillisecondsToBlink()
     const CaretState& caret = TheDesktop().caret;
     if (!IsCaretShown(caret))
         return -1;
-    return static_cast<int>(std::max<std::int64_t>(0, (caret.toggleDue - Now() + kMillisecond - 1) / kMillisecond));
+    return static_cast<int>(
+        std::max<std::int64_t>(0, (caret.toggleDue - Now() + kMillisecond - 1) / kMillisecond));
 }
 
 void ForgetCaret(HWND window)

@@ -8,8 +8,8 @@ struct CaretState;
 
 bool IsCaretShown(const CaretState& caret);
 
-/// Inverts the caret's pixels in a surface for one scope, in which it is presented: the surface itself never holds the
-/// caret, so that nothing that is drawn can leave parts of it behind.
+/// Inverts the caret's pixels in a surface for one scope, in which it is presented: the surface itself never
+/// holds the caret, so that nothing that is drawn can leave parts of it behind.
 class CaretOverlay {
 public:
     /// `damage`, in the root window's coordinates, is what will be presented.

@@ -54,9 +54,10 @@ std::basic_string<Unit> TextOf(HGLOBAL block)
 std::u16string Wide(std::string_view text, UINT codePage)
 {
     std::u16string wide(text.size(), u'\0');
-    const int units = text.empty() ? 0
-                                   : MultiByteToWideChar(codePage, 0, text.data(), static_cast<int>(text.size()),
-                                                         wide.data(), static_cast<int>(wide.size()));
+    const int units = text.empty()
+                          ? 0
+                          : MultiByteToWideChar(codePage, 0, text.data(), static_cast<int>(text.size()),
+                                                wide.data(), static_cast<int>(wide.size()));
     wide.resize(static_cast<std::size_t>(std::max(units, 0)));
     return wide;
 }
@@ -64,9 +65,10 @@ std::u16string Wide(std::string_view text, UINT codePage)
 std::string Narrow(std::u16string_view wide, UINT codePage)
 {
     std::string text(wide.size() * 4, '\0');
-    const int bytes = wide.empty() ? 0
-                                   : WideCharToMultiByte(codePage, 0, wide.data(), static_cast<int>(wide.size()),
-                                                         text.data(), static_cast<int>(text.size()), nullptr, nullptr);
+    const int bytes = wide.empty()
+                          ? 0
+                          : WideCharToMultiByte(codePage, 0, wide.data(), static_cast<int>(wide.size()),
+                                                text.data(), static_cast<int>(text.size()), nullptr, nullptr);
     text.resize(static_cast<std::size_t>(std::max(bytes, 0)));
     return text;
 }
@@ -101,7 +103,8 @@ void TakeDesktopText(ClipboardState& clipboard)
     DropItems(clipboard);
     if (!text.empty()) {
         const std::u16string wide = Wide(WithCarriageReturns(text), kUtf8);
-        clipboard.items.push_back({CF_UNICODETEXT, MakeBlock(wide.c_str(), (wide.size() + 1) * sizeof(char16_t))});
+        clipboard.items.push_back(
+            {CF_UNICODETEXT, MakeBlock(wide.c_str(), (wide.size() + 1) * sizeof(char16_t))});
     }
     clipboard.desktopText = std::move(text);
 }
@@ -174,7 +177,8 @@ HANDLE GetClipboardData(UINT format)
     if (const HGLOBAL block = Find(clipboard, format))
         return block;
     // Each kind of text is made from the other one.
-    const HGLOBAL other = IsText(format) ? Find(clipboard, format == CF_TEXT ? CF_UNICODETEXT : CF_TEXT) : nullptr;
+    const HGLOBAL other =
+        IsText(format) ? Find(clipboard, format == CF_TEXT ? CF_UNICODETEXT : CF_TEXT) : nullptr;
     if (!other)
         return nullptr;
     HGLOBAL made = nullptr;
@@ -195,7 +199,8 @@ BOOL IsClipboardFormatAvailable(UINT format)
     ClipboardState& clipboard = TheDesktop().clipboard;
     if (!clipboard.isOpen)
         TakeDesktopText(clipboard);
-    return Find(clipboard, format) || (IsText(format) && (Find(clipboard, CF_TEXT) || Find(clipboard, CF_UNICODETEXT)));
+    return Find(clipboard, format) ||
+           (IsText(format) && (Find(clipboard, CF_TEXT) || Find(clipboard, CF_UNICODETEXT)));
 }
 
 UINT RegisterClipboardFormatA(LPCSTR name)

@@ -9,6 +9,7 @@
 
 #include "native/kernel/cursor_file.h"
 #include "native/user/input.h"
+#include "native/user/menus.h"
 #include "native/user/window.h"
 
 namespace qvui::native {
@@ -118,6 +119,7 @@ struct Desktop {
     HCURSOR cursor = nullptr;
     CaretState caret;
     ClipboardState clipboard;
+    HandleTable<Menu, 8> menus;
 
     // What waits
     PostedMessages messages;

@@ -41,3 +41,13 @@ BOOL SetKeyboardState(BYTE* states)
     }
     return TRUE;
 }
+
+HIMC ImmGetContext(HWND)
+{
+    return nullptr;
+}
+
+BOOL ImmReleaseContext(HWND, HIMC)
+{
+    return FALSE;
+}

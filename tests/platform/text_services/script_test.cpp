@@ -1,5 +1,5 @@
-// Scripts of operations on text services, each with the output that it makes, on both targets. With QVUI_UPDATE_SCENARIOS=1
-// in the environment the files are written anew, to be read in review.
+// Scripts of operations on text services, each with the output that it makes, on both targets. With
+// QVUI_UPDATE_SCENARIOS=1 in the environment the files are written anew, to be read in review.
 
 #include <algorithm>
 #include <cstdlib>
@@ -72,7 +72,8 @@ struct StreamedBytes {
 DWORD CALLBACK ReadBytes(DWORD_PTR cookie, LPBYTE buffer, LONG size, LONG* moved)
 {
     auto& stream = *reinterpret_cast<StreamedBytes*>(cookie);
-    const std::size_t count = std::min({static_cast<std::size_t>(size), stream.chunk, stream.bytes.size() - stream.at});
+    const std::size_t count =
+        std::min({static_cast<std::size_t>(size), stream.chunk, stream.bytes.size() - stream.at});
     std::copy_n(stream.bytes.begin() + static_cast<std::ptrdiff_t>(stream.at), count, buffer);
     stream.at += count;
     *moved = static_cast<LONG>(count);
@@ -81,7 +82,8 @@ DWORD CALLBACK ReadBytes(DWORD_PTR cookie, LPBYTE buffer, LONG size, LONG* moved
 
 DWORD CALLBACK WriteBytes(DWORD_PTR cookie, LPBYTE buffer, LONG size, LONG* moved)
 {
-    reinterpret_cast<StreamedBytes*>(cookie)->bytes.append(reinterpret_cast<char*>(buffer), static_cast<std::size_t>(size));
+    reinterpret_cast<StreamedBytes*>(cookie)->bytes.append(reinterpret_cast<char*>(buffer),
+                                                           static_cast<std::size_t>(size));
     *moved = size;
     return 0;
 }
@@ -150,7 +152,8 @@ private:
         IUnknown* unknown = nullptr;
         using Create = HRESULT(WINAPI*)(IUnknown*, ITextHost*, IUnknown**);
         static const HMODULE module = LoadLibraryA("riched20.dll");
-        const auto create = reinterpret_cast<Create>(reinterpret_cast<void*>(GetProcAddress(module, "CreateTextServices")));
+        const auto create =
+            reinterpret_cast<Create>(reinterpret_cast<void*>(GetProcAddress(module, "CreateTextServices")));
         const IID iid{0x8D33F740, 0xCF58, 0x11CE, {0xA8, 0x9D, 0x00, 0xAA, 0x00, 0x6C, 0xAD, 0xC5}};
         create(nullptr, &m_host, &unknown);
         void* services = nullptr;
@@ -189,7 +192,8 @@ private:
     // "+b -i size 400 color 255": what is set.
     CHARFORMAT2W FormatOf(const std::string& rest)
     {
-        static const std::map<char, DWORD> effects{{'b', CFM_BOLD}, {'i', CFM_ITALIC}, {'u', CFM_UNDERLINE}, {'s', CFM_STRIKEOUT}};
+        static const std::map<char, DWORD> effects{
+            {'b', CFM_BOLD}, {'i', CFM_ITALIC}, {'u', CFM_UNDERLINE}, {'s', CFM_STRIKEOUT}};
         CHARFORMAT2W format{};
         format.cbSize = sizeof format;
         std::istringstream words(rest);
@@ -210,14 +214,26 @@ private:
 
     static const std::map<std::string, Verb>& Verbs()
     {
-        static const std::map<std::string, UINT> messages{
-            {"canundo", EM_CANUNDO},     {"canredo", EM_CANREDO},       {"undo", EM_UNDO},
-            {"redo", EM_REDO},           {"emptyundo", EM_EMPTYUNDOBUFFER}, {"stopgroup", EM_STOPGROUPTYPING},
-            {"lines", EM_GETLINECOUNT},  {"lineindex", EM_LINEINDEX},   {"linelength", EM_LINELENGTH},
-            {"linefrom", EM_LINEFROMCHAR}, {"seltype", EM_SELECTIONTYPE}, {"copy", WM_COPY},
-            {"cut", WM_CUT},             {"paste", WM_PASTE},           {"clear", WM_CLEAR},
-            {"textlength", WM_GETTEXTLENGTH}, {"canpaste", EM_CANPASTE}, {"limit", EM_GETLIMITTEXT},
-            {"textmode", EM_GETTEXTMODE}, {"vscroll", WM_VSCROLL}};
+        static const std::map<std::string, UINT> messages{{"canundo", EM_CANUNDO},
+                                                          {"canredo", EM_CANREDO},
+                                                          {"undo", EM_UNDO},
+                                                          {"redo", EM_REDO},
+                                                          {"emptyundo", EM_EMPTYUNDOBUFFER},
+                                                          {"stopgroup", EM_STOPGROUPTYPING},
+                                                          {"lines", EM_GETLINECOUNT},
+                                                          {"lineindex", EM_LINEINDEX},
+                                                          {"linelength", EM_LINELENGTH},
+                                                          {"linefrom", EM_LINEFROMCHAR},
+                                                          {"seltype", EM_SELECTIONTYPE},
+                                                          {"copy", WM_COPY},
+                                                          {"cut", WM_CUT},
+                                                          {"paste", WM_PASTE},
+                                                          {"clear", WM_CLEAR},
+                                                          {"textlength", WM_GETTEXTLENGTH},
+                                                          {"canpaste", EM_CANPASTE},
+                                                          {"limit", EM_GETLIMITTEXT},
+                                                          {"textmode", EM_GETTEXTMODE},
+                                                          {"vscroll", WM_VSCROLL}};
         static const std::map<std::string, Verb> verbs = [] {
             std::map<std::string, Verb> all;
             for (const auto& [name, message] : messages)
@@ -225,11 +241,13 @@ private:
                     s.PrintSent(message, static_cast<WPARAM>(rest.empty() ? 0 : std::stol(rest)));
                 };
             all["open"] = [](Script& s, const std::string& rest) { s.Open(rest); };
-            all["set"] = [](Script& s, const std::string& rest) { s.m_services->TxSetText(Unescaped(rest).c_str()); };
+            all["set"] = [](Script& s, const std::string& rest) {
+                s.m_services->TxSetText(Unescaped(rest).c_str());
+            };
             all["text"] = [](Script& s, const std::string&) { s.Print(s.Text()); };
             all["client"] = [](Script& s, const std::string& rest) {
-                std::istringstream(rest) >> s.m_host.client.left >> s.m_host.client.top >> s.m_host.client.right >>
-                    s.m_host.client.bottom;
+                std::istringstream(rest) >> s.m_host.client.left >> s.m_host.client.top >>
+                    s.m_host.client.right >> s.m_host.client.bottom;
                 s.m_services->OnTxPropertyBitsChange(TXTBIT_CLIENTRECTCHANGE, TXTBIT_CLIENTRECTCHANGE);
             };
             all["type"] = [](Script& s, const std::string& rest) {
@@ -238,8 +256,9 @@ private:
             };
             all["key"] = [](Script& s, const std::string& rest) {
                 static const std::map<std::string, int> keys{
-                    {"left", VK_LEFT}, {"right", VK_RIGHT}, {"up", VK_UP},     {"down", VK_DOWN}, {"home", VK_HOME},
-                    {"end", VK_END},   {"back", VK_BACK},   {"delete", VK_DELETE}, {"return", VK_RETURN}};
+                    {"left", VK_LEFT}, {"right", VK_RIGHT},   {"up", VK_UP},
+                    {"down", VK_DOWN}, {"home", VK_HOME},     {"end", VK_END},
+                    {"back", VK_BACK}, {"delete", VK_DELETE}, {"return", VK_RETURN}};
                 std::istringstream words(rest);
                 BYTE state[256]{};
                 for (std::string word; words >> word;) {
@@ -269,7 +288,9 @@ private:
             all["replacefinally"] = [](Script& s, const std::string& rest) {
                 s.PrintSent(EM_REPLACESEL, FALSE, reinterpret_cast<LPARAM>(Unescaped(rest).c_str()));
             };
-            all["modified"] = [](Script& s, const std::string&) { s.Print(s.Send(EM_GETMODIFY) ? "yes" : "no"); };
+            all["modified"] = [](Script& s, const std::string&) {
+                s.Print(s.Send(EM_GETMODIFY) ? "yes" : "no");
+            };
             all["position"] = [](Script& s, const std::string& rest) {
                 POINTL point{};
                 s.Send(EM_POSFROMCHAR, reinterpret_cast<WPARAM>(&point), std::stol(rest));
@@ -281,8 +302,10 @@ private:
                 s.PrintSent(EM_CHARFROMPOS, 0, reinterpret_cast<LPARAM>(&point));
             };
             all["pointer"] = [](Script& s, const std::string& rest) {
-                static const std::map<std::string, UINT> kinds{
-                    {"press", WM_LBUTTONDOWN}, {"move", WM_MOUSEMOVE}, {"release", WM_LBUTTONUP}, {"double", WM_LBUTTONDBLCLK}};
+                static const std::map<std::string, UINT> kinds{{"press", WM_LBUTTONDOWN},
+                                                               {"move", WM_MOUSEMOVE},
+                                                               {"release", WM_LBUTTONUP},
+                                                               {"double", WM_LBUTTONDBLCLK}};
                 std::string kind;
                 int x = 0;
                 int y = 0;
@@ -382,7 +405,9 @@ private:
                         s.Print(note);
                 s.m_host.notes.clear();
             };
-            all["setlimit"] = [](Script& s, const std::string& rest) { s.PrintSent(EM_EXLIMITTEXT, 0, std::stol(rest)); };
+            all["setlimit"] = [](Script& s, const std::string& rest) {
+                s.PrintSent(EM_EXLIMITTEXT, 0, std::stol(rest));
+            };
             all["vertical"] = [](Script& s, const std::string&) {
                 LONG least = 0, most = 0, position = 0, page = 0;
                 BOOL isEnabled = FALSE;
@@ -391,7 +416,8 @@ private:
             };
             all["focus"] = [](Script& s, const std::string&) { s.Send(WM_SETFOCUS); };
             all["wheel"] = [](Script& s, const std::string& rest) {
-                s.PrintSent(WM_MOUSEWHEEL, static_cast<WPARAM>(static_cast<DWORD>(MAKELONG(0, std::stoi(rest)))));
+                s.PrintSent(WM_MOUSEWHEEL,
+                            static_cast<WPARAM>(static_cast<DWORD>(MAKELONG(0, std::stoi(rest)))));
             };
             return all;
         }();

@@ -6,9 +6,11 @@ namespace qvui::test {
 
 TextHost::TextHost()
 {
-    constexpr WCHAR kFace[] = {'D', 'e', 'j', 'a', 'V', 'u', ' ', 'S', 'a', 'n', 's', ' ', 'M', 'o', 'n', 'o', 0};
+    constexpr WCHAR kFace[] = {'D', 'e', 'j', 'a', 'V', 'u', ' ', 'S', 'a',
+                               'n', 's', ' ', 'M', 'o', 'n', 'o', 0};
     character.cbSize = sizeof character;
-    character.dwMask = CFM_BOLD | CFM_ITALIC | CFM_UNDERLINE | CFM_SIZE | CFM_COLOR | CFM_FACE | CFM_OFFSET | CFM_CHARSET;
+    character.dwMask =
+        CFM_BOLD | CFM_ITALIC | CFM_UNDERLINE | CFM_SIZE | CFM_COLOR | CFM_FACE | CFM_OFFSET | CFM_CHARSET;
     character.yHeight = 240;
     std::copy(std::begin(kFace), std::end(kFace), character.szFaceName);
     paragraph.cbSize = sizeof paragraph;
@@ -30,7 +32,8 @@ BOOL TextHost::TxShowScrollBar(INT bar, BOOL show)
 
 BOOL TextHost::TxSetScrollRange(INT bar, LONG least, INT most, BOOL)
 {
-    notes.push_back("range " + std::to_string(bar) + " " + std::to_string(least) + " " + std::to_string(most));
+    notes.push_back("range " + std::to_string(bar) + " " + std::to_string(least) + " " +
+                    std::to_string(most));
     return TRUE;
 }
 

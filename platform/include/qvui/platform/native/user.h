@@ -276,6 +276,7 @@ inline constexpr int VK_OEM_6 = 0xDD;
 inline constexpr int VK_OEM_7 = 0xDE;
 inline constexpr int SB_HORZ = 0;
 inline constexpr int SB_VERT = 1;
+inline constexpr int SB_BOTH = 3;
 inline constexpr int SB_LINEUP = 0;
 inline constexpr int SB_LINELEFT = 0;
 inline constexpr int SB_LINEDOWN = 1;
@@ -539,6 +540,36 @@ QVUI_PLATFORM HANDLE SetClipboardData(UINT format, HANDLE data);
 QVUI_PLATFORM HANDLE GetClipboardData(UINT format);
 QVUI_PLATFORM BOOL IsClipboardFormatAvailable(UINT format);
 QVUI_PLATFORM UINT RegisterClipboardFormatA(LPCSTR name);
+
+inline constexpr UINT MF_ENABLED = 0x0;
+inline constexpr UINT MF_BYCOMMAND = 0x0;
+inline constexpr UINT MF_GRAYED = 0x1;
+inline constexpr UINT MF_DISABLED = 0x2;
+inline constexpr UINT MF_BYPOSITION = 0x400;
+inline constexpr UINT MF_SEPARATOR = 0x800;
+inline constexpr UINT TPM_LEFTALIGN = 0x0;
+inline constexpr UINT TPM_RIGHTBUTTON = 0x2;
+inline constexpr UINT TPM_RETURNCMD = 0x100;
+/// Menus. Of the menus in modules there is the edit menu of "user32.dll", number 1. They pop up; windows have
+/// no menu bar.
+QVUI_PLATFORM HMENU LoadMenuA(HINSTANCE module, LPCSTR name);
+/// Belongs to the menu that it is in.
+QVUI_PLATFORM HMENU GetSubMenu(HMENU menu, int position);
+QVUI_PLATFORM int GetMenuItemCount(HMENU menu);
+QVUI_PLATFORM UINT GetMenuItemID(HMENU menu, int position);
+QVUI_PLATFORM UINT GetMenuState(HMENU menu, UINT item, UINT flags);
+/// The state before; -1 without such an item.
+QVUI_PLATFORM BOOL EnableMenuItem(HMENU menu, UINT item, UINT flags);
+QVUI_PLATFORM BOOL RemoveMenu(HMENU menu, UINT item, UINT flags);
+QVUI_PLATFORM BOOL DestroyMenu(HMENU menu);
+/// Runs until the user has chosen or let it be. Screen coordinates.
+QVUI_PLATFORM BOOL TrackPopupMenu(HMENU menu, UINT flags, int x, int y, int reserved, HWND owner,
+                                  const RECT* kept);
+
+/// Input methods hand over finished text here; their contexts are the desktop's own, so that there is none to
+/// get.
+QVUI_PLATFORM HIMC ImmGetContext(HWND window);
+QVUI_PLATFORM BOOL ImmReleaseContext(HWND window, HIMC context);
 
 /// The caret: one for all windows, of the window that made it last. Hiding it nests.
 QVUI_PLATFORM BOOL CreateCaret(HWND window, HBITMAP bitmap, int width, int height);
