@@ -1,15 +1,11 @@
 #include "support/controls/scenario.h"
 
 #include <algorithm>
-#include <cstdlib>
 #include <filesystem>
-#include <fstream>
 
 #include "support/controls/control_test.h"
 #include "support/test_files.h"
-
-// Every file of tests/scenarios is a script with the output that it makes. With QVUI_UPDATE_SCENARIOS=1 in
-// the environment the files are written anew, to be read in review.
+#include "support/transcript.h"
 
 namespace qvui::test {
 namespace {
@@ -27,21 +23,8 @@ class ScenarioTest : public ControlTest, public testing::WithParamInterface<std:
 
 TEST_P(ScenarioTest, GoesAsItIsWritten)
 {
-    const std::string path = TestFile("scenarios/" + GetParam() + ".txt");
-    std::stringstream script;
-    script << std::ifstream(path, std::ios::binary).rdbuf();
-    std::string expected = script.str();
-    std::erase(expected, '\r');
-    const std::string text = Scenario().Run(expected);
-    if (std::getenv("QVUI_UPDATE_SCENARIOS"))
-        std::ofstream(path, std::ios::binary) << text;
-    std::istringstream was(expected), is(text);
-    int number = 0;
-    for (std::string expectedLine, line; ++number, std::getline(is, line);) {
-        std::getline(was, expectedLine);
-        ASSERT_EQ(line, expectedLine) << GetParam() << ".txt, line " << number;
-    }
-    EXPECT_EQ(text, expected) << GetParam();
+    ExpectTranscript("scenarios/" + GetParam() + ".txt",
+                     [](const std::string& script) { return Scenario().Run(script); });
 }
 
 INSTANTIATE_TEST_SUITE_P(All, ScenarioTest, testing::ValuesIn(ScenarioNames()),

@@ -18,41 +18,6 @@ using namespace qvui::test;
 
 namespace {
 
-TEST(ToolTipPlacement, StandsBesideThePointerInsideTheWorkArea)
-{
-    // The offset is 5 and 10 pixels, the pointer's picture 12 high.
-    const RECT screen{0, 0, 1000, 800};
-    const RECT left{-1000, 100, 0, 700};
-    const struct {
-        const char* name;
-        RECT workArea;
-        POINT pointer;
-        SIZE size;
-        POINT corner;
-    } cases[] = {
-        {"in the middle", screen, {500, 400}, {100, 30}, {505, 422}},
-        {"just fits below", screen, {500, 748}, {100, 30}, {505, 770}},
-        {"flipped above", screen, {500, 749}, {100, 30}, {505, 709}},
-        {"shifted from the right edge", screen, {950, 400}, {100, 30}, {900, 422}},
-        {"in the lower right corner", screen, {999, 799}, {100, 30}, {900, 759}},
-        {"in the upper left corner", screen, {0, 0}, {100, 30}, {5, 22}},
-        {"as wide as the screen", screen, {500, 400}, {1000, 30}, {0, 422}},
-        {"wider than the screen", screen, {500, 400}, {1200, 30}, {0, 422}},
-        {"too high for below and above, right", screen, {500, 400}, {100, 600}, {517, 200}},
-        {"too high for below and above, left", screen, {900, 400}, {100, 600}, {795, 200}},
-        {"room on no side", screen, {500, 400}, {600, 600}, {400, 200}},
-        {"higher than the screen", screen, {500, 400}, {100, 900}, {517, 0}},
-        {"on another screen", left, {-500, 400}, {100, 30}, {-495, 422}},
-        {"at that screen's right edge", left, {-1, 699}, {100, 30}, {-100, 659}},
-        {"in its task bar", left, {-500, 750}, {100, 30}, {-495, 670}},
-        {"above its work area", left, {-500, 50}, {100, 30}, {-495, 100}},
-    };
-    for (const auto& c : cases) {
-        const POINT corner = PlaceToolTip({c.workArea, c.pointer, c.size, {5, 10}});
-        EXPECT_EQ(Text(corner), Text(c.corner)) << c.name;
-    }
-}
-
 class ToolTip : public testing::Test {
     LeakCheck m_leaks;
 

@@ -11,49 +11,12 @@
 
 #include "support/controls/probe.h"
 #include "support/geometry_text.h"
+#include "support/transcript.h"
 
 namespace qvui::test {
 namespace {
 
 using namespace DUI;
-
-RECT ReadRectangle(std::istream& text)
-{
-    RECT rect{};
-    char comma = 0;
-    text >> rect.left >> comma >> rect.top >> comma >> rect.right >> comma >> rect.bottom;
-    return rect;
-}
-
-POINT ReadPoint(std::istream& text)
-{
-    POINT point{};
-    char comma = 0;
-    text >> point.x >> comma >> point.y;
-    return point;
-}
-
-std::string ReadWord(std::istream& text)
-{
-    std::string word;
-    text >> word;
-    return word;
-}
-
-int ReadNumber(std::istream& text)
-{
-    int number = 0;
-    text >> number;
-    return number;
-}
-
-// The rest of the line after one blank.
-std::string ReadRest(std::istream& text)
-{
-    std::string rest;
-    std::getline(text >> std::ws, rest);
-    return rest;
-}
 
 int KeyOf(const std::string& name)
 {
@@ -260,13 +223,7 @@ const std::map<std::string, Scenario::Command>& Scenario::Commands()
     static const std::map<std::string, Command> commands{
         {"skin", [](S, A a) { DUIGetAppInstance()->GetSkinMgr()->SetSkinTyle(ReadWord(a).c_str()); }},
         {"language", [](S, A a) { DUIGetAppInstance()->GetSkinMgr()->SetLanguageType(ReadWord(a).c_str()); }},
-        {"resize",
-         [](S s, A a) {
-             SIZE size{};
-             char x = 0;
-             a >> size.cx >> x >> size.cy;
-             s.m_window->Resize(size);
-         }},
+        {"resize", [](S s, A a) { s.m_window->Resize(ReadSize(a)); }},
         {"fire",
          [](S s, A a) {
              IDUIControl* const control = &Named(*s.m_window, ReadWord(a));
@@ -402,9 +359,8 @@ std::string Scenario::Run(const std::string& script)
 
 void Scenario::Open(const std::string& size, const std::string& content)
 {
-    SIZE client{};
-    char x = 0;
-    std::istringstream(size) >> client.cx >> x >> client.cy;
+    std::istringstream text(size);
+    const SIZE client = ReadSize(text);
     m_window.reset();
     m_before.clear();
     m_focus.clear();
