@@ -18,17 +18,6 @@ using namespace DUI;
 
 class Container : public ControlTest {};
 
-TEST_F(Container, OnlyACanvasIsHitItself)
-{
-    for (const char* tag :
-         {"canvas", "horz_layout", "vert_layout", "tile_layout", "dialog_layout", "dock_layout", "tab_layout",
-          "padding_panel", "frame_panel", "horz_tabbar", "vert_toolbar"}) {
-        ControlWindow window({60, 40}, std::string("<") + tag + "/>");
-        POINT point{30, 20};
-        EXPECT_EQ(window.FindControl(&point) != nullptr, std::string(tag) == "canvas") << tag;
-    }
-}
-
 // Dialogs in dialogs: the first layout must not double its work at every level.
 TEST_F(Container, NestedDialogsLayOutTheirChildrenOnce)
 {

@@ -74,40 +74,5 @@ TEST_F(SplitDrag, EndsWithAReleaseThatWentElsewhere)
     EXPECT_EQ(Position(window), 315) << "back after a release out there";
 }
 
-TEST_F(SplitDrag, ShowsItsCursorOnTheBar)
-{
-    for (const char* tag : {"horz_split", "vert_split"}) {
-        ControlWindow window({100, 100}, std::string("<") + tag +
-                                             " name=\"s\" split_pos=\"50\"><vert_layout/><vert_layout/></" +
-                                             tag + ">");
-        const auto* const resize = std::string(tag) == "horz_split" ? IDC_SIZEWE : IDC_SIZENS;
-        const auto cursorAt = [&window](POINT point) {
-            window.mouse.MoveTo(point);
-            SendMessageA(window.Handle(), WM_SETCURSOR, reinterpret_cast<WPARAM>(window.Handle()),
-                         MAKELPARAM(HTCLIENT, WM_MOUSEMOVE));
-            return GetCursor();
-        };
-        EXPECT_EQ(cursorAt({52, 52}), LoadCursorA(nullptr, resize)) << tag;
-        EXPECT_EQ(cursorAt({20, 20}), LoadCursorA(nullptr, IDC_ARROW)) << tag << ", over a transparent pane";
-        window.mouse.Press({52, 52});
-        EXPECT_EQ(cursorAt({90, 5}), LoadCursorA(nullptr, resize)) << tag << ", dragged";
-    }
-}
-
-TEST_F(SplitDrag, ClaimsItsOwnEvents)
-{
-    ControlWindow window({410, 50}, Window());
-    auto& split = *window.Find<CDUISplitBase>("s");
-    for (const UINT type :
-         {DUIEVENT_SETCURSOR, DUIEVENT_LBUTTONDOWN, DUIEVENT_MOUSEMOVE, DUIEVENT_LBUTTONUP}) {
-        tagDUIEvent event;
-        event.Type = type;
-        event.ptMouse = {300, 20};
-        BOOL bHandled = FALSE;
-        EXPECT_EQ(split.OnDUIEvent(event, bHandled), 0);
-        EXPECT_TRUE(bHandled) << type << ", beside the bar too";
-    }
-}
-
 }  // namespace
 }  // namespace qvui::test

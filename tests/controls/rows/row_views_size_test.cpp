@@ -3,7 +3,6 @@
 
 #include <random>
 
-#include "controls/pixels.h"
 #include "controls/scrolling/scroll_box.h"
 #include "support/controls/control_test.h"
 

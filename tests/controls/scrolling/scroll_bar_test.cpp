@@ -2,9 +2,9 @@
 
 #include <climits>
 
-#include "controls/pixels.h"
 #include "controls/scrolling/scroll_box.h"
 #include "support/controls/control_test.h"
+#include "support/controls/pixels.h"
 
 namespace qvui::test {
 namespace {

@@ -47,48 +47,6 @@ TEST_F(Focus, GoesOnToANativeTabStop)
     EXPECT_EQ(::GetFocus(), native.Handle());
 }
 
-// The control that hears of its loss moves the focus itself, or wants to keep it.
-TEST_F(Focus, FollowsTheLastOfTwoRequests)
-{
-    Open("<probe name='a'/><probe name='b'/><probe name='c'/>");
-    for (const char* const wanted : {"a", "b", "c"}) {
-        auto* const a = window->Find<Probe>("a");
-        a->SetFocus(TRUE);
-        a->onEvent = [this, wanted](const tagDUIEvent& event, BOOL&) {
-            if (event.Type == DUIEVENT_KILLFOCUS)
-                window->Find(wanted)->SetFocus(TRUE);
-        };
-        TakeEvents();
-        window->Find("b")->SetFocus(TRUE);
-        const std::string taker = *wanted == 'c' ? "c" : "b";
-        EXPECT_EQ(TakeEvents(), "a KILLFOCUS self, " + taker + " SETFOCUS self");
-        EXPECT_EQ(Focused(), taker);
-        a->onEvent = nullptr;
-    }
-    // Each gives the focus to the other.
-    for (const char* const name : {"a", "b"})
-        window->Find<Probe>(name)->onEvent = [this, name](const tagDUIEvent& event, BOOL&) {
-            if (event.Type == DUIEVENT_SETFOCUS)
-                window->Find(*name == 'a' ? "b" : "a")->SetFocus(TRUE);
-        };
-    TakeEvents();
-    window->Find("a")->SetFocus(TRUE);
-    EXPECT_EQ(TakeEvents(), "c KILLFOCUS self, a SETFOCUS self, a KILLFOCUS self, b SETFOCUS self");
-    EXPECT_EQ(Focused(), "b");
-}
-
-TEST_F(Focus, ActivatesShortcutsOfReachableControls)
-{
-    Open(
-        "<probe name='off' shortcut='s' enable='false'/><probe name='a' shortcut='s'/><probe name='b' "
-        "shortcut='S'/>");
-    EXPECT_TRUE(window->Translate(WM_SYSCHAR, 's'));
-    EXPECT_EQ(TakeEvents(), "a SETFOCUS self, a activate");
-    EXPECT_FALSE(window->Translate(WM_SYSCHAR, 'x'));
-    EXPECT_EQ(window->GetControlByShortcut('S'), window->Find("a"));
-    EXPECT_EQ(window->GetControlByShortcut('s'), nullptr);
-}
-
 TEST_F(Focus, LeavesTheKeysOfOtherWindowsAlone)
 {
     Open("<probe name='ok'/>");

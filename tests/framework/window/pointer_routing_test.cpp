@@ -71,19 +71,6 @@ TEST_F(PointerRouting, LeavesPressesOnContainersToTheApplication)
     EXPECT_FALSE(window->IsTrasparentCtrl(window->Find("a")));
 }
 
-TEST_F(PointerRouting, TellsTheFocusWhenAPressLandsElsewhere)
-{
-    window->Find("a")->SetFocus(TRUE);
-    TakeEvents();
-    window->Find<Probe>("b")->onEvent = [this](const tagDUIEvent& event, BOOL&) {
-        if (event.Type == DUIEVENT_LBUTTONDOWN)
-            window->Find("c")->SetFocus(TRUE);
-    };
-    EXPECT_FALSE(IsHandled(WM_LBUTTONDOWN, {45, 15}, MK_LBUTTON));
-    EXPECT_EQ(TakeEvents(), "a KILLFOCUS b, b DOWN self, c SETFOCUS self, c ELSEWHERE b");
-    EXPECT_EQ(window->Find<Probe>("a")->lastEvent.ptMouse.x, 45);
-}
-
 TEST_F(PointerRouting, HandlesNothingOfOtherMessageMaps)
 {
     LRESULT result = 0;

@@ -27,25 +27,6 @@ TEST_F(WindowMgr, AddsStyleWordsAndNeverRemovesThem)
     EXPECT_FALSE(window.IsDUINCSizable());
 }
 
-TEST_F(WindowMgr, PaintsTheFrameThenTheTreeAndOnlyWhatChanged)
-{
-    ControlWindow window({60, 40},
-                         "<window frame_style='framed'><probe name='root'><probe name='filler'/>"
-                         "<probe name='child' position='10,10,20,20'/></probe></window>");
-    EXPECT_EQ(window.Paint().At(30, 30), 0x0000FFu);
-    EXPECT_EQ(window.Paint().At(0, 20), 0xFF0000u);
-    Probe::Take();
-    auto* const child = window.Find<Probe>("child");
-    const int before = child->paints;
-    window.Paint();
-    EXPECT_EQ(child->paints, before);
-    child->UpdateLayout(FALSE, nullptr);
-    EXPECT_EQ(Text(window.Invalid()), "10,10,20,20");
-    window.Paint();
-    EXPECT_EQ(child->paints, before + 1);
-    EXPECT_EQ(Text(child->lastPaint), "10,10,20,20");
-}
-
 TEST_F(WindowMgr, PaintsTheCentreAndTheCornersOfEveryKindOfFrame)
 {
     const struct {
@@ -130,37 +111,6 @@ TEST_F(WindowMgr, DropsUpdatesWhileTheLayoutIsLocked)
     window.Validate();
     window.Find("other")->UpdateLayout(FALSE, nullptr);
     EXPECT_NE(Text(window.Invalid()), "0,0,0,0");
-}
-
-// A handler of the end of one tree builds and starts another: that one stays, whatever ended the first.
-TEST_F(WindowMgr, KeepsTheTreeThatAHandlerBuilds)
-{
-    RECT rect{};
-    const auto build = [&rect](ControlWindow& window, const std::string& name) {
-        const std::string xml = "<window><probe name='" + name + "'/></window>";
-        if (!window.CreateFromXML(xml.c_str(), window.Handle(), rect))
-            return false;
-        window.InitWindowMgr();
-        return true;
-    };
-    for (const bool isReplaced : {false, true}) {
-        ControlWindow window({60, 40}, "<probe name='root'><probe name='child'/></probe>");
-        window.OnNotify([&](const tagDUINotify& notify) {
-            if (notify.nCode == DUINOTIFY_DESTROYED && notify.pSender->GetName() == "child") {
-                EXPECT_TRUE(build(window, "mine"));
-            }
-        });
-        Probe::Take();
-        if (isReplaced) {
-            EXPECT_FALSE(build(window, "late")) << "asked for first";
-        } else {
-            window.FinishWindowMgr();
-        }
-        EXPECT_EQ(window.GetRootControl()->GetName(), "mine") << isReplaced;
-        EXPECT_TRUE(window.Root<Probe>().IsAttached());
-        EXPECT_EQ(Probe::Take({"ground", "text", "border"}), "child destroy, root destroy, mine create");
-        window.OnNotify(nullptr);
-    }
 }
 
 TEST_F(WindowMgr, PostsAPaintMessageForLayeredWindows)

@@ -172,9 +172,10 @@ void ControlWindow::Fire(DUI::IDUIControl* owner, UINT id)
 bool ControlWindow::Translate(UINT message, WPARAM wParam, LPARAM lParam)
 {
     MSG native{Handle(), message, wParam, lParam, 0, {}};
+    // The pre-translation may end this object.
     if (PreTranslateMessage(&native))
         return true;
-    SendMessageA(Handle(), message, wParam, lParam);
+    SendMessageA(native.hwnd, message, wParam, lParam);
     return false;
 }
 

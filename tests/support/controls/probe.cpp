@@ -15,32 +15,41 @@ std::vector<std::string>& TheLog()
     return log;
 }
 
-const char* EventName(UINT type)
+std::function<void(const std::string&)>& TheCall()
 {
-    constexpr struct {
-        UINT type;
-        const char* name;
-    } kNames[] = {{DUIEVENT_SETCURSOR, "SETCURSOR"},
-                  {DUIEVENT_TIMER, "TIMER"},
-                  {DUIEVENT_SETFOCUS, "SETFOCUS"},
-                  {DUIEVENT_KILLFOCUS, "KILLFOCUS"},
-                  {DUIEVENT_WINDOWSIZE, "WINDOWSIZE"},
-                  {DUIEVENT_WINDOWMOVE, "WINDOWMOVE"},
-                  {DUIEVENT_LBUTTONDOWN, "DOWN"},
-                  {DUIEVENT_LBUTTONUP, "UP"},
-                  {DUIEVENT_LBUTTONDBLCLK, "DBLCLK"},
-                  {DUIEVENT_MOUSEENTER, "ENTER"},
-                  {DUIEVENT_MOUSELEAVE, "LEAVE"},
-                  {DUIEVENT_MOUSEMOVE, "MOVE"},
-                  {DUIEVENT_MOUSEWHEEL, "WHEEL"},
-                  {DUIEVENT_BUTTONDOWN_ELSEWHERE, "ELSEWHERE"},
-                  {DUIEVENT_CONTEXTMENU, "CONTEXTMENU"},
-                  {DUIEVENT_KEYDOWN, "KEYDOWN"},
-                  {DUIEVENT_KEYUP, "KEYUP"},
-                  {DUIEVENT_CHAR, "CHAR"}};
-    const auto* const found = std::find_if(std::begin(kNames), std::end(kNames),
+    static std::function<void(const std::string&)> call;
+    return call;
+}
+
+constexpr struct {
+    UINT type;
+    const char* name;
+} kEventNames[] = {{DUIEVENT_SETCURSOR, "SETCURSOR"},
+                   {DUIEVENT_TIMER, "TIMER"},
+                   {DUIEVENT_SETFOCUS, "SETFOCUS"},
+                   {DUIEVENT_KILLFOCUS, "KILLFOCUS"},
+                   {DUIEVENT_WINDOWSIZE, "WINDOWSIZE"},
+                   {DUIEVENT_WINDOWMOVE, "WINDOWMOVE"},
+                   {DUIEVENT_LBUTTONDOWN, "DOWN"},
+                   {DUIEVENT_LBUTTONUP, "UP"},
+                   {DUIEVENT_LBUTTONDBLCLK, "DBLCLK"},
+                   {DUIEVENT_MOUSEENTER, "ENTER"},
+                   {DUIEVENT_MOUSELEAVE, "LEAVE"},
+                   {DUIEVENT_MOUSEMOVE, "MOVE"},
+                   {DUIEVENT_MOUSEWHEEL, "WHEEL"},
+                   {DUIEVENT_BUTTONDOWN_ELSEWHERE, "ELSEWHERE"},
+                   {DUIEVENT_CONTEXTMENU, "CONTEXTMENU"},
+                   {DUIEVENT_KEYDOWN, "KEYDOWN"},
+                   {DUIEVENT_KEYUP, "KEYUP"},
+                   {DUIEVENT_CHAR, "CHAR"},
+                   {DUIEVENT_VSCROLL, "VSCROLL"},
+                   {DUIEVENT_HSCROLL, "HSCROLL"}};
+
+std::string EventName(UINT type)
+{
+    const auto* const found = std::find_if(std::begin(kEventNames), std::end(kEventNames),
                                            [type](const auto& entry) { return entry.type == type; });
-    return found == std::end(kNames) ? "?" : found->name;
+    return found == std::end(kEventNames) ? std::to_string(type) : found->name;
 }
 
 }  // namespace
@@ -72,6 +81,20 @@ std::string Probe::Take(const std::vector<const char*>& without)
 void Probe::Write(const std::string& line)
 {
     TheLog().push_back(line);
+    if (TheCall())
+        TheCall()(line);
+}
+
+void Probe::OnWrite(std::function<void(const std::string& line)> call)
+{
+    TheCall() = std::move(call);
+}
+
+UINT Probe::EventType(const std::string& name)
+{
+    const auto* const found = std::find_if(std::begin(kEventNames), std::end(kEventNames),
+                                           [&name](const auto& entry) { return entry.name == name; });
+    return found == std::end(kEventNames) ? 0 : found->type;
 }
 
 Probe::~Probe()
@@ -103,6 +126,12 @@ BOOL Probe::Activate()
     return CDUIControlBase::Activate();
 }
 
+void Probe::OnSkinChanged()
+{
+    CDUIControlBase::OnSkinChanged();
+    Write(Line("skin"));
+}
+
 void Probe::SetControlRect(const RECT& rect)
 {
     CDUIControlBase::SetControlRect(rect);
@@ -122,7 +151,7 @@ LRESULT Probe::ProcessEvent(const tagDUIEvent& event, BOOL& bHandled)
     const std::string sender = !event.pSender          ? "-"
                                : event.pSender == this ? "self"
                                                        : event.pSender->GetName().GetString();
-    Write(Line(EventName(event.Type)) + " " + sender);
+    Write(Line(EventName(event.Type).c_str()) + " " + sender);
     if (onEvent) {
         const auto call = onEvent;  // the call may replace or end what it belongs to
         call(event, bHandled);

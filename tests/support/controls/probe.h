@@ -19,6 +19,11 @@ public:
     /// The log since the last call, "a create, root create", without the lines that contain one of the words.
     static std::string Take(const std::vector<const char*>& without = {});
     static void Write(const std::string& line);
+    /// Runs on every line after it was written.
+    static void OnWrite(std::function<void(const std::string& line)> call);
+
+    /// The type of the event that a line calls by that name.
+    static UINT EventType(const std::string& name);
 
     Probe() = default;
     explicit Probe(const char* name) { SetName(name); }
@@ -28,6 +33,7 @@ public:
     DUI::CRefPtr<DUI::IDUIControl> Clone() override { return new Probe(*this); }
     void SetAttribute(const CString& name, const CString& value) override;
     BOOL Activate() override;
+    void OnSkinChanged() override;
     void SetControlRect(const RECT& rect) override;
 
     /// Runs after an event was written down, before the base class sees it.

@@ -9,6 +9,7 @@
 
 #include <qvui/qvui.h>
 
+#include "support/controls/pixels.h"
 #include "support/controls/probe.h"
 #include "support/geometry_text.h"
 #include "support/transcript.h"
@@ -45,6 +46,12 @@ std::string TagOf(const IDUIControl& control)
     return "?";
 }
 
+std::string ThumbText(IDUIControl& bar, int index)
+{
+    IDUIControl* const thumb = bar.GetControlByIndex(index);
+    return thumb ? " thumb " + Text(thumb->GetControlRect()) : "";
+}
+
 std::string ScrollText(CDUIScrollBarBase& bar)
 {
     SCROLLINFO info{};
@@ -52,9 +59,7 @@ std::string ScrollText(CDUIScrollBarBase& bar)
     std::string text = std::to_string(info.nPos) + " of " + std::to_string(info.nMin) + "-" +
                        std::to_string(info.nMax) + " page " + std::to_string(info.nPage) + " " +
                        Text(bar.GetControlRect());
-    if (IDUIControl* const thumb = bar.GetControlByIndex(1))
-        text += " thumb " + Text(thumb->GetControlRect());
-    return text;
+    return text + ThumbText(bar, 1);
 }
 
 // What a class has besides the state of every control.
@@ -71,8 +76,7 @@ std::string ValuesOf(IDUIControl& control)
     if (auto* const progress = dynamic_cast<CDUIProgressBar*>(&control))
         text += " at " + std::to_string(progress->GetPos());
     if (auto* const track = dynamic_cast<CDUITrackBarBase*>(&control))
-        text += " at " + std::to_string(track->GetPos()) + " thumb " +
-                Text(track->GetControlByIndex(0)->GetControlRect());
+        text += " at " + std::to_string(track->GetPos()) + ThumbText(*track, 0);
     if (auto* const split = dynamic_cast<CDUISplitBase*>(&control))
         text += " at " + std::to_string(split->GetSplitPos());
     if (auto* const tabs = dynamic_cast<CDUITabLayout*>(&control))
@@ -122,10 +126,15 @@ IDUIControl* FindBelow(IDUIControl* control, const std::string& name)
     return nullptr;
 }
 
+IDUIControl* g_sender = nullptr;  // of the notification that is being handled
+
 // In the whole tree: a search by name in the window finds only the rows in view of a list box.
 IDUIControl& Named(ControlWindow& window, const std::string& name)
 {
-    IDUIControl* const control = FindBelow(window.GetRootControl(), name);
+    IDUIControl* control = name == "." ? g_sender : FindBelow(window.GetRootControl(), name);
+    // What goes together with the sender has left the window's tree.
+    for (IDUIControl* top = g_sender; !control && top; top = top->GetParent())
+        control = FindBelow(top, name);
     if (!control)
         throw std::runtime_error("no control is named " + name);
     return *control;
@@ -152,7 +161,6 @@ const std::map<std::string, Operation> kOperations{
      }},
     {"list.hover_select",
      [](auto& w, auto& n, auto& a) { As<CDUIListBox>(w, n).SetHoverSelect(ReadNumber(a)); }},
-    {"list.clear", [](auto& w, auto& n, auto&) { As<CDUIListBox>(w, n).RemoveAllControl(); }},
     {"tree.select",
      [](auto& w, auto& n, auto& a) {
          const std::string node = ReadWord(a);
@@ -190,16 +198,67 @@ const std::map<std::string, Operation> kOperations{
          info.nPos = ReadNumber(a);
          As<CDUIScrollBarBase>(w, n).SetScrollBarInfo(&info);
      }},
+    {"progress.pos", [](auto& w, auto& n, auto& a) { As<CDUIProgressBar>(w, n).SetPos(ReadNumber(a)); }},
+    {"progress.offset",
+     [](auto& w, auto& n, auto& a) { As<CDUIProgressBar>(w, n).OffsetPos(ReadNumber(a)); }},
+    {"progress.range",
+     [](auto& w, auto& n, auto& a) {
+         const int low = ReadNumber(a);
+         As<CDUIProgressBar>(w, n).SetRange(low, ReadNumber(a));
+     }},
+    {"track.pos", [](auto& w, auto& n, auto& a) { As<CDUITrackBarBase>(w, n).SetPos(ReadNumber(a)); }},
+    {"picture.icon",
+     [](auto& w, auto& n, auto& a) { As<CDUIPictureBox>(w, n).SetCurrentIconIndex(ReadNumber(a)); }},
     {"tabs.page", [](auto& w, auto& n, auto& a) { As<CDUITabLayout>(w, n).SetSelectIndex(ReadNumber(a)); }},
     {"tabbar.select",
      [](auto& w, auto& n, auto& a) {
          const int index = ReadNumber(a);
          As<CDUITabBar<CDUIHorizontalLayout>>(w, n).SetSelectIndex(index, ReadNumber(a));
      }},
+    {"tool.open",
+     [](auto& w, auto& n, auto&) { As<CDUIToolBar<CDUIHorizontalLayout>>(w, n).OpenOverflow(); }},
+    {"tool.close",
+     [](auto& w, auto& n, auto&) { As<CDUIToolBar<CDUIHorizontalLayout>>(w, n).CloseOverflow(); }},
     {"tile.show", [](auto& w, auto& n,
                      auto& a) { As<CDUITileLayout>(w, n).MakeSureControlVisible(&Named(w, ReadWord(a))); }},
     {"panel.image", [](auto& w, auto& n, auto& a) { As<CDUIFramePanel>(w, n).SetImageIndex(ReadNumber(a)); }},
 };
+
+DWORD StatusOf(const std::string& words)
+{
+    DWORD status = 0;
+    for (const auto& [name, bit] : {std::pair("hot", DWORD{DUISTATUS_HOT}),
+                                    {"pushed", DWORD{DUISTATUS_PUSHED}},
+                                    {"checked", DWORD{DUISTATUS_CHECKED}},
+                                    {"focused", DWORD{DUISTATUS_FOCUSED}},
+                                    {"off", DWORD{DUISTATUS_DISABLED}}})
+        status |= words.find(name) != std::string::npos ? bit : DWORD{0};
+    return status;
+}
+
+CRefPtr<IDUIControl> Build(const std::string& xml)
+{
+    return CDUIControlBuilder(nullptr).CreateFromXML(("<window>" + xml + "</window>").c_str());
+}
+
+const char* CursorName()
+{
+    for (const auto& [name, id] : {std::pair("arrow", IDC_ARROW),
+                                   {"hand", IDC_HAND},
+                                   {"west-east", IDC_SIZEWE},
+                                   {"north-south", IDC_SIZENS}})
+        if (GetCursor() == LoadCursorA(nullptr, id))
+            return name;
+    return "?";
+}
+
+/// The list that a tool bar has opened: a window of the library's own, which is the active one.
+HWND MenuOf(ControlWindow& window)
+{
+    const HWND active = GetActiveWindow();
+    const bool isMenu = active && active != window.Handle() && GetWindow(active, GW_OWNER) == window.Handle();
+    return isMenu && IsWindowVisible(active) ? active : nullptr;
+}
 
 const std::vector<const char*> kPainting{"background", "foreground", " text", "border"};
 
@@ -230,21 +289,21 @@ const std::map<std::string, Scenario::Command>& Scenario::Commands()
              s.m_window->Fire(control, static_cast<UINT>(ReadNumber(a)));
          }},
         {"picture", [](S s, A a) { s.WritePicture(ReadRectangle(a)); }},
-        {"move", [](S s, A a) { s.m_window->mouse.MoveTo(ReadPoint(a)); }},
-        {"press", [](S s, A a) { s.m_window->mouse.Press(ReadPoint(a)); }},
-        {"click", [](S s, A a) { s.m_window->mouse.Click(ReadPoint(a)); }},
-        {"double", [](S s, A a) { s.m_window->mouse.DoubleClick(ReadPoint(a)); }},
-        {"release", [](S s, A) { s.m_window->mouse.Release(); }},
-        {"right", [](S s, A a) { s.m_window->mouse.MoveTo(ReadPoint(a)).PressRight().ReleaseRight(); }},
-        {"leave", [](S s, A) { s.m_window->mouse.Leave(); }},
-        {"wheel", [](S s, A a) { s.m_window->mouse.Wheel(ReadNumber(a)); }},
-        {"key", [](S s, A a) { s.m_window->keys.Press(KeyOf(ReadWord(a))); }},
+        {"move", [](S s, A a) { s.m_mouse.MoveTo(ReadPoint(a)); }},
+        {"press", [](S s, A a) { s.m_mouse.Press(ReadPoint(a)); }},
+        {"click", [](S s, A a) { s.m_mouse.Click(ReadPoint(a)); }},
+        {"double", [](S s, A a) { s.m_mouse.DoubleClick(ReadPoint(a)); }},
+        {"release", [](S s, A) { s.m_mouse.Release(); }},
+        {"right", [](S s, A a) { s.m_mouse.MoveTo(ReadPoint(a)).PressRight().ReleaseRight(); }},
+        {"leave", [](S s, A) { s.m_mouse.Leave(); }},
+        {"wheel", [](S s, A a) { s.m_mouse.Wheel(ReadNumber(a)); }},
+        {"key", [](S s, A a) { s.m_keys.Press(KeyOf(ReadWord(a))); }},
         {"tab", [](S s, A) { s.m_window->Translate(WM_KEYDOWN, VK_TAB); }},
         {"back",
          [](S s, A) {
-             s.m_window->keys.Hold(VK_SHIFT);
+             s.m_keys.Hold(VK_SHIFT);
              s.m_window->Translate(WM_KEYDOWN, VK_TAB);
-             s.m_window->keys.LetGo(VK_SHIFT);
+             s.m_keys.LetGo(VK_SHIFT);
          }},
         {"nonclient", [](S s, A) { SendMessageA(s.m_window->Handle(), WM_NCMOUSEMOVE, HTCAPTION, 0); }},
         {"uncapture", [](S, A) { ReleaseCapture(); }},
@@ -253,6 +312,7 @@ const std::map<std::string, Scenario::Command>& Scenario::Commands()
          [](S s, A) {
              SendMessageA(s.m_window->Handle(), WM_SETCURSOR, reinterpret_cast<WPARAM>(s.m_window->Handle()),
                           HTCLIENT);
+             s.m_text += std::string("    cursor ") + CursorName() + "\n";
          }},
         {"menu",
          [](S s, A a) {
@@ -269,9 +329,9 @@ const std::map<std::string, Scenario::Command>& Scenario::Commands()
          }},
         {"translate",
          [](S s, A a) { s.m_window->Translate(WM_KEYDOWN, static_cast<WPARAM>(KeyOf(ReadWord(a)))); }},
-        {"hold", [](S s, A a) { s.m_window->keys.Hold(KeyOf(ReadWord(a))); }},
-        {"drop", [](S s, A a) { s.m_window->keys.LetGo(KeyOf(ReadWord(a))); }},
-        {"type", [](S s, A a) { s.m_window->keys.Type(ReadRest(a)); }},
+        {"hold", [](S s, A a) { s.m_keys.Hold(KeyOf(ReadWord(a))); }},
+        {"drop", [](S s, A a) { s.m_keys.LetGo(KeyOf(ReadWord(a))); }},
+        {"type", [](S s, A a) { s.m_keys.Type(ReadRest(a)); }},
         {"alt", [](S s, A a) { s.m_window->Translate(WM_SYSCHAR, static_cast<WPARAM>(ReadWord(a)[0])); }},
         {"show", named([](IDUIControl& control) { control.SetVisible(TRUE); })},
         {"hide", named([](IDUIControl& control) { control.SetVisible(FALSE); })},
@@ -304,8 +364,7 @@ const std::map<std::string, Scenario::Command>& Scenario::Commands()
          [](S s, A a) {
              IDUIControl* const parent = &Named(*s.m_window, ReadWord(a));
              const int index = ReadNumber(a);
-             const std::string xml = "<window>" + ReadRest(a) + "</window>";
-             const CRefPtr<IDUIControl> child = CDUIControlBuilder(nullptr).CreateFromXML(xml.c_str());
+             const CRefPtr<IDUIControl> child = Build(ReadRest(a));
              if (index < 0)
                  parent->AddControl(child);
              else
@@ -316,14 +375,126 @@ const std::map<std::string, Scenario::Command>& Scenario::Commands()
              IDUIControl* const control = &Named(*s.m_window, ReadWord(a));
              control->GetParent()->SetControlIndex(control, ReadNumber(a));
          }},
+        {"adopt",  // by another parent
+         [](S s, A a) {
+             const CRefPtr<IDUIControl> control = &Named(*s.m_window, ReadWord(a));
+             Named(*s.m_window, ReadWord(a)).AddControl(control);
+         }},
+        {"clear", named([](IDUIControl& control) { control.RemoveAllControl(); })},
+        {"status",
+         [](S s, A a) {
+             auto& control = As<CDUIControlBase>(*s.m_window, ReadWord(a));
+             control.ModifyStatus(0xFFFFFFFF, StatusOf(ReadWord(a)));
+         }},
+        {"state",  // as it is in the middle of something
+         [](S s, A a) {
+             IDUIControl& control = Named(*s.m_window, ReadWord(a));
+             s.m_text += "    state " + std::string(control.GetName()) + " " + StateOf(control) + "\n";
+         }},
+        {"estimate",
+         [](S s, A a) {
+             IDUIControl& control = Named(*s.m_window, ReadWord(a));
+             SIZE size{-1, -1};
+             const bool isKnown = control.EstimateSize(ReadSize(a), size) != FALSE;
+             s.m_text += "    wants " + (isKnown ? Text(size) : "nothing") + "\n";
+         }},
+        {"colors", [](S s, A a) { s.WriteColors(ReadWord(a) == "black"); }},
+        {"event",
+         [](S s, A a) {
+             const CRefPtr<IDUIControl> control = &Named(*s.m_window, ReadWord(a));
+             tagDUIEvent event;
+             event.pSender = control.GetPtr();
+             event.Type = Probe::EventType(ReadWord(a));
+             event.ptMouse = ReadPoint(a);
+             event.wParam = static_cast<WPARAM>(ReadNumber(a));
+             event.lParam = ReadNumber(a);
+             BOOL bHandled = FALSE;
+             control->OnDUIEvent(event, bHandled);
+             s.m_text += bHandled ? "    handled\n" : "    not handled\n";
+         }},
+        {"tick", [](S s, A a) { SendMessageA(s.m_window->Handle(), WM_TIMER, ReadNumber(a), 0); }},
+        {"repaint",
+         [](S s, A a) {
+             s.m_window->Paint();
+             s.m_window->Validate();
+             s.Do(ReadRest(a));
+             s.m_text += "    repaints " + Text(s.m_window->Invalid()) + "\n";
+         }},
+        {"on",
+         [](S s, A a) {
+             std::string moment;
+             std::getline(a >> std::ws, moment, ':');
+             s.m_handlers.emplace_back(moment, ReadRest(a));
+         }},
         {"clone",
          [](S s, A) {
              RECT client{};
              GetClientRect(s.m_window->Handle(), &client);
              const CRefPtr<IDUIControl> copy = s.m_window->GetRootControl()->Clone();
-             s.m_window = std::make_unique<ControlWindow>(SIZE{client.right, client.bottom}, copy);
+             s.Use(std::make_unique<ControlWindow>(SIZE{client.right, client.bottom}, copy));
              s.m_before.clear();
          }},
+        {"twin",  // a copy in a window of its own
+         [](S s, A) {
+             const ClientPixels pixels = s.m_window->Paint();
+             ControlWindow twin({pixels.width, pixels.height}, s.m_window->GetRootControl()->Clone());
+             s.m_text +=
+                 twin.Paint().pixels == pixels.pixels ? "    looks the same\n" : "    looks different\n";
+         }},
+        {"close", [](S s, A) { s.m_window->Close(); }},
+        {"finish", [](S s, A) { s.m_window->FinishWindowMgr(); }},
+        {"end", [](S s, A) { s.m_window.reset(); }},
+        {"terminate",
+         [](S s, A) {
+             s.m_window.reset();
+             DUIGetAppInstance()->Term();
+         }},
+        {"detach", [](S s, A) { s.m_window->DetachRootControl(); }},
+        {"replace",  // the tree, without finishing the old one
+         [](S s, A a) {
+             RECT rect{};
+             GetClientRect(s.m_window->Handle(), &rect);
+             if (s.m_window->CreateFromRootControl(Build(ReadRest(a)), s.m_window->Handle(), rect))
+                 s.m_window->InitWindowMgr();
+         }},
+        {"rebuild",
+         [](S s, A a) {
+             s.m_window->FinishWindowMgr();
+             s.Do("replace " + ReadRest(a));
+         }},
+        {"find",  // what is hit at a point
+         [](S s, A a) {
+             POINT point = ReadPoint(a);
+             IDUIControl* const control = s.m_window->FindControl(&point);
+             s.m_text += "    finds " +
+                         (control ? TagOf(*control) + " " + control->GetName().GetString() : "nothing") +
+                         "\n";
+         }},
+        {"entry",  // of an open list: the press on entry I of N
+         [](S s, A a) {
+             RECT client{};
+             GetClientRect(MenuOf(*s.m_window), &client);
+             const int index = ReadNumber(a);
+             const int count = ReadNumber(a);
+             // Within the border and the margin of 4 pixels
+             MessagePointer(MenuOf(*s.m_window))
+                 .Click({client.right / 2, 4 + (client.bottom - 8) * (2 * index + 1) / (2 * count)});
+             Pump();
+         }},
+        {"menukey",
+         [](S s, A a) {
+             const HWND menu = MenuOf(*s.m_window);
+             const auto key = static_cast<WPARAM>(KeyOf(ReadWord(a)));
+             SendMessageA(menu, WM_KEYDOWN, key, 0);
+             if (IsWindow(menu))
+                 SendMessageA(menu, WM_KEYUP, key, 0);
+         }},
+        {"raise", [](S s, A) { SetActiveWindow(s.m_window->Handle()); }},
+        {"pump", [](S, A) { Pump(); }},
+        {"other",
+         [](S, A a) {
+             ControlWindow({20, 20}, ReadRest(a)).Paint();
+         }},  // a window meanwhile
     };
     return commands;
 }
@@ -331,6 +502,7 @@ const std::map<std::string, Scenario::Command>& Scenario::Commands()
 std::string Scenario::Run(const std::string& script)
 {
     Probe::Register();
+    Probe::OnWrite([this](const std::string& line) { Meet(line); });
     std::istringstream lines(script);
     std::string line;
     std::string size;
@@ -354,6 +526,7 @@ std::string Scenario::Run(const std::string& script)
     }
     open();
     m_window.reset();
+    Probe::OnWrite(nullptr);
     return m_text;
 }
 
@@ -364,24 +537,73 @@ void Scenario::Open(const std::string& size, const std::string& content)
     m_window.reset();
     m_before.clear();
     m_focus.clear();
-    m_window = std::make_unique<ControlWindow>(client, content);
+    Use(std::make_unique<ControlWindow>(client, content));
     WriteChanges();
+}
+
+void Scenario::Use(std::unique_ptr<ControlWindow> window)
+{
+    m_window = std::move(window);
+    m_mouse = m_window->mouse;
+    m_keys = m_window->keys;
+    m_handlers.clear();
+    m_notifications = 0;
+    m_noticed.clear();
+    m_window->OnNotify([this](const tagDUINotify& notify) {
+        const std::string sender = notify.pSender->GetName().GetString();
+        // Controls come as pointers.
+        const bool isRow = notify.nCode == DUINOTIFY_LISTBOX || notify.nCode == DUINOTIFY_TREEEXPAND;
+        if (notify.nCode != DUINOTIFY_CREATED && notify.nCode != DUINOTIFY_DESTROYED)
+            m_noticed += "    notify " + std::to_string(notify.nCode) + " " + sender + " " +
+                         std::to_string(notify.wParam) + " " +
+                         (isRow ? std::string(reinterpret_cast<IDUIControl*>(notify.lParam)->GetName())
+                                : std::to_string(notify.lParam)) +
+                         "\n";
+        g_sender = notify.pSender;
+        Meet("#" + std::to_string(++m_notifications));
+        Meet(std::to_string(notify.nCode) + " " + sender + " " + std::to_string(notify.wParam));
+        g_sender = nullptr;
+    });
+}
+
+void Scenario::Meet(const std::string& moment)
+{
+    const auto found = std::find_if(m_handlers.begin(), m_handlers.end(), [&moment](const auto& handler) {
+        return (moment + " ").rfind(handler.first + " ", 0) == 0;
+    });
+    if (found == m_handlers.end())
+        return;
+    const std::string line = found->second;
+    m_handlers.erase(found);
+    m_text += "    at " + moment + "\n";
+    Do(line);
 }
 
 void Scenario::Execute(const std::string& line)
 {
+    m_isPainting = line == "paint";
+    Do(line);
+    WriteChanges();
+}
+
+void Scenario::Do(const std::string& line)
+{
+    if (!m_window || !IsWindow(m_window->Handle()))
+        return;
     Arguments arguments(line);
     const std::string word = ReadWord(arguments);
-    if (const auto operation = kOperations.find(word); operation != kOperations.end()) {
-        const std::string name = ReadWord(arguments);
-        operation->second(*m_window, name, arguments);
-    } else if (const auto command = Commands().find(word); command != Commands().end()) {
-        m_isPainting = word == "paint";
-        command->second(*this, arguments);
-    } else {
-        ADD_FAILURE() << "no such command: " << line;
+    try {
+        if (const auto operation = kOperations.find(word); operation != kOperations.end()) {
+            const std::string name = ReadWord(arguments);
+            operation->second(*m_window, name, arguments);
+        } else if (const auto command = Commands().find(word); command != Commands().end()) {
+            command->second(*this, arguments);
+        } else {
+            ADD_FAILURE() << "no such command: " << line;
+        }
+    } catch (const std::runtime_error& error) {
+        m_text += std::string("    ") + error.what() + "\n";
     }
-    WriteChanges();
 }
 
 void Scenario::Collect(IDUIControl& control, const std::string& indent)
@@ -408,6 +630,8 @@ void Scenario::WriteChanges()
         !told.empty())
         m_text += "    told " + told + "\n";
     m_now.clear();
+    if (!m_window)
+        return;
     if (IsWindow(m_window->Handle()) && m_window->GetRootControl())
         Collect(*m_window->GetRootControl(), "  ");
     for (const auto& [label, state] : m_before)
@@ -417,23 +641,47 @@ void Scenario::WriteChanges()
         if (std::find(m_before.begin(), m_before.end(), std::pair(label, state)) == m_before.end())
             m_text += label + " " + state + "\n";
     m_before = m_now;
-    for (const Noticed& noticed : m_window->TakeNotifications()) {
-        // Controls come as pointers.
-        std::string parameter = std::to_string(noticed.lParam);
-        if (noticed.code == DUINOTIFY_LISTBOX || noticed.code == DUINOTIFY_TREEEXPAND)
-            parameter = reinterpret_cast<IDUIControl*>(noticed.lParam)->GetName().GetString();
-        m_text += "    notify " + std::to_string(noticed.code) + " " + noticed.sender + " " +
-                  std::to_string(noticed.wParam) + " " + parameter + "\n";
-    }
+    m_text += std::exchange(m_noticed, "");
     IDUIControl* const control = m_window->GetFocusControl();
     const std::string focus = control ? control->GetName().GetString() : "";
     if (focus != m_focus)
         m_text += "    focus " + focus + "\n";
     m_focus = focus;
+    const HWND menu = MenuOf(*m_window);
+    if (menu != m_menu && menu) {
+        RECT place{};
+        GetWindowRect(menu, &place);
+        ScreenToClient(m_window->Handle(), reinterpret_cast<POINT*>(&place));
+        m_text += "    list opens at " + Text(POINT{place.left, place.top}) + "\n";
+    } else if (menu != m_menu) {
+        m_text += "    list closes\n";
+    }
+    m_menu = menu;
     const bool holdsMouse = GetCapture() == m_window->Handle() && IsWindow(m_window->Handle());
     if (holdsMouse != m_holdsMouse)
         m_text += holdsMouse ? "    captures\n" : "    releases\n";
     m_holdsMouse = holdsMouse;
+}
+
+void Scenario::WriteColors(bool withBlack)
+{
+    m_window->Invalidate(FALSE);
+    const ClientPixels pixels = m_window->Paint();
+    std::string text;
+    for (const auto& [name, color] : {std::pair("red", 0xFF0000u),
+                                      {"green", 0x00FF00u},
+                                      {"blue", 0x0000FFu},
+                                      {"grey", 0x808080u},
+                                      {"white", 0xFFFFFFu},
+                                      {"cyan", 0x00FFFFu},
+                                      {"yellow", 0xFFFF00u},
+                                      {"magenta", 0xFF00FFu},
+                                      {"black", 0x000000u}}) {
+        const RECT bounds = BoundsOf(pixels, color);
+        if (!IsRectEmpty(&bounds) && (color != 0 || withBlack))
+            text += std::string(" ") + name + " " + Text(bounds);
+    }
+    m_text += "   " + (text.empty() ? " none" : text) + "\n";
 }
 
 void Scenario::WritePicture(const RECT& part)

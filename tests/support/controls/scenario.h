@@ -16,15 +16,15 @@ namespace qvui::test {
 /// A script has one command a line, "#" starts a comment, and what begins with a blank is output, which Run
 /// makes anew: after "window" the laid-out tree, after every other command the controls that changed ("-"
 /// those that went), the notifications, what probes were told, and the control that has the focus now. Points
-/// are client coordinates of the window, controls are called by their names.
+/// are client coordinates of the window, controls are called by their names; "." is the sender in a handler.
 ///
 ///     window 400x100            then lines of XML, up to the first line without one
-///     skin NAME  language NAME  resize WxH  fire NAME ID (a timer)  picture L,T,R,B (a letter for each
-///     pixel) move|press|click|double X,Y  release  leave  wheel NOTCHES  right X,Y key NAME  tab  back  hold
-///     NAME  drop NAME  type TEXT  alt LETTER set NAME ATTRIBUTE=VALUE  text NAME TEXT
-///     show|hide|enable|disable|focus|activate NAME place NAME L,T,R,B  remove NAME  add PARENT INDEX XML
-///     (-1: at the end)  index NAME INDEX  clone NAME PARENT and the operations of control classes: see
-///     kOperations
+///     on MOMENT: COMMAND        does it once, at the next moment of that kind, while it is handled: a
+///                               notification "CODE SENDER PARAMETER", "#3" (the third of the window), or
+///                               what a probe is told, "NAME EVENT SENDER"; the end may be left out
+///     repaint COMMAND           does it and says what must be painted then
+///
+/// and those of Commands and kOperations in scenario.cpp.
 class Scenario {
 public:
     /// The script with its output.
@@ -36,17 +36,30 @@ private:
     static const std::map<std::string, Command>& Commands();
 
     void Execute(const std::string& line);
+    /// A command that may be part of another.
+    void Do(const std::string& line);
+    /// Does what was asked for a moment.
+    void Meet(const std::string& moment);
+    void Use(std::unique_ptr<ControlWindow> window);
     void Open(const std::string& size, const std::string& content);
     /// Appends what is different from the last time.
     void WriteChanges();
     void WritePicture(const RECT& part);
+    void WriteColors(bool withBlack);
     void Collect(DUI::IDUIControl& control, const std::string& indent);
 
     std::unique_ptr<ControlWindow> m_window;
+    // Of their own: those of the window go with it, in the middle of a call.
+    MessagePointer m_mouse{nullptr};
+    MessageKeys m_keys{nullptr};
+    std::vector<std::pair<std::string, std::string>> m_handlers;  // moments and commands
+    int m_notifications = 0;
+    std::string m_noticed;                                   // the lines of those since the last command
     std::vector<std::pair<std::string, std::string>> m_now;  // a control's label and its state, in tree order
     std::vector<std::pair<std::string, std::string>> m_before;
     std::string m_focus;
     bool m_holdsMouse = false;
+    HWND m_menu = nullptr;
     bool m_isPainting = false;
     std::string m_text;
 };

@@ -1,4 +1,4 @@
-#include "controls/pixels.h"
+#include "support/controls/pixels.h"
 
 #include <algorithm>
 
