@@ -1,5 +1,7 @@
 #pragma once
 
+#include <functional>
+#include <istream>
 #include <map>
 #include <memory>
 #include <string>
@@ -43,6 +45,28 @@ public:
 
 private:
     std::optional<LRESULT> Answer(const LoggedMessage& message);
+};
+
+/// A tooltip by commands: "host" opens one; "move X,Y" and "held X,Y" (with the button) and "rest X,Y" move
+/// the pointer, "pointer X,Y" unnoticed; "due show|hide|watch" are its timers, "relay MESSAGE" a message by
+/// its number; "text COLUMN TEXT", "tool ID L,T,R,B TEXT", "untool ID", "put away" and "delays INITIAL STAY
+/// NEXT" are the application's, "other", "active", "enable 0|1" and "shift" what happens to the host. "wait
+/// MILLISECONDS" needs a clock. Each answers what shows when that has changed, and whether the owner was
+/// asked.
+class ToolTipScript {
+public:
+    explicit ToolTipScript(std::function<void(int)> advance = nullptr) : m_advance(std::move(advance)) {}
+
+    std::string Do(const std::string& line);
+
+private:
+    void Execute(const std::string& word, std::istream& words);
+
+    std::function<void(int)> m_advance;
+    PlatformWindow m_other{{.place = {500, 400, 510, 410}}};
+    std::unique_ptr<ToolTipHost> m_host;
+    std::string m_shown;
+    std::string m_told;
 };
 
 }  // namespace qvui::test

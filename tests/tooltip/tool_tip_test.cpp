@@ -9,6 +9,7 @@
 #include <qvui/tooltip/html_drawer.h>
 
 #include "support/controls/control_test.h"
+#include "support/transcript.h"
 #include "tooltip/popup_placement.h"
 #include "tooltip/tool_tip_host.h"
 #include "tooltip/tool_tip_timers.h"
@@ -40,6 +41,12 @@ TEST_F(ToolTip, ShowsWhatTheOwnerSaysWhereThePointerRests)
     EXPECT_EQ(host.RestAt(250, 60), "") << "no text";
 }
 
+TEST_F(ToolTip, ShowsAndGoesAsItIsWritten)
+{
+    ToolTipScript script;
+    ExpectTranscript("tooltip/tool_tip.txt", LineByLine([&script](auto& line) { return script.Do(line); }));
+}
+
 TEST_F(ToolTip, NeverTakesFocusActivationOrMouse)
 {
     SetFocus(*host.window);
@@ -53,133 +60,11 @@ TEST_F(ToolTip, NeverTakesFocusActivationOrMouse)
     EXPECT_EQ(WindowFromPoint(inside), *host.window);
 }
 
-TEST_F(ToolTip, GoesWhenSomethingElseIsMeant)
-{
-    const PlatformWindow another({.place = {500, 400, 510, 410}});
-    const auto message = [](UINT number) { return [=](ToolTipHost& at) { at.Relay(number); }; };
-    const struct {
-        const char* name;
-        std::function<void(ToolTipHost&)> happen;
-        UINT_PTR timer = 0;  // that comes due then
-    } cases[] = {
-        {"press", message(WM_LBUTTONDOWN)},
-        {"press with the right button", message(WM_RBUTTONDOWN)},
-        {"press of the caption", message(WM_NCLBUTTONDOWN)},
-        {"wheel", message(WM_MOUSEWHEEL)},
-        {"key", message(WM_KEYDOWN)},
-        {"key with Alt", message(WM_SYSKEYDOWN)},
-        {"pointer over the frame", message(WM_NCMOUSEMOVE)},
-        {"pointer over nothing", [](auto& at) { at.MoveTo(250, 60); }},
-        {"pointer over another text", [](auto& at) { at.MoveTo(150, 60); }},
-        {"pointer gone", [](auto& at) { SetCursorPos(0, 0), at.Relay(WM_MOUSELEAVE); }},
-        {"other application active", [](auto& at) { SendMessageA(at.tip->GetHWND(), WM_ACTIVATEAPP, 0, 0); }},
-        {"told so", [](auto& at) { at.tip->HideTooltip(); }},
-        {"long enough", [](auto&) {}, kToolTipHide},
-        {"pointer gone unnoticed", [](auto&) { SetCursorPos(0, 0); }, kToolTipWatch},
-        {"host moved", [](auto& at) { MoveWindow(*at.window, 110, 100, 300, 200, TRUE); }, kToolTipWatch},
-        {"host disabled", [](auto& at) { EnableWindow(*at.window, FALSE); }, kToolTipWatch},
-        {"another window active", [&another](auto&) { SetActiveWindow(another); }, kToolTipWatch},
-        {"tool gone", [](auto& at) { at.tip->DelTool(*at.window, 1); }, kToolTipWatch},
-    };
-    for (const auto& c : cases) {
-        ToolTipHost other;
-        ASSERT_EQ(other.RestAt(50, 60), "one") << c.name;
-        other.Fire(kToolTipWatch);
-        ASSERT_EQ(other.Shown(), "one") << c.name;
-        c.happen(other);
-        if (c.timer)
-            other.Fire(c.timer);
-        EXPECT_FALSE(other.tip->IsTooltipVisible()) << c.name;
-        EXPECT_FALSE(IsWindowVisible(other.tip->GetHWND())) << c.name;
-    }
-}
-
-TEST_F(ToolTip, StaysWhileTheTextIsTheSame)
-{
-    ASSERT_EQ(host.RestAt(50, 60), "one");
-    const RECT place = host.Place();
-    host.MoveTo(60, 70);
-    for (const UINT message : {WM_TIMER, WM_LBUTTONUP, WM_KEYUP})
-        host.Relay(message);
-    EXPECT_EQ(host.Shown(), "one");
-    EXPECT_EQ(Text(host.Place()), Text(place)) << "it does not follow the pointer";
-    host.texts[0] = "changed";
-    const int questions = host.questions;
-    host.MoveTo(60, 70);
-    EXPECT_EQ(host.questions, questions) << "a move without movement changes nothing";
-    EXPECT_TRUE(host.tip->IsTooltipVisible());
-}
-
-TEST_F(ToolTip, OncePutAwayItWaitsForAnotherText)
-{
-    const auto message = [](UINT number) { return [=](ToolTipHost& at) { at.Relay(number); }; };
-    const struct {
-        const char* name;
-        bool showsFirst;
-        std::function<void(ToolTipHost&)> putAway;
-        const char* again;  // what shows on the same text afterwards
-    } cases[] = {
-        {"by a press", true, message(WM_LBUTTONDOWN), ""},
-        {"by a key", true, message(WM_KEYDOWN), ""},
-        {"by the end of its stay", true, [](ToolTipHost& at) { at.Fire(kToolTipHide); }, ""},
-        {"by a press before it showed", false, message(WM_LBUTTONDOWN), ""},
-        {"by the application", true, [](ToolTipHost& at) { at.tip->HideTooltip(); }, "one"},
-    };
-    for (const auto& c : cases) {
-        ToolTipHost at;
-        at.MoveTo(50, 60);
-        if (c.showsFirst)
-            at.Fire(kToolTipShow);
-        c.putAway(at);
-        EXPECT_EQ(at.RestAt(55, 60), c.again) << c.name;
-        EXPECT_EQ(at.RestAt(150, 60), "two") << c.name;
-        EXPECT_EQ(at.RestAt(50, 60), "one") << c.name << ", back again";
-    }
-}
-
-TEST_F(ToolTip, WaitsWhileAButtonIsDown)
-{
-    host.Relay(WM_LBUTTONDOWN);
-    host.MoveTo(50, 60, MK_LBUTTON);
-    host.Fire(kToolTipShow);
-    EXPECT_EQ(host.Shown(), "");
-    EXPECT_EQ(host.RestAt(51, 60), "one");
-}
-
-TEST_F(ToolTip, ShowsOnlyWhileItsHostIsActiveAndEnabled)
-{
-    const PlatformWindow other({.place = {500, 100, 600, 200}});
-    SetActiveWindow(other);
-    EXPECT_EQ(host.RestAt(50, 60), "");
-    SetActiveWindow(*host.window);
-    EXPECT_EQ(host.RestAt(51, 60), "one");
-    host.tip->HideTooltip();
-    EnableWindow(*host.window, FALSE);
-    EXPECT_EQ(host.RestAt(52, 60), "");
-}
-
 TEST_F(ToolTip, ShowsForAWindowThatAnActiveOneOwns)
 {
     const PlatformWindow owned({.place = {0, 0, 50, 50}, .parent = *host.window});
     SetActiveWindow(owned);
     EXPECT_EQ(host.RestAt(50, 60), "one");
-}
-
-TEST_F(ToolTip, ToolsAreRectanglesWithTextsOfTheirOwn)
-{
-    const HWND window = *host.window;
-    host.tip->DelTool(window, 1);
-    host.tip->AddTool(window, "first", {0, 0, 50, 50}, 7);
-    host.tip->AddTool(window, "second", {50, 0, 100, 50}, 8);
-    EXPECT_EQ(host.RestAt(49, 49), "first");
-    EXPECT_EQ(host.lastQuestion.hdr.hwndFrom, host.tip->GetHWND());
-    EXPECT_EQ(host.RestAt(50, 49), "second");
-    EXPECT_EQ(host.RestAt(100, 49), "");
-    EXPECT_EQ(host.RestAt(50, 50), "");
-    host.tip->AddTool(window, "replaced", {0, 0, 50, 50}, 7);
-    EXPECT_EQ(host.RestAt(10, 10), "replaced");
-    host.tip->DelTool(window, 7);
-    EXPECT_EQ(host.RestAt(20, 20), "");
 }
 
 TEST_F(ToolTip, ChildWindowsArePartOfTheTool)

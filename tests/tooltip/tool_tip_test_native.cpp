@@ -4,6 +4,7 @@
 
 #include "support/leak_check.h"
 #include "support/manual_clock.h"
+#include "support/transcript.h"
 #include "tooltip/popup_placement.h"
 #include "tooltip/tool_tip_host.h"
 
@@ -11,84 +12,13 @@ using namespace qvui::test;
 
 namespace {
 
-class ToolTipTimes : public testing::Test {
-    LeakCheck m_leaks;
-
-protected:
-    std::string After(int milliseconds)
-    {
-        clock.Advance(milliseconds);
-        Pump();
-        return host.Shown();
-    }
-
+TEST(ToolTipTimes, PassAsTheyAreWritten)
+{
+    const LeakCheck leaks;
     ManualClock clock;
-    ToolTipHost host;
-};
-
-TEST_F(ToolTipTimes, ItShowsWhenThePointerHasRestedForHalfASecond)
-{
-    host.MoveTo(50, 60);
-    EXPECT_EQ(After(499), "");
-    host.MoveTo(51, 60);
-    EXPECT_EQ(After(499), "") << "a move begins the delay anew";
-    EXPECT_EQ(After(1), "one");
-    EXPECT_EQ(After(4999), "one");
-    EXPECT_EQ(After(1), "") << "after five seconds";
-    host.MoveTo(52, 60);
-    EXPECT_EQ(After(10000), "") << "not for the same text again";
-}
-
-TEST_F(ToolTipTimes, TheNextOneShowsSooner)
-{
-    host.MoveTo(50, 60);
-    ASSERT_EQ(After(500), "one");
-    host.MoveTo(150, 60);
-    EXPECT_EQ(host.Shown(), "");
-    EXPECT_EQ(After(99), "");
-    EXPECT_EQ(After(1), "two");
-    host.MoveTo(250, 60);
-    EXPECT_EQ(After(400), "") << "nothing to show between the two";
-    host.MoveTo(50, 60);
-    EXPECT_EQ(After(100), "one") << "still soon after the last one";
-    host.MoveTo(250, 60);
-    EXPECT_EQ(After(500), "");
-    host.MoveTo(150, 60);
-    EXPECT_EQ(After(100), "") << "no longer";
-    EXPECT_EQ(After(400), "two");
-    host.Relay(WM_LBUTTONDOWN);
-    host.MoveTo(50, 60);
-    EXPECT_EQ(After(100), "") << "not after a press";
-    EXPECT_EQ(After(400), "one");
-}
-
-TEST_F(ToolTipTimes, TheDelaysAreTheApplications)
-{
-    host.tip->SetDelayTime(50, 0, 20);
-    host.MoveTo(50, 60);
-    EXPECT_EQ(After(49), "");
-    EXPECT_EQ(After(1), "one");
-    EXPECT_EQ(After(1000000), "one") << "as long as the pointer stays";
-    host.MoveTo(150, 60);
-    EXPECT_EQ(After(19), "");
-    EXPECT_EQ(After(1), "two");
-}
-
-TEST_F(ToolTipTimes, AMovedHostIsNoticedSoon)
-{
-    host.MoveTo(50, 60);
-    ASSERT_EQ(After(500), "one");
-    MoveWindow(host.window->Handle(), 90, 100, 300, 200, TRUE);
-    EXPECT_EQ(After(100), "");
-}
-
-TEST_F(ToolTipTimes, NothingTicksWhileNothingShows)
-{
-    host.MoveTo(250, 60);
-    EXPECT_EQ(After(500), "");
-    MSG message;
-    clock.Advance(100000);
-    EXPECT_FALSE(PeekMessageA(&message, host.tip->GetHWND(), WM_TIMER, WM_TIMER, PM_REMOVE));
+    ToolTipScript script([&clock](int milliseconds) { clock.Advance(milliseconds); });
+    ExpectTranscript("tooltip/tool_tip_times.txt",
+                     LineByLine([&script](auto& line) { return script.Do(line); }));
 }
 
 TEST(ToolTipScreens, TheScreenOfThePointerCounts)
