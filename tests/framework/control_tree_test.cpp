@@ -128,20 +128,6 @@ TEST_F(ControlTree, OffersContainersTwiceInDocumentOrder)
     EXPECT_EQ(Probe::Take(), "root, a, a, b, b, root");
 }
 
-TEST_F(ControlTree, PaintsInOrderAndOnlyWhatMeetsThePaintRectangle)
-{
-    auto window = ThreeChildren();
-    window->Paint();
-    Probe::Take();
-    RECT changed{35, 5, 40, 10};
-    window->Find("b")->UpdateLayout(FALSE, &changed);
-    window->Paint();
-    EXPECT_EQ(Probe::Take(),
-              "root background, root foreground, root text, root border, filler background, filler "
-              "foreground, filler text, filler border, b background, b foreground, b text, b border");
-    EXPECT_EQ(Text(window->Find<Probe>("b")->lastPaint), "35,5,40,10");
-}
-
 // The ways in which a control can go that the window does not learn from a notification.
 TEST_F(ControlTree, LeavesNothingBehindWhenItDiesAttached)
 {

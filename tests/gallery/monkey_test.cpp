@@ -40,7 +40,7 @@ public:
 private:
     struct Action {
         int weight;
-        void (Monkey::*act)();
+        std::function<void(Monkey&)> act;
     };
     struct Removed {
         DUI::CRefPtr<DUI::IDUIControl> control;
@@ -54,22 +54,14 @@ private:
     void Recover();
     void Renew();
 
-    void Move();
     void Press();
-    void Release();
     void Click();
     void DoubleClick();
     void Drag();
     void DragOut();
-    void Leave();
     void Wheel();
     void Key();
-    void Timer();
-    void Paint();
-    void DeliverQueue();
     void Resize();
-    void SwitchSkin();
-    void SwitchFocus();
     void RemoveControl();
     /// Returns the control that was removed last to its place.
     void PutBack();
@@ -92,13 +84,30 @@ private:
 };
 
 const Monkey::Action Monkey::kActions[] = {
-    {300, &Monkey::Move},        {60, &Monkey::Press},           {60, &Monkey::Release},
-    {150, &Monkey::Click},       {50, &Monkey::DoubleClick},     {40, &Monkey::Drag},
-    {5, &Monkey::Leave},         {60, &Monkey::Wheel},           {150, &Monkey::Key},
-    {60, &Monkey::Timer},        {40, &Monkey::Paint},           {20, &Monkey::DeliverQueue},
-    {4, &Monkey::Resize},        {2, &Monkey::SwitchSkin},       {4, &Monkey::SwitchFocus},
-    {8, &Monkey::RemoveControl}, {8, &Monkey::PutBack},          {20, &Monkey::DragOut},
-    {8, &Monkey::Reorder},       {8, &Monkey::MoveToOtherParent}};
+    {300, [](Monkey& m) { m.Send(WM_MOUSEMOVE, m.Below(4) == 0 ? MK_LBUTTON : 0, m.AnyPoint()); }},
+    {60, &Monkey::Press},
+    {60, [](Monkey& m) { m.Send(WM_LBUTTONUP, 0, m.AnyPoint()); }},
+    {150, &Monkey::Click},
+    {50, &Monkey::DoubleClick},
+    {40, &Monkey::Drag},
+    {5, [](Monkey& m) { m.Send(WM_MOUSELEAVE, 0, 0); }},
+    {60, &Monkey::Wheel},
+    {150, &Monkey::Key},
+    {60, [](Monkey& m) { SendMessageA(m.m_run.Handle(), WM_TIMER, static_cast<WPARAM>(m.Below(8)), 0); }},
+    {40, [](Monkey& m) { UpdateWindow(m.m_run.Handle()); }},
+    {20, [](Monkey&) { Pump(); }},
+    {4, &Monkey::Resize},
+    {2,
+     [](Monkey&) {
+         DUI::IDUISkinMgr& skins = GalleryRun::Skins();
+         skins.SetSkinTyle(skins.GetSkinTyle() == "light" ? "dark" : "light");
+     }},
+    {4, [](Monkey& m) { m.Send(WM_KILLFOCUS, 0, 0); }},
+    {8, &Monkey::RemoveControl},
+    {8, &Monkey::PutBack},
+    {20, &Monkey::DragOut},
+    {8, &Monkey::Reorder},
+    {8, &Monkey::MoveToOtherParent}};
 
 void Monkey::Use(const std::string& page, int events)
 {
@@ -125,7 +134,7 @@ void Monkey::ActOnce()
     for (const Action& action : kActions) {
         choice -= action.weight;
         if (choice < 0) {
-            (this->*action.act)();
+            action.act(*this);
             return;
         }
     }
@@ -181,22 +190,12 @@ void Monkey::Send(UINT message, WPARAM wParam, LPARAM lParam)
         SendMessageA(window, message, wParam, lParam);
 }
 
-void Monkey::Move()
-{
-    Send(WM_MOUSEMOVE, Below(4) == 0 ? MK_LBUTTON : 0, AnyPoint());
-}
-
 // A press may begin a loop that lasts until the release, so that comes first.
 void Monkey::Press()
 {
     const LPARAM point = AnyPoint();
     PostMessageA(m_run.Handle(), WM_LBUTTONUP, 0, Below(2) ? point : AnyPoint());
     Send(WM_LBUTTONDOWN, MK_LBUTTON, point);
-}
-
-void Monkey::Release()
-{
-    Send(WM_LBUTTONUP, 0, AnyPoint());
 }
 
 void Monkey::Click()
@@ -220,7 +219,7 @@ void Monkey::Drag()
     Press();
     for (int moves = Below(8); moves > 0; --moves)
         Send(WM_MOUSEMOVE, MK_LBUTTON, AnyPoint());
-    Release();
+    Send(WM_LBUTTONUP, 0, AnyPoint());
 }
 
 // Out of the window with the button held, and released out there; sometimes something else takes the mouse.
@@ -234,17 +233,12 @@ void Monkey::DragOut()
     PostMessageA(m_run.Handle(), WM_LBUTTONUP, 0, end);
     Send(WM_LBUTTONDOWN, MK_LBUTTON, start);
     Send(WM_MOUSEMOVE, MK_LBUTTON, AnyPoint());
-    Leave();
+    Send(WM_MOUSELEAVE, 0, 0);
     if (Below(4) == 0)
         ReleaseCapture();
     Send(WM_MOUSEMOVE, MK_LBUTTON, end);
     Send(WM_LBUTTONUP, 0, end);
     EXPECT_TRUE(!m_run.IsOpen() || GetCapture() != m_run.Handle()) << "the mouse is still held";
-}
-
-void Monkey::Leave()
-{
-    Send(WM_MOUSELEAVE, 0, 0);
 }
 
 void Monkey::Wheel()
@@ -269,21 +263,6 @@ void Monkey::Key()
     Send(WM_KEYUP, key, 1);
 }
 
-void Monkey::Timer()
-{
-    SendMessageA(m_run.Handle(), WM_TIMER, static_cast<WPARAM>(Below(8)), 0);
-}
-
-void Monkey::Paint()
-{
-    UpdateWindow(m_run.Handle());
-}
-
-void Monkey::DeliverQueue()
-{
-    Pump();
-}
-
 void Monkey::Resize()
 {
     if (IsZoomed(m_run.Handle()))
@@ -291,17 +270,6 @@ void Monkey::Resize()
     const int width = kSmallest.cx + Below(kLargest.cx - kSmallest.cx + 1);
     const int height = kSmallest.cy + Below(kLargest.cy - kSmallest.cy + 1);
     SetWindowPos(m_run.Handle(), nullptr, 0, 0, width, height, SWP_NOZORDER | SWP_NOACTIVATE);
-}
-
-void Monkey::SwitchSkin()
-{
-    DUI::IDUISkinMgr& skins = GalleryRun::Skins();
-    skins.SetSkinTyle(skins.GetSkinTyle() == "light" ? "dark" : "light");
-}
-
-void Monkey::SwitchFocus()
-{
-    Send(WM_KILLFOCUS, 0, 0);
 }
 
 DUI::CRefPtr<DUI::IDUIControl> Monkey::AnyControl()

@@ -1,14 +1,12 @@
 #include <qvui/tooltip/html_drawer.h>
 
 #include <algorithm>
-#include <cstdlib>
 #include <cstring>
-#include <functional>
 
-#include <qvui/render/dib_section.h>
 #include <qvui/tooltip/draw_manager.h>
 
 #include "support/controls/control_test.h"
+#include "support/platform_bitmap.h"
 
 using namespace DUI;
 
@@ -17,79 +15,74 @@ namespace {
 constexpr int kWidth = 300;
 constexpr int kHeight = 120;
 
+/// "r", "g" or "b" where one channel stands out of the other two; "." is white, "k" black, "?" anything else.
+char Hue(COLORREF color)
+{
+    const auto isOnly = [](int strong, int other, int third) {
+        return strong > 180 && other < 80 && third < 80;
+    };
+    const int red = GetRValue(color), green = GetGValue(color), blue = GetBValue(color);
+    return color == RGB(255, 255, 255) ? '.'
+           : isOnly(red, green, blue)  ? 'r'
+           : isOnly(green, red, blue)  ? 'g'
+           : isOnly(blue, red, green)  ? 'b'
+           : red + green + blue == 0   ? 'k'
+                                       : '?';
+}
+
 /// A white picture to draw on.
 class Paper {
 public:
-    Paper()
-    {
-        m_pixels.Create(kWidth, kHeight, 32);
-        m_hDC = CreateCompatibleDC(nullptr);
-        m_old = SelectObject(m_hDC, m_pixels.GetBitmap());
-        Clear();
-    }
-    Paper(const Paper&) = delete;
-    Paper& operator=(const Paper&) = delete;
-    ~Paper()
-    {
-        SelectObject(m_hDC, m_old);
-        DeleteDC(m_hDC);
-    }
+    Paper() { Clear(); }
 
-    void Clear() const { PatBlt(m_hDC, 0, 0, kWidth, kHeight, WHITENESS); }
-    HDC Context() const { return m_hDC; }
-    COLORREF At(int x, int y) const { return m_pixels.GetPixel(x, y, TRUE).GetColor(); }
-
-    /// How many pixels are of a kind.
-    int Count(const std::function<bool(COLORREF)>& isOfKind) const
+    void Clear() const { PatBlt(m_bitmap, 0, 0, kWidth, kHeight, WHITENESS); }
+    HDC Context() const { return m_bitmap; }
+    COLORREF At(int x, int y) const { return ::GetPixel(m_bitmap, x, y); }
+    /// "rgb" for the hues at points beside each other.
+    std::string Hues(std::initializer_list<POINT> points) const
+    {
+        std::string hues;
+        for (const POINT& point : points)
+            hues += Hue(At(point.x, point.y));
+        return hues;
+    }
+    /// How many pixels have the hue.
+    int Count(char hue) const
     {
         int count = 0;
-        for (int y = 0; y < kHeight; ++y)
-            for (int x = 0; x < kWidth; ++x)
-                count += isOfKind(At(x, y));
+        ForEach([&](int, int, COLORREF color) { count += Hue(color) == hue; });
         return count;
     }
     /// The sum of all pixels' darkness.
     int Ink() const
     {
         int ink = 0;
-        Count([&](COLORREF color) { return (ink += 255 - GetGValue(color)) != 0; });
+        ForEach([&](int, int, COLORREF color) { ink += 255 - GetGValue(color); });
         return ink;
     }
     /// What is not white.
     RECT InkBounds() const
     {
-        RECT bounds{kWidth, kHeight, 0, 0};
-        for (int y = 0; y < kHeight; ++y)
-            for (int x = 0; x < kWidth; ++x)
-                if (At(x, y) != RGB(255, 255, 255))
-                    bounds = {std::min<LONG>(bounds.left, x), std::min<LONG>(bounds.top, y),
-                              std::max<LONG>(bounds.right, x + 1), std::max<LONG>(bounds.bottom, y + 1)};
+        RECT bounds{};
+        ForEach([&](int x, int y, COLORREF color) {
+            const RECT pixel{x, y, x + 1, y + 1};
+            if (Hue(color) != '.')
+                UnionRect(&bounds, &bounds, &pixel);
+        });
         return bounds;
     }
 
 private:
-    CDibSection m_pixels;
-    HDC m_hDC;
-    HGDIOBJ m_old;
-};
+    template <class Call>
+    void ForEach(Call call) const
+    {
+        for (int y = 0; y < kHeight; ++y)
+            for (int x = 0; x < kWidth; ++x)
+                call(x, y, At(x, y));
+    }
 
-/// Whether one channel stands out of the other two.
-bool IsOnly(int strong, int other, int third)
-{
-    return strong > 180 && other < 80 && third < 80;
-}
-bool IsRed(COLORREF color)
-{
-    return IsOnly(GetRValue(color), GetGValue(color), GetBValue(color));
-}
-bool IsGreen(COLORREF color)
-{
-    return IsOnly(GetGValue(color), GetRValue(color), GetBValue(color));
-}
-bool IsBlue(COLORREF color)
-{
-    return IsOnly(GetBValue(color), GetRValue(color), GetGValue(color));
-}
+    qvui::test::MemoryBitmap m_bitmap{qvui::test::BitmapInfo(kWidth, -kHeight)};
+};
 
 class HtmlDrawer : public qvui::test::ControlTest {
 protected:
@@ -127,29 +120,20 @@ TEST_F(HtmlDrawer, StylesShowInThePixels)
 
 TEST_F(HtmlDrawer, ColoursComeFromLiteralsTheSkinAndTheBasicNames)
 {
-    const struct {
-        const char* markup;
-        bool (*isOfColor)(COLORREF);
-    } cases[] = {
-        {"<font color=#FF0000 size=48>MM", IsRed},
-        {"<font color=#FFFF0000 size=48>MM", IsRed},
-        {"<font color=\"rgb(0,0,255)\" size=48>MM", IsBlue},
-        {"<font color=Blue size=48>MM", IsBlue},
-        {"<font color=red size=48>MM", IsRed},
-        {"<font color=green size=48>MM", IsGreen},  // the skin's, which is lighter than the basic one
+    const std::pair<const char*, char> cases[] = {
+        {"<font color=#FF0000 size=48>MM", 'r'},
+        {"<font color=#FFFF0000 size=48>MM", 'r'},
+        {"<font color=\"rgb(0,0,255)\" size=48>MM", 'b'},
+        {"<font color=Blue size=48>MM", 'b'},
+        {"<font color=red size=48>MM", 'r'},
+        {"<font color=green size=48>MM", 'g'},  // the skin's, which is lighter than the basic one
+        {"<font size=48>M<font color=nonsense>M", 'k'},
     };
-    for (const auto& c : cases) {
+    for (const auto& [markup, hue] : cases) {
         paper.Clear();
-        Draw(c.markup);
-        EXPECT_GT(paper.Count(c.isOfColor), 50) << c.markup;
+        Draw(markup);
+        EXPECT_GT(paper.Count(hue), 100) << markup;
     }
-    paper.Clear();
-    CPPHtmlDrawer drawer;
-    drawer.SetText("<font size=48>M<font color=nonsense>M");
-    drawer.SetTextColor(RGB(0, 0, 255));
-    drawer.Draw(paper.Context(), {0, 0, kWidth, kHeight});
-    EXPECT_EQ(paper.Count(IsRed), 0);
-    EXPECT_GT(paper.Count(IsBlue), 100);
 }
 
 TEST_F(HtmlDrawer, MeasuresWhatItDraws)
@@ -182,9 +166,7 @@ TEST_F(HtmlDrawer, ImagesAreTheSkins)
     EXPECT_EQ(Measure("<img src=strip>").cy, 20);
     EXPECT_EQ(Measure("<img src=missing>").cx, 0);
     Draw("<img src=strip index=1><img src=strip index=2><img src=strip index=99>");
-    EXPECT_TRUE(IsGreen(paper.At(10, 10)));
-    EXPECT_TRUE(IsBlue(paper.At(30, 10)));
-    EXPECT_TRUE(IsRed(paper.At(50, 10))) << "an icon that is not there is the first";
+    EXPECT_EQ(paper.Hues({{10, 10}, {30, 10}, {50, 10}}), "gbr") << "an icon that is not there is the first";
 }
 
 TEST_F(HtmlDrawer, RulesSpanTheRectangleAndCentresStandInIt)
@@ -255,56 +237,38 @@ TEST_F(HtmlDrawer, EscapedTextShowsAsItIs)
     EXPECT_EQ(Measure(escaped, 1000).cx, plain.cx);
 }
 
-TEST_F(HtmlDrawer, EveryPrefixOfATextIsDrawn)
-{
-    const std::string whole =
-        "<center><b>T</b></center><hr><font color=\"#FF0000\" size='12'>a&lt;&#65;<ind=9>b</font>"
-        "<img src=\"strip\" index=1><br>c";
-    for (std::size_t length = 0; length <= whole.size(); ++length)
-        Draw(whole.substr(0, length).c_str(), {0, 0, 50, 100});
-    EXPECT_GT(paper.Ink(), 0);
-}
-
 TEST(DrawManager, EffectsRunThroughTheirColours)
 {
-    constexpr COLORREF kFirst = RGB(250, 0, 0);
-    constexpr COLORREF kMiddle = RGB(0, 250, 0);
-    constexpr COLORREF kLast = RGB(0, 0, 250);
+    // From red over green to blue: the hues at both ends and in the middle, across and down.
     const struct {
-        const char* name;
         int effect;
-        bool isVertical;
-        COLORREF start;
-        COLORREF middle;
-        COLORREF end;
+        const char* across;
+        const char* down;
     } cases[] = {
-        {"solid", TOOLTIP_EFFECT_SOLID, false, kFirst, kFirst, kFirst},
-        {"unknown", 99, false, kFirst, kFirst, kFirst},
-        {"negative", -1, false, kFirst, kFirst, kFirst},
-        {"across", TOOLTIP_EFFECT_HGRADIENT, false, kFirst, RGB(125, 0, 125), kLast},
-        {"down", TOOLTIP_EFFECT_VGRADIENT, true, kFirst, RGB(125, 0, 125), kLast},
-        {"across and back", TOOLTIP_EFFECT_HCGRADIENT, false, kFirst, kLast, kFirst},
-        {"down and back", TOOLTIP_EFFECT_VCGRADIENT, true, kFirst, kLast, kFirst},
-        {"three across", TOOLTIP_EFFECT_3HGRADIENT, false, kFirst, kMiddle, kLast},
-        {"three down", TOOLTIP_EFFECT_3VGRADIENT, true, kFirst, kMiddle, kLast},
-    };
-    const auto isNear = [](COLORREF left, COLORREF right) {
-        const auto differ = [](int a, int b) { return std::abs(a - b) > 8; };
-        return !differ(GetRValue(left), GetRValue(right)) && !differ(GetGValue(left), GetGValue(right)) &&
-               !differ(GetBValue(left), GetBValue(right));
+        {TOOLTIP_EFFECT_SOLID, "rrr", "rrr"},
+        {99, "rrr", "rrr"},
+        {-1, "rrr", "rrr"},
+        {TOOLTIP_EFFECT_HGRADIENT, "r?b", "???"},
+        {TOOLTIP_EFFECT_VGRADIENT, "???", "r?b"},
+        {TOOLTIP_EFFECT_HCGRADIENT, "rbr", "bbb"},
+        {TOOLTIP_EFFECT_VCGRADIENT, "bbb", "rbr"},
+        {TOOLTIP_EFFECT_3HGRADIENT, "rgb", "ggg"},
+        {TOOLTIP_EFFECT_3VGRADIENT, "ggg", "rgb"},
     };
     const qvui::test::LeakCheck leaks;
     const Paper paper;
-    constexpr RECT kRect{10, 10, 110, 110};
     for (const auto& c : cases) {
-        CPPDrawManager::FillEffect(paper.Context(), kRect, c.effect, kFirst, kMiddle, kLast);
-        const auto at = [&](int place) { return c.isVertical ? paper.At(60, place) : paper.At(place, 60); };
-        EXPECT_TRUE(isNear(at(10), c.start)) << c.name;
-        EXPECT_TRUE(isNear(at(60), c.middle)) << c.name;
-        EXPECT_TRUE(isNear(at(109), c.end)) << c.name;
+        CPPDrawManager::FillEffect(paper.Context(), {10, 10, 110, 110}, c.effect, RGB(250, 0, 0),
+                                   RGB(0, 250, 0), RGB(0, 0, 250));
+        EXPECT_EQ(paper.Hues({{10, 60}, {60, 60}, {109, 60}}), c.across) << c.effect;
+        EXPECT_EQ(paper.Hues({{60, 10}, {60, 60}, {60, 109}}), c.down) << c.effect;
+        EXPECT_EQ(paper.Hues({{9, 60}, {110, 60}, {60, 9}, {60, 110}}), "....");
     }
-    EXPECT_EQ(paper.At(9, 60), RGB(255, 255, 255));
-    EXPECT_EQ(paper.At(110, 60), RGB(255, 255, 255));
+    CPPDrawManager::FillEffect(paper.Context(), {10, 10, 110, 110}, TOOLTIP_EFFECT_HGRADIENT, RGB(250, 0, 0),
+                               0, RGB(0, 0, 250));
+    EXPECT_NEAR(GetRValue(paper.At(60, 60)), 125, 8);
+    EXPECT_NEAR(GetBValue(paper.At(60, 60)), 125, 8);
+    EXPECT_NEAR(GetRValue(paper.At(35, 60)), 188, 8);
 }
 
 TEST(DrawManager, BordersStayInsideTheRectangle)
@@ -312,10 +276,8 @@ TEST(DrawManager, BordersStayInsideTheRectangle)
     for (const int corner : {0, 8}) {
         const Paper paper;
         CPPDrawManager::DrawBorder(paper.Context(), {10, 10, 60, 40}, corner, RGB(255, 0, 0));
-        const RECT ink = paper.InkBounds();
-        EXPECT_EQ(qvui::test::Text(ink), "10,10,60,40") << corner;
-        EXPECT_EQ(IsRed(paper.At(10, 10)), corner == 0);
-        EXPECT_FALSE(IsRed(paper.At(30, 25))) << corner;
+        EXPECT_EQ(qvui::test::Text(paper.InkBounds()), "10,10,60,40") << corner;
+        EXPECT_EQ(paper.Hues({{10, 10}, {30, 25}}), corner == 0 ? "r." : "..");
     }
 }
 

@@ -80,36 +80,6 @@ TEST_F(Scrolling, ShowsAndHidesByTheContent)
     }
 }
 
-TEST_F(Scrolling, CodesMoveThePosition)
-{
-    const struct {
-        const char* name;
-        WPARAM code;
-        LPARAM value;
-        int expected;  // from 500 in 0..1000; a line is 30, the box 210 by 200
-        int expectedAcross;
-    } cases[] = {
-        {"line up", SB_LINEUP, 0, 470, 470},       {"line down", SB_LINEDOWN, 0, 530, 530},
-        {"page up", SB_PAGEUP, 0, 300, 290},       {"page down", SB_PAGEDOWN, 0, 700, 710},
-        {"thumb", SB_THUMBTRACK, 123, 123, 123},   {"thumb beyond", SB_THUMBTRACK, 1 << 30, 1000, 1000},
-        {"thumb before", SB_THUMBTRACK, -9, 0, 0}, {"no such code", SB_BOTTOM, 4, 500, 500},
-    };
-    for (const auto& c : cases) {
-        BOOL bHandled = FALSE;
-        tagDUIEvent event;
-        event.wParam = c.code;
-        event.lParam = c.value;
-        event.Type = DUIEVENT_VSCROLL;
-        SetRange(vertical, 0, 1000, 200, 500);
-        box->OnDUIEvent(event, bHandled);
-        EXPECT_EQ(PositionOf(vertical), c.expected) << c.name;
-        event.Type = DUIEVENT_HSCROLL;
-        SetRange(horizontal, 0, 1000, 200, 500);
-        box->OnDUIEvent(event, bHandled);
-        EXPECT_EQ(PositionOf(horizontal), c.expectedAcross) << c.name;
-    }
-}
-
 // --- the thumb ---------------------------------------------------------------------------------------------
 
 TEST_F(Scrolling, DraggingATrackWithoutRoomIsHarmless)

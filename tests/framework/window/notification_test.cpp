@@ -2,7 +2,6 @@
 
 #include "support/controls/control_test.h"
 #include "support/controls/probe.h"
-#include "support/table.h"
 
 namespace qvui::test {
 namespace {
@@ -26,26 +25,6 @@ struct Listener : CDUINotifyTarget {
 struct Deaf : ControlWindow {
     using ControlWindow::ControlWindow;
     void OnDUINotify(const tagDUINotify&, BOOL& bHandled) override { bHandled = TRUE; }
-};
-
-/// Hears of skin changes while it exists.
-class Observer : public IDUISkinObserver {
-public:
-    explicit Observer(std::function<void()> call) : m_call(std::move(call))
-    {
-        DUIGetAppInstance()->GetSkinMgr()->AddSkinObserver(this);
-    }
-    Observer(const Observer&) = delete;
-    Observer& operator=(const Observer&) = delete;
-    virtual ~Observer()
-    {
-        if (IDUISkinMgr* const manager = DUIGetAppInstance()->GetSkinMgr())
-            manager->RemoveSkinObserver(this);
-    }
-    void OnSkinUIDataChanged() override { m_call(); }
-
-private:
-    std::function<void()> m_call;
 };
 
 class Notifications : public ControlTest {
@@ -111,59 +90,6 @@ TEST_F(Notifications, AreNotSentToListenersThatAreGone)
     Send("a");
     EXPECT_EQ(Probe::Take(), "third hears a");
     window.reset();  // third outlives its window
-}
-
-// A window, and its controls whether or not they are in its tree.
-struct Scene {
-    ControlWindow& window;
-    CRefPtr<IDUIControl> root = window.Find("root"), a = window.Find("a"), inner = window.Find("inner"),
-                         b = window.Find("b");
-};
-
-struct Deed {
-    const char* name;
-    std::function<void(Scene&)> act;
-};
-
-// Moments that are not events, beyond the event types.
-constexpr UINT kCreated = 100 + DUINOTIFY_CREATED;
-constexpr UINT kDestroyed = 100 + DUINOTIFY_DESTROYED;
-constexpr UINT kSkinChanged = 200;
-
-// What the window keeps for a control that changes its place: its name, the focus, the press and the timers.
-TEST_F(Notifications, OfAMoveLeaveTheControlsStateAlone)
-{
-    const Table<const char*, std::function<void()>, const char*> moves{
-        {"its parent to another index",
-         [this] { window->Find("root")->SetControlIndex(window->Find("a"), 0); },
-         "inner UP self, inner TIMER self, inner timer 1"},
-        {"to another parent",
-         [this] {
-             window->Find("b")->AddControl(new Probe("takes all of b"));
-             window->Find("b")->AddControl(window->Find("inner"));
-         },
-         "inner TIMER self, inner timer 1"},  // its old parent lies above it now
-    };
-    for (const auto& [name, move, expected] : moves) {
-        SCOPED_TRACE(name);
-        Open();
-        auto* const inner = window->Find<Probe>("inner");
-        window->mouse.Press({15, 15});
-        EXPECT_TRUE(inner->SetTimer(1, 1000));
-        move();
-        EXPECT_EQ(window->GetFocusControl(), inner);
-        EXPECT_EQ(window->GetControlByName("inner", FALSE), inner);
-        Probe::Take();
-        window->mouse.Release();
-        SendMessageA(window->Handle(), WM_TIMER, 1, 0);
-        EXPECT_EQ(Probe::Take({"ground", "text", "border"}), expected);
-        // What is refused leaves.
-        const CRefPtr<IDUIControl> parent = inner->GetParent();
-        EXPECT_FALSE(parent->SetControlIndex(inner, 7));
-        EXPECT_EQ(window->GetFocusControl(), nullptr);
-        EXPECT_EQ(window->GetControlByName("inner", FALSE), nullptr);
-        Probe::Take();
-    }
 }
 
 TEST_F(Notifications, ForgetControlsThatLeaveWhateverAnOverrideDoes)

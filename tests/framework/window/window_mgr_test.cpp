@@ -127,19 +127,6 @@ TEST_F(WindowMgr, PostsAPaintMessageForLayeredWindows)
     EXPECT_TRUE(PeekMessageA(&message, window.Handle(), WM_PAINT, WM_PAINT, PM_REMOVE));
 }
 
-TEST_F(WindowMgr, FollowsTheSkinWithItsControlStylesAndPixels)
-{
-    SkinAdditions additions;
-    additions.frameStyles = "<frame_style name='paper' back_color='paper'/>";
-    UseSkin(additions);
-    Probe::Register();
-    ControlWindow window(
-        {60, 40}, "<window frame_style='paper'><probe name='root' control_style='blue_button'/></window>");
-    EXPECT_EQ(window.Paint().At(5, 5), 0xFFFFFFu);
-    Skin().Manager().SetSkinTyle("dark");
-    EXPECT_EQ(window.Paint().At(5, 5), 0x000000u);
-}
-
 TEST_F(WindowMgr, DrawsItsOwnActivationOnlyWithoutANativeCaption)
 {
     ControlWindow window({60, 40}, "<probe name='root'/>");
