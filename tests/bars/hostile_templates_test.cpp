@@ -1,6 +1,5 @@
 #include <qvui/framework/control_factory.h>
 
-#include "layout/shapes.h"
 #include "support/controls/control_test.h"
 
 // Templates that no designer would write.

@@ -4,7 +4,6 @@
 
 #include "controls/scrolling/scroll_box.h"
 #include "support/controls/control_test.h"
-#include "support/controls/pixels.h"
 
 namespace qvui::test {
 namespace {

@@ -113,7 +113,7 @@ void ControlWindow::OnDUINotify(const DUI::tagDUINotify& notify, BOOL& bHandled)
 {
     const bool isLifetime =
         notify.nCode == DUI::DUINOTIFY_CREATED || notify.nCode == DUI::DUINOTIFY_DESTROYED;
-    if (!isLifetime || m_logsLifetimes)
+    if (!isLifetime)
         m_noticed.push_back({notify.nCode, notify.pSender ? notify.pSender->GetName().GetString() : "",
                              notify.wParam, notify.lParam});
     CDUIWindowMgr::OnDUINotify(notify, bHandled);
@@ -129,7 +129,6 @@ std::vector<Noticed> ControlWindow::TakeNotifications()
 
 LRESULT ControlWindow::OnControlRequest(DUI::tagDUINotify& request)
 {
-    ++m_requests[request.nCode];
     const LRESULT result = CDUIWindowMgr::OnControlRequest(request);
     if (request.nCode != DUI::DUIREQUEST_TIMER || result != 0)
         return result;
@@ -151,12 +150,6 @@ LRESULT ControlWindow::OnControlRequest(DUI::tagDUINotify& request)
         ++timer.nNativeID;
     m_timers.push_back(timer);
     return result;
-}
-
-int ControlWindow::RequestCount(UINT code) const
-{
-    const auto found = m_requests.find(code);
-    return found == m_requests.end() ? 0 : found->second;
 }
 
 void ControlWindow::Fire(DUI::IDUIControl* owner, UINT id)

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <functional>
-#include <map>
 #include <memory>
 #include <optional>
 #include <string>
@@ -54,9 +53,8 @@ public:
         return dynamic_cast<Control&>(*GetRootControl());
     }
 
-    /// Notifications since the last call, without DUINOTIFY_CREATED and DUINOTIFY_DESTROYED unless asked for.
+    /// Notifications since the last call, without DUINOTIFY_CREATED and DUINOTIFY_DESTROYED.
     std::vector<Noticed> TakeNotifications();
-    void LogLifetimes(bool isOn) { m_logsLifetimes = isOn; }
     /// Runs on every notification, after it was logged.
     void OnNotify(std::function<void(const DUI::tagDUINotify&)> call) { m_onNotify = std::move(call); }
 
@@ -81,8 +79,6 @@ public:
 
     void OnDUINotify(const DUI::tagDUINotify& notify, BOOL& bHandled) override;
     LRESULT OnControlRequest(DUI::tagDUINotify& request) override;
-    /// Requests of a kind since the start, e.g. how often a layout was asked for.
-    int RequestCount(UINT code) const;
 
 private:
     explicit ControlWindow(SIZE client);
@@ -92,9 +88,7 @@ private:
 
     std::vector<Noticed> m_noticed;
     std::vector<DUI::DUITimerRecord> m_timers;  // those that run
-    std::map<UINT, int> m_requests;
     std::function<void(const DUI::tagDUINotify&)> m_onNotify;
-    bool m_logsLifetimes = false;
 };
 
 }  // namespace qvui::test

@@ -97,12 +97,6 @@ UINT Probe::EventType(const std::string& name)
     return found == std::end(kEventNames) ? 0 : found->type;
 }
 
-Probe::~Probe()
-{
-    if (onDestroyed)
-        onDestroyed();
-}
-
 void* Probe::GetInterface(const CString& name)
 {
     return Class().Answers(name) || (!m_answers.IsEmpty() && EqualNoCase(m_answers.View(), name.View()))
@@ -121,8 +115,6 @@ void Probe::SetAttribute(const CString& name, const CString& value)
 BOOL Probe::Activate()
 {
     Write(Line("activate"));
-    if (onActivate)
-        onActivate();
     return CDUIControlBase::Activate();
 }
 
@@ -147,7 +139,6 @@ void Probe::OnDestroy()
 
 LRESULT Probe::ProcessEvent(const tagDUIEvent& event, BOOL& bHandled)
 {
-    lastEvent = event;
     const std::string sender = !event.pSender          ? "-"
                                : event.pSender == this ? "self"
                                                        : event.pSender->GetName().GetString();
@@ -157,13 +148,6 @@ LRESULT Probe::ProcessEvent(const tagDUIEvent& event, BOOL& bHandled)
         call(event, bHandled);
     }
     return CDUIControlBase::ProcessEvent(event, bHandled);
-}
-
-void Probe::PaintBkgnd(HDC hdc)
-{
-    ++paints;
-    GetClipBox(hdc, &lastPaint);
-    Write(Line("background"));
 }
 
 std::string TakeEvents(std::vector<const char*> without)

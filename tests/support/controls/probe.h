@@ -27,7 +27,6 @@ public:
 
     Probe() = default;
     explicit Probe(const char* name) { SetName(name); }
-    ~Probe() override;
 
     void* GetInterface(const CString& name) override;
     DUI::CRefPtr<DUI::IDUIControl> Clone() override { return new Probe(*this); }
@@ -38,12 +37,7 @@ public:
 
     /// Runs after an event was written down, before the base class sees it.
     std::function<void(const DUI::tagDUIEvent&, BOOL&)> onEvent;
-    std::function<void()> onActivate;
-    std::function<void()> onDestroyed;  // from the destructor
     std::function<void(const RECT&)> onRect;
-    DUI::tagDUIEvent lastEvent;
-    RECT lastPaint{};
-    int paints = 0;
 
 protected:
     Probe(const Probe& other) : CDUIControlBase(other), m_answers(other.m_answers) {}
@@ -52,7 +46,7 @@ protected:
     void OnDestroy() override;
     void OnTimer(int id) override { Write(Line("timer") + " " + std::to_string(id)); }
     LRESULT ProcessEvent(const DUI::tagDUIEvent& event, BOOL& bHandled) override;
-    void PaintBkgnd(HDC hdc) override;
+    void PaintBkgnd(HDC) override { Write(Line("background")); }
     void PaintForgnd(HDC) override { Write(Line("foreground")); }
     void PaintText(HDC) override { Write(Line("text")); }
     void PaintBorder(HDC) override { Write(Line("border")); }

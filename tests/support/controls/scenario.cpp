@@ -9,7 +9,6 @@
 
 #include <qvui/qvui.h>
 
-#include "support/controls/pixels.h"
 #include "support/controls/probe.h"
 #include "support/geometry_text.h"
 #include "support/transcript.h"
@@ -151,16 +150,36 @@ Control& As(ControlWindow& window, const std::string& name)
 
 // Operations of control classes: the control's name follows the word, and numbers that name.
 using Operation = std::function<void(ControlWindow&, const std::string& name, std::istream&)>;
+using TabBar = CDUITabBar<CDUIHorizontalLayout>;
+using ToolBar = CDUIToolBar<CDUIHorizontalLayout>;
+
+/// A method whose parameters are numbers.
+template <class Control, class Result, class... Parameters>
+Operation Call(Result (Control::*method)(Parameters...))
+{
+    return
+        [method](ControlWindow& window, const std::string& name, [[maybe_unused]] std::istream& arguments) {
+            const std::tuple<Parameters...> numbers{static_cast<Parameters>(ReadNumber(arguments))...};
+            std::apply([&](auto... number) { (As<Control>(window, name).*method)(number...); }, numbers);
+        };
+}
+
 const std::map<std::string, Operation> kOperations{
-    {"list.select", [](auto& w, auto& n, auto& a) { As<CDUIListBox>(w, n).SetCurSel(ReadNumber(a)); }},
-    {"list.top", [](auto& w, auto& n, auto& a) { As<CDUIListBox>(w, n).SetTopIndex(ReadNumber(a)); }},
-    {"list.expand",
-     [](auto& w, auto& n, auto& a) {
-         const int index = ReadNumber(a);
-         As<CDUIListBox>(w, n).ExpandItem(index, ReadNumber(a));
-     }},
-    {"list.hover_select",
-     [](auto& w, auto& n, auto& a) { As<CDUIListBox>(w, n).SetHoverSelect(ReadNumber(a)); }},
+    {"list.select", Call(&CDUIListBox::SetCurSel)},
+    {"list.top", Call(&CDUIListBox::SetTopIndex)},
+    {"list.expand", Call(&CDUIListBox::ExpandItem)},
+    {"list.hover_select", Call(&CDUIListBox::SetHoverSelect)},
+    {"tree.top", Call(&CDUITreeViewImpl::SetTopRow)},
+    {"progress.pos", Call(&CDUIProgressBar::SetPos)},
+    {"progress.offset", Call(&CDUIProgressBar::OffsetPos)},
+    {"progress.range", Call(&CDUIProgressBar::SetRange)},
+    {"track.pos", Call(&CDUITrackBarBase::SetPos)},
+    {"picture.icon", Call(&CDUIPictureBox::SetCurrentIconIndex)},
+    {"tabs.page", Call(&CDUITabLayout::SetSelectIndex)},
+    {"tabbar.select", Call(&TabBar::SetSelectIndex)},
+    {"tool.open", Call(&ToolBar::OpenOverflow)},
+    {"tool.close", Call(&ToolBar::CloseOverflow)},
+    {"panel.image", Call(&CDUIFramePanel::SetImageIndex)},
     {"tree.select",
      [](auto& w, auto& n, auto& a) {
          const std::string node = ReadWord(a);
@@ -173,7 +192,6 @@ const std::map<std::string, Operation> kOperations{
      }},
     {"tree.expand_all",
      [](auto& w, auto& n, auto& a) { As<CDUITreeViewImpl>(w, n).ExpandAll(nullptr, ReadNumber(a)); }},
-    {"tree.top", [](auto& w, auto& n, auto& a) { As<CDUITreeViewImpl>(w, n).SetTopRow(ReadNumber(a)); }},
     {"tree.ensure",
      [](auto& w, auto& n, auto& a) {
          As<CDUITreeViewImpl>(w, n).EnsureVisible(&As<CDUITreeNode>(w, ReadWord(a)));
@@ -198,30 +216,8 @@ const std::map<std::string, Operation> kOperations{
          info.nPos = ReadNumber(a);
          As<CDUIScrollBarBase>(w, n).SetScrollBarInfo(&info);
      }},
-    {"progress.pos", [](auto& w, auto& n, auto& a) { As<CDUIProgressBar>(w, n).SetPos(ReadNumber(a)); }},
-    {"progress.offset",
-     [](auto& w, auto& n, auto& a) { As<CDUIProgressBar>(w, n).OffsetPos(ReadNumber(a)); }},
-    {"progress.range",
-     [](auto& w, auto& n, auto& a) {
-         const int low = ReadNumber(a);
-         As<CDUIProgressBar>(w, n).SetRange(low, ReadNumber(a));
-     }},
-    {"track.pos", [](auto& w, auto& n, auto& a) { As<CDUITrackBarBase>(w, n).SetPos(ReadNumber(a)); }},
-    {"picture.icon",
-     [](auto& w, auto& n, auto& a) { As<CDUIPictureBox>(w, n).SetCurrentIconIndex(ReadNumber(a)); }},
-    {"tabs.page", [](auto& w, auto& n, auto& a) { As<CDUITabLayout>(w, n).SetSelectIndex(ReadNumber(a)); }},
-    {"tabbar.select",
-     [](auto& w, auto& n, auto& a) {
-         const int index = ReadNumber(a);
-         As<CDUITabBar<CDUIHorizontalLayout>>(w, n).SetSelectIndex(index, ReadNumber(a));
-     }},
-    {"tool.open",
-     [](auto& w, auto& n, auto&) { As<CDUIToolBar<CDUIHorizontalLayout>>(w, n).OpenOverflow(); }},
-    {"tool.close",
-     [](auto& w, auto& n, auto&) { As<CDUIToolBar<CDUIHorizontalLayout>>(w, n).CloseOverflow(); }},
     {"tile.show", [](auto& w, auto& n,
                      auto& a) { As<CDUITileLayout>(w, n).MakeSureControlVisible(&Named(w, ReadWord(a))); }},
-    {"panel.image", [](auto& w, auto& n, auto& a) { As<CDUIFramePanel>(w, n).SetImageIndex(ReadNumber(a)); }},
 };
 
 DWORD StatusOf(const std::string& words)
@@ -258,6 +254,16 @@ HWND MenuOf(ControlWindow& window)
     const HWND active = GetActiveWindow();
     const bool isMenu = active && active != window.Handle() && GetWindow(active, GW_OWNER) == window.Handle();
     return isMenu && IsWindowVisible(active) ? active : nullptr;
+}
+
+RECT BoundsOf(const ClientPixels& pixels, std::uint32_t color)
+{
+    RECT bounds{};
+    for (int y = 0; y < pixels.height; ++y)
+        for (int x = 0; x < pixels.width; ++x)
+            if (const RECT pixel{x, y, x + 1, y + 1}; pixels.At(x, y) == color)
+                UnionRect(&bounds, &bounds, &pixel);
+    return bounds;
 }
 
 const std::vector<const char*> kPainting{"background", "foreground", " text", "border"};
