@@ -1,4 +1,5 @@
-#include <qvui/framework/control_factory.h>
+#include <qvui/bars/builtin_controls.h>
+#include <qvui/framework/attribute_table.h>
 
 #include "support/controls/control_test.h"
 
@@ -28,6 +29,50 @@ protected:
         copy->SetControlRect({-5, -5, 500, 500});
     }
 };
+
+void SetEveryAttribute(IDUIControl& control, const ControlClass& controlClass, const CString& value)
+{
+    for (const ControlClass* at = &controlClass; at; at = at->Base())
+        if (at->Attributes())
+            for (const AttributeInfo& attribute : at->Attributes()->Infos())
+                control.SetAttribute(attribute.name, value);
+}
+
+// Whatever a skin says in whichever attribute: no control crashes, hangs, leaks or computes what it must not.
+TEST_F(HostileTemplates, ValuesOfAllKindsInEveryAttribute)
+{
+    const std::string values[] = {
+        "",
+        "true",
+        "-1",
+        "0,0,0,0",
+        "2147483647,2147483647,2147483647,2147483647",
+        "-2147483648,-2147483648,2147483647,2147483647",
+        "2147483647,2147483647,-2147483648,-2147483648",
+        "99999999999999999999999999999999999999",
+        "strip",
+        "strip2",
+        "framed",
+        "center_icon|top_icon|auto_fit|ver_text|size_x|dock_left|button_style",
+        "#\xFF\xFE\x80%s%n&",
+        "#" + std::string(1 << 17, 'x'),
+    };
+    for (const BuiltinControl& builtin : BuiltinControls()) {
+        for (const std::string& value : values) {
+            SCOPED_TRACE(std::string(builtin.tag) + ": " + value.substr(0, 60));
+            CRefPtr<IDUIControl> control = builtin.create();
+            SetEveryAttribute(*control.GetPtr(), builtin.describe(), value.c_str());
+            ControlWindow window({50, 40}, control);
+            SetEveryAttribute(*control.GetPtr(), builtin.describe(), value.c_str());
+            control->SetVisible(TRUE);
+            control->SetEnable(TRUE);
+            control->SetFocus(TRUE);
+            SIZE size{};
+            control->EstimateSize({50, 40}, size);
+            Use(window);
+        }
+    }
+}
 
 const char* const kContainers[] = {"horz_layout",   "vert_layout",  "tile_layout", "dialog_layout",
                                    "dock_layout",   "vert_split",   "horz_split",  "canvas",
