@@ -52,6 +52,12 @@ TEST_F(ScrollBarPaging, PagingStopsWhenTheThumbArrivesBelowThePointer)
     EXPECT_EQ(box->TakeEvents(), std::vector<std::string>(2, "v 3 0"));
 }
 
+TEST_F(ScrollBarPaging, AReleaseOutsideTheTrackEndsPagingWithoutAPage)
+{
+    Hold(5000, {205, 190}, {100, 50}, 50);
+    EXPECT_EQ(box->TakeEvents(), std::vector<std::string>());
+}
+
 TEST_F(ScrollBarPaging, PagingNeverTurnsRound)
 {
     box->onScroll = [&] {

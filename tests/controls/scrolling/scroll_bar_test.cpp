@@ -40,47 +40,6 @@ TEST_F(ScrollBar, TakesOnlyWhatTheMaskNames)
               (std::vector<int>{1, 2, 0, 300, 60, 100, 7}));
 }
 
-// --- the protocol ------------------------------------------------------------------------------------------
-
-TEST_F(Scrolling, ShowsAndHidesByTheContent)
-{
-    const struct {
-        const char* name;
-        bool isShown;
-        int content, extra;
-        int result;
-        bool isShownAfter;
-        int maximum, position;  // 77 and 33 before
-    } cases[] = {
-        {"too much content, hidden", false, 300, 0, TRUE, true, 100, 0},
-        {"too much content, shown", true, 300, 5, FALSE, true, 105, 33},
-        {"content fits, shown", true, 150, 5, TRUE, false, 77, 33},
-        {"content fits exactly, hidden", false, 200, 5, FALSE, false, 77, 33},
-        {"less room for the position", true, 220, 0, FALSE, true, 20, 20},
-    };
-    for (const auto& c : cases) {
-        for (const bool isVertical : {true, false}) {
-            SCOPED_TRACE(std::string(c.name) + (isVertical ? ", vertical" : ", horizontal"));
-            CDUIScrollBarBase& bar = isVertical ? static_cast<CDUIScrollBarBase&>(vertical)
-                                                : static_cast<CDUIScrollBarBase&>(horizontal);
-            SetRange(bar, 0, 77, 50, 33);
-            bar.SetVisible(c.isShown);
-            const RECT view{0, 0, 200, 200};
-            const int result = isVertical ? box->ProcessVerticalSB(view, c.content, c.extra)
-                                          : box->ProcessHorizontalSB(view, c.content, c.extra);
-            SCROLLINFO info{};
-            bar.GetScrollBarInfo(&info);
-            EXPECT_EQ(result, c.result);
-            EXPECT_EQ(bar.IsVisible(FALSE) != FALSE, c.isShownAfter);
-            EXPECT_EQ(info.nMax, c.maximum);
-            EXPECT_EQ(info.nPos, c.position);
-            EXPECT_EQ(info.nPage, c.maximum == 77 ? 50U : 200U);
-        }
-    }
-}
-
-// --- the thumb ---------------------------------------------------------------------------------------------
-
 TEST_F(Scrolling, DraggingATrackWithoutRoomIsHarmless)
 {
     window.Resize({26, 26});
@@ -105,46 +64,6 @@ TEST_F(ScrollBar, SinksStopAtTheEndsOfTheRange)
     EXPECT_EQ(box->TakeEvents(), Strings{"v 2 0"});
     box->Vertical().SetScrollOwner(static_cast<IDUIControl*>(nullptr));
     EXPECT_EQ(box->Vertical().OnVScrollEvent(SB_THUMBTRACK, 50), 0);
-}
-
-// --- the track ---------------------------------------------------------------------------------------------
-
-TEST_F(Scrolling, AShortClickOnTheTrackPagesOnce)
-{
-    // The thumb is 80 long and stands at 60.
-    const struct {
-        const char* name;
-        POINT point;
-        Strings events;
-        int position;
-    } cases[] = {
-        {"below the thumb", {205, 180}, {"v 3 0"}, 300},
-        {"above the thumb", {205, 20}, {"v 2 0"}, 0},
-        {"first pixel above", {205, 59}, {"v 2 0"}, 0},
-        {"first pixel below", {205, 140}, {"v 3 0"}, 300},
-    };
-    for (const auto& c : cases) {
-        SetRange(vertical, 0, 300, 200, 150);
-        window.mouse.MoveTo(c.point);
-        PostAt(window, WM_LBUTTONUP, c.point);
-        window.mouse.Press();
-        EXPECT_EQ(Events(), c.events) << c.name;
-        EXPECT_EQ(PositionOf(vertical), c.position) << c.name;
-        EXPECT_EQ(window.GetFocusControl(), box) << c.name;
-        EXPECT_EQ(GetCapture(), nullptr) << c.name;
-        window.mouse.Release();
-    }
-}
-
-TEST_F(Scrolling, AReleaseOutsideTheTrackEndsPagingWithoutAPage)
-{
-    SetRange(horizontal, 0, 300, 200, 0);
-    window.mouse.MoveTo({180, 195});
-    PostAt(window, WM_MOUSEMOVE, {100, 50});
-    PostAt(window, WM_LBUTTONUP, {100, 50});
-    window.mouse.Press();
-    EXPECT_EQ(Events(), Strings());
-    window.mouse.Release();
 }
 
 TEST_F(Scrolling, APressInsideThePagingLoopBeginsNoOther)
@@ -212,8 +131,6 @@ TEST_F(ScrollBar, AScrollHandlerMayRemoveEverything)
         }
     }
 }
-
-// --- owners and copies -------------------------------------------------------------------------------------
 
 TEST_F(ScrollBar, FindsItsOwnerByNameAndForgetsItWhenItGoes)
 {

@@ -487,6 +487,12 @@ const std::map<std::string, Scenario::Command>& Scenario::Commands()
                  .Click({client.right / 2, 4 + (client.bottom - 8) * (2 * index + 1) / (2 * count)});
              Pump();
          }},
+        {"post",  // a move or a release that arrives while a press is being handled
+         [](S s, A a) {
+             const UINT message = ReadWord(a) == "move" ? WM_MOUSEMOVE : WM_LBUTTONUP;
+             const POINT point = ReadPoint(a);
+             PostMessageA(s.m_window->Handle(), message, 0, MAKELPARAM(point.x, point.y));
+         }},
         {"menukey",
          [](S s, A a) {
              const HWND menu = MenuOf(*s.m_window);
