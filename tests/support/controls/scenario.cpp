@@ -476,6 +476,11 @@ const std::map<std::string, Scenario::Command>& Scenario::Commands()
                          (control ? TagOf(*control) + " " + control->GetName().GetString() : "nothing") +
                          "\n";
          }},
+        {"known",  // by its name, without a search
+         [](S s, A a) {
+             const bool isKnown = s.m_window->GetControlByName(ReadWord(a).c_str(), FALSE) != nullptr;
+             s.m_text += isKnown ? "    is known\n" : "    is not known\n";
+         }},
         {"entry",  // of an open list: the press on entry I of N
          [](S s, A a) {
              RECT client{};
