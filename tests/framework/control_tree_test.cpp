@@ -1,3 +1,5 @@
+#include <qvui/controls/rows/list_box.h>
+
 #include "support/controls/control_test.h"
 #include "support/controls/probe.h"
 
@@ -185,14 +187,51 @@ TEST_F(ControlTree, KeepsOneParentAndSkipsWhatCannotBeCopied)
     EXPECT_EQ(root->Clone()->GetControlCount(), 4);
 }
 
-TEST_F(ControlTree, ASubclassOfASubclassGoesRoundNoCircle)
+// Handlers of the end of one control that put others where they would hold themselves, end what is above, or
+// remove what the library has just attached.
+TEST_F(ControlTree, HoldsTogetherWhatHandlersTearApart)
 {
-    const CRefPtr<IDUIControl> one = Make("one"), other = Make("other");
-    one->SubclassControl(other.GetPtr(), TRUE);
-    other->SubclassControl(one.GetPtr(), TRUE);
+    ControlWindow window({60, 30},
+                         "<probe name='root'><probe name='c'><probe name='n'><probe name='k'/></probe>"
+                         "<probe name='m'/></probe><probe name='q'/></probe>");
+    const CRefPtr<IDUIControl> root = window.Find("root"), c = window.Find("c"), n = window.Find("n"),
+                               m = window.Find("m");
+    const auto once = [&window](UINT code, const CRefPtr<IDUIControl>& sender, std::function<void()> act) {
+        window.OnNotify([=, isDone = false](const tagDUINotify& notify) mutable {
+            if (notify.nCode == code && notify.pSender == sender.GetPtr() && !std::exchange(isDone, true))
+                act();
+        });
+    };
+    once(DUINOTIFY_DESTROYED, window.Find("k"),
+         [&] { EXPECT_FALSE(n->AddControl(c)) << "still its parent"; });
+    c->RemoveControl(n);
+    EXPECT_EQ(n->GetParent(), nullptr);
+
+    // The parent of a control that moves leaves meanwhile: the move is over.
+    c->AddControl(n);
+    once(DUINOTIFY_DESTROYED, n, [&] { root->RemoveControl(c); });
+    c->SetControlIndex(n, 0);
+    root->AddControl(c);
+    n->SetFocus(TRUE);
+    c->RemoveControl(n);
+    EXPECT_EQ(window.GetFocusControl(), nullptr);
+    EXPECT_EQ(n->GetStatus(), 0u) << "nor does it show a focus when it comes back";
+
+    // What is no child stays as it is, the root above all.
+    m->RemoveControl(root);
+    EXPECT_EQ(window.Root<Probe>().GetControlMgr(), &window);
+
+    window.OnNotify([&root](const tagDUINotify& notify) {
+        if (notify.nCode == DUINOTIFY_CREATED && notify.pSender->GetInterface("scrollbar"))
+            root->RemoveAllControl();
+    });
+    root->AddControl(new CDUIListBox);
+    EXPECT_EQ(root->GetControlCount(), 0);
+    window.OnNotify(nullptr);
+    c->SubclassControl(n.GetPtr(), TRUE);
+    n->SubclassControl(c.GetPtr(), TRUE);  // which would go round in a circle
     BOOL bHandled = FALSE;
-    one->OnDUIEvent({}, bHandled);
-    EXPECT_FALSE(TakeEvents().empty());
+    c->OnDUIEvent({}, bHandled);
 }
 
 // A root that one window handed out goes to another, and a handler of its end in the first ends the second.
