@@ -177,6 +177,23 @@ const std::map<std::string, Operation> kOperations{
     {"picture.icon", Call(&CDUIPictureBox::SetCurrentIconIndex)},
     {"tabs.page", Call(&CDUITabLayout::SetSelectIndex)},
     {"tabbar.select", Call(&TabBar::SetSelectIndex)},
+    {"combo.select", Call(&CDUIComboBox::SetCurSel)},
+    {"edit.select",
+     [](auto& w, auto& n, auto& a) {
+         const int first = ReadNumber(a);
+         As<CDUIRichEdit>(w, n).SetSel(first, ReadNumber(a));
+     }},
+    {"edit.do",  // by the name of the operation
+     [](auto& w, auto& n, auto& a) {
+         static const std::map<std::string, void (*)(CDUIRichEdit&)> deeds{
+             {"undo", [](CDUIRichEdit& e) { e.Undo(); }},
+             {"redo", [](CDUIRichEdit& e) { e.Redo(); }},
+             {"cut", [](CDUIRichEdit& e) { e.Cut(); }},
+             {"copy", [](CDUIRichEdit& e) { e.Copy(); }},
+             {"paste", [](CDUIRichEdit& e) { e.Paste(); }},
+             {"listen", [](CDUIRichEdit& e) { e.SetEventMask(ENM_CHANGE); }}};
+         deeds.at(ReadWord(a))(As<CDUIRichEdit>(w, n));
+     }},
     {"tool.open", Call(&ToolBar::OpenOverflow)},
     {"tool.close", Call(&ToolBar::CloseOverflow)},
     {"panel.image", Call(&CDUIFramePanel::SetImageIndex)},
@@ -468,6 +485,18 @@ const std::map<std::string, Scenario::Command>& Scenario::Commands()
              s.m_window->FinishWindowMgr();
              s.Do("replace " + ReadRest(a));
          }},
+        {"said",  // the text of a control
+         [](S s, A a) {
+             CString text = Named(*s.m_window, ReadWord(a)).GetText();
+             text.Replace("\r", "|");
+             s.m_text += "    says \"" + std::string(text.GetString()) + "\"\n";
+         }},
+        {"forget",  // what is on the clipboard
+         [](S, A) {
+             OpenClipboard(nullptr);
+             EmptyClipboard();
+             CloseClipboard();
+         }},
         {"find",  // what is hit at a point
          [](S s, A a) {
              POINT point = ReadPoint(a);
@@ -569,7 +598,8 @@ void Scenario::Use(std::unique_ptr<ControlWindow> window)
     m_window->OnNotify([this](const tagDUINotify& notify) {
         const std::string sender = notify.pSender->GetName().GetString();
         // Controls come as pointers.
-        const bool isRow = notify.nCode == DUINOTIFY_LISTBOX || notify.nCode == DUINOTIFY_TREEEXPAND;
+        const bool isRow = notify.nCode == DUINOTIFY_LISTBOX || notify.nCode == DUINOTIFY_TREEEXPAND ||
+                           (notify.nCode == DUINOTIFY_COMBOBOX && notify.wParam != 3);
         if (notify.nCode != DUINOTIFY_CREATED && notify.nCode != DUINOTIFY_DESTROYED)
             m_noticed += "    notify " + std::to_string(notify.nCode) + " " + sender + " " +
                          std::to_string(notify.wParam) + " " +
