@@ -53,6 +53,38 @@ constexpr UINT kUtf8 = 65001;
 constexpr UINT kAscii = 20127;
 constexpr std::string_view kReplacement = "\xEF\xBF\xBD";  // U+FFFD in UTF-8
 
+// Whether the bytes below 0x80 are ASCII in a code page, as they are in those that texts come in; most texts
+// hold nothing else, and need no converter then.
+bool HoldsAscii(UINT codePage)
+{
+    constexpr UINT kPages[] = {kUtf8, kAscii, 874, 932, 936, 949, 950, 20866, 21866, 54936};
+    return (codePage >= 1250 && codePage <= 1258) || (codePage >= 28591 && codePage <= 28605) ||
+           std::find(std::begin(kPages), std::end(kPages), codePage) != std::end(kPages);
+}
+
+template <class Unit>
+bool IsAscii(const Unit* text, std::size_t size)
+{
+    Unit bits = 0;
+    for (std::size_t i = 0; i < size; ++i)
+        bits = static_cast<Unit>(bits | text[i]);
+    return (bits & ~Unit{0x7F}) == 0;
+}
+
+// Copies ASCII from one width to another, by the rules for the capacity that both directions share.
+template <class From, class To>
+int CopyAscii(const From* from, std::size_t size, To* to, int capacity)
+{
+    if (capacity == 0)
+        return static_cast<int>(size);
+    if (size > static_cast<std::size_t>(capacity)) {
+        SetLastError(ERROR_INSUFFICIENT_BUFFER);
+        return 0;
+    }
+    std::transform(from, from + size, to, [](From unit) { return static_cast<To>(unit); });
+    return static_cast<int>(size);
+}
+
 std::string NameOf(UINT codePage)
 {
     for (const CodePageName& entry : kNames)
@@ -301,6 +333,8 @@ int MultiByteToWideChar(UINT codePage, DWORD flags, LPCSTR text, int length, LPW
     }
     const std::size_t size = length < 0 ? std::strlen(text) + 1 : static_cast<std::size_t>(length);
     codePage = Resolve(codePage);
+    if (HoldsAscii(codePage) && IsAscii(text, size))
+        return CopyAscii(text, size, wide, capacity);
     std::string units;
     bool invalid = false;
     const WCHAR replacement = codePage == kUtf8 || codePage == kAscii ? u'\uFFFD' : u'?';
@@ -339,6 +373,11 @@ int WideCharToMultiByte(UINT codePage, DWORD, LPCWSTR wide, int length, LPSTR te
         for (size = 1; wide[size - 1]; ++size) {
         }
     codePage = Resolve(codePage);
+    if (HoldsAscii(codePage) && IsAscii(wide, size)) {
+        if (usedDefault)
+            *usedDefault = FALSE;
+        return CopyAscii(wide, size, text, capacity);
+    }
     std::string bytes;
     bool replaced = false;
     const std::string substitute(codePage == kUtf8  ? kReplacement

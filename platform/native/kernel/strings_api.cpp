@@ -133,6 +133,8 @@ int lstrcmpA(LPCSTR left, LPCSTR right)
 int lstrcmpiA(LPCSTR left, LPCSTR right)
 {
     return CompareNullable(left, right, [](std::string_view a, std::string_view b) {
+        if (a == b)
+            return 0;
         if (IsAscii(a) && IsAscii(b))
             return CompareWeights(a, b, true);
         std::string lowerA(a);

@@ -17,26 +17,39 @@
 namespace qvui::native {
 namespace {
 
+// Rounded to the nearest; two channels at once, since their products fit 16 bits. A division by 255 of what
+// is below 65535 is (t + 1 + (t >> 8)) >> 8.
 std::uint32_t Mixed(std::uint32_t ink, std::uint32_t back, std::uint32_t weight)
 {
-    std::uint32_t mixed = 0;
-    for (int shift = 0; shift < 24; shift += 8)
-        mixed |= ((((ink >> shift) & 0xFF) * weight + ((back >> shift) & 0xFF) * (255 - weight) + 127) / 255)
-                 << shift;
-    return mixed;
+    const auto mix = [weight](std::uint32_t one, std::uint32_t other) {
+        const std::uint32_t sum = one * weight + other * (255 - weight) + 0x007F007F;
+        return ((sum + 0x00010001 + ((sum >> 8) & 0x00FF00FF)) >> 8) & 0x00FF00FF;
+    };
+    return mix(ink & 0x00FF00FF, back & 0x00FF00FF) | (mix((ink >> 8) & 0xFF, (back >> 8) & 0xFF) << 8);
 }
 
 // Blends a colour in by coverage. Touched pixels get alpha 0, as the platform's text does.
 void BlendCoverage(DeviceContext& context, const RECT& area, const std::uint8_t* coverage, int pitch,
                    std::uint32_t ink)
 {
+    const Surface& target = context.Target();
+    const auto blend = [ink](std::uint32_t back, std::uint32_t weight) {
+        return weight == 255 ? ink & 0x00FFFFFF : Mixed(ink, back, weight);
+    };
     ForEachDrawable(context, area, [&](const RECT& part) {
         for (int y = part.top; y < part.bottom; ++y) {
             const std::uint8_t* row =
                 coverage + static_cast<std::ptrdiff_t>(y - area.top) * pitch - area.left;
+            if (target.bitsPerPixel == 32) {
+                std::uint32_t* const pixels = target.Row32(y);
+                for (int x = part.left; x < part.right; ++x)
+                    if (row[x] != 0)
+                        pixels[x] = blend(pixels[x], row[x]);
+                continue;
+            }
             for (int x = part.left; x < part.right; ++x)
                 if (row[x] != 0)
-                    context.Target().Set(x, y, Mixed(ink, context.Target().Get(x, y), row[x]));
+                    target.Set(x, y, blend(target.Get(x, y), row[x]));
         }
     });
 }
