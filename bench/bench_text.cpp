@@ -59,6 +59,15 @@ struct Edit {
         window.PaintNow();
     }
 
+    /// Two keystrokes, so that the text stays as long as it is.
+    void TypeAndTakeBack(benchmark::State& state)
+    {
+        for (auto _ : state) {
+            Type('x');
+            Key(VK_BACK);
+        }
+    }
+
     HostWindow window;
     CDUIRichEdit& edit;
 };
@@ -71,8 +80,7 @@ void Keystroke(benchmark::State& state)
     text.edit.SetSel(kBytes / 2, kBytes / 2);
     text.edit.ScrollCaret();
     text.window.PaintNow();
-    for (auto _ : state)
-        text.Type('x');
+    text.TypeAndTakeBack(state);
 }
 
 void QTextEditKeystroke(benchmark::State& state)
@@ -83,6 +91,8 @@ void QTextEditKeystroke(benchmark::State& state)
     widget.PaintNow();
     for (auto _ : state) {
         widget.Type('x');
+        widget.PaintNow();
+        widget.TakeBack();
         widget.PaintNow();
     }
 }
@@ -153,8 +163,7 @@ template <int kCharacters>
 void LongType(benchmark::State& state)
 {
     LongParagraph<kCharacters> text;
-    for (auto _ : state)
-        text.Type('x');
+    text.TypeAndTakeBack(state);
 }
 
 template <int kCharacters>

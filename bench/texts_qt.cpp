@@ -71,6 +71,12 @@ void QtText::Type(char character)
     QApplication::sendEvent(&m_widgets->Area(), &press);
 }
 
+void QtText::TakeBack()
+{
+    QKeyEvent press(QEvent::KeyPress, Qt::Key_Backspace, Qt::NoModifier);
+    QApplication::sendEvent(&m_widgets->Area(), &press);
+}
+
 void QtText::PaintNow()
 {
     QApplication::processEvents();

@@ -19,6 +19,7 @@ public:
     void PutCaretInMiddle();
     void PutCaretAtEnd();
     void Type(char character);
+    void TakeBack();
     void PaintNow();
 
 private:

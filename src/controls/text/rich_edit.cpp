@@ -350,8 +350,9 @@ void CDUIRichEdit::DoPaint(HDC hdc, const RECT& rcPaint)
     const RECT client = m_pHost->GetClientRect();
     if (!services || IsRectEmpty(&client))
         return;
+    const RECTL bounds{client.left, client.top, client.right, client.bottom};
     RECT update = rcPaint;
-    services->TxDraw(DVASPECT_CONTENT, 0, nullptr, nullptr, hdc, nullptr, &client, nullptr, &update, nullptr,
+    services->TxDraw(DVASPECT_CONTENT, 0, nullptr, nullptr, hdc, nullptr, &bounds, nullptr, &update, nullptr,
                      0, TXTVIEW_ACTIVE);
 }
 

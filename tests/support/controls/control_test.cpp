@@ -8,7 +8,7 @@
 namespace qvui::test {
 namespace {
 
-constexpr const char* kNoise[] = {"CFontObject::", "CCursorObject::", "cost time["};
+constexpr const char* kNoise[] = {"CFontObject::", "CCursorObject::", "cost time[", "TxScrollWindowEx"};
 
 bool Contains(const std::string& line, const std::string& text)
 {

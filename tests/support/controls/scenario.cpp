@@ -600,7 +600,10 @@ void Scenario::Use(std::unique_ptr<ControlWindow> window)
         // Controls come as pointers.
         const bool isRow = notify.nCode == DUINOTIFY_LISTBOX || notify.nCode == DUINOTIFY_TREEEXPAND ||
                            (notify.nCode == DUINOTIFY_COMBOBOX && notify.wParam != 3);
-        if (notify.nCode != DUINOTIFY_CREATED && notify.nCode != DUINOTIFY_DESTROYED)
+        // Some text services tell of every painting, and not of a limit that is reached.
+        const bool isUpdate = notify.nCode == DUINOTIFY_EDITNOTIFY &&
+                              (notify.wParam == EN_UPDATE || notify.wParam == EN_MAXTEXT);
+        if (notify.nCode != DUINOTIFY_CREATED && notify.nCode != DUINOTIFY_DESTROYED && !isUpdate)
             m_noticed += "    notify " + std::to_string(notify.nCode) + " " + sender + " " +
                          std::to_string(notify.wParam) + " " +
                          (isRow ? std::string(reinterpret_cast<IDUIControl*>(notify.lParam)->GetName())
