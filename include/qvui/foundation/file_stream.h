@@ -6,13 +6,14 @@
 
 namespace DUI {
 
-/// A stream of bytes with the operations of the C library's streams, on disk or in memory. Nothing throws:
-/// failures are the results.
+/// Interface of a byte stream, on disk or in memory, with the operations of a C stream. Nothing throws;
+/// failures are reported by the results.
 class QVUI_API IFileBase {
 public:
     virtual ~IFileBase() = default;
     virtual bool Close() = 0;
-    /// Reads or writes `count` items of `size` bytes each; the number of whole items that were.
+    /// Read and Write transfer up to `count` items of `size` bytes each and return the number of whole items
+    /// transferred.
     virtual unsigned int Read(void* buffer, unsigned int size, unsigned int count) = 0;
     virtual unsigned int Write(const void* buffer, unsigned int size, unsigned int count) = 0;
     /// `origin` is 0 for the start, 1 for the current position, 2 for the end.
@@ -24,9 +25,10 @@ public:
     virtual bool Eof() = 0;
     virtual long Error() = 0;
     virtual bool PutC(unsigned char byte) { return Write(&byte, 1, 1) == 1; }
-    /// The next byte, 0 to 255; -1 at the end.
+    /// Returns the next byte, 0 to 255, or -1 at the end.
     virtual long GetC() = 0;
-    /// A line with its line feed, at most n - 1 bytes of it, and a terminating zero; null at the end.
+    /// Reads one line including its line feed, at most n - 1 bytes, and appends a terminating zero. Returns
+    /// null at the end.
     virtual char* GetS(char* buffer, int n) = 0;
     /// Scans one value.
     virtual long Scanf(const char* format, void* output) = 0;
@@ -37,23 +39,23 @@ protected:
     IFileBase& operator=(const IFileBase&) = default;
 };
 
-/// A C stream. Not copyable: a copy would close the stream a second time.
+/// A byte stream on a C stream. Not copyable: a copy would close the stream a second time.
 ///
-/// Without a stream Read, Write and Tell give 0, GetS null, Seek, Flush and PutC false, Eof true, and Size,
-/// Error, GetC and Scanf -1.
+/// Without a stream, Read, Write and Tell return 0, GetS returns null, Seek, Flush and PutC return false, Eof
+/// returns true, and Size, Error, GetC and Scanf return -1.
 class QVUI_API CIOFile : public IFileBase {
 public:
-    /// Uses an open stream, which stays the caller's to close.
+    /// Uses an open stream. The stream is not owned; the caller closes it.
     CIOFile(std::FILE* stream = nullptr);
     CIOFile(const CIOFile&) = delete;
     CIOFile& operator=(const CIOFile&) = delete;
     ~CIOFile() override;
 
-    /// Opens a file as fopen does; the path is in the system code page and takes either separator. False when
-    /// there is a stream already or the file does not open. The object owns the stream.
+    /// Opens a file as fopen does; the path is in the system code page and takes either separator. Returns
+    /// false if there is already a stream or the file cannot be opened. The object owns the stream.
     bool Open(const char* path, const char* mode);
 
-    /// Closes a stream that the object opened; true when it closed well or there was nothing to close.
+    /// Closes a stream that the object opened. Returns true on success or if there was nothing to close.
     bool Close() override;
     unsigned int Read(void* buffer, unsigned int size, unsigned int count) override;
     unsigned int Write(const void* buffer, unsigned int size, unsigned int count) override;
@@ -70,52 +72,52 @@ public:
 
 private:
     std::FILE* m_pStream;
-    bool m_bClose;  // the stream is the object's own
+    bool m_bClose;  // whether the stream is owned
 };
 
-/// A growing block of memory as a stream. Not copyable: a copy would free the block a second time.
+/// A byte stream on a growing memory block. Not copyable: a copy would free the block a second time.
 ///
-/// Without a buffer Read and Write give 0, Seek and Flush false, Eof true, Tell, Size, Error and GetC -1. A
-/// position behind the end is allowed; writing there fills the gap with zeros.
+/// Without a buffer, Read and Write return 0, Seek and Flush return false, Eof returns true, and Tell, Size,
+/// Error and GetC return -1. A position past the end is allowed; writing there fills the gap with zeros.
 class QVUI_API CMemFileEx : public IFileBase {
 public:
-    /// Reads and overwrites the caller's bytes, which stay the caller's; growing moves on to a block of its
-    /// own.
+    /// Reads and overwrites the caller's buffer, which is not owned. Growing switches to an owned block.
     CMemFileEx(unsigned char* buffer = nullptr, unsigned long size = 0);
     CMemFileEx(const CMemFileEx&) = delete;
     CMemFileEx& operator=(const CMemFileEx&) = delete;
     ~CMemFileEx() override;
 
-    /// Starts an empty block; false when there is a buffer already or no memory.
+    /// Allocates an empty block. Returns false if there is already a buffer or no memory is available.
     bool Open();
-    /// The bytes, valid until the next write or Close. With `detach` they are the caller's from now on, to be
-    /// freed with std::free, and the stream goes on using them.
+    /// Returns the bytes, valid until the next write or Close. With `detach`, ownership passes to the caller,
+    /// who frees them with std::free; the stream continues to use them.
     unsigned char* GetBuffer(bool detach);
     void Free() { Close(); }
 
-    /// Lets go of the buffer, and frees it when it is the object's own; always true.
+    /// Releases the buffer, freeing it if it is owned. Always returns true.
     bool Close() override;
     unsigned int Read(void* buffer, unsigned int size, unsigned int count) override;
     unsigned int Write(const void* buffer, unsigned int size, unsigned int count) override;
-    /// A position before the start becomes the start; false for another origin.
+    /// A position before the start is clamped to the start. Returns false for an unknown origin.
     bool Seek(long offset, int origin) override;
     long Tell() override;
     long Size() override;
     bool Flush() override;
     bool Eof() override;
-    /// 1 when the position is behind the end, else 0.
+    /// Returns 1 if the position is past the end, otherwise 0.
     long Error() override;
-    /// Starts a block when there is none.
+    /// Allocates a block if there is none.
     bool PutC(unsigned char byte) override;
     long GetC() override;
-    /// Null also for a last line without a line feed; its bytes are in the buffer then, without a zero.
+    /// Also returns null for a last line without a line feed; the buffer then holds its bytes without a
+    /// terminating zero.
     char* GetS(char* buffer, int n) override;
-    /// There is no scanning in memory: always 0.
+    /// Scanning is not supported in memory; always returns 0.
     long Scanf(const char* format, void* output) override;
 
 protected:
-    /// Makes room for `needed` bytes, in steps of 65536; whether there is a buffer then. Without memory there
-    /// is none.
+    /// Grows the capacity to at least `needed` bytes, in steps of 65536. Returns whether there is a buffer
+    /// afterwards; there is none if the allocation fails.
     bool Alloc(unsigned long needed);
 
 private:

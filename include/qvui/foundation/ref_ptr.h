@@ -6,22 +6,23 @@
 
 namespace DUI {
 
-/// An intrusive reference count. Objects start at 0, owned by nobody; the CRefPtr that brings the count back
-/// to 0 deletes the object. Counts are plain integers: an object belongs to the thread that made it.
+/// An intrusive reference count. It starts at 0, meaning that no CRefPtr owns the object; the CRefPtr that
+/// brings the count back to 0 deletes the object. The count is not atomic: use an object only on the thread
+/// that created it.
 class QVUI_API CRefCountBase {
 public:
     CRefCountBase() { ++s_live; }
     CRefCountBase(const CRefCountBase& other) : m_nRefCount(other.m_nRefCount) { ++s_live; }
     CRefCountBase& operator=(const CRefCountBase& other) = default;
 
-    /// Adds one; the new count.
+    /// Increments the count and returns the new value.
     int AddRefCount() { return ++m_nRefCount; }
-    /// Takes one away and never deletes; the new count.
+    /// Decrements the count and returns the new value. Never deletes the object.
     int SubRefCount() { return --m_nRefCount; }
     int GetRefCount() const { return m_nRefCount; }
     void ResetRefCount() { m_nRefCount = 0; }
 
-    /// How many counted objects exist in the process, for leak checks.
+    /// Returns the number of counted objects in the process, for leak checks.
     static std::size_t GetLiveCount() { return s_live; }
 
 protected:
@@ -32,7 +33,7 @@ private:
     static std::size_t s_live;
 };
 
-/// The root of the polymorphic counted classes. A copy is a new, unowned object.
+/// Base of the polymorphic reference-counted classes. A copy starts with a reference count of 0.
 class QVUI_API CDUIObject : public CRefCountBase {
 public:
     CDUIObject() = default;
@@ -41,17 +42,19 @@ public:
     virtual ~CDUIObject() { ClearWeakPtrs(); }
 
 protected:
-    /// Makes every CWeakPtr to this object null. A class whose destructor calls foreign code does this first.
+    /// Makes every CWeakPtr to this object null. A class whose destructor calls code outside the class
+    /// calls this first.
     void ClearWeakPtrs();
 
 private:
     friend class CWeakPtrBase;
-    bool m_isWatched = false;  // by a CWeakPtr
+    bool m_isWatched = false;  // whether any CWeakPtr points to this object
 };
 
-/// A counted share of a T. Raw pointers got from it are borrowed: valid while some CRefPtr holds the object.
-/// To hold another object assign a temporary CRefPtr, to let go assign an empty one. Records that are not
-/// polymorphic must be held by a CRefPtr of their exact type.
+/// A smart pointer that shares ownership of a reference-counted T. Raw pointers obtained from it are not
+/// owned and stay valid while some CRefPtr holds the object. Assign a temporary CRefPtr to hold another
+/// object, or an empty one to release it. Records that are not polymorphic must be held by a CRefPtr of their
+/// exact type.
 template <class T>
 class CRefPtr {
 public:
@@ -61,7 +64,7 @@ public:
     CRefPtr(CRefPtr&& other) noexcept : m_pObject(other.m_pObject) { other.m_pObject = nullptr; }
     ~CRefPtr() { Release(m_pObject); }
 
-    /// Takes the new object before it lets go of the old one, so a source inside the old object is safe.
+    /// Acquires the new object before releasing the old one, so `other` may be a member of the old object.
     CRefPtr& operator=(const CRefPtr& other)
     {
         T* const old = m_pObject;
@@ -111,7 +114,7 @@ public:
 
 }  // namespace DUI
 
-/// The ordering of every map that is keyed by a name: the platform's locale-aware, case-sensitive comparison.
+/// Ordering of all maps keyed by name: the platform's locale-aware, case-sensitive comparison.
 struct CStrLessCmp {
     bool operator()(const CString& left, const CString& right) const { return lstrcmpA(left, right) < 0; }
 };

@@ -10,10 +10,10 @@ enum DUI_TRACE_LEVEL { DUI_TRACE_INFO, DUI_TRACE_WARNING, DUI_TRACE_ERROR };
 /// call.
 using TraceSink = void (*)(void* context, const char* text);
 
-/// Sends traces to `sink` from now on; null, the default, discards them.
+/// Sets the sink for all subsequent traces; null, the default, discards them.
 QVUI_API void SetTraceSink(TraceSink sink, void* context);
 
-/// Trace lines in printf's formats, at most 1024 bytes each; the rest is cut off.
+/// Writes trace lines with printf formats. Lines are truncated to 1024 bytes.
 class QVUI_API CTrace {
 public:
 #if defined(__GNUC__)
@@ -31,11 +31,12 @@ public:
 /// Names window messages in traces.
 class QVUI_API CWinMsgDebug {
 public:
-    /// Traces a message; the handle and the parameters are cut to 32 bits.
+    /// Traces a message; the handle and the parameters are truncated to 32 bits.
     static void OuputMsg(HWND hWnd, UINT uMsg, WPARAM wParam, LPARAM lParam);
 
 protected:
-    /// The message's name; for one without a name "0x%04X", in a buffer shared by all calls.
+    /// Returns the message's name. An unknown message is formatted as "0x%04X" in a buffer shared by all
+    /// calls.
     static const char* DUIGetMessageName(UINT uMsg);
 };
 
@@ -43,14 +44,14 @@ protected:
 /// base: the destructor is not among the published virtual operations.
 class QVUI_API CTimeCalculator {
 public:
-    /// Both counts are the current one.
+    /// Sets start and stop to the current count.
     CTimeCalculator();
 
-    /// Takes the current count as the start; returns it.
+    /// Sets the start to the current count and returns it.
     virtual LONGLONG Start();
-    /// Takes the current count as the stop; returns it.
+    /// Sets the stop to the current count and returns it.
     virtual LONGLONG Stop();
-    /// Milliseconds between start and stop, computed in 64 bits.
+    /// Returns the milliseconds between start and stop, computed in 64 bits.
     virtual double GetInterval() const;
 
 private:
@@ -59,7 +60,7 @@ private:
     static LONGLONG m_nFrequency;
 };
 
-/// Traces how long its scope took.
+/// Traces the duration of the scope that it is declared in.
 class QVUI_API CTimeCostDebug : public CTimeCalculator {
 public:
     /// Keeps at most 254 bytes of the label.

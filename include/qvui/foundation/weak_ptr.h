@@ -4,7 +4,7 @@
 
 namespace DUI {
 
-/// The part of CWeakPtr that does not depend on the type: an entry in the list of those that watch an object.
+/// The type-independent part of CWeakPtr: an entry in the list of weak pointers to an object.
 class QVUI_API CWeakPtrBase {
 public:
     CWeakPtrBase() = default;
@@ -29,8 +29,8 @@ private:
     CWeakPtrBase* m_pNext = nullptr;
 };
 
-/// A pointer to a CDUIObject that does not keep it alive: it is null from the moment the destruction of the
-/// object begins. It belongs to the thread of the object.
+/// A pointer to a CDUIObject that does not keep it alive: it becomes null when the destruction of the
+/// object begins. Use it only on the thread of the object.
 template <class T>
 class CWeakPtr : public CWeakPtrBase {
 public:
