@@ -8,7 +8,7 @@
 namespace DUI {
 namespace {
 
-// More precision than double has would give other bytes: the x87 unit must not compute this.
+// Must not be computed by the x87 unit: its extended precision would give different bytes.
 static_assert(FLT_EVAL_METHOD == 0 || FLT_EVAL_METHOD == 1);
 
 constexpr double kHueLimit = 359.0;
@@ -75,7 +75,7 @@ BOOL ParseColorLiteral(const CString& text, CARGB& color)
     int blue = 0;
     CString numbers = text.Mid(3);
     numbers.Trim();
-    // What the scan does not reach stays 0; "rgb" followed by anything is a literal.
+    // Components that the scan does not reach stay 0; "rgb" followed by anything is a literal.
     static_cast<void>(std::sscanf(numbers, "(%d,%d,%d)", &red, &green, &blue));
     color = CARGB(static_cast<unsigned char>(red), static_cast<unsigned char>(green),
                   static_cast<unsigned char>(blue), 255);

@@ -9,8 +9,7 @@
 
 namespace DUI {
 
-// --- CIOFile
-// ------------------------------------------------------------------------------------------------
+// --- CIOFile ---
 
 CIOFile::CIOFile(std::FILE* stream) : m_pStream(stream), m_bClose(stream == nullptr)
 {
@@ -106,8 +105,7 @@ long CIOFile::Scanf(const char* format, void* output)
     return m_pStream ? std::fscanf(m_pStream, format, output) : -1;
 }
 
-// --- CMemFileEx
-// ---------------------------------------------------------------------------------------------
+// --- CMemFileEx ---
 
 namespace {
 
@@ -200,13 +198,13 @@ bool CMemFileEx::Alloc(unsigned long needed)
     constexpr unsigned long kStep = 0x10000;
     const unsigned long capacity = needed / kStep * kStep + kStep;
     void* grown = nullptr;
-    if (capacity > needed)  // else the sum went round
+    if (capacity > needed)  // otherwise the sum has overflowed
         grown = m_bFreeOnClose ? std::realloc(m_pBuffer, capacity) : std::malloc(capacity);
     if (!grown) {
         Close();
         return false;
     }
-    // The caller's bytes stay where they are; only blocks of our own may be moved.
+    // The caller's buffer is copied and left alone; only an owned block may be reallocated.
     if (!m_bFreeOnClose && m_pBuffer)
         std::memcpy(grown, m_pBuffer, m_nSize);
     m_pBuffer = static_cast<unsigned char*>(grown);

@@ -7,7 +7,7 @@
 
 // Arithmetic on rectangles and sizes. Coordinates come from skins and may be any 32-bit numbers.
 
-/// For layout: sums are made in 64 bits and results cut to 32.
+/// For layout: sums are computed in 64 bits and results are reduced to 32.
 namespace DUI::geometry {
 
 inline LONGLONG Wide(LONG value)
@@ -38,14 +38,14 @@ inline RECT MakeRect(LONGLONG left, LONGLONG top, LONGLONG right, LONGLONG botto
     return {Narrow(left), Narrow(top), Narrow(right), Narrow(bottom)};
 }
 
-/// The rectangle less a margin on each side, inside out where the margins are too large.
+/// The rectangle deflated by a margin on each side; inverted where the margins are too large.
 inline RECT Shrink(const RECT& rect, const RECT& margin)
 {
     return MakeRect(Wide(rect.left) + margin.left, Wide(rect.top) + margin.top,
                     Wide(rect.right) - margin.right, Wide(rect.bottom) - margin.bottom);
 }
 
-/// The common part; all zero when there is none.
+/// The intersection; all zero if it is empty.
 inline RECT Intersection(const RECT& left, const RECT& right)
 {
     RECT result{0, 0, 0, 0};

@@ -36,7 +36,7 @@ public:
     void SetColor(const char* hexadecimal);
     /// A COLORREF (0x00BBGGRR); alpha becomes 255.
     void SetColor(DWORD colorref);
-    /// The COLORREF; alpha is dropped.
+    /// Returns the COLORREF; alpha is dropped.
     DWORD GetColor() const
     {
         return (static_cast<DWORD>(m_blue) << 16) | (static_cast<DWORD>(m_green) << 8) | m_red;
@@ -53,14 +53,14 @@ public:
         pixel[1] = m_green;
         pixel[2] = m_red;
     }
-    /// Reads a 32-bit pixel; the position behind it.
+    /// Reads a 32-bit pixel. Returns the position after it.
     unsigned char* ReadFromDIB4(unsigned char* pixel)
     {
         ReadFromDIB3(pixel);
         m_alpha = pixel[3];
         return pixel + 4;
     }
-    /// Reads a 24-bit pixel and keeps alpha; the position behind it.
+    /// Reads a 24-bit pixel, leaving alpha unchanged. Returns the position after it.
     unsigned char* ReadFromDIB3(unsigned char* pixel)
     {
         m_blue = pixel[0];
@@ -76,8 +76,9 @@ private:
     unsigned char m_alpha = 0;
 };
 
-/// A literal colour in a text: "#" and hexadecimal digits AARRGGBB, or "rgb(r,g,b)" in decimal (alpha 255,
-/// values cut to their low 8 bits). FALSE, with `color` untouched, when the text is no literal.
+/// Parses a colour literal: "#" and hexadecimal digits AARRGGBB, or "rgb(r,g,b)" in decimal (alpha 255,
+/// values truncated to their low 8 bits). Returns FALSE and leaves `color` unchanged if the text is not a
+/// literal.
 QVUI_API BOOL ParseColorLiteral(const CString& text, CARGB& color);
 
 /// A colour as hue (degrees), luminance and saturation (0 to 1) beside its red, green and blue bytes. Fill in
@@ -90,16 +91,16 @@ public:
     CHLSColor(CARGB& color);
     CHLSColor(unsigned char r, unsigned char g, unsigned char b);
     CHLSColor(DWORD colorref);
-    /// Clamps the three, and leaves the bytes uninitialised.
+    /// Clamps hue, luminance and saturation; leaves the bytes uninitialised.
     CHLSColor(double hue, double luminance, double saturation);
 
-    /// The COLORREF of the bytes.
+    /// Returns the COLORREF of the bytes.
     operator DWORD() const;
 
     /// Clamps luminance and saturation into 0..1 and hue into 0..358.9999; there is no wrap-around.
     void CorrectHLS();
     void ToHLS();
-    /// Corrects the three first.
+    /// Clamps hue, luminance and saturation first.
     void ToRGB();
 
     unsigned char m_red;
