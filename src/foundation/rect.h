@@ -7,7 +7,7 @@
 
 // Arithmetic on rectangles and sizes. Coordinates come from skins and may be any 32-bit numbers.
 
-/// For layout: sums are computed in 64 bits and results are reduced to 32.
+/// For layout: sums are computed in 64 bits and results saturate to 32 bits.
 namespace DUI::geometry {
 
 inline LONGLONG Wide(LONG value)
