@@ -149,7 +149,8 @@ void FormatRuns::Insert(int at, int count, FormatId format, int length)
     if (!m_runs && format == m_single)
         return;
     std::vector<Run>& runs = Split(length);
-    runs.insert(runs.begin() + static_cast<std::ptrdiff_t>(BorderAt(at)), Run{count, format});
+    const auto border = static_cast<std::ptrdiff_t>(BorderAt(at));
+    runs.insert(runs.begin() + border, Run{count, format});
     Merge();
 }
 

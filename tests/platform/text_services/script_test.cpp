@@ -2,9 +2,7 @@
 // QVUI_UPDATE_SCENARIOS=1 in the environment the files are written anew, to be read in review.
 
 #include <algorithm>
-#include <cstdlib>
 #include <filesystem>
-#include <fstream>
 #include <functional>
 #include <map>
 #include <sstream>
@@ -12,6 +10,7 @@
 #include "platform/platform_test.h"
 #include "platform/text_services/text_host.h"
 #include "support/test_files.h"
+#include "support/transcript.h"
 
 namespace qvui::test {
 namespace {
@@ -98,33 +97,26 @@ public:
         CloseClipboard();
     }
 
-    std::string Run(const std::string& script)
+    /// What a line of a script answers.
+    std::string Run(const std::string& line)
     {
-        std::istringstream lines(script);
-        for (std::string line; std::getline(lines, line);) {
-            if (line.starts_with("= "))
-                continue;
-            m_out += line + "\n";
-            if (line.empty() || line[0] == '#')
-                continue;
-            std::istringstream words(line);
-            std::string verb;
-            words >> verb;
-            std::string rest;
-            std::getline(words >> std::ws, rest);
-            const auto deed = Verbs().find(verb);
-            if (deed == Verbs().end())
-                Print("unknown verb");
-            else
-                deed->second(*this, rest);
-        }
+        m_out.clear();
+        std::istringstream words(line);
+        const std::string verb = ReadWord(words);
+        std::string rest;
+        std::getline(words >> std::ws, rest);
+        const auto deed = Verbs().find(verb);
+        if (deed == Verbs().end())
+            Print("unknown verb");
+        else
+            deed->second(*this, rest);
         return m_out;
     }
 
 private:
     using Verb = std::function<void(Script&, const std::string&)>;
 
-    void Print(const std::string& text) { m_out += "= " + text + "\n"; }
+    void Print(const std::string& text) { m_out += "    " + text + "\n"; }
 
     LRESULT Send(UINT message, WPARAM wParam = 0, LPARAM lParam = 0)
     {
@@ -442,21 +434,9 @@ class TextServicesScriptTest : public PlatformTest, public testing::WithParamInt
 
 TEST_P(TextServicesScriptTest, GoesAsItIsWritten)
 {
-    const std::string path = TestFile("platform/text_services/scripts/" + GetParam() + ".txt");
-    std::stringstream script;
-    script << std::ifstream(path, std::ios::binary).rdbuf();
-    std::string expected = script.str();
-    std::erase(expected, '\r');
-    const std::string text = Script().Run(expected);
-    if (std::getenv("QVUI_UPDATE_SCENARIOS"))
-        std::ofstream(path, std::ios::binary) << text;
-    std::istringstream was(expected), is(text);
-    int number = 0;
-    for (std::string expectedLine, line; ++number, std::getline(is, line);) {
-        std::getline(was, expectedLine);
-        ASSERT_EQ(line, expectedLine) << GetParam() << ".txt, line " << number;
-    }
-    EXPECT_EQ(text, expected) << GetParam();
+    Script script;
+    ExpectTranscript("platform/text_services/scripts/" + GetParam() + ".txt",
+                     LineByLine([&script](const std::string& line) { return script.Run(line); }));
 }
 
 INSTANTIATE_TEST_SUITE_P(All, TextServicesScriptTest, testing::ValuesIn(ScriptNames()),
