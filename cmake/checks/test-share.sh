@@ -10,3 +10,7 @@ lines() { # lines FOLDER...
 tests=$(lines tests fuzz)
 code=$(lines include src platform tools examples)
 printf '  %d lines of tests for %d of code, %d %%\n' "$tests" "$code" $((100 * tests / code))
+if ((3 * tests > code)); then
+    echo 'that is more than a third'
+    exit 1
+fi
