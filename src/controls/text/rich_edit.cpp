@@ -531,7 +531,7 @@ void CDUIRichEdit::OnWheel(const tagDUIEvent& event)
     scroll.Type = bar->IsVerticalSB() ? DUIEVENT_VSCROLL : DUIEVENT_HSCROLL;
     scroll.pSender = bar;
     scroll.wParam = SB_THUMBTRACK;
-    scroll.lParam = std::clamp<LONGLONG>(wanted, 0, std::max(info.nMax, 0));
+    scroll.lParam = Narrow(std::clamp<LONGLONG>(wanted, 0, std::max(info.nMax, 0)));
     OnScrollBar(scroll);
 }
 
