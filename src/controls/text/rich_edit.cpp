@@ -175,6 +175,8 @@ void CDUIRichEdit::OnCreate()
     create.style = static_cast<LONG>(m_dwEditStyle);
     const CString text = CDUIControlBase::GetText();
     create.lpszName = text;
+    // Some services ask for the back style when they are made, others when they are told of it.
+    m_pHost->SetTransparent(TRUE);
     if (m_pHost->Init(this, &create)) {
         m_pHost->SetTransparent(TRUE);
         Send(EM_SETLANGOPTIONS, 0, 0);
