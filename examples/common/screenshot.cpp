@@ -25,7 +25,7 @@ bool SaveScreenshot(HWND window, const char* path)
 {
     RECT client{};
     CImage image;
-    UpdateWindow(window);
+    RedrawWindow(window, nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
     if (!GetClientRect(window, &client) || !image.Create(client.right, client.bottom, 24))
         return false;
     const HDC screen = GetDC(window);

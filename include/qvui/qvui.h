@@ -19,6 +19,7 @@
 #include <qvui/controls/rows/tree_node.h>
 #include <qvui/controls/rows/tree_view.h>
 #include <qvui/controls/scrolling/scroll_bar.h>
+#include <qvui/controls/text/edit.h>
 #include <qvui/controls/text/rich_edit.h>
 #include <qvui/controls/track_bar.h>
 #include <qvui/foundation/color.h>

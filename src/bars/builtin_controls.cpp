@@ -14,6 +14,7 @@
 #include <qvui/controls/rows/list_box.h>
 #include <qvui/controls/rows/tree_view.h>
 #include <qvui/controls/scrolling/scroll_bar.h>
+#include <qvui/controls/text/edit.h>
 #include <qvui/controls/text/rich_edit.h>
 #include <qvui/controls/track_bar.h>
 #include <qvui/layout/dialog_layout.h>
@@ -78,6 +79,7 @@ const std::vector<BuiltinControl>& BuiltinControls()
         Tag<CDUITreeViewImpl>("treeview"),
         Tag<CDUITreeNode>("treeview_item"),
         Tag<CDUIPictureBox>("picturebox"),
+        Tag<CDUIEdit>("edit"),
         Tag<CDUIToolBarSeparator>("toolbar_separator"),
         Tag<CDUIHyperLink>("hyper_link"),  // as its interface is called; skins write either
     };

@@ -18,7 +18,7 @@ TEST_F(GoldenTest, EveryPageLooksTheSameInBothSkins)
         GalleryRun::Skins().SetSkinTyle(skin);
         for (const std::string& page : run.Pages()) {
             ASSERT_TRUE(run.Window().ShowPage(page.c_str())) << page;
-            UpdateWindow(run.Handle());
+            RedrawWindow(run.Handle(), nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
             EXPECT_TRUE(MatchesGolden(run.Handle(), "gallery_" + page + "_" + skin));
         }
     }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <map>
 #include <set>
 #include <string>
 #include <vector>
@@ -97,7 +98,9 @@ private:
     ControlNames m_controlNames;           // of all windows
     ControlNames m_searchedNames;          // those that an attribute or the library looks for
     std::set<std::string> m_customStyles;  // control styles that an application's own controls use
-    std::set<const Document*> m_checked;   // a document that two entries name is checked once
+    std::map<std::string, const DUI::ControlClass*>
+        m_styleUsers;                     // of each control style, one class that uses it
+    std::set<const Document*> m_checked;  // a document that two entries name is checked once
 };
 
 }  // namespace qvui::skin_tool

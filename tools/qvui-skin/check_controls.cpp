@@ -53,7 +53,9 @@ void Checker::CollectControls(const Document& document, int window)
             if (const AttributeInfo* const info = FindAttributeAnywhere(attribute.name);
                 info && info->syntax.kind == ValueKind::ControlName)
                 m_searchedNames.insert(attribute.value);
-        if (!ClassOf(element.tag))
+        if (const ControlClass* const known = ClassOf(element.tag))
+            m_styleUsers.emplace(element.Value("control_style"), known);
+        else
             m_customStyles.insert(element.Value("control_style"));
     }
 }
@@ -126,10 +128,15 @@ void Checker::CheckControlStyle(const PackageDocument& part, int entry)
     const Element& style = part.document->At(entry);
     const Place place{*part.document, style, part.name};
     const bool isCustom = m_customStyles.count(style.Value("name")) > 0;
+    const auto user = m_styleUsers.find(style.Value("name"));
     for (const Attribute& attribute : style.attributes) {
         if (attribute.name == "name")
             continue;
-        const AttributeInfo* const info = FindAttributeAnywhere(attribute.name);
+        // Classes may mean different values by one name.
+        const AttributeInfo* info =
+            user == m_styleUsers.end() ? nullptr : FindAttribute(*user->second, attribute.name);
+        if (!info)
+            info = FindAttributeAnywhere(attribute.name);
         if (info)
             CheckValue(place, attribute, info->syntax);
         else if (isCustom)

@@ -38,6 +38,8 @@ public:
 
     /// Draws the whole picture into a rectangle.
     void DrawImage(HDC hdc, const RECT& dest);
+    /// Draws a part of the picture into a rectangle.
+    void DrawImage(HDC hdc, const RECT& dest, const RECT& source);
 
     void SetDrawStyle(IMAGE_DRAW_STYLE style) { m_nDrawStyle = style; }
     IMAGE_DRAW_STYLE GetDrawStyle() const { return m_nDrawStyle; }
@@ -53,9 +55,6 @@ public:
     void Destory();
     /// The decoded bitmap itself, borrowed; null without one.
     CImage* GetRawImage() const { return m_pImage.get(); }
-
-protected:
-    void DrawImage(HDC hdc, const RECT& dest, const RECT& source);
 
 private:
     struct Part {

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cstdio>
 #include <stdexcept>
 #include <typeinfo>
 
@@ -27,9 +28,23 @@ int KeyOf(const std::string& name)
         {"RETURN", VK_RETURN}, {"ESCAPE", VK_ESCAPE},     {"TAB", VK_TAB},
         {"ADD", VK_ADD},       {"SUBTRACT", VK_SUBTRACT}, {"MULTIPLY", VK_MULTIPLY},
         {"DELETE", VK_DELETE}, {"SHIFT", VK_SHIFT},       {"CONTROL", VK_LCONTROL},
-        {"MENU", VK_MENU}};
+        {"MENU", VK_MENU},     {"CTRL", VK_CONTROL}};
     const auto found = keys.find(name);
     return found == keys.end() ? name.empty() ? 0 : name[0] : found->second;
+}
+
+// A message of a text field's window, as the loop gives it: to the filter, then to the window.
+void FieldMessage(CDUIEdit& edit, UINT message, WPARAM wParam, LPARAM lParam)
+{
+    MSG native{edit.m_hWnd, message, wParam, lParam, 0, {}};
+    if (!edit.PreTranslateMessage(&native))
+        SendMessageA(native.hwnd, message, wParam, lParam);
+}
+
+void FieldPointer(CDUIEdit& edit, UINT message, POINT point)
+{
+    FieldMessage(edit, message, message == WM_LBUTTONUP ? 0 : MK_LBUTTON,
+                 MAKELPARAM(static_cast<WORD>(point.x), static_cast<WORD>(point.y)));
 }
 
 std::string TagOf(const IDUIControl& control)
@@ -194,6 +209,29 @@ const std::map<std::string, Operation> kOperations{
              {"listen", [](CDUIRichEdit& e) { e.SetEventMask(ENM_CHANGE); }}};
          deeds.at(ReadWord(a))(As<CDUIRichEdit>(w, n));
      }},
+    // Input to the native window of a text field, as its loop gives it.
+    {"field.key",
+     [](auto& w, auto& n, auto& a) {
+         const auto key = static_cast<WPARAM>(KeyOf(ReadWord(a)));
+         FieldMessage(As<CDUIEdit>(w, n), WM_KEYDOWN, key, 1);
+     }},
+    {"field.type",
+     [](auto& w, auto& n, auto& a) {
+         for (const char byte : ReadRest(a))
+             FieldMessage(As<CDUIEdit>(w, n), WM_CHAR, static_cast<unsigned char>(byte), 1);
+     }},
+    {"field.code",
+     [](auto& w, auto& n, auto& a) {
+         FieldMessage(As<CDUIEdit>(w, n), WM_CHAR, static_cast<WPARAM>(ReadNumber(a)), 1);
+     }},
+    {"field.press",
+     [](auto& w, auto& n, auto& a) { FieldPointer(As<CDUIEdit>(w, n), WM_LBUTTONDOWN, ReadPoint(a)); }},
+    {"field.drag",
+     [](auto& w, auto& n, auto& a) { FieldPointer(As<CDUIEdit>(w, n), WM_MOUSEMOVE, ReadPoint(a)); }},
+    {"field.double",
+     [](auto& w, auto& n, auto& a) { FieldPointer(As<CDUIEdit>(w, n), WM_LBUTTONDBLCLK, ReadPoint(a)); }},
+    {"field.release",
+     [](auto& w, auto& n, auto& a) { FieldPointer(As<CDUIEdit>(w, n), WM_LBUTTONUP, ReadPoint(a)); }},
     {"tool.open", Call(&ToolBar::OpenOverflow)},
     {"tool.close", Call(&ToolBar::CloseOverflow)},
     {"panel.image", Call(&CDUIFramePanel::SetImageIndex)},
@@ -490,6 +528,16 @@ const std::map<std::string, Scenario::Command>& Scenario::Commands()
              CString text = Named(*s.m_window, ReadWord(a)).GetText();
              text.Replace("\r", "|");
              s.m_text += "    says \"" + std::string(text.GetString()) + "\"\n";
+         }},
+        {"told",  // what the native windows of text fields have told the window
+         [](S s, A) {
+             MSG told{};
+             while (PeekMessageA(&told, s.m_window->Handle(), WM_COMMAND, WM_COMMAND, PM_REMOVE)) {
+                 char line[48];
+                 std::snprintf(line, sizeof line, "    tells %d %#x\n", LOWORD(told.wParam),
+                               HIWORD(told.wParam));
+                 s.m_text += line;
+             }
          }},
         {"forget",  // what is on the clipboard
          [](S, A) {
