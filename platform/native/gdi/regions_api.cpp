@@ -150,8 +150,7 @@ BOOL FillRgn(HDC dc, HRGN region, HBRUSH brush)
     return TRUE;
 }
 
-// --- rectangles
-// ---------------------------------------------------------------------------------------------
+// --- rectangles ----------------------------------------------------------------------------------
 
 BOOL SetRect(RECT* rect, int left, int top, int right, int bottom)
 {

@@ -265,8 +265,7 @@ int CReplaceColourFilter::Process(CDibSection* section, const CARGB& from, const
     return TRUE;
 }
 
-// --- contrast
-// -----------------------------------------------------------------------------------------------
+// --- contrast ------------------------------------------------------------------------------------
 
 void CContrastFilter::IncreaseContrast(unsigned char& channel, int low, int high, float factor)
 {

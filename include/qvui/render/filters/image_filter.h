@@ -14,8 +14,7 @@ namespace DUI {
 // Its right and bottom are lowered to the image's in place, a left or top outside counts as 0, and an empty
 // rectangle changes nothing.
 
-// --- convolutions
-// -------------------------------------------------------------------------------------------
+// --- convolutions --------------------------------------------------------------------------------
 
 /// A kernel that computes each colour byte from its surroundings. Applications may derive from it.
 class QVUI_API CDibFilter {
@@ -119,8 +118,7 @@ public:
     static int Process(CDibSection* section);
 };
 
-// --- points
-// -------------------------------------------------------------------------------------------------
+// --- points --------------------------------------------------------------------------------------
 
 /// Fills with a colour, alpha included in 32 bits.
 class QVUI_API CFillIColorFilter {
@@ -198,8 +196,7 @@ public:
     static int Process(CDibSection* section, short amount);
 };
 
-// --- geometry
-// -----------------------------------------------------------------------------------------------
+// --- geometry ------------------------------------------------------------------------------------
 
 /// Averages blocks of n by n pixels, alpha included; n is at least 2 and at most the width. The blocks start
 /// at the bottom left, so partial ones are at the top and at the right.
