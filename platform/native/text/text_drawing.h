@@ -15,7 +15,7 @@ std::string Utf8Of(LPCSTR text, int length);
 /// coordinates.
 void DrawLineAt(DeviceContext& context, FontObject& font, std::string_view utf8, POINT at);
 
-/// Draws glyphs of a shaped run, their baseline's start in surface coordinates, in the colour of a pixel.
+/// Draws the glyphs of a shaped run in the colour of `pixel`. `baseline` is its start in surface coordinates.
 void DrawGlyphRun(DeviceContext& context, PangoFont* font, PangoGlyphString* glyphs, POINT baseline,
                   std::uint32_t pixel);
 

@@ -11,9 +11,9 @@ void ActivateWindow(HWND window, int how);
 void ActivateNextTo(HWND leaving);
 /// Moves the focus from a hidden window to its parent.
 void FocusLeaves(HWND hidden);
-/// Whether a window may become active when it is shown or pressed.
+/// Whether a window may become active when it is shown or clicked.
 bool IsActivatable(const Window& window);
-/// Whether neither the window nor one above it is disabled or minimised.
+/// Whether neither the window nor any of its ancestors is disabled or minimised.
 bool CanTakeFocus(HWND window);
 /// Removes a destroyed window from the active window and the focus.
 void ForgetActivation(HWND window);

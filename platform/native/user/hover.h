@@ -8,7 +8,7 @@ namespace qvui::native {
 void TrackPointer(const TRACKMOUSEEVENT& request);
 /// Records the window under the pointer (null: none) and notifies a window that requested leave tracking.
 void PointerIsOver(HWND window);
-/// The pointer moved: a hover is waited for anew.
+/// The pointer moved: restarts the hover time.
 void RestartHover(POINT screen);
 /// Turns a hover that is due into a message.
 bool TakeHover(MSG& message, const MessageFilter& filter, bool removes);
