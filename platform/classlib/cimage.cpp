@@ -14,7 +14,7 @@ using qvui::classlib::ImageKind;
 
 namespace {
 
-// Skins are untrusted: a picture larger than this is taken for a broken file.
+// Skins are untrusted input: a larger file is rejected as invalid.
 constexpr std::size_t kLargestFile = std::size_t{256} << 20;
 
 int RowBytes(int width, int bitsPerPixel)
@@ -123,7 +123,7 @@ HRESULT CImage::Save(LPCSTR path) const
     if (IsNull())
         return E_FAIL;
     Decoded image{m_width, m_height, m_bitsPerPixel == 32 && m_hasAlpha, {}};
-    GdiFlush();  // what was drawn on the bitmap may still wait to be carried out
+    GdiFlush();  // flush pending drawing before reading the bits
     image.pixels.reserve(static_cast<std::size_t>(m_width) * static_cast<std::size_t>(m_height));
     for (int y = 0; y < m_height; ++y)
         for (int x = 0; x < m_width; ++x) {

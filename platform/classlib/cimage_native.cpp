@@ -1,4 +1,4 @@
-// Decoding and encoding without a platform underneath.
+// Decoding and encoding for the native target, with SDL_image, libpng and our own GIF decoder.
 
 #include <SDL_image.h>
 #include <tiffio.h>
@@ -26,7 +26,7 @@ struct FreeSurface {
 using SurfacePointer = std::unique_ptr<SDL_Surface, FreeSurface>;
 using Bytes = std::vector<std::uint8_t>;
 
-// Icons hold bitmaps or whole PNG files; SDL_image drops the alpha of the bitmaps.
+// An icon holds bitmaps or complete PNG files. Bitmaps are read here because SDL_image drops their alpha.
 bool DecodeIcon(const Bytes& file, PicturePixels& image)
 {
     const std::span<const std::uint8_t> first = qvui::native::FirstImageOfIcon(file);
@@ -42,7 +42,7 @@ bool DecodeIcon(const Bytes& file, PicturePixels& image)
     return true;
 }
 
-// libtiff writes to the program's error output unless it is told not to.
+// libtiff writes to stderr unless its handlers are cleared.
 void SilenceTiff()
 {
     TIFFSetErrorHandler(nullptr);

@@ -27,7 +27,7 @@ private:
     ULONG_PTR m_token = 0;
 };
 
-// Started at first use and left running: it must not be shut down while the library is being unloaded.
+// Started on first use and never shut down, because GDI+ must not be shut down while a library is unloaded.
 void Start()
 {
     static const GdiPlus* const running = new GdiPlus;

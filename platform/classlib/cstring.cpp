@@ -47,7 +47,7 @@ int CharacterLength(const char* text, const char* end)
     const int left = static_cast<int>(std::min<std::ptrdiff_t>(end - text, kLongestCharacter));
     if (GetACP() != kUtf8)
         return IsDBCSLeadByte(lead) ? std::min(2, left) : 1;
-    // A sequence that breaks off ends before the byte that does not belong to it.
+    // A truncated UTF-8 sequence ends before the first byte that is not a continuation byte.
     const int whole = std::min(Utf8Length(lead), left);
     int length = 1;
     while (length < whole && (static_cast<unsigned char>(text[length]) & 0xC0) == 0x80)
@@ -167,7 +167,8 @@ int CString::Find(char character, int from) const
 int CString::FindAt(std::string_view text, std::size_t from) const
 {
     std::size_t found = m_text.find(text, from);
-    // Where characters have two bytes, what looks like the text may begin in the middle of one.
+    // In a double-byte code page a match may begin at the trail byte of a character; such matches are
+    // skipped.
     if (found != std::string::npos && HasDoubleByteCharacters()) {
         std::size_t start = 0;
         while (found != std::string::npos && start != found) {
@@ -346,7 +347,7 @@ void CString::FormatV(LPCSTR format, va_list arguments)
 {
     va_list again;
     va_copy(again, arguments);
-    // Most texts fit, and are formatted once.
+    // Most texts fit into this buffer and are formatted only once.
     char shortText[256];
     const int length = std::vsnprintf(shortText, sizeof shortText, format, arguments);
     std::string text;

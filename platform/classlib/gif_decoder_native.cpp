@@ -1,4 +1,4 @@
-// GIF files without SDL_image, whose decoder writes outside its memory when codes are broken.
+// GIF decoder, used because SDL_image's decoder writes out of bounds when the codes are invalid.
 
 #include "gif_decoder_native.h"
 
@@ -9,7 +9,7 @@
 namespace qvui::classlib {
 namespace {
 
-// The bytes of a file one after the other; zeros after its end.
+// Reads the bytes of a file in order; returns zeros past its end.
 class Cursor {
 public:
     explicit Cursor(std::span<const std::uint8_t> file) : m_rest(file) {}
@@ -26,7 +26,7 @@ public:
         m_rest = m_rest.subspan(taken.size());
         return taken;
     }
-    /// A chain of blocks, each with its length before it, in one piece.
+    /// Reads a chain of length-prefixed blocks and concatenates their contents.
     std::vector<std::uint8_t> TakeBlocks()
     {
         std::vector<std::uint8_t> bytes;
@@ -36,7 +36,7 @@ public:
         }
         return bytes;
     }
-    /// The colours that the flags announce, three bytes each.
+    /// Reads the colour table if `flags` announce one, three bytes per colour.
     std::span<const std::uint8_t> TakePalette(unsigned flags)
     {
         return flags & 0x80 ? Take(std::size_t{3} << ((flags & 7) + 1)) : std::span<const std::uint8_t>();
@@ -46,7 +46,7 @@ private:
     std::span<const std::uint8_t> m_rest;
 };
 
-// Codes of up to twelve bits, the lowest bit first.
+// Reads LZW codes of up to twelve bits, least significant bit first.
 class CodeReader {
 public:
     explicit CodeReader(std::span<const std::uint8_t> bytes) : m_bytes(bytes) {}
@@ -72,7 +72,7 @@ private:
     unsigned m_bitCount = 0;
 };
 
-// The texts that codes stand for, each another one and a byte more.
+// The LZW dictionary: each entry is the string of another code and one more byte.
 class CodeTable {
 public:
     static constexpr unsigned kMostWidth = 12;
@@ -94,8 +94,8 @@ public:
         m_width = m_codeSize + 1;
     }
     bool Has(unsigned code) const { return code < m_next; }
-    /// Adds the text of `previous` and the first byte of the text of `code`; when that is the code that is
-    /// being added, both begin alike.
+    /// Adds the string of `previous` followed by the first byte of the string of `code`. If `code` is the
+    /// entry being added, its first byte is that of `previous`.
     void Add(unsigned previous, unsigned code)
     {
         if (m_next == m_texts.size())
@@ -107,7 +107,7 @@ public:
         if (m_next == 1U << m_width && m_width < kMostWidth)
             ++m_width;
     }
-    /// Writes as much of a text as there is room for; how much that was.
+    /// Writes as much of the string of `code` as fits into `room`. Returns the number of bytes written.
     std::size_t Write(unsigned code, std::span<std::uint8_t> room) const
     {
         const std::size_t length = m_texts[code].length;
@@ -131,7 +131,7 @@ private:
     std::array<Text, kNone> m_texts{};
 };
 
-// Fills `indices`; false when the codes are broken or too few.
+// Fills `indices`. Returns false if the codes are invalid or too few.
 bool Decompress(std::span<const std::uint8_t> bytes, unsigned codeSize, std::span<std::uint8_t> indices)
 {
     CodeReader codes(bytes);
@@ -179,7 +179,7 @@ struct Frame {
 
 constexpr unsigned kNoIndex = 256;
 
-// Steps over what stands before the first frame; the index that is clear in it.
+// Skips the extension blocks before the first frame. Returns the palette index that is transparent in it.
 unsigned SkipExtensions(Cursor& file)
 {
     constexpr unsigned kExtension = 0x21;
@@ -210,7 +210,7 @@ bool ReadFrame(Cursor& file, std::span<const std::uint8_t> screenPalette, Frame&
     return codeSize >= 1 && codeSize <= 8 && Decompress(file.TakeBlocks(), codeSize, frame.indices);
 }
 
-// The rows of a frame in the order in which they are stored.
+// The row numbers of a frame in storage order (interlaced or not).
 std::vector<int> StoredRows(const Frame& frame)
 {
     struct Pass {

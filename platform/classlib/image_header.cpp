@@ -11,7 +11,7 @@ namespace {
 
 enum class Order { LittleEndian, BigEndian };
 
-// The numbers of a file; 0 where it has ended.
+// Reads numbers at offsets of a file; returns 0 past its end.
 class Numbers {
 public:
     Numbers(std::span<const std::uint8_t> file, Order order) : m_file(file), m_order(order) {}
@@ -48,8 +48,8 @@ private:
     Order m_order;
 };
 
-// Skins are untrusted: a picture that is larger, or larger than any format packs into a file of its length,
-// is taken for a broken one. A few bytes cannot ask for a gigabyte.
+// Skins are untrusted input: a picture larger than this, or larger than any format can compress into a file
+// of this length, is rejected. This keeps a file of a few bytes from requesting a gigabyte.
 bool IsSize(const Numbers& numbers, std::uint64_t width, std::uint64_t height)
 {
     constexpr std::uint64_t kMostPixels = std::uint64_t{1} << 26;
@@ -60,7 +60,7 @@ bool IsSize(const Numbers& numbers, std::uint64_t width, std::uint64_t height)
 
 using Alpha = ImageHeader::Alpha;
 
-// Every reader returns whether the file is sound and may settle the question of transparency.
+// Each reader returns whether the file is valid, and sets `alpha` if the format determines it.
 
 bool ReadPng(std::span<const std::uint8_t> file, Alpha& alpha)
 {
@@ -106,7 +106,8 @@ bool ReadJpeg(std::span<const std::uint8_t> file, Alpha& alpha)
     return false;
 }
 
-// Where a chain of blocks, each with its length before it, ends; beyond the file when it does not.
+// Returns the offset after a chain of length-prefixed blocks, or an offset past the end of the file if the
+// chain does not end.
 std::uint64_t SkipBlocks(const Numbers& numbers, std::uint64_t at)
 {
     while (const std::uint32_t length = numbers.U8(at))
@@ -171,8 +172,9 @@ bool ReadTiff(std::span<const std::uint8_t> file, Alpha&)
     constexpr std::uint32_t kLong = 4;
     constexpr std::uint32_t kMostSamples = 8;
     constexpr std::uint64_t kEntrySize = 12;
-    // What a decoder sizes its memory by: width, height, samples of a pixel, width and height of a tile. Each
-    // must stand once and be one short or long number, because decoders differ in what else they take.
+    // The tags from which a decoder computes its memory size: width, height, samples per pixel, tile width
+    // and tile height. Each must occur once and be a single short or long number, because decoders differ in
+    // what else they accept.
     constexpr std::uint32_t kTags[] = {256, 257, 277, 322, 323};
     std::uint32_t values[] = {0, 0, 1, 1, 1};
     bool isSet[std::size(kTags)] = {};
@@ -197,8 +199,8 @@ bool ReadTiff(std::span<const std::uint8_t> file, Alpha&)
 
 constexpr std::string_view kPngSignature("\x89PNG\r\n\x1A\n", 8);
 
-// The first image is a PNG file, or a bitmap without the header of a file. The mask of a bitmap that has no
-// alpha is among its pixels once they are decoded.
+// The first image is a PNG file or a bitmap without a file header. A bitmap without an alpha channel has a
+// mask, which shows in the alpha of its decoded pixels.
 bool ReadIco(std::span<const std::uint8_t> file, Alpha& alpha)
 {
     const Numbers numbers(file, Order::LittleEndian);

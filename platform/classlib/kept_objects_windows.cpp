@@ -1,6 +1,6 @@
 #include <qvui/platform/kept_objects.h>
 
-// The platform's objects are not counted here.
+// Does nothing: live objects are not counted on windows.
 void CountAsKept(std::size_t, std::size_t)
 {
 }

@@ -1,5 +1,5 @@
-// PNG files through libpng itself: SDL_image gives grey pictures with a transparent grey wrong pixels, and
-// forgives files that are cut off.
+// PNG decoder on libpng, because SDL_image decodes grey pictures with a transparent grey value wrongly and
+// accepts truncated files.
 
 #include "png_decoder_native.h"
 
@@ -10,7 +10,7 @@
 namespace qvui::classlib {
 namespace {
 
-// Failures leave libpng by its jump; nothing that has a destructor lives in the frames that it passes.
+// libpng reports errors with longjmp, so no frame that the jump crosses holds an object with a destructor.
 class PngReader {
 public:
     explicit PngReader(std::span<const std::uint8_t> file)
@@ -30,7 +30,7 @@ public:
             return false;
         png_set_read_fn(m_png, this, Read);
         png_read_info(m_png, m_info);
-        // Everything becomes eight bits of blue, green, red and alpha.
+        // Convert every format to 8-bit blue, green, red and alpha.
         png_set_expand(m_png);
         png_set_strip_16(m_png);
         png_set_gray_to_rgb(m_png);

@@ -14,8 +14,8 @@ namespace {
 
 using namespace wrapping;
 
-// Where the middle colour stands. Of pixels it is the sum that is truncated, of a share the distance; that
-// differs left of and above 0.
+// The position of the middle colour. For an offset in pixels the sum is truncated, for a fraction the
+// distance; the results differ at negative coordinates.
 int SplitOf(int start, int length, double separator)
 {
     if (separator > 1)
@@ -235,7 +235,7 @@ int CDUIFrameBK::SetWinFrameRgn(HWND hwnd)
     if (!shape)
         return FALSE;
     if (!SetWindowRgn(hwnd, shape, TRUE))
-        DeleteObject(shape);  // else it is the window's from now on
+        DeleteObject(shape);  // on success the window owns the region
     return TRUE;
 }
 

@@ -17,7 +17,7 @@ BLENDFUNCTION PerPixel(unsigned char alpha)
     return {AC_SRC_OVER, 0, alpha, AC_SRC_ALPHA};
 }
 
-// The rectangle of the bitmap's own size in the middle; a rectangle that is smaller stays as it is.
+// Returns a rectangle of the bitmap's size, centred in `rect`, along each axis where `rect` is larger.
 RECT Centred(HBITMAP bitmap, RECT rect)
 {
     SIZE size{};
@@ -33,7 +33,7 @@ RECT Centred(HBITMAP bitmap, RECT rect)
     return rect;
 }
 
-// Draws with the unscaled form, after enlarging the bitmap by its middle when the rectangle is larger.
+// Draws with the unscaled function, after enlarging the bitmap by its middle if the rectangle is larger.
 template <class Draw>
 int MiddleStretched(HDC hdc, HBITMAP bitmap, const RECT& rect, Draw draw)
 {
@@ -184,7 +184,7 @@ HBITMAP CBitmapCommonFunction::GetMiddleStretchBitmap(HDC hdc, HBITMAP bitmap, i
     SIZE size{};
     if (!GetBitmapSize(bitmap, size))
         return nullptr;
-    // Written for one axis: `along` places a stretch of it.
+    // Handles both axes with one implementation: `along` returns a rectangle covering [from, to) on the axis.
     const int half = (vertical ? size.cy : size.cx) / 2;
     const int whole = vertical ? size.cy : size.cx;
     const int breadth = vertical ? size.cx : size.cy;

@@ -1,4 +1,4 @@
-// Regions from colour keys.
+// Creates regions from colour keys.
 
 #include <algorithm>
 #include <cstddef>
@@ -15,8 +15,8 @@
 namespace DUI {
 namespace {
 
-// The union of many regions, joined in pairs of similar size: joining each part to all before it would copy
-// the early ones again and again.
+// The union of many regions, combined in pairs of similar size: combining each part with all previous ones
+// would copy the early parts repeatedly.
 class RegionUnion {
 public:
     RegionUnion() = default;
@@ -38,7 +38,7 @@ public:
             JoinLastTwo();
     }
 
-    /// The union, the caller's to delete; empty when nothing was added.
+    /// Returns the union, which the caller deletes; empty if nothing was added.
     HRGN Take()
     {
         while (m_joined.size() > 1)
@@ -68,7 +68,7 @@ private:
     std::vector<Joined> m_joined;
 };
 
-// Makes a region of the runs of rows, given from the top to the bottom.
+// Builds a region from runs of pixels, passed row by row from top to bottom.
 class RegionBuilder {
 public:
     RegionBuilder() { Restart(); }
@@ -80,7 +80,7 @@ public:
         m_data->rects[m_data->header.nCount++] = {left, y, right, y + 1};
     }
 
-    /// Ends a row. One whose runs are those of the row above makes that one taller instead.
+    /// Ends a row. If its runs equal those of the row above, the rectangles above are made taller instead.
     void EndRow()
     {
         const DWORD end = m_data->header.nCount;
@@ -107,10 +107,10 @@ public:
     }
 
 private:
-    // A longer list would take the platform too long to sort.
+    // The platform takes too long to sort longer lists.
     static constexpr DWORD kMostAtOnce = 2000;
 
-    // Laid out as RGNDATA.
+    // Same layout as RGNDATA.
     struct Data {
         RGNDATAHEADER header;
         RECT rects[kMostAtOnce];
@@ -144,15 +144,15 @@ private:
     RegionUnion m_union;
 };
 
-// Which pixels count as transparent: each channel between a low and a high bound. Rows are marked as bytes,
-// several pixels at once, in loops that compilers turn into vector instructions.
+// Determines which pixels are transparent: each channel lies between a low and a high bound. Rows are
+// processed as bytes, several pixels at once, in loops that compilers vectorise.
 class ColorBounds {
 public:
     ColorBounds(const CARGB& color, DWORD tolerance)
     {
         const BYTE channels[3] = {color.GetB(), color.GetG(), color.GetR()};
         for (int i = 0; i < kLanes; ++i) {
-            // Alpha may be anything.
+            // Alpha is ignored.
             const int channel = i % 4;
             const int reach = static_cast<int>(tolerance >> (8 * (2 - channel % 3)) & 0xFF);
             m_low[i] = channel == 3 ? 0 : channels[channel];
@@ -160,7 +160,7 @@ public:
         }
     }
 
-    /// Marks each pixel of a row with 1 or 0; `scratch` has room for a row.
+    /// Sets each pixel's mark to 1 (transparent) or 0; `scratch` must have room for a row.
     void Mark(const BYTE* pixels, int count, std::uint32_t* scratch, std::uint8_t* isTransparent) const
     {
         const int bytes = 4 * count;
@@ -176,7 +176,7 @@ public:
 private:
     static constexpr int kLanes = 16;
 
-    // How far a byte is outside; 0 inside.
+    // How far a byte is outside its range; 0 inside.
     static BYTE Excess(BYTE byte, BYTE low, BYTE range)
     {
         const auto above = static_cast<BYTE>(byte - low);
@@ -195,7 +195,7 @@ private:
     BYTE m_range[kLanes];
 };
 
-// Adds the runs of a row that are not transparent.
+// Adds the runs of pixels in a row that are not transparent.
 void AddRuns(const std::vector<std::uint8_t>& isTransparent, int y, RegionBuilder& builder)
 {
     const std::uint8_t* const begin = isTransparent.data();
@@ -216,7 +216,7 @@ void AddRuns(const std::vector<std::uint8_t>& isTransparent, int y, RegionBuilde
 
 HRGN CBitmapCommonFunction::BitmapToRgn(HBITMAP bitmap, const CARGB& color, DWORD tolerance)
 {
-    // The pixels are copied in bands of a few rows, which stay in the processor's cache.
+    // The pixels are copied in bands of a few rows, which fit in the processor's cache.
     constexpr int kBand = 32;
     SIZE size{};
     CDibSection band;

@@ -2,11 +2,11 @@
 
 #include <qvui/platform/platform.h>
 
-/// Changes of a device context that are undone at the end of their scope. (CDUIRenderClip, which is public,
-/// narrows the clipping to a rectangle.)
+/// Scope guards that change a device context and restore it. (The public CDUIRenderClip intersects the clip
+/// region with a rectangle.)
 namespace DUI {
 
-/// Selects an object; null selects nothing. The object is not owned.
+/// Selects an object; null has no effect. The object is not owned.
 class SelectScope {
 public:
     SelectScope(HDC hdc, HGDIOBJ object) : m_hDC(hdc), m_hOld(object ? SelectObject(hdc, object) : nullptr) {}
@@ -23,7 +23,7 @@ private:
     HGDIOBJ m_hOld;
 };
 
-/// Sets how images are stretched: HALFTONE smooths, COLORONCOLOR leaves pixels out.
+/// Sets the stretch mode: HALFTONE smooths, COLORONCOLOR drops pixels.
 class StretchModeScope {
 public:
     StretchModeScope(HDC hdc, int mode) : m_hDC(hdc), m_nOld(SetStretchBltMode(hdc, mode)) {}
@@ -36,7 +36,7 @@ private:
     int m_nOld;
 };
 
-/// Narrows the clip region of a context by a region. A context without a clip region is left alone.
+/// Intersects the clip region of a context with a region. A context without a clip region is left unchanged.
 class ClipRegionScope {
 public:
     /// Takes ownership of the region.
@@ -64,7 +64,7 @@ private:
     bool m_isClipped = false;
 };
 
-/// Saves the whole state of a context and restores it.
+/// Saves and restores the whole state of a context.
 class SaveScope {
 public:
     explicit SaveScope(HDC hdc) : m_hDC(hdc), m_level(SaveDC(hdc)) {}

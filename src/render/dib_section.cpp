@@ -119,7 +119,7 @@ BOOL CDibSection::Transfer(CDibSection* src)
 
 BYTE* CDibSection::GetBits() const
 {
-    // Drawing operations may still wait to be carried out.
+    // Flush pending drawing before the bits are read.
     GdiFlush();
     return m_pBits;
 }

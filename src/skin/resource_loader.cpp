@@ -104,8 +104,7 @@ CResLoader::~CResLoader()
     FreeResDll();
 }
 
-// --- images
-// -------------------------------------------------------------------------------------------------
+// --- images --------------------------------------------------------------------------------------
 
 CDUIImageListPtr CResLoader::LoadImageFromFile(const CString& path)
 {
@@ -153,8 +152,7 @@ CImage* CResLoader::LoadRawImage(const CString& path)
     return nullptr;
 }
 
-// --- cursors
-// ------------------------------------------------------------------------------------------------
+// --- cursors -------------------------------------------------------------------------------------
 
 CRefPtr<CCursorObject> CResLoader::LoadCursorFromFile(const CString& path)
 {
@@ -186,8 +184,7 @@ CRefPtr<CCursorObject> CResLoader::LoadCursorFromExe(const CString& id, const CS
     return LoadCursorFromResource(GetModuleHandleA(nullptr), id, type);
 }
 
-// --- documents
-// ----------------------------------------------------------------------------------------------
+// --- documents -----------------------------------------------------------------------------------
 
 int CResLoader::LoadXMLFromFile(const CString& path, CString& xml)
 {
@@ -233,8 +230,7 @@ int CResLoader::LoadStringFromResource(HINSTANCE module, const CString& id, cons
     return 1;
 }
 
-// --- modules
-// ------------------------------------------------------------------------------------------------
+// --- modules -------------------------------------------------------------------------------------
 
 HINSTANCE CResLoader::LoadLibraryA(const CString& module)
 {

@@ -62,8 +62,7 @@ int Find(const CNameTable<CString>& table, const CString& name, CString& text)
 
 BOOL CYaHeiFlag::m_bEanbleYahi = TRUE;
 
-// --- loading and clearing
-// -----------------------------------------------------------------------------------
+// --- loading and clearing ------------------------------------------------------------------------
 
 int CResMgr::GetXMLByConfigInfo(const CResourceFileInfo& info, CString& xml)
 {
@@ -148,8 +147,7 @@ void CResMgr::SetPackageFile(const CString& file)
     m_loader.SetPackageFileName(file);
 }
 
-// --- texts and colours
-// --------------------------------------------------------------------------------------
+// --- texts and colours ---------------------------------------------------------------------------
 
 int CResMgr::GetString(const CString& id, CString& text) const
 {
@@ -201,8 +199,7 @@ int CResMgr::GetColorFromString(const CString& text, CARGB& color) const
     return ParseColorLiteral(text, color);
 }
 
-// --- images
-// -------------------------------------------------------------------------------------------------
+// --- images --------------------------------------------------------------------------------------
 
 CDUIImageListPtr CResMgr::GetImage(const CString& name, int share)
 {
@@ -242,8 +239,7 @@ CDUIImageListPtr CResMgr::CreateImage(const CRefPtr<CResourceImageData>& record)
     return list;
 }
 
-// --- cursors
-// ------------------------------------------------------------------------------------------------
+// --- cursors -------------------------------------------------------------------------------------
 
 CRefPtr<CCursorObject> CResMgr::GetCursor(const CString& name, int share)
 {
@@ -273,8 +269,7 @@ CRefPtr<CCursorObject> CResMgr::CreateCursor(const CRefPtr<CResourceCursorData>&
     return {};
 }
 
-// --- fonts
-// --------------------------------------------------------------------------------------------------
+// --- fonts ---------------------------------------------------------------------------------------
 
 CRefPtr<CFontObject> CResMgr::GetFont(const CString& name, int share)
 {

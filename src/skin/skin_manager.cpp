@@ -176,8 +176,7 @@ CDUISkinMgr::~CDUISkinMgr()
     Notification::EndAllOf(this);
 }
 
-// --- loading
-// ------------------------------------------------------------------------------------------------
+// --- loading -------------------------------------------------------------------------------------
 
 int CDUISkinMgr::InitializeSkin(const CString& entryXml)
 {
@@ -270,8 +269,7 @@ void CDUISkinMgr::UninitializeSkin()
     m_templates.clear();
 }
 
-// --- switching
-// ----------------------------------------------------------------------------------------------
+// --- switching -----------------------------------------------------------------------------------
 
 int CDUISkinMgr::SetLanguageType(const CString& type)
 {
@@ -337,8 +335,7 @@ int CDUISkinMgr::RemoveLanguageObserver(IDUILanguageObserver* observer)
     return 1;
 }
 
-// --- added skins
-// --------------------------------------------------------------------------------------------
+// --- added skins ---------------------------------------------------------------------------------
 
 int CDUISkinMgr::AddNewSkin(const CString& entryXml)
 {
@@ -360,8 +357,7 @@ void CDUISkinMgr::RemoveSkin(const CString& entryXml)
     m_addedSkins.erase(found);
 }
 
-// --- look-ups
-// -----------------------------------------------------------------------------------------------
+// --- look-ups ------------------------------------------------------------------------------------
 
 CDUIImageListPtr CDUISkinMgr::GetImage(const CString& name, int share)
 {

@@ -101,8 +101,7 @@ void Checker::CheckUniqueValues(const Document& document, int window)
         }
 }
 
-// --- attributes that undo what is written before them
-// -----------------------------------------------------------
+// --- attributes that undo what is written before them --------------------------------------------
 
 struct Checker::Step {
     const Attribute* attribute;

@@ -5,7 +5,7 @@
 
 namespace DUI {
 
-/// Something that paints a rectangle behind a control or a window.
+/// Interface of an object that paints the background of a control or window.
 class QVUI_API IDUIBkgnd : public CDUIObject {
 public:
     /// Whether there is nothing to paint.
@@ -13,7 +13,7 @@ public:
     virtual void DrawBK(HDC hdc, const RECT& rect) = 0;
 };
 
-/// One colour, or a gradient of two or three. The form with the most colours set is painted.
+/// One colour, or a gradient of two or three colours. The form with the most colours set is painted.
 class QVUI_API CDUIColorBK : public IDUIBkgnd {
 public:
     BOOL IsEmpty() const override;
@@ -26,10 +26,11 @@ public:
     CARGB GetBKColor() const { return m_color; }
     void GetBKColor(CARGB& start, CARGB& end, int& vertical) const;
     void GetBKCOlor(CARGB& start, CARGB& end, CARGB& middle, double& separator, int& vertical) const;
-    /// Nonzero: the gradient runs from top to bottom.
+    /// Nonzero: the gradient runs from top to bottom; 0: from left to right.
     void SetBKVertical(int vertical) { m_nVertical = vertical; }
     int GetBKVertical() const { return m_nVertical; }
-    /// Where the middle colour sits: 0 to 1 a fraction of the length, above 1 pixels, below 0 nowhere.
+    /// Position of the middle colour: 0 to 1 is a fraction of the length, above 1 an offset in pixels; below
+    /// 0 there is none.
     void SetBKSepPos(double position) { m_fSepPos = position; }
     double GetBKSepPos() const { return m_fSepPos; }
 
@@ -46,15 +47,15 @@ private:
     double m_fSepPos = 0.5;
 };
 
-/// Where an image stands: 0 left top, 1 left bottom, 2 right top, 3 right bottom, 4 centre, and offsets
-/// inwards.
+/// Position of an image: 0 left top, 1 left bottom, 2 right top, 3 right bottom, 4 centre; x and y are
+/// offsets inwards, in pixels.
 struct CFrameBKImagePos {
     int kind = 0;
     int x = 0;
     int y = 0;
 };
 
-/// Colours and an image over them.
+/// Colours with an image on top.
 class QVUI_API CDUIColorImageBK : public CDUIColorBK {
 public:
     BOOL IsEmpty() const override;
@@ -64,7 +65,7 @@ public:
     CDUIImageListPtr GetSkinImage() const { return m_pSkinImage; }
     void SetSkinImagePos(const CFrameBKImagePos& position) { m_imagePos = position; }
     CFrameBKImagePos GetSkinImagePos() const { return m_imagePos; }
-    /// The place of the image's first icon in a rectangle by the image position.
+    /// Returns the rectangle of the image's first icon inside `rect`, according to the image position.
     RECT GetSkinImageRect(RECT rect) const;
 
 private:
@@ -72,9 +73,9 @@ private:
     CFrameBKImagePos m_imagePos;
 };
 
-/// A frame style: colours, an image, and a border cut from an image or, without one, drawn in a colour. Where
-/// a border clips what it draws, it does so within the context's clip region; a context without one is not
-/// clipped.
+/// A frame style: colours, an image, and a border that is cut from an image or, without one, drawn in a
+/// colour. A border clips its drawing within the context's clip region; in a context without a clip region it
+/// is not clipped.
 class QVUI_API CDUIFrameBK : public CDUIColorImageBK {
 public:
     BOOL IsEmpty() const override;
@@ -82,10 +83,10 @@ public:
 
     void SetFrameColor(const CARGB& color) { m_frameColor = color; }
     CARGB GetFrameColor() const { return m_frameColor; }
-    /// Thicknesses of the border's four sides, in pixels.
+    /// Widths of the border's four sides, in pixels.
     void SetFrameBorder(const RECT& border) { m_rcBorder = border; }
     RECT GetFrameBorder() const { return m_rcBorder; }
-    /// The size of the ellipse whose quarters round the corners.
+    /// The size of the ellipse that rounds the corners, in pixels.
     void SetFrameRound(int width, int height);
     void GetFrameRound(int& width, int& height) const;
     void SetFrameImage(CDUIImageListPtr image) { m_pFrameImage = std::move(image); }
@@ -97,8 +98,8 @@ public:
     {
         return !IsFrameEmpty() && m_pFrameImage && !m_pFrameImage->IsNull();
     }
-    /// Shapes a window like the frame: cut from the frame image's magenta, or rounded. FALSE leaves the
-    /// window.
+    /// Sets the window's region to the shape of the frame: the frame image without its magenta pixels, or a
+    /// rounded rectangle. Returns FALSE, with the window unchanged, if the frame has neither.
     int SetWinFrameRgn(HWND hwnd);
 
 private:

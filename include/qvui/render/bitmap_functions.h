@@ -4,51 +4,54 @@
 
 namespace DUI {
 
-/// Operations on bitmap handles. Handles passed in stay the caller's and must not be selected into a context;
-/// handles returned are new and the caller's to delete. Results are FALSE or null on failure, for a null
-/// bitmap above all. Rectangles are in the context's logical coordinates.
+/// Operations on bitmap handles. Bitmaps passed in are not owned and must not be selected into a context;
+/// returned handles are new, and the caller deletes them. Functions return FALSE or null on failure, in
+/// particular for a null bitmap. Rectangles are in the context's logical coordinates.
 ///
-/// Bitmaps are drawn copied, blended by their own premultiplied alpha times a constant alpha, or without the
+/// Bitmaps are copied, blended by their own premultiplied alpha times a constant alpha, or drawn without the
+/// pixels of a key colour. Each of these exists at the bitmap's own size clipped to the rectangle, scaled to
+/// the rectangle, and centred in it.
 /// pixels of a key colour; each at its own size cut to the rectangle, scaled into it, or centred in it.
 class QVUI_API CBitmapCommonFunction {
 public:
-    /// In pixels.
+    /// Gets the size in pixels.
     static int GetBitmapSize(HBITMAP bitmap, SIZE& size);
-    /// Bits per pixel; 0 for a null bitmap.
+    /// Returns the bits per pixel, or 0 for a null bitmap.
     static unsigned char GetBitmapBitCount(HBITMAP bitmap);
-    /// A 32-bit copy of a part; the rectangle's right and bottom are clamped in place to the bitmap.
+    /// Returns a 32-bit copy of a part. The rectangle's right and bottom are clamped to the bitmap in place.
     static HBITMAP GetSubBitmap(HDC hdc, HBITMAP bitmap, RECT& rect);
 
-    /// At its own size, cut to the rectangle.
+    /// Draws at the bitmap's own size, clipped to the rectangle.
     static int DrawBitmap(HDC hdc, HBITMAP bitmap, const RECT& rect);
-    /// Scaled by the context's stretch mode.
+    /// Scales by the context's stretch mode.
     static int StretchBitmap(HDC hdc, HBITMAP bitmap, const RECT& rect);
     static int AlphaBlend(HDC hdc, HBITMAP bitmap, const RECT& rect, unsigned char alpha);
     static int AlphaBlendWithoutStretch(HDC hdc, HBITMAP bitmap, const RECT& rect, unsigned char alpha);
     static int TransparentBlt(HDC hdc, HBITMAP bitmap, const RECT& rect, const CARGB& key);
     static int TransparentBltWithoutStretch(HDC hdc, HBITMAP bitmap, const RECT& rect, const CARGB& key);
-    /// As the unscaled forms, in the middle of a rectangle that is larger than the bitmap.
+    /// Like the unscaled functions, but centred if the rectangle is larger than the bitmap.
     static int DrawBitmapInCenter(HDC hdc, HBITMAP bitmap, const RECT& rect);
     static int AlphaBlendInCenter(HDC hdc, HBITMAP bitmap, const RECT& rect, unsigned char alpha);
     static int TransparentBltInCenter(HDC hdc, HBITMAP bitmap, const RECT& rect, const CARGB& key);
-    /// Repeats the bitmap over the rectangle from the context's brush origin.
+    /// Repeats the bitmap over the rectangle, aligned to the context's brush origin.
     static int FillBitmap(HDC hdc, HBITMAP bitmap, const RECT& rect);
 
-    /// The bitmap made `length` pixels long along one axis by repeating its two middle rows (`vertical`) or
-    /// columns; 32 bits deep.
+    /// Returns a 32-bit bitmap `length` pixels long along one axis, extended by repeating the two middle rows
+    /// (`vertical`) or columns.
     static HBITMAP GetMiddleStretchBitmap(HDC hdc, HBITMAP bitmap, int length, int vertical);
-    /// The bitmap at exactly this size: enlarged by its middle, cut and never shrunk.
+    /// Returns the bitmap at exactly this size: enlarged by repeating its middle, or cut; never scaled down.
     static HBITMAP GetMiddleStretchBitmap(HDC hdc, HBITMAP bitmap, SIZE size);
-    /// The unscaled forms, after enlarging the bitmap by its middle to a rectangle that is larger.
+    /// Like the unscaled functions, after enlarging the bitmap by its middle if the rectangle is larger.
     static int MiddleStretchDraw(HDC hdc, HBITMAP bitmap, const RECT& rect);
     static int MiddleStretchAlphaBlend(HDC hdc, HBITMAP bitmap, const RECT& rect, unsigned char alpha);
     static int MiddleStretchTransparentBlt(HDC hdc, HBITMAP bitmap, const RECT& rect, const CARGB& key);
 
-    /// The platform's UpdateLayeredWindow, looked up at run time; FALSE where the platform lacks it.
+    /// Calls the platform's UpdateLayeredWindow, looked up at run time. Returns FALSE if the platform lacks
+    /// it.
     static int UpdateLayeredWindow(HWND hwnd, HDC hdcDst, POINT* ptDst, SIZE* size, HDC hdcSrc, POINT* ptSrc,
                                    DWORD key, BLENDFUNCTION* blend, DWORD flags);
-    /// The region of all pixels whose red, green and blue do not each lie within [channel, channel +
-    /// tolerance's byte]; the tolerance is read like a COLORREF.
+    /// Returns the region of all pixels except those whose red, green and blue each lie within [channel,
+    /// channel + the tolerance of that channel]. The tolerance has the format of a COLORREF.
     static HRGN BitmapToRgn(HBITMAP bitmap, const CARGB& color, DWORD tolerance);
 };
 

@@ -5,8 +5,8 @@
 
 namespace DUI {
 
-/// Owns one device-independent bitmap section, rows bottom-up, each padded to 4 bytes. Pixels are blue,
-/// green, red (and alpha); nothing is premultiplied here: what is stored is what was written.
+/// Owns one device-independent bitmap section. Rows are stored bottom-up, each padded to 4 bytes. Pixels are
+/// blue, green, red (and alpha), stored as written: nothing is premultiplied here.
 class QVUI_API CDibSection : public CDUIObject {
 public:
     CDibSection() = default;
@@ -14,31 +14,32 @@ public:
     CDibSection& operator=(const CDibSection& other);
     ~CDibSection() override;
 
-    /// Discards any bitmap; FALSE, with the section empty, for a zero size, for 2 GB and more, or when the
-    /// platform makes no bitmap of that depth.
+    /// Replaces the bitmap. Returns FALSE, with the section empty, for a zero size, for 2 GB or more, or if
+    /// the platform cannot create a bitmap of that depth.
     BOOL Create(DWORD width, DWORD height, WORD bitCount);
-    /// A copy of a bitmap's pixels, 24 bits deep when less than 24 are asked for, else 32.
+    /// Copies a bitmap's pixels. The section has 24 bits if `bitCount` is 24 or less, otherwise 32.
     BOOL Create(HBITMAP bitmap, WORD bitCount);
 
     BOOL IsNull() const { return m_hBitmap == nullptr; }
     /// Deletes the bitmap and keeps the header.
     void DeleteObject();
-    /// Clears every field without deleting anything.
+    /// Clears all fields without deleting the bitmap.
     void Reset();
-    /// The bitmap, which the caller owns from now on; header and bits are stale until the next Create or
-    /// Reset.
+    /// Returns the bitmap and passes its ownership to the caller. Header and bits are invalid until the next
+    /// Create or Reset.
     HBITMAP Detach();
-    /// Makes `dest` a copy. FALSE, with `dest` empty, when this is empty or there is no memory.
+    /// Copies this section to `dest`. Returns FALSE, with `dest` empty, if this section is empty or there is
+    /// not enough memory.
     BOOL CopyTo(CDibSection* dest) const;
-    /// Takes over another section's bitmap and leaves it empty; FALSE for itself.
+    /// Takes over another section's bitmap and leaves that section empty. Returns FALSE for itself.
     BOOL Transfer(CDibSection* src);
-    /// A new empty section, and a new copy; both are owned by the caller.
+    /// NewObject returns a new empty section, Clone a new copy. The caller owns both.
     CDibSection* NewObject() const;
     CDibSection* Clone() const;
 
     HBITMAP GetBitmap() const { return m_hBitmap; }
-    /// The bottom row's first byte. All that was drawn on the bitmap so far is there; after further drawing,
-    /// ask again before the bits are read.
+    /// Returns the first byte of the bottom row. Pending drawing is finished first; after further drawing,
+    /// call this again before reading the bits.
     BYTE* GetBits() const;
     /// Bytes per row.
     DWORD GetLineWidth() const { return m_nLineWidth; }
@@ -48,22 +49,22 @@ public:
     /// Bytes per pixel.
     int GetPixelWidth() const { return m_header.biBitCount / 8; }
 
-    /// The caller keeps x and y inside; row 0 is the top with `fromTop`, else the bottom. Depths other than
-    /// 24 and 32 read empty and write nothing.
+    /// x and y must be inside the image. Row 0 is the top row if `fromTop` is set, otherwise the bottom row.
+    /// In depths other than 24 and 32, GetPixel returns an empty colour and SetPixel writes nothing.
     CARGB GetPixel(int x, int y, int fromTop) const;
     BOOL SetPixel(int x, int y, const CARGB& color, int fromTop);
 
-    /// These four draw the whole image and return FALSE for an empty section or a null context. Draw keeps
-    /// the image's size, the others scale it into the rectangle. Draw and Stretch leave the context's stretch
-    /// mode at COLORONCOLOR.
+    /// These four functions draw the whole image and return FALSE for an empty section or a null context.
+    /// Draw keeps the image's size; the others scale it to the rectangle. Draw and Stretch leave the
+    /// context's stretch mode set to COLORONCOLOR.
     BOOL Draw(HDC hdc, int x, int y) const;
     BOOL Stretch(HDC hdc, const RECT& rect) const;
-    /// With `perPixel` the image's own alpha counts too, and its colours are taken as premultiplied.
+    /// If `perPixel` is set, the image's own alpha is applied too, and its colours must be premultiplied.
     BOOL AlphaBlend(HDC hdc, const RECT& rect, int perPixel, unsigned char alpha);
-    /// Leaves out the pixels of the key colour, a COLORREF.
+    /// Omits the pixels of the key colour, a COLORREF.
     BOOL TransparentBlt(HDC hdc, const RECT& rect, DWORD keyColor);
 
-    /// Writes a .bmp file; TRUE when every byte was written.
+    /// Writes a .bmp file. Returns TRUE if every byte was written.
     BOOL SaveAsBmpFile(const char* path) const;
 
 private:
@@ -71,7 +72,7 @@ private:
     const BITMAPINFO* Info() const { return reinterpret_cast<const BITMAPINFO*>(&m_header); }
 
     BITMAPINFOHEADER m_header{};
-    BYTE m_colorEntry[4]{};  // stands right after the header: together they are a BITMAPINFO
+    BYTE m_colorEntry[4]{};  // directly after the header, so that together they form a BITMAPINFO
     BYTE* m_pBits = nullptr;
     DWORD m_nLineWidth = 0;
     HBITMAP m_hBitmap = nullptr;

@@ -7,19 +7,19 @@
 
 namespace DUI {
 
-/// How an image fills a rectangle. Slices keep their order when a rectangle is smaller than its caps or
-/// corners.
+/// How an image fills a rectangle. If the rectangle is smaller than the caps or corners, the slices keep
+/// their order.
 enum IMAGE_DRAW_STYLE {
     DRAW_STYLE_NORMAL = 0,
     DRAW_STYLE_STRETCH = 1,
-    DRAW_STYLE_STRETCH_HORZ = 2,  // caps left and right keep their width
-    DRAW_STYLE_STRETCH_VERT = 3,  // caps above and below keep their height, the corner's first number
+    DRAW_STYLE_STRETCH_HORZ = 2,  // left and right caps keep their width
+    DRAW_STYLE_STRETCH_VERT = 3,  // top and bottom caps keep their height, which is the corner width
     DRAW_STYLE_SQUARD = 4,        // nine-grid
     DRAW_STYLE_TILE = 5,          // one row along the top edge
 };
 
-/// A decoded picture, shared between copies, and the way it is drawn. Pixels of 32-bit pictures are stored
-/// premultiplied by their alpha.
+/// A decoded picture, shared between copies, and its drawing style. Pixels of 32-bit pictures are stored
+/// premultiplied by alpha.
 class QVUI_API CDUIImage : public CDUIObject {
 public:
     CDUIImage() = default;
@@ -28,9 +28,10 @@ public:
     ~CDUIImage() override;
 
     std::shared_ptr<CDUIImage> CloneObject() const;
-    /// Decodes a file into the picture that all copies share. FALSE leaves it empty.
+    /// Decodes a file into the picture shared by all copies. On failure it returns FALSE, and the picture is
+    /// empty.
     BOOL CreateFromFile(const char* path);
-    /// Decodes bytes into a new picture for this image alone. The bytes stay the caller's.
+    /// Decodes bytes into a new picture that is not shared. The bytes are not owned.
     BOOL CreateFromStream(const unsigned char* data, DWORD size);
     /// The same from a resource of a module.
     BOOL CreateFromResource(HINSTANCE module, const char* name, const char* type);
@@ -51,9 +52,9 @@ public:
     int GetWidth() const;
     int GetHeight() const;
     BOOL IsNull() const;
-    /// Lets go of the picture, which the last copy frees.
+    /// Releases the picture; the last copy frees it.
     void Destory();
-    /// The decoded bitmap itself, borrowed; null without one.
+    /// Returns the decoded bitmap, or null if there is none. Not owned.
     CImage* GetRawImage() const { return m_pImage.get(); }
 
 private:
@@ -73,30 +74,31 @@ private:
     IMAGE_DRAW_STYLE m_nDrawStyle = DRAW_STYLE_NORMAL;
 };
 
-/// A strip of equally sized icons in one picture, side by side or one above the other.
+/// A strip of icons of equal size in one picture, arranged horizontally or vertically.
 class QVUI_API CDUIImageList : public CDUIImage {
 public:
     CDUIImageList() = default;
-    /// The copy is a horizontal strip whatever the source's direction; assignment keeps it.
+    /// The copy is always a horizontal strip, whatever the source's direction; assignment keeps the
+    /// direction.
     CDUIImageList(const CDUIImageList& other);
     CDUIImageList& operator=(const CDUIImageList& other);
 
-    /// Icons in the strip; 0 means 1.
+    /// Sets the number of icons in the strip; 0 is treated as 1.
     void SetItemCount(DWORD count);
     int GetItemCount() const { return m_nItemCount; }
-    /// Nonzero: icons stand one above the other.
+    /// Nonzero: the strip is vertical.
     void SetImageDirection(int vertical) { m_nDirection = vertical; }
     int GetImageDirection() const { return m_nDirection; }
-    /// The size of one icon in pixels; 0 when there are more icons than pixels.
+    /// The size of one icon in pixels; 0 if there are more icons than pixels.
     int GetIconWidth() const;
     int GetIconHeight() const;
 
     void DrawImage(HDC hdc, const RECT& dest) { CDUIImage::DrawImage(hdc, dest); }
-    /// Draws an icon; the caller passes a valid index.
+    /// Draws one icon; `index` must be valid.
     void DrawImage(HDC hdc, const RECT& dest, int index);
-    /// A new 32-bit bitmap of one icon, the caller's to delete; null for an index that is not there.
+    /// Returns a new 32-bit bitmap of one icon, which the caller deletes; null for an invalid index.
     HBITMAP GetIconBitmap(HDC hdc, int index);
-    /// A region of icon 0's pixels that are not magenta, the caller's to delete.
+    /// Returns the region of the pixels of icon 0 that are not magenta. The caller deletes it.
     HRGN GetIconRgn();
 
 protected:

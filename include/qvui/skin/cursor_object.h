@@ -5,7 +5,7 @@
 
 namespace DUI {
 
-/// One cursor. The object owns the handle, so it cannot be copied.
+/// A cursor. The object owns the handle and cannot be copied.
 class QVUI_API CCursorObject : public CDUIObject {
 public:
     CCursorObject();
@@ -13,12 +13,13 @@ public:
     CCursorObject& operator=(const CCursorObject&) = delete;
     ~CCursorObject() override;
 
-    /// Both load the cursor in its own size, 1 on success. An earlier cursor is gone either way.
+    /// Both functions load the cursor at its own size and return 1 on success. The previous cursor is
+    /// released in any case.
     int CreateFromFile(const char* path);
-    /// `id` is a decimal text, the low 16 bits of its value the resource's integer id.
+    /// `id` is a decimal number whose low 16 bits are the integer id of the resource.
     int CreateFromResource(HINSTANCE module, const char* id);
 
-    /// Borrowed; valid until another cursor is loaded or the object goes.
+    /// Not owned; valid until another cursor is loaded or the object is destroyed.
     HCURSOR GetCursor() const { return m_hCursor; }
     int IsNull() const { return m_hCursor == nullptr; }
     /// A name for the application's use; the library does not set it.

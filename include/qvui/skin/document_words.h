@@ -6,20 +6,20 @@
 
 namespace DUI {
 
-/// A word that a skin document may hold, and the number that it stands for.
+/// A keyword of skin documents and its value.
 struct DocumentWord {
     const char* word;
     int value;
 };
 
-/// The words of one attribute, in the order in which they are looked for.
+/// The keywords of one attribute, in search order.
 struct DocumentWords {
     const DocumentWord* first = nullptr;
     const DocumentWord* last = nullptr;
 
     const DocumentWord* begin() const { return first; }
     const DocumentWord* end() const { return last; }
-    /// The number of the word that the whole text is, in any letter case.
+    /// Returns the value of the word that equals `text`, ignoring case, or `otherwise` if there is none.
     int Find(std::string_view text, int otherwise) const
     {
         for (const DocumentWord& entry : *this)
@@ -29,10 +29,10 @@ struct DocumentWords {
     }
 };
 
-/// Where a document, picture or cursor comes from.
+/// The source of a document, picture or cursor.
 enum class DocumentSource { None, File, Dll, Exe };
 
-/// "config_type" of every entry that names a file or resource: DocumentSource.
+/// "config_type" of entries that name a file or resource: DocumentSource.
 QVUI_API DocumentWords SourceWords();
 inline DocumentSource SourceOf(std::string_view configType)
 {
@@ -41,12 +41,13 @@ inline DocumentSource SourceOf(std::string_view configType)
 }
 /// "drawstyle" of an image: IMAGE_DRAW_STYLE.
 QVUI_API DocumentWords DrawStyleWords();
-/// "direction" of an image: whether its icons stand one above the other.
+/// "direction" of an image: whether its icons are arranged vertically.
 QVUI_API DocumentWords DirectionWords();
-/// "back_image_pos" of a frame style: CFrameBKImagePos::kind. The first that occurs in the value counts.
+/// "back_image_pos" of a frame style: CFrameBKImagePos::kind. The first word that occurs in the value is
+/// used.
 QVUI_API DocumentWords ImagePositionWords();
-/// "format" of a text style: bits of DrawTextA. All that occur in the value count; none occurs inside
-/// another.
+/// "format" of a text style: flags of DrawTextA. All words that occur in the value are combined; no word
+/// contains another one.
 QVUI_API DocumentWords TextFormatWords();
 
 }  // namespace DUI

@@ -5,34 +5,34 @@
 
 namespace DUI {
 
-/// One platform font and the description it is made from. Setters change the description alone; the font
-/// follows with the next CreateFontA. The object owns the handle, so it cannot be copied.
+/// A platform font and its description. Setters change only the description; the next CreateFontA applies it.
+/// The object owns the handle and cannot be copied.
 class QVUI_API CFontObject : public CDUIObject {
 public:
-    /// No font yet; the description is the system's default GUI font in the character set of the system's
-    /// language.
+    /// Starts without a font. The description is that of the system's default GUI font, with the character
+    /// set of the system's language.
     CFontObject();
     CFontObject(const CFontObject&) = delete;
     CFontObject& operator=(const CFontObject&) = delete;
     ~CFontObject() override;
 
-    /// Makes the font anew; 1 when there is one, 0 with the handle null otherwise. An earlier handle is gone
-    /// either way.
+    /// Creates the font from the description. Returns 1 on success; on failure returns 0, and the handle is
+    /// null. The previous handle is released in any case.
     int CreateFontA();
-    /// Borrowed; valid until the font is made anew or the object goes.
+    /// Not owned; valid until the font is created again or the object is destroyed.
     HFONT GetFont() const { return m_hFont; }
-    /// 0 before the first CreateFontA, which gives each font that it makes another number in the process: for
-    /// those who remember what they measured with it.
+    /// A process-wide number that identifies the font created last, or 0 before the first CreateFontA. Use it
+    /// to invalidate cached measurements.
     unsigned GetVersion() const { return m_nVersion; }
     int IsNull() const { return m_hFont == nullptr; }
 
-    /// As in the platform's LOGFONT: negative is the em size in pixels, positive the cell height.
+    /// As lfHeight of LOGFONT: negative is the em size in pixels, positive the cell height in pixels.
     void SetHeight(int height) { m_logFont.lfHeight = height; }
     void SetWeight(int weight) { m_logFont.lfWeight = weight; }
     void SetItalic(int italic) { m_logFont.lfItalic = static_cast<BYTE>(italic); }
     void SetUnderline(int underline) { m_logFont.lfUnderline = static_cast<BYTE>(underline); }
     void SetStrikeout(int strikeout) { m_logFont.lfStrikeOut = static_cast<BYTE>(strikeout); }
-    /// Keeps the first 30 bytes, or fewer so that no character is split; null is ignored.
+    /// Keeps the first 30 bytes, or fewer if a character would be split. Null is ignored.
     void SetFaceName(const char* name);
 
     int GetHeight() const { return m_logFont.lfHeight; }

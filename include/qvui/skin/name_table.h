@@ -10,8 +10,8 @@
 
 namespace DUI {
 
-/// Values by name. A name matches byte for byte, in constant time; where order matters it is CStrLessCmp's
-/// (names that it ties stand in byte order). Pointers to values stay valid until the table is cleared.
+/// A hash table of values by name. Names are compared byte for byte. Where order matters, it is that of
+/// CStrLessCmp, with ties in byte order. Pointers to values stay valid until the table is cleared.
 template <class T>
 class CNameTable {
 public:
@@ -21,9 +21,9 @@ public:
         return found ? &m_entries[found - 1].value : nullptr;
     }
     const T* Find(const CString& name) const { return const_cast<CNameTable*>(this)->Find(name); }
-    /// The value of that name, made empty when it is new.
+    /// Returns the value of a name, inserting an empty one if the name is new.
     T& operator[](const CString& name) { return Place(name, T()).first; }
-    /// False, and nothing changes, when the name is there already.
+    /// Returns false, with nothing changed, if the name exists already.
     bool Add(const CString& name, T value) { return Place(name, std::move(value)).second; }
 
     bool IsEmpty() const { return m_entries.empty(); }
@@ -32,7 +32,7 @@ public:
         m_slots.clear();
         m_entries.clear();
     }
-    /// The value whose name comes first; null for an empty table. Looks at every name.
+    /// Returns the value whose name is first in order, or null if the table is empty. Takes linear time.
     const T* First() const
     {
         const Entry* first = nullptr;
@@ -56,7 +56,7 @@ private:
         return less(left, right) || (!less(right, left) && left < right);
     }
 
-    /// The slot of that name, or the free one where it belongs.
+    /// Returns the slot of a name, or the free slot in which to insert it.
     std::size_t SlotOf(std::string_view name, std::size_t hash) const
     {
         const std::size_t mask = m_slots.size() - 1;
@@ -70,7 +70,7 @@ private:
         return slot;
     }
 
-    /// The value of that name, the given one when it is new, and whether it is.
+    /// Returns the value of a name, inserting the given one if the name is new, and whether it was new.
     std::pair<T&, bool> Place(const CString& name, T value)
     {
         if (m_entries.size() * 2 >= m_slots.size())
@@ -94,7 +94,8 @@ private:
     }
 
     std::deque<Entry> m_entries;
-    std::vector<std::uint32_t> m_slots;  // of an entry its number, counted from 1; at least half are free
+    std::vector<std::uint32_t> m_slots;  // entry numbers starting at 1, 0 for a free slot; at least half are
+                                         // free
 };
 
 }  // namespace DUI

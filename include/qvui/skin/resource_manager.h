@@ -14,24 +14,24 @@ namespace DUI {
 
 class CXmlDocument;
 
-/// Whether fonts may use the YaHei face; where not, the string "ids_def_font_txt_name" names the face
-/// instead. One flag for the process, on at the start, read whenever a font is made. Applications know it as
+/// Whether fonts may use the YaHei face. If not, the string "ids_def_font_txt_name" names the face to use
+/// instead. A process-wide flag, initially on, that is read when a font is created. Applications use it as
 /// CDUIApp::m_bEanbleYahi.
 class QVUI_API CYaHeiFlag {
 public:
     static BOOL m_bEanbleYahi;
 };
 
-/// Everything that one skin manager has loaded, by name: strings, templates, colours, the records of images,
-/// fonts and cursors with the objects made from them, and the style sets.
+/// All objects loaded by one skin manager, by name: strings, templates, colours, the records of images, fonts
+/// and cursors with the objects created from them, and the style sets.
 ///
-/// Objects are made on first use and shared. Loading another document over the tables updates records, image
-/// lists and style objects of the same name in place; an image list takes over the new picture and keeps the
-/// count, direction, style and corner that it was made with, and fonts and cursors that were made stay. Names
-/// match exactly. Operations that return int give 1 for success; a document that cannot be read or is not
-/// well formed gives 0 and changes nothing. Within a document the sets of one kind must stand before those of
-/// the next: colours, cursors, fonts, images; menus, windows, plug-ins; text, frame and control styles. A set
-/// behind one of a later kind is not seen.
+/// Objects are created on first use and shared. Loading another document over the tables updates records,
+/// image lists and style objects of the same name in place. An image list takes over the new picture but
+/// keeps its count, direction, style and corner; fonts and cursors that already exist are not changed. Names
+/// match exactly. Operations that return int return 1 for success; a document that cannot be read or is not
+/// well-formed returns 0 and changes nothing. Within a document, the kinds of sets must occur in this order:
+/// colours, cursors, fonts, images; menus, windows, plug-ins; text, frame and control styles. A set after one
+/// of a later kind is ignored.
 class QVUI_API CResMgr {
 public:
     CResMgr() = default;
@@ -49,47 +49,48 @@ public:
     int ParseStyleResource(const CString& xml);
 
     void ClearAllString();
-    /// Colours, cursors, fonts and images, and the default font.
+    /// Clears colours, cursors, fonts and images, and the default font.
     void ClearDUIResource();
-    /// Templates, plug-ins and all three kinds of styles.
+    /// Clears templates, plug-ins and all three kinds of styles.
     void ClearTemplate();
-    /// The text styles alone.
+    /// Clears only the text styles.
     void ClearStyleResource();
     void SetPackageFile(const CString& file);
 
-    /// A string of the language, or the text after a leading "#". 0 leaves `text` as it was.
+    /// Gets a string of the language, or the text after a leading "#". Returns 0, with `text` unchanged, if
+    /// there is none.
     int GetString(const CString& id, CString& text) const;
-    /// A literal colour or one of the colour set; the empty colour for an unknown name.
+    /// Returns a literal colour or a named one, or the empty colour for an unknown name.
     CARGB GetColor(const CString& name) const;
-    /// 0 leaves `color` as it was.
+    /// Returns 0, with `color` unchanged, for an unknown name.
     int GetColor(const CString& name, CARGB& color) const;
     int GetColorFromString(const CString& text, CARGB& color) const;
 
-    /// Share 1: the object of the record, made on first use; 0: a new one on each call. Null for an unknown
-    /// name.
+    /// `share` 1 returns the shared object of the record, created on first use; 0 returns a new object on
+    /// each call. Null for an unknown name.
     CDUIImageListPtr GetImage(const CString& name, int share);
     CRefPtr<CCursorObject> GetCursor(const CString& name, int share);
-    /// An empty or unknown name gives the default font.
+    /// Returns the default font for an empty or unknown name.
     CRefPtr<CFontObject> GetFont(const CString& name, int share);
-    /// The font marked as default; else the first record's, null while that one is not made; without any
-    /// record the system's.
+    /// Returns the font marked as default; otherwise that of the first record, or null until it has been
+    /// created; without any record, the system's.
     CRefPtr<CFontObject> GetDefaultFont();
 
-    /// The entry's XML text. 0 leaves `xml` as it was.
+    /// Gets the entry's XML text. Returns 0, with `xml` unchanged, for an unknown name.
     int GetWindowTemplate(const CString& name, CString& xml) const;
     int GetMenuTemplate(const CString& name, CString& xml) const;
     int GetPlugin(const CString& name, CString& xml) const;
     int GetControlStyle(const CString& name, CString& xml) const;
-    /// An empty or unknown name gives the default style, which is never null.
+    /// Returns the default style for an empty or unknown name; never null.
     CRefPtr<CTextStyle> GetTextStyle(const CString& name);
     CRefPtr<CTextStyle> GetDefaultTextStyle();
-    /// Null for an unknown name.
+    /// Returns null for an unknown name.
     CRefPtr<CDUIFrameBK> GetFrameBK(const CString& name) const;
 
-    /// The DrawText flags whose names occur in the text, in any letter case and with any separators.
+    /// Returns the DrawText flags whose names occur in the text, ignoring case, with any separators.
     static DWORD ParseTextFormat(const CString& format);
-    /// One to three colours separated by ",": start, end, middle; a third "," ends the third. Nothing changes
-    /// when the first has no value.
+    /// Reads one to three colours separated by ",": start, end, middle; a third "," ends the third colour.
+    /// Nothing is changed if the first is not a colour.
     void ParseFrameBKAttriColors(const CString& colors, const CRefPtr<CDUIFrameBK>& frame) const;
     void ParseFrameBKImagePos(const CString& position, const CRefPtr<CDUIFrameBK>& frame) const;
 
@@ -99,12 +100,12 @@ protected:
     CRefPtr<CCursorObject> CreateCursor(const CRefPtr<CResourceCursorData>& record);
 
 private:
-    /// Reads one entry, the cursor's child.
+    /// Reads the entry that is the document's current child.
     using ReadEntry = void (CResMgr::*)(CXmlDocument& xml);
     using ReadDocument = void (CResMgr::*)(CXmlDocument& xml);
     int Load(const CResourceFileInfo& info, ReadDocument read);
     int Parse(const CString& xml, ReadDocument read);
-    /// Reads every entry of every set of the document, each kind of set with its reader; these stand in the
+    /// Reads every entry of every set of the document. `readers` has one reader for each kind of set, in the
     /// order of the schema.
     void ReadSets(CXmlDocument& xml, DocumentKind document, std::initializer_list<ReadEntry> readers);
 

@@ -6,7 +6,7 @@
 namespace DUI {
 
 /// How a control draws its text: DrawText flags, and a font and a colour for each state. A skin switch
-/// changes styles in place, so whoever holds one sees the new values. A copy shares the fonts.
+/// changes styles in place, so every holder of a style gets the new values. A copy shares the fonts.
 class QVUI_API CTextStyle : public CDUIObject {
 public:
     void SetTextFormat(DWORD format) { m_nFormat = format; }
@@ -17,7 +17,7 @@ public:
     void SetSelectFont(CRefPtr<CFontObject> font) { m_pSelectFont = std::move(font); }
     void SetDisableFont(CRefPtr<CFontObject> font) { m_pDisableFont = std::move(font); }
     CRefPtr<CFontObject> GetNormalFont() const { return m_pNormalFont; }
-    /// The font's version (see CFontObject), without taking a share of it; 0 without a font.
+    /// Returns the font's version (see CFontObject) without sharing ownership; 0 without a font.
     unsigned GetNormalFontVersion() const { return m_pNormalFont.IsNull() ? 0 : m_pNormalFont->GetVersion(); }
     CRefPtr<CFontObject> GetHoverFont() const { return m_pHoverFont; }
     CRefPtr<CFontObject> GetSelectFont() const { return m_pSelectFont; }

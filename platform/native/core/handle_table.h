@@ -7,14 +7,14 @@
 
 namespace qvui::native {
 
-/// Hands out handles for shared objects of one family (windows, device contexts, GDI objects, modules, …).
+/// Allocates handles for shared objects of one family (windows, device contexts, GDI objects, modules, …).
 ///
-/// A handle is never the address of the object: it names a slot and the slot's generation, so a handle that
-/// outlived its object is recognised (until the slot has been reused 2^16 times) and looks up as null.
-/// `Family` keeps the handles of different tables apart: a window handle never looks up in the font table.
+/// A handle is never the address of the object. It encodes a slot and the slot's generation, so a handle that
+/// outlived its object is detected (until the slot has been reused 2^16 times) and looks up as null. `Family`
+/// separates the handles of different tables: a window handle is never valid in the font table.
 ///
-/// The tables, like all that the layer keeps between calls, are never destroyed: an application may have
-/// global objects that still ask about their windows while the process ends.
+/// The tables, like all state that the platform layer keeps between calls, are never destroyed: an
+/// application may have global objects that use their windows while the process exits.
 template <class Object, std::uint8_t Family>
 class HandleTable {
 public:
@@ -34,21 +34,21 @@ public:
         return Encode(index, m_slots[index].generation);
     }
 
-    /// The object of `handle`, or null for a null, stale or foreign handle.
+    /// Returns the object of `handle`, or null if the handle is null, invalid or of another family.
     std::shared_ptr<Object> Find(const void* handle) const
     {
         const Slot* slot = SlotOf(handle);
         return slot ? slot->object : nullptr;
     }
 
-    /// As Find, without taking a share; valid while the handle lives.
+    /// As Find, without sharing ownership. The pointer is valid while the handle is.
     Object* Peek(const void* handle) const
     {
         const Slot* slot = SlotOf(handle);
         return slot ? slot->object.get() : nullptr;
     }
 
-    /// Ends the handle and returns the object that it named (null when it named none).
+    /// Invalidates the handle and returns its object, or null if it had none.
     std::shared_ptr<Object> Remove(const void* handle)
     {
         Slot* slot = const_cast<Slot*>(SlotOf(handle));
@@ -60,7 +60,7 @@ public:
         return std::exchange(slot->object, nullptr);
     }
 
-    /// Handles that have been handed out and not been removed.
+    /// Returns the number of handles that are valid.
     std::size_t LiveCount() const { return m_live; }
 
     /// Calls `visit(handle, object)` for every live handle; `visit` must not insert or remove.
@@ -78,8 +78,8 @@ private:
         std::uint16_t generation = 1;
     };
 
-    // Bits: 2..25 slot + 1, 26..29 family, 30..45 generation; the low two stay clear, as in real handles, and
-    // the low 32 bits alone tell most handles apart, for code that prints them with %u.
+    // Bits: 2..25 slot + 1, 26..29 family, 30..45 generation. The low two bits are zero, as in the platform's
+    // handles, and the low 32 bits are enough to distinguish most handles in code that prints them with %u.
     static void* Encode(std::uint32_t index, std::uint16_t generation)
     {
         const std::uintptr_t value = (static_cast<std::uintptr_t>(index + 1) << 2) |

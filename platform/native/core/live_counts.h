@@ -4,7 +4,7 @@
 
 namespace qvui::native {
 
-/// How many objects of each family are alive, for leak checks. Stock objects do not count.
+/// The number of live objects of each family, for leak checks. Stock objects are not counted.
 struct LiveCounts {
     std::size_t windows = 0;
     std::size_t deviceContexts = 0;
@@ -16,14 +16,14 @@ struct LiveCounts {
     bool operator==(const LiveCounts&) const = default;
 };
 
-/// The counts at this moment.
+/// Returns the current counts.
 LiveCounts CountLiveObjects();
 
-/// Each family registers the function that counts it, once, at start-up.
+/// Registers the function that counts a family. Each family calls this once, at start-up.
 using CountFunction = std::size_t (*)();
 bool RegisterLiveCount(std::size_t LiveCounts::*family, CountFunction count);
 
-/// Objects that are kept for the life of the process are no leaks.
+/// Excludes objects that are kept for the life of the process from the counts.
 void LeaveOutOfLiveCounts(std::size_t LiveCounts::*family, std::size_t count);
 
 }  // namespace qvui::native

@@ -13,46 +13,46 @@
 
 namespace qvui::native {
 
-/// How a top-level window wants to appear.
+/// Appearance and behaviour of a top-level window.
 struct SurfaceOptions {
-    bool isDecorated = false;  // the display draws caption and borders around it
+    bool isDecorated = false;  // the display draws a caption and borders around it
     bool isSizable = false;
-    bool isPopup = false;    // takes no place in a task list
-    bool isPassive = false;  // a popup that never takes the keyboard, not even when it is shown
-    bool isLayered = false;  // its pixels carry (premultiplied) alpha
-    HWND owner = nullptr;    // the window that it belongs to
+    bool isPopup = false;    // not shown in a task list
+    bool isPassive = false;  // a popup that never receives the keyboard focus, not even when shown
+    bool isLayered = false;  // its pixels have (premultiplied) alpha
+    HWND owner = nullptr;    // the window that it belongs to and stays above
     std::string title;       // UTF-8
 };
 
-/// One of the screens that the desktop spans.
+/// One screen of the desktop.
 struct Screen {
     RECT bounds{};
-    RECT workArea{};  // without what belongs to the desktop itself, like its task bar
+    RECT workArea{};  // excludes areas reserved by the desktop, such as a task bar
 };
 
-/// What a display driver reports; coordinates are screen pixels. The user layer implements it.
+/// Receives the events of a display driver; implemented by the user layer. Coordinates are screen pixels.
 class InputSink {
 public:
     virtual ~InputSink() = default;
     virtual void OnPointer(POINT screen) = 0;
     virtual void OnPointerLeft() = 0;
-    /// `button`: VK_LBUTTON, VK_RBUTTON or VK_MBUTTON.
+    /// `button` is VK_LBUTTON, VK_RBUTTON or VK_MBUTTON.
     virtual void OnButton(int button, bool isDown) = 0;
-    /// In units of WHEEL_DELTA per notch; positive away from the user.
+    /// `delta` is in units of WHEEL_DELTA per notch; positive away from the user.
     virtual void OnWheel(int delta) = 0;
     virtual void OnKey(int virtualKey, bool isDown) = 0;
-    /// Text that was typed, UTF-8: right after the press that typed it, or by itself from an input method.
+    /// Typed text, UTF-8: directly after the key press that produced it, or on its own from an input method.
     virtual void OnText(const std::string& utf8) = 0;
     virtual void OnMoved(HWND window, const RECT& screen) = 0;
     virtual void OnMinimised(HWND window, bool isMinimised) = 0;
     virtual void OnClose(HWND window) = 0;
-    /// The display gave the keyboard to one of our windows, or took it away (null).
+    /// One of our windows received the keyboard focus, or all of them lost it (null).
     virtual void OnActivated(HWND window) = 0;
     virtual void OnExposed(HWND window) = 0;
 };
 
-/// What stands between the window system here and the screen. A driver shows surfaces and reports input; it
-/// knows nothing of messages, focus or paint order. Windows are named by their handles.
+/// Interface between the user layer and a screen. A driver shows surfaces and reports input; it knows nothing
+/// of messages, focus or paint order. Windows are identified by their handles.
 class Display {
 public:
     virtual ~Display() = default;
@@ -62,30 +62,30 @@ public:
     virtual void Move(HWND window, const RECT& screen) = 0;
     virtual void Show(HWND window, bool isShown) = 0;
     virtual void Minimise(HWND window, bool isMinimised) = 0;
-    /// Puts a window above all others; the keyboard stays where it is.
+    /// Raises a window above all others without changing the keyboard focus.
     virtual void Raise(HWND window) = 0;
-    /// Gives a window the keyboard.
+    /// Gives a window the keyboard focus.
     virtual void Activate(HWND window) = 0;
     virtual void SetTitle(HWND window, const std::string& utf8) = 0;
-    /// Gives the window an outline; null takes it away.
+    /// Clips the window to a shape; null removes the shape.
     virtual void SetShape(HWND window, const Region* shape) = 0;
     virtual void SetOpacity(HWND window, std::uint8_t alpha) = 0;
-    /// Shows a part of the window's surface, in window coordinates.
+    /// Shows the part `damage` of the window's surface, in window coordinates.
     virtual void Present(HWND window, const Surface& surface, const RECT& damage) = 0;
-    /// A system cursor's number (IDC_*), 0 for none.
+    /// Shows a system cursor (IDC_* number), or none for 0.
     virtual void SetCursorShape(int systemCursor) = 0;
-    /// A cursor of its own pixels (straight alpha).
+    /// Shows an application-defined cursor (straight alpha).
     virtual void SetCursorImage(const Surface& pixels, POINT hotSpot) = 0;
-    /// Where the pointer is, also while it is over none of our windows.
+    /// Returns the screen position of the pointer, even if it is over none of our windows.
     virtual POINT Pointer() = 0;
     virtual void SetPointer(POINT screen) = 0;
     virtual void Capture(bool isCaptured) = 0;
     virtual std::string ClipboardText() = 0;
     virtual void SetClipboardText(const std::string& utf8) = 0;
-    /// Reports input until there was some or `milliseconds` (-1: no limit) have passed.
+    /// Waits for input and reports it; returns after `milliseconds` (-1: no limit) if there is none.
     virtual void Wait(int milliseconds, InputSink& sink) = 0;
     virtual SIZE ScreenSize() = 0;
-    /// The main screen first; never empty.
+    /// Returns the screens, the primary one first; never empty.
     virtual std::vector<Screen> Screens()
     {
         const SIZE size = ScreenSize();
@@ -93,15 +93,15 @@ public:
     }
 };
 
-/// The driver in use; chosen at the first call.
+/// Returns the driver in use, which the first call selects.
 Display& TheDisplay();
-/// Puts a driver in place of the chosen one, before any window exists.
+/// Replaces the selected driver. Call before any window exists.
 void UseDisplay(std::unique_ptr<Display> display);
-/// Where drivers report to.
+/// Returns the sink that drivers report to.
 InputSink& TheInputSink();
 
 std::unique_ptr<Display> MakeHeadlessDisplay();
-/// Null when no screen can be reached.
+/// Returns null if no screen is available.
 std::unique_ptr<Display> MakeSdlDisplay();
 
 }  // namespace qvui::native

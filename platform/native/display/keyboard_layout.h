@@ -4,8 +4,8 @@
 
 namespace qvui::native {
 
-/// What a key types on a plain (US) keyboard, where no real one says it: letters, digits, the space bar and
-/// the number pad. 0 for a key that types nothing.
+/// Returns the character that a key types on a US keyboard, for input without a real keyboard: letters,
+/// digits, the space bar and the number pad. Returns 0 for a key that types nothing.
 constexpr char UsCharacter(int virtualKey, bool isShifted)
 {
     constexpr char kShiftedDigits[] = ")!@#$%^&*(";

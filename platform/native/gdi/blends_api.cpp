@@ -1,4 +1,4 @@
-// AlphaBlend: premultiplied pixels over others, and plain ones weighed by a constant.
+// AlphaBlend: blends premultiplied pixels, or plain pixels with a constant alpha.
 
 #include <algorithm>
 #include <memory>
@@ -30,7 +30,8 @@ bool IsBrighterThanItsAlpha(std::uint32_t pixel)
     return (pixel & 0xFF) > alpha || (pixel >> 8 & 0xFF) > alpha || (pixel >> 16 & 0xFF) > alpha;
 }
 
-// "Over" for a pixel that is brighter than its alpha allows: a sum beyond 255 spills into the next channel.
+// "Over" for a source pixel whose colour exceeds its alpha: a channel sum above 255 carries into the next
+// channel.
 std::uint32_t OverSpilling(std::uint32_t source, std::uint32_t destination, std::uint32_t constantAlpha)
 {
     const auto share = [](std::uint32_t value, std::uint32_t weight) { return (value * weight + 127) / 255; };
@@ -42,8 +43,8 @@ std::uint32_t OverSpilling(std::uint32_t source, std::uint32_t destination, std:
     return result;
 }
 
-// One pixel that fills a rectangle. Pictures are premultiplied when they are loaded, so only a fill's colour
-// may be brighter than its alpha.
+// Whether one pixel whose colour exceeds its alpha is stretched over a rectangle. Pictures are premultiplied
+// when they are loaded, so only a fill colour can exceed its alpha.
 bool IsSpillingFill(const Blit& blit)
 {
     const RECT from = blit.Origin();
@@ -51,7 +52,7 @@ bool IsSpillingFill(const Blit& blit)
            IsBrighterThanItsAlpha(blit.source->Row32(from.top)[from.left]);
 }
 
-// Premultiplied "over" with a constant alpha; pixman's rounding is the platform's, bit for bit.
+// Premultiplied "over" with a constant alpha. pixman rounds exactly as the platform does.
 void BlendPremultiplied(const Blit& blit, BYTE alpha)
 {
     const Image mask = MaskOf(alpha);
@@ -71,8 +72,8 @@ void BlendPremultiplied(const Blit& blit, BYTE alpha)
     }
 }
 
-// The same, scaled into 32-bit pixels row by row: rows that repeat are scaled once, and rows of one colour
-// not at all.
+// The same, scaled into 32-bit pixels row by row. Repeated rows are scaled only once; rows of a single colour
+// are not scaled at all.
 void BlendScaled(const Blit& blit, BYTE alpha)
 {
     const Surface& target = blit.target->Target();
@@ -103,8 +104,8 @@ void BlendScaled(const Blit& blit, BYTE alpha)
     });
 }
 
-// Two channels at once, one in each half of the number: (s * alpha + d * (255 - alpha) + 127) / 255. No half
-// overflows into the other, and the division is exact for all numbers that occur.
+// Mixes two channels at once, one in each 16-bit half of the number: (s * alpha + d * (255 - alpha) + 127) /
+// 255. Neither half overflows into the other, and the division is exact for all values that occur.
 std::uint32_t MixHalves(std::uint32_t source, std::uint32_t destination, std::uint32_t alpha)
 {
     constexpr std::uint32_t kHalves = 0x00FF00FF;
@@ -113,7 +114,7 @@ std::uint32_t MixHalves(std::uint32_t source, std::uint32_t destination, std::ui
     return ((sum + 0x00010001 + ((sum >> 8) & kHalves)) >> 8) & kHalves;
 }
 
-// Weighs colours that carry no alpha of their own.
+// Blends pixels without an alpha channel by a constant alpha.
 void BlendConstant(const Blit& blit, std::uint32_t alpha)
 {
     JoinScaled(blit, Sampling::Point, [alpha](std::uint32_t source, std::uint32_t destination) {

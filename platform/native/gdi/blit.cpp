@@ -1,4 +1,4 @@
-// Copies between surfaces: plain, scaled and colour-keyed.
+// Copies between surfaces: unscaled, scaled and colour-keyed.
 
 #include "native/gdi/blit.h"
 
@@ -34,7 +34,7 @@ void MoveRows(std::uint8_t* to, std::ptrdiff_t toStep, const std::uint8_t* from,
         std::memmove(to, from, bytes);
 }
 
-// Row by row in the order that keeps an overlapping source intact.
+// Copies rows in the order that preserves the source when source and target overlap.
 void MovePixels(const Blit& blit)
 {
     const Surface& target = blit.target->Target();
@@ -50,7 +50,7 @@ void MovePixels(const Blit& blit)
     });
 }
 
-// Straight into the target's rows, which have 32 bits.
+// Scales directly into the target's rows, which have 32 bits per pixel.
 void ScaleIntoTarget(const Blit& blit, Sampling sampling)
 {
     const Surface& target = blit.target->Target();
@@ -74,7 +74,7 @@ Sampling SamplingOf(const Blit& blit)
     }
 }
 
-// Null when there is no room for it.
+// Returns null if there is not enough memory.
 std::shared_ptr<Surface> CopyOf(const Surface& surface)
 {
     auto copy = Surface::Create(surface.width, surface.height, 32, false);

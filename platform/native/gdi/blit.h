@@ -6,14 +6,14 @@
 
 namespace qvui::native {
 
-/// A copy from a rectangle of one surface to one of another.
+/// A copy from a rectangle of one surface to a rectangle of another.
 struct Blit {
     DeviceContext* target;
     const Surface* source;
     AxisMap columns;
     AxisMap rows;
 
-    /// The rectangles in surface coordinates of the target and of the source, normalised.
+    /// The rectangles in coordinates of the target and source surfaces, normalised.
     RECT Destination() const
     {
         return {columns.destination, rows.destination, columns.destination + columns.length,
@@ -25,31 +25,32 @@ struct Blit {
                 rows.source + rows.sourceLength};
     }
     bool IsEmpty() const { return columns.IsEmpty() || rows.IsEmpty(); }
-    /// Whether every pixel is copied to one pixel, in order.
+    /// Whether each source pixel maps to exactly one target pixel, in order.
     bool IsUnscaled() const { return columns.IsUnscaled() && rows.IsUnscaled(); }
     bool Shrinks() const { return columns.Shrinks() || rows.Shrinks(); }
     bool IsInsideSource() const { return source->Contains(Origin()); }
-    /// From a destination pixel to its source pixel, when nothing is scaled.
+    /// The offset from a target pixel to its source pixel, for an unscaled copy.
     POINT Shift() const { return {columns.source - columns.destination, rows.source - rows.destination}; }
 };
 
-/// Both rectangles in surface coordinates; negative extents mirror.
+/// Prepares a copy between rectangles in surface coordinates; negative extents mirror.
 Blit PrepareBlit(DeviceContext& target, const RECT& to, const Surface& source, const RECT& from);
 
-/// The same between two contexts, in their logical coordinates; nothing when one of them is none.
+/// The same between two contexts, in their logical coordinates. Returns nothing if either handle is invalid.
 std::optional<Blit> PrepareBlit(HDC dc, int x, int y, int width, int height, HDC source, int sourceX,
                                 int sourceY, int sourceWidth, int sourceHeight);
 
-/// Copies with a raster operation, scaled by the target's stretch mode; within one surface as if from a copy.
+/// Copies with a raster operation, scaling by the target's stretch mode. Overlapping source and target are
+/// handled as if the source were copied first.
 void DrawBlit(const Blit& blit, DWORD operation);
 
-/// A surface of 32-bit pixels for what is scaled to a width: as wide where possible, and small enough to stay
-/// in the processor's cache until it has been drawn.
+/// Returns a surface of 32-bit pixels, reused by all scaled copies: as wide as `width` where possible, and
+/// small enough to stay in the processor's cache until it is drawn.
 constexpr int kWidestTile = 2048;
 Surface& ScalingTile(int width);
 
-/// Scales the source tile by tile and calls `write(area, tile)` for each: a rectangle of the target that may
-/// be touched, and the surface that holds its pixels in the upper left corner.
+/// Scales the source in tiles and calls `write(area, tile)` for each: a drawable rectangle of the target, and
+/// the surface that holds its pixels in the upper left corner.
 template <class Write>
 void ForEachTile(const Blit& blit, Sampling sampling, Write write)
 {
@@ -65,7 +66,7 @@ void ForEachTile(const Blit& blit, Sampling sampling, Write write)
     });
 }
 
-/// Scales, and makes every pixel of the target what `join(source pixel, target pixel)` answers.
+/// Scales, and sets every target pixel to `join(source pixel, target pixel)`.
 template <class Join>
 void JoinScaled(const Blit& blit, Sampling sampling, Join join)
 {

@@ -16,7 +16,7 @@ BOOL BitBlt(HDC dc, int x, int y, int width, int height, HDC source, int sourceX
     DeviceContext* from = LookUpContext(source);
     if (!from)
         return FALSE;
-    // Only what the source has is copied.
+    // Only the part that lies inside the source surface is copied.
     const RECT wanted = from->ToSurface(sourceX, sourceY, width, height);
     const RECT available = Intersection(wanted, from->Target().Bounds());
     if (IsEmptyRect(available))
@@ -49,8 +49,8 @@ BOOL TransparentBlt(HDC dc, int x, int y, int width, int height, HDC source, int
         return FALSE;
     if (blit->IsEmpty())
         return TRUE;
-    // A key with a high byte is no colour, except that of a colour given by its parts. All pixels lose their
-    // alpha.
+    // A key with a high byte matches nothing, unless it is marked as an RGB value by kByParts. Copied pixels
+    // lose their alpha.
     constexpr std::uint32_t kColourBits = 0x00FFFFFF;
     constexpr UINT kByParts = 0x02000000;
     const bool isColour = (key & ~kColourBits & ~kByParts) == 0;

@@ -10,15 +10,15 @@
 
 namespace qvui::native {
 
-/// Coordinates may be absurd: skins and applications give them. Beyond this one nothing shows, and up to it
-/// products of two fit in 64 bits.
+/// Skins and applications can pass any coordinates. Nothing beyond this coordinate is visible, and up to it
+/// the product of two coordinates fits in 64 bits.
 constexpr int kFarthest = 1 << 28;
 constexpr int Saturated(std::int64_t coordinate)
 {
     return static_cast<int>(std::clamp<std::int64_t>(coordinate, -kFarthest, kFarthest));
 }
 
-/// What a device context selects and remembers; SaveDC copies it.
+/// The selected objects and attributes of a device context; SaveDC copies them.
 struct ContextState {
     HBITMAP bitmap = nullptr;
     HBRUSH brush = nullptr;
@@ -37,28 +37,30 @@ struct ContextState {
     int dashPhase = 0;
     POINT viewport{0, 0};
     std::optional<Region> clip;  // device coordinates
-    std::optional<Region> meta;  // SetMetaRgn: limits drawing as the clip does; device coordinates
+    std::optional<Region> meta;  // set by SetMetaRgn; limits drawing like the clip; device coordinates
 };
 
-/// A place to draw: a surface, the part of it that may be touched, and a state. Device coordinates start at
-/// `origin` in the surface; logical ones at the viewport origin in those.
+/// A drawing target: a surface, the part of it that may be drawn on, and a state. The origin of device
+/// coordinates is at `origin` in the surface; the origin of logical coordinates is the viewport origin in
+/// device coordinates.
 class DeviceContext {
 public:
     DeviceContext(std::shared_ptr<Surface> target, POINT originInSurface, Region visibleRegion);
 
     Surface& Target() const { return *m_target; }
     const std::shared_ptr<Surface>& TargetShare() const { return m_target; }
-    /// For memory contexts: draws on another bitmap from now on.
+    /// Replaces the surface; for memory contexts.
     void Retarget(std::shared_ptr<Surface> target);
 
-    /// What may be touched, in surface coordinates: visible, inside the surface, inside clip and meta region.
+    /// The region that may be drawn on, in surface coordinates: the visible region inside the surface, the
+    /// clip and the meta region.
     const Region& Drawable();
-    /// The visible part's bounds without the clip, in device coordinates.
+    /// The bounds of the visible region, ignoring the clip, in device coordinates.
     RECT VisibleBounds() const;
     const Region& Visible() const { return m_visible; }
     void SetClip(std::optional<Region> clip);
 
-    /// A logical point or rectangle in surface coordinates.
+    /// Converts logical coordinates to surface coordinates, saturated.
     POINT ToSurface(int x, int y) const
     {
         return {Saturated(static_cast<std::int64_t>(x) + state.viewport.x + m_origin.x),
@@ -86,13 +88,13 @@ private:
     std::optional<Region> m_drawable;
 };
 
-/// Opens a context on a surface, as BeginPaint and GetDC do; `visible` in device coordinates.
+/// Opens a context on a surface, for BeginPaint and GetDC. `visible` is in device coordinates.
 HDC OpenDeviceContext(std::shared_ptr<Surface> target, POINT origin, Region visible);
 void CloseDeviceContext(HDC dc);
-/// The context of a handle, or null.
+/// Returns the context of a handle, or null if the handle is invalid.
 DeviceContext* LookUpContext(HDC dc);
 
-/// Calls `draw(box)` for each part of `rect` (surface coordinates) that may be touched.
+/// Calls `draw(box)` for each drawable part of `rect` (surface coordinates).
 template <class Draw>
 void ForEachDrawable(DeviceContext& context, const RECT& rect, Draw draw)
 {

@@ -6,7 +6,7 @@ using namespace qvui::native;
 
 HDC CreateCompatibleDC(HDC)
 {
-    // Until a bitmap is selected a memory context holds a single pixel.
+    // A memory context holds a single pixel until a bitmap is selected.
     const HDC dc = OpenDeviceContext(Surface::Create(1, 1, 32, false), {0, 0}, Region(RECT{0, 0, 1, 1}));
     LookUpContext(dc)->isMemory = true;
     return dc;
@@ -52,7 +52,7 @@ namespace {
 
 HGDIOBJ SelectBitmap(HDC dc, DeviceContext& context, HBITMAP handle, std::shared_ptr<BitmapObject> bitmap)
 {
-    // A bitmap belongs to one memory context at a time.
+    // A bitmap can be selected into only one memory context at a time.
     if (!context.isMemory ||
         (bitmap->selectedInto && bitmap->selectedInto != dc && LookUpContext(bitmap->selectedInto)))
         return nullptr;
@@ -118,8 +118,7 @@ BOOL GdiFlush()
     return TRUE;
 }
 
-// --- clipping
-// -----------------------------------------------------------------------------------------------
+// --- clipping ------------------------------------------------------------------------------------
 
 int SelectClipRgn(HDC dc, HRGN region)
 {
@@ -237,8 +236,7 @@ BOOL RectVisible(HDC dc, const RECT* rect)
     return context && context->Drawable().Meets(context->ToSurface(*rect));
 }
 
-// --- plain state
-// --------------------------------------------------------------------------------------------
+// --- attributes ----------------------------------------------------------------------------------
 
 namespace {
 

@@ -1,4 +1,4 @@
-// Rows of pixels in the caller's memory: drawn on contexts, and read back from bitmaps.
+// Pixel rows in the caller's memory: draws them on contexts and reads them back from bitmaps.
 
 #include <algorithm>
 #include <cstdlib>
@@ -9,7 +9,7 @@ using namespace qvui::native;
 
 namespace {
 
-// A surface over the caller's rows; null for formats that are not drawn. Drawing only reads them.
+// Creates a surface over the caller's rows, which are only read. Returns null for unsupported formats.
 std::shared_ptr<Surface> SurfaceOver(const void* bits, const BITMAPINFO* info)
 {
     if (!bits || !info)
@@ -68,7 +68,7 @@ int StretchDIBits(HDC dc, int x, int y, int width, int height, int sourceX, int 
     const auto source = SurfaceOver(bits, info);
     if (!target || !source)
         return 0;
-    // Rows of a bottom-up bitmap are counted from the bottom.
+    // The rows of a bottom-up bitmap are counted from the bottom.
     const std::int64_t top = info->bmiHeader.biHeight > 0
                                  ? static_cast<std::int64_t>(source->height) - sourceY - sourceHeight
                                  : sourceY;

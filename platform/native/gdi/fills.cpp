@@ -12,7 +12,7 @@ int Modulo(int value, int divisor)
     return rest < 0 ? rest + divisor : rest;
 }
 
-// The pattern starts at the brush origin in device coordinates; the viewport does not move it.
+// The pattern is aligned to the brush origin in device coordinates; the viewport origin does not move it.
 void FillWithPattern(DeviceContext& context, const RECT& part, const Surface& pattern)
 {
     const int originX =

@@ -13,7 +13,7 @@ std::size_t g_stockCount = 0;
 [[maybe_unused]] const bool g_counted =
     RegisterLiveCount(&LiveCounts::gdiObjects, [] { return GdiObjects().LiveCount() - g_stockCount; });
 
-// Copies as much of a record as fits into `buffer`; without one answers its size.
+// Copies as much of a record as fits into `buffer`. Without a buffer, returns the size of the record.
 int Answer(const void* record, std::size_t recordSize, int size, void* buffer)
 {
     if (!buffer)
@@ -58,7 +58,7 @@ int GdiObject::Describe(int, void*) const
 int BitmapObject::Describe(int size, void* buffer) const
 {
     const int rowBytes = static_cast<int>(std::abs(surface->stride));
-    // The stock bitmap, which every fresh memory context holds, is known as a monochrome one.
+    // The stock bitmap, which a new memory context holds, reports one bit per pixel.
     const auto bits = static_cast<WORD>(isStock ? 1 : surface->bitsPerPixel);
     DIBSECTION section{};
     section.dsBm = {0, surface->width, surface->height, rowBytes, 1, bits, nullptr};

@@ -10,14 +10,14 @@ namespace qvui::native {
 
 enum class GdiKind { Bitmap, Brush, Pen, Font, Region };
 
-/// What a GDI handle names. A context holds shares of what is selected into it, so an object may be deleted
-/// while it is selected.
+/// The object behind a GDI handle. A context shares ownership of its selected objects, so an object may be
+/// deleted while it is selected.
 class GdiObject {
 public:
     explicit GdiObject(GdiKind objectKind) : kind(objectKind) {}
     virtual ~GdiObject() = default;
-    /// Answers GetObjectA: fills in at most `size` bytes; the bytes written, or the record's size without a
-    /// buffer.
+    /// Implements GetObjectA: writes at most `size` bytes and returns their number, or the size of the record
+    /// without a buffer.
     virtual int Describe(int size, void* buffer) const;
 
     const GdiKind kind;
@@ -74,11 +74,11 @@ struct RegionObject : GdiObject {
 
 HandleTable<GdiObject, 4>& GdiObjects();
 
-/// The handle of a new object.
+/// Registers an object and returns its handle.
 HGDIOBJ AddGdiObject(std::shared_ptr<GdiObject> object);
 
-/// The object of a handle when it has the wanted class, else null; without a share of it, valid while the
-/// handle lives.
+/// Returns the object of a handle if it has the requested class, otherwise null. The pointer is not owned and
+/// stays valid while the handle does.
 template <class Object>
 Object* PeekGdiObject(const void* handle)
 {
@@ -86,7 +86,7 @@ Object* PeekGdiObject(const void* handle)
     return object && object->kind == Object::kKind ? static_cast<Object*>(object) : nullptr;
 }
 
-/// The same with a share.
+/// The same, sharing ownership.
 template <class Object>
 std::shared_ptr<Object> FindGdiObject(const void* handle)
 {
@@ -94,7 +94,7 @@ std::shared_ptr<Object> FindGdiObject(const void* handle)
                                          : nullptr;
 }
 
-/// A colour as an opaque-looking pixel whose alpha byte is 0, as solid drawing writes it.
+/// Converts a colour to a pixel with an alpha byte of 0, as solid drawing writes it.
 constexpr std::uint32_t PixelOf(COLORREF colour)
 {
     return (static_cast<std::uint32_t>(GetRValue(colour)) << 16) |
@@ -105,13 +105,13 @@ constexpr COLORREF ColourOf(std::uint32_t pixel)
     return RGB(static_cast<int>(pixel >> 16), static_cast<int>(pixel >> 8), static_cast<int>(pixel));
 }
 
-/// The handle of a new object that is never deleted and that the live count leaves out.
+/// Registers an object that is never deleted and is not included in the live count.
 HGDIOBJ AddStockObject(std::shared_ptr<GdiObject> object);
 
 /// The bitmap that a memory context holds until another one is selected.
 HBITMAP StockBitmap();
 
-/// A stock font's handle; null for an index that is no font.
+/// Returns the handle of a stock font, or null if the index is not a font's.
 HGDIOBJ StockFont(int index);
 
 }  // namespace qvui::native

@@ -19,9 +19,9 @@ GradientEnd EndOf(const TRIVERTEX& vertex, bool vertical)
     return {vertical ? vertex.y : vertex.x, {vertex.Blue, vertex.Green, vertex.Red, vertex.Alpha}};
 }
 
-// The pixels of a gradient one after another. Each component is interpolated in 16 bits and then cut to its
-// high byte; the end colour is never reached. Quotients grow by a fraction at every step, without a division
-// for each.
+// Generates the pixels of a gradient in order. Each component is interpolated in 16 bits and truncated to its
+// high byte; the end colour is not reached. Quotients are advanced incrementally, which avoids a division per
+// pixel.
 class GradientSteps {
 public:
     GradientSteps(const GradientEnd& first, const GradientEnd& last, int position)

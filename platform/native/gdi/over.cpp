@@ -11,8 +11,8 @@ namespace {
 
 constexpr std::uint32_t kHalves = 0x00FF00FF;
 
-// Two channels at once, one in each half of the number: value * weight / 255, rounded to the nearest. No half
-// overflows into the other, and the division is exact for all numbers that occur.
+// Multiplies two channels at once, one in each 16-bit half of the number: value * weight / 255, rounded to
+// nearest. Neither half overflows into the other, and the division is exact for all values that occur.
 inline std::uint32_t WeighHalves(std::uint32_t halves, std::uint32_t weight)
 {
     const std::uint32_t product = halves * weight + 0x00800080;
@@ -24,7 +24,7 @@ inline std::uint32_t Weigh(std::uint32_t pixel, std::uint32_t weight)
     return WeighHalves(pixel & kHalves, weight) | WeighHalves(pixel >> 8 & kHalves, weight) << 8;
 }
 
-// Two channels of a pixel, as a number.
+// Two channels of a pixel as one 16-bit number.
 using Channels __attribute__((may_alias)) = std::uint16_t;
 constexpr std::size_t kBlock = 16;  // pixels
 
@@ -34,7 +34,7 @@ inline void BlendBlock(const Channels* source, const Channels* rests, Channels* 
         const std::uint32_t rest = rests[i];
         const auto low = static_cast<std::uint16_t>((target[i] & 0xFF) * rest + 0x80);
         const auto high = static_cast<std::uint16_t>((target[i] >> 8) * rest + 0x80);
-        // The upper half of a product with 0x101 is a division by 255 here.
+        // The high half of a product with 0x101 is an exact division by 255 for the values that occur here.
         const auto lowShare = static_cast<std::uint16_t>(std::uint32_t{low} * 0x101 >> 16);
         const auto highShare = static_cast<std::uint16_t>(std::uint32_t{high} * 0x101 >> 16);
         target[i] = static_cast<std::uint16_t>(source[i] + (lowShare | highShare << 8));
@@ -43,8 +43,8 @@ inline void BlendBlock(const Channels* source, const Channels* rests, Channels* 
 
 }  // namespace
 
-// Rows are walked in blocks of a fixed size and two channels at a time, which compilers turn into wide
-// products of 16 bits.
+// Rows are processed in blocks of a fixed size, two channels at a time, so that compilers vectorise the loop
+// with 16-bit multiplications.
 QVUI_WIDE_VECTORS void BlendRow(const std::uint32_t* source, std::uint32_t* target, std::size_t count)
 {
     for (; count >= kBlock; count -= kBlock, source += kBlock, target += kBlock) {

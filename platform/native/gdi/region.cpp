@@ -32,8 +32,8 @@ std::vector<int> CornerInsets(int width, int height)
 {
     if (width < 3 || height < 3)
         return {};
-    // Walks the outline of an ellipse inscribed in a pixel box with an integer error term, as in
-    // A. Zingl, "A Rasterizing Algorithm for Drawing Curves" (2012), section 3.
+    // Traces the outline of an ellipse inscribed in a pixel box with an integer error term, as in A. Zingl,
+    // "A Rasterizing Algorithm for Drawing Curves" (2012), section 3.
     std::vector<int> insets(static_cast<std::size_t>((height + 1) / 2), std::numeric_limits<int>::max());
     const long long a = width - 1;
     const long long b = height - 1;
@@ -46,7 +46,7 @@ std::vector<int> CornerInsets(int width, int height)
     long long y0 = (b + 1) / 2;
     const long long stepY = 8 * a * a;
     const long long stepX = 8 * b * b;
-    long long row = y0 - odd;  // the upper half's row; y0 walks the lower half
+    long long row = y0 - odd;  // row in the upper half; y0 walks the lower half
     const auto note = [&](long long y, long long x) {
         if (y >= 0 && y < static_cast<long long>(insets.size())) {
             int& inset = insets[static_cast<std::size_t>(y)];

@@ -11,7 +11,7 @@
 
 namespace qvui::native {
 
-/// A set of pixels as a list of rectangles; a value.
+/// A set of pixels, stored as a list of rectangles, with value semantics.
 class Region {
 public:
     Region() { pixman_region32_init(&m_region); }
@@ -25,9 +25,9 @@ public:
     }
     ~Region() { pixman_region32_fini(&m_region); }
 
-    /// The union of many rectangles at once.
+    /// Returns the union of many rectangles, computed in one step.
     static Region Of(std::span<const RECT> rects);
-    /// The pixels of a rectangle whose corners are quarters of an ellipse of the given size.
+    /// Returns the pixels of a rectangle with elliptical corners of the given ellipse size.
     static Region RoundRect(const RECT& rect, int width, int height);
 
     void Intersect(const Region& other) { pixman_region32_intersect(&m_region, &m_region, Raw(other)); }
@@ -39,11 +39,11 @@ public:
     bool IsEmpty() const { return !pixman_region32_not_empty(Raw(*this)); }
     bool Contains(int x, int y) const { return pixman_region32_contains_point(Raw(*this), x, y, nullptr); }
     bool Meets(const RECT& rect) const;
-    /// Whether all of a rectangle that is not empty lies in the region.
+    /// Whether the whole of a non-empty rectangle lies in the region.
     bool Holds(const RECT& rect) const;
     bool operator==(const Region& other) const { return pixman_region32_equal(Raw(*this), Raw(other)); }
     RECT Bounds() const;
-    /// NULLREGION, SIMPLEREGION or COMPLEXREGION.
+    /// Returns NULLREGION, SIMPLEREGION or COMPLEXREGION.
     int Complexity() const;
     std::span<const pixman_box32_t> Boxes() const;
 
@@ -61,7 +61,7 @@ inline bool IsEmptyRect(const RECT& rect)
 {
     return rect.left >= rect.right || rect.top >= rect.bottom;
 }
-/// All zero when they do not meet.
+/// Returns an all-zero rectangle if the two do not intersect.
 inline RECT Intersection(const RECT& first, const RECT& second)
 {
     const RECT result{std::max(first.left, second.left), std::max(first.top, second.top),
@@ -69,7 +69,7 @@ inline RECT Intersection(const RECT& first, const RECT& second)
     return IsEmptyRect(result) ? RECT{0, 0, 0, 0} : result;
 }
 
-/// How far each row of a rounded corner, from the corner's outer row inwards, is set in from the straight
+/// For each row of a rounded corner, from the outermost row inwards, returns its distance from the straight
 /// edge, for an ellipse inscribed in a box of width × height pixels. Empty for square corners.
 std::vector<int> CornerInsets(int width, int height);
 

@@ -1,4 +1,4 @@
-// Region objects, and the rectangle helpers.
+// Region objects and rectangle functions.
 
 #include <algorithm>
 #include <cstring>
@@ -29,7 +29,7 @@ HRGN CreateRectRgnIndirect(const RECT* rect)
 
 HRGN CreateRoundRectRgn(int left, int top, int right, int bottom, int width, int height)
 {
-    // The published function leaves the last row and column out.
+    // The platform's function excludes the last row and column.
     RECT rect = Normalised({left, top, right, bottom});
     --rect.right;
     --rect.bottom;
@@ -150,8 +150,7 @@ BOOL FillRgn(HDC dc, HRGN region, HBRUSH brush)
     return TRUE;
 }
 
-// --- rectangles
-// ---------------------------------------------------------------------------------------------
+// --- rectangles ----------------------------------------------------------------------------------
 
 BOOL SetRect(RECT* rect, int left, int top, int right, int bottom)
 {
@@ -196,7 +195,7 @@ BOOL UnionRect(RECT* target, const RECT* first, const RECT* second)
 
 namespace {
 
-// Coordinates come from skins and may be anything; they wrap, as the platform's do.
+// Skins can pass any coordinates; sums wrap around as on the platform.
 LONG Add(LONG a, LONG b)
 {
     return static_cast<LONG>(static_cast<DWORD>(a) + static_cast<DWORD>(b));

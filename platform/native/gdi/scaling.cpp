@@ -9,14 +9,14 @@
 namespace qvui::native {
 namespace {
 
-// The offset of a destination pixel from the end that the first source pixel is drawn at.
+// The offset of a destination pixel from the end where the first source pixel is drawn.
 std::int64_t OffsetOf(const AxisMap& axis, int position)
 {
     const std::int64_t offset = static_cast<std::int64_t>(position) - axis.destination;
     return axis.mirrored ? axis.length - 1 - offset : offset;
 }
 
-// A quotient that grows by a fraction at every step: without a division for each.
+// A quotient whose dividend grows by a constant step, advanced without a division per step.
 class SteppedQuotient {
 public:
     SteppedQuotient(std::int64_t value, std::int64_t step, std::int64_t divisor) : m_divisor(divisor)
@@ -35,7 +35,7 @@ public:
     }
 
 private:
-    // Rounds down, so that the rest is never negative.
+    // Rounds towards negative infinity, so the remainder is never negative.
     std::pair<std::int64_t, std::int64_t> Divide(std::int64_t value) const
     {
         const std::int64_t rest = value % m_divisor;
@@ -49,7 +49,7 @@ private:
     std::int64_t m_part = 0;
 };
 
-// Two channels at once, one in each half of a number; no half overflows into the other.
+// Mixes two channels at once, one in each 16-bit half of the number; neither half overflows into the other.
 std::uint32_t MixHalves(std::uint32_t a, std::uint32_t b, std::uint32_t weight)
 {
     constexpr std::uint32_t kHalves = 0x00FF00FF;
@@ -60,10 +60,10 @@ std::uint32_t Mix(std::uint32_t a, std::uint32_t b, int weight)
 {
     const auto part = static_cast<std::uint32_t>(weight);
     const std::uint32_t green = MixHalves((a >> 8) & 0xFF, (b >> 8) & 0xFF, part);
-    return MixHalves(a, b, part) | green << 8;  // alpha 0, as this mode writes it
+    return MixHalves(a, b, part) | green << 8;  // this mode writes alpha 0
 }
 
-// Four at a time, which compilers join to one wide store.
+// Gathers four pixels at a time, which compilers combine into one wide store.
 void Gather(const std::uint32_t* from, const int* columns, std::size_t count, std::uint32_t* out)
 {
     std::size_t i = 0;
@@ -118,7 +118,7 @@ Scaler::Scaler(const Surface& source, const AxisMap& columns, const AxisMap& row
                                                                 : GroupOf(columns, x));
 }
 
-// Where the axis shrinks, the group runs from this pixel's row sample to the next one's.
+// When the axis shrinks, a pixel's group extends from its row sample to that of the next pixel.
 Scaler::Span Scaler::GroupOf(const AxisMap& axis, int position)
 {
     const std::int64_t to = axis.length;
@@ -187,8 +187,8 @@ std::uint32_t Scaler::JoinGroup(const Span& columns, const Span& rows) const
 {
     const bool isAnd = m_sampling == Sampling::And;
     const RECT group{columns.first, rows.first, columns.second, rows.second};
-    // What lies outside reads as 0, which settles the one mode and adds nothing to the other: a group is
-    // never walked further than the surface reaches.
+    // Pixels outside the surface read as 0. That decides the result of And and does not affect Or, so only
+    // the part inside the surface is read.
     if (isAnd && !m_source.Contains(group))
         return 0;
     const RECT inside = Intersection(group, m_source.Bounds());

@@ -7,9 +7,11 @@
 
 namespace qvui::native {
 
-/// One axis of a scaled copy: where each destination pixel takes its source pixel from.
+/// One axis of a scaled copy: maps each destination pixel to a source pixel.
 ///
-/// Enlarging takes the pixel under the centre, ties to the lower; shrinking takes the last column or the
+/// Enlarging takes the source pixel under the centre of the destination pixel (ties go to the lower one).
+/// Shrinking takes the last column, or the first row, of the group of source pixels that falls on the
+/// destination pixel.
 /// first row of the group of source pixels that falls on one destination pixel.
 struct AxisMap {
     int destination;  // first destination pixel
@@ -20,14 +22,14 @@ struct AxisMap {
     bool isRow;
 
     bool IsEmpty() const { return length == 0 || sourceLength == 0; }
-    /// Whether every pixel is copied to one pixel, in order.
+    /// Whether each source pixel maps to exactly one destination pixel, in order.
     bool IsUnscaled() const { return length == sourceLength && !mirrored; }
     bool Shrinks() const { return length < sourceLength; }
-    /// The source pixels of the destination pixels [first, last).
+    /// Writes the source pixels of the destination pixels [first, last) to `samples`.
     void Samples(int first, int last, std::vector<int>& samples) const;
 };
 
-/// The axis of a copy from (source, sourceLength) to (destination, length); negative lengths mirror.
+/// Maps (source, sourceLength) to (destination, length); negative lengths mirror.
 inline AxisMap MapAxis(int destination, int length, int source, int sourceLength, bool isRow)
 {
     return {length < 0 ? destination + length + 1 : destination,
@@ -38,18 +40,17 @@ inline AxisMap MapAxis(int destination, int length, int source, int sourceLength
             isRow};
 }
 
-/// How several source pixels that fall on one destination pixel are joined.
+/// How the source pixels that fall on one destination pixel are combined.
 enum class Sampling { Point, And, Or, Bilinear };
 
-/// Scales a source for a part of a destination (a rectangle in surface coordinates that is not empty). Source
-/// pixels outside the source surface read as 0. One scaler lives at a time: its tables are used again.
+/// Scales a source for a part of a destination (a non-empty rectangle in surface coordinates). Source pixels
+/// outside the surface read as 0. Only one scaler may exist at a time, because its tables are shared.
 class Scaler {
 public:
     Scaler(const Surface& source, const AxisMap& columns, const AxisMap& rows, Sampling sampling,
            const RECT& part);
 
-    // For point sampling.
-    /// Rows of one number are alike.
+    /// For point sampling: rows with the same number have the same pixels.
     int SourceRow(int y) const { return m_tables.rows[static_cast<std::size_t>(y - m_part.top)]; }
     /// Whether all pixels of a row come from one source pixel, and that pixel.
     bool IsOneColumn() const { return m_tables.columns.front() == m_tables.columns.back(); }
@@ -59,8 +60,8 @@ public:
     void Scale(const RECT& area, std::uint32_t* out, std::ptrdiff_t stride) const;
 
 private:
-    /// The source pixels of one destination pixel when there are several: those of [first, second) joined, or
-    /// the two of which the second weighs `weight` / 256.
+    /// The source pixels of a destination pixel that has several: those of [first, second) combined, or two,
+    /// of which the second has the weight `weight` / 256.
     struct Span {
         int first;
         int second;
@@ -90,7 +91,7 @@ private:
     RECT m_part;
     Tables& m_tables;
     bool m_isInside = false;  // the columns are inside a 32-bit source
-    bool m_isShifted;         // the columns follow each other
+    bool m_isShifted;         // whether the columns are consecutive
 };
 
 }  // namespace qvui::native

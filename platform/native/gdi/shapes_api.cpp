@@ -17,7 +17,7 @@ constexpr int kDot[] = {3, 3};
 constexpr int kDashDot[] = {9, 6, 3, 6};
 constexpr int kDashDotDot[] = {9, 3, 3, 3, 3, 3};
 
-// The lengths of a pen's dashes and gaps; none for a solid pen, which every wide one is.
+// Returns the lengths of a pen's dashes and gaps. Empty for a solid pen; wide pens are always solid.
 std::span<const int> DashesOf(const PenObject& pen)
 {
     switch (pen.width > 1 ? PS_SOLID : pen.style) {
@@ -34,8 +34,8 @@ std::span<const int> DashesOf(const PenObject& pen)
     }
 }
 
-// Draws the pixels of a thin line one after the other; the gaps of dashes take the background colour, or
-// none.
+// Draws the pixels of a thin line in order. The gaps between dashes take the background colour, or are left
+// out in transparent mode.
 class ThinStroke {
 public:
     ThinStroke(DeviceContext& context, const PenObject& pen, int phase)
@@ -54,7 +54,7 @@ public:
         if ((isInk || m_context.state.backMode == OPAQUE) && m_context.Drawable().Contains(x, y))
             m_context.Target().Set(x, y, isInk ? m_ink : PixelOf(m_context.state.backColour));
     }
-    // Passes over pixels that cannot show.
+    // Skips pixels that are not visible.
     void Skip(std::int64_t count)
     {
         if (m_period > 0)
@@ -83,8 +83,8 @@ private:
     int m_phase;
 };
 
-// The pixels of a line: one per step along the major axis, at the nearest minor coordinate, ties to the
-// smaller.
+// The pixels of a line: one per step along the major axis, at the nearest minor coordinate (ties go to the
+// smaller one).
 class LineSteps {
 public:
     LineSteps(POINT from, POINT to)
@@ -104,7 +104,7 @@ public:
         return {m_from.x + static_cast<int>(m_isSteep ? across : along),
                 m_from.y + static_cast<int>(m_isSteep ? along : across)};
     }
-    // The steps [first, last) of 0 … `count` whose major coordinate lies inside `bounds`.
+    // The steps [first, last) within 0 … `count` whose major coordinate lies inside `bounds`.
     std::pair<std::int64_t, std::int64_t> Inside(const RECT& bounds, std::int64_t count) const
     {
         const std::int64_t start = m_isSteep ? m_from.y : m_from.x;
@@ -133,8 +133,8 @@ RECT Inset(const RECT& rect, int by)
     return {rect.left + by, rect.top + by, rect.right - by, rect.bottom - by};
 }
 
-// What a square pen covers on its way between two points of one row or column: from three pixels on without
-// the corners.
+// The area that a square pen covers between two points in one row or column. Without the corners for a pen of
+// three or more pixels.
 Region StampedPath(const RECT& span, int width)
 {
     const RECT whole{span.left - width / 2, span.top - width / 2, span.right - width / 2 + width,
@@ -180,8 +180,8 @@ void DrawThinLine(DeviceContext& context, POINT from, POINT to, ThinStroke& stro
 }
 
 struct Outline {
-    Region whole;  // everything that the shape covers
-    Region inner;  // what the pen leaves to the brush
+    Region whole;  // the area that the shape covers
+    Region inner;  // the part of it inside the pen, filled by the brush
 };
 
 void FillInside(DeviceContext& context, const Region& inner)
@@ -198,7 +198,7 @@ void DrawOutlined(DeviceContext& context, const Outline& shape)
     FillWithInk(context, ring, *context.state.penObject);
 }
 
-// From the top right corner counter-clockwise.
+// Starts at the top right corner and runs counter-clockwise.
 void DrawDashedRectangle(DeviceContext& context, const RECT& rect, ThinStroke& stroke)
 {
     FillInside(context, Region(Inset(rect, 1)));
@@ -219,8 +219,8 @@ bool IsSquare(int cornerWidth, int cornerHeight)
     return CornerInsets(cornerWidth, cornerHeight).empty();
 }
 
-// A one-pixel rounded outline must stay connected diagonally, so each row reaches to where the row above
-// began.
+// A one-pixel rounded outline must be connected diagonally, so each row extends to the start of the row
+// above.
 Region ThinRoundInner(const RECT& rect, int width, int height)
 {
     const std::vector<int> insets =
@@ -240,7 +240,7 @@ Region ThinRoundInner(const RECT& rect, int width, int height)
     return Region::Of(rows);
 }
 
-// A wide solid pen is centred on the edge, one inside the frame stays within it.
+// A wide solid pen is centred on the edge; an inside-frame pen stays within it.
 Outline RoundOutline(const RECT& rect, int width, int height, const PenObject& pen)
 {
     if (pen.width <= 1)

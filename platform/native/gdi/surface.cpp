@@ -3,7 +3,7 @@
 namespace qvui::native {
 namespace {
 
-// Larger surfaces than this are not worth having: sizes come from skins, which may be broken.
+// Limits the size of a surface in bytes, because sizes come from skins, which may be invalid.
 constexpr std::int64_t kLargestSurface = std::int64_t{1} << 31;
 
 }  // namespace

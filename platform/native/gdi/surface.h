@@ -15,8 +15,7 @@
 
 namespace qvui::native {
 
-/// Writes a pixel so many times: with the C library's memset for units of 32 bits, which uses what the
-/// processor has.
+/// Writes a pixel `count` times with the C library's wmemset, which uses the processor's vector instructions.
 inline void Repeat(std::uint32_t pixel, std::size_t count, std::uint32_t* out)
 {
     static_assert(sizeof(wchar_t) == sizeof pixel);
@@ -39,7 +38,7 @@ public:
     std::uint8_t* top = nullptr;
     std::vector<std::uint8_t, ZeroedMemory<std::uint8_t>> storage;
 
-    /// A zeroed surface; null when the size is not positive or too large to hold.
+    /// Creates a zeroed surface. Returns null if the size is not positive or too large.
     static std::shared_ptr<Surface> Create(int width, int height, int bitsPerPixel, bool bottomUp);
 
     RECT Bounds() const { return {0, 0, width, height}; }
@@ -56,7 +55,7 @@ public:
         return pixel;
     }
     void Set(int x, int y, std::uint32_t pixel) const { Store(x, y, 1, &pixel); }
-    /// Copies `count` pixels of a row out to or in from 32-bit pixels; 24-bit pixels read with alpha 0.
+    /// Copies `count` pixels of a row to or from 32-bit pixels; 24-bit pixels are read with alpha 0.
     void Load(int x, int y, int count, std::uint32_t* pixels) const
     {
         if (bitsPerPixel == 32)
@@ -71,7 +70,7 @@ public:
         else
             Store24(x, y, count, pixels);
     }
-    /// The same pixels for pixman; the surface's own.
+    /// Returns the same pixels as a pixman image, which the surface owns.
     pixman_image_t* Image() const;
 
 private:

@@ -6,8 +6,8 @@
 
 namespace qvui::native {
 
-/// Allocates zeroed memory and leaves its elements as they come: large blocks take no time and no memory
-/// until they are touched.
+/// An allocator that returns zeroed memory and leaves elements uninitialised: a large block costs neither
+/// time nor memory until it is accessed.
 template <class Byte>
 struct ZeroedMemory {
     using value_type = Byte;

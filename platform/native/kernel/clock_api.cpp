@@ -1,4 +1,4 @@
-// The time, and waiting.
+// Time and sleeping.
 
 #include <qvui/platform/native/kernel.h>
 

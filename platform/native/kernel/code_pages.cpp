@@ -20,9 +20,9 @@ struct CodePageName {
     const char* name;
 };
 
-// Code pages under the converter's names; numbers that are not here are tried as "CP" and the number. Where
-// the converter lacks the page, the nearest set that it has stands: the one that 10001 to 10003, 10008,
-// 10021, 20002 and 20105 extend, and for 10079 one whose eth is a d with a stroke.
+// Converter names of code pages. Numbers that are not listed are tried as "CP" and the number. A page that
+// the converter lacks is mapped to the nearest one that it has: for 10001 to 10003, 10008, 10021, 20002 and
+// 20105 the set that the page extends, and for 10079 a set with an eth instead of a d with a stroke.
 constexpr CodePageName kNames[] = {
     {37, "IBM037"},         {10000, "MACINTOSH"},    {10001, "SHIFT_JIS"},
     {10002, "BIG5"},        {10003, "EUC-KR"},       {10008, "EUC-CN"},
@@ -53,8 +53,8 @@ constexpr UINT kUtf8 = 65001;
 constexpr UINT kAscii = 20127;
 constexpr std::string_view kReplacement = "\xEF\xBF\xBD";  // U+FFFD in UTF-8
 
-// Whether the bytes below 0x80 are ASCII in a code page, as they are in those that texts come in; most texts
-// hold nothing else, and need no converter then.
+// Whether bytes below 0x80 are ASCII in a code page, as in all common text encodings. Most texts are pure
+// ASCII and then need no converter.
 bool HoldsAscii(UINT codePage)
 {
     constexpr UINT kPages[] = {kUtf8, kAscii, 874, 932, 936, 949, 950, 20866, 21866, 54936};
@@ -71,7 +71,7 @@ bool IsAscii(const Unit* text, std::size_t size)
     return (bits & ~Unit{0x7F}) == 0;
 }
 
-// Copies ASCII from one width to another, by the rules for the capacity that both directions share.
+// Copies ASCII between character widths, following the capacity rules that both directions share.
 template <class From, class To>
 int CopyAscii(const From* from, std::size_t size, To* to, int capacity)
 {
@@ -104,7 +104,7 @@ UINT CodePageOf(const std::string& codeset)
     for (const CodePageName& entry : kCodesets)
         if (codeset == entry.name)
             return entry.codePage;
-    // The plain "C" locale says ASCII; UTF-8 keeps every text whole there.
+    // The plain "C" locale reports ASCII; UTF-8 is used instead because it represents every text.
     return kUtf8;
 }
 
@@ -137,15 +137,15 @@ private:
     iconv_t m_descriptor;
 };
 
-// Converters are expensive to open, so each pair is opened once.
+// Converters are expensive to open, so one is cached per pair of code pages.
 const Converter& ConverterOf(UINT from, UINT to)
 {
     static auto& converters = *new std::map<std::pair<UINT, UINT>, Converter>();
     return converters.try_emplace({from, to}, from, to).first->second;
 }
 
-// Converts all of `input`; `replace(position, rest)` answers an unconvertible position with what stands for
-// it and how many bytes to skip. False when the pair has no converter.
+// Converts all of `input`. At input that cannot be converted, `replace(position, rest)` returns the
+// replacement text and the number of bytes to skip. Returns false if there is no converter for the pair.
 template <class Replace>
 bool Convert(UINT from, UINT to, std::string_view input, std::string& output, Replace replace)
 {
@@ -187,7 +187,7 @@ std::string_view Bytes(LPCWSTR wide, std::size_t length)
     return {reinterpret_cast<const char*>(wide), length * sizeof(WCHAR)};
 }
 
-// Bytes that a Windows page leaves undefined are the control characters of the same number.
+// Bytes that a Windows code page leaves undefined map to the control characters with the same number.
 bool IsUndefinedControl(UINT codePage, unsigned number)
 {
     const bool isWindowsPage = codePage == 874 || (codePage >= 1250 && codePage <= 1258);
@@ -203,7 +203,7 @@ bool IsUndefinedControl(UINT codePage, unsigned number)
     return !isDefined;
 }
 
-// The forms of well-formed UTF-8: what the first two bytes of a sequence may be; all others are 80 to BF.
+// The well-formed UTF-8 sequences: ranges of the first two bytes; all further bytes are 80 to BF.
 struct Utf8Form {
     unsigned char firstLead, lastLead;
     std::size_t length;
@@ -220,7 +220,7 @@ struct Utf8Sequence {
     bool isWhole;
 };
 
-// The character at the start of a text, or as much of one as there is.
+// Reads the character at the start of a text, or the valid part of an incomplete one.
 Utf8Sequence ReadUtf8(std::string_view text)
 {
     const auto byte = [text](std::size_t at) { return static_cast<unsigned char>(text[at]); };
@@ -237,7 +237,8 @@ Utf8Sequence ReadUtf8(std::string_view text)
     return {1, false};
 }
 
-// The length of the broken character at the start of a text: of a pair that is none both bytes.
+// The length of the invalid character at the start of a text; an invalid double-byte character counts as two
+// bytes.
 std::size_t BrokenLength(UINT codePage, std::string_view text)
 {
     if (codePage == kUtf8)
@@ -245,7 +246,7 @@ std::size_t BrokenLength(UINT codePage, std::string_view text)
     return text.size() > 1 && IsDBCSLeadByteEx(codePage, static_cast<BYTE>(text[0])) ? 2 : 1;
 }
 
-// UTF-8 of the system code page with everything that is no character replaced.
+// Returns text of a UTF-8 system code page with invalid sequences replaced.
 std::string ValidUtf8(std::string_view text)
 {
     std::string result;

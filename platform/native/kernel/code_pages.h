@@ -7,11 +7,11 @@
 
 namespace qvui::native {
 
-/// Makes `codePage` the system code page from now on; 0 goes back to the locale's. For tests.
+/// Overrides the system code page; 0 restores the locale's. For tests.
 QVUI_API void OverrideSystemCodePage(UINT codePage);
 
-/// Text of the system code page as UTF-8 and back, for the libraries that speak UTF-8. What is no character
-/// becomes U+FFFD, and "?" on the way back; the result is always valid.
+/// Converts text of the system code page to UTF-8 and back, for libraries that use UTF-8. Invalid characters
+/// become U+FFFD, or "?" in the other direction; the result is always valid.
 std::string SystemToUtf8(std::string_view text);
 std::string Utf8ToSystem(std::string_view text);
 

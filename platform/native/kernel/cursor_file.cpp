@@ -33,7 +33,7 @@ struct Layout {
     std::size_t maskStride;
 };
 
-// The bitmap is an uncompressed one of twice the height: colours above, the mask below.
+// The bitmap is uncompressed and has twice the height of the image: the colours on top, the mask below.
 bool FindLayout(std::span<const std::uint8_t> bitmap, Layout& layout)
 {
     if (bitmap.size() < kHeaderSize || U32(bitmap, 0) != kHeaderSize || U32(bitmap, 16) != 0)
@@ -74,7 +74,7 @@ std::uint32_t ColourAt(std::span<const std::uint8_t> bitmap, const Layout& layou
     return entry + 4 <= layout.pixels ? U32(bitmap, entry) & 0xFFFFFF : 0;
 }
 
-// Makes the pixels that the mask names clear and all others opaque.
+// Makes the pixels that the mask marks transparent and all others opaque.
 void ApplyMask(std::span<const std::uint8_t> bitmap, const Layout& layout, const Surface& pixels)
 {
     for (int y = 0; y < layout.height; ++y) {

@@ -10,26 +10,26 @@
 
 namespace qvui::native {
 
-/// A cursor's pixels (32 bits, straight alpha) and hot spot.
+/// The pixels (32 bits, straight alpha) and hot spot of a cursor.
 struct CursorImage {
     std::shared_ptr<Surface> pixels;
     POINT hotSpot{};
 };
 
-/// Reads the first image of a cursor file; null pixels when the file is broken or of another kind.
+/// Reads the first image of a cursor file. The pixels are null if the file is invalid or not a cursor.
 CursorImage ReadCursorFile(std::span<const std::uint8_t> file);
 
-/// The bytes of the first image of an icon file: a whole PNG file, or a bitmap for ReadIconBitmap; empty when
-/// the file is broken or of another kind.
+/// Returns the bytes of the first image of an icon file, which are a complete PNG file or a bitmap for
+/// ReadIconBitmap. Empty if the file is invalid or not an icon.
 std::span<const std::uint8_t> FirstImageOfIcon(std::span<const std::uint8_t> file);
 
-/// Reads an icon's bitmap (32 bits, straight alpha); null when it is broken.
+/// Reads the bitmap of an icon (32 bits, straight alpha). Returns null if it is invalid.
 std::shared_ptr<Surface> ReadIconBitmap(std::span<const std::uint8_t> bitmap);
 
-/// Reads the image of one cursor resource: a hot spot and a bitmap as in a cursor file.
+/// Reads the image of a cursor resource: a hot spot followed by a bitmap as in a cursor file.
 CursorImage ReadCursorResource(std::span<const std::uint8_t> resource);
 
-/// The resource id of the first cursor of a cursor group, 0 when the group is broken.
+/// Returns the resource id of the first cursor of a cursor group, or 0 if the group is invalid.
 int FirstCursorOfGroup(std::span<const std::uint8_t> group);
 
 }  // namespace qvui::native

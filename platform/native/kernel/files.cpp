@@ -1,4 +1,4 @@
-// Files under platform paths: either separator, and letter case as the author of a skin happened to write it.
+// File access by platform paths, which use either separator and may differ from the file in letter case.
 
 #include "native/kernel/files.h"
 
@@ -24,7 +24,7 @@ struct CloseDirectory {
     void operator()(DIR* directory) const { closedir(directory); }
 };
 
-// The entry of `folder` whose name differs from `name` at most in letter case; empty when there is none.
+// Returns the entry of `folder` that equals `name` ignoring letter case, or an empty string if there is none.
 std::string MatchingEntry(const std::string& folder, const std::string& name)
 {
     const std::unique_ptr<DIR, CloseDirectory> directory(opendir(folder.empty() ? "." : folder.c_str()));
@@ -43,7 +43,7 @@ bool Exists(const std::string& path)
 
 std::string LocalPath(const char* path)
 {
-    // A file's name may be no valid text, so bytes of the machine's own encoding are kept as they are.
+    // A file name need not be valid text, so in UTF-8 its bytes are passed through unchanged.
     const std::string_view given = path ? path : "";
     std::string local = GetACP() == CP_UTF8 ? std::string(given) : SystemToUtf8(given);
     std::replace(local.begin(), local.end(), '\\', '/');
@@ -76,8 +76,8 @@ std::string ExistingPath(const char* path)
 
 namespace {
 
-// Whether a file may be opened. A folder may not, nor may a pipe or a device be read, which need not end; a
-// file that is not there is left to whoever opens it.
+// Whether a file may be opened. Directories may not; pipes and devices may not be read, because they may be
+// endless. A missing file is left for the open itself to report.
 bool MayOpen(const std::string& path, bool reads)
 {
     struct stat status {};

@@ -4,10 +4,10 @@
 
 namespace qvui::native {
 
-/// A platform path (system code page, either separator) as a path of this machine.
+/// Converts a platform path (system code page, either separator) to a path of this machine.
 std::string LocalPath(const char* path);
 
-/// As LocalPath; when there is no such file, the one whose name differs only in letter case.
+/// As LocalPath; if there is no such file, returns the path of one that differs only in letter case.
 std::string ExistingPath(const char* path);
 
 }  // namespace qvui::native

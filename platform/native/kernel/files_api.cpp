@@ -1,4 +1,4 @@
-// Files by handle.
+// File functions that take handles.
 
 #include <qvui/platform/file.h>
 #include <qvui/platform/native/kernel.h>

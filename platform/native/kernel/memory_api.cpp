@@ -29,7 +29,7 @@ HandleTable<Block, 1>& Blocks()
 
 thread_local DWORD g_lastError = 0;
 
-// A stream whose bytes are a movable block, as CreateStreamOnHGlobal makes them.
+// A stream on a movable memory block, as CreateStreamOnHGlobal creates it.
 class BlockStream final : public IStream {
 public:
     BlockStream(HGLOBAL block, bool ownsBlock) : m_block(block), m_ownsBlock(ownsBlock) {}

@@ -27,7 +27,7 @@ struct Module {
     std::string path;
     int references = 0;
     std::vector<std::uint8_t> file;
-    std::deque<ResourceEntry> resources;  // which resource handles point into
+    std::deque<ResourceEntry> resources;  // resource handles point to these entries
     std::map<std::string, FARPROC> functions;
     bool isBuiltIn = false;
 };
@@ -62,7 +62,7 @@ HMODULE FindBuiltIn(const char* name)
     return nullptr;
 }
 
-// Empty when the file cannot be read, or is larger than any module of resources.
+// Returns an empty vector if the file cannot be read or exceeds the size limit.
 std::vector<std::uint8_t> ReadWholeFile(LPCSTR path)
 {
     constexpr std::size_t kLargestFile = std::size_t{256} << 20;
@@ -199,7 +199,7 @@ FARPROC GetProcAddress(HMODULE module, LPCSTR name)
     return nullptr;
 }
 
-// A resource's handle is the address of its entry, which lives as long as the module.
+// A resource handle is the address of its entry, which is valid while the module is loaded.
 HRSRC FindResourceA(HMODULE module, LPCSTR name, LPCSTR type)
 {
     const Module* found = Find(module);

@@ -5,7 +5,7 @@
 namespace qvui::native {
 namespace {
 
-// The published layout of the file: offsets and sizes in bytes, little-endian numbers.
+// The published layout of the file format: offsets and sizes in bytes, little-endian numbers.
 constexpr std::uint16_t kDosMagic = 0x5A4D;
 constexpr std::uint32_t kPeMagic = 0x00004550;
 constexpr std::size_t kPeOffsetField = 0x3C;
@@ -87,7 +87,7 @@ private:
         m_root = Offset(m_file.U32(directories + kResourceDirectory * 8));
     }
 
-    // Where a virtual address lies in the file.
+    // Converts a virtual address to a file offset.
     std::uint64_t Offset(std::uint32_t address)
     {
         for (std::uint64_t i = 0; i < m_sectionCount; ++i) {
@@ -108,8 +108,9 @@ private:
         return field & ~kHighBit;
     }
 
-    // The three levels are fixed by the caller, so a directory that names itself ends there; the bound keeps
-    // entries that all name one large directory, or one long text, or search many sections, from multiplying.
+    // The recursion is limited to three levels, so a directory that refers to itself terminates. This bound
+    // limits the total work when many entries refer to one large directory or one long text, or search many
+    // sections.
     void Count(std::size_t work)
     {
         m_work += work;

@@ -8,7 +8,7 @@
 
 namespace qvui::native {
 
-/// A resource's type or name: a number, or a text (compared without regard to case).
+/// The type or name of a resource: a number, or a text compared ignoring case.
 struct ResourceKey {
     std::uint16_t id = 0;
     std::u16string text;
@@ -16,16 +16,16 @@ struct ResourceKey {
     bool Matches(const ResourceKey& other) const;
 };
 
-/// One resource of a module; the bytes lie inside the module's own.
+/// One resource of a module. The bytes point into the module's memory.
 struct ResourceEntry {
     ResourceKey type;
     ResourceKey name;
     std::span<const std::uint8_t> bytes;
 };
 
-/// Reads the resource directory of a module file (PE, 32 or 64 bit). Nothing of the module runs, and nothing
-/// outside `file` is read whatever the file says. Empty when the file is no module or its directory is
-/// broken; of several languages of one resource the first counts.
+/// Reads the resource directory of a module file (PE, 32 or 64 bit). No code of the module is run, and
+/// nothing outside `file` is read, whatever the file contains. Returns nothing if the file is not a module or
+/// its directory is invalid. If a resource exists in several languages, the first one is used.
 std::optional<std::vector<ResourceEntry>> ReadResourceDirectory(std::span<const std::uint8_t> file);
 
 }  // namespace qvui::native

@@ -1,4 +1,4 @@
-// Case, comparison and the language of the system.
+// Letter case, comparison and the system language.
 
 #include <locale.h>
 #include <wctype.h>
@@ -15,7 +15,7 @@
 
 namespace {
 
-// A locale that knows the case of every letter, whatever the program's own is; null where there is none.
+// A locale with the case of every letter, independent of the program's own. Null if the system has none.
 locale_t LetterLocale()
 {
     static const locale_t locale = newlocale(LC_CTYPE_MASK, "C.UTF-8", nullptr);
@@ -34,7 +34,8 @@ wint_t Lower(wint_t character)
 
 using CaseMap = wint_t (*)(wint_t);
 
-// Changes one character; one that is none, or whose other case has another length, stays as it is.
+// Maps the case of one character. An invalid character, or one whose other case has a different length, is
+// left unchanged.
 void MapCharacter(LPSTR text, int length, CaseMap map)
 {
     WCHAR wide[2];
@@ -65,7 +66,7 @@ bool IsAscii(std::string_view text)
                        [](char byte) { return static_cast<unsigned char>(byte) < 0x80; });
 }
 
-// Symbols stand before digits, digits before letters, letters before everything beyond ASCII.
+// Symbols sort before digits, digits before letters, and letters before non-ASCII characters.
 int Weight(unsigned char byte, bool foldCase)
 {
     if (byte >= 0x80)
@@ -93,7 +94,7 @@ int Sign(int value)
     return (value > 0) - (value < 0);
 }
 
-// Null stands before every text.
+// Null sorts before every text.
 template <class Compare>
 int CompareNullable(LPCSTR left, LPCSTR right, Compare compare)
 {
@@ -123,7 +124,7 @@ int lstrlenA(LPCSTR text)
 
 int lstrcmpA(LPCSTR left, LPCSTR right)
 {
-    // As in a dictionary: letters first without regard to case, and small before capital when that ties.
+    // Dictionary order: compared ignoring case first; on a tie, lower case sorts before upper case.
     return CompareNullable(left, right, [](std::string_view a, std::string_view b) {
         const int folded = CompareWeights(a, b, true);
         return folded != 0 ? folded : CompareWeights(a, b, false);

@@ -1,4 +1,4 @@
-// DrawTextA: lines of text in a rectangle.
+// DrawTextA: draws or measures lines of text in a rectangle.
 
 #include <algorithm>
 #include <cstring>
@@ -12,8 +12,8 @@ using namespace qvui::native;
 
 namespace {
 
-// The flags, and the tab stop in pixels: eight average characters, or as many as bits 8 to 15 say, which then
-// are no flags.
+// The format flags and the tab stop in pixels: eight average characters, or the number in bits 8 to 15, which
+// are then not flags.
 struct TextFormat {
     UINT flags;
     int tabStop;
@@ -31,7 +31,7 @@ TextFormat ReadFormat(UINT format, const TEXTMETRICA& metrics)
     return {format, std::max<int>(columns * metrics.tmAveCharWidth, 1)};
 }
 
-// Where the lines go and what DrawTextA returns.
+// The position of the first line and the result of DrawTextA.
 struct Placement {
     int lineHeight;
     int top;  // of the first line, relative to the rectangle's top
@@ -52,7 +52,7 @@ Placement Place(int lineCount, UINT format, int rectHeight, const TEXTMETRICA& m
     return {height, 0, height};
 }
 
-// Drawing stops after the first line whose bottom is beyond the rectangle; 0 when nothing stops it.
+// Drawing stops after the first line whose bottom is below the rectangle. Returns 0 for no limit.
 int MostLines(UINT format, int rectHeight, int lineHeight)
 {
     if ((format & (DT_CALCRECT | DT_NOCLIP | DT_SINGLELINE)) || lineHeight <= 0)
@@ -83,7 +83,8 @@ void DrawLine(DeviceContext& context, FontObject& font, LineMeasure& measure, co
                PixelOf(context.state.textColour));
 }
 
-// DT_MODIFYSTRING: the caller's buffer, which has room for four more bytes, receives the last shortened line.
+// Implements DT_MODIFYSTRING: stores the last shortened line in the caller's buffer, which has room for four
+// more bytes.
 void StoreShortened(const std::vector<TextLine>& lines, LPSTR text, int length)
 {
     const auto line =
@@ -111,7 +112,7 @@ void CalculateRect(RECT& rect, const std::vector<TextLine>& lines, int height)
 int DrawTextA(HDC dc, LPCSTR text, int length, RECT* rect, UINT format)
 {
     DeviceContext* context = LookUpContext(dc);
-    // No characters are no text; an empty text that ends by itself still has a line.
+    // A length of 0 draws nothing; an empty zero-terminated text still has one line.
     if (!context || !rect || length < -1 || length == 0)
         return 0;
     if (!text)

@@ -12,7 +12,7 @@ namespace qvui::native {
 namespace {
 
 constexpr double kScreenResolution = 96.0;
-// What a screen full of labels shows.
+// Enough for a screen full of labels.
 constexpr std::size_t kMostLines = 2048;
 constexpr std::size_t kLongestCachedLine = 4096;
 constexpr int kDefaultHeight = -12;
@@ -35,7 +35,7 @@ PangoContext* MakeContext(PangoDirection direction)
     return context;
 }
 
-// Units count in 64 bits: a megabyte of text is wider than 32 bits of them.
+// Layout units are added in 64 bits, because a megabyte of text exceeds 32 bits of them.
 int Pixels(long long units)
 {
     return static_cast<int>(std::lround(static_cast<double>(units) / PANGO_SCALE));
@@ -58,8 +58,8 @@ bool IsPrintableAscii(std::string_view text)
     return std::all_of(text.begin(), text.end(), [](char character) { return IsPrintableAscii(character); });
 }
 
-// The platform sets glyph after glyph: the width of a text is the sum of its characters', with no kerning
-// between them and no ligatures. Only scripts that need it keep their contextual forms.
+// The platform places each glyph separately: the width of a text is the sum of its characters' widths,
+// without kerning or ligatures. Only scripts that need contextual forms get them.
 PangoAttrList* PlainGlyphs(std::string_view text)
 {
     static PangoAttrList* const anyScript = MakeFeatures("kern=0, liga=0, clig=0");
@@ -67,8 +67,8 @@ PangoAttrList* PlainGlyphs(std::string_view text)
     return IsPrintableAscii(text) ? ascii : anyScript;
 }
 
-// The width of the text before each byte; a character's bytes share the position of its start. The runs count
-// in the order of the text, also where they are shown in another.
+// Returns the width of the text before each byte; all bytes of a character have the position of its start.
+// Runs are added in logical order, even where their visual order differs.
 std::vector<int> WidthsOf(PangoLayoutLine* line, const std::string& text)
 {
     std::vector<PangoGlyphItem*> runs;
@@ -163,7 +163,8 @@ void FontObject::Load()
         std::clamp(m_description.lfHeight == 0 ? kDefaultHeight : m_description.lfHeight, -2000, 2000);
     double em = std::abs(height);
     if (height > 0) {
-        // The height of a cell: scaled from what this face's cell is at a size large enough to round well.
+        // A positive height is that of a character cell: the em size is scaled from the cell of the same face
+        // at a size large enough for rounding errors not to matter.
         constexpr int kProbe = 200;
         pango_font_description_set_absolute_size(m_font.get(), kProbe * PANGO_SCALE);
         const Heights probe = Measure(m_font.get());

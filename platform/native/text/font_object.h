@@ -22,16 +22,16 @@ struct FreeDescription {
     void operator()(PangoFontDescription* description) const { pango_font_description_free(description); }
 };
 
-/// One line of text, shaped once. Positions are byte offsets into the UTF-8 text, widths pixels.
+/// One line of text, shaped once. Positions are byte offsets into the UTF-8 text; widths are in pixels.
 struct ShapedLine {
     std::unique_ptr<PangoLayout, UnrefObject> layout;
-    /// The width of the text before each byte offset, one more entry than bytes.
+    /// The width of the text before each byte offset; has one more entry than the text has bytes.
     std::vector<int> widths;
 
     int Width() const { return widths.back(); }
 };
 
-/// A font: its description, its metrics, and the lines shaped with it lately.
+/// A font: its description, metrics, and a cache of lines shaped with it.
 class FontObject : public GdiObject {
 public:
     static constexpr GdiKind kKind = GdiKind::Font;
@@ -42,24 +42,25 @@ public:
 
     const LOGFONTA& Description() const { return m_description; }
     const TEXTMETRICA& Metrics();
-    /// The font as the shaper names it; valid as long as this object.
+    /// Returns the font as a Pango description. Not owned; valid as long as this object.
     const PangoFontDescription* Face();
-    /// The width of printable ASCII text when each of its characters takes the same space in any company; -1
-    /// otherwise.
+    /// Returns the width of printable ASCII text if the advance of each character is independent of its
+    /// neighbours, otherwise -1.
     int PlainWidth(std::string_view ascii);
-    /// The shaped line of a UTF-8 text without line breaks; valid until the next call on this font.
+    /// Returns the shaped line of a UTF-8 text without line breaks, valid until the next call on this font.
     const ShapedLine& Shape(std::string_view utf8);
-    /// The widths of the shaped line, added up from its characters' where those don't depend on one another;
-    /// valid until the next call on this font.
+    /// Returns the widths of the shaped line, summed from single characters where they do not depend on their
+    /// neighbours. Valid until the next call on this font.
     const std::vector<int>& Widths(std::string_view utf8);
 
 private:
     enum : int { kUnknown = -1, kDependsOnNeighbours = -2 };
 
-    /// The pixels that a printable ASCII character takes in any company, or kDependsOnNeighbours.
+    /// Returns the advance in pixels of a printable ASCII character, or kDependsOnNeighbours.
     int AdvanceOf(char character);
     void Load();
-    /// Makes room for one more line: lets go of the oldest, or of the last one when it was too long to keep.
+    /// Evicts one line from the cache: the last one if it was too long to keep, otherwise the least recently
+    /// used.
     void ForgetLine();
 
     LOGFONTA m_description;
@@ -77,10 +78,10 @@ private:
     std::vector<int> m_widths;
 };
 
-/// The contexts in which text is shaped, one for each base direction; they live as long as the process.
+/// Returns the Pango context for a base direction; it lives as long as the process.
 PangoContext* TextContext(bool isRightToLeft = false);
 
-/// The font selected into a context; never null.
+/// Returns the font selected into a context; never null.
 std::shared_ptr<FontObject> FontOf(const ContextState& state);
 
 }  // namespace qvui::native

@@ -1,4 +1,4 @@
-// Measuring text and drawing single lines of it.
+// Drawing of single lines of text.
 
 #include "native/text/text_drawing.h"
 
@@ -17,8 +17,8 @@
 namespace qvui::native {
 namespace {
 
-// Rounded to the nearest; two channels at once, since their products fit 16 bits. A division by 255 of what
-// is below 65535 is (t + 1 + (t >> 8)) >> 8.
+// Mixes two channels at once, rounded to nearest; the products fit in 16 bits. For t < 65535, t / 255 is (t +
+// 1 + (t >> 8)) >> 8.
 std::uint32_t Mixed(std::uint32_t ink, std::uint32_t back, std::uint32_t weight)
 {
     const auto mix = [weight](std::uint32_t one, std::uint32_t other) {
@@ -28,7 +28,7 @@ std::uint32_t Mixed(std::uint32_t ink, std::uint32_t back, std::uint32_t weight)
     return mix(ink & 0x00FF00FF, back & 0x00FF00FF) | (mix((ink >> 8) & 0xFF, (back >> 8) & 0xFF) << 8);
 }
 
-// Blends a colour in by coverage. Touched pixels get alpha 0, as the platform's text does.
+// Blends a colour by coverage. Modified pixels get alpha 0, as on the platform.
 void BlendCoverage(DeviceContext& context, const RECT& area, const std::uint8_t* coverage, int pitch,
                    std::uint32_t ink)
 {
@@ -54,15 +54,15 @@ void BlendCoverage(DeviceContext& context, const RECT& area, const std::uint8_t*
     });
 }
 
-// Draws what `render(bitmap, x, y)` rasterises with its baseline at (x, y) of the bitmap. `ink` is relative
-// to the baseline.
+// Draws the bitmap that `render(bitmap, x, y)` rasterises with its baseline at (x, y). `ink` is relative to
+// the baseline.
 template <class Render>
 void DrawRendered(DeviceContext& context, const PangoRectangle& ink, POINT baseline, std::uint32_t pixel,
                   Render render)
 {
     const RECT area{baseline.x + ink.x - 1, baseline.y + ink.y - 1, baseline.x + ink.x + ink.width + 1,
                     baseline.y + ink.y + ink.height + 1};
-    // Only the part that can show is rasterised: a line may be a megabyte long.
+    // Only the visible part is rasterised, because a line may be a megabyte long.
     const RECT shown = Intersection(area, context.Drawable().Bounds());
     if (IsEmptyRect(shown))
         return;
@@ -97,7 +97,7 @@ std::string Utf8Of(LPCSTR text, int length)
         return {};
     std::string utf8 =
         SystemToUtf8({text, length < 0 ? std::strlen(text) : static_cast<std::size_t>(length)});
-    std::replace(utf8.begin(), utf8.end(), '\0', ' ');  // which ends a text for the shaper
+    std::replace(utf8.begin(), utf8.end(), '\0', ' ');  // a zero would end the text for the shaper
     return utf8;
 }
 

@@ -8,21 +8,21 @@
 
 namespace qvui::native {
 
-/// A text of the system code page as UTF-8; a negative length means up to the zero byte.
+/// Converts a text of the system code page to UTF-8. A negative length means that it is zero-terminated.
 std::string Utf8Of(LPCSTR text, int length);
 
-/// Draws one line of UTF-8 text in the context's text colour, its top-left corner at a point in surface
+/// Draws one line of UTF-8 text in the context's text colour. `at` is its top-left corner in surface
 /// coordinates.
 void DrawLineAt(DeviceContext& context, FontObject& font, std::string_view utf8, POINT at);
 
-/// Draws glyphs of a shaped run, their baseline's start in surface coordinates, in the colour of a pixel.
+/// Draws the glyphs of a shaped run in the colour of `pixel`. `baseline` is its start in surface coordinates.
 void DrawGlyphRun(DeviceContext& context, PangoFont* font, PangoGlyphString* glyphs, POINT baseline,
                   std::uint32_t pixel);
 
-/// Fills the cells of a line with the background colour in the opaque mode.
+/// Fills the character cells of a line with the background colour if the background mode is opaque.
 void FillTextBackground(DeviceContext& context, POINT at, int width, int height);
 
-/// A rectangle (logical coordinates) that the context's clip is cut to for one scope.
+/// Intersects the context's clip with a rectangle (logical coordinates) for one scope.
 class ScopedClip {
 public:
     ScopedClip(DeviceContext& context, const RECT& logical);

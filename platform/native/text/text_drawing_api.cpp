@@ -1,4 +1,4 @@
-// Measuring and drawing of single lines.
+// Measures and draws single lines of text.
 
 #include "native/gdi/fills.h"
 #include "native/kernel/code_pages.h"
@@ -31,7 +31,7 @@ BOOL GetTextExtentExPointA(HDC dc, LPCSTR text, int length, int widest, int* fit
     *size = {before.back(), font->Metrics().tmHeight};
     if (!fit && !widths)
         return TRUE;
-    // Widths are asked for per byte of the system code page; a character's bytes share its width.
+    // Widths are returned per byte of the system code page; all bytes of a character have its width.
     int fitting = 0;
     std::size_t position = 0;
     const char* end = text + length;

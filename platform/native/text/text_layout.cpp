@@ -6,8 +6,8 @@ namespace qvui::native {
 namespace {
 
 constexpr std::string_view kDots = "...";
-// Texts are measured in pieces of at least this size, so that wrapping a long one does not measure all that
-// is left of it for every line.
+// Text is measured in pieces of at least this size, so that wrapping a long text does not measure its whole
+// remainder for every line.
 constexpr std::size_t kShortestPiece = 256;
 
 bool IsContinuation(char byte)
@@ -23,7 +23,7 @@ std::size_t PreviousCharacter(std::string_view text, std::size_t at)
     return at;
 }
 
-// Ideographs, kana and hangul: a line may break on either side of them.
+// Ideographs, kana and hangul: a line may break before and after each of them.
 bool IsIdeograph(std::string_view text, std::size_t at)
 {
     if (at + 2 >= text.size() || (static_cast<unsigned char>(text[at]) & 0xF0) != 0xE0)
@@ -38,7 +38,7 @@ struct Piece {
     int underline = -1;
 };
 
-// "&x" underlines x, "&&" is one ampersand; of several mnemonics the last counts.
+// "&x" underlines x, "&&" is a literal ampersand; of several mnemonics the last one applies.
 Piece ResolvePrefix(std::string_view text, UINT format)
 {
     Piece piece;
@@ -107,13 +107,13 @@ private:
         } while (!text.empty() && !IsFull());
     }
 
-    // Where a line ends and where the next one starts.
+    // The end of a line and the start of the next one.
     struct Break {
         std::size_t end;
         std::size_t next;
     };
 
-    // The line that starts here ends at the last break inside the longest prefix that fits.
+    // The first line of `text` ends at the last break opportunity inside the longest prefix that fits.
     Break FindBreak(std::string_view text)
     {
         const std::size_t fit = FittingPrefix(text);
@@ -126,7 +126,7 @@ private:
             const std::size_t end = std::max(fit, NextCharacter(text, 0));
             return {end, end};
         }
-        // A first word that does not fit stays whole, and the space after it is dropped.
+        // A first word that does not fit is not split; the space after it is dropped.
         std::size_t end = std::min(text.find(' '), text.size());
         for (std::size_t at = NextCharacter(text, 0); at < end; at = NextCharacter(text, at))
             if (MayBreakBefore(text, at))
@@ -151,7 +151,7 @@ private:
         }
     }
 
-    // The longest prefix of whole characters that is at most `room` wide.
+    // Returns the length of the longest prefix of whole characters that is at most `room` wide.
     std::size_t LongestPrefix(std::string_view text, int room)
     {
         const std::vector<int>& widths = m_measure.Widths(text);
@@ -165,8 +165,7 @@ private:
         return fit;
     }
 
-    // Adds one line of the text; `rest` is what follows it, and `isWrapped` says that it follows on this
-    // line's paragraph.
+    // Adds one line. `rest` is the text after it; `isWrapped` says that `rest` continues the same paragraph.
     void Add(std::string_view text, std::string_view rest, bool isWrapped = false)
     {
         Piece piece = ResolvePrefix(text, m_format);
@@ -188,14 +187,14 @@ private:
         m_lines.push_back(std::move(line));
     }
 
-    // The longest prefix that still leaves room for the dots.
+    // Keeps the longest prefix that leaves room for the ellipsis.
     void Shorten(TextLine& line)
     {
         const std::size_t keep = LongestPrefix(line.text, m_width - m_measure.Width(kDots));
         Replace(line, line.text.substr(0, keep).append(kDots), keep);
     }
 
-    // The part after the last separator stays; the head is shortened.
+    // Keeps the part after the last separator and shortens the part before it.
     void ShortenPath(TextLine& line)
     {
         const std::size_t separator = line.text.find_last_of("\\/");
@@ -209,7 +208,7 @@ private:
         Replace(line, head.substr(0, keep) + tail, keep);
     }
 
-    // A mnemonic behind the first `kept` bytes is gone.
+    // A mnemonic after the first `kept` bytes is dropped.
     static void Replace(TextLine& line, std::string text, std::size_t kept)
     {
         line.text = std::move(text);
@@ -265,7 +264,7 @@ std::vector<TextLine> LayOutText(std::string_view utf8, UINT format, int width, 
 {
     if (format & DT_EXPANDTABS)
         return LineBreaker(format, width, maxLines, measure).Run(utf8);
-    // Tabs that are not expanded have no glyph; a space stands for them, at which no line breaks.
+    // An unexpanded tab has no glyph; it is replaced by a space that does not allow a line break.
     constexpr std::string_view kNoBreakSpace = "\xC2\xA0";
     std::string plain;
     for (const char character : utf8)

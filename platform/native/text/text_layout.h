@@ -9,24 +9,25 @@
 
 namespace qvui::native {
 
-/// The widths of a UTF-8 text without tabs before each of its bytes, one more entry than bytes; valid until
-/// the next call.
+/// Returns the width of a UTF-8 text without tabs before each of its bytes; has one more entry than the text
+/// has bytes. The result is valid until the next call.
 using TextWidths = std::function<const std::vector<int>&(std::string_view utf8)>;
 
-/// Measures lines of UTF-8 text in which tabs reach the next of equally spaced stops.
+/// Measures lines of UTF-8 text with tabs that advance to the next of equally spaced stops.
 class LineMeasure {
 public:
     /// `tabStop` is in pixels, at least 1.
     LineMeasure(TextWidths widths, int tabStop) : m_text(std::move(widths)), m_tabStop(tabStop) {}
 
-    /// As TextWidths, for a line that may hold tabs.
+    /// As TextWidths, for a line that may contain tabs.
     const std::vector<int>& Widths(std::string_view line);
     int Width(std::string_view line) { return Widths(line).back(); }
     struct Part {
         std::string_view text;
         int left;
     };
-    /// The parts of a line between its tabs, with the pixels from the line's start to each.
+    /// Returns the parts of a line between its tabs, each with its offset in pixels from the start of the
+    /// line.
     std::vector<Part> Parts(std::string_view line);
 
 private:
@@ -35,21 +36,21 @@ private:
     std::vector<int> m_widths;
 };
 
-/// One line as it is to be drawn: UTF-8 text with mnemonics and ellipsis resolved.
+/// One line ready for drawing: UTF-8 text with mnemonics and ellipsis resolved.
 struct TextLine {
     std::string text;
-    int width = 0;       // as counted in the calculated rectangle
-    int inkWidth = 0;    // without the space that ended the line; for centring and right alignment
-    int underline = -1;  // byte of the mnemonic, -1 without one
+    int width = 0;       // as counted for DT_CALCRECT
+    int inkWidth = 0;    // without the space that ended the line, for centring and right alignment
+    int underline = -1;  // byte offset of the mnemonic, or -1
     bool isShortened = false;
 };
 
-/// Splits a UTF-8 text into lines by DrawText's flags, in a space `width` pixels wide. `maxLines` is the
-/// number of lines that will be drawn when the space is bounded below, 0 when it is not.
+/// Splits a UTF-8 text into lines by DrawText's flags. `width` is the available width in pixels. `maxLines`
+/// is the number of lines that will be drawn, or 0 for no limit.
 std::vector<TextLine> LayOutText(std::string_view utf8, UINT format, int width, int maxLines,
                                  LineMeasure& measure);
 
-/// The byte behind the UTF-8 character at `at`.
+/// Returns the position after the UTF-8 character at `at`.
 std::size_t NextCharacter(std::string_view utf8, std::size_t at);
 
 }  // namespace qvui::native

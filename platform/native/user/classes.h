@@ -4,7 +4,7 @@
 
 namespace qvui::native {
 
-/// The class of a name or atom, or null.
+/// Returns the window class of a name or atom, or null.
 std::shared_ptr<WindowClass> FindClass(LPCSTR name);
 
 }  // namespace qvui::native

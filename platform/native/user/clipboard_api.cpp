@@ -1,4 +1,4 @@
-// The clipboard: our own formats, and text that is shared with the desktop.
+// The clipboard: formats of our own process, and text shared with the desktop.
 
 #include <algorithm>
 #include <cstring>
@@ -38,7 +38,7 @@ HGLOBAL MakeBlock(const void* bytes, std::size_t size)
     return block;
 }
 
-// Up to the terminator, or the end of the block.
+// Reads text up to the terminating zero or the end of the block.
 template <class Unit>
 std::basic_string<Unit> TextOf(HGLOBAL block)
 {
@@ -73,7 +73,9 @@ std::string Narrow(std::u16string_view wide, UINT codePage)
     return text;
 }
 
-// The desktop ends lines with "\n", the platform with "\r\n".
+// The desktop uses "
+// " as line ending, the platform "\r
+// ".
 std::string WithCarriageReturns(std::string_view text)
 {
     std::string out;
@@ -94,7 +96,7 @@ std::string WithoutCarriageReturns(std::string_view text)
     return out;
 }
 
-// Text that another program has put there since replaces what we have.
+// Text that another program has put on the clipboard replaces our contents.
 void TakeDesktopText(ClipboardState& clipboard)
 {
     std::string text = TheDisplay().ClipboardText();
@@ -176,7 +178,7 @@ HANDLE GetClipboardData(UINT format)
         return nullptr;
     if (const HGLOBAL block = Find(clipboard, format))
         return block;
-    // Each kind of text is made from the other one.
+    // Either text format is converted from the other one on request.
     const HGLOBAL other =
         IsText(format) ? Find(clipboard, format == CF_TEXT ? CF_UNICODETEXT : CF_TEXT) : nullptr;
     if (!other)

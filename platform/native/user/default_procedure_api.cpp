@@ -1,4 +1,4 @@
-// What a window does with the messages that its application leaves alone.
+// Default handling of messages that the application does not process.
 
 #include <algorithm>
 #include <cstring>
@@ -40,7 +40,7 @@ LRESULT EraseBackground(const Window& window, HDC dc)
     return FillRect(dc, &box, brush);
 }
 
-// Windows that can be sized, and overlapped ones, keep to the sizes that they say.
+// Resizable windows and overlapped windows respect the limits that they report.
 void LimitSize(const Window& window, WINDOWPOS& position)
 {
     if ((position.flags & SWP_NOSIZE) ||
@@ -67,7 +67,7 @@ void PositionChanged(Window& window, const WINDOWPOS& position)
         SendMessageA(handle, WM_SIZE, how, MAKELPARAM(static_cast<WORD>(width), static_cast<WORD>(height)));
 }
 
-// `under` is the window under the pointer, which may be a child of the one that is asked.
+// `under` is the window under the pointer, which may be a child of the window that handles the message.
 LRESULT SetClassCursor(HWND under, LPARAM lParam)
 {
     const auto hit = static_cast<SHORT>(LOWORD(static_cast<DWORD_PTR>(lParam)));

@@ -20,24 +20,24 @@ struct CursorObject {
     CursorImage image;
 };
 
-/// What was asked for with TrackMouseEvent.
+/// A request of TrackMouseEvent.
 struct Tracking {
-    HWND window = nullptr;  // null: nobody asked
+    HWND window = nullptr;  // null if there is no request
     bool leave = false;
     bool hover = false;
     DWORD hoverTime = 0;        // milliseconds
-    std::int64_t hoverDue = 0;  // nanoseconds of the clock
+    std::int64_t hoverDue = 0;  // time of the clock in nanoseconds
     POINT restsAt{};
 };
 
-/// What the key message that was taken out last types, for TranslateMessage.
+/// The text of the last key message that was removed, for TranslateMessage.
 struct TypedKey {
     WPARAM key = 0;
     DWORD time = 0;
     std::string text;  // UTF-8
 };
 
-/// The press that another one may make a double click of.
+/// The previous button press, for detecting double clicks.
 struct LastPress {
     HWND window = nullptr;
     int button = 0;
@@ -49,7 +49,7 @@ struct PostedMessages {
     std::deque<MSG> posted;
     bool hasQuit = false;
     int exitCode = 0;
-    POINT lastPoint{};  // where the pointer was at the message that was taken out last
+    POINT lastPoint{};  // pointer position at the last message that was removed
     DWORD lastTime = 0;
 };
 
@@ -61,16 +61,16 @@ struct Timer {
     TIMERPROC procedure;
 };
 
-/// The blinking mark where text goes in.
+/// The caret, which marks the text insertion position.
 struct CaretState {
-    HWND window = nullptr;       // null: there is none
+    HWND window = nullptr;       // null if there is no caret
     RECT rect{};                 // client coordinates
-    int hidden = 0;              // how often it was hidden and not shown again
-    bool isOn = false;           // in the half of its period in which it shows
-    std::int64_t toggleDue = 0;  // nanoseconds of the clock
+    int hidden = 0;              // number of HideCaret calls without a matching ShowCaret
+    bool isOn = false;           // in the visible half of its blink period
+    std::int64_t toggleDue = 0;  // time of the clock in nanoseconds
 };
 
-/// A format on the clipboard.
+/// An entry of the clipboard.
 struct ClipboardItem {
     UINT format;
     HGLOBAL block;
@@ -79,22 +79,22 @@ struct ClipboardState {
     bool isOpen = false;
     bool isChanged = false;  // since it was opened
     std::vector<ClipboardItem> items;
-    std::string desktopText;  // UTF-8, as the desktop had it when the items were made
+    std::string desktopText;  // UTF-8, the desktop's text when the items were created
 };
 
-/// What a window's device context has to show when it closes.
+/// A window's device context; what was drawn on it is presented when it closes.
 struct OpenContext {
     HWND window;
     RECT area;  // client coordinates
 };
 
-/// Everything that the windows of a process share: one object, made on first use and never destroyed, because
-/// static objects may ask about their windows while the process ends. It holds data alone; what is done with
-/// a part of it stands in the source of that name.
+/// The state shared by all windows of a process: one object, created on first use and never destroyed,
+/// because static objects may use their windows while the process exits. It holds only data; the functions
+/// for each part are in the source files named after it.
 struct Desktop {
     // Windows and their classes
     HandleTable<Window, 6> windows;
-    std::vector<HWND> topLevel;  // from the topmost down
+    std::vector<HWND> topLevel;  // topmost first
     std::vector<std::shared_ptr<WindowClass>> classes;
     ATOM lastClassAtom = 0xC000;
     std::vector<std::string> registeredMessages;
@@ -102,18 +102,18 @@ struct Desktop {
     // The active window and the focus
     HWND active = nullptr;
     HWND focus = nullptr;
-    HWND leaving = nullptr;  // the window that is being told that it is no longer active
+    HWND leaving = nullptr;  // the window that is currently told that it is being deactivated
 
     // Input
-    std::deque<InputEvent> events;  // reported by the display and not taken out yet
+    std::deque<InputEvent> events;  // reported by the display, not yet removed
     InputState input;
     bool pointerMayHaveMoved = false;
-    HWND seenUnderPointer = nullptr;  // the frontmost window there when that was last looked at
-    HWND underPointer = nullptr;      // the window that last got a move
+    HWND seenUnderPointer = nullptr;  // the topmost window under the pointer at the last check
+    HWND underPointer = nullptr;      // the window that received the last mouse move
     Tracking tracking;
     LastPress lastPress;
     TypedKey typed;
-    bool isAltAlone = false;  // Alt is down and no other key came since
+    bool isAltAlone = false;  // Alt is down and no other key has been pressed since
     HandleTable<CursorObject, 7> cursors;
     std::vector<std::pair<int, HCURSOR>> systemCursors;
     HCURSOR cursor = nullptr;
@@ -121,16 +121,17 @@ struct Desktop {
     ClipboardState clipboard;
     HandleTable<Menu, 8> menus;
 
-    // What waits
+    // Pending work
     PostedMessages messages;
     std::vector<Timer> timers;  // in the order in which they are due
     UINT_PTR nextFreeTimer = 0x7000;
-    std::deque<HWND> toPaint;  // in the order in which that came up; may hold some that need not any more
+    std::deque<HWND> toPaint;  // in the order of invalidation; may include windows that need no painting any
+                               // more
     std::map<HDC, OpenContext> openContexts;
 };
 Desktop& TheDesktop();
 
-/// The window of a handle, or null.
+/// Returns the window of a handle, or null.
 Window* LookUpWindow(HWND window);
 
 }  // namespace qvui::native

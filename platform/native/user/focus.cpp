@@ -16,7 +16,7 @@ bool HasFocusInside(HWND window)
 
 void TellDeactivated(HWND previous, HWND next)
 {
-    // A handler that activates another window must not be told again, or it would never end.
+    // A handler that activates another window is not notified again, which prevents endless recursion.
     if (!LookUpWindow(previous) || TheDesktop().leaving == previous)
         return;
     const HWND outer = std::exchange(TheDesktop().leaving, previous);
@@ -68,7 +68,7 @@ void ActivateWindow(HWND window, int how)
         return;
     const HWND previous = TheDesktop().active;
     TellDeactivated(previous, window);
-    // The handlers may have activated another window, which then stays so, or destroyed this one.
+    // The handlers may have activated another window, which then stays active, or destroyed this one.
     if ((TheDesktop().active != previous && TheDesktop().active != nullptr) ||
         (window && !LookUpWindow(window)))
         return;
@@ -78,7 +78,8 @@ void ActivateWindow(HWND window, int how)
         return;
     }
     TellActivated(window, how, previous);
-    // The default handling of WM_ACTIVATE has moved the focus, unless somebody kept the message from it.
+    // The default handling of WM_ACTIVATE has moved the focus, unless the application handled the message
+    // itself.
     if (TheDesktop().active == window && !HasFocusInside(window))
         SetFocus(window);
 }

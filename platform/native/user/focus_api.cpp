@@ -1,4 +1,4 @@
-// The active window and the focus: the exported functions.
+// Exported functions for the active window and the focus.
 
 #include "native/user/desktop.h"
 #include "native/user/focus.h"
@@ -23,7 +23,7 @@ HWND SetFocus(HWND window)
     const HWND previous = std::exchange(TheDesktop().focus, window);
     if (LookUpWindow(previous))
         SendMessageA(previous, WM_KILLFOCUS, reinterpret_cast<WPARAM>(window), 0);
-    // A handler that moved the focus on has told the other window already.
+    // If a handler moved the focus on, the nested call has already notified the new window.
     if (TheDesktop().focus == window && LookUpWindow(window))
         SendMessageA(window, WM_SETFOCUS, reinterpret_cast<WPARAM>(previous), 0);
     return before;

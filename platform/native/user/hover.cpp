@@ -1,4 +1,4 @@
-// Telling windows that the pointer left them or rests on them.
+// Notifies windows when the pointer leaves them or hovers over them.
 
 #include "native/user/hover.h"
 
@@ -17,7 +17,7 @@ constexpr std::int64_t kMillisecond = 1'000'000;
 constexpr DWORD kDefaultHoverTime = 400;
 constexpr int kHoverExtent = 4;
 
-// Both kinds are answered once.
+// Both kinds of request end when they are answered.
 void Settle()
 {
     Tracking& tracking = TheDesktop().tracking;
@@ -118,7 +118,7 @@ void TrackPointer(const TRACKMOUSEEVENT& request)
         return;
     }
     if (!IsPointerOver(request.hwndTrack)) {
-        // It left before it was asked for.
+        // The pointer had left before the request was made.
         if (request.dwFlags & TME_LEAVE)
             PostMessageA(request.hwndTrack, WM_MOUSELEAVE, 0, 0);
         return;

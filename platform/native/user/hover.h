@@ -4,11 +4,11 @@
 
 namespace qvui::native {
 
-/// Carries out a request of TrackMouseEvent for a window that exists.
+/// Implements TrackMouseEvent for an existing window.
 void TrackPointer(const TRACKMOUSEEVENT& request);
-/// The pointer is over another window, or over none; one that asked to be told that it left is told.
+/// Records the window under the pointer (null: none) and notifies a window that requested leave tracking.
 void PointerIsOver(HWND window);
-/// The pointer moved: a hover is waited for anew.
+/// The pointer moved: restarts the hover time.
 void RestartHover(POINT screen);
 /// Turns a hover that is due into a message.
 bool TakeHover(MSG& message, const MessageFilter& filter, bool removes);

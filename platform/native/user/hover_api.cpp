@@ -1,4 +1,4 @@
-// Leaving and hovering: the exported functions.
+// Exported functions for leave and hover tracking.
 
 #include "native/user/desktop.h"
 #include "native/user/hover.h"

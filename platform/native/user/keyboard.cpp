@@ -1,4 +1,4 @@
-// Key events to messages, and key messages to characters.
+// Turns key events into messages, and key messages into characters.
 
 #include "native/user/keyboard.h"
 
@@ -14,7 +14,7 @@ constexpr LPARAM kAltDown = 1 << 29;
 constexpr LPARAM kWasDown = 1 << 30;
 constexpr LPARAM kReleased = static_cast<LPARAM>(0xC0000000U);
 
-// Keys go to the focus; without one to the active window, as system keys.
+// Keys go to the window with the focus; if there is none, to the active window as system keys.
 HWND KeyTarget()
 {
     return GetFocus() ? GetFocus() : GetActiveWindow();
@@ -35,7 +35,7 @@ void PostCharacters(HWND window, UINT message, const std::string& utf8, LPARAM l
         PostMessageA(window, message, static_cast<unsigned char>(byte), lParam);
 }
 
-// What a key means whatever it types: control characters.
+// The control character of a key, whatever text it types.
 char ControlCharacter(int key, bool isControl)
 {
     switch (key) {
@@ -63,9 +63,9 @@ struct Characters {
     std::string text;  // UTF-8
 };
 
-// What a key message types: what the display said, or for a message that did not come from it what a plain
-// keyboard would. With Alt a keyboard types nothing, unless the key has a third level: then that is what was
-// meant.
+// The characters that a key message types: those reported by the display, or, for a message that did not come
+// from the display, those of a US keyboard. With Alt a key types nothing, unless its text comes from a third
+// level.
 Characters CharactersOf(const MSG& message)
 {
     const KeyStates& keys = TheDesktop().input.keys;

@@ -1,4 +1,4 @@
-// A menu on the screen: a popup window with a message loop of its own.
+// Displays a menu as a popup window with its own message loop.
 
 #include <algorithm>
 
@@ -245,7 +245,7 @@ UINT ChooseFromMenu(const Menu& menu, POINT screen, HWND owner)
             PostQuitMessage(static_cast<int>(message.wParam));
             break;
         }
-        // The keyboard stays with the owner, but its keys are the menu's.
+        // The keyboard focus stays with the owner, but key presses control the menu.
         if (message.message == WM_KEYDOWN || message.message == WM_SYSKEYDOWN)
             OnKey(message.wParam);
         else if (message.message < WM_KEYDOWN || message.message > WM_SYSCHAR)

@@ -8,7 +8,7 @@
 
 namespace qvui::native {
 
-/// A menu: a list of commands, separators and further menus.
+/// A menu: a list of commands, separators and submenus.
 struct Menu {
     struct Item {
         UINT id = 0;
@@ -20,15 +20,15 @@ struct Menu {
         bool IsChoosable() const { return isEnabled && !IsSeparator() && !submenu; }
     };
     std::vector<Item> items;
-    HMENU handle = nullptr;  // once somebody asked for it
+    HMENU handle = nullptr;  // allocated on first request
 };
 
-/// The menu of a handle, or null.
+/// Returns the menu of a handle, or null.
 Menu* LookUpMenu(HMENU menu);
 
-/// Shows a menu with a corner at a point of the screen, inside of the screen that the point is on, and lets
-/// the user choose with pointer and keys. The command, or 0. Closes also when `owner` goes or loses the
-/// mouse.
+/// Shows a menu with a corner at a screen position, kept inside the screen that contains it, and lets the
+/// user choose with pointer and keys. Returns the command, or 0. Also closes when `owner` is destroyed or
+/// loses the mouse capture.
 UINT ChooseFromMenu(const Menu& menu, POINT screen, HWND owner);
 
 }  // namespace qvui::native

@@ -1,4 +1,4 @@
-// Menus: the exported functions.
+// Exported functions for menus.
 
 #include <algorithm>
 #include <cstring>
@@ -23,7 +23,7 @@ HMENU HandleOf(const std::shared_ptr<Menu>& menu)
     return menu->handle;
 }
 
-// The menu of text fields, as the system has it.
+// The system's context menu of text fields.
 std::shared_ptr<Menu> MakeEditMenu()
 {
     auto commands = std::make_shared<Menu>();
@@ -73,7 +73,7 @@ Menu* qvui::native::LookUpMenu(HMENU menu)
 
 HMENU LoadMenuA(HINSTANCE module, LPCSTR name)
 {
-    // Of the menus in modules the system's own is known.
+    // Only the system's edit menu can be loaded.
     if (module != GetModuleHandleA("user32.dll") || name != MAKEINTRESOURCEA(kEditMenu)) {
         SetLastError(ERROR_RESOURCE_NAME_NOT_FOUND);
         return nullptr;

@@ -4,17 +4,17 @@
 
 namespace qvui::native {
 
-/// Which messages a call asks for.
+/// The messages that a call accepts.
 struct MessageFilter {
-    HWND window = nullptr;  // with its children; null: any window, and messages of the thread
+    HWND window = nullptr;  // includes its children; null: any window, and thread messages
     UINT first = 0;
-    UINT last = 0;  // both 0: any number
+    UINT last = 0;  // both 0: any message
 
     bool AcceptsNumber(UINT message) const
     {
         return (first == 0 && last == 0) || (message >= first && message <= last);
     }
-    /// Whether any number between two is accepted.
+    /// Whether any message in the range [from, to] is accepted.
     bool AcceptsSomeOf(UINT from, UINT to) const
     {
         return (first == 0 && last == 0) || (from <= last && to >= first);

@@ -1,4 +1,4 @@
-// The message queue: posted messages, input, quit, paint and timers, in this order.
+// The message queue. Order: posted messages, input, quit, paint, timers, hover.
 
 #include "native/user/message_queue.h"
 
@@ -58,7 +58,7 @@ bool TakeMessage(MSG& message, const MessageFilter& filter, bool removes)
     if (TakePosted(message, filter, removes) || TakeInput(message, filter, removes))
         return true;
     BlinkCaret();
-    // What the display has to report comes before everything that only waits for idle time.
+    // Input from the display comes before messages that are only generated when the queue is idle.
     TheDisplay().Wait(0, TheInputSink());
     return TakePosted(message, filter, removes) || TakeInput(message, filter, removes) ||
            TakeQuit(message, removes) || TakePaint(message, filter) || TakeTimer(message, filter, removes) ||

@@ -4,14 +4,14 @@
 
 namespace qvui::native {
 
-/// Takes the next message that the filter accepts: posted ones first, then input, quit, paint and timers.
-/// With `removes` it leaves the queue. False when there is none.
+/// Returns the next message that the filter accepts: posted ones first, then input, quit, paint, timers and
+/// hover. Removes it from the queue if `removes` is set. Returns false if there is none.
 bool TakeMessage(MSG& message, const MessageFilter& filter, bool removes);
-/// Notes place and time of a message that was taken out, for GetMessagePos and GetMessageTime.
+/// Records position and time of a removed message, for GetMessagePos and GetMessageTime.
 void RememberMessage(const MSG& message);
-/// How long the display may wait for input; -1: as long as it likes.
+/// Returns how long the display may wait for input; -1 for no limit.
 int MillisecondsToWait();
-/// A message as of now.
+/// Creates a message with the current time and pointer position.
 MSG StampedMessage(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
 void RemoveMessagesOf(HWND window);
 

@@ -1,4 +1,4 @@
-// Posting, sending, taking and dispatching messages.
+// Posts, sends, retrieves and dispatches messages.
 
 #include "native/user/desktop.h"
 #include "native/user/message_queue.h"
@@ -7,7 +7,7 @@ using namespace qvui::native;
 
 LRESULT SendMessageA(HWND window, UINT message, WPARAM wParam, LPARAM lParam)
 {
-    // A share keeps the record alive while its own procedure destroys it.
+    // Sharing ownership keeps the record alive if its own procedure destroys the window.
     const std::shared_ptr<Window> target = TheDesktop().windows.Find(window);
     return target && target->procedure ? target->procedure(window, message, wParam, lParam) : 0;
 }

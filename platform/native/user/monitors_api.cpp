@@ -1,4 +1,4 @@
-// The screens that the desktop spans. A monitor's handle is its number, beginning with 1.
+// The screens of the desktop. A monitor handle is the number of the screen, starting at 1.
 
 #include <algorithm>
 #include <cstdint>

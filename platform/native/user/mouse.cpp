@@ -1,4 +1,4 @@
-// Mouse events to messages: which window, which message, what happens on the way.
+// Turns mouse events into messages: target window, message, and side effects such as activation.
 
 #include "native/user/mouse.h"
 
@@ -43,7 +43,7 @@ struct Target {
     int hit = HTCLIENT;
 };
 
-// The first window under the point that does not call itself transparent.
+// The topmost window under the point that does not report HTTRANSPARENT.
 Target FindUnder(POINT screen)
 {
     for (const HWND window : WindowsAt(screen)) {
@@ -107,12 +107,12 @@ bool IsDoubleClickMessage(UINT message)
 
 void RememberPress(const InputEvent& event, const MSG& message)
 {
-    // A third press is a plain one again.
+    // A third press is a single click again.
     TheDesktop().lastPress = {IsDoubleClickMessage(message.message) ? nullptr : message.hwnd, event.code,
                               event.screen, event.time};
 }
 
-// All ancestors are told of a press in a child, in their own client coordinates.
+// Notifies all ancestors of a press in a child, in their own client coordinates.
 void NotifyParentsOfPress(HWND handle, const MSG& message)
 {
     for (const Window* window = LookUpWindow(handle); window && window->IsChild();) {
@@ -124,7 +124,7 @@ void NotifyParentsOfPress(HWND handle, const MSG& message)
     }
 }
 
-// Asks whether a press activates the top-level window; false when the press is to be swallowed.
+// Asks whether a press activates the top-level window. Returns false if the press is discarded.
 bool ActivateByPress(const RoutedInput& routed)
 {
     Window* window = LookUpWindow(routed.message.hwnd);

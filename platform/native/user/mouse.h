@@ -6,13 +6,14 @@ namespace qvui::native {
 
 constexpr UINT kDoubleClickTime = 500;  // milliseconds
 
-/// The first window under a point of the screen that does not call itself transparent; null for none.
+/// Returns the topmost window at a screen position that does not report HTTRANSPARENT, or null.
 HWND WindowTakingMouse(POINT screen);
-/// Finds the message of a mouse event; false when it belongs to no window.
+/// Determines the message of a mouse event. Returns false if the event belongs to no window.
 bool RouteMouse(const InputEvent& event, RoutedInput& routed);
-/// Carries it out: tells the parents, activates, sets the cursor. False when the message is swallowed.
+/// Performs the side effects: notifies the parents, activates, sets the cursor. Returns false if the message
+/// is discarded.
 bool CommitMouse(const InputEvent& event, RoutedInput& routed);
-/// MK_ flags of what is down.
+/// Returns the MK_ flags of the keys and buttons that are down.
 WPARAM MouseKeys(const KeyStates& keys);
 
 }  // namespace qvui::native

@@ -1,4 +1,4 @@
-// The native capture and what is under the pointer: the exported functions.
+// Exported functions for mouse capture and the window under the pointer.
 
 #include "native/user/desktop.h"
 #include "native/user/input_queue.h"
@@ -26,7 +26,7 @@ HWND GetCapture()
 BOOL ReleaseCapture()
 {
     SetCapture(nullptr);
-    // During the capture nobody else learnt that the pointer is over it.
+    // During the capture, no other window was told that the pointer is over it.
     PointerMayHaveMoved();
     return TRUE;
 }

@@ -31,7 +31,7 @@ struct Drag {
     MINMAXINFO limits{};
 };
 
-// The edge that is dragged gives way to the limits; the other stays.
+// The dragged edge is limited; the opposite edge does not move.
 void LimitSpan(LONG& low, LONG& high, bool dragsLow, LONG least, LONG most)
 {
     const LONG length = std::clamp(high - low, least, std::max(least, most));
@@ -67,7 +67,7 @@ void Follow(const Drag& drag, POINT now)
     MoveWindow(drag.window, rect.left, rect.top, rect.right - rect.left, rect.bottom - rect.top, TRUE);
 }
 
-// Dispatches messages until the button goes up or somebody takes the mouse away.
+// Dispatches messages until the button is released or the capture is lost.
 void RunLoop(const Drag& drag)
 {
     MSG message{};
@@ -114,7 +114,7 @@ void MoveOrSizeByCommand(HWND window, WPARAM command)
     if ((!isMove && !isSize) || GetKeyState(VK_LBUTTON) >= 0 || IsZoomed(window) ||
         !GetWindowRect(window, &drag.start))
         return;
-    // Where the pointer was at the press: it may have moved on since.
+    // Uses the pointer position of the press, because the pointer may have moved since.
     const DWORD press = GetMessagePos();
     drag.from = {GET_X_LPARAM(press), GET_Y_LPARAM(press)};
     SetCapture(window);

@@ -19,7 +19,7 @@ void Mark(Window& window, const Region& area, bool erase)
         TheDesktop().toPaint.push_back(window.handle);
 }
 
-// `area` lies inside the window, which shows.
+// `area` must lie inside the window, and the window must be visible.
 void MarkWithChildren(Window& window, const Region& area, bool erase, ChildPaint children)
 {
     if (window.isRedrawOff)
@@ -39,7 +39,7 @@ void MarkWithChildren(Window& window, const Region& area, bool erase, ChildPaint
     }
 }
 
-// A parent is painted before its children, which draw on top of it.
+// Parents are painted before their children, which draw on top of them.
 HWND TopmostPendingAncestor(HWND handle)
 {
     HWND result = handle;

@@ -2,27 +2,29 @@
 
 #include "native/user/window.h"
 
-/// What is to be painted, and showing what was drawn.
+/// Invalidation of windows, and presenting what was drawn.
 namespace qvui::native {
 
-/// Whether children of an invalidated area are invalidated with it; `AsStyled`: unless the window clips them.
+/// Whether children of an invalidated area are invalidated too. `AsStyled`: unless the window clips its
+/// children.
 enum class ChildPaint { AsStyled, All, None };
 
-/// Adds an area (client coordinates) to what a window has to paint. Nothing happens where nothing shows.
+/// Invalidates an area (client coordinates). Has no effect where the window is not visible.
 void Invalidate(Window& window, const Region& area, bool erase, ChildPaint children = ChildPaint::AsStyled);
-/// Invalidates all of a window that appears, and of its visible children, frames included.
+/// Invalidates a visible window and its visible children, including their frames.
 void InvalidateTree(Window& window);
 void Validate(Window& window, const Region& area);
-/// A window that hides has nothing to paint any more, nor have its children.
+/// Discards the pending painting of a hidden window and its children.
 void ForgetPaint(Window& window);
 
-/// Sends WM_NCPAINT and WM_ERASEBKGND, as far as they are due, without waiting for the paint message.
+/// Sends WM_NCPAINT and WM_ERASEBKGND immediately if they are due.
 void EraseNow(HWND window);
 
-/// The window whose turn it is to get WM_PAINT, parents before children: within `window`, or any for null.
+/// Returns the next window to receive WM_PAINT, parents before children: `window` or a child of it, or any
+/// window for null.
 HWND NextToPaint(HWND window);
 
-/// Shows a part of a window's client area on the display.
+/// Presents a part of a window's client area on the display.
 void PresentDamage(Window& window, const RECT& client);
 
 }  // namespace qvui::native

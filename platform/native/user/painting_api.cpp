@@ -1,4 +1,4 @@
-// Marking, validating and painting at once: the exported functions.
+// Exported functions for invalidating, validating and updating windows.
 
 #include "native/user/desktop.h"
 #include "native/user/painting.h"
@@ -8,7 +8,7 @@ using namespace qvui::native;
 
 namespace {
 
-// The area of a call: a region, a rectangle, or all of the window.
+// The area that a call refers to: a region, a rectangle, or the whole client area.
 std::optional<Region> AreaOf(const Window& window, const RECT* rect, HRGN region)
 {
     if (!region)
@@ -59,7 +59,7 @@ BOOL RedrawWindow(HWND handle, const RECT* rect, HRGN region, UINT flags)
 
 BOOL InvalidateRect(HWND window, const RECT* rect, BOOL erase)
 {
-    // Most of what is marked is marked already, when controls change one after another.
+    // Fast path: when controls change one after another, most areas are already invalid.
     if (const Window* const known = rect ? LookUpWindow(window) : nullptr;
         known && known->children.empty() && (known->paint.needsErase || !erase) &&
         known->paint.region.Holds(*rect))

@@ -1,4 +1,4 @@
-// Moving, sizing and stacking windows.
+// Moves, resizes and reorders windows.
 
 #include <algorithm>
 
@@ -27,8 +27,8 @@ void GrowSurface(Window& window)
     window.surface = std::move(grown);
 }
 
-// The part of the client area that keeps its pixels when the size changes: none of it when the class draws it
-// differently at every size.
+// The part of the client area whose pixels are kept when the size changes; empty if the class requests a full
+// redraw.
 RECT KeptBySize(const Window& window, const RECT& old)
 {
     const int oldWidth = old.right - old.left;
@@ -40,7 +40,7 @@ RECT KeptBySize(const Window& window, const RECT& old)
     return Intersection(window.Client(), {0, 0, oldWidth, oldHeight});
 }
 
-// Moves pixels inside a top-level window's surface. The areas may overlap, so they are taken out first.
+// Moves pixels inside a top-level window's surface. They are copied out first, because the areas may overlap.
 void MovePixels(const Surface& surface, Region from, POINT by)
 {
     from.Intersect(Region(RECT{0, 0, surface.width, surface.height}));
@@ -64,7 +64,7 @@ void MovePixels(const Surface& surface, Region from, POINT by)
         surface.Store(strip.at.x, strip.at.y, static_cast<int>(strip.pixels.size()), strip.pixels.data());
 }
 
-// What a child left behind is its parent's and its siblings' to paint.
+// Invalidates the area that a child uncovered in its parent and siblings.
 void ExposeBehind(const Window& window, Region uncovered)
 {
     Window* parent = window.IsChild() ? LookUpWindow(window.parent) : nullptr;
@@ -81,7 +81,7 @@ void ExposeBehind(const Window& window, Region uncovered)
     }
 }
 
-// A child's pixels go with it as far as they showed before and show now; the rest is to be painted.
+// Moves a child's pixels as far as they were visible before and are visible now; the rest is invalidated.
 void MoveChild(Window& window, const Region& shownBefore, const RECT& old)
 {
     const RECT kept = KeptBySize(window, old);
@@ -130,7 +130,7 @@ void ApplyRectangle(Window& window, const WINDOWPOS& position, RECT old)
         MoveTopLevel(window, old);
 }
 
-// A raised child shows where it was covered before; a lowered one uncovers its siblings.
+// A raised child becomes visible where it was covered; a lowered child uncovers its siblings.
 void ApplyOrder(Window& window, HWND insertAfter)
 {
     Region before = window.IsChild() ? VisibleRegion(window, Extent::Whole) : Region();
@@ -185,7 +185,7 @@ WINDOWPOS Complete(const Window& window, WINDOWPOS position)
     return position;
 }
 
-// Takes away what would change nothing.
+// Removes changes that have no effect.
 void Reduce(const Window& window, WINDOWPOS& position)
 {
     constexpr int kLargest = 32767;
@@ -227,7 +227,7 @@ void SendCalcSize(HWND handle, WINDOWPOS& position)
     SendMessageA(handle, WM_NCCALCSIZE, TRUE, reinterpret_cast<LPARAM>(&sizes));
 }
 
-// Backgrounds are erased inside the call: that of the window, and that of the parent where a child went away.
+// Erases backgrounds within the call: that of the window, and that of the parent where a child uncovered it.
 void EraseChanged(HWND handle)
 {
     EraseNow(handle);
@@ -235,7 +235,8 @@ void EraseChanged(HWND handle)
         EraseNow(window->parent);
 }
 
-// Between client and screen coordinates: the window's origin on the screen is added or, with -1, taken off.
+// Converts between client and screen coordinates by adding (`sign` 1) or subtracting (-1) the window's origin
+// on the screen.
 BOOL MoveByOrigin(HWND handle, POINT& point, int sign)
 {
     const Window* const window = LookUpWindow(handle);
@@ -329,7 +330,7 @@ int SetWindowRgn(HWND handle, HRGN region, BOOL redraw)
     window->shape = shape ? std::optional<Region>(shape->region) : std::nullopt;
     if (!window->IsChild())
         TheDisplay().SetShape(handle, window->shape ? &*window->shape : nullptr);
-    // The window owns the region from now on.
+    // The window takes ownership of the region.
     if (region)
         DeleteObject(region);
     PointerMayHaveMoved();

@@ -1,4 +1,4 @@
-// Showing, hiding, minimising, maximising and restoring windows.
+// Shows, hides, minimises, maximises and restores windows.
 
 #include "native/user/desktop.h"
 #include "native/user/focus.h"
@@ -11,7 +11,7 @@ namespace {
 
 constexpr DWORD kSpecial = WS_MAXIMIZE | WS_MINIMIZE;
 
-// An overlapped window learns its size and place only when it is first shown.
+// An overlapped window receives its first WM_SIZE and WM_MOVE only when it is first shown.
 void SendFirstSize(HWND handle)
 {
     Window* window = LookUpWindow(handle);
@@ -59,7 +59,7 @@ void Minimise(HWND handle, bool activatesNext)
         ActivateNextTo(handle);
 }
 
-// Ends the minimised state; the caller sets the place that follows.
+// Leaves the minimised state; the caller sets the new position.
 void LeaveIcon(Window& window)
 {
     window.style &= ~WS_MINIMIZE;
@@ -93,7 +93,7 @@ void Restore(HWND handle, int command)
            command == SW_SHOWNOACTIVATE ? SWP_NOACTIVATE : 0);
     if (!wasIcon || (window = LookUpWindow(handle)) == nullptr)
         return;
-    // The size did not change, but the window had been told that it was none.
+    // The size is unchanged, but the window had been told a size of zero.
     SendMessageA(handle, WM_SIZE, staysMaximised ? SIZE_MAXIMIZED : SIZE_RESTORED,
                  MAKELPARAM(window->Width(), window->Height()));
 }

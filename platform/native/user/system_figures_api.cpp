@@ -1,4 +1,4 @@
-// The few figures of the system that anybody asks for.
+// System metrics and settings.
 
 #include "native/display/display.h"
 

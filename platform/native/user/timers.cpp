@@ -1,4 +1,4 @@
-// Timers: at most one tick of each waits, however late it is taken.
+// Timers. At most one tick of each timer is pending, however late it is retrieved.
 
 #include "native/user/timers.h"
 

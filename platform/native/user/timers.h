@@ -4,13 +4,13 @@
 
 namespace qvui::native {
 
-/// Replaces the timer of that window and id. A period is 10 ms at least.
+/// Starts a timer, replacing one with the same window and id. The minimum period is 10 ms.
 void StartTimer(HWND window, UINT_PTR id, UINT milliseconds, TIMERPROC procedure);
-/// False when it does not run.
+/// Returns false if the timer is not running.
 bool StopTimer(HWND window, UINT_PTR id);
-/// Turns the timer that has been due for longest into a message. With `removes` its next period begins.
+/// Turns the timer that has been due longest into a message. Starts its next period if `removes` is set.
 bool TakeTimer(MSG& message, const MessageFilter& filter, bool removes);
-/// Milliseconds until the next timer is due, 0 when one is, -1 when there is none.
+/// Returns the milliseconds until the next timer is due, 0 if one is due, or -1 if there is none.
 int MillisecondsToNextTimer();
 void RemoveTimersOf(HWND window);
 

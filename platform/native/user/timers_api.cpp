@@ -1,4 +1,4 @@
-// Timers: the exported functions.
+// Exported functions for timers.
 
 #include "native/user/desktop.h"
 #include "native/user/timers.h"

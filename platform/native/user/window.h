@@ -21,27 +21,27 @@ struct WindowClass {
     WNDCLASSEXA definition{};
 };
 
-/// What a window still has to draw, in client coordinates.
+/// The pending painting of a window, in client coordinates.
 struct PendingPaint {
     Region region;
     bool needsFrame = false;  // WM_NCPAINT is due
     bool needsErase = false;  // WM_ERASEBKGND is due
-    bool wasRefused = false;  // WM_ERASEBKGND has been answered with 0
-    bool isListed = false;    // the window stands in the list of those that have something to paint
+    bool wasRefused = false;  // WM_ERASEBKGND was answered with 0
+    bool isListed = false;    // the window is in Desktop::toPaint
 };
 
-/// One window. Children are listed from the topmost down and owned by the handle table.
+/// A window. Children are listed topmost first and owned by the handle table.
 struct Window {
     HWND handle = nullptr;
     std::shared_ptr<WindowClass> windowClass;
     WNDPROC procedure = nullptr;
     DWORD style = 0;
     DWORD exStyle = 0;
-    HWND parent = nullptr;  // of a child
-    HWND owner = nullptr;   // of a popup
+    HWND parent = nullptr;  // of a child window
+    HWND owner = nullptr;   // of a top-level window
     std::vector<HWND> children;
-    RECT rect{};      // in the parent's client area, or on the screen
-    RECT restored{};  // before it was maximised or minimised
+    RECT rect{};      // in the parent's client area, or in screen coordinates
+    RECT restored{};  // rectangle before it was maximised or minimised
     std::string title;
     LONG_PTR id = 0;
     LONG_PTR userData = 0;
@@ -51,7 +51,7 @@ struct Window {
     std::optional<Region> shape;
     bool wasShown = false;
     bool isRedrawOff = false;
-    bool hasLayer = false;  // its pixels came through UpdateLayeredWindow, alpha included
+    bool hasLayer = false;  // its pixels were set by UpdateLayeredWindow, including alpha
     bool isBeingDestroyed = false;
 
     bool IsChild() const { return (style & WS_CHILD) != 0; }

@@ -1,4 +1,4 @@
-// Device contexts of windows, and windows whose pixels are handed over whole.
+// Device contexts of windows, and layered windows.
 
 #include <map>
 
@@ -18,7 +18,7 @@ HDC OpenWindowContext(Window& window, Region visible, const RECT& area)
     return dc;
 }
 
-// The screen itself is not drawn on: a memory context to measure text with.
+// The screen itself cannot be drawn on; its context is a memory context for measuring text.
 HDC OpenScreenContext()
 {
     static const auto& pixel = *new std::shared_ptr<Surface>(Surface::Create(1, 1, 32, false));
@@ -42,8 +42,8 @@ void CloseWindowContext(HDC dc)
     RegisterBuiltInFunction("User32.dll", "UpdateLayeredWindow",
                             reinterpret_cast<FARPROC>(reinterpret_cast<void*>(&UpdateLayeredWindow)));
 
-// Copies the pixels of a layer with their alpha; without per-pixel alpha they are opaque, or clear in the key
-// colour.
+// Copies the pixels of a layer with their alpha. Without per-pixel alpha they become opaque, or transparent
+// if they match the colour key.
 void CopyLayer(Window& window, HDC source, POINT from, COLORREF key, DWORD flags)
 {
     const Surface& surface = *window.surface;

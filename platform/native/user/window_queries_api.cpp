@@ -1,4 +1,4 @@
-// Questions about the window tree.
+// Queries of the window tree.
 
 #include <algorithm>
 
@@ -107,7 +107,8 @@ HWND GetNextDlgTabItem(HWND dialog, HWND control, BOOL previous)
     };
     const auto count = static_cast<std::ptrdiff_t>(children.size());
     const std::ptrdiff_t from = std::find(children.begin(), children.end(), control) - children.begin();
-    // Without a control of this window to start from, forward begins at the first and backward at the last.
+    // Without a control of this window as starting point, forward starts at the first child and backward at
+    // the last.
     const std::ptrdiff_t start = from < count ? from : previous ? count : -1;
     for (std::ptrdiff_t step = 1; step <= count; ++step) {
         const std::ptrdiff_t at = ((previous ? start - step : start + step) + count) % count;

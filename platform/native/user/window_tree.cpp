@@ -26,7 +26,8 @@ bool IsTopmostHandle(HWND handle)
     return window && window->IsTopmost();
 }
 
-// Shows a changed order on the display: what stays at the bottom stays, the rest is raised in turn.
+// Applies a changed z-order to the display: windows at the bottom that did not change stay, the others are
+// raised in order.
 void ShowOrder(const std::vector<HWND>& before, const std::vector<HWND>& now)
 {
     auto old = before.rbegin();
@@ -40,7 +41,8 @@ void ShowOrder(const std::vector<HWND>& before, const std::vector<HWND>& now)
             TheDisplay().Raise(*at);
 }
 
-// The windows that move together: first the window with what it owns, then the others of its chain.
+// Windows that are reordered together: the window and the windows that it owns in front, then the rest of its
+// ownership chain.
 struct Group {
     std::vector<HWND> front;
     std::vector<HWND> behind;
@@ -62,7 +64,7 @@ Group TakeGroup(std::vector<HWND>& order, Window& window)
     return group;
 }
 
-// Topmost windows keep to themselves, whatever they were put behind.
+// Topmost windows stay above all others, whatever position was requested.
 void SplitBands(std::vector<HWND>& order)
 {
     std::stable_partition(order.begin(), order.end(), IsTopmostHandle);
@@ -73,7 +75,7 @@ void RestackTopLevel(Window& window, HWND insertAfter)
     std::vector<HWND>& order = TheDesktop().topLevel;
     Window* const neighbour = LookUpWindow(insertAfter);
     if (neighbour && RootOwnerOf(*neighbour) == RootOwnerOf(window))
-        return;  // owners and what they own keep their order among themselves
+        return;  // owners and owned windows keep their relative order
     Group group = TakeGroup(order, window);
     if (insertAfter == HWND_TOPMOST || insertAfter == HWND_NOTOPMOST || insertAfter == HWND_BOTTOM)
         for (const HWND member : group.front)
@@ -100,7 +102,7 @@ void RestackChild(Window& window, HWND insertAfter)
                  window.handle);
 }
 
-// A layered window is hit only where it is not fully transparent.
+// A layered window can be hit only where it is not fully transparent.
 bool IsInside(const Window& window, POINT point)
 {
     if (!PtInRect(&window.rect, point))

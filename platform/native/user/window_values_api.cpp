@@ -1,4 +1,4 @@
-// What a window carries: styles, numbers, its title, whether it is enabled.
+// Window attributes: styles, values, title and enabled state.
 
 #include "native/user/desktop.h"
 
@@ -39,11 +39,11 @@ LONG_PTR SetWindowLongPtrA(HWND handle, int index, LONG_PTR value)
             window->procedure = reinterpret_cast<WNDPROC>(value);
             break;
         case GWL_STYLE:
-            // A window stays a child or a top-level window: the lists of the tree would have to follow.
+            // A window cannot change between child and top-level, because the window lists would not follow.
             window->style = (static_cast<DWORD>(value) & ~WS_CHILD) | (window->style & WS_CHILD);
             break;
         case GWL_EXSTYLE:
-            // Whether it is topmost is a matter of stacking, which SetWindowPos alone changes.
+            // The topmost style is part of the z-order, which only SetWindowPos changes.
             window->exStyle =
                 (static_cast<DWORD>(value) & ~WS_EX_TOPMOST) | (window->exStyle & WS_EX_TOPMOST);
             break;

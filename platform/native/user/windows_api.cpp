@@ -1,4 +1,4 @@
-// Creating and destroying windows.
+// Creates and destroys windows.
 
 #include <algorithm>
 
@@ -67,7 +67,7 @@ void NotifyParent(HWND child, UINT what)
                      reinterpret_cast<LPARAM>(child));
 }
 
-// The last of a window: from here on its handle is stale.
+// Final teardown; the handle is invalid afterwards.
 void Erase(HWND handle)
 {
     RemoveTimersOf(handle);
@@ -135,7 +135,7 @@ void HideBeforeDestruction(HWND handle)
     ActivateNextTo(handle);
 }
 
-// Defaults for what the caller left to us.
+// Replaces CW_USEDEFAULT by default positions and sizes.
 void ChoosePlace(CREATESTRUCTA& parameters)
 {
     const SIZE screen = parameters.style & WS_CHILD ? SIZE{0, 0} : TheDisplay().ScreenSize();
@@ -151,7 +151,7 @@ void ChoosePlace(CREATESTRUCTA& parameters)
     parameters.cy = std::max(parameters.cy, 0);
 }
 
-// Sends what a new window is told; false when it refuses to be.
+// Sends the creation messages to a new window. Returns false if it rejects its creation.
 bool SendCreation(HWND handle, CREATESTRUCTA& parameters)
 {
     const auto lParam = reinterpret_cast<LPARAM>(&parameters);

@@ -1,4 +1,4 @@
-// The 3 x 3 convolutions.
+// 3 x 3 convolutions.
 
 #include <algorithm>
 #include <cstdlib>
@@ -19,7 +19,8 @@ const char* szEmboss90 = "Emboss 90_50%";
 
 namespace {
 
-// Copies the pixels at both ends of a row that a kernel does not reach; the number of pixels between them.
+// Copies the pixels at both ends of a row that a kernel does not filter. Returns the number of pixels between
+// them.
 int CopyEnds(BYTE* dst, const BYTE* src, int width, int half, int pixelSize)
 {
     if (width <= 2LL * half) {
@@ -58,8 +59,8 @@ void CDibFilter::Filter32bpp(unsigned char* dst, unsigned char* src, int width, 
 
 namespace {
 
-// A published kernel that computes whole rows: the loops below have no calls and no branches, 16-bit sums and
-// a multiplication in place of the division, so that compilers turn them into vector instructions.
+// A built-in kernel that computes whole rows: the loops have no calls or branches, use 16-bit sums, and
+// multiply by the reciprocal instead of dividing, so that compilers vectorise them.
 template <class Published>
 class RowFilter final : public Published {
 public:
@@ -89,7 +90,7 @@ private:
     static constexpr int kDivisor = Published::kDivisor;
     static constexpr int kReciprocal = 0x10000 / kDivisor + 1;
 
-    // Whether multiplying by the reciprocal and keeping the high half divides exactly.
+    // Whether multiplying by the reciprocal and taking the high half gives the exact quotient.
     static constexpr bool DividesExactly()
     {
         for (int i = 0; i <= std::max(kLargest, -kSmallest); ++i)
@@ -104,8 +105,8 @@ private:
     {
         if constexpr (kDivisor == 1)
             return sum;
-        // Truncation is toward zero: the magnitude is divided. A clamped kernel without an offset has no use
-        // for negative sums.
+        // The magnitude is divided, because truncation is toward zero. A clamped kernel without an offset can
+        // drop negative sums.
         constexpr bool kIsSigned = kSmallest < 0 && !(Published::kClamp == 1 && Published::kOffset == 0);
         const auto sign = static_cast<std::int16_t>(kIsSigned ? sum >> 15 : 0);
         const auto magnitude = static_cast<std::uint16_t>(kIsSigned ? (sum ^ sign) - sign
@@ -142,11 +143,11 @@ RowFilter<CDib33Filter<-1, -1, -1, -1, 8, -1, -1, -1, -1, 1, 128, 1, &szLaplasia
 RowFilter<CDib33Filter<1, 0, 0, 0, 0, 0, 0, 0, -1, 1, 128, 1, &szEmboss135>> g_emboss135;
 RowFilter<CDib33Filter<0, 1, 0, 0, 0, 0, 0, -1, 0, 2, 128, 1, &szEmboss90>> g_emboss90;
 
-// By Convolute_Type.
+// Indexed by Convolute_Type.
 CDibFilter* const g_kernels[] = {nullptr,      &g_smooth,    &g_gaussianSmooth, &g_sharpening,
                                  &g_laplacian, &g_emboss135, &g_emboss90};
 
-// How many rows after its own a kernel may read. An application's may read any.
+// Returns the number of rows after its own that a kernel may read. An application's kernel may read any row.
 int ReachOf(const CDibFilter* kernel, const CDibSection& section)
 {
     const bool isBuiltIn =
@@ -154,10 +155,10 @@ int ReachOf(const CDibFilter* kernel, const CDibSection& section)
     return isBuiltIn ? kernel->GetHalf() : HeightOf(section);
 }
 
-// Filters in place, with the filtered rows held back until no kernel needs the unchanged ones any more.
+// Filters in place, holding filtered rows back until no kernel needs the unfiltered ones any more.
 class RowsInPlace {
 public:
-    /// A row is written `delay` rows after it was filtered.
+    /// A row is written back `delay` rows after it was filtered.
     RowsInPlace(CDibSection& section, int delay)
         : m_section(section),
           m_delay(delay),
@@ -166,7 +167,7 @@ public:
     {
     }
 
-    /// Where the filtered row goes, for now a copy of the unchanged one.
+    /// Returns the buffer for a filtered row, initialised with the unfiltered row.
     BYTE* Hold(int row)
     {
         std::memcpy(Held(row), StoredRow(m_section, row), m_lineWidth);

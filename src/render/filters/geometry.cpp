@@ -1,4 +1,4 @@
-// The filters that move pixels, and the one that joins them to blocks.
+// Filters that move pixels, and the filter that averages blocks of pixels.
 
 #include <memory>
 
@@ -19,7 +19,7 @@ bool CanMovePixels(const CDibSection* section)
     return HasPixels(section) && HasColorPixels(*section);
 }
 
-// Calls operation(a null pointer to the section's kind of pixel).
+// Calls `operation` with a null pointer of the section's pixel type.
 template <class Operation>
 int WithPixelType(const CDibSection& section, Operation operation)
 {
@@ -27,8 +27,8 @@ int WithPixelType(const CDibSection& section, Operation operation)
                                        : operation(static_cast<Pixel<4>*>(nullptr));
 }
 
-// Four neighbouring pixels as numbers. Three bytes each are joined in two numbers, so that nothing beyond
-// them is touched.
+// Loads four adjacent pixels as numbers. Three-byte pixels are loaded as two numbers, so that no byte beyond
+// them is read.
 template <int size>
 void LoadFour(const BYTE* pixels, std::uint32_t (&four)[4])
 {
@@ -61,8 +61,8 @@ void StoreFour(const std::uint32_t (&four)[4], BYTE* pixels)
     }
 }
 
-// A rectangle of pixels that become rows where they were columns: the pixel at (x, y) goes to (y, x), counted
-// from either rectangle's first pixel by its steps, in bytes, from row to row.
+// A rectangle of pixels to transpose: the pixel at (x, y) is written to (y, x), relative to the first pixel
+// of each rectangle. The steps are the distances in bytes between rows.
 struct Turned {
     const BYTE* from;
     std::ptrdiff_t fromStep;
@@ -93,14 +93,14 @@ void TurnPixels(const Turned& part)
 
 constexpr int kCacheLine = 64;
 
-// Lets the processor fetch what is written to the next four rows meanwhile, a cache line of each.
+// Prefetches one cache line of each of the next four rows to be written.
 inline void PrepareRows(const BYTE* rows, std::ptrdiff_t step)
 {
     for (int i = 0; i < 4; ++i)
         __builtin_prefetch(rows + i * step, 1);
 }
 
-// Blocks of four rows and columns, and single pixels for the rest.
+// Transposes blocks of four rows and columns, and the remaining pixels one by one.
 template <int size>
 void TurnTile(const Turned& tile)
 {
@@ -124,7 +124,7 @@ void TurnTile(const Turned& tile)
     TurnPixels<size>(tile.Part<size>(x, 0, tile.width - x, tile.height));
 }
 
-// Copies a tile's pixels into rows of kSide, and returns the tile with these.
+// Copies a tile's pixels into a buffer with rows of kSide pixels, and returns a tile that reads from it.
 template <int kSide, int size>
 Turned GatherTile(const Turned& tile, BYTE* buffer)
 {
@@ -136,7 +136,7 @@ Turned GatherTile(const Turned& tile, BYTE* buffer)
         if (row + kRowsAhead < tile.height)
             for (int at = 0; at < kStep; at += kCacheLine)
                 __builtin_prefetch(from + kRowsAhead * tile.fromStep + at);
-        if (tile.width == kSide)  // a constant length is copied without a call
+        if (tile.width == kSide)  // a constant length lets the compiler inline the copy
             std::memcpy(to, from, kStep);
         else
             std::memcpy(to, from, static_cast<std::size_t>(tile.width) * size);
@@ -144,8 +144,8 @@ Turned GatherTile(const Turned& tile, BYTE* buffer)
     return {buffer, kStep, tile.to, tile.toStep, tile.width, tile.height};
 }
 
-// Tile by tile, each through a buffer: what is read in rows and written in columns stays in the processor's
-// cache meanwhile, also where rows lie a power of two apart.
+// Processes tiles through a buffer, so that rows read and columns written stay in the processor's cache, even
+// if the distance between rows is a power of two.
 template <int size>
 void Turn(const Turned& whole)
 {
@@ -159,8 +159,8 @@ void Turn(const Turned& whole)
         }
 }
 
-// Reverses a row's pixels of three or four bytes; `copy` holds the row and a byte more. Moving four bytes at
-// once is faster than moving three, and the fourth is overwritten by the next pixel.
+// Reverses a row of three- or four-byte pixels; `copy` holds the row and one more byte. Moving four bytes at
+// once is faster than three; the fourth is overwritten by the next pixel.
 template <int size>
 void ReverseRow(BYTE* row, const BYTE* copy, int width)
 {
@@ -251,8 +251,7 @@ int CRotateRightFilter::Process(CDibSection* section)
     return Rotate(section, false);
 }
 
-// --- blocks
-// -------------------------------------------------------------------------------------------------
+// --- blocks --------------------------------------------------------------------------------------
 
 namespace {
 

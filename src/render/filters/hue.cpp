@@ -1,6 +1,6 @@
-// The filters that work on hue and saturation. Their results are those of CHLSColor, bit for bit, whose
-// conversions take most of the time; for pictures that are worth it, the scaler below shares what pixels have
-// in common.
+// Filters for hue and saturation. Their results equal those of CHLSColor, bit for bit. The conversions of
+// CHLSColor take most of the time, so for larger pictures the scaler below shares intermediate results
+// between pixels.
 
 #include <memory>
 
@@ -34,9 +34,9 @@ BYTE ByteOf(double share)
     return static_cast<BYTE>(static_cast<int>(share * 255));
 }
 
-// Scales many pixels. What a pixel's channels may range over depends on its largest and smallest channel
-// alone and is looked up. Within one of the six parts of the hue circle one channel is the top of the range,
-// one is the bottom, and only the third takes arithmetic.
+// Scales many pixels. The range of a pixel's channels depends only on its largest and smallest channel and is
+// looked up in a table. Within each sixth of the hue circle one channel is at the top of the range and one at
+// the bottom, so only the third must be computed.
 class HlsScaler {
 public:
     explicit HlsScaler(const Factors& factors)
@@ -60,19 +60,20 @@ public:
             pixel[0] = pixel[1] = pixel[2] = range.bottomByte;
             return;
         }
-        // Ties for the largest channel go to red before green before blue.
+        // If channels tie for the largest, red precedes green and green precedes blue.
         const int which = blue > std::max(red, green) ? 2 : red < green;
         constexpr double kBase[3] = {360, 120, 240};
         const int differences[3] = {green - blue, blue - red, red - green};
         double hue = static_cast<double>(differences[which] * 60) / (largest - smallest) + kBase[which];
         hue -= hue >= 360 ? 360 : 0;
         hue *= m_factors.hue;
-        // The corrections of CHLSColor.
+        // The same corrections as in CHLSColor.
         hue = hue < 0 ? 0 : hue >= 359 ? 358.9999 : hue;
 
         const int part = static_cast<int>(hue * (1.0 / 60));
         const double within = hue - 60 * part;
-        // Next to a limit, rounding decides on which side a channel is.
+        // Close to the border of a sixth, rounding decides which part applies, so the exact computation is
+        // used.
         constexpr double kMargin = 1e-6;
         if (hue > 0 && (within < kMargin || within > 60 - kMargin)) {
             ScaleExactly(pixel, m_factors);
@@ -88,7 +89,7 @@ public:
     }
 
 private:
-    // Between which values the channels of a pixel lie after scaling.
+    // The range of a pixel's channels after scaling.
     struct Range {
         double bottom;
         double height;
@@ -143,7 +144,7 @@ int ScaleHls(CDibSection* section, const Factors& factors)
 {
     if (!HasPixels(section))
         return FALSE;
-    // The look-up table has about as many entries as this.
+    // About the number of entries of the lookup table; smaller images do not justify building it.
     constexpr long long kWorthATable = 1 << 15;
     if (static_cast<long long>(WidthOf(*section)) * HeightOf(*section) < kWorthATable) {
         ScaleEveryPixel(*section, [&factors](BYTE* pixel) { ScaleExactly(pixel, factors); });

@@ -8,7 +8,7 @@
 
 namespace DUI {
 
-// Access to a section's pixels row by row, for the image filters.
+// Row-wise access to a section's pixels, for the image filters.
 
 inline bool HasPixels(const CDibSection* section)
 {
@@ -30,7 +30,7 @@ inline int HeightOf(const CDibSection& section)
     return section.GetDibHeader()->biHeight;
 }
 
-/// A row as stored: row 0 is the bottom. What was drawn on the bitmap so far is there.
+/// Returns a row in storage order: row 0 is the bottom. Pending drawing is finished first.
 inline BYTE* StoredRow(const CDibSection& section, int row)
 {
     return section.GetBits() + static_cast<std::ptrdiff_t>(row) * section.GetLineWidth();
@@ -53,8 +53,8 @@ inline void StorePixel(BYTE* pixel, std::uint32_t value)
     std::memcpy(pixel, &value, sizeof value);
 }
 
-/// The part of an image that a rectangle names; its right and bottom are lowered in place, null is all of it.
-/// The result may be empty.
+/// Returns the part of an image inside a rectangle, whose right and bottom are clamped in place; null means
+/// the whole image. The result may be empty.
 inline RECT PartOf(const CDibSection& section, RECT* rect)
 {
     if (!rect)
@@ -64,8 +64,7 @@ inline RECT PartOf(const CDibSection& section, RECT* rect)
     return {std::max<LONG>(rect->left, 0), std::max<LONG>(rect->top, 0), rect->right, rect->bottom};
 }
 
-/// Calls operation(first pixel's byte, number of pixels) for each row of a part, for sections of 24 and 32
-/// bits.
+/// Calls operation(first byte, number of pixels) for each row of a part, for sections of 24 and 32 bits.
 template <class Operation>
 void ForEachRow(CDibSection& section, const RECT& part, Operation operation)
 {

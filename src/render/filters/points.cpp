@@ -1,5 +1,5 @@
-// The filters that compute each pixel from itself. Their inner loops run over bytes or whole pixels without
-// calls and branches, so that compilers turn them into vector instructions.
+// Filters that compute each pixel from itself alone. Their inner loops process bytes or whole pixels without
+// calls or branches, so that compilers vectorise them.
 
 #include <array>
 #include <cstdint>
@@ -30,21 +30,21 @@ void WritePixel(BYTE* pixel, int pixelSize, const CARGB& color)
         color.WriteToDIB3(pixel);
 }
 
-// A fraction that bytes are multiplied with, the result truncated, as a whole number and the high half of a
-// 16-bit product. A channel that is kept has the fraction 1, or 0 where the result is a change.
+// A factor for bytes, with a truncated result, stored as a whole number and the high half of a 16-bit
+// product. A channel that is to be preserved has the factor 1, or 0 if the result is a difference.
 struct Fraction {
     std::uint16_t whole = 0;
     std::uint16_t part = 0;
 
-    // Exact for every byte: the rounded-up part adds less than 256 / 65536 to a product that ends in
-    // hundredths.
+    // Exact for every byte: rounding the part up adds less than 256 / 65536 to a product that is a multiple
+    // of 1/100.
     static Fraction OfPercent(int percent)
     {
-        constexpr int kMostWhole = 255;  // takes every byte but 0 to the limit, as more would
+        constexpr int kMostWhole = 255;  // saturates every byte except 0, as any larger factor would
         return {static_cast<std::uint16_t>(std::min(percent / 100, kMostWhole)),
                 static_cast<std::uint16_t>((percent % 100 * 0x10000 + 99) / 100)};
     }
-    // In 16 bits throughout: compilers have vector instructions for just these products.
+    // Uses only 16-bit arithmetic, for which compilers have vector instructions.
     std::uint16_t Of(std::uint16_t byte) const
     {
         const auto wholes = static_cast<std::uint16_t>(byte * whole);
@@ -53,7 +53,7 @@ struct Fraction {
     }
 };
 
-// The fractions of as many bytes as a vector holds, a whole number of 32-bit pixels.
+// Factors for one vector of bytes, which holds a whole number of 32-bit pixels.
 constexpr int kLanes = 16;
 struct Fractions {
     std::uint16_t whole[kLanes];
@@ -71,7 +71,7 @@ Fractions FractionsOf(Fraction color, Fraction alpha, int pixelSize)
     return fractions;
 }
 
-// Calls change(index of the byte, lane) for each byte of a row, in groups that have a fixed length.
+// Calls change(byte index, lane) for each byte of a row, in groups of a fixed length.
 template <class Change>
 void ForEachLane(int bytes, Change change)
 {
@@ -83,7 +83,7 @@ void ForEachLane(int bytes, Change change)
         change(i + lane, lane);
 }
 
-// (blue + green + red) / 3. The factor is exact for sums of three bytes.
+// Returns (blue + green + red) / 3. The factor is exact for sums of three bytes.
 std::uint32_t MeanOf(std::uint32_t blue, std::uint32_t green, std::uint32_t red)
 {
     return (blue + green + red) * 683 >> 11;
@@ -118,7 +118,8 @@ QVUI_WIDE_VECTORS void BlackenRow(BYTE* row, int count, int pixelSize, std::uint
                   [threshold](std::uint32_t mean) { return mean > threshold ? 255U : 0U; });
 }
 
-// The fractions by value: they would be read anew for each byte that might be one of theirs.
+// Takes the factors by value: by reference they would be reloaded for every byte, because a byte may alias
+// them.
 QVUI_WIDE_VECTORS void BrightenRow(BYTE* row, int bytes, Fractions fractions)
 {
     ForEachLane(bytes, [row, &fractions](int i, int lane) {
@@ -165,7 +166,7 @@ int CStrippleImageFilter::Process(CDibSection* section, const CARGB& color, unsi
     const RECT part = PartOf(*section, rect);
     const int pixelSize = section->GetPixelWidth();
     const unsigned long long step = spacing;
-    // Rows start at the part's left; dots count from the image's.
+    // The rows start at the part's left edge, but dots are counted from the image's.
     const auto left = static_cast<unsigned long long>(part.left);
     const unsigned long long firstDot = (left + step - 1) / step * step - left;
     auto y = static_cast<unsigned long long>(part.top);
@@ -265,8 +266,7 @@ int CReplaceColourFilter::Process(CDibSection* section, const CARGB& from, const
     return TRUE;
 }
 
-// --- contrast
-// -----------------------------------------------------------------------------------------------
+// --- contrast ------------------------------------------------------------------------------------
 
 void CContrastFilter::IncreaseContrast(unsigned char& channel, int low, int high, float factor)
 {
@@ -300,7 +300,7 @@ int CContrastFilter::Process(CDibSection* section, int amount)
 {
     if (!HasPixels(section))
         return FALSE;
-    // A channel's result depends on the channel alone.
+    // Each result depends only on the channel's value, so all 256 are computed once.
     std::array<BYTE, 256> result;
     for (std::size_t value = 0; value < result.size(); ++value) {
         const auto byte = static_cast<BYTE>(value);

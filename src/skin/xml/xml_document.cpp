@@ -47,8 +47,7 @@ void CXmlDocument::ResetPosition()
     m_parent = m_current = m_child = 0;
 }
 
-// --- navigation
-// ---------------------------------------------------------------------------------------------
+// --- navigation ----------------------------------------------------------------------------------
 
 bool CXmlDocument::FindElement(LPCSTR name)
 {
@@ -116,8 +115,7 @@ bool CXmlDocument::Matches(std::uint32_t element, LPCSTR name) const
            (wanted.size() == tag.size() || kPathStops.find(wanted[tag.size()]) != std::string_view::npos);
 }
 
-// --- values
-// -------------------------------------------------------------------------------------------------
+// --- values --------------------------------------------------------------------------------------
 
 std::string_view CXmlDocument::TagName(std::uint32_t element) const
 {

@@ -5,32 +5,31 @@
 namespace DUI {
 
 // Pixel operations on sections of 24 and 32 bits. Each class has one static operation, Process, which changes
-// the section and returns TRUE; it returns FALSE, with the section unchanged, when the section is null or
-// holds no bitmap, and in the cases that its class names. Sections of other depths are left as they are;
-// cutting out, mirroring, flipping and turning then return FALSE. Alpha bytes are kept, but by the fill, the
-// dot grid and the replacement of a colour. All results are exact to the bit.
+// the section and returns TRUE. It returns FALSE, with the section unchanged, if the section is null or has
+// no bitmap, and in the cases that the class lists. Sections of other depths are left unchanged; cropping,
+// mirroring, flipping and rotating then return FALSE. Alpha bytes are preserved, except by the fill, the dot
+// grid and the colour replacement. All results are exact to the bit.
 //
-// A rectangle (pixels from the image's top-left corner) limits an operation; null stands for the whole image.
-// Its right and bottom are lowered to the image's in place, a left or top outside counts as 0, and an empty
-// rectangle changes nothing.
+// A rectangle (pixels from the image's top-left corner) limits an operation; null means the whole image. Its
+// right and bottom are clamped to the image in place, a left or top outside the image is treated as 0, and an
+// empty rectangle changes nothing.
 
-// --- convolutions
-// -------------------------------------------------------------------------------------------
+// --- convolutions --------------------------------------------------------------------------------
 
-/// A kernel that computes each colour byte from its surroundings. Applications may derive from it.
+/// A kernel that computes each colour byte from its neighbourhood. Applications may derive from it.
 class QVUI_API CDibFilter {
 public:
-    /// `half` is half the kernel's width: so many rows and columns at the image's edges are not filtered.
+    /// `half` is half the kernel's width: the number of rows and columns at each edge that are not filtered.
     explicit CDibFilter(int half = 1) : m_nHalf(half > 0 ? half : 0) {}
     CDibFilter(const CDibFilter&) = default;
     CDibFilter& operator=(const CDibFilter&) = default;
 
-    /// The filtered value of the byte at `src`. The same channel's neighbours are `pixelSize` bytes away in
-    /// the row and `lineWidth` bytes away in the rows below (minus) and above (plus).
+    /// Returns the filtered value of the byte at `src`. The neighbours of the same channel are `pixelSize`
+    /// bytes away in the row, and `lineWidth` bytes away in the row below (minus) and above (plus).
     virtual unsigned char Kernel(unsigned char* src, int pixelSize, int lineWidth) = 0;
     virtual ~CDibFilter() = default;
-    /// Filters a row of `width` pixels from `src` into `dst`. The first and last pixels within `half`, and
-    /// alpha bytes, are copied.
+    /// Filters a row of `width` pixels from `src` into `dst`. The first and last `half` pixels and all alpha
+    /// bytes are copied.
     virtual void Filter24bpp(unsigned char* dst, unsigned char* src, int width, int lineWidth);
     virtual void Filter32bpp(unsigned char* dst, unsigned char* src, int width, int lineWidth);
 
@@ -40,9 +39,9 @@ private:
     int m_nHalf;
 };
 
-/// A kernel of nine weights: k1x for the row below, k2x for the row itself, k3x for the row above. The value
-/// is (sum of weight * byte) / divisor, truncated toward zero, + offset; with `clamp` 1 it is limited to
-/// 0..255, else its low 8 bits are kept. `name` is the address of a global pointer to the kernel's display
+/// A kernel of nine weights: k1x for the row below, k2x for the row itself, k3x for the row above. The result
+/// is (sum of weight * byte) / divisor, truncated toward zero, + offset. It is clamped to 0..255 if `clamp`
+/// is 1; otherwise its low 8 bits are used. `name` is the address of a global pointer to the kernel's display
 /// name.
 template <int k11, int k12, int k13, int k21, int k22, int k23, int k31, int k32, int k33, int divisor,
           int offset, int clamp, const char** name>
@@ -87,9 +86,9 @@ enum Convolute_Type {
     CONVOLUTE_EMBOSS_90 = 6,
 };
 
-/// Filters every pixel with a kernel that sees the unchanged image, however far it reads. FALSE when no row
-/// is filtered: for a null kernel, an unknown type, an image too low for the kernel, and other depths than 24
-/// and 32.
+/// Filters every pixel with a kernel, which always reads unfiltered pixels. Returns FALSE if no row is
+/// filtered: for a null kernel, an unknown type, an image with too few rows for the kernel, and depths other
+/// than 24 and 32.
 class QVUI_API CConvoluteFilter {
 public:
     static int Process(CDibSection* section, CDibFilter* kernel);
@@ -107,102 +106,102 @@ public:
     static int Process(CDibSection* section);
 };
 
-/// Emboss at 135 degrees.
+/// Emboss from 135 degrees.
 class QVUI_API CEmbossImageFilter {
 public:
     static int Process(CDibSection* section);
 };
 
-/// Laplacian edges.
+/// Laplacian edge detection.
 class QVUI_API CEdgeImageFilter {
 public:
     static int Process(CDibSection* section);
 };
 
-// --- points
-// -------------------------------------------------------------------------------------------------
+// --- points --------------------------------------------------------------------------------------
 
-/// Fills with a colour, alpha included in 32 bits.
+/// Fills with a colour, including alpha in 32 bits.
 class QVUI_API CFillIColorFilter {
 public:
     static int Process(CDibSection* section, const CARGB& color, RECT* rect);
 };
 
-/// Sets the pixels whose x and y, from the image's top-left corner, are multiples of the spacing, as the fill
-/// does. FALSE for spacing 0.
+/// Draws a dot grid: sets the pixels whose x and y, from the image's top-left corner, are multiples of the
+/// spacing. In 32 bits alpha is set too. Returns FALSE for spacing 0.
 class QVUI_API CStrippleImageFilter {
 public:
     static int Process(CDibSection* section, const CARGB& color, unsigned long spacing, RECT* rect);
 };
 
-/// Blue, green and red become their truncated mean.
+/// Sets blue, green and red to their truncated mean.
 class QVUI_API CGrayScaleImageFilter {
 public:
     static int Process(CDibSection* section, RECT* rect);
 };
 
-/// White where the truncated mean of blue, green and red is above the threshold, else black.
+/// Sets pixels to white if the truncated mean of blue, green and red is above the threshold, otherwise to
+/// black.
 class QVUI_API CWhiteBlackImageFilter {
 public:
     static int Process(CDibSection* section, RECT* rect, unsigned char threshold);
 };
 
-/// Each channel becomes v * (amount + 100) / 100, at most 255: 0 changes nothing, 100 doubles, -100 and below
-/// give black.
+/// Sets each channel v to v * (amount + 100) / 100, at most 255: 0 changes nothing, 100 doubles, and -100 or
+/// less gives black.
 class QVUI_API CBrightenImageFilter {
 public:
     static int Process(CDibSection* section, short amount, RECT* rect);
 };
 
-/// Moves each channel towards the other image's by a percentage (0 to 100; others count as the nearer end),
-/// truncated. FALSE when the sizes or the bytes per pixel differ.
+/// Moves each channel toward the other image's by a percentage, clamped to 0..100; results are truncated.
+/// Returns FALSE if the sizes or the bytes per pixel differ.
 class QVUI_API CFadeImageFilter {
 public:
     static int Process(CDibSection* section, const CDibSection* other, short percent);
 };
 
-/// Each channel becomes 255 - v.
+/// Sets each channel v to 255 - v.
 class QVUI_API CNegativeImageFilter {
 public:
     static int Process(CDibSection* section);
 };
 
-/// Replaces the pixels of one colour; in 32 bits alpha counts and is replaced too.
+/// Replaces the pixels of one colour by another. In 32 bits alpha is compared and replaced too.
 class QVUI_API CReplaceColourFilter {
 public:
     static int Process(CDibSection* section, const CARGB& from, const CARGB& to);
 };
 
-/// A positive amount c stretches the range c..255 - c to 0..255; a negative one shrinks 0..255 to -c..255 +
-/// c.
+/// A positive amount c stretches the range c..255 - c to 0..255; a negative amount c compresses 0..255 to
+/// -c..255 + c.
 class QVUI_API CContrastFilter {
 public:
     static int Process(CDibSection* section, int amount);
 
     static void ChangeContrast(int amount, CARGB& color);
-    /// 0 up to `low`, 255 from `high` on, between them (v - low) / factor, truncated.
+    /// Maps values up to `low` to 0, from `high` on to 255, and values between to (v - low) / factor,
+    /// truncated.
     static void IncreaseContrast(unsigned char& channel, int low, int high, float factor);
-    /// v / factor, truncated, - amount.
+    /// Maps v to v / factor, truncated, - amount.
     static void DecreaseContrast(unsigned char& channel, int amount, float factor);
 };
 
-/// Multiplies every pixel's hue by (amount + 100) / 100; from 359 degrees up it becomes 358.9999.
+/// Multiplies every pixel's hue by (amount + 100) / 100. Results of 359 degrees or more become 358.9999.
 class QVUI_API CHueChangeFilter {
 public:
     static int Process(CDibSection* section, short amount);
 };
 
-/// Multiplies every pixel's saturation by (amount + 100) / 100, limited to 0..1.
+/// Multiplies every pixel's saturation by (amount + 100) / 100, clamped to 0..1.
 class QVUI_API CSaturationChangeFilter {
 public:
     static int Process(CDibSection* section, short amount);
 };
 
-// --- geometry
-// -----------------------------------------------------------------------------------------------
+// --- geometry ------------------------------------------------------------------------------------
 
-/// Averages blocks of n by n pixels, alpha included; n is at least 2 and at most the width. The blocks start
-/// at the bottom left, so partial ones are at the top and at the right.
+/// Averages blocks of n by n pixels, including alpha; n must be at least 2 and at most the width. Blocks are
+/// aligned to the bottom left, so partial blocks are at the top and at the right.
 class QVUI_API CPixelizeImageFilter {
 public:
     static int Process(CDibSection* section, int blockSize);
@@ -211,32 +210,32 @@ public:
     static void FillAverageColor(unsigned char* block, int lineWidth, int pixelSize, int width, int height);
 };
 
-/// Cuts a rectangle out into `target`. FALSE, with the target unchanged, for the same section twice and for
-/// an empty rectangle; FALSE, with the target empty, when there is no memory.
+/// Crops a rectangle into `target`. Returns FALSE, with the target unchanged, if both sections are the same
+/// or the rectangle is empty; returns FALSE, with the target empty, if there is not enough memory.
 class QVUI_API CSelectImageFilter {
 public:
     static int Process(CDibSection* source, CDibSection* target, RECT* rect);
 };
 
-/// Left becomes right.
+/// Mirrors horizontally (left and right are exchanged).
 class QVUI_API CMirrorImageFilter {
 public:
     static int Process(CDibSection* section);
 };
 
-/// Top becomes bottom.
+/// Flips vertically (top and bottom are exchanged).
 class QVUI_API CFlipImageFilter {
 public:
     static int Process(CDibSection* section);
 };
 
-/// Turns by 90 degrees counter-clockwise. FALSE when there is no memory for the turned image.
+/// Rotates by 90 degrees counter-clockwise. Returns FALSE if there is not enough memory.
 class QVUI_API CRotateLeftFilter {
 public:
     static int Process(CDibSection* section);
 };
 
-/// Turns by 90 degrees clockwise. FALSE when there is no memory for the turned image.
+/// Rotates by 90 degrees clockwise. Returns FALSE if there is not enough memory.
 class QVUI_API CRotateRightFilter {
 public:
     static int Process(CDibSection* section);

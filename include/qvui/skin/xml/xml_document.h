@@ -10,10 +10,10 @@ namespace DUI {
 
 /// A lenient, read-only XML document over multibyte text.
 ///
-/// Parsing leaves the text as it is and builds an index of the elements; a cursor (parent, current element,
-/// current child) moves over the index, and values are cut out of the text and unescaped when asked for.
-/// Problems do not stop the parser: each is logged as a result word and makes the document ill-formed, and
-/// what could be read stays navigable. Depth and size are bounded by memory alone; nothing recurses.
+/// Parsing keeps the text unchanged and builds an index of its elements. A cursor (parent, current element,
+/// current child) moves over the index; values are extracted from the text and unescaped on request. Errors
+/// do not stop the parser: each is logged as a result word and makes the document ill-formed, and the part
+/// that could be read stays navigable. Depth and size are limited only by memory; nothing is recursive.
 class QVUI_API CXmlDocument {
 public:
     enum Flags : int {
@@ -27,8 +27,8 @@ public:
 
     CXmlDocument() = default;
 
-    /// Reads a text file in whatever encoding it says or shows it is in, converted to the system code page.
-    /// False when it cannot be read; `result` gets the log appended.
+    /// Reads a text file in its declared or detected encoding and converts it to the system code page.
+    /// Returns false if it cannot be read. Appends to the log `result`.
     static bool ReadTextFile(LPCSTR path, CString& text, CString& result, int& flags);
 
     /// Replaces the text and parses it; null empties the document. Returns IsWellFormed().
@@ -40,40 +40,40 @@ public:
     const CString& GetResult() const { return m_result; }
     int GetFlags() const { return m_flags; }
     void SetFlags(int flags) { m_flags = flags; }
-    /// Back to the document level, before the root element.
+    /// Moves the cursor back to the document level, before the root element.
     void ResetPosition();
 
-    /// Each moves the cursor and returns true, or returns false and leaves it. A null name matches any
-    /// element.
+    /// Each function moves the cursor and returns true, or returns false and leaves it unchanged. A null name
+    /// matches any element.
     bool FindElement(LPCSTR name = nullptr);
     bool FindChildElement(LPCSTR name = nullptr);
     bool IntoElement();
     bool OutOfElement();
 
-    /// Values are empty when there is nothing to read.
+    /// Values are empty if there is nothing to read.
     CString GetAttribute(LPCSTR name) const;
     CString GetAttribute(const CString& name) const;
     CString GetChildAttribute(LPCSTR name) const;
-    /// The name of the n-th attribute of the current element, counting from 0.
+    /// Returns the name of the attribute at `index` (starting at 0) of the current element.
     CString GetAttributeName(int index) const;
     CString GetTagName() const;
     CString GetChildTagName() const;
     CString GetChildData() const;
-    /// The current element's text from its start tag to its end tag, and the white space before a "<" that
-    /// follows.
+    /// Returns the current element's text from its start tag to its end tag, including white space after it
+    /// if a "<" follows.
     CString GetSubDocument() const;
-    /// Byte offsets in the document: of the current and the current child element's start tag, and of the
-    /// value of an attribute of the current element; -1 when there is none. For messages about a document.
+    /// Byte offsets in the document, for messages: of the start tag of the current element and of the current
+    /// child element, and of the value of an attribute of the current element. -1 if there is none.
     int GetElementOffset() const;
     int GetChildOffset() const;
     int GetAttributeOffset(LPCSTR name) const;
-    /// Bytes that the index takes.
+    /// Returns the memory used by the index, in bytes.
     std::size_t GetIndexSize() const;
 
 private:
-    static constexpr std::uint32_t kLongestText = 0x3FFFFFFF;  // bytes; a longer text counts as empty
+    static constexpr std::uint32_t kLongestText = 0x3FFFFFFF;  // bytes; a longer text is treated as empty
 
-    /// An element's first child has the next index: records stand in the order of their start tags.
+    /// Elements are stored in the order of their start tags, so the first child has the next index.
     struct Element {
         std::uint32_t start = 0;
         std::uint32_t length = 0;
@@ -85,7 +85,7 @@ private:
 
         Element() : startTagLength(0), hasEndTag(0), hasChildren(0) {}
     };
-    /// Offsets in the text; the value is still escaped.
+    /// Offsets in the text; the value is not unescaped.
     struct Attribute {
         std::uint32_t name;
         std::uint32_t nameLength;
@@ -102,7 +102,8 @@ private:
     std::uint32_t FirstMatch(std::uint32_t sibling, LPCSTR name) const;
     std::string_view TagName(std::uint32_t element) const;
     bool Matches(std::uint32_t element, LPCSTR name) const;
-    /// The element's attributes, read when they are first asked for; borrowed until another element's are.
+    /// Returns the element's attributes, which are read on first request; valid until another element's are
+    /// requested.
     const std::vector<Attribute>& Attributes(std::uint32_t element) const;
     const Attribute* FindAttribute(std::uint32_t element, std::string_view name) const;
     CString AttributeValue(std::uint32_t element, std::string_view name) const;
@@ -114,13 +115,13 @@ private:
     std::uint32_t m_child = 0;
     int m_flags = 0;
     bool m_isIllFormed = false;
-    std::vector<Element> m_elements;  // 0 stands for the document
+    std::vector<Element> m_elements;  // the document has index 0
     mutable std::uint32_t m_attributesOf = 0;
     mutable std::vector<Attribute> m_attributes;
 };
 
-/// Replaces character references and entities by their characters in the system code page; what is unknown or
-/// has no character there stays as it is.
+/// Replaces character references and entities by their characters in the system code page. Unknown
+/// references, and characters that the code page lacks, are left unchanged.
 QVUI_API CString UnescapeXml(std::string_view text);
 
 }  // namespace DUI

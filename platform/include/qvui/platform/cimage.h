@@ -11,11 +11,12 @@ struct ImageHeader;
 
 /// A decoded bitmap, held as a bottom-up DIB section.
 ///
-/// PNG, JPEG, GIF, BMP, TIFF and ICO files decode, of several pictures the first. A PNG whose format carries
-/// transparency or is grey, an ICO of 32 bits, and a GIF, TIFF or other ICO that has a pixel that is not
-/// opaque, become 32 bits per pixel with straight (not premultiplied) alpha and the has-alpha flag;
-/// everything else becomes 24 bits. A file that is missing, cut short or broken, or whose picture has more
-/// than 64 million pixels, fails; there is no partial image.
+/// Decodes PNG, JPEG, GIF, BMP, TIFF and ICO files; of a file with several pictures, the first. The result
+/// has 32 bits per pixel with straight (not premultiplied) alpha and the has-alpha flag for a PNG whose
+/// format carries transparency or is grey, for a 32-bit ICO, and for a GIF, TIFF or other ICO with at least
+/// one pixel that is not opaque. All other pictures have 24 bits per pixel. Loading fails for a file that is
+/// missing, truncated or invalid, and for a picture of more than 64 million pixels; there is no partial
+/// image.
 class QVUI_API CImage {
 public:
     CImage() = default;
@@ -23,13 +24,13 @@ public:
     CImage& operator=(const CImage&) = delete;
     ~CImage() { Destroy(); }
 
-    /// Decodes a file or a stream from its current position, replacing what the image held. E_FAIL leaves it
-    /// empty.
+    /// Decodes a file, or a stream from its current position, and replaces the current image. On failure it
+    /// returns E_FAIL and the image is empty.
     HRESULT Load(LPCSTR path);
     HRESULT Load(IStream* stream);
-    /// Makes an image of zeroed pixels, 24 or 32 bits each; negative heights are not accepted.
+    /// Creates an image of zeroed pixels with 24 or 32 bits per pixel. Negative heights are rejected.
     BOOL Create(int width, int height, int bitsPerPixel);
-    /// Writes a PNG file (straight alpha); the path's directory must exist.
+    /// Writes a PNG file with straight alpha. The directory must exist.
     HRESULT Save(LPCSTR path) const;
     void Destroy();
 
@@ -38,15 +39,17 @@ public:
     int GetWidth() const { return m_width; }
     int GetHeight() const { return m_height; }
     int GetBPP() const { return m_bitsPerPixel; }
-    /// Bytes from a row to the one below it; negative, since rows are stored bottom-up.
+    /// Returns the offset in bytes from a row to the row below it; negative, because rows are stored
+    /// bottom-up.
     int GetPitch() const;
-    /// The top row's first byte.
+    /// Returns the address of the first byte of the top row.
     void* GetBits() const;
     void* GetPixelAddress(int x, int y) const;
 
     BOOL GetHasAlphaChannel() const { return m_hasAlpha; }
     void SetHasAlphaChannel(BOOL hasAlpha) { m_hasAlpha = hasAlpha; }
-    /// The colour that is not drawn; CLR_INVALID, the state after every load, when there is none.
+    /// Returns the colour that is not drawn, or CLR_INVALID if there is none; loading resets it to
+    /// CLR_INVALID.
     COLORREF GetTransparentColor() const { return m_transparent; }
     COLORREF SetTransparentColor(COLORREF colour);
 
@@ -63,7 +66,7 @@ private:
     HRESULT Adopt(const std::vector<std::uint8_t>& file);
 
     HBITMAP m_hBitmap = nullptr;
-    std::uint8_t* m_pRows = nullptr;  // the bottom row
+    std::uint8_t* m_pRows = nullptr;  // points to the bottom row
     int m_width = 0;
     int m_height = 0;
     int m_bitsPerPixel = 0;

@@ -10,9 +10,9 @@
 
 /// A multibyte string in the system code page, with value semantics.
 ///
-/// Positions and lengths count bytes. Operations that look at characters (case, trimming, searching,
-/// replacing) step over whole characters, so a double-byte or UTF-8 sequence is never split, nor found inside
-/// another.
+/// Positions and lengths are in bytes. Operations that look at characters (case, trimming, searching,
+/// replacing) step over whole characters, so a double-byte or UTF-8 sequence is never split or matched inside
+/// another one.
 class QVUI_API CString {
 public:
     CString() = default;
@@ -28,11 +28,11 @@ public:
         return *this;
     }
 
-    /// UTF-16 text in the system code page; characters it lacks become the code page's default character.
+    /// Converts UTF-16 text to the system code page. Characters that it lacks become its default character.
     static CString FromWide(const WCHAR* text, int length = -1);
-    /// The text as UTF-16, without a terminating zero.
+    /// Returns the text as UTF-16, without a terminating zero.
     std::basic_string<WCHAR> ToWide() const;
-    /// UTF-8 text in the system code page.
+    /// Converts UTF-8 text to the system code page.
     static CString FromUtf8(std::string_view text);
 
     operator LPCSTR() const { return m_text.c_str(); }
@@ -42,7 +42,7 @@ public:
     bool IsEmpty() const { return m_text.empty(); }
     void Empty() { m_text.clear(); }
 
-    /// The byte at `index`; 0 at the end and beyond.
+    /// Returns the byte at `index`, or 0 if `index` is negative or not less than the length.
     char GetAt(int index) const
     {
         return Size(index) < m_text.size() && index >= 0 ? m_text[Size(index)] : '\0';
@@ -50,9 +50,11 @@ public:
     char operator[](int index) const { return GetAt(index); }
     void SetAt(int index, char character);
 
-    /// A writable buffer for at least `length` bytes and a zero; valid until ReleaseBuffer.
+    /// Returns a writable buffer for at least `length` bytes and a terminating zero, valid until
+    /// ReleaseBuffer.
     LPSTR GetBuffer(int length = 0);
-    /// Ends GetBuffer; the text's length is `length`, or up to the first zero byte when -1.
+    /// Ends the use of the buffer. The text's length becomes `length`, or the offset of the first zero byte
+    /// if `length` is -1.
     void ReleaseBuffer(int length = -1);
 
     CString& operator+=(const CString& text);
@@ -60,16 +62,16 @@ public:
     CString& operator+=(char character);
     void Append(LPCSTR text, int length);
 
-    /// Byte-wise order: negative, 0 or positive.
+    /// Compares bytes. Returns a negative number, 0 or a positive number.
     int Compare(LPCSTR other) const;
-    /// As Compare, without regard to the case of letters in the system code page.
+    /// Like Compare, ignoring letter case in the system code page.
     int CompareNoCase(LPCSTR other) const;
 
-    /// The position of the first match at or after `from`; -1 when there is none.
+    /// Returns the position of the first match at or after `from`, or -1 if there is none.
     int Find(LPCSTR text, int from = 0) const;
     int Find(char character, int from = 0) const;
     int ReverseFind(char character) const;
-    /// The first position whose character is one of `set`.
+    /// Returns the position of the first character that is in `set`, or -1 if there is none.
     int FindOneOf(LPCSTR set) const;
 
     CString Left(int count) const;
@@ -84,13 +86,13 @@ public:
     CString& TrimRight(LPCSTR set = nullptr);
     CString& Trim(LPCSTR set = nullptr);
 
-    /// Replaces every occurrence; the number of replacements.
+    /// Replaces every occurrence and returns the number of replacements.
     int Replace(LPCSTR from, LPCSTR to);
     int Remove(char character);
     int Insert(int index, LPCSTR text);
     int Delete(int index, int count = 1);
-    /// The next token between characters of `separators`, starting at `position`, which moves behind it;
-    /// -1 in `position` and an empty result at the end.
+    /// Returns the next token between characters of `separators` and moves `position`, its starting point,
+    /// past the token. At the end, returns an empty string and sets `position` to -1.
     CString Tokenize(LPCSTR separators, int& position) const;
 
 #if defined(__GNUC__)
@@ -140,9 +142,10 @@ public:
 
 private:
     int FindAt(std::string_view text, std::size_t from) const;
-    /// The first character at or after `from` that is, or is not, a member of `set`; -1 when there is none.
+    /// Returns the position of the first character at or after `from` that is (or is not) in `set`, or -1 if
+    /// there is none.
     int FindInSet(LPCSTR set, std::size_t from, bool isMember) const;
-    /// The bytes of the character at a position inside the text.
+    /// Returns the length in bytes of the character at position `at`.
     int LengthAt(std::size_t at) const;
     static std::size_t Size(int count)
     {
@@ -152,9 +155,9 @@ private:
     std::string m_text;
 };
 
-/// Whether two texts are equal without regard to the case of ASCII letters; allocates nothing.
+/// Compares two texts, ignoring the case of ASCII letters. Does not allocate memory.
 QVUI_API bool EqualNoCase(std::string_view left, std::string_view right);
 
-/// The length in bytes of the character that starts at `text` (at least 1 before the end, never past `end`),
-/// in the system code page.
+/// Returns the length in bytes of the character at `text`, in the system code page: at least 1 before `end`,
+/// and never past `end`.
 QVUI_API int CharacterLength(const char* text, const char* end);

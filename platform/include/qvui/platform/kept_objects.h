@@ -4,6 +4,6 @@
 
 #include <qvui/platform/export.h>
 
-/// Tells leak checks of objects that are made once and kept for the life of the process, as a cache does:
-/// they are left out of the live counts from now on.
+/// Excludes objects that are kept for the life of the process, such as caches, from the live counts of leak
+/// checks.
 QVUI_API void CountAsKept(std::size_t deviceContexts, std::size_t gdiObjects);

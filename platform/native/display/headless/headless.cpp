@@ -48,7 +48,7 @@ std::unique_ptr<Display> MakeHeadlessDisplay()
 
 void HeadlessDisplay::UseManualClock()
 {
-    // Time never goes back, whichever clock tells it.
+    // Time must not go back when the clocks are switched.
     g_manualNow = std::max(g_manualNow, Now());
     SetClock(ManualNow);
     SetSleep(ManualSleep);
@@ -225,7 +225,7 @@ void HeadlessDisplay::Present(HWND window, const Surface& surface, const RECT& d
 
 void HeadlessDisplay::Wait(int milliseconds, InputSink&)
 {
-    // Nothing arrives by itself: only time can pass.
+    // No input arrives on its own; only time can pass.
     constexpr int kIdle = 20;
     if (milliseconds != 0)
         ::Sleep(static_cast<DWORD>(milliseconds < 0 ? kIdle : milliseconds));

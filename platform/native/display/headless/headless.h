@@ -11,26 +11,26 @@
 
 namespace qvui::native {
 
-/// A display in memory. It shows nothing, remembers everything, and does exactly what it is told, so tests
-/// and programs without a screen run on it alike.
+/// A display in memory. It shows nothing, records everything presented, and takes input only from its caller,
+/// so tests and programs without a screen behave alike.
 class QVUI_API HeadlessDisplay : public Display {
 public:
     HeadlessDisplay();
     ~HeadlessDisplay() override;
 
-    /// Replaces the machine's clock by one that moves only when told, or when somebody waits for a timer.
+    /// Replaces the system clock by one that advances only by Advance or while the caller waits.
     void UseManualClock();
     void UseMachineClock();
     void Advance(std::int64_t milliseconds);
 
-    /// The pointer, the buttons, the wheel and a US keyboard, as a person would use them.
+    /// Simulates the pointer, buttons, wheel and a US keyboard.
     void MovePointer(POINT screen);
-    /// The pointer goes where none of our windows is, on a part of the screen that belongs to others.
+    /// Moves the pointer to a part of the screen that belongs to none of our windows.
     void LeaveWindows();
     void Button(int button, bool isDown);
     void Wheel(int delta);
     void Key(int virtualKey, bool isDown);
-    /// Text from an input method, UTF-8.
+    /// Simulates text from an input method, UTF-8.
     void Type(const std::string& utf8);
 
     struct Shown {
@@ -41,27 +41,27 @@ public:
         bool isMinimised = false;
         std::uint8_t opacity = 255;
         std::optional<Region> shape;
-        std::shared_ptr<Surface> pixels;  // what was presented, window coordinates
-        int presented = 0;                // how many times
+        std::shared_ptr<Surface> pixels;  // the pixels presented last, window coordinates
+        int presented = 0;                // number of Present calls
 
         const std::string& Title() const { return options.title; }
     };
-    /// The windows on the display, the lowest first.
+    /// Returns the windows on the display, from the bottom to the top.
     const std::vector<Shown>& Windows() const { return m_windows; }
-    /// One of them, or null.
+    /// Returns one window, or null.
     const Shown* Find(HWND window) const;
-    /// What a person would see at a point: 0xRRGGBB, windows blended over a black screen.
+    /// Returns the colour visible at a point, 0xRRGGBB: windows blended over a black screen.
     std::uint32_t PixelAt(POINT screen) const;
 
-    /// Spans the desktop over these screens; none for the one that is there otherwise.
+    /// Sets the screens of the desktop; an empty list restores the default screen.
     void UseScreens(std::vector<Screen> screens) { m_screens = std::move(screens); }
 
-    /// What CursorShape answers for a cursor of its own pixels.
+    /// CursorShape's result for an application-defined cursor.
     static constexpr int kOwnCursor = -1;
-    /// The system cursor that is shown now (IDC_* number).
+    /// Returns the system cursor shown (IDC_* number).
     int CursorShape() const { return m_cursor; }
     bool IsCaptured() const { return m_isCaptured; }
-    /// The window with the keyboard.
+    /// Returns the window with the keyboard focus.
     HWND Active() const { return m_active; }
 
     void Open(HWND window, const RECT& screen, const SurfaceOptions& options) override;
@@ -97,10 +97,10 @@ private:
     int m_cursor = 32512;
     bool m_isCaptured = false;
     bool m_isShiftDown = false;
-    bool m_isCommandDown = false;  // Ctrl or Alt, with which keys type nothing
+    bool m_isCommandDown = false;  // Ctrl or Alt is down, with which keys type nothing
 };
 
-/// The headless display in use; null when another driver is.
+/// Returns the headless display in use, or null if another driver is in use.
 QVUI_API HeadlessDisplay* TheHeadlessDisplay();
 
 }  // namespace qvui::native

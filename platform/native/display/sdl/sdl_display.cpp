@@ -38,7 +38,7 @@ int Length(LONG low, LONG high)
     return std::max(1, high - low);
 }
 
-// The pixels that are not fully transparent.
+// Returns the region of pixels that are not fully transparent.
 Region OpaqueRegion(const Surface& surface)
 {
     std::vector<RECT> runs;
@@ -118,7 +118,8 @@ void SdlDisplay::Move(HWND window, const RECT& screen)
     SDL_Window* native = Find(window);
     if (!native)
         return;
-    // What the screen has decided already is not asked for again: that would fight a drag.
+    // A position that the window already has is not requested again, because that would disturb a drag by the
+    // user.
     POINT corner{};
     SDL_GetWindowPosition(native, &corner.x, &corner.y);
     if (corner.x != screen.left || corner.y != screen.top)
@@ -145,7 +146,7 @@ void SdlDisplay::Show(HWND window, bool isShown)
     SDL_SetHint(SDL_HINT_WINDOW_NO_ACTIVATION_WHEN_SHOWN, found->second.options.isPassive ? "1" : "0");
     SDL_ShowWindow(native);
     RaiseX11Window(native);
-    // Without a window manager SDL gives the keyboard to every window that appears.
+    // Without a window manager, SDL gives the keyboard focus to every window that is shown.
     if (found->second.options.isPassive && keyboard && keyboard != native)
         SDL_SetWindowInputFocus(keyboard);
 }
@@ -211,7 +212,7 @@ void SdlDisplay::Present(HWND window, const Surface& surface, const RECT& damage
     SDL_BlitSurface(source, &area, target, &at);
     SDL_FreeSurface(source);
     SDL_UpdateWindowSurfaceRects(found->second.native, &at, 1);
-    // Without a compositor alpha is not blended; what is fully transparent is cut out at least.
+    // Without a compositor, alpha is not blended; the window is then at least clipped to its opaque pixels.
     if (isLayered) {
         const Region opaque = OpaqueRegion(surface);
         SetX11Shape(found->second.native, &opaque);
@@ -312,8 +313,8 @@ std::unique_ptr<Display> MakeSdlDisplay()
     if (SDL_InitSubSystem(SDL_INIT_VIDEO) != 0)
         return nullptr;
     guard->CoverSdl();
-    // SDL may make a window anew, where it stood at first, when it first draws on it through the graphics
-    // card. X shows pictures from memory without that.
+    // When SDL first draws on a window through the graphics card, it may recreate the window at its initial
+    // position. X shows pictures from memory without acceleration.
     if (std::string_view(SDL_GetCurrentVideoDriver()) == "x11")
         SDL_SetHint(SDL_HINT_FRAMEBUFFER_ACCELERATION, "0");
     return std::make_unique<SdlDisplay>(std::move(guard));

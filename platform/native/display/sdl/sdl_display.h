@@ -12,10 +12,10 @@
 
 namespace qvui::native {
 
-/// Real windows through SDL. Nothing of SDL leaves this folder.
+/// A display with real windows, through SDL. SDL types are not used outside this folder.
 class SdlDisplay final : public Display {
 public:
-    /// SDL's video has started; the display ends it, and the guard after it.
+    /// Requires SDL's video to be started. The display ends it and destroys the guard afterwards.
     explicit SdlDisplay(std::unique_ptr<LateWakeUpGuard> guard);
     SdlDisplay(const SdlDisplay&) = delete;
     SdlDisplay& operator=(const SdlDisplay&) = delete;
@@ -52,7 +52,7 @@ private:
     SDL_Window* Find(HWND window) const;
     HWND Named(Uint32 id) const;
     void Report(const SDL_Event& event, InputSink& sink);
-    /// The screen coordinates of a pointer event, which has those of a window.
+    /// Returns the screen coordinates of a pointer event, whose own are relative to a window.
     POINT ToScreen(Uint32 id, int x, int y);
     void ReportText(const char* utf8, InputSink& sink) const;
     void ReportWindow(const SDL_WindowEvent& event, InputSink& sink);
@@ -65,7 +65,7 @@ private:
     SDL_Cursor* m_ownCursor = nullptr;
     std::string m_alphaVisual;
     SDL_Keycode m_lastKey = SDLK_UNKNOWN;
-    std::optional<POINT> m_pointerOfEvent;  // as the screen has it, for the next pointer event
+    std::optional<POINT> m_pointerOfEvent;  // screen position for the next pointer event
     bool m_mayHaveLostKeyboard = false;
 };
 

@@ -1,4 +1,4 @@
-// From SDL's events to what the user layer is told.
+// Translates SDL events to calls of the input sink.
 
 #include <cctype>
 #include <cmath>
@@ -36,8 +36,8 @@ void SdlDisplay::Wait(int milliseconds, InputSink& sink)
     ReportKeyboardLoss(sink);
 }
 
-// The window may have moved since the event was made, so its place now is asked for only where the screen's
-// own event does not tell.
+// The window may have moved since the event was created, so its current position is used only if the window
+// system's own event does not contain the screen position.
 POINT SdlDisplay::ToScreen(Uint32 id, int x, int y)
 {
     if (const std::optional<POINT> known = std::exchange(m_pointerOfEvent, std::nullopt))
@@ -54,8 +54,8 @@ void SdlDisplay::Report(const SDL_Event& event, InputSink& sink)
     switch (event.type) {
         case SDL_SYSWMEVENT:
             m_pointerOfEvent = X11PointerOf(event.syswm);
-            // SDL keeps silent about a move that ends where the pointer was before in a window that moved
-            // along.
+            // SDL suppresses a move that ends at the same window coordinates because the window moved along
+            // with the pointer.
             if (m_pointerOfEvent && SDL_GetMouseFocus())
                 sink.OnPointer(*m_pointerOfEvent);
             break;
@@ -89,8 +89,8 @@ void SdlDisplay::Report(const SDL_Event& event, InputSink& sink)
     }
 }
 
-// With Ctrl or Alt a key types nothing, but X reports its letter all the same. The right Alt key may be one
-// that reaches a third level: what it types then is not the key's own letter.
+// With Ctrl or Alt a key types nothing, but X still reports its letter. The right Alt key may select a third
+// level; text that differs from the key's own letter is then typed text.
 void SdlDisplay::ReportText(const char* utf8, InputSink& sink) const
 {
     const int modifiers = SDL_GetModState();
@@ -147,8 +147,8 @@ void SdlDisplay::ReportWindow(const SDL_WindowEvent& event, InputSink& sink)
     }
 }
 
-// The keyboard often goes straight from one of our windows to another: only when it stays away has it been
-// lost.
+// The keyboard focus often moves directly from one of our windows to another. It has been lost only if no
+// window of ours has it afterwards.
 void SdlDisplay::ReportKeyboardLoss(InputSink& sink)
 {
     if (m_mayHaveLostKeyboard && !SDL_GetKeyboardFocus()) {

@@ -4,12 +4,12 @@
 
 namespace qvui::native {
 
-/// The virtual key of a key press, 0 for a key that has none. Letters go by what is printed on the key,
-/// except on keyboards of other scripts, where they go by position, so that Ctrl+C is the same key for
-/// everybody.
+/// Returns the virtual key of a key press, or 0 if there is none. Letters are mapped by the label on the key;
+/// on keyboards of non-Latin scripts they are mapped by position, so that shortcuts such as Ctrl+C use the
+/// same keys.
 int VirtualKeyOf(const SDL_Keysym& keysym);
 
-/// VK_LBUTTON, VK_RBUTTON or VK_MBUTTON; 0 for other buttons.
+/// Returns VK_LBUTTON, VK_RBUTTON or VK_MBUTTON, or 0 for other buttons.
 int VirtualButtonOf(Uint8 button);
 
 }  // namespace qvui::native

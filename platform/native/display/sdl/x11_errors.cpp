@@ -10,7 +10,7 @@ namespace {
 enum Layer { kUnderSdl, kOverSdl };
 
 decltype(&XSetErrorHandler) g_setHandler = nullptr;
-XErrorHandler g_next[2]{};  // where each layer passes the other errors on to
+XErrorHandler g_next[2]{};  // for each layer, the handler that other errors are passed to
 
 template <Layer layer>
 int OnError(::Display* display, XErrorEvent* error)
@@ -24,7 +24,7 @@ int OnError(::Display* display, XErrorEvent* error)
 
 LateWakeUpGuard::LateWakeUpGuard()
 {
-    // SDL loads the same library by itself, and it must stay.
+    // SDL loads the same library itself, so it must not be unloaded.
     if (void* const library = SDL_LoadObject("libX11.so.6"))
         if (void* const set = SDL_LoadFunction(library, "XSetErrorHandler"))
             g_setHandler = reinterpret_cast<decltype(g_setHandler)>(set);
@@ -42,7 +42,7 @@ LateWakeUpGuard::~LateWakeUpGuard()
 {
     if (!g_setHandler)
         return;
-    // One that the application has put over ours stays.
+    // A handler that the application has installed over ours is kept.
     const XErrorHandler current = g_setHandler(g_next[kUnderSdl]);
     if (current != &OnError<kUnderSdl> && current != &OnError<kOverSdl>)
         g_setHandler(current);

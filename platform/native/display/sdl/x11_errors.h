@@ -2,14 +2,14 @@
 
 namespace qvui::native {
 
-/// Keeps one error of the X server from ending the process: while it waits for events, SDL wakes itself up by
-/// sending one to a window over a second connection, and the server may see that after the window has closed.
-/// Every other error goes where it went before. Does nothing where there is no X library.
+/// Prevents one X server error from ending the process: while SDL waits for events, it wakes itself by
+/// sending an event to a window over a second connection, and the server may process that after the window
+/// has closed. All other errors are passed on to the previous handler. Does nothing if there is no X library.
 ///
-/// Xlib has one error handler. SDL puts its own in the place of the one that it finds, and gives that one its
-/// place back before it closes its connections, which is when late errors arrive. So the guard stands under
-/// SDL's handler, and over it while SDL runs. There is one guard, made before SDL's video starts and
-/// destroyed after it has ended.
+/// Xlib has one error handler. SDL replaces the handler that it finds and restores it before closing its
+/// connections, which is when late errors arrive. The guard is therefore installed both below SDL's handler
+/// and, while SDL runs, above it. Create one guard before SDL's video starts and destroy it after the video
+/// has ended.
 class LateWakeUpGuard {
 public:
     LateWakeUpGuard();
@@ -17,7 +17,7 @@ public:
     LateWakeUpGuard& operator=(const LateWakeUpGuard&) = delete;
     ~LateWakeUpGuard();
 
-    /// To be called once SDL's video has started.
+    /// Call once after SDL's video has started.
     void CoverSdl();
 };
 

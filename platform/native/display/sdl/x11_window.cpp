@@ -18,7 +18,7 @@ struct XWindow {
     ::Window window = 0;
 };
 
-// Null handles when the window is not one of an X server.
+// Returns null handles if the window is not on an X server.
 XWindow Find(SDL_Window* window)
 {
     SDL_SysWMinfo info;
@@ -64,8 +64,8 @@ std::optional<POINT> X11PointerOf(const SDL_SysWMEvent& event)
         case LeaveNotify:
             return POINT{native.xcrossing.x_root, native.xcrossing.y_root};
         case GenericEvent: {
-            // A move by the server's newer interface, whose data is gone by now: the latest place does for
-            // it.
+            // A move reported by the XInput extension, whose data has been freed by now. The current position
+            // is close enough.
             POINT now{};
             SDL_GetGlobalMouseState(&now.x, &now.y);
             return now;

@@ -1,6 +1,6 @@
 #pragma once
 
-/// The few pieces of COM that the library uses: reference-counted interfaces and streams on memory.
+/// The parts of COM that the library uses: reference-counted interfaces and memory streams.
 
 #include <cstring>
 
@@ -46,5 +46,6 @@ struct IStream : ISequentialStream {
 
 QVUI_PLATFORM HRESULT CoInitialize(void* reserved);
 QVUI_PLATFORM void CoUninitialize();
-/// A stream on a movable block; null makes a new block. The stream frees the block when asked to.
+/// Creates a stream on a movable memory block; null allocates a new block. The stream frees the block if
+/// `deleteOnRelease` is set.
 QVUI_PLATFORM HRESULT CreateStreamOnHGlobal(HGLOBAL block, BOOL deleteOnRelease, IStream** stream);

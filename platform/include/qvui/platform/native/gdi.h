@@ -1,7 +1,7 @@
 #pragma once
 
-/// Device contexts, bitmaps, regions, fills, blits and shapes. Coordinates are pixels; right and bottom edges
-/// of rectangles are exclusive. Every function fails cleanly on a null or stale handle.
+/// Device contexts, bitmaps, regions, fills, blits and shapes. Coordinates are in pixels; right and bottom
+/// edges of rectangles are exclusive. Every function fails without side effects on a null or invalid handle.
 
 #include <qvui/platform/native/types.h>
 
@@ -155,7 +155,8 @@ QVUI_PLATFORM int GetObjectA(HANDLE object, int size, LPVOID buffer);
 QVUI_PLATFORM BOOL DeleteObject(HGDIOBJ object);
 QVUI_PLATFORM HGDIOBJ GetStockObject(int index);
 QVUI_PLATFORM int GetDeviceCaps(HDC dc, int index);
-/// Finishes pending drawing, so that a section's bits may be read or written; nothing is ever pending here.
+/// Finishes pending drawing so that the bits of a section may be accessed. Does nothing here: drawing is
+/// immediate.
 QVUI_PLATFORM BOOL GdiFlush();
 
 QVUI_PLATFORM HBITMAP CreateBitmap(int width, int height, UINT planes, UINT bitCount, const void* bits);

@@ -4,8 +4,7 @@
 
 #include <qvui/platform/native/types.h>
 
-// --- code pages and strings
-// ---------------------------------------------------------------------------------
+// --- code pages and strings ----------------------------------------------------------------------
 
 inline constexpr UINT CP_ACP = 0;
 inline constexpr UINT CP_UTF8 = 65001;
@@ -13,7 +12,7 @@ inline constexpr DWORD MB_PRECOMPOSED = 1;
 inline constexpr DWORD MB_ERR_INVALID_CHARS = 8;
 inline constexpr DWORD WC_NO_BEST_FIT_CHARS = 0x400;
 
-/// The system code page: the one of the locale in the environment.
+/// Returns the system code page, taken from the locale in the environment.
 QVUI_PLATFORM UINT GetACP();
 QVUI_PLATFORM int MultiByteToWideChar(UINT codePage, DWORD flags, LPCSTR text, int length, LPWSTR wide,
                                       int capacity);
@@ -30,13 +29,12 @@ QVUI_PLATFORM int lstrcmpiA(LPCSTR left, LPCSTR right);
 QVUI_PLATFORM LPSTR lstrcpynA(LPSTR target, LPCSTR source, int capacity);
 QVUI_PLATFORM LANGID GetSystemDefaultLangID();
 
-// --- modules and resources
-// ----------------------------------------------------------------------------------
+// --- modules and resources -----------------------------------------------------------------------
 
-/// The path of the process's executable, with back-slashes; only a null module is answered.
+/// Returns the path of the executable, with backslashes. Only a null module is supported.
 QVUI_PLATFORM DWORD GetModuleFileNameA(HMODULE module, LPSTR path, DWORD capacity);
 QVUI_PLATFORM HMODULE GetModuleHandleA(LPCSTR name);
-/// Opens a resource module: its resource directory is read, nothing in it runs.
+/// Opens a resource module: its resource directory is read, no code is run.
 QVUI_PLATFORM HMODULE LoadLibraryA(LPCSTR path);
 QVUI_PLATFORM BOOL FreeLibrary(HMODULE module);
 QVUI_PLATFORM FARPROC GetProcAddress(HMODULE module, LPCSTR name);
@@ -45,9 +43,9 @@ QVUI_PLATFORM HGLOBAL LoadResource(HMODULE module, HRSRC resource);
 QVUI_PLATFORM LPVOID LockResource(HGLOBAL resource);
 QVUI_PLATFORM DWORD SizeofResource(HMODULE module, HRSRC resource);
 
-/// Makes the resources of a module file that is part of the executable the executable's own, beside those
-/// that it has; the build calls this. The bytes stay the caller's and must never go away. FALSE when they are
-/// no module.
+/// Adds the resources of a module file that is embedded in the executable to the executable's own. The build
+/// calls this. The bytes are not owned and must stay valid for the life of the process. Returns FALSE if they
+/// are not a module.
 QVUI_PLATFORM BOOL RegisterExecutableResources(const void* moduleFile, SIZE_T size);
 
 #define RT_CURSOR MAKEINTRESOURCEA(1)
@@ -56,8 +54,7 @@ QVUI_PLATFORM BOOL RegisterExecutableResources(const void* moduleFile, SIZE_T si
 #define RT_RCDATA MAKEINTRESOURCEA(10)
 #define RT_GROUP_CURSOR MAKEINTRESOURCEA(12)
 
-// --- files
-// --------------------------------------------------------------------------------------------------
+// --- files ---------------------------------------------------------------------------------------
 
 inline constexpr DWORD GENERIC_READ = 0x80000000;
 inline constexpr DWORD GENERIC_WRITE = 0x40000000;
@@ -74,8 +71,7 @@ QVUI_PLATFORM BOOL ReadFile(HANDLE file, LPVOID buffer, DWORD size, DWORD* read,
 QVUI_PLATFORM BOOL WriteFile(HANDLE file, LPCVOID buffer, DWORD size, DWORD* written, void* overlapped);
 QVUI_PLATFORM BOOL CloseHandle(HANDLE file);
 
-// --- memory, time, errors
-// -----------------------------------------------------------------------------------
+// --- memory, time, errors ------------------------------------------------------------------------
 
 inline constexpr UINT GMEM_FIXED = 0;
 inline constexpr UINT GMEM_MOVEABLE = 2;

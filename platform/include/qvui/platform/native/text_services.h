@@ -179,7 +179,7 @@ inline constexpr LONG TM_MULTILEVELUNDO = 8;
 inline constexpr LONG TM_SINGLECODEPAGE = 16;
 inline constexpr LONG TM_MULTICODEPAGE = 32;
 
-/// Character formats: lengths in twips, of which 1440 make an inch.
+/// Character formats. Lengths are in twips (1/1440 inch).
 struct CHARFORMATA {
     UINT cbSize;
     DWORD dwMask;
@@ -202,7 +202,7 @@ struct CHARFORMATW {
     BYTE bPitchAndFamily;
     WCHAR szFaceName[LF_FACESIZE];
 };
-/// What the second version appends to a character format.
+/// Fields that the second version appends to a character format.
 template <class First>
 struct QvuiCharFormat2 : First {
     WORD wWeight;
@@ -280,7 +280,7 @@ struct SETTEXTEX {
     DWORD flags;
     UINT codepage;
 };
-/// Reads or writes up to `size` bytes; `*moved` is their count. A result other than 0 ends the stream.
+/// Reads or writes up to `size` bytes and stores their number in `*moved`. A nonzero result ends the stream.
 using EDITSTREAMCALLBACK = DWORD(CALLBACK*)(DWORD_PTR cookie, LPBYTE buffer, LONG size, LONG* moved);
 struct EDITSTREAM {
     DWORD_PTR dwCookie;
@@ -336,7 +336,7 @@ QVUI_PLATFORM void SysFreeString(BSTR text);
 struct DVTARGETDEVICE;
 struct IDropTarget;
 
-/// The engine, as its host calls it. Coordinates are pixels of the host window's client area.
+/// The engine's interface, called by the host. Coordinates are in pixels of the host window's client area.
 struct ITextServices : IUnknown {
     virtual HRESULT TxSendMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* result) = 0;
     virtual HRESULT TxDraw(DWORD aspect, LONG index, void* aspectInfo, DVTARGETDEVICE* device, HDC dc,
@@ -366,7 +366,7 @@ protected:
     ~ITextServices() = default;
 };
 
-/// The host, as the engine calls it. The engine keeps no reference: the host outlives it.
+/// The host's interface, called by the engine. The engine holds no reference; the host must outlive it.
 struct ITextHost : IUnknown {
     virtual HDC TxGetDC() = 0;
     virtual INT TxReleaseDC(HDC dc) = 0;
@@ -391,7 +391,7 @@ struct ITextHost : IUnknown {
     virtual HRESULT TxActivate(LONG* oldState) = 0;
     virtual HRESULT TxDeactivate(LONG newState) = 0;
     virtual HRESULT TxGetClientRect(LPRECT rect) = 0;
-    /// In HIMETRIC units, of which 2540 make an inch.
+    /// In HIMETRIC units (1/2540 inch).
     virtual HRESULT TxGetViewInset(LPRECT inset) = 0;
     virtual HRESULT TxGetCharFormat(const CHARFORMATW** format) = 0;
     virtual HRESULT TxGetParaFormat(const PARAFORMAT** format) = 0;
@@ -420,6 +420,6 @@ inline constexpr IID IID_ITextServices{
 inline constexpr IID IID_ITextHost{
     0xC5BDD8D0, 0xD26E, 0x11CE, {0xA8, 0x9E, 0x00, 0xAA, 0x00, 0x6C, 0xAD, 0xC5}};
 
-/// Makes text services for a host, without an outer object; the caller releases them. E_POINTER without a
-/// place for them, E_INVALIDARG without a host, E_NOTIMPL with an outer object.
+/// Creates text services for a host; the caller releases them. Aggregation is not supported. Returns
+/// E_POINTER if `services` is null, E_INVALIDARG if there is no host, E_NOTIMPL if there is an outer object.
 QVUI_PLATFORM HRESULT CreateTextServices(IUnknown* outer, ITextHost* host, IUnknown** services);

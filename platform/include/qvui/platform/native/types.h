@@ -1,7 +1,7 @@
 #pragma once
 
-/// The platform's basic types. Their widths are the platform's on every target: LONG, DWORD, BOOL, UINT and
-/// COLORREF are 32 bits also where C's long is 64; WPARAM, LPARAM and LRESULT are pointer-wide.
+/// The platform's basic types, with the same widths on every target: LONG, DWORD, BOOL, UINT and COLORREF are
+/// 32 bits even where C's long is 64; WPARAM, LPARAM and LRESULT are pointer-sized.
 
 #include <cstddef>
 #include <cstdint>
@@ -17,7 +17,7 @@
 #define TRUE 1
 #define FALSE 0
 
-/// Marks the declarations of the layer's functions, which the shared library exports to applications.
+/// Declares a function of the platform layer, which the shared library exports to applications.
 #define QVUI_PLATFORM extern "C" QVUI_API
 
 using BOOL = std::int32_t;
@@ -70,7 +70,7 @@ using HGLOBAL = HANDLE;
 using FARPROC = INT_PTR (*)();
 using PROC = INT_PTR (*)();
 
-/// Handles are distinct pointer types; what they point to does not exist. See core/handle_table.h.
+/// Handles are distinct pointer types that are never dereferenced. See core/handle_table.h.
 #define QVUI_DECLARE_HANDLE(name) \
     struct name##__;              \
     using name = name##__*
@@ -192,7 +192,7 @@ constexpr BYTE GetBValue(COLORREF colour)
     return static_cast<BYTE>((colour >> 16) & 0xFF);
 }
 
-/// An integer resource id as the name parameter of the resource functions.
+/// Encodes an integer resource id as a name for the resource functions.
 #define MAKEINTRESOURCEA(id) (reinterpret_cast<LPCSTR>(static_cast<ULONG_PTR>(static_cast<WORD>(id))))
 #define IS_INTRESOURCE(name) ((reinterpret_cast<ULONG_PTR>(name) >> 16) == 0)
 

@@ -3,7 +3,7 @@
 /// Windows, messages, input, timers, cursors and the clipboard.
 ///
 /// A window's client area is the whole window: a window with a native caption is decorated by the display
-/// around it, and one without has the frame that its application draws.
+/// system outside it; a window without one gets the frame that the application draws.
 
 #include <qvui/platform/native/gdi.h>
 
@@ -531,8 +531,8 @@ inline constexpr int COLOR_HIGHLIGHT = 13;
 inline constexpr int COLOR_HIGHLIGHTTEXT = 14;
 QVUI_PLATFORM DWORD GetSysColor(int index);
 
-/// The clipboard. Text goes to the desktop and comes from it; other formats stay within the process. Blocks
-/// that are given to it belong to it, and those that it gives are valid until it closes.
+/// The clipboard. Text is exchanged with the desktop's clipboard; other formats stay within the process. The
+/// clipboard owns the memory blocks passed to it; blocks that it returns are valid until it is closed.
 QVUI_PLATFORM BOOL OpenClipboard(HWND owner);
 QVUI_PLATFORM BOOL CloseClipboard();
 QVUI_PLATFORM BOOL EmptyClipboard();
@@ -550,28 +550,28 @@ inline constexpr UINT MF_SEPARATOR = 0x800;
 inline constexpr UINT TPM_LEFTALIGN = 0x0;
 inline constexpr UINT TPM_RIGHTBUTTON = 0x2;
 inline constexpr UINT TPM_RETURNCMD = 0x100;
-/// Menus. Of the menus in modules there is the edit menu of "user32.dll", number 1. They pop up; windows have
-/// no menu bar.
+/// Menus. The only menu in a module is the edit menu of "user32.dll", number 1. All menus are pop-up menus;
+/// windows have no menu bar.
 QVUI_PLATFORM HMENU LoadMenuA(HINSTANCE module, LPCSTR name);
-/// Belongs to the menu that it is in.
+/// Returns a submenu, which the containing menu owns.
 QVUI_PLATFORM HMENU GetSubMenu(HMENU menu, int position);
 QVUI_PLATFORM int GetMenuItemCount(HMENU menu);
 QVUI_PLATFORM UINT GetMenuItemID(HMENU menu, int position);
 QVUI_PLATFORM UINT GetMenuState(HMENU menu, UINT item, UINT flags);
-/// The state before; -1 without such an item.
+/// Returns the previous state, or -1 if there is no such item.
 QVUI_PLATFORM BOOL EnableMenuItem(HMENU menu, UINT item, UINT flags);
 QVUI_PLATFORM BOOL RemoveMenu(HMENU menu, UINT item, UINT flags);
 QVUI_PLATFORM BOOL DestroyMenu(HMENU menu);
-/// Runs until the user has chosen or let it be. Screen coordinates.
+/// Returns after the user has chosen an item or dismissed the menu. Screen coordinates.
 QVUI_PLATFORM BOOL TrackPopupMenu(HMENU menu, UINT flags, int x, int y, int reserved, HWND owner,
                                   const RECT* kept);
 
-/// Input methods hand over finished text here; their contexts are the desktop's own, so that there is none to
-/// get.
+/// Input methods deliver finished text through the display driver and keep their contexts to themselves, so
+/// there is no context to return.
 QVUI_PLATFORM HIMC ImmGetContext(HWND window);
 QVUI_PLATFORM BOOL ImmReleaseContext(HWND window, HIMC context);
 
-/// The caret: one for all windows, of the window that made it last. Hiding it nests.
+/// The caret: one for all windows, belonging to the window that created it last. HideCaret calls nest.
 QVUI_PLATFORM BOOL CreateCaret(HWND window, HBITMAP bitmap, int width, int height);
 QVUI_PLATFORM BOOL DestroyCaret();
 QVUI_PLATFORM BOOL ShowCaret(HWND window);
@@ -580,7 +580,8 @@ QVUI_PLATFORM BOOL SetCaretPos(int x, int y);
 QVUI_PLATFORM BOOL GetCaretPos(POINT* point);
 QVUI_PLATFORM UINT GetCaretBlinkTime();
 
-/// Beyond the platform's own interface: chooses the display driver, "headless" or "sdl", before the first
-/// window. Without it the environment variable QVUI_DISPLAY decides, and without that: a window on the screen
-/// when there is one, else headless. FALSE when the name is unknown or a driver is in use already.
+/// Not part of the platform's interface: selects the display driver, "headless" or "sdl", before the first
+/// window is created. Without this call the environment variable QVUI_DISPLAY decides; without that, "sdl" if
+/// there is a screen, otherwise "headless". Returns FALSE if the name is unknown or a driver is already in
+/// use.
 QVUI_PLATFORM BOOL QvuiUseDisplay(LPCSTR name);
