@@ -56,10 +56,12 @@ bool ReadOptions(int argc, char** argv, Options& options)
             options.*found->value = argv[++i];
         } else if (word == "--layered") {
             options.isLayered = true;
+        } else if (word.substr(0, 2) != "--") {
+            options.files.emplace_back(word);
         } else {
             std::fprintf(
                 stderr,
-                "usage: %s [--screenshot FILE] [--skin NAME] [--language NAME] [--page NAME] [--layered]\n",
+                "usage: %s [--screenshot FILE] [--skin NAME] [--language NAME] [--page NAME] [--layered] [FILE...]\n",
                 argv[0]);
             return false;
         }

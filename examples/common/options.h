@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 namespace example {
 
@@ -11,6 +12,7 @@ struct Options {
     std::string language;    // --language NAME
     std::string page;        // --page NAME, of the gallery
     bool isLayered = false;  // --layered, of the gallery
+    std::vector<std::string> files;  // any other words, of the writer
 };
 
 /// Reads a command line; false, after telling the usage, when it has anything else on it.
