@@ -116,7 +116,7 @@ void WriterWindow::OnLanguageTypeChanged(const CString&, const CString&)
     // The documents stay: only the texts are read anew.
     const DUI::CRefPtr<DUI::IDUIControl> fresh = DUI::CDUIControlBuilder(nullptr).CreateFromResource("writer");
     if (!fresh.IsNull() && GetRootControl())
-        Relabel(*GetRootControl(), *fresh);
+        Relabel(*GetRootControl(), *fresh.GetPtr());
     Refresh();
 }
 
@@ -332,8 +332,13 @@ void WriterWindow::FocusEditor()
 {
     Document* const document = m_documents.Current();
     const bool isTyping = m_prompt.Current() == Prompt::Open || m_prompt.Current() == Prompt::SaveAs;
-    if (document && !isTyping)
-        document->Editor().SetFocus(TRUE);
+    if (!document || isTyping)
+        return;
+    // The focus alone selects all of a text.
+    CHARRANGE selection{};
+    document->Editor().GetSel(selection);
+    document->Editor().SetFocus(TRUE);
+    document->Editor().SetSel(selection);
 }
 
 void WriterWindow::Refresh()
