@@ -66,7 +66,17 @@ LRESULT WriterWindow::Handle(HWND hWnd, UINT message, WPARAM wParam, LPARAM lPar
         CloseWindow();
         return 0;
     }
-    return HostWindow::Handle(hWnd, message, wParam, lParam);
+    const Document* const document = message == WM_SETFOCUS ? m_documents.Current() : nullptr;
+    CHARRANGE selection{};
+    if (document)
+        document->Editor().GetSel(selection);
+    const LRESULT result = HostWindow::Handle(hWnd, message, wParam, lParam);
+    // The text has the focus again, with the selection that it had: what is typed next must not replace all.
+    if (document && (!GetFocusControl() || HasFocus("editor"))) {
+        document->Editor().SetSel(selection);
+        FocusEditor();
+    }
+    return result;
 }
 
 BOOL WriterWindow::PreTranslateMessage(MSG* message)

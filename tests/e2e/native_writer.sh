@@ -25,7 +25,7 @@ press_keys "$window" ctrl+Home
 xdotool type new
 xdotool key ctrl+s
 wait_for "saved $rich"
-grep -q '\\b ' "$rich" && grep -q 'newbold' "$rich" || fail "the RTF file lost its text or its format"
+grep -q '\\b\\.* newbold\\b0  plain' "$rich" || fail "the RTF file lost its text or its format: $(cat "$rich")"
 
 xdotool type x
 xdotool key ctrl+w
