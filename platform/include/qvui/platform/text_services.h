@@ -7,6 +7,7 @@
 
 #if defined(_WIN32)
 
+#include <commdlg.h>  // FR_ flags
 #include <richedit.h>
 #include <textserv.h>
 
