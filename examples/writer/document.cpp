@@ -71,6 +71,7 @@ bool Document::Load(const std::string& path)
     m_path = path;
     m_editor.EmptyUndoBuffer();
     m_editor.SetModify(FALSE);
+    m_lines = {};
     m_editor.SetSel(0, 0);
     return true;
 }
@@ -130,6 +131,13 @@ void Document::ApplyAlignment(WORD alignment)
     format.dwMask = PFM_ALIGNMENT;
     format.wAlignment = alignment;
     m_editor.SetParaFormat(format);
+}
+
+LineCounter::Place Document::CaretPlace()
+{
+    CHARRANGE selection{};
+    m_editor.GetSel(selection);
+    return m_lines.Locate(m_editor, selection.cpMax);
 }
 
 std::string Document::Description() const

@@ -4,6 +4,7 @@
 
 #include <qvui/qvui.h>
 
+#include "writer/line_counter.h"
 #include "writer/text_codec.h"
 
 namespace writer {
@@ -33,6 +34,8 @@ public:
     bool LosesFormats(const std::string& path) const;
     void ApplyFormat(CHARFORMAT2A& format);
     void ApplyAlignment(WORD alignment);
+    /// The line and column of the selection's end.
+    LineCounter::Place CaretPlace();
     /// "UTF-8  LF", or "RTF".
     std::string Description() const;
 
@@ -41,6 +44,7 @@ private:
     std::string StreamOut(int format) const;
 
     DUI::CDUIRichEdit& m_editor;
+    LineCounter m_lines;
     std::string m_path;
     Encoding m_encoding = Encoding::Utf8;
     LineEnd m_lineEnd = LineEnd::Lf;

@@ -357,12 +357,10 @@ void WriterWindow::Refresh()
     if (!document)
         return;
     DUI::CDUIRichEdit& editor = document->Editor();
-    CHARRANGE selection{};
-    editor.GetSel(selection);
-    const int line = editor.LineFromChar(selection.cpMax);
+    const LineCounter::Place caret = document->CaretPlace();
     CString text;
-    text.Format("%s %d   %s %d   %s %d", Text("line").GetString(), line + 1, Text("column").GetString(),
-                static_cast<int>(selection.cpMax) - editor.LineIndex(line) + 1, Text("length").GetString(),
+    text.Format("%s %d   %s %d   %s %d", Text("line").GetString(), caret.line + 1, Text("column").GetString(),
+                caret.column + 1, Text("length").GetString(),
                 editor.GetTextLength(GTL_PRECISE | GTL_NUMCHARS));
     SetContrlText("status", text);
     SetContrlText("status_encoding", document->Description().c_str());
