@@ -68,6 +68,7 @@ bool Document::Load(const std::string& path)
     m_isRich = m_hasFormats = isRich;
     m_encoding = decoded.encoding;
     m_lineEnd = decoded.lineEnd;
+    m_isMixed = !decoded.isExact;
     m_path = path;
     m_editor.EmptyUndoBuffer();
     m_editor.SetModify(FALSE);
@@ -97,6 +98,7 @@ SaveResult Document::Save(const std::string& path)
         return SaveResult::Failed;
     const bool isOtherEncoding = encoding != m_encoding;
     m_encoding = encoding;
+    m_isMixed = false;
     m_isRich = isRich;
     m_path = path;
     m_editor.SetModify(FALSE);

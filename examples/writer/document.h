@@ -30,6 +30,8 @@ public:
     bool IsModified() const { return m_editor.GetModify() != FALSE; }
     /// Whether it is saved with its formats.
     bool IsRich() const { return m_isRich; }
+    /// Whether the file has line ends of several kinds, of which saving keeps the first alone.
+    bool HasMixedLineEnds() const { return m_isMixed; }
     /// Whether saving under the name would lose formats.
     bool LosesFormats(const std::string& path) const;
     void ApplyFormat(CHARFORMAT2A& format);
@@ -50,6 +52,7 @@ private:
     LineEnd m_lineEnd = LineEnd::Lf;
     bool m_isRich = true;  // a new document may get formats
     bool m_hasFormats = false;
+    bool m_isMixed = false;
 };
 
 }  // namespace writer

@@ -218,6 +218,8 @@ void WriterWindow::Open(const std::string& path)
         Tell("opened", path.c_str());
     }
     m_prompt.Hide();
+    if (document && document->HasMixedLineEnds())
+        m_prompt.Show(Prompt::Notice, Text("mixed_line_ends"));
     Refresh();
     FocusEditor();
 }
