@@ -59,10 +59,10 @@ bool ReadOptions(int argc, char** argv, Options& options)
         } else if (word.substr(0, 2) != "--") {
             options.files.emplace_back(word);
         } else {
-            std::fprintf(
-                stderr,
-                "usage: %s [--screenshot FILE] [--skin NAME] [--language NAME] [--page NAME] [--layered] [FILE...]\n",
-                argv[0]);
+            std::fprintf(stderr,
+                         "usage: %s [--screenshot FILE] [--skin NAME] [--language NAME] [--page NAME] "
+                         "[--layered] [FILE...]\n",
+                         argv[0]);
             return false;
         }
     }

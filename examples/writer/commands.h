@@ -6,8 +6,30 @@ namespace writer {
 
 /// What a user can ask for: by a button of the name, or by a key.
 enum class Command {
-    New, Open, Save, SaveAs, Close, Undo, Redo, Bold, Italic, Underline, Left, Centre, Right,
-    Black, Blue, Red, Green, Find, FindNext, FindPrevious, Dismiss, Accept, Discard, Language
+    New,
+    Open,
+    Save,
+    SaveAs,
+    Close,
+    Undo,
+    Redo,
+    Bold,
+    Italic,
+    Underline,
+    Left,
+    Centre,
+    Right,
+    Black,
+    Blue,
+    Red,
+    Green,
+    Find,
+    FindNext,
+    FindPrevious,
+    Dismiss,
+    Accept,
+    Discard,
+    Language
 };
 
 struct CommandEntry {

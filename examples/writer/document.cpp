@@ -144,9 +144,8 @@ LineCounter::Place Document::CaretPlace()
 
 std::string Document::Description() const
 {
-    return IsRichName(m_path) && m_isRich
-               ? "RTF"
-               : std::string(NameOf(m_encoding)) + "   " + NameOf(m_lineEnd);
+    return IsRichName(m_path) && m_isRich ? "RTF"
+                                          : std::string(NameOf(m_encoding)) + "   " + NameOf(m_lineEnd);
 }
 
 bool Document::StreamIn(std::string_view bytes, int format)

@@ -8,7 +8,8 @@
 
 namespace writer {
 
-/// The open documents, each with a tab in "tabs" and a page in "pages". One is always open after the first Add.
+/// The open documents, each with a tab in "tabs" and a page in "pages". One is always open after the first
+/// Add.
 class DocumentTabs {
 public:
     /// The window outlives this.

@@ -96,7 +96,8 @@ void FormatBar::Show(Document& document)
     }
     for (const Colour& colour : kColours) {
         m_window.EnableControl(colour.control, isRich);
-        m_window.SetButtonChecked(colour.control, (format.dwMask & CFM_COLOR) && format.crTextColor == colour.value);
+        m_window.SetButtonChecked(colour.control,
+                                  (format.dwMask & CFM_COLOR) && format.crTextColor == colour.value);
     }
     m_window.EnableControl("size", isRich);
     CString size;

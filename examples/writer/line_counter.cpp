@@ -9,7 +9,8 @@ namespace writer {
 LineCounter::Place LineCounter::Locate(DUI::CDUIRichEdit& editor, LONG position)
 {
     constexpr LONG kChunk = 1 << 16;
-    constexpr LONG kDistance = 1 << 13;  // of the anchor before the position: edits at the caret stay after it
+    constexpr LONG kDistance =
+        1 << 13;  // of the anchor before the position: edits at the caret stay after it
     const LONG length = editor.GetTextLength(GTL_PRECISE | GTL_NUMCHARS);
     // A long change may begin before the anchor.
     if (position < m_anchor.position || std::abs(length - m_length) >= kDistance)

@@ -124,7 +124,8 @@ void WriterWindow::OnDUINotify(const DUI::tagDUINotify& notify, BOOL& bHandled)
 void WriterWindow::OnLanguageTypeChanged(const CString&, const CString&)
 {
     // The documents stay: only the texts are read anew.
-    const DUI::CRefPtr<DUI::IDUIControl> fresh = DUI::CDUIControlBuilder(nullptr).CreateFromResource("writer");
+    const DUI::CRefPtr<DUI::IDUIControl> fresh =
+        DUI::CDUIControlBuilder(nullptr).CreateFromResource("writer");
     if (!fresh.IsNull() && GetRootControl())
         Relabel(*GetRootControl(), *fresh.GetPtr());
     Refresh();
@@ -213,6 +214,7 @@ void WriterWindow::Open(const std::string& path)
             m_prompt.Show(Prompt::Notice, Text("open_failed") + " " + path.c_str());
             Tell("failed", path.c_str());
             Refresh();
+            FocusEditor();
             return;
         }
         Tell("opened", path.c_str());
@@ -232,6 +234,7 @@ bool WriterWindow::Save(Document& document, const std::string& path)
         m_closing = Closing::No;
         m_prompt.Show(Prompt::Notice, Text("save_failed") + " " + path.c_str());
         Tell("failed", path.c_str());
+        FocusEditor();
         return false;
     }
     m_prompt.Hide();

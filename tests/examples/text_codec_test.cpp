@@ -47,7 +47,10 @@ TEST(TextCodec, GivesTheBytesBackInEachEncodingAndLineEnd)
 
 TEST(TextCodec, KeepsBytesThatAreNoUtf8)
 {
-    for (const std::string& bytes : {"caf\xE9\r\n"s, "\xFF\xFE""a"s, "\xC3"s, "\x81\x8D\xFF\n"s}) {
+    for (const std::string& bytes : {"caf\xE9\r\n"s,
+                                     "\xFF\xFE"
+                                     "a"s,
+                                     "\xC3"s, "\x81\x8D\xFF\n"s}) {
         const DecodedText decoded = Decode(bytes);
         EXPECT_TRUE(decoded.encoding == Encoding::CodePage || decoded.encoding == Encoding::Bytes);
         EXPECT_EQ(Encode(decoded.text, decoded.encoding, decoded.lineEnd), bytes);
