@@ -7,7 +7,7 @@
 namespace writer {
 
 /// What the bar below the tools asks for.
-enum class Prompt { None, Open, SaveAs, SaveChanges, DropFormats, Notice };
+enum class Prompt { None, Open, SaveAs, SaveChanges, DropFormats, Overwrite, Notice };
 
 /// The bar below the tools ("prompt_bar"): a path to type, a question before something is lost, or a notice.
 class PromptBar {

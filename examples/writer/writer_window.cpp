@@ -294,16 +294,24 @@ void WriterWindow::Accept()
         Open(path);
     } else if (prompt == Prompt::SaveAs && !path.empty()) {
         m_wantedPath = path;
-        if (document->LosesFormats(path))
-            m_prompt.Show(Prompt::DropFormats, Text("ask_formats"));
-        else if (Save(*document, path))
-            GoOn();
-    } else if (prompt == Prompt::DropFormats) {
-        if (Save(*document, m_wantedPath))
-            GoOn();
+        SaveAs(*document, prompt);
+    } else if (prompt == Prompt::DropFormats || prompt == Prompt::Overwrite) {
+        SaveAs(*document, prompt);
     } else if (prompt == Prompt::SaveChanges) {
         SaveOrAsk(*document);
     }
+}
+
+// Asks what has not been answered yet, and saves after the last answer.
+void WriterWindow::SaveAs(Document& document, Prompt answered)
+{
+    const bool isOther = m_wantedPath != document.Path() && FileExists(m_wantedPath);
+    if (answered == Prompt::SaveAs && document.LosesFormats(m_wantedPath))
+        m_prompt.Show(Prompt::DropFormats, Text("ask_formats"));
+    else if (answered != Prompt::Overwrite && isOther)
+        m_prompt.Show(Prompt::Overwrite, Text("ask_overwrite"));
+    else if (Save(document, m_wantedPath))
+        GoOn();
 }
 
 void WriterWindow::Discard()

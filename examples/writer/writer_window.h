@@ -33,6 +33,7 @@ private:
     bool Save(Document& document, const std::string& path);
     void SaveOrAsk(Document& document);
     void AskForName(Document& document);
+    void SaveAs(Document& document, Prompt answered);
     void CloseDocument(Document& document);
     void CloseWindow();
     void Accept();
