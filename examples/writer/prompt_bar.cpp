@@ -26,6 +26,8 @@ void PromptBar::Show(Prompt prompt, const CString& text, const std::string& path
         field->SetText(path.c_str());
         field->SetFocus(TRUE);
         field->SetSelAll();
+    } else if (field) {
+        field->SetFocus(FALSE);  // a second Return must not answer a question
     }
 }
 
