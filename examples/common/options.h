@@ -7,11 +7,11 @@ namespace example {
 
 /// What the example programs take on their command lines; empty means not given.
 struct Options {
-    std::string screenshot;  // --screenshot FILE: write a picture and end
-    std::string skin;        // --skin NAME
-    std::string language;    // --language NAME
-    std::string page;        // --page NAME, of the gallery
-    bool isLayered = false;  // --layered, of the gallery
+    std::string screenshot;          // --screenshot FILE: write a picture and end
+    std::string skin;                // --skin NAME
+    std::string language;            // --language NAME
+    std::string page;                // --page NAME, of the gallery
+    bool isLayered = false;          // --layered, of the gallery
     std::vector<std::string> files;  // any other words, of the writer
 };
 

@@ -2,7 +2,7 @@
 
 #include <memory>
 
-#include <qvui/platform/platform.h>
+#include <qvui/platform/cwnd.h>
 
 namespace DUI {
 
@@ -12,18 +12,12 @@ namespace DUI {
 ///
 /// The object is held by a shared_ptr and holds itself while it handles a message, so its owner may let go of
 /// it at any time.
-class PopupWindow : public std::enable_shared_from_this<PopupWindow> {
+class PopupWindow : public CWnd, public std::enable_shared_from_this<PopupWindow> {
 public:
-    PopupWindow() = default;
-    PopupWindow(const PopupWindow&) = delete;
-    PopupWindow& operator=(const PopupWindow&) = delete;
-
-    HWND PopupHandle() const { return m_popup; }
+    HWND PopupHandle() const { return m_hWnd; }
+    LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override;
 
 protected:
-    /// The window goes without a call of the derived class.
-    virtual ~PopupWindow();
-
     /// Makes the hidden window, of a class that is registered at first; false when there is one already, when
     /// the owner is no window, and when none can be made.
     bool CreatePopup(const char* className, DWORD exStyle, HWND owner);
@@ -42,11 +36,7 @@ protected:
     virtual void AfterPopupDestroyed() {}
 
 private:
-    static bool Register(const char* className);
-    static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
-    LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam);
-
-    HWND m_popup = nullptr;
+    bool m_isMade = false;  // what comes while the window is made is none of the derived class's business
 };
 
 }  // namespace DUI
