@@ -34,16 +34,16 @@ int KeyOf(const std::string& name)
 }
 
 // A message of a text field's window, as the loop gives it: to the filter, then to the window.
-void FieldMessage(CDUIEdit& edit, UINT message, WPARAM wParam, LPARAM lParam)
+void FieldMessage(ControlWindow& host, CDUIEdit& edit, UINT message, WPARAM wParam, LPARAM lParam)
 {
     MSG native{edit.m_hWnd, message, wParam, lParam, 0, {}};
-    if (!edit.PreTranslateMessage(&native))
+    if (!host.PreTranslateMessage(&native))
         SendMessageA(native.hwnd, message, wParam, lParam);
 }
 
-void FieldPointer(CDUIEdit& edit, UINT message, POINT point)
+void FieldPointer(ControlWindow& host, CDUIEdit& edit, UINT message, POINT point)
 {
-    FieldMessage(edit, message, message == WM_LBUTTONUP ? 0 : MK_LBUTTON,
+    FieldMessage(host, edit, message, message == WM_LBUTTONUP ? 0 : MK_LBUTTON,
                  MAKELPARAM(static_cast<WORD>(point.x), static_cast<WORD>(point.y)));
 }
 
@@ -213,25 +213,25 @@ const std::map<std::string, Operation> kOperations{
     {"field.key",
      [](auto& w, auto& n, auto& a) {
          const auto key = static_cast<WPARAM>(KeyOf(ReadWord(a)));
-         FieldMessage(As<CDUIEdit>(w, n), WM_KEYDOWN, key, 1);
+         FieldMessage(w, As<CDUIEdit>(w, n), WM_KEYDOWN, key, 1);
      }},
     {"field.type",
      [](auto& w, auto& n, auto& a) {
          for (const char byte : ReadRest(a))
-             FieldMessage(As<CDUIEdit>(w, n), WM_CHAR, static_cast<unsigned char>(byte), 1);
+             FieldMessage(w, As<CDUIEdit>(w, n), WM_CHAR, static_cast<unsigned char>(byte), 1);
      }},
     {"field.code",
      [](auto& w, auto& n, auto& a) {
-         FieldMessage(As<CDUIEdit>(w, n), WM_CHAR, static_cast<WPARAM>(ReadNumber(a)), 1);
+         FieldMessage(w, As<CDUIEdit>(w, n), WM_CHAR, static_cast<WPARAM>(ReadNumber(a)), 1);
      }},
     {"field.press",
-     [](auto& w, auto& n, auto& a) { FieldPointer(As<CDUIEdit>(w, n), WM_LBUTTONDOWN, ReadPoint(a)); }},
+     [](auto& w, auto& n, auto& a) { FieldPointer(w, As<CDUIEdit>(w, n), WM_LBUTTONDOWN, ReadPoint(a)); }},
     {"field.drag",
-     [](auto& w, auto& n, auto& a) { FieldPointer(As<CDUIEdit>(w, n), WM_MOUSEMOVE, ReadPoint(a)); }},
+     [](auto& w, auto& n, auto& a) { FieldPointer(w, As<CDUIEdit>(w, n), WM_MOUSEMOVE, ReadPoint(a)); }},
     {"field.double",
-     [](auto& w, auto& n, auto& a) { FieldPointer(As<CDUIEdit>(w, n), WM_LBUTTONDBLCLK, ReadPoint(a)); }},
+     [](auto& w, auto& n, auto& a) { FieldPointer(w, As<CDUIEdit>(w, n), WM_LBUTTONDBLCLK, ReadPoint(a)); }},
     {"field.release",
-     [](auto& w, auto& n, auto& a) { FieldPointer(As<CDUIEdit>(w, n), WM_LBUTTONUP, ReadPoint(a)); }},
+     [](auto& w, auto& n, auto& a) { FieldPointer(w, As<CDUIEdit>(w, n), WM_LBUTTONUP, ReadPoint(a)); }},
     {"tool.open", Call(&ToolBar::OpenOverflow)},
     {"tool.close", Call(&ToolBar::CloseOverflow)},
     {"panel.image", Call(&CDUIFramePanel::SetImageIndex)},
@@ -528,6 +528,11 @@ const std::map<std::string, Scenario::Command>& Scenario::Commands()
              CString text = Named(*s.m_window, ReadWord(a)).GetText();
              text.Replace("\r", "|");
              s.m_text += "    says \"" + std::string(text.GetString()) + "\"\n";
+         }},
+        {"shown",  // whether the native window of a text field is
+         [](S s, A a) {
+             const HWND field = As<CDUIEdit>(*s.m_window, ReadWord(a)).m_hWnd;
+             s.m_text += IsWindowVisible(field) ? "    shown\n" : "    hidden\n";
          }},
         {"told",  // what the native windows of text fields have told the window
          [](S s, A) {
