@@ -43,6 +43,9 @@ public:
     virtual void OnKey(int virtualKey, bool isDown) = 0;
     /// Typed text, UTF-8: directly after the key press that produced it, or on its own from an input method.
     virtual void OnText(const std::string& utf8) = 0;
+    /// The text that an input method is composing, UTF-8, with its caret before the character of the given
+    /// index; empty when it is not composing any more.
+    virtual void OnComposition(const std::string& utf8, int caret) = 0;
     virtual void OnMoved(HWND window, const RECT& screen) = 0;
     virtual void OnMinimised(HWND window, bool isMinimised) = 0;
     virtual void OnClose(HWND window) = 0;
@@ -82,6 +85,11 @@ public:
     virtual void Capture(bool isCaptured) = 0;
     virtual std::string ClipboardText() = 0;
     virtual void SetClipboardText(const std::string& utf8) = 0;
+    /// Tells where text is being entered, in window coordinates: an input method shows its candidates beside
+    /// it.
+    virtual void SetTextArea(HWND window, const RECT& area) = 0;
+    /// Ends what an input method is composing, without a result.
+    virtual void DropComposition() = 0;
     /// Waits for input and reports it; returns after `milliseconds` (-1: no limit) if there is none.
     virtual void Wait(int milliseconds, InputSink& sink) = 0;
     virtual SIZE ScreenSize() = 0;

@@ -4,10 +4,12 @@
 
 #include <algorithm>
 
+#include "native/display/display.h"
 #include "native/kernel/clock.h"
 #include "native/user/caret_overlay.h"
 #include "native/user/desktop.h"
 #include "native/user/painting.h"
+#include "native/user/window_tree.h"
 
 namespace qvui::native {
 namespace {
@@ -18,8 +20,10 @@ constexpr std::int64_t kMillisecond = 1'000'000;
 
 void PresentCaret()
 {
-    if (Window* window = LookUpWindow(TheDesktop().caret.window))
+    if (Window* window = LookUpWindow(TheDesktop().caret.window)) {
         PresentDamage(*window, TheDesktop().caret.rect);
+        PresentDamage(*window, CompositionRect());
+    }
 }
 
 void RestartCaret()
@@ -27,8 +31,15 @@ void RestartCaret()
     CaretState& caret = TheDesktop().caret;
     caret.isOn = true;
     caret.toggleDue = Now() + GetCaretBlinkTime() * kMillisecond;
-    if (IsCaretShown(caret))
-        PresentCaret();
+    if (!IsCaretShown(caret))
+        return;
+    PresentCaret();
+    if (Window* const window = LookUpWindow(caret.window)) {
+        RECT area = caret.rect;
+        const POINT origin = OriginInRoot(*window);
+        OffsetRect(&area, origin.x, origin.y);
+        TheDisplay().SetTextArea(RootOf(*window)->handle, area);
+    }
 }
 
 void BlinkCaret()
@@ -52,8 +63,10 @@ int MillisecondsToBlink()
 
 void ForgetCaret(HWND window)
 {
-    if (TheDesktop().caret.window == window)
-        TheDesktop().caret = {};
+    if (TheDesktop().caret.window != window)
+        return;
+    DropComposition();
+    TheDesktop().caret = {};
 }
 
 }  // namespace qvui::native

@@ -4,6 +4,7 @@
 
 #include "native/user/caret.h"
 #include "native/user/desktop.h"
+#include "native/user/painting.h"
 
 using namespace qvui::native;
 
@@ -25,6 +26,7 @@ BOOL DestroyCaret()
     CaretState& caret = TheDesktop().caret;
     if (!caret.window)
         return FALSE;
+    DropComposition();
     caret.hidden = 1;
     PresentCaret();
     caret = {};
@@ -57,10 +59,13 @@ BOOL SetCaretPos(int x, int y)
     if (!caret.window)
         return FALSE;
     const bool wasOn = std::exchange(caret.isOn, false);
+    const RECT composed = CompositionRect();
     if (wasOn)
         PresentCaret();
     caret.rect = {x, y, x + caret.rect.right - caret.rect.left, y + caret.rect.bottom - caret.rect.top};
     RestartCaret();
+    if (Window* const window = LookUpWindow(caret.window))
+        PresentDamage(*window, composed);
     return TRUE;
 }
 

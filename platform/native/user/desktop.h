@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "native/kernel/cursor_file.h"
+#include "native/user/composition.h"
 #include "native/user/input.h"
 #include "native/user/menus.h"
 #include "native/user/window.h"
@@ -118,6 +119,7 @@ struct Desktop {
     std::vector<std::pair<int, HCURSOR>> systemCursors;
     HCURSOR cursor = nullptr;
     CaretState caret;
+    CompositionState composition;
     ClipboardState clipboard;
     HandleTable<Menu, 8> menus;
 

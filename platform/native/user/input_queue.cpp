@@ -152,6 +152,7 @@ public:
         else
             Add({Kind::Text, TheDesktop().input.pointer, 0, false, utf8, 0});
     }
+    void OnComposition(const std::string& utf8, int caret) override { ShowComposition(utf8, caret); }
     void OnMoved(HWND window, const RECT& screen) override
     {
         if (!IsIconic(window))

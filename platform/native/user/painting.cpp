@@ -4,6 +4,7 @@
 #include <deque>
 
 #include "native/user/caret_overlay.h"
+#include "native/user/composition.h"
 #include "native/user/desktop.h"
 #include "native/user/message_filter.h"
 #include "native/user/window_tree.h"
@@ -150,6 +151,7 @@ void PresentDamage(Window& window, const RECT& client)
     if (IsEmptyRect(damage))
         return;
     const CaretOverlay caret(*root, damage);
+    const CompositionOverlay composition(*root, damage);
     TheDisplay().Present(root->handle, *root->surface, damage);
 }
 

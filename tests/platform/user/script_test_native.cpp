@@ -14,7 +14,7 @@ namespace {
 ///     track WINDOW FLAGS TIME   TrackMouseEvent
 ///     shows POINT               the colour that a person would see
 ///     display WINDOW            what the display knows of a window
-///     type, text, key-event, moved, minimised, close, activated, leave     what the display reports
+///     type, text, compose, key-event, moved, minimised, close, activated, leave     what the display reports
 ///     layer WINDOW FLAGS OPACITY PIXEL...     shows a layer of one row
 class NativeScript : public UserScript {
 public:
@@ -54,6 +54,7 @@ void NativeScript::AddTime()
 void NativeScript::AddDisplay()
 {
     Constant("black", 0);
+    Constant("white", 0xFFFFFF);
     Call("shows", [this](POINT screen) { return m_display.PixelAt(screen); });
     Call("display", [this](HWND window) {
         const auto& shown = *m_display.Find(window);
@@ -90,6 +91,14 @@ void NativeScript::AddReports()
     Call("minimised", [this](HWND window, std::string is) { m_sink.OnMinimised(window, is == "yes"); });
     Call("close", [this](HWND window) { m_sink.OnClose(window); });
     Call("activated", [this](HWND window) { m_sink.OnActivated(window); });
+    Call("compose",
+         [this](std::string text, int caret) { m_display.Compose(text == "-" ? "" : text, caret); });
+    Call("caret", [](HWND window, int height, POINT at) {
+        return CreateCaret(window, nullptr, 1, height) && SetCaretPos(at.x, at.y) && ShowCaret(window);
+    });
+    Call("destroy-caret", [] { return DestroyCaret(); });
+    Call("text-area", [this] { return Text(m_display.TextArea()); });
+    Call("dropped", [this] { return m_display.IsCompositionDropped(); });
     Call("leave", [this] { m_display.LeaveWindows(); });
 }
 

@@ -116,6 +116,12 @@ void HeadlessDisplay::Type(const std::string& utf8)
     TheInputSink().OnText(utf8);
 }
 
+void HeadlessDisplay::Compose(const std::string& utf8, int caret)
+{
+    m_isCompositionDropped = false;
+    TheInputSink().OnComposition(utf8, caret);
+}
+
 HeadlessDisplay::Shown* HeadlessDisplay::Entry(HWND window)
 {
     const auto found = std::find_if(m_windows.begin(), m_windows.end(),

@@ -33,6 +33,13 @@ public:
     /// Simulates text from an input method, UTF-8.
     void Type(const std::string& utf8);
 
+    /// Simulates an input method at work; an empty text ends its composition.
+    void Compose(const std::string& utf8, int caret);
+    /// Returns the area where text is being entered, in coordinates of its window.
+    const RECT& TextArea() const { return m_textArea; }
+    /// Whether the input method was told to end its composition since the last call of Compose.
+    bool IsCompositionDropped() const { return m_isCompositionDropped; }
+
     struct Shown {
         HWND window = nullptr;
         RECT screen{};
@@ -82,6 +89,8 @@ public:
     void Capture(bool isCaptured) override { m_isCaptured = isCaptured; }
     std::string ClipboardText() override { return m_clipboard; }
     void SetClipboardText(const std::string& utf8) override { m_clipboard = utf8; }
+    void SetTextArea(HWND, const RECT& area) override { m_textArea = area; }
+    void DropComposition() override { m_isCompositionDropped = true; }
     void Wait(int milliseconds, InputSink& sink) override;
     SIZE ScreenSize() override { return {1920, 1080}; }
     std::vector<Screen> Screens() override { return m_screens.empty() ? Display::Screens() : m_screens; }
@@ -94,7 +103,9 @@ private:
     std::string m_clipboard;
     POINT m_pointer{0, 0};
     HWND m_active = nullptr;
+    RECT m_textArea{};
     int m_cursor = 32512;
+    bool m_isCompositionDropped = false;
     bool m_isCaptured = false;
     bool m_isShiftDown = false;
     bool m_isCommandDown = false;  // Ctrl or Alt is down, with which keys type nothing

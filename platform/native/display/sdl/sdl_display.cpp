@@ -274,6 +274,13 @@ std::string SdlDisplay::ClipboardText()
     return result;
 }
 
+void SdlDisplay::SetTextArea(HWND, const RECT& area)
+{
+    const SDL_Rect rect{static_cast<int>(area.left), static_cast<int>(area.top),
+                        static_cast<int>(area.right - area.left), static_cast<int>(area.bottom - area.top)};
+    SDL_SetTextInputRect(&rect);
+}
+
 void SdlDisplay::SetClipboardText(const std::string& utf8)
 {
     SDL_SetClipboardText(utf8.c_str());
@@ -306,6 +313,7 @@ std::unique_ptr<Display> MakeSdlDisplay()
     if (!std::getenv("DISPLAY") && !std::getenv("WAYLAND_DISPLAY"))
         return nullptr;
     SDL_SetHint(SDL_HINT_NO_SIGNAL_HANDLERS, "1");
+    SDL_SetHint(SDL_HINT_IME_SUPPORT_EXTENDED_TEXT, "1");
     SDL_SetHint(SDL_HINT_MOUSE_AUTO_CAPTURE, "0");
     SDL_SetHint(SDL_HINT_MOUSE_FOCUS_CLICKTHROUGH, "1");
     SDL_SetHint(SDL_HINT_QUIT_ON_LAST_WINDOW_CLOSE, "0");

@@ -39,6 +39,8 @@ public:
     void Capture(bool isCaptured) override;
     std::string ClipboardText() override;
     void SetClipboardText(const std::string& utf8) override;
+    void SetTextArea(HWND window, const RECT& area) override;
+    void DropComposition() override { SDL_ClearComposition(); }
     void Wait(int milliseconds, InputSink& sink) override;
     SIZE ScreenSize() override;
     std::vector<Screen> Screens() override;

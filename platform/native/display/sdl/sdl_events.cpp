@@ -81,6 +81,13 @@ void SdlDisplay::Report(const SDL_Event& event, InputSink& sink)
         case SDL_TEXTINPUT:
             ReportText(event.text.text, sink);
             break;
+        case SDL_TEXTEDITING:
+            sink.OnComposition(event.edit.text, event.edit.start);
+            break;
+        case SDL_TEXTEDITING_EXT:
+            sink.OnComposition(event.editExt.text ? event.editExt.text : "", event.editExt.start);
+            SDL_free(event.editExt.text);
+            break;
         case SDL_WINDOWEVENT:
             ReportWindow(event.window, sink);
             break;
