@@ -7,6 +7,8 @@
 #include "native/display/display.h"
 #include "native/kernel/clock.h"
 #include "native/user/caret_overlay.h"
+#include "native/user/composition.h"
+#include "native/user/composition_overlay.h"
 #include "native/user/desktop.h"
 #include "native/user/painting.h"
 #include "native/user/window_tree.h"

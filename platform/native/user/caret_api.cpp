@@ -3,6 +3,8 @@
 #include <algorithm>
 
 #include "native/user/caret.h"
+#include "native/user/composition.h"
+#include "native/user/composition_overlay.h"
 #include "native/user/desktop.h"
 #include "native/user/painting.h"
 

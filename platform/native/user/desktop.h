@@ -8,7 +8,6 @@
 #include <vector>
 
 #include "native/kernel/cursor_file.h"
-#include "native/user/composition.h"
 #include "native/user/input.h"
 #include "native/user/menus.h"
 #include "native/user/window.h"
@@ -69,6 +68,13 @@ struct CaretState {
     int hidden = 0;              // number of HideCaret calls without a matching ShowCaret
     bool isOn = false;           // in the visible half of its blink period
     std::int64_t toggleDue = 0;  // time of the clock in nanoseconds
+};
+
+/// What an input method is composing, as it is shown.
+struct CompositionState {
+    std::vector<std::uint32_t> pixels;  // row by row; empty while nothing is composed
+    int width = 0;
+    int height = 0;
 };
 
 /// An entry of the clipboard.

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 
+#include "native/user/composition.h"
 #include "native/user/desktop.h"
 #include "native/user/focus.h"
 #include "native/user/hover.h"

@@ -4,7 +4,7 @@
 #include <deque>
 
 #include "native/user/caret_overlay.h"
-#include "native/user/composition.h"
+#include "native/user/composition_overlay.h"
 #include "native/user/desktop.h"
 #include "native/user/message_filter.h"
 #include "native/user/window_tree.h"
