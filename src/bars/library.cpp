@@ -2,7 +2,8 @@
 
 #include "framework/app_access.h"
 
-// The library's entry point is in the last room, so that what it hands out knows the controls of all rooms.
+// The library's entry point is in this folder, which can include all others, so that it can register all
+// controls.
 
 DUI::IDUIApp* WINAPI DUIGetAppInstance()
 {

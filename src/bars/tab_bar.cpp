@@ -85,8 +85,8 @@ void CDUITabBar<Layout>::SetControlRect(const RECT& rect)
         layout::LayOutLine<Axis>(*this, layout::Leftover::Nobody);
 }
 
-// After a layout: whether the bar must be laid out again, since it scrolled. Without a scroll bar on the
-// screen there is nothing to do until there is one.
+// Called after a layout. Returns whether the bar scrolled and must be laid out again. Without a visible
+// scroll bar, scrolling is deferred until there is one.
 template <class Layout>
 bool CDUITabBar<Layout>::ScrollToSelected()
 {
@@ -100,7 +100,7 @@ bool CDUITabBar<Layout>::ScrollToSelected()
     const RECT tab = selected->GetControlRect();
     const LONGLONG start = LONGLONG{Axis::Start(tab)} - Axis::Start(view);
     const LONGLONG behind = start + Axis::Length(tab) - Axis::Length(view);
-    // The start counts where a tab is longer than the bar.
+    // If a tab is longer than the bar, its start is shown.
     const LONGLONG distance = start < 0 ? start : std::min(start, std::max(behind, LONGLONG{0}));
     if (distance == 0)
         return false;
@@ -136,7 +136,7 @@ int CDUITabBar<Layout>::GetItemCount() const
     return count;
 }
 
-// The next child, in steps of 1 or -1, that is a tab the user may select; -1 when there is none.
+// Returns the next child, in steps of 1 or -1, that is a tab the user may select, or -1 if there is none.
 template <class Layout>
 int CDUITabBar<Layout>::FindItem(int childIndex, int step, bool goesRound) const
 {
@@ -154,7 +154,7 @@ int CDUITabBar<Layout>::FindItem(int childIndex, int step, bool goesRound) const
     return -1;
 }
 
-// The items themselves know which of them is selected, so adding, removing and copying keep it right.
+// The selection is stored in the items, so it stays valid when items are added, removed or copied.
 template <class Layout>
 CDUITabItem* CDUITabBar<Layout>::GetSelected(int* childIndex) const
 {
@@ -216,7 +216,7 @@ BOOL CDUITabBar<Layout>::Select(CDUITabItem* item, BOOL bNotify)
     const IDUIControl* const focus = this->GetFocusControl();
     if (hadFocus && (!focus || focus == old) && (item->GetStyle() & DUISTYLE_TABSTOP))
         item->SetFocus(TRUE);
-    // Who lost the focus may have selected another tab meanwhile, and then that one has been reported.
+    // A focus handler may have selected and reported another tab meanwhile.
     if (bNotify && item->GetParent() == this && item->GetCheck())
         this->SendNotify(DUINOTIFY_TABACTIVATE, 1, 0, item);
     return TRUE;
@@ -234,7 +234,7 @@ void CDUITabBar<Layout>::MarkSelected(const CDUITabItem* selected)
         this->UpdateLayout(TRUE, nullptr);
 }
 
-// Always one tab that the keyboard can reach, so that it finds the bar.
+// Keeps exactly one reachable tab as tab stop, so that the keyboard can reach the bar.
 template <class Layout>
 void CDUITabBar<Layout>::UpdateTabStops()
 {
@@ -259,7 +259,7 @@ void CDUITabBar<Layout>::OnCreate()
         pages->SetSelectIndex(GetSelectIndex());
 }
 
-// The one with the number that select_index or else the tab layout gives, or the last one before it.
+// Returns the tab with the index given by select_index, or else by the tab layout, or the last one before it.
 template <class Layout>
 CDUITabItem* CDUITabBar<Layout>::FirstItem(IDUITabLayout* pages) const
 {
@@ -281,15 +281,15 @@ IDUITabLayout* CDUITabBar<Layout>::FindTabLayout()
     }
     if (IDUITabLayout* const pages = AsTabLayout(this->GetSiblingControl(m_strTabLayout)))
         return pages;
-    // The window remembers names, and what was added since is not among them.
+    // Searches the tree, because the window's name cache lacks controls that were added since.
     IDUIControl* root = this;
     while (root->GetParent())
         root = root->GetParent();
     return AsTabLayout(root->FindControl(&IsTabLayoutOfName, &m_strTabLayout, 0));
 }
 
-// The selected tab decides where it and the shown page differ, but not in the middle of a change, when a tab
-// or a page is still to come or to go.
+// If the selected tab and the shown page differ, the tab decides, except in the middle of a change, when a
+// tab or page is still to be added or removed.
 template <class Layout>
 void CDUITabBar<Layout>::FollowPages()
 {
@@ -379,7 +379,7 @@ void CDUITabBar<Layout>::RemoveAllControl()
             Release(*item);
 }
 
-// Makes the tab of no bar what it was: not selected, and a tab stop.
+// Resets a tab that leaves the bar: not selected, and a tab stop.
 template <class Layout>
 void CDUITabBar<Layout>::Release(CDUITabItem& item)
 {
@@ -387,7 +387,7 @@ void CDUITabBar<Layout>::Release(CDUITabItem& item)
     item.MakeTabStop(true);
 }
 
-// A move is a removal and an addition, between which another tab is selected.
+// A move is a removal and an insertion, between which another tab is selected.
 template <class Layout>
 BOOL CDUITabBar<Layout>::SetControlIndex(CRefPtr<IDUIControl> child, int index)
 {

@@ -16,7 +16,7 @@ const AttributeTable<CDUITabItem>& Attributes()
     return table;
 }
 
-// What the parent hears of an event; 0 for nothing.
+// Returns the event that the parent receives for an event, or 0 for none.
 UINT ItemEventOf(UINT type)
 {
     switch (type) {
@@ -49,7 +49,7 @@ const ControlClass& CDUITabItem::Class()
 void CDUITabItem::AllowTabStop(bool isAllowed)
 {
     m_isTabStopAllowed = isAllowed;
-    // A bar has taken the bit from those of its tabs that are not selected.
+    // A bar clears this bit of tabs that are not selected; it is set again only where it applies.
     if (!isAllowed || !GetParent() || GetCheck())
         ModifyStyle(DUISTYLE_TABSTOP, isAllowed ? DWORD{DUISTYLE_TABSTOP} : 0);
 }
@@ -67,7 +67,7 @@ BOOL CDUITabItem::Activate()
     return TRUE;
 }
 
-// A selected tab looks selected, also below the pointer, where its bar could not tell it from the others.
+// The selected tab keeps its selected look under the pointer.
 void CDUITabItem::ModifyStatus(DWORD remove, DWORD add)
 {
     const DWORD status = (GetStatus() & ~remove) | add;
@@ -78,7 +78,8 @@ void CDUITabItem::ModifyStatus(DWORD remove, DWORD add)
 LRESULT CDUITabItem::ProcessEvent(const tagDUIEvent& event, BOOL& bHandled)
 {
     const ControlGuard keep(this);
-    // The press has selected the tab. Its release must not do so again: another one may be selected by now.
+    // The press has selected the tab. Its release must not select it again, because another tab may be
+    // selected by now.
     if (event.Type == DUIEVENT_LBUTTONUP) {
         ModifyStatus(DUISTATUS_PUSHED, 0);
         return CDUIControlBase::ProcessEvent(event, bHandled);
@@ -87,7 +88,8 @@ LRESULT CDUITabItem::ProcessEvent(const tagDUIEvent& event, BOOL& bHandled)
     const UINT type = IsEnabled() ? ItemEventOf(event.Type) : 0;
     if (type != 0)
         TellParent(type, event);
-    // The window focuses what is a tab stop before the press, which this tab may have become by it.
+    // The window sets the focus before the press, to tab stops only; this tab may have become one by the
+    // press.
     if (type == DUIEVENT_ITEMCLICK && (GetStyle() & DUISTYLE_TABSTOP))
         SetFocus(TRUE);
     return result;

@@ -72,7 +72,7 @@ void CDUITabLayout::AfterAddControl(CRefPtr<IDUIControl> child)
     if (!isLast && place <= m_nSelectIndex)
         ++m_nSelectIndex;
     m_nSelectIndex = std::clamp(m_nSelectIndex, 0, GetControlCount() - 1);
-    // Before it is attached, so that nobody sees two pages.
+    // Set before the page is attached, so that two pages are never visible at once.
     child->SetVisible(place == m_nSelectIndex);
     IDUITabLayout::AfterAddControl(child);
     UpdateControls();
@@ -108,7 +108,7 @@ void CDUITabLayout::RemoveAllControl()
         m_nSelectIndex = 0;
 }
 
-// A move is a removal and an addition, between which another page is shown.
+// A move is a removal and an insertion, between which another page is shown.
 BOOL CDUITabLayout::SetControlIndex(CRefPtr<IDUIControl> child, int index)
 {
     const ControlGuard keep(this);
@@ -124,7 +124,7 @@ BOOL CDUITabLayout::SetControlIndex(CRefPtr<IDUIControl> child, int index)
     return isMoved;
 }
 
-// The bars of a layout are found anew each time: they name it, and names and controls come and go.
+// Followers are searched on each call, because names and controls change.
 void CDUITabLayout::TellFollowers(IDUITabFollower::Change change)
 {
     static const CString kFollower("tab_follower");
@@ -154,7 +154,7 @@ void CDUITabLayout::UpdateControls()
     const ControlGuard keep(this);
     LockLayout(TRUE);
     for (const CRefPtr<IDUIControl>& page : layout::AllChildren(*this)) {
-        // Asked anew for every page: who loses the focus may select another one.
+        // Checked for each page, because a focus handler may select another page.
         const bool isSelected = page.GetPtr() == GetControlByIndex(m_nSelectIndex);
         page->SetVisible(isSelected);
         if (!isSelected)

@@ -12,7 +12,7 @@ namespace DUI {
 namespace {
 
 constexpr int kSeparatorSpace = 9;
-// What the thin line leaves of the bar's breadth at either end, as a divisor.
+// The thin line leaves this fraction of the bar's breadth free at each end (a divisor).
 constexpr int kLineInset = 5;
 
 CDUIToolBarSeparator* AsSeparator(IDUIControl* control)
@@ -41,7 +41,7 @@ const AttributeTable<CDUIToolBar<Layout>>& Attributes()
     return table;
 }
 
-// Separators learn the bar's look on the way.
+// Also passes the bar's look to the separators.
 template <class Axis>
 std::vector<layout::ToolItem> Measure(const layout::Children& children, const RECT& content,
                                       const CDUIImageListPtr& separatorImage)
@@ -197,7 +197,7 @@ void* CDUIToolBar<Layout>::GetInterface(const CString& name)
     return Layout::GetInterface(name);
 }
 
-// The overflow button is found after the items, as the last of them.
+// Finds the overflow button after all items.
 template <class Layout>
 IDUIControl* CDUIToolBar<Layout>::FindControl(FindControlProc proc, void* pData, UINT flags)
 {

@@ -11,7 +11,7 @@ CARGB WithAlpha(CARGB color, unsigned char alpha)
     return color;
 }
 
-// Light text stands on dark ground. Rec. 601 luma.
+// Light text implies a dark background. Uses Rec. 601 luma.
 bool IsTextLight()
 {
     const CARGB text = MarkColor();

@@ -2,15 +2,15 @@
 
 #include <qvui/foundation/color.h>
 
-/// The colours of what a tool bar draws itself when the skin gives it no image or frame. They follow the
-/// skin's default text style, so that they suit light and dark skins alike.
+/// Colours of what a tool bar draws itself when the skin defines no image or frame. They are derived from the
+/// skin's default text style, so that they suit light and dark skins.
 namespace DUI {
 
-/// For the chevron and other marks.
+/// For the arrowhead and other marks.
 CARGB MarkColor();
-/// For thin lines, and the wash behind a mark under the pointer. A translucent fill takes from the ground the
-/// square of its alpha and adds its colour once, so these darken with black and lighten with white: any other
-/// colour would overflow on a light ground.
+/// For thin lines, and for the highlight behind a mark under the pointer. A translucent fill scales the
+/// background by the square of its alpha and adds its colour once, so these colours only darken with black or
+/// lighten with white; other colours would overflow on a light background.
 CARGB LineColor();
 CARGB WashColor();
 

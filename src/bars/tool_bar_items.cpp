@@ -160,7 +160,7 @@ void ToolBarItems::OnButtonEvent(CDUIButton& item, const tagDUIEvent& event, BOO
         case DUIEVENT_LBUTTONDOWN:
         case DUIEVENT_LBUTTONDBLCLK:
             m_wasOpenAtPress = m_menu->IsOpen();
-            // The window gave it the focus only if it was the tab stop.
+            // The window has set the focus only if the item was the tab stop.
             if (!(item.GetStyle() & DUISTYLE_TABSTOP))
                 item.SetFocus(TRUE);
             break;
@@ -207,7 +207,7 @@ void ToolBarItems::SetOverflow(bool overflows, const RECT& place)
     m_overflows = overflows;
     m_overflow->SetControlRect(place);
     EnsureTabStop();
-    // What has just lost its room must not keep the focus out of sight.
+    // An item that no longer fits must not keep the focus.
     IDUIControl* const focus = m_bar.GetFocusControl();
     if (!focus || !IsOurs(focus))
         return;
@@ -231,7 +231,7 @@ ToolBarMenu::Items ToolBarItems::ItemsWithoutRoom() const
     return items;
 }
 
-// A press on the button while the menu is open has already closed it, and must not open it again.
+// A press on the button while the menu is open has already closed it and must not open it again.
 void ToolBarItems::OnActivateOverflow()
 {
     if (!std::exchange(m_wasOpenAtPress, false))
@@ -252,7 +252,7 @@ bool ToolBarItems::OpenMenu()
     request.itemStyle = m_look.itemStyle;
     const CRefPtr<ToolBarOverflow> button = m_overflow;
     return m_menu->Open(request, [button](const CRefPtr<IDUIControl>& chosen, bool isDismissed) {
-        // The window has lost the focus to the menu and its controls with it.
+        // The menu has taken the focus from the window and its controls.
         if (isDismissed || !chosen.IsNull())
             button->SetFocus(TRUE);
         if (!chosen.IsNull())

@@ -13,8 +13,8 @@
 
 namespace DUI {
 
-/// What horizontal and vertical tool bars share apart from their direction: the overflow button and its menu,
-/// and the keyboard. It belongs to one bar and goes with it.
+/// The direction-independent part of horizontal and vertical tool bars: the overflow button with its menu,
+/// and keyboard handling. Owned by one bar.
 class ToolBarItems : public IDUIButtonHost {
 public:
     struct Keys {
@@ -33,11 +33,10 @@ public:
     ToolBarItems& operator=(const ToolBarItems&) = delete;
     ~ToolBarItems();
 
-    /// Makes the children of this bar, copies of another one's, the tab stops that those were before the
-    /// keyboard took them over.
+    /// Restores the original tab stops in this bar's children, which are copies of another bar's children.
     void CopyTabStops(const ToolBarItems& other);
 
-    // The bar's hooks
+    // Called by the bar
     void OnCreate();
     void OnDestroy();
     void OnAdded(IDUIControl& child);
@@ -47,7 +46,7 @@ public:
     const Look& GetLook() const { return m_look; }
     void SetLook(const Look& look);
 
-    /// What the bar found in its last layout.
+    /// Sets the result of the bar's last layout.
     void SetOverflow(bool overflows, const RECT& place);
     bool IsOverflowing() const { return m_overflows; }
     ToolBarOverflow& OverflowButton() { return *m_overflow.GetPtr(); }
@@ -60,7 +59,7 @@ public:
     void OnButtonChanged() override { EnsureTabStop(); }
 
 private:
-    /// Keeps one usable item a tab stop.
+    /// Keeps one usable item as tab stop.
     void EnsureTabStop();
     void Take(IDUIControl& item);
     void Release(IDUIControl& item);
@@ -81,7 +80,7 @@ private:
     bool m_overflows = false;
     bool m_wasOpenAtPress = false;
     std::set<const IDUIControl*>
-        m_keyboardItems;  // those that were tab stops when the keyboard took them over
+        m_keyboardItems;  // items that were tab stops when keyboard handling took them over
     std::shared_ptr<ToolBarMenu> m_menu;
 };
 

@@ -18,7 +18,7 @@ constexpr RECT kEntryMargin{8, 5, 16, 5};
 constexpr int kIconToText = 8;
 constexpr int kMenuMargin = 3;
 
-// What an item is called in a list.
+// Returns the label of an item in the menu.
 const CString& LabelOf(IDUIControl& item)
 {
     if (!item.GetText().IsEmpty())
@@ -123,7 +123,7 @@ void ToolBarMenu::Close()
     Report();
 }
 
-// Nothing of the menu is touched after the call, which may end it.
+// The call may destroy the menu, so no member is accessed after it.
 void ToolBarMenu::Report()
 {
     const Closed closed = std::exchange(m_closed, nullptr);
@@ -142,7 +142,7 @@ void ToolBarMenu::LeaveWindow()
 
 void ToolBarMenu::AfterPopupDestroyed()
 {
-    // Gone with its owner, and not by Close.
+    // Destroyed with its owner rather than by Close.
     if (!m_isClosing)
         Report();
 }
@@ -206,7 +206,7 @@ bool ToolBarMenu::HandleKey(WPARAM key)
     }
 }
 
-// From an entry, or from -1 into the list, to the next that is enabled; round at the ends.
+// Moves the focus from an entry, or from -1 into the list, to the next enabled one; wraps around at the ends.
 void ToolBarMenu::MoveFocus(int from, int step)
 {
     const int count = static_cast<int>(m_entries.size());

@@ -11,29 +11,29 @@
 
 namespace DUI {
 
-/// The list of the items that a tool bar has no room for: a popup window of its own, owned by the bar's
-/// window. It closes on a choice, on Escape and on Tab, too.
+/// The overflow menu of a tool bar: a popup window owned by the bar's window. Also closes on a choice, on
+/// Escape and on Tab.
 class ToolBarMenu : public CDUIWindowMgr, public PopupWindow {
 public:
     using Items = std::vector<CRefPtr<IDUIControl>>;
 
     struct Request {
         HWND owner = nullptr;
-        RECT anchor{};               // on the screen; the menu opens beside it
-        bool opensSideways = false;  // and not below
-        bool isByKeyboard = false;   // the first entry has the focus
-        Items items;                 // each answers "button"
-        CRefPtr<CDUIFrameBK> frame;  // null: plain, light or dark as the skin's text needs it
-        CString itemStyle;  // the control style of the entries; empty: the look of the items themselves
+        RECT anchor{};               // screen coordinates; the menu opens beside it
+        bool opensSideways = false;  // instead of below
+        bool isByKeyboard = false;   // the first entry gets the focus
+        Items items;                 // each supports the interface "button"
+        CRefPtr<CDUIFrameBK> frame;  // null: plain, light or dark to suit the skin's text
+        CString itemStyle;           // the control style of the entries; empty: the look of the items
     };
 
-    /// Called once after the menu has closed: with the chosen item, or null; `isDismissed` says that the user
-    /// closed it by the keyboard.
+    /// Called once after the menu has closed, with the chosen item or null. `isDismissed`: the user closed it
+    /// by the keyboard.
     using Closed = std::function<void(const CRefPtr<IDUIControl>& chosen, bool isDismissed)>;
 
     ~ToolBarMenu() override;
 
-    /// False when it is open already, and when no window can be made.
+    /// Returns false if the menu is already open or no window can be created.
     bool Open(const Request& request, Closed closed);
     bool IsOpen() const { return PopupHandle() != nullptr; }
     void Close();
@@ -50,7 +50,7 @@ private:
     void AfterPopupDestroyed() override;
 
     CRefPtr<IDUIControl> MakeEntries(const Request& request);
-    /// On the screen.
+    /// Returns the menu's rectangle in screen coordinates.
     RECT PlaceFor(const Request& request);
     bool HandleKey(WPARAM key);
     void MoveFocus(int from, int step);
@@ -60,7 +60,7 @@ private:
     void Report();
 
     std::vector<CRefPtr<CDUIButton>> m_entries;
-    Items m_items;  // what the entries stand for
+    Items m_items;  // the items of the entries
     SIZE m_entriesSize{0, 0};
     Closed m_closed;
     CRefPtr<IDUIControl> m_chosen;

@@ -11,7 +11,7 @@ namespace DUI {
 namespace {
 
 constexpr int kSide = 20;
-// Half an arrowhead's breadth, which is also its depth, and the distance from one to the next.
+// Half the breadth of an arrowhead, which equals its depth, and the distance between two arrowheads.
 constexpr int kReach = 4;
 constexpr int kStep = 5;
 
@@ -31,7 +31,7 @@ BOOL ToolBarOverflow::Activate()
     if (!IsVisible(FALSE) || !IsEnabled())
         return FALSE;
     const ControlGuard keep(this);
-    // A copy, since the call may end the bar, which empties this one.
+    // Called through a copy, because the call may destroy the bar, which clears this member.
     if (const auto call = onActivate)
         call();
     return TRUE;

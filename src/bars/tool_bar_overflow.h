@@ -6,20 +6,20 @@
 
 namespace DUI {
 
-/// The button at the end of a tool bar that has no room for all its items. Without an image of its own it
-/// draws a double arrowhead that points along the bar.
+/// The button at the end of a tool bar whose items do not all fit. Without an image it draws a double
+/// arrowhead that points along the bar.
 class ToolBarOverflow : public CDUIButton {
 public:
     explicit ToolBarOverflow(bool isVertical);
 
-    /// What it does when it is activated; empty once its bar is gone.
+    /// Called on activation; empty once the bar has been destroyed.
     std::function<void()> onActivate;
 
     CRefPtr<IDUIControl> Clone() override;
-    /// No DUINOTIFY_CLICK: what the user gets is the menu.
+    /// Opens the menu; sends no DUINOTIFY_CLICK.
     BOOL Activate() override;
     BOOL EstimateSize(SIZE available, SIZE& size) override;
-    /// A strip with icons for the states of a button; null for the drawn arrowhead.
+    /// A strip with icons for the states of a button; null draws the arrowhead.
     void SetImage(CDUIImageListPtr image);
 
 protected:

@@ -13,7 +13,7 @@ LONGLONG TotalLength(const Line& line, const std::vector<ToolItem>& items)
     return total;
 }
 
-// How many items stand before a place; a separator at the end of them divides nothing.
+// The number of items that fit before `end`, without a separator at the end of them.
 std::size_t CountFitting(const Line& line, const std::vector<ToolItem>& items, LONGLONG end)
 {
     std::size_t count = 0;

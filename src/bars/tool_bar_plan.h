@@ -6,22 +6,23 @@
 
 namespace DUI::layout {
 
-/// An item of a tool bar as its bar places it: 0 long when it is flexible.
+/// An item of a tool bar for placement; length 0 means flexible.
 struct ToolItem {
     LONG length = 0;
     bool isSeparator = false;
 };
 
-/// Where the items stand. Those that do not fit have no length and stand at the line's end.
+/// The positions of the items. Items that do not fit have length 0 and are placed at the line's end.
 struct ToolBarPlan {
     std::vector<Span> items;
     bool overflows = false;
     Span overflowButton;
 };
 
-/// Places items one after another as long as they ask for, and shares what is left among the flexible ones.
-/// When there is not enough for all, room for the overflow button is kept at the end, flexible items get
-/// nothing, and from the first item that does not fit on none is shown, nor a separator right before it.
+/// Places items one after another with the lengths that they ask for, and divides the remaining length among
+/// the flexible ones. If not all items fit, room for the overflow button is reserved at the end, flexible
+/// items get no length, and all items from the first that does not fit are hidden, as is a separator directly
+/// before it.
 ToolBarPlan PlanToolBar(const Line& line, const std::vector<ToolItem>& items, LONG overflowButton);
 
 }  // namespace DUI::layout

@@ -4,8 +4,8 @@
 
 #include "foundation/rect.h"
 
-/// The two directions along which a container lines up its children. Everything that differs between a
-/// horizontal and a vertical layout or bar is here.
+/// The two directions in which a container arranges its children. All differences between horizontal and
+/// vertical layouts and bars are defined here.
 namespace DUI::axis {
 
 struct Horizontal {
@@ -18,12 +18,12 @@ struct Horizontal {
     static LONGLONG Length(const RECT& rect) { return geometry::Width(rect); }
     static LONG Along(const SIZE& size) { return size.cx; }
     static LONG& Along(SIZE& size) { return size.cx; }
-    /// A size of the given length that spans the rectangle in the other direction.
+    /// A size of the given length along the axis that spans the rectangle across it.
     static SIZE Across(const RECT& rect, LONG length)
     {
         return {length, geometry::Narrow(geometry::Height(rect))};
     }
-    /// A part of the rectangle that spans it in the other direction.
+    /// A part of the rectangle along the axis that spans it across.
     static RECT Part(const RECT& rect, LONGLONG start, LONGLONG length)
     {
         return {geometry::Narrow(start), rect.top, geometry::Narrow(start + length), rect.bottom};
@@ -71,7 +71,7 @@ struct OfLayout<CDUIVerticalLayout> {
     using Axis = Vertical;
 };
 
-/// The axis of a class that is a horizontal or a vertical layout.
+/// The axis of a horizontal or vertical layout class.
 template <class Layout>
 using Of = typename OfLayout<Layout>::Axis;
 

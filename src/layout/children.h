@@ -7,7 +7,7 @@
 
 namespace DUI::layout {
 
-/// Children as they are when a layout begins: held, so that a child may change the container while it is
+/// The children at the start of a layout. They are held, so that a child may change the container while it is
 /// placed.
 using Children = std::vector<CRefPtr<IDUIControl>>;
 
@@ -15,10 +15,10 @@ inline Children AllChildren(const CDUIControlBase& container)
 {
     return container.GetChildren();
 }
-/// Those that are visible themselves.
+/// Returns the children whose own visible bit is set.
 Children VisibleChildren(const CDUIControlBase& container);
 
-/// What the child asks for in a space; 0 by 0 for a child that does not say.
+/// Returns the size that the child asks for, or 0 by 0 if it asks for none.
 inline SIZE AskSize(IDUIControl& child, SIZE available)
 {
     SIZE size{0, 0};
@@ -26,8 +26,8 @@ inline SIZE AskSize(IDUIControl& child, SIZE available)
     return size;
 }
 
-/// Has the processor fetch what a layout reads of a control's children: in a window of very many controls
-/// they are no longer at hand. Called one control ahead of the one that is placed.
+/// Prefetches the data of a control's children that a layout reads, because in windows with very many
+/// controls it is no longer in the processor's cache. Called one control ahead of the one being placed.
 inline void PrefetchChildren(const IDUIControl& control)
 {
     constexpr int kMost = 16;

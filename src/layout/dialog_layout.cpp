@@ -70,8 +70,8 @@ BOOL CDUIDialogLayout::EstimateSize(SIZE, SIZE& size)
 
 void CDUIDialogLayout::SetControlRect(const RECT& rect)
 {
-    // Working the size out lays the children out; doing it again would double the work at every level of
-    // nesting.
+    // Computing the size lays out the children; laying them out again would double the work at every nesting
+    // level.
     const bool areChildrenPlaced = m_nRecalculate != 0;
     CalculateDlgSize();
     StoreControlRect(rect);

@@ -10,7 +10,7 @@ namespace {
 
 using namespace geometry;
 
-// Words in the order in which they count.
+// In order of precedence.
 constexpr WordBit kDrawModes[] = {{"use_color", FRAMEPANEL_USE_COLOR}, {"use_image", FRAMEPANEL_USE_IMAGE}};
 
 template <CDUIImageListPtr CFrameUIData::*Image>

@@ -11,17 +11,17 @@
 
 namespace DUI::layout {
 
-/// What becomes of the length that the children leave.
+/// Who gets the length that the children leave unused.
 enum class Leftover { ToLastChild, Nobody };
 
-/// A child, held, and its place in the line.
+/// A child, held, with its span along the axis.
 struct LinedChild : Span {
     explicit LinedChild(const CRefPtr<IDUIControl>& child) : control(child) {}
 
     CRefPtr<IDUIControl> control;
 };
 
-/// Lines up the container's visible children in its content rectangle, beside its scroll bar.
+/// Arranges the container's visible children in its content rectangle, excluding its scroll bar.
 template <class Axis>
 void LayOutLine(CDUICanvas& container, Leftover leftover)
 {

@@ -10,14 +10,15 @@ namespace {
 using namespace geometry;
 
 constexpr int kBar = 5;
-// A smaller share counts as none.
+// A smaller share is treated as unset.
 constexpr double kLeastRatio = 0.0001;
-// More than the error of a product that should be whole, less than any step between two that should not.
+// Larger than the rounding error of a product that should be whole, smaller than any other fraction that
+// occurs.
 constexpr double kRounding = 1e-7;
 
 enum DragLimit { kFree, kAtFirstMin, kAtSecondMin };
 
-// The first word that an attribute holds decides.
+// The first matching word of an attribute applies.
 constexpr WordBit kResizeWords[] = {{"size_left", SPLIT_RESIZE_FIRST},
                                     {"size_right", SPLIT_RESIZE_SECOND},
                                     {"size_top", SPLIT_RESIZE_FIRST},
@@ -54,7 +55,7 @@ LONGLONG Extent(const RECT& rect, bool isVertical)
     return isVertical ? Height(rect) : Width(rect);
 }
 
-// The part of the content rectangle from one position to another.
+// Returns the part of the content rectangle between two positions.
 RECT Part(const RECT& content, bool isVertical, LONGLONG from, LONGLONG to)
 {
     return isVertical
@@ -62,7 +63,7 @@ RECT Part(const RECT& content, bool isVertical, LONGLONG from, LONGLONG to)
                : RECT{Narrow(content.left + from), content.top, Narrow(content.left + to), content.bottom};
 }
 
-// The bar stays inside; at the start when there is no room for it.
+// Keeps the bar inside the content; at the start if there is no room for it.
 int ClampPosition(LONGLONG position, LONGLONG extent)
 {
     return Narrow(std::max<LONGLONG>(0, std::min(position, extent - kBar)));
@@ -94,7 +95,7 @@ void CDUISplitBase::SetControlRect(const RECT& rect)
     LayoutSplit(CalcSplitPos(oldContent, GetContentRect()));
 }
 
-// Empty before the first layout, also with negative margins.
+// Returns an empty rectangle before the first layout, even with negative margins.
 RECT CDUISplitBase::GetPlacedContent()
 {
     const RECT rect = GetControlRect();
@@ -183,7 +184,8 @@ DWORD CDUISplitBase::GetResizeStyle() const
     return m_dwResizeStyle;
 }
 
-// 0 where there is no room for panes: the next resize that has some then takes the share from the position.
+// Stores 0 if there is no room for panes; the next resize with enough room then computes the share from the
+// position.
 void CDUISplitBase::SaveCurrentRadtio()
 {
     const LONGLONG room = Extent(GetPlacedContent(), IsVertical()) - kBar;
@@ -208,7 +210,8 @@ LRESULT CDUISplitBase::ProcessEvent(const tagDUIEvent& event, BOOL& bHandled)
             OnLButtonUp();
             break;
         case DUIEVENT_MOUSEMOVE:
-            // Moves of a press have no sender: with one, the press ended elsewhere.
+            // Moves during a capture have no sender: a move with a sender means that the button was released
+            // elsewhere.
             if (event.pSender)
                 OnLButtonUp();
             OnMouseMove(event.ptMouse);
@@ -220,7 +223,7 @@ LRESULT CDUISplitBase::ProcessEvent(const tagDUIEvent& event, BOOL& bHandled)
     return 0;
 }
 
-// The panes' ground is the splitter's too where a pane is transparent.
+// Also sets the arrow, because transparent panes pass their events to the splitter.
 void CDUISplitBase::ShowCursor(bool isResize)
 {
     ::SetCursor(LoadCursorA(nullptr, !isResize ? IDC_ARROW : IsVertical() ? IDC_SIZENS : IDC_SIZEWE));

@@ -13,7 +13,7 @@ using namespace geometry;
 using namespace layout;
 
 constexpr int kScrollBarWidth = 7;
-// The height that a tile is offered: as much as it wants.
+// The height offered to a tile, which imposes no limit.
 constexpr LONG kUnlimited = 32767;
 
 const AttributeTable<CDUITileLayout>& Attributes()
@@ -37,7 +37,7 @@ const AttributeTable<CDUITileLayout>& Attributes()
     return table;
 }
 
-// Counts the tile layouts that are laying themselves out at this moment, one inside the other.
+// Counts the tile layouts that are currently laying out, nested in one another.
 class Nesting {
 public:
     Nesting() { ++s_depth; }
@@ -51,7 +51,7 @@ private:
     inline static int s_depth = 0;
 };
 
-// What the tiles ask for; nothing needs asking when the rows' height is given.
+// Returns the heights that the tiles ask for. They are not asked if the row height is fixed.
 std::vector<LONG> AskHeights(const Children& tiles, LONG columnWidth, LONG rowHeight)
 {
     std::vector<LONG> heights(tiles.size(), rowHeight);
@@ -133,9 +133,9 @@ int CDUITileLayout::ColumnsIn(RECT& view)
     return m_nColumnCount > 0 ? m_nColumnCount : CalculateColumnCount(view);
 }
 
-// More columns may make the content higher, when a high tile comes to stand among low ones. Content that fits
-// beside the scroll bar and not without it keeps the bar, or showing and hiding it would never come to an
-// end.
+// More columns may make the content higher, if a high tile moves into a row of low ones. Content that fits
+// beside the scroll bar but not without it keeps the bar; otherwise showing and hiding it would repeat
+// endlessly.
 void CDUITileLayout::ReportContent(const RECT& view, int content)
 {
     RECT whole = GetContentRect();
@@ -165,8 +165,8 @@ int CDUITileLayout::CalculateColumnCount(RECT& rect)
     return CountColumns(Width(rect), widest, GetPaddingWidth(), static_cast<int>(tiles.size()));
 }
 
-// At once: while it is scrolled, the content must not lag behind the scroll bar. A tile layout inside another
-// one leaves it to that, or every level of nesting would paint all levels below it.
+// Repaints immediately, so that the content does not lag behind the scroll bar. A nested tile layout leaves
+// the repaint to the outer one; otherwise every nesting level would paint all levels below it.
 void CDUITileLayout::Repaint()
 {
     const HWND window = GetManagerWnd(FALSE);

@@ -19,7 +19,7 @@ namespace {
 
 using namespace wrapping;
 
-// Draws one part of a bitmap with the operation that the bitmap's transparency asks for.
+// Draws one part of a bitmap, choosing the operation by the bitmap's transparency.
 void DrawPart(HDC hdc, const RECT& dest, HDC memory, const RECT& source, const CImage& image)
 {
     const int sourceWidth = Width(source);
@@ -42,7 +42,7 @@ struct Cell {
     int row;
 };
 
-// The column and row limits of a rectangle cut into nine: outer edge, corner, corner, outer edge.
+// The column and row borders of a rectangle divided into nine parts: outer edge, corner, corner, outer edge.
 struct Grid {
     int x[4];
     int y[4];
@@ -60,17 +60,17 @@ Grid GridOf(const RECT& rect, int cornerWidth, int cornerHeight)
             {rect.top, inner.top, inner.bottom, rect.bottom}};
 }
 
-// The published orders. Where parts overlap in a small rectangle, the later wins.
+// The order in which parts are drawn. Where parts overlap in a small rectangle, the later part wins.
 constexpr int kCapsFirst[3] = {0, 2, 1};
 constexpr Cell kCornersFirst[9] = {{0, 0}, {2, 0}, {1, 0}, {0, 2}, {2, 2}, {0, 1}, {2, 1}, {1, 2}, {1, 1}};
 
-// Two channels of a pixel, as a number.
+// Two channels of a pixel as one 16-bit number.
 using Channels __attribute__((may_alias)) = std::uint16_t;
 constexpr std::size_t kBlock = 16;  // pixels
 
-// Blue, green and red times alpha divided by 255, truncated; (v + 1 + v / 256) / 256 is v / 255 for all
-// products of two bytes. Alpha itself is multiplied by 255, so that all channels go through the same steps,
-// which compilers do side by side.
+// Multiplies blue, green and red by alpha and divides by 255, truncated; (v + 1 + v / 256) / 256 equals v /
+// 255 for all products of two bytes. Alpha itself is multiplied by 255, so that all channels take the same
+// steps, which compilers vectorise.
 inline void PremultiplyBlock(std::uint32_t* pixels)
 {
     std::array<std::uint32_t, kBlock> lowFactors;
@@ -136,7 +136,7 @@ BOOL CDUIImage::CreateFromFile(const char* path)
 
 BOOL CDUIImage::CreateFromStream(const unsigned char* data, DWORD size)
 {
-    // A block of no bytes could be neither locked nor read.
+    // A block of zero bytes can be neither locked nor read.
     const HGLOBAL block = GlobalAlloc(GMEM_MOVEABLE, std::max<DWORD>(size, 1));
     if (!block)
         return FALSE;
@@ -267,7 +267,7 @@ void CDUIImage::DrawNineParts(HDC hdc, const RECT& dest, const RECT& source)
 
 void CDUIImage::DrawTiled(HDC hdc, const RECT& dest)
 {
-    // Tiles that the clipping hides are left out, however long the row is.
+    // Tiles outside the clip box are skipped, however long the row is.
     RECT box{};
     if (GetClipBox(hdc, &box) == ERROR)
         return;

@@ -12,7 +12,7 @@ struct KeptContext {
     bool isInUse = false;
 };
 
-// Operations nest two contexts at most; more than these are made and deleted.
+// Operations nest at most two contexts; further contexts are created and deleted as needed.
 KeptContext g_contexts[3];
 
 HDC AcquireContext()
@@ -75,7 +75,7 @@ BYTE* KeptSurface::Pixels()
 {
     if (!Context())
         return nullptr;
-    // A drawing operation that still waits to be carried out must not see what is written next.
+    // Flush pending drawing, which must not read pixels that are written next.
     GdiFlush();
     return static_cast<BYTE*>(m_pBits);
 }

@@ -4,8 +4,8 @@
 
 namespace DUI {
 
-/// A memory context with a bitmap selected for one scope. The context itself is kept for the next scope, so
-/// drawing makes none; for the user-interface thread only.
+/// A memory context with a bitmap selected for one scope. The context is reused by later scopes, so drawing
+/// creates none. Use on the user-interface thread only.
 class MemoryContext {
 public:
     explicit MemoryContext(HBITMAP bitmap);
@@ -14,7 +14,7 @@ public:
     ~MemoryContext();
 
     HDC Get() const { return m_hDC; }
-    /// False when another context has the bitmap.
+    /// False if the bitmap is selected into another context.
     bool HasBitmap() const { return m_hOld != nullptr; }
 
 private:
@@ -22,16 +22,16 @@ private:
     HGDIOBJ m_hOld;
 };
 
-/// A small 32-bit surface, top row first, that is made at its first use and kept for the life of the process.
+/// A small 32-bit surface, top row first, that is created on first use and kept for the life of the process.
 class KeptSurface {
 public:
     constexpr KeptSurface(int width, int height) : m_width(width), m_height(height) {}
     KeptSurface(const KeptSurface&) = delete;
     KeptSurface& operator=(const KeptSurface&) = delete;
 
-    /// A context that draws on it and copies from it; null when it could not be made.
+    /// Returns a context for drawing on the surface and copying from it, or null if it could not be created.
     HDC Context();
-    /// The first pixel's bytes, ready to be written; null when there is no context.
+    /// Returns the bytes of the first pixel for writing, or null if there is no context.
     BYTE* Pixels();
 
 private:

@@ -14,8 +14,8 @@ using namespace wrapping;
 
 constexpr BLENDFUNCTION kBlendByPixels{AC_SRC_OVER, 0, 255, AC_SRC_ALPHA};
 
-// Multiplies pixels with a constant alpha as the platform's blend would, with its rounding. Done once for
-// each colour, it leaves the blend a simpler sum for each pixel, and the same bits.
+// Multiplies pixels by a constant alpha with the platform's rounding. Doing this once per colour makes the
+// blend of each pixel cheaper, with identical results.
 void Weigh(BYTE* pixels, int count, int alpha)
 {
     for (int i = 0; i < 4 * count; ++i)
@@ -26,7 +26,7 @@ void Stroke(HDC hdc, int style, int x1, int y1, int x2, int y2, int penWidth, co
 {
     if (penWidth == 0)
         return;
-    // Widths come from skins; no surface shows a difference beyond this.
+    // Widths come from skins; larger widths make no visible difference.
     constexpr int kWidest = 0x7FFF;
     const HPEN pen = CreatePen(style, std::clamp(penWidth, -kWidest, kWidest), color.GetColor());
     {
@@ -65,7 +65,7 @@ void CDUIRenderEngine::DrawRectangleBorder(HDC hdc, const RECT& rect, const RECT
         FillRect(hdc, rect, color);
         return;
     }
-    // Top and bottom run the full width and the sides lie between, so no pixel is painted twice.
+    // Top and bottom span the full width and the sides lie between them, so no pixel is painted twice.
     const RECT inner = Deflated(rect, widths);
     FillRect(hdc, {rect.left, inner.top, inner.left, inner.bottom}, color);
     FillRect(hdc, {inner.right, inner.top, rect.right, inner.bottom}, color);
@@ -78,7 +78,7 @@ void CDUIRenderEngine::DrawRoundRectBorder(HDC hdc, const RECT& rect, int ellips
 {
     if (penWidth <= 0 || IsRectEmpty(&rect))
         return;
-    // A pen of half the rectangle fills it; a wider one might leave it.
+    // A pen of half the rectangle's size fills it; a wider one might draw outside it.
     const int widest = std::max(1, std::min(Width(rect), Height(rect)) / 2);
     const HPEN pen = CreatePen(PS_INSIDEFRAME, std::min(penWidth, widest), color.GetColor());
     {
@@ -103,8 +103,8 @@ void CDUIRenderEngine::DrawGradien(HDC hdc, const RECT& rect, const CARGB& from,
     BlendGradient(hdc, rect, from, to, static_cast<BYTE>(alpha), vertical);
 }
 
-// All columns of a vertical gradient are alike, and all rows of a horizontal one. So one strip of it,
-// stretched across, blends to the same pixels as the whole; and only what the clipping lets through is
+// All columns of a vertical gradient are equal, and so are all rows of a horizontal one. Blending a stretched
+// one-pixel strip therefore gives the same pixels as the whole gradient. Only the part inside the clip box is
 // blended.
 void CDUIRenderEngine::BlendGradient(HDC hdc, const RECT& rect, const CARGB& from, const CARGB& to,
                                      BYTE alpha, int vertical)
@@ -137,7 +137,7 @@ void CDUIRenderEngine::BlendGradient(HDC hdc, const RECT& rect, const CARGB& fro
 
 void CDUIRenderEngine::GradientFill(HDC hdc, const RECT& rect, DWORD from, DWORD to, int vertical)
 {
-    // Alpha is full at both ends, so that a translucent gradient is opaque before its constant alpha applies.
+    // Alpha is opaque at both ends; only the constant alpha makes the gradient translucent.
     constexpr USHORT kOpaque = 0xFF00;
     const auto vertex = [](LONG x, LONG y, DWORD color) {
         return TRIVERTEX{x,
@@ -172,7 +172,7 @@ int CDUIRenderEngine::DrawTextA(HDC hdc, const char* text, int length, RECT* rec
 
 namespace {
 
-// The length in bytes of the piece of a vertical text that starts at `text`: a run of ASCII, or one
+// Returns the length in bytes of the segment of a vertical text that starts at `text`: a run of ASCII, or one
 // character.
 int PieceLength(const char* text, const char* end)
 {

@@ -4,7 +4,7 @@
 
 namespace DUI {
 
-/// The character set of new fonts on a system of that default language.
+/// Returns the character set of new fonts for a system default language.
 constexpr BYTE CharacterSetOf(LANGID language)
 {
     switch (language) {

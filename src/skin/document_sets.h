@@ -5,7 +5,7 @@
 
 namespace DUI {
 
-/// Stores the whole text of the child element under its name.
+/// Stores the text of the current child element under its "name".
 inline void ReadFragment(CXmlDocument& xml, CNameTable<CString>& table)
 {
     const CString name = xml.GetChildAttribute("name");

@@ -7,8 +7,8 @@
 
 namespace DUI {
 
-/// An attribute of an entry with what takes its value. The readers go through tables of these, and the schema
-/// of the documents is made of the same tables.
+/// An attribute of an entry and the target that stores its value. Both the readers and the document schema
+/// are generated from tables of these.
 template <class Target>
 struct EntryField : EntryAttribute {
     constexpr EntryField(const char* fieldName, AttributeKind fieldKind, const char* fieldDescription,
@@ -18,7 +18,7 @@ struct EntryField : EntryAttribute {
           target(fieldTarget)
     {
     }
-    /// An integer.
+    /// For an integer attribute.
     constexpr EntryField(const char* fieldName, IntegerRange fieldRange, const char* fieldDescription,
                          Target fieldTarget)
         : EntryAttribute{fieldName, AttributeKind::Integer, fieldDescription, nullptr, fieldRange},
@@ -28,7 +28,7 @@ struct EntryField : EntryAttribute {
 
     Target target;
 };
-/// One whose text a record keeps as it stands.
+/// A field whose text is stored unchanged in a record.
 template <class Record>
 using TextField = EntryField<CString Record::*>;
 
@@ -44,7 +44,7 @@ EntryAttributes AttributesOf(const Field (&fields)[Count])
     return {std::begin(fields), std::end(fields)};
 }
 
-/// A record that is there already takes over what the entry says, missing attributes as empty texts.
+/// Updates a record from an entry; attributes that the entry lacks become empty texts.
 template <class Record, class Base, std::size_t Count>
 void ReadFields(const CXmlDocument& xml, const TextField<Base> (&fields)[Count], Record& record)
 {
@@ -52,7 +52,7 @@ void ReadFields(const CXmlDocument& xml, const TextField<Base> (&fields)[Count],
         record.*field.target = xml.GetChildAttribute(field.name);
 }
 
-// The tables, each from the file that reads the entries.
+// Attribute tables, each defined in the source that reads the entries.
 EntryAttributes StringAttributes();
 EntryAttributes ColorAttributes();
 EntryAttributes CursorAttributes();

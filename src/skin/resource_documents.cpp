@@ -1,4 +1,4 @@
-// The resource manager's documents: string tables, skin resources and templates.
+// Reads the resource manager's documents: string tables, skin resources and templates.
 
 #include <algorithm>
 
@@ -10,7 +10,7 @@
 namespace DUI {
 namespace {
 
-// The record of the entry's name, new when there is none yet. One without a name is not kept.
+// Returns the record with the entry's name, creating it if necessary. A record without a name is not stored.
 template <class Record>
 CRefPtr<Record> RecordOf(const CXmlDocument& xml, CNameTable<CRefPtr<Record>>& table)
 {
@@ -42,7 +42,7 @@ constexpr TextField<CResourceFontData> kFontFields[] = {
 constexpr EntryAttribute kFontDefault{"default", AttributeKind::Boolean,
                                       "true: the font where none is named."};
 
-// Besides those of its source.
+// In addition to the source fields.
 constexpr TextField<CResourceImageData> kImageFields[] = {
     {"count", kIconCounts, "How many icons the picture holds; 1 without it.",
      &CResourceImageData::m_strCount},
@@ -122,7 +122,7 @@ int CResMgr::ParseStyleResource(const CString& xml)
     return Parse(xml, &CResMgr::ReadStyles);
 }
 
-// A set that stands behind one of a later kind is not seen.
+// A set after one of a later kind is ignored.
 void CResMgr::ReadSets(CXmlDocument& xml, DocumentKind document, std::initializer_list<ReadEntry> readers)
 {
     const std::vector<SetSchema>& sets = SchemaOf(document).sets;
@@ -208,7 +208,7 @@ void CResMgr::ReadImage(CXmlDocument& xml)
     const CRefPtr<CResourceImageData> record = RecordOf(xml, m_images);
     ReadFields(xml, kSourceFields, *record.GetPtr());
     ReadFields(xml, kImageFields, *record.GetPtr());
-    // Whoever holds the list made before sees the new picture.
+    // Users of the existing list get the new picture.
     if (record->m_pImageList)
         m_loader.LoadImageFromFile(record->m_strFileName, record->m_pImageList);
 }

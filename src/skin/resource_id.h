@@ -4,7 +4,7 @@
 
 namespace DUI {
 
-/// The integer resource id that a decimal text names: the low 16 bits of its value, 0 for a text without
+/// Returns the integer resource id of a decimal text: the low 16 bits of its value, or 0 for a text without
 /// digits.
 inline WORD ResourceIdOf(LPCSTR text)
 {

@@ -20,7 +20,7 @@ bool BeginsWith(std::string_view text, std::string_view what)
     return text.substr(0, what.size()) == what;
 }
 
-// Without the last directory; the one right under a drive stays.
+// Removes the last directory, but not the one directly below a drive.
 void CutLastDirectory(CString& path)
 {
     constexpr int kDriveRoot = 2;
@@ -38,8 +38,7 @@ CString FindExecutableDirectory()
     return executable.Left(std::max(executable.ReverseFind(kSeparator), 0));
 }
 
-// Asked for once, not for each of the hundreds of names of a skin; its spelling depends on the code page
-// alone.
+// Cached, because a skin contains hundreds of names; the text depends only on the code page.
 const CString& ExecutableDirectory()
 {
     static UINT codePage = 0;
@@ -51,7 +50,7 @@ const CString& ExecutableDirectory()
     return directory;
 }
 
-// Empty: the executable's.
+// Empty: the executable's directory is used.
 CString& ChosenDirectory()
 {
     static CString directory;
@@ -68,7 +67,7 @@ CString ResolvePath(const CString& name)
 
 CString ResolveSkinPath(std::string_view executableDirectory, std::string_view name)
 {
-    // No character of any code page has "/" for its second byte.
+    // "/" is not the trail byte of a character in any code page.
     std::string slashed(name);
     std::replace(slashed.begin(), slashed.end(), '/', kSeparator);
     std::string_view rest = slashed;
@@ -94,7 +93,7 @@ void CResLoader::SetBaseDirectory(const CString& directory)
     CString& chosen = ChosenDirectory();
     chosen = directory;
     chosen.Replace("/", "\\");
-    // Backwards by characters: the last byte of one may look like a separator.
+    // Searched by characters, because the trail byte of a character may equal the separator.
     while (chosen.GetLength() > 1 && chosen.ReverseFind(kSeparator) == chosen.GetLength() - 1)
         chosen.Delete(chosen.GetLength() - 1);
 }
@@ -246,7 +245,8 @@ HINSTANCE CResLoader::UseModule(HINSTANCE module)
 {
     if (!module)
         return nullptr;
-    // Loading the same module again gave a second reference; another module takes the place of the first.
+    // Loading the same module again only added a reference, which is released here; another module replaces
+    // the first.
     if (m_hResModule)
         FreeLibrary(m_hResModule);
     m_hResModule = module;

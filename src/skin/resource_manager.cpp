@@ -11,7 +11,7 @@ namespace {
 
 using Source = DocumentSource;
 
-// Two whole numbers with a comma right behind the first; anything else leaves the pair as it is.
+// Reads two integers separated by a comma directly after the first; otherwise leaves the pair unchanged.
 void ReadPair(LPCSTR text, SIZE& pair)
 {
     LPCSTR end = nullptr;
@@ -24,7 +24,8 @@ void ReadPair(LPCSTR text, SIZE& pair)
         pair = {first, second};
 }
 
-// The record's attributes that say how its picture is cut and drawn. A corner that is no pair counts as 0,0.
+// Applies the attributes that describe how the picture is divided and drawn. An invalid corner is read as
+// 0,0.
 void ApplyImageAttributes(CResourceImageData& record, CDUIImageList& list)
 {
     if (const int count = ReadInteger(record.m_strCount); kIconCounts.Holds(count))
@@ -41,7 +42,7 @@ void ApplyImageAttributes(CResourceImageData& record, CDUIImageList& list)
         list.SetImageDirection(1);
 }
 
-// The face's Chinese name, in the system code page or in the one that such skins are written in.
+// The Chinese name of the face, in the system code page or in code page 936, which such skins use.
 bool IsYaHei(const CString& face)
 {
     constexpr std::string_view kInCodePage936 = "\xCE\xA2\xC8\xED\xD1\xC5\xBA\xDA";
@@ -84,7 +85,7 @@ int CResMgr::Load(const CResourceFileInfo& info, ReadDocument read)
 {
     CXmlDocument document;
     CString xml;
-    // A file is parsed when it is loaded, so it need not be parsed again.
+    // A file is parsed while it is loaded, so it is not parsed a second time.
     const bool isLoaded = SourceOf(info.m_strConfigType.View()) == Source::File
                               ? m_loader.LoadDocumentFromFile(info.m_strFileName, document) != 0
                               : GetXMLByConfigInfo(info, xml) && document.SetDocument(std::move(xml));

@@ -17,21 +17,21 @@ CResourceFileInfo ReadFileInfo(const CXmlDocument& xml)
     return info;
 }
 
-// The entry document's sets, in the order in which they are searched one behind the other: one that stands
-// too early is not seen.
+// Iterates over the entry document's sets, which are searched one after another: a set that precedes its
+// place in this order is not found.
 class EntrySets {
 public:
     explicit EntrySets(CXmlDocument& xml) : m_xml(xml) {}
 
-    /// Goes on to the set of the next kind.
+    /// Advances to the set of the next kind.
     bool FindNext()
     {
         m_set = &SchemaOf(DocumentKind::Entry).sets[m_index++];
         return m_xml.FindChildElement(m_set->set);
     }
-    /// The text of the set's one attribute.
+    /// Returns the value of the set's only attribute.
     CString Attribute() const { return m_xml.GetChildAttribute(m_set->setAttributes.front().name); }
-    /// Hands every entry of the set to `read`.
+    /// Calls `read` for every entry of the set.
     template <class Read>
     void ReadEntries(Read read)
     {
@@ -75,7 +75,8 @@ int AddObserver(std::vector<Observer*>& observers, Observer* observer)
     return 1;
 }
 
-// A notification under way: a copy of the observers of a manager. Either may be destroyed in the meantime.
+// A notification in progress: a copy of a manager's observers. Observers and manager may be destroyed
+// meanwhile.
 class Notification {
 public:
     template <class Observer>
@@ -93,7 +94,7 @@ public:
     template <class Observer, class Call>
     void CallEach(Call call)
     {
-        // Not by iterators: the end of the manager empties the copy.
+        // Uses indices, because destroying the manager clears the copy.
         for (std::size_t i = 0; i < m_observers.size(); ++i)
             if (m_observers[i])
                 call(*static_cast<Observer*>(m_observers[i]));
@@ -116,7 +117,7 @@ private:
     static Notification* s_innermost;
 
     const IDUISkinMgr* m_manager;
-    std::vector<void*> m_observers;  // null where one was destroyed
+    std::vector<void*> m_observers;  // null for a destroyed observer
     Notification* m_outer;
 };
 
@@ -147,7 +148,7 @@ bool IsAnswer(const CRefPtr<Object>& object)
     return !object.IsNull();
 }
 
-// The package's own result, or the first one of the added packages when it has none.
+// Returns the package's own result, or the first result of the added packages if it has none.
 template <class Skins, class Result, class Ask>
 Result FirstAnswer(const Skins& addedSkins, Result result, Ask ask)
 {
@@ -278,7 +279,7 @@ int CDUISkinMgr::SetLanguageType(const CString& type)
     const CResourceFileInfo* language = FindLanguage(m_languages, type);
     if (!language)
         return 0;
-    // The caller's text may be one that a callback changes.
+    // A copy, because a callback may change the string that the caller passed.
     const CString newType = type;
     const CString oldType = m_strLanguageType;
     m_resMgr.ClearAllString();

@@ -6,7 +6,7 @@
 
 namespace DUI {
 
-/// Where a document, picture or cursor comes from.
+/// Fields that describe the source of a document, picture or cursor.
 inline constexpr TextField<CResourceFileInfo> kSourceFields[] = {
     {"name", AttributeKind::Text, "", &CResourceFileInfo::m_strName},
     {"config_type", AttributeKind::ChoiceAny, "Where it comes from.", &CResourceFileInfo::m_strConfigType,
@@ -19,7 +19,8 @@ inline constexpr TextField<CResourceFileInfo> kSourceFields[] = {
      &CResourceFileInfo::m_strResourceType},
 };
 
-/// Their attributes, and further ones, for entries that call the object by a name of that meaning.
+/// The source attributes, followed by further ones. `nameDescription` describes "name" for this kind of
+/// entry.
 inline EntryAttributes SourceAttributes(const char* nameDescription, const EntryAttributes& more = {})
 {
     EntryAttributes attributes = AttributesOf(kSourceFields);

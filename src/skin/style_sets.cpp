@@ -1,4 +1,4 @@
-// The resource manager's style documents: text, frame and control styles.
+// Reads the resource manager's style documents: text, frame and control styles.
 
 #include <locale>
 #include <sstream>
@@ -15,7 +15,7 @@ using Frame = CRefPtr<CDUIFrameBK>;
 
 constexpr std::size_t kLongestList = 126;
 
-// A text that is no number leaves the separator where it was.
+// A text that is not a number leaves the separator unchanged.
 void SetSeparator(const CString& text, CDUIFrameBK& frame)
 {
     std::istringstream stream{std::string(text.View())};
@@ -41,7 +41,7 @@ void SetRound(const CString& text, CDUIFrameBK& frame)
 
 using FrameField = EntryField<void (*)(CResMgr& manager, const Frame& frame, const CString& value)>;
 
-// In the order in which they are applied: the colours take over the separator and the direction from before.
+// In the order in which they are applied: the colours use the separator and direction that were set before.
 constexpr FrameField kFrameFields[] = {
     {"back_color",
      AttributeKind::Colors,
@@ -133,7 +133,7 @@ constexpr EntryAttribute kFormat{"format", AttributeKind::Flags, "Alignment and 
                                  TextFormatWords};
 constexpr EntryAttribute kDefault{"default", AttributeKind::Boolean, "true: the style where none is named."};
 
-// The style of that name; whoever holds it sees what the entry changes.
+// Returns the style with that name, creating it if necessary. All its holders see changes made by the entry.
 template <class Style>
 CRefPtr<Style> StyleOf(CNameTable<CRefPtr<Style>>& table, const CString& name)
 {
@@ -143,7 +143,7 @@ CRefPtr<Style> StyleOf(CNameTable<CRefPtr<Style>>& table, const CString& name)
     return style;
 }
 
-// The bits of the format's word that the text begins with.
+// Returns the flags of the format word at the start of the text.
 DWORD WordAt(std::string_view text)
 {
     for (const DocumentWord& entry : TextFormatWords()) {
@@ -251,7 +251,7 @@ DWORD CResMgr::ParseTextFormat(const CString& format)
     const std::string_view text = format.View();
     const char* const end = text.data() + text.size();
     for (const char* at = text.data(); at < end; at += CharacterLength(at, end))
-        // Every word begins with it.
+        // Every format word begins with this letter.
         if (*at == 'D' || *at == 'd')
             flags |= WordAt({at, static_cast<std::size_t>(end - at)});
     return flags;

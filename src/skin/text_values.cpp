@@ -17,7 +17,7 @@ int ReadInteger(LPCSTR text, LPCSTR* end)
     constexpr long long kLeast = std::numeric_limits<int>::min();
     constexpr long long kMost = std::numeric_limits<int>::max();
     char* after = nullptr;
-    // long is wider than 32 bits on some targets; the result must not depend on that.
+    // Parsed as long long, so that the result does not depend on the width of long.
     const long long number = text ? std::strtoll(text, &after, 10) : 0;
     if (end)
         *end = after;

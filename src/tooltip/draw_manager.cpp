@@ -10,7 +10,7 @@ namespace {
 
 constexpr int kMostStops = 3;
 
-/// The colours that a fill runs through, in equal steps; the numbers say first, middle or last colour.
+/// The colours of a gradient at equal distances, as indices: first, middle or last colour.
 struct Effect {
     bool isVertical;
     int stopCount;
@@ -72,7 +72,7 @@ void CPPDrawManager::DrawBorder(HDC hdc, const RECT& rect, int corner, COLORREF 
         CDUIRenderEngine::DrawRectangleBorder(hdc, rect, {1, 1, 1, 1}, Opaque(color));
         return;
     }
-    // The engine keeps its rounded outline one pixel inside the right and bottom edge.
+    // The render engine draws its rounded outline one pixel inside the right and bottom edge.
     const RECT outer{rect.left, rect.top, rect.right + 1, rect.bottom + 1};
     CDUIRenderEngine::DrawRoundRectBorder(hdc, outer, corner, corner, 1, Opaque(color));
 }

@@ -5,13 +5,13 @@
 namespace DUI {
 namespace {
 
-// The place between two edges that is nearest to the wanted one; the first edge wins.
+// Returns the position nearest to `wanted` between two edges; the first edge takes precedence.
 LONG Shift(LONG wanted, LONG extent, LONG first, LONG last)
 {
     return std::max(first, std::min(wanted, last - extent));
 }
 
-// After the anchor, or before it when there is room only there.
+// Returns the position after the anchor, or before it if there is room only there.
 LONG Beside(LONG anchorFirst, LONG anchorLast, LONG extent, LONG first, LONG last)
 {
     const bool fitsAfter = anchorLast + extent <= last;

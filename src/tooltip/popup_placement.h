@@ -4,28 +4,28 @@
 
 namespace DUI {
 
-/// Where a tooltip stands beside the pointer.
+/// Input for placing a tooltip beside the pointer.
 struct ToolTipPlacement {
-    RECT workArea{};  // of the screen that the pointer is on
+    RECT workArea{};  // of the screen that contains the pointer
     POINT pointer{};  // its hot spot
     SIZE size{};      // of the tooltip
-    SIZE offset{};    // from the hot spot sideways, and from the pointer's picture downwards
+    SIZE offset{};    // from the hot spot horizontally, and from the pointer's picture vertically
 };
 
-/// What the pointer's picture covers below its hot spot, in pixels.
+/// Height in pixels of the pointer's picture below its hot spot.
 inline constexpr int kPointerPicture = 12;
 
-/// The tooltip's upper left corner on the screen: below the pointer; above it when it would leave the work
-/// area there; beside it when there is room neither below nor above. It is shifted sideways into the work
-/// area, whose upper left corner stays visible when the tooltip is larger.
+/// Returns the tooltip's upper left corner in screen coordinates: below the pointer; above it if it would
+/// leave the work area there; beside it if there is room neither below nor above. It is shifted horizontally
+/// into the work area; the upper left corner of a larger tooltip stays visible.
 POINT PlaceToolTip(const ToolTipPlacement& placement);
 
-/// The upper left corner of a menu beside an anchor on the screen: below it, or to its right when the menu
-/// opens sideways; on the other side when only there is room. It is kept in the area, whose upper left corner
-/// stays visible when the menu is larger.
+/// Returns the upper left corner of a menu beside an anchor, in screen coordinates: below it, or to its right
+/// if the menu opens sideways; on the other side if there is room only there. The menu is kept inside the
+/// area; the upper left corner of a larger menu stays visible.
 POINT PlaceMenu(const RECT& area, const RECT& anchor, SIZE menu, bool opensSideways);
 
-/// The work area of the screen that a point is on, or nearest to.
+/// Returns the work area of the screen that contains a point or is nearest to it.
 RECT WorkAreaAt(POINT screen);
 
 }  // namespace DUI

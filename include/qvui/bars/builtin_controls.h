@@ -6,7 +6,7 @@
 
 namespace DUI {
 
-/// The built-in tags in the order of their registration.
+/// Returns the built-in tags in registration order.
 QVUI_API const std::vector<BuiltinControl>& BuiltinControls();
 
 }  // namespace DUI

@@ -7,26 +7,27 @@
 
 namespace DUI {
 
-/// A row or column of tabs, of which one is selected; it switches the pages of a tab layout. The tabs are its
-/// children that answer "tab_item"; others may stand among them. Tabs have the lengths that they ask for, and
-/// none is lengthened to the end of the bar.
+/// A row or column of tabs, one of which is selected; it switches the pages of a tab layout. The tabs are the
+/// children that return a "tab_item" interface; other children are allowed among them. Each tab has the
+/// length that it asks for; none is extended to the end of the bar.
 ///
-/// The user selects by a press, with the arrow keys along the bar, Home and End while a tab has the focus,
-/// and with Ctrl+Tab in the window's first bar. The keyboard skips hidden and disabled tabs and goes round at
-/// the ends. The selected tab is the bar's only tab stop. When a switch takes the focus from a page, the tab
-/// gets it.
+/// The user selects a tab by pressing it, with the arrow keys along the bar, Home and End while a tab has the
+/// focus, and with Ctrl+Tab in the window's first bar. Keyboard selection skips hidden and disabled tabs and
+/// wraps around at the ends. The selected tab is the bar's only tab stop. If a switch takes the focus from a
+/// page, the tab receives it.
 ///
 /// The tab layout is the one named by tab_layout, anywhere in the window, or without a name the first one
-/// with the same parent. Page and tab have the same number. A bar without select_index begins with the page
-/// that its tab layout shows, or with the first tab.
+/// with the same parent. A tab and its page have the same index. A bar without select_index starts with the
+/// page that its tab layout shows, or with the first tab.
 ///
-/// Tabs and pages may be added, removed and moved in any order. A tab that is removed while it is selected
-/// leaves the selection to the next tab, or to the one before it. While there are more tabs than pages or the
-/// other way round, tab and page stay as they are; when each tab has its page again, or a page comes for the
-/// selected tab, the page of the selected tab is shown. Who selects a page of the tab layout selects its tab.
+/// Tabs and pages may be added, removed and moved in any order. If the selected tab is removed, the next tab
+/// is selected, or the previous one if there is none. While the numbers of tabs and pages differ, the
+/// selected tab and the shown page are not changed; when each tab has its page again, or a page is added for
+/// the selected tab, the page of the selected tab is shown. Selecting a page of the tab layout selects its
+/// tab.
 ///
-/// With enable_scroll, tabs that do not fit scroll, and the bar brings the selected one into view when it is
-/// selected and when the bar's size changes.
+/// With enable_scroll, tabs that do not fit can be scrolled, and the bar scrolls the selected tab into view
+/// when it is selected and when the bar's size changes.
 ///
 /// Skin attributes: tab_layout, select_index.
 /// Notifications: DUINOTIFY_TABACTIVATE (wParam 1, sender the tab) when the user selects another tab.
@@ -41,7 +42,7 @@ public:
     CDUITabBar();
     static const ControlClass& Class();
 
-    /// It is a "tab_bar", a "tab_follower" and a "button_host".
+    /// Supports the interfaces "tab_bar", "tab_follower" and "button_host".
     void* GetInterface(const CString& name) override;
     void SetControlRect(const RECT& rect) override;
     BOOL SetControlIndex(CRefPtr<IDUIControl> child, int index) override;
@@ -62,12 +63,12 @@ public:
     void OnButtonEvent(CDUIButton&, const tagDUIEvent&, BOOL&) override {}
     void OnButtonChanged() override { UpdateTabStops(); }
 
-    /// Tabs are counted from 0, other children are not counted; -1 when none is selected.
+    /// Tabs are counted from 0, ignoring other children; -1 if none is selected.
     int GetSelectIndex() const;
-    /// Selects a tab, a hidden or disabled one too. FALSE when it is selected already or not there. Before
-    /// the bar is attached to a window the number is only kept, and the result is TRUE.
+    /// Selects a tab, even a hidden or disabled one. Returns FALSE if it is selected already or does not
+    /// exist. Before the bar is attached to a window, only stores the index and returns TRUE.
     BOOL SetSelectIndex(int index, BOOL bNotify);
-    /// The name of the tab layout; it is looked up whenever it is needed.
+    /// The name of the tab layout, which is looked up on each use.
     void SetTabLayoutName(const CString& name) { m_strTabLayout = name; }
     const CString& GetTabLayoutName() const { return m_strTabLayout; }
 
@@ -90,7 +91,7 @@ private:
     CString m_strTabLayout;
     int m_nFirstIndex = -1;
     int m_nRemoving = -1;            // the child between BeforeRemoveControl and AfterRemoveControl
-    bool m_isSelectedToShow = true;  // by the next layout
+    bool m_isSelectedToShow = true;  // the next layout scrolls to the selected tab
 };
 
 extern template class CDUITabBar<CDUIHorizontalLayout>;

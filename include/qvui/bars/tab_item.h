@@ -4,9 +4,9 @@
 
 namespace DUI {
 
-/// A tab of a tab bar: a button that is checked while it is selected. It tells its parent what happens to it
-/// with DUIEVENT_ITEMCLICK (a press, or an activation), DUIEVENT_ITEMDBLCLICK, DUIEVENT_ITEMHOVER and
-/// DUIEVENT_ITEMLEAVE, and passes its DUIEVENT_KEYDOWN on.
+/// A tab of a tab bar: a button that is checked while it is selected. It sends its parent DUIEVENT_ITEMCLICK
+/// (a press, or an activation), DUIEVENT_ITEMDBLCLICK, DUIEVENT_ITEMHOVER and DUIEVENT_ITEMLEAVE, and
+/// forwards DUIEVENT_KEYDOWN.
 ///
 /// Skin attributes: tab_stop.
 /// Notifications: DUINOTIFY_TABACTIVATE when its bar selects it.
@@ -17,15 +17,15 @@ public:
     CDUITabItem() = default;
     static const ControlClass& Class();
 
-    /// Selects the tab; no DUINOTIFY_CLICK.
+    /// Selects the tab without sending DUINOTIFY_CLICK.
     BOOL Activate() override;
-    /// A tab is never hot or pushed while it is selected.
+    /// The selected tab is never hot or pushed.
     void ModifyStatus(DWORD remove, DWORD add) override;
 
-    /// For the tab bar: puts the tab among the window's tab stops, or takes it away from them. A tab whose
-    /// tab_stop is off never gets there.
+    /// For the tab bar: adds the tab to the window's tab stops or removes it. A tab whose tab_stop is off is
+    /// never a tab stop.
     void MakeTabStop(bool isTabStop);
-    /// Whether the keyboard may reach the tab.
+    /// Sets whether the keyboard can reach the tab.
     void AllowTabStop(bool isAllowed);
     bool IsTabStopAllowed() const { return m_isTabStopAllowed; }
 

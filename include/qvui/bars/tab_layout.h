@@ -6,13 +6,13 @@ namespace DUI {
 
 class IDUITabLayout;
 
-/// What follows the pages of tab layouts, as tab bars do. A control that does so gives it for the interface
-/// name "tab_follower".
+/// Interface of a control that follows the pages of tab layouts, such as a tab bar. Returned for the
+/// interface name "tab_follower".
 class QVUI_API IDUITabFollower {
 public:
     enum class Change { Selected, Added, Removed };
-    /// A tab layout of the window shows another page than before, or a page was added to it or removed. The
-    /// follower may select a page in the call.
+    /// Called when a tab layout of the window shows another page, or a page was added or removed. The
+    /// follower may select a page during the call.
     virtual void OnPages(IDUITabLayout& pages, Change change) = 0;
 
 protected:
@@ -21,8 +21,8 @@ protected:
 
 class QVUI_API IDUITabLayout : public CDUICanvas {
 public:
-    /// Shows the page and hides the others. 0, with nothing changed, for an index that is selected already or
-    /// that no page has; otherwise 1. Sends no notification.
+    /// Shows a page and hides the others. Returns 0, with nothing changed, if the page is selected already or
+    /// does not exist; otherwise 1. Sends no notification.
     virtual int SetSelectIndex(int index) = 0;
     virtual int GetSelectIndex() const = 0;
 
@@ -31,13 +31,13 @@ protected:
     IDUITabLayout(const IDUITabLayout& other) = default;
 };
 
-/// Pages on top of one another, of which one is shown; each fills the content rectangle. Until the layout is
-/// attached to a window the pages are as visible as their templates say. A tab bar drives it.
+/// Pages on top of one another, one of which is shown; each fills the content rectangle. Until the layout is
+/// attached to a window, the visibility of the pages is that of their templates. The layout is usually driven
+/// by a tab bar.
 ///
-/// While it is attached, one page is shown as long as there are pages. Pages that are added before the shown
-/// one or removed leave that one shown, and its index is counted anew; when it is removed itself, the page
-/// that comes to stand in its place is shown, or the last one. SetControlIndex moves the shown page and goes
-/// on showing it.
+/// While attached, one page is shown as long as there are pages. Adding or removing other pages does not
+/// change the page shown, only its index; if the shown page is removed, the page that takes its index is
+/// shown, or the last one. SetControlIndex moves the shown page and keeps it shown.
 ///
 /// Skin attributes: select_index.
 class QVUI_API CDUITabLayout : public ControlOf<CDUITabLayout, IDUITabLayout> {
@@ -62,13 +62,13 @@ protected:
 public:
     int SetSelectIndex(int index) override;
     int GetSelectIndex() const override { return m_nSelectIndex; }
-    /// Stores the index as it is, for the time when the layout is attached to a window.
+    /// Stores the index without any check, for use when the layout is attached to a window.
     void SetFirstIndex(int index) { m_nSelectIndex = index; }
 
 protected:
-    /// Shows the selected page alone; nothing when no page has the index.
+    /// Shows only the selected page; does nothing if the index is invalid.
     void UpdateControls();
-    /// Takes the focus away from a page and what is inside it.
+    /// Removes the focus from a page and its descendants.
     void CheckAndResetFocus(IDUIControl* page);
 
 private:

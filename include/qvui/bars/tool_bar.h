@@ -9,8 +9,8 @@ namespace DUI {
 
 class ToolBarItems;
 
-/// A line between the items of a tool bar ("toolbar_separator"). It shows the bar's separator_image in the
-/// middle of its place; without one it draws a thin line across the bar.
+/// A separator between items of a tool bar ("toolbar_separator"). It draws the bar's separator_image centred
+/// in its rectangle; without one, it draws a thin line across the bar.
 class QVUI_API CDUIToolBarSeparator : public ControlOf<CDUIToolBarSeparator, CDUIControlBase> {
     friend ControlOf;
 
@@ -18,10 +18,10 @@ public:
     CDUIToolBarSeparator();
     static const ControlClass& Class();
 
-    /// The image's size, or that of the thin line with the space around it; fixed sizes replace them.
+    /// The image's size, or that of the thin line with its spacing; fixed sizes override them.
     BOOL EstimateSize(SIZE available, SIZE& size) override;
 
-    /// For the bar that it stands on.
+    /// Called by the bar that contains it.
     void SetLook(CDUIImageListPtr image, bool isBarVertical);
 
 protected:
@@ -34,18 +34,18 @@ private:
     bool m_isBarVertical = false;
 };
 
-/// A row or column of tools: its children in the lengths that they ask for, one after another; children that
-/// ask for none share what is left. Each is as broad as the bar. Buttons with toolbar_style "check" stay down
-/// until the next click; "toolbar_separator" elements divide groups.
+/// A row or column of tools: its children have the lengths that they ask for, one after another; children
+/// that ask for none share the remaining length. Each is as broad as the bar. Buttons with toolbar_style
+/// "check" stay down until the next click; "toolbar_separator" elements divide groups.
 ///
-/// Items that do not fit get an empty rectangle, and a button at the end of the bar opens a list of those of
-/// them that are buttons; to choose one activates it. The items keep their visible bit, so their shortcuts go
-/// on working.
+/// Items that do not fit get an empty rectangle, and an overflow button at the end of the bar opens a menu of
+/// those that are buttons; choosing an entry activates the item. The items stay visible in the sense of
+/// IsVisible, so their shortcuts keep working.
 ///
 /// The bar is one tab stop: the arrow keys along it, Home and End move the focus among those of its buttons
-/// that are tab stops when they come onto the bar (or when the bar comes into its window). They skip what is
-/// hidden, disabled or without room, and go round at the ends. Other controls on the bar are tab stops of
-/// their own.
+/// that are tab stops when they are added to the bar (or when the bar is attached to its window). Hidden and
+/// disabled items and items that do not fit are skipped; the focus wraps around at the ends. Other controls
+/// on the bar are separate tab stops.
 ///
 /// Skin attributes: separator_image, overflow_image, overflow_frame, overflow_item_style. enable_scroll has
 /// no effect.
@@ -58,7 +58,7 @@ public:
     ~CDUIToolBar() override;
     static const ControlClass& Class();
 
-    /// It is a "button_host", too.
+    /// Also supports the interface "button_host".
     void* GetInterface(const CString& name) override;
     void SetControlRect(const RECT& rect) override;
     void DoPaint(HDC hdc, const RECT& rcPaint) override;
@@ -78,14 +78,14 @@ public:
     void SetSeparatorImage(CDUIImageListPtr image);
     /// A strip with icons for the states of a button; null draws an arrowhead.
     void SetOverflowImage(CDUIImageListPtr image);
-    /// The frame of the list; null draws a plain one.
+    /// The frame of the overflow menu; null draws a plain one.
     void SetOverflowFrame(CRefPtr<CDUIFrameBK> frame);
-    /// The control style of the list's entries, which are buttons; empty gives them the look of their items.
+    /// The control style of the menu's entries, which are buttons; if empty, they look like their items.
     void SetOverflowItemStyle(const CString& style);
 
-    /// Whether some items have no room.
+    /// Whether some items do not fit.
     BOOL IsOverflowing() const;
-    /// Opens the list of the items without room; FALSE when there are none.
+    /// Opens the overflow menu. Returns FALSE if all items fit.
     BOOL OpenOverflow();
     void CloseOverflow();
 

@@ -5,8 +5,8 @@
 
 namespace DUI {
 
-/// A container that paints a frame behind its children, gives the first of them its content rectangle and
-/// leaves the others where their "position" puts them. The base of all layouts.
+/// A container that paints a frame behind its children. The first child gets the content rectangle; the
+/// others are placed by their "position". Base class of all layouts.
 ///
 /// Skin attributes: frame_style.
 class QVUI_API CDUICanvas : public ControlOf<CDUICanvas, CDUIControlBase> {
@@ -17,11 +17,11 @@ public:
     static const ControlClass& Class();
 
 protected:
-    /// The frame, over the content rectangle.
+    /// Paints the frame in the content rectangle.
     void PaintBkgnd(HDC hdc) override;
 
 public:
-    /// Null for no frame. Asks for no repaint.
+    /// Null for no frame. Does not repaint.
     virtual void SetFrameBK(CRefPtr<CDUIFrameBK> frame) { m_pFrameBK = std::move(frame); }
     virtual CRefPtr<CDUIFrameBK> GetCanvasUIData() { return m_pFrameBK; }
 

@@ -4,9 +4,9 @@
 
 namespace DUI {
 
-/// Leaves its children where their "position" puts them, whatever its own rectangle is, and asks its parent
-/// for the size that reaches from the origin to the farthest of them. That size is worked out once, and again
-/// only after recalc was set. The stretch bits are the application's.
+/// Places its children by their "position", independent of its own rectangle, and asks its parent for the
+/// size from the origin to the farthest child. The size is computed once, and again only after recalc was
+/// set. The stretch bits are for the application's use.
 ///
 /// Skin attributes: recalc.
 class QVUI_API CDUIDialogLayout : public ControlOf<CDUIDialogLayout, CDUICanvas> {
@@ -17,16 +17,16 @@ public:
     static const ControlClass& Class();
 
     void SetControlRect(const RECT& rect) override;
-    /// The dialog's size, whatever is available.
+    /// Returns the dialog's size, whatever is available.
     BOOL EstimateSize(SIZE available, SIZE& size) override;
 
-    /// Works the size out anew in the layout that this asks for.
+    /// Requests a layout, in which the size is recomputed.
     void Recalculate();
 
 protected:
     CDUIDialogLayout(const CDUIDialogLayout& other) = default;
 
-    /// Does nothing unless the size is to be worked out; lays out the children where they are.
+    /// Does nothing unless the size must be recomputed; otherwise lays out the children at their positions.
     void CalculateDlgSize();
 
 private:

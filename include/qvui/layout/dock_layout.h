@@ -6,7 +6,7 @@ namespace DUI {
 
 class QVUI_API IDUIDockLayout : public CDUICanvas {
 public:
-    /// Whether the last child takes all that is left. Asks for no layout.
+    /// Whether the last child takes all remaining space. Does not request a layout.
     virtual void SetLastFill(int fill) = 0;
     virtual int GetLastFill() const = 0;
 
@@ -15,9 +15,9 @@ protected:
     IDUIDockLayout(const IDUIDockLayout& other) = default;
 };
 
-/// Docks its children one after another at the edge of the space that is still free that their "dock_style"
-/// names; each takes the width or height that it asks for, at most what is free. Invisible children take
-/// their space too. A child without an edge gets nothing.
+/// Docks its children one after another at an edge of the remaining free space, which their "dock_style"
+/// selects. Each takes the width or height that it asks for, limited to the free space. Invisible children
+/// also take space. A child without an edge gets none.
 ///
 /// Skin attributes: fill_last.
 class QVUI_API CDUIDockLayout : public ControlOf<CDUIDockLayout, IDUIDockLayout> {
@@ -35,7 +35,7 @@ public:
 protected:
     CDUIDockLayout(const CDUIDockLayout& other) = default;
 
-    /// Places a child and takes its part off the free rectangle.
+    /// Places a child and removes its part from the free rectangle.
     void DockControl(CRefPtr<IDUIControl> child, RECT& free, int isLast);
 
 private:

@@ -5,7 +5,7 @@
 
 namespace DUI {
 
-/// What the two line layouts share: a scroll bar of their own, and how they lay out.
+/// Common base of the two linear layouts: owns the scroll bar and lays out the children.
 template <class Layout, class ScrollBar>
 class QVUI_API CDUILinearLayout : public ControlOf<Layout, CDUICanvas> {
 public:
@@ -14,17 +14,18 @@ public:
 
 protected:
     CDUILinearLayout();
-    /// The copy has a scroll bar of its own when the source has one.
+    /// The copy has its own scroll bar if the source has one.
     CDUILinearLayout(const CDUILinearLayout& other);
 
     void OnCreate() override;
     void OnDestroy() override;
 
-    /// Borrowed; null when there is none.
+    /// Not owned by the caller; null if there is none.
     ScrollBar* GetOwnScrollBar() const { return m_pScrollBar.GetPtr(); }
 
 public:
-    /// Counts when the layout is attached to a window: later it neither makes nor removes a scroll bar.
+    /// Evaluated when the layout is attached to a window; later changes neither create nor remove a scroll
+    /// bar.
     void SetEnableScroll(int enable) { m_nEnableScroll = enable; }
     int GetEnableScroll() const { return m_nEnableScroll; }
 
@@ -33,13 +34,13 @@ private:
     int m_nEnableScroll = 0;
 };
 
-/// Lines up its visible children from left to right. Each gets the width that it asks for ("width") or, when
-/// it asks for none, an equal share of what is left; the last one is widened to the end. Each is as high as
-/// the content rectangle. "padding" is the gap between neighbours.
+/// Arranges its visible children from left to right. Each gets the width that it asks for ("width") or, if it
+/// asks for none, an equal share of the remaining width; the last child is extended to the end. Each is as
+/// high as the content rectangle. "padding" is the gap between neighbours.
 ///
 /// With enable_scroll, content that is too long scrolls: a horizontal scroll bar, in the skin's control style
-/// "cs_h_scrollbar" where there is one, stands at the bottom edge while it is needed. It is 9 pixels high
-/// where the style does not say.
+/// "cs_h_scrollbar" if it exists, is shown at the bottom edge while it is needed. It is 9 pixels high unless
+/// the style sets a height.
 ///
 /// Skin attributes: enable_scroll.
 class QVUI_API CDUIHorizontalLayout : public CDUILinearLayout<CDUIHorizontalLayout, CDUIHorizontalSB> {
@@ -55,8 +56,8 @@ protected:
     CDUIHorizontalLayout(const CDUIHorizontalLayout& other) = default;
 };
 
-/// The same from top to bottom, with heights ("height"), a vertical scroll bar at the right edge and its
-/// style "cs_v_scrollbar".
+/// The same from top to bottom, with heights ("height"), and a vertical scroll bar at the right edge in the
+/// control style "cs_v_scrollbar".
 class QVUI_API CDUIVerticalLayout : public CDUILinearLayout<CDUIVerticalLayout, CDUIVerticalSB> {
     friend ControlOf;
 

@@ -4,7 +4,7 @@
 
 namespace DUI {
 
-/// A transparent container whose first child fills its content rectangle, so that "margin" insets it.
+/// A transparent container whose first child fills its content rectangle; "margin" sets the distance to it.
 class QVUI_API CDUIPaddingPanel : public ControlOf<CDUIPaddingPanel, CDUIControlBase> {
     friend ControlOf;
 

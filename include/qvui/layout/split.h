@@ -4,26 +4,26 @@
 
 namespace DUI {
 
-/// Which pane takes up a change of the splitter's own size.
+/// Which pane is resized when the splitter's own size changes.
 enum SPLIT_RESIZE : DWORD {
-    SPLIT_RESIZE_PROPORTIONAL = 0,  // both, in their proportion
+    SPLIT_RESIZE_PROPORTIONAL = 0,  // both, keeping their ratio
     SPLIT_RESIZE_FIRST = 1,         // "size_left", "size_top"
     SPLIT_RESIZE_SECOND = 2,        // "size_right", "size_bottom"
-    SPLIT_RESIZE_ALL = 3,           // "size_all": as 0
+    SPLIT_RESIZE_ALL = 3,           // "size_all": same as 0
 };
 
-/// Two panes, the first and the second child, with a bar between them that the user drags. With any other
-/// number of children nothing is laid out. Sizes and positions are pixels along the direction in which the
-/// panes follow one another, positions counted from the content rectangle's top or left edge; the bar takes 5
-/// of them.
+/// Two panes, the first and second child, with a bar between them that the user drags. With any other number
+/// of children nothing is laid out. Sizes and positions are in pixels along the direction in which the panes
+/// follow one another; positions are relative to the content rectangle's top or left edge. The bar is 5
+/// pixels wide.
 ///
-/// Under the proportional styles a resize keeps the share that the first pane has of the content rectangle
-/// without the bar. The share is that of the last position that was set, by a drag, SetSplitPos or split_pos;
-/// resizes do not change it, so a window that shrinks and grows again comes back to where it was.
+/// Under the proportional styles, a resize keeps the first pane's share of the content rectangle without the
+/// bar. The share is that of the last position set by a drag, SetSplitPos or split_pos. Resizing does not
+/// change it, so a window that shrinks and grows again restores the position.
 ///
-/// A drag ends with the release of the left button; when that goes to another control, with the next move
-/// over the bar. The resize cursor shows on the bar, and during a drag; elsewhere between the edges the arrow
-/// does.
+/// A drag ends with the release of the left button; if another control receives the release, it ends with the
+/// next move over the bar. The resize cursor is shown on the bar and during a drag; otherwise the arrow is
+/// shown between the edges.
 ///
 /// Skin attributes: split_style, split_pos, split_min.
 class QVUI_API CDUISplitBase : public ControlOf<CDUISplitBase, CDUIControlBase> {
@@ -42,12 +42,12 @@ protected:
     LRESULT ProcessEvent(const tagDUIEvent& event, BOOL& bHandled) override;
 
 public:
-    /// What a drag leaves of each pane; negative numbers count as 0. Nothing else keeps to it.
+    /// The minimum size of each pane in a drag; negative values are treated as 0. Nothing else respects it.
     virtual void SetSplitMinSize(int first, int second);
-    /// TRUE.
+    /// Returns TRUE.
     virtual int GetSplitMinSize(int& first, int& second);
-    /// Where the bar starts, within the content rectangle; before the first layout any number that is not
-    /// negative.
+    /// The start of the bar, limited to the content rectangle; before the first layout, any non-negative
+    /// value.
     virtual void SetSplitPos(int pos);
     virtual int GetSplitPos() const;
     virtual void SetResizeStyle(DWORD style);
@@ -55,20 +55,20 @@ public:
     /// Whether the second pane is below the first.
     virtual BOOL IsVertical() = 0;
 
-    /// Begins a drag, wherever the pointer is; 0.
+    /// Starts a drag, wherever the pointer is. Returns 0.
     LRESULT OnLButtonDown();
-    /// Ends it; 0.
+    /// Ends a drag. Returns 0.
     LRESULT OnLButtonUp();
-    /// Moves the bar's start to a client point's coordinate while it is dragged.
+    /// While dragging, moves the start of the bar to the coordinate of a client point.
     void OnMouseMove(POINT point);
-    /// Where the bar is, client coordinates.
+    /// Returns the rectangle of the bar in client coordinates.
     RECT GetSplitterRect();
 
 protected:
-    /// The position after the content rectangle changed from one to another.
+    /// Returns the position after the content rectangle has changed.
     int CalcSplitPos(const RECT& oldContent, const RECT& newContent);
     void LayoutSplit(int pos);
-    /// Makes the position's share of the content rectangle the one that resizes keep.
+    /// Stores the position's share of the content rectangle, which resizes keep.
     void SaveCurrentRadtio();
 
 private:
@@ -84,7 +84,7 @@ private:
     DWORD m_dwResizeStyle = SPLIT_RESIZE_PROPORTIONAL;
 };
 
-/// The second pane below the first.
+/// A splitter with the second pane below the first.
 class QVUI_API CDUIVerticalSplit : public ControlOf<CDUIVerticalSplit, CDUISplitBase> {
     friend ControlOf;
 
@@ -98,7 +98,7 @@ protected:
     CDUIVerticalSplit(const CDUIVerticalSplit& other) = default;
 };
 
-/// The second pane to the right of the first.
+/// A splitter with the second pane to the right of the first.
 class QVUI_API CDUIHorizontalSplit : public ControlOf<CDUIHorizontalSplit, CDUISplitBase> {
     friend ControlOf;
 

@@ -7,9 +7,10 @@ namespace DUI {
 
 class QVUI_API IDUITileLayout : public CDUICanvas {
 public:
-    /// 0, and every negative number: as many as the width holds. Asks for no layout.
+    /// Sets the number of columns. 0 or a negative value: as many as fit the width. Does not request a
+    /// layout.
     virtual void SetColumnCount(int count) = 0;
-    /// What was set; the number that a layout worked out is not kept.
+    /// Returns the value that was set, not the number computed by a layout.
     virtual int GetColumnCount() const = 0;
 
 protected:
@@ -18,9 +19,9 @@ protected:
 };
 
 /// Places its visible children in columns of equal width, row by row. A row is as high as its highest child,
-/// or as the layout's own "height". Without column_count there are as many columns as it takes for the widest
-/// child to reach the right edge. "padding" is the gap between columns. Content that is too high scrolls,
-/// with a scroll bar in the skin's control style "cs_v_scrollbar".
+/// or as the layout's own "height". Without column_count, there are as many columns as the widest child needs
+/// to reach the right edge. "padding" is the gap between columns. Content that is too high scrolls, with a
+/// scroll bar in the skin's control style "cs_v_scrollbar".
 ///
 /// Skin attributes: column_count, padding_height, vscroll_style.
 class QVUI_API CDUITileLayout : public ControlOf<CDUITileLayout, IDUITileLayout> {
@@ -33,11 +34,11 @@ public:
 
     void SetControlRect(const RECT& rect) override;
 
-    /// Borrowed; there is one while the layout is attached to a window.
+    /// Not owned by the caller; exists while the layout is attached to a window.
     CDUIVerticalSB* GetVerticalSB() override { return m_pScrollBar.GetPtr(); }
 
 protected:
-    /// The copy has a scroll bar of its own when the source has one.
+    /// The copy has its own scroll bar if the source has one.
     CDUITileLayout(const CDUITileLayout& other);
 
     void OnCreate() override;
@@ -47,16 +48,16 @@ public:
     void SetColumnCount(int count) override { m_nColumnCount = count < 0 ? 0 : count; }
     int GetColumnCount() const override { return m_nColumnCount; }
 
-    /// Scrolls a layout whose column count is set to 1 so that the child's bottom edge stands at the
-    /// layout's, or to the top. Other layouts, and those without a visible scroll bar, stay as they are.
+    /// In a layout whose column count is set to 1, scrolls the child's bottom edge to the layout's, or to the
+    /// top. Other layouts, and layouts without a visible scroll bar, are not changed.
     void MakeSureControlVisible(IDUIControl* child);
 
-    /// The gap between rows, in pixels. Asks for no layout.
+    /// The gap between rows, in pixels. Does not request a layout.
     void SetRowGap(int gap) { m_nRowGap = gap; }
     int GetRowGap() const { return m_nRowGap; }
 
 protected:
-    /// The number of columns in a rectangle when none is set; 0 without a visible child.
+    /// Returns the number of columns for a rectangle when none is set; 0 without a visible child.
     int CalculateColumnCount(RECT& rect);
 
 private:

@@ -53,8 +53,8 @@ struct AttributeRules {
     // For colours.
     bool isFill = false;       // blended by alpha without clamping sums to 255
     bool emptyIsNone = false;  // a colour whose four bytes are all 0 paints nothing
-    // Of entries that a switch of skins changes in place: the value before any skin sets one. A skin without
-    // the attribute shows the value of the skin before. Null: such a skin has the value anew.
+    // For entries that a skin switch changes in place: the initial value. If the new skin omits the
+    // attribute, the value of the previous skin remains. Null: the attribute is reset instead.
     const char* stays = nullptr;
     const char* shownBy = "";  // this attribute is visible only if the named one is set to another value than
                                // its initial one

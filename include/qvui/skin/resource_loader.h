@@ -10,8 +10,8 @@ namespace DUI {
 class CXmlDocument;
 
 /// Returns the full path of a file named by a skin, relative to the executable's directory (with backslashes,
-/// without a trailing one). "/" is treated as "\\"; a leading ".\\" is removed; each leading "..\\" removes
-/// one directory, but never the last one below a drive ("C:\\App" stays). Absolute paths are not supported.
+/// without a trailing one). "/" is treated as "\"; a leading ".\" is removed; each leading "..\" removes
+/// one directory, but never the last one below a drive ("C:\App" stays). Absolute paths are not supported.
 /// Does not access the file system.
 QVUI_API CString ResolveSkinPath(std::string_view executableDirectory, std::string_view name);
 
@@ -28,8 +28,8 @@ public:
     CResLoader& operator=(const CResLoader&) = delete;
     ~CResLoader();
 
-    /// For tools that look at packages elsewhere: the directory, with either separator, that names are
-    /// relative to instead of the executable's, for the whole process. An empty text goes back to that one.
+    /// For tools: replaces the executable's directory, to which names are relative, for the whole process.
+    /// Either separator is accepted. An empty text restores the executable's directory.
     static void SetBaseDirectory(const CString& directory);
 
     /// Returns a new image list, which has no picture if the file cannot be decoded.

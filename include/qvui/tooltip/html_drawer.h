@@ -25,11 +25,12 @@ namespace DUI {
 ///                               the text wraps begin there, too
 ///     &lt; &gt; &amp; &quot; &apos; &nbsp; &#N; &#xN;
 ///
-/// Whatever is none of this, an unknown tag or one without its end too, is text and shows as it is. Spaces
-/// are kept. What is not closed ends with the text; what was not opened is not closed; tags may overlap.
+/// Anything else, including unknown or unterminated tags, is text and is shown unchanged. Spaces are
+/// preserved. Tags that are not closed end with the text, end tags without a start tag are ignored, and tags
+/// may overlap.
 class QVUI_API CPPHtmlDrawer {
 public:
-    /// The largest width and height, in pixels, of what is laid out; the rest of a longer text is left out.
+    /// The maximum width and height, in pixels, of the layout; longer text is cut off.
     static constexpr int kLargestExtent = 32767;
 
     CPPHtmlDrawer();
@@ -38,21 +39,21 @@ public:
     ~CPPHtmlDrawer();
 
     void SetText(const CString& markup);
-    /// The font of text without tags, copied. Null, as at first: the skin's default font, or the system's
-    /// before there is a skin.
+    /// The font of text without tags, which is copied. Null, the default: the skin's default font, or the
+    /// system's while there is no skin.
     void SetFont(HFONT font);
-    /// The colour of text without tags; black at first.
+    /// The colour of text without tags; initially black.
     void SetTextColor(COLORREF color);
 
-    /// The size of the text in lines of at most `maxWidth` pixels. Only a single character or image that is
-    /// wider makes it wider. Lines that begin below `maxHeight` are left out. `hdc` may be null for the
-    /// screen's.
+    /// Returns the size of the text in lines of at most `maxWidth` pixels; only a single character or image
+    /// that is wider can exceed this. Lines that begin below `maxHeight` are omitted. `hdc` may be null for
+    /// the screen's.
     SIZE Measure(HDC hdc, int maxWidth, int maxHeight = kLargestExtent);
-    /// Draws into a rectangle and clips to it. The lines are those of the last Measure while they fit the
-    /// rectangle's width, else new ones. The context's state is as before afterwards.
+    /// Draws into a rectangle and clips to it. Reuses the lines of the last Measure if they fit the
+    /// rectangle's width. Restores the context's state.
     void Draw(HDC hdc, const RECT& rect);
 
-    /// A text that shows exactly the given one.
+    /// Returns markup that displays exactly the given text.
     static CString Escape(const CString& text);
 
 private:

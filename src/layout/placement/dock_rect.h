@@ -4,11 +4,12 @@
 
 namespace DUI::layout {
 
-/// Cuts the part that is docked at an edge off the free rectangle. `sides` are extended-style bits, of which
-/// the first of left, right, top and bottom counts; without one the part is empty and nothing is cut off.
+/// Cuts the part docked at an edge off the free rectangle and returns it. `sides` are extended-style bits, of
+/// which the first of left, right, top and bottom applies; without one, the part is empty and nothing is cut
+/// off.
 RECT CutDocked(RECT& free, DWORD sides, SIZE wanted);
 
-/// All of the free rectangle, which is used up.
+/// Returns the whole free rectangle and empties it.
 RECT CutAll(RECT& free);
 
 }  // namespace DUI::layout

@@ -8,31 +8,31 @@
 
 namespace DUI::layout {
 
-/// A child's place along the axis of the container that lines it up, in pixels.
+/// A child's position and length along the axis of its container, in pixels.
 struct Span {
     LONGLONG start = 0;
     LONGLONG length = 0;
 };
 
-/// The line that is handed out: where it starts, its length, and the gap between neighbours.
+/// The line to be divided: its start, its length, and the gap between neighbours.
 struct Line {
     LONGLONG start = 0;
     LONGLONG length = 0;
     int gap = 0;
 };
 
-/// Hands out a line among children: to each what it asks for, to the flexible ones equal shares of the rest.
-/// `spans`, a range of Span or of what derives from it, gets their places; the result is the length of all of
-/// them with the gaps between. `ask(span, available)` says what a child asks of the length that is still left
-/// for it; 0 makes it flexible. Every child is asked to find the share, and once more when that has changed
-/// what is left.
+/// Divides a line among children: each gets the length that it asks for, and flexible children share the rest
+/// equally. The results are stored in `spans`, a range of Span or of a derived class; returns the total
+/// length including gaps. `ask(span, available)` returns the length that a child asks for, given the length
+/// still available; 0 makes it flexible. Every child is asked once to compute the share, and again if that
+/// has changed the available length.
 template <class Spans, class Ask>
 LONGLONG DivideLine(const Line& line, Spans& spans, const Ask& ask)
 {
     using geometry::Narrow;
     if (std::empty(spans))
         return 0;
-    // Until a child is placed, its span holds what it was offered and what it asked for.
+    // Until a child is placed, its span holds the length it was offered and the length it asked for.
     LONGLONG rest = line.length;
     LONGLONG flexible = 0;
     for (auto& span : spans) {
@@ -56,7 +56,7 @@ LONGLONG DivideLine(const Line& line, Spans& spans, const Ask& ask)
     return used - line.gap;
 }
 
-/// Lengthens the last child to the end of the line that the children, this long together, do not fill.
+/// Extends the last child to the end of the line if the children, of total length `length`, do not fill it.
 template <class Spans>
 void FillLine(const Line& line, Spans& spans, LONGLONG length)
 {

@@ -97,8 +97,8 @@ private:
         BYTE topByte;
     };
 
-    // A sixth of the hue circle: 0 the bottom, 1 between, 2 the top for each channel, and the distance, 0 to
-    // 60, of the one between, as sign * (hue + shift) + start in the order of CHLSColor's operations.
+    // A sixth of the hue circle. For each channel: 0 bottom, 1 between, 2 top. The position of the middle
+    // channel, 0 to 60, is sign * (hue + shift) + start, computed in the order of CHLSColor's operations.
     struct Part {
         BYTE red, green, blue;
         double sign, shift, start;

@@ -10,7 +10,7 @@ struct Encoding {
     int codePage;
 };
 
-// The registered character-set names and their common aliases, lower-cased and sorted, with their code pages.
+// Registered character-set names and common aliases, in lower case and sorted, with their code pages.
 // clang-format off
 constexpr Encoding kEncodings[] = {
     {"437", 437}, {"850", 850}, {"852", 852}, {"855", 855}, {"857", 857}, {"858", 858}, {"860", 860},

@@ -10,8 +10,8 @@ struct Entity {
     unsigned character;
 };
 
-// The character entities of HTML 4 and "apos", by lower-cased name. Of two names that differ only in letter
-// case the one with a capital is kept.
+// The character entities of HTML 4 and "apos", by lower-case name. If two names differ only in case, the
+// capitalised one is kept.
 // clang-format off
 constexpr Entity kEntities[] = {
     {"aacute", 193}, {"acirc", 194}, {"acute", 180}, {"aelig", 198}, {"agrave", 192}, {"alefsym", 8501},

@@ -8,8 +8,8 @@
 
 namespace DUI {
 
-/// Adds events to a result log: one empty element each, named by the event's word. A log that is longer than
-/// 999 bytes takes no more.
+/// Appends events to a result log: one empty element each, with the event's word as name. A log longer than
+/// 999 bytes accepts no further events.
 class XmlLog {
 public:
     struct Attribute {

@@ -8,7 +8,7 @@
 namespace DUI {
 namespace {
 
-// The position behind the next `what`; npos when there is none.
+// Returns the position after the next `what`, or npos if there is none.
 std::size_t Behind(std::string_view text, std::string_view what, std::size_t at)
 {
     const std::size_t found = text.find(what, at);
@@ -81,7 +81,7 @@ void CXmlDocument::Parser::SkipTo(std::string_view end, std::size_t openerLength
     m_at = std::min(behind, m_text.size());
 }
 
-// The internal subset stands in brackets and may hold tags, quotations and comments of its own.
+// The internal subset is in brackets and may contain tags, quotations and comments.
 void CXmlDocument::Parser::SkipDocumentType()
 {
     int depth = 0;

@@ -10,15 +10,15 @@
 
 namespace DUI {
 
-/// Builds the index of a document in one pass over its text. Time and memory are linear in the text whatever
-/// it holds, and nothing recurses.
+/// Builds the index of a document in one pass over its text. Takes linear time and memory for any input;
+/// nothing is recursive.
 class CXmlDocument::Parser {
 public:
     explicit Parser(CXmlDocument& document);
     void Run();
 
 private:
-    /// An open element, and the last of its children so far.
+    /// An open element and its last child so far.
     struct Level {
         std::uint32_t element;
         std::uint32_t lastChild;
@@ -35,7 +35,7 @@ private:
     void CloseUnended(std::size_t end);
     void Leave();
     void CheckRoot();
-    /// Logs a problem where the parser stands and marks the document.
+    /// Logs a problem at the current position and marks the document as ill-formed.
     void Report(const char* word);
     void Report(const char* word, std::string_view tag, std::size_t offset);
 
@@ -45,8 +45,8 @@ private:
     XmlLog m_log;
     std::size_t m_at = 0;
     std::vector<Level> m_levels;  // the document first, the innermost open element last
-    // How many elements of each name are open. Kept only once an end tag has not matched the innermost
-    // element.
+    // The number of open elements of each name. Maintained only after an end tag has failed to match the
+    // innermost element.
     std::unordered_map<std::string_view, std::size_t> m_openNames;
     bool m_countsNames = false;
 };

@@ -2,7 +2,7 @@
 
 namespace DUI {
 
-// Stray punctuation between attributes is passed over, quotations whole.
+// Skips stray punctuation between attributes; quotations are skipped as a whole.
 std::size_t SkipXmlStrays(std::string_view tag, std::size_t at)
 {
     while (at < tag.size() && IsXml(tag[at], kXmlNameEnd))

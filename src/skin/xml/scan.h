@@ -1,6 +1,6 @@
 #pragma once
 
-// The characters of markup, and the attributes of one tag.
+// Character classes of markup, and reading of the attributes of a tag.
 
 #include <array>
 #include <cstddef>
@@ -11,7 +11,7 @@ namespace DUI {
 enum XmlCharacterClass : unsigned char {
     kXmlBlank = 1,
     kXmlNameEnd = 2,
-    kXmlTagStop = 4,  // ends a tag, or starts a quotation that may hold anything
+    kXmlTagStop = 4,  // ends a tag, or starts a quotation that may contain any character
 };
 
 constexpr std::array<unsigned char, 256> MakeXmlClasses()
@@ -46,7 +46,7 @@ inline std::size_t SkipXmlName(std::string_view text, std::size_t at)
     return at;
 }
 
-/// Up to a bracket or a quote.
+/// Skips to the next bracket or quote.
 inline std::size_t SkipXmlTagText(std::string_view text, std::size_t at)
 {
     while (at < text.size() && !IsXml(text[at], kXmlTagStop))
@@ -64,24 +64,24 @@ inline bool IsXmlQuote(char character)
     return character == '"' || character == '\'';
 }
 
-/// The position behind the quotation that starts at `at`; the text's end for one that does not end.
+/// Returns the position after the quotation that starts at `at`, or the text's end for an unterminated one.
 inline std::size_t XmlQuotationEnd(std::string_view text, std::size_t at)
 {
     const std::size_t close = text.find(text[at], at + 1);
     return close == std::string_view::npos ? text.size() : close + 1;
 }
 
-/// Views into the tag; the value is still escaped, and empty for an attribute without "=".
+/// Views into the tag. The value is not unescaped; it is empty for an attribute without "=".
 struct XmlAttribute {
     std::string_view name;
     std::string_view value;
-    std::size_t end = 0;  // the position behind the attribute
+    std::size_t end = 0;  // the position after the attribute
 };
 
 std::size_t SkipXmlStrays(std::string_view tag, std::size_t at);
 
-/// Reads the first attribute at or behind `position`; `tag` is a tag without its closing bracket. False at
-/// its end.
+/// Reads the first attribute at or after `position`; `tag` is a tag without its closing bracket. Returns
+/// false if there is none.
 inline bool ReadXmlAttribute(std::string_view tag, std::size_t position, XmlAttribute& attribute)
 {
     std::size_t at = SkipXmlBlanks(tag, position);
@@ -108,7 +108,7 @@ inline bool ReadXmlAttribute(std::string_view tag, std::size_t position, XmlAttr
     return true;
 }
 
-/// The value of the first attribute of that name; empty when there is none. Not unescaped.
+/// Returns the value, not unescaped, of the first attribute with that name, or an empty view.
 std::string_view FindXmlAttribute(std::string_view tag, std::string_view name);
 
 }  // namespace DUI

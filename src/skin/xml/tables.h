@@ -5,10 +5,10 @@
 
 namespace DUI {
 
-/// The character of an entity name in lower case; 0 for an unknown name.
+/// Returns the character of an entity name in lower case, or 0 for an unknown name.
 unsigned FindXmlEntity(std::string_view lowerName);
 
-/// The code page of an encoding name: 0, the system's, for an empty name; -1 for an unknown one.
+/// Returns the code page of an encoding name: 0 (the system's) for an empty name, -1 for an unknown one.
 int FindCodePage(std::string_view encoding);
 
 }  // namespace DUI

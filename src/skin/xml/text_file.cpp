@@ -1,4 +1,4 @@
-// Reading a text file in whatever encoding it is in.
+// Reads text files in any supported encoding.
 
 #include <algorithm>
 #include <cstdio>
@@ -58,7 +58,7 @@ std::string LowerAscii(std::string_view text)
     return lower;
 }
 
-// The character set in an HTML head: <meta http-equiv="Content-Type" content="text/html; charset=...">.
+// Finds the character set in an HTML head: <meta http-equiv="Content-Type" content="text/html; charset=...">.
 std::string HtmlCharset(std::string_view start)
 {
     constexpr std::string_view kCharset = "charset=";
@@ -79,7 +79,7 @@ std::string HtmlCharset(std::string_view start)
     return {};
 }
 
-// The encoding that the text itself names.
+// Returns the encoding that the text declares.
 std::string DeclaredEncoding(std::string_view start)
 {
     constexpr std::string_view kDeclaration = "<?xml";
@@ -94,7 +94,8 @@ bool IsUtf8(const std::string& bytes)
                                                 static_cast<int>(bytes.size()), nullptr, 0) > 0;
 }
 
-// Encodings of more than 8 bits. A text that was read byte by byte cannot be in one, whatever it says.
+// Encodings with units of more than 8 bits. A text that was detected as 8-bit cannot use one, whatever it
+// declares.
 bool IsWide(int codePage)
 {
     constexpr int kWide[] = {1200, 1201, 12000, 12001, 65005, 65006};
@@ -148,7 +149,7 @@ CString FromEightBit(std::string bytes, std::string encoding, XmlLog& log)
     }
     const int codePage = FindCodePage(encoding);
     const auto target = static_cast<int>(GetACP());
-    // An unknown encoding never converts; an empty one stands for the system's.
+    // An unknown encoding is not converted; an empty name means the system code page.
     if (codePage <= 0 || codePage == target || IsWide(codePage) || bytes.empty())
         return CString(std::move(bytes));
     const int length = static_cast<int>(bytes.size());
@@ -160,7 +161,7 @@ CString FromEightBit(std::string bytes, std::string encoding, XmlLog& log)
     }
     WideText wide(static_cast<std::size_t>(size), WCHAR());
     MultiByteToWideChar(static_cast<UINT>(codePage), 0, bytes.data(), length, wide.data(), size);
-    // Some encodings write characters, zero among them, as other bytes.
+    // In some encodings other bytes than 0 convert to null characters.
     if (const std::size_t nulls = std::erase(wide, WCHAR()); nulls > 0)
         log.Add("nulls_removed", {{"count", nulls}});
     log.Add("converted_to", {{"encoding", std::to_string(target)}, {"length", wide.size()}});

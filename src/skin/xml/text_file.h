@@ -6,8 +6,8 @@
 
 namespace DUI {
 
-/// The text of a file's bytes in the system code page. What was done is added to the log `result`, and the
-/// bits of a byte-order mark to `flags`.
+/// Converts the bytes of a file to text in the system code page. Appends to the log `result`, and adds the
+/// bits for a byte-order mark to `flags`.
 CString DecodeXmlText(std::string bytes, CString& result, int& flags);
 
 }  // namespace DUI

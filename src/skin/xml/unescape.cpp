@@ -1,4 +1,4 @@
-// Character references and entities.
+// Resolves character references and entities.
 
 #include <algorithm>
 #include <string>
@@ -14,7 +14,7 @@ constexpr std::size_t kLongestName = 9;
 constexpr unsigned kFirstPairCharacter = 0x10000;
 constexpr unsigned kLastCharacter = 0x10FFFF;
 
-// The value of a digit; 99 for anything else.
+// Returns the value of a digit, or 99 for any other character.
 unsigned DigitOf(char character)
 {
     if (character >= '0' && character <= '9')
@@ -35,7 +35,7 @@ unsigned NumberedCharacter(std::string_view digits, unsigned base)
     return value;
 }
 
-// The character that the text between "&" and ";" names; 0 for none.
+// Returns the character that the text between "&" and ";" denotes, or 0 if there is none.
 unsigned ReferencedCharacter(std::string_view name)
 {
     if (name.substr(0, 2) == "#x" || name.substr(0, 2) == "#X")
@@ -53,13 +53,13 @@ bool IsHalfPair(unsigned character)
     return character >= 0xD800 && character < 0xE000;
 }
 
-// Appends the character in the system code page; false when the code page lacks it.
+// Appends a character in the system code page. Returns false if the code page lacks it.
 bool AppendCharacter(unsigned character, std::string& text)
 {
     if (character == 0 || IsHalfPair(character))
         return false;
     if (character < 0x80) {
-        // The same in every system code page.
+        // ASCII is the same in every system code page.
         text += static_cast<char>(character);
         return true;
     }
@@ -72,7 +72,7 @@ bool AppendCharacter(unsigned character, std::string& text)
     }
     char bytes[16];
     BOOL usedDefault = FALSE;
-    // The UTF-8 conversion knows no default character and refuses to be asked for it.
+    // WideCharToMultiByte rejects a default-character argument for UTF-8.
     const bool canAsk = GetACP() != CP_UTF8;
     const int length = WideCharToMultiByte(CP_ACP, 0, units, count, bytes, static_cast<int>(sizeof bytes),
                                            nullptr, canAsk ? &usedDefault : nullptr);
@@ -82,7 +82,7 @@ bool AppendCharacter(unsigned character, std::string& text)
     return true;
 }
 
-// The length of the name behind an "&", when a ";" ends it soon enough; npos otherwise.
+// Returns the length of the name after an "&" if a ";" ends it within the limit, otherwise npos.
 std::size_t NameLength(std::string_view text)
 {
     for (std::size_t length = 0; length <= kLongestName && length < text.size(); ++length) {
@@ -104,7 +104,7 @@ CString UnescapeXml(std::string_view text)
     std::string result;
     result.reserve(text.size());
     std::size_t copied = 0;
-    // No character of a multibyte code page has an "&" behind its first byte.
+    // "&" is not a trail byte in any multibyte code page.
     for (; ampersand != std::string_view::npos; ampersand = text.find('&', ampersand + 1)) {
         const std::size_t length = NameLength(text.substr(ampersand + 1));
         if (length == std::string_view::npos)

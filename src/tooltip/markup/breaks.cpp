@@ -8,7 +8,8 @@
 namespace DUI::html {
 namespace {
 
-// Closing brackets and quotes, marks that belong to the character before them, small kana. In order.
+// Characters that must not begin a line: closing brackets and quotes, trailing punctuation, small kana.
+// Sorted.
 constexpr char32_t kNeverFirst[] = {
     U'!',   U'"',   U'%',   U'\'',  U')',   U',',   U'.',   U':',   U';',   U'?',   U']',   U'}',   0x2019,
     0x201D, 0x2025, 0x2026, 0x3001, 0x3002, 0x3005, 0x3009, 0x300B, 0x300D, 0x300F, 0x3011, 0x3015, 0x3017,
@@ -16,7 +17,7 @@ constexpr char32_t kNeverFirst[] = {
     0x30A3, 0x30A5, 0x30A7, 0x30A9, 0x30C3, 0x30E3, 0x30E5, 0x30E7, 0x30EE, 0x30F5, 0x30F6, 0x30FB, 0x30FC,
     0x30FD, 0x30FE, 0xFF01, 0xFF05, 0xFF09, 0xFF0C, 0xFF0E, 0xFF1A, 0xFF1B, 0xFF1F, 0xFF3D, 0xFF5D, 0xFF5E,
 };
-// Opening brackets and quotes. In order.
+// Characters that must not end a line: opening brackets and quotes. Sorted.
 constexpr char32_t kNeverLast[] = {
     U'(',   U'[',   U'{',   0x2018, 0x201C, 0x3008, 0x300A, 0x300C,
     0x300E, 0x3010, 0x3014, 0x3016, 0xFF08, 0xFF3B, 0xFF5B,
@@ -30,7 +31,7 @@ bool IsIdeograph(char32_t character)
         char32_t first;
         char32_t last;
     };
-    // Hangul is written with spaces and breaks at them.
+    // Hangul is not included, because it is written with spaces and breaks at them.
     static constexpr Range kRanges[] = {
         {0x2E80, 0xA4CF}, {0xF900, 0xFAFF}, {0xFE30, 0xFE4F}, {0xFF00, 0xFFEF}, {0x20000, 0x3FFFF},
     };

@@ -9,7 +9,7 @@
 
 namespace DUI::html {
 
-/// The fonts that styles call for, made when they are first needed.
+/// The fonts of all styles, created on first use.
 class FontSet {
 public:
     FontSet() = default;
@@ -17,28 +17,28 @@ public:
     FontSet& operator=(const FontSet&) = delete;
     ~FontSet() { Clear(); }
 
-    /// What styles change; the fonts made from another base are deleted, so none of them may be selected.
-    /// True when it was another one.
+    /// Sets the font that styles modify, and deletes the fonts made from another one, none of which may be
+    /// selected. Returns whether the base has changed.
     bool SetBase(const LOGFONTA& base);
-    /// Borrowed until the base changes. When a text calls for too many fonts it gets the last of them again.
+    /// Not owned; valid until the base changes. Returns the last font created if a text needs too many fonts.
     HFONT Get(const Style& style);
 
 private:
     void Clear();
 
     LOGFONTA m_base{};
-    std::map<Style, HFONT> m_fonts;  // colour and alignment left out
+    std::map<Style, HFONT> m_fonts;  // key without colour and alignment
     HFONT m_last = nullptr;
 };
 
-/// Measures a document's text in a device context, whose state is as before when it goes.
+/// Measures a document's text in a device context, whose state is restored on destruction.
 class ContextRuler : public Ruler {
 public:
     ContextRuler(HDC hdc, FontSet& fonts, const Document& document);
     ContextRuler(const ContextRuler&) = delete;
     ContextRuler& operator=(const ContextRuler&) = delete;
 
-    /// Selects a style's font into the context.
+    /// Selects the font of a style into the context.
     void Select(int style);
 
     int Width(int style, std::string_view text) override;

@@ -33,7 +33,8 @@ std::optional<COLORREF> BasicColor(const CString& name)
     return std::nullopt;
 }
 
-/// The colour that a tag names: a literal, one of the skin's, a basic one, or else the surrounding text's.
+/// Returns the colour that a tag names: a literal, a skin colour or a basic colour; otherwise the surrounding
+/// text's.
 COLORREF ColorOf(const std::string& text, COLORREF ordinary)
 {
     if (text.empty())
@@ -54,7 +55,7 @@ HFONT SkinFont()
     return static_cast<HFONT>(GetStockObject(DEFAULT_GUI_FONT));
 }
 
-/// The caller's context, or the screen's when it has none.
+/// Holds the caller's context, or the screen's if it is null.
 class Context {
 public:
     explicit Context(HDC hdc) : m_hDC(hdc ? hdc : GetDC(nullptr)), m_isScreen(!hdc) {}

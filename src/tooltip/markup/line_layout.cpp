@@ -15,7 +15,7 @@ constexpr std::size_t kLongestAtom = 64;   // characters measured at a time
 constexpr std::size_t kLongestBox = 1024;  // bytes drawn at a time
 constexpr int kRuleHeight = 9;
 
-/// What is never divided unless it is longer than a line.
+/// A unit that is not split unless it is longer than a line.
 struct Atom {
     const Piece* piece = nullptr;
     std::string_view text;
@@ -30,10 +30,10 @@ std::size_t LengthOfFirst(std::string_view text)
     return static_cast<std::size_t>(CharacterLength(text.data(), text.data() + text.size()));
 }
 
-/// Cuts the text of successive pieces into atoms; a word may go on from one piece to the next.
+/// Splits the text of successive pieces into atoms; a word may continue in the next piece.
 class AtomCutter {
 public:
-    /// The first atom of a piece's remaining text.
+    /// Returns the first atom of a piece's remaining text.
     Atom Cut(const Piece& piece, std::string_view rest)
     {
         Atom atom;
@@ -55,7 +55,7 @@ public:
         return atom;
     }
 
-    /// Behind something that is no text, or at the start of a line.
+    /// Call after an element that is not text, or at the start of a line.
     void Restart(char32_t last) { m_last = last; }
     char32_t Last() const { return m_last; }
 
@@ -129,7 +129,7 @@ private:
         atom.mayBreakBefore = m_cutter.Last() != 0;
         if (piece.kind == PieceKind::Image)
             atom.width = m_ruler.Image(piece.text, piece.number).cx;
-        // Text may break behind it as behind an ideograph.
+        // A line may break after an image as after an ideograph.
         m_cutter.Restart(U'\u4E00');
         AddAtom(atom);
     }
@@ -163,8 +163,8 @@ private:
             Append(atom);
     }
 
-    /// Puts what fits of a word that is longer than a line on this line and leaves the rest; false when the
-    /// whole atom must stand here, fitting or not.
+    /// Places as much of a word that is longer than a line as fits, and leaves the rest in `atom`. Returns
+    /// false if the whole atom must be placed on this line, even if it does not fit.
     bool AddPart(Atom& atom)
     {
         std::size_t fitting = FittingPart(atom);
@@ -187,7 +187,7 @@ private:
         return true;
     }
 
-    /// The bytes of the most characters that fit on the line.
+    /// Returns the length in bytes of the characters that fit on the line.
     std::size_t FittingPart(const Atom& atom)
     {
         std::vector<std::size_t> ends{0};
@@ -215,7 +215,7 @@ private:
         m_cutter.Restart(0);
     }
 
-    /// Ends the line before one of its atoms; that and the following ones begin the next line.
+    /// Ends the line before one of its atoms; that atom and the following ones begin the next line.
     void WrapLine(std::size_t count)
     {
         std::vector<Atom> carried(m_line.begin() + static_cast<std::ptrdiff_t>(count), m_line.end());
@@ -249,8 +249,8 @@ private:
         m_lastBreak = 0;
     }
 
-    /// Makes one box of neighbouring atoms of one style, so that they are shaped and drawn as one text. For
-    /// now a box's rectangle holds the gap before it and its atoms' width.
+    /// Combines adjacent atoms of one style into a box, so that they are shaped and drawn as one text. Until
+    /// the boxes are placed, a box's rectangle holds the gap before it and the width of its atoms.
     void JoinAtoms()
     {
         int end = 0;
@@ -273,7 +273,7 @@ private:
     void PlaceAcross(Line& line)
     {
         for (Box& box : m_layout.BoxesOf(line)) {
-            // A joined text need not be as wide as its atoms together.
+            // The width of a combined text may differ from the sum of its atoms' widths.
             const LONG width = box.kind == PieceKind::Text ? m_ruler.Width(box.style, box.text)
                                                            : box.rect.right - box.rect.left;
             box.rect.left += line.width;
@@ -317,7 +317,7 @@ private:
     Layout m_layout;
     AtomCutter m_cutter;
     std::vector<Atom> m_line;
-    std::size_t m_lastBreak = 0;  // the last atom of the line that may begin the next one; 0: none
+    std::size_t m_lastBreak = 0;  // index of the last atom of the line that may begin the next one, 0: none
     int m_x = 0;
     int m_top = 0;
     int m_indent = 0;

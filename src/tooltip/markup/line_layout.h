@@ -9,12 +9,12 @@
 
 #include "tooltip/markup/parser.h"
 
-/// From pieces to places: pure arithmetic on what a Ruler measures.
+/// Line layout: turns parsed pieces into positioned boxes; text extents come from a Ruler.
 namespace DUI::html {
 
 struct LineMetrics {
     int height = 0;
-    int ascent = 0;  // from the top to the base line
+    int ascent = 0;  // from the top to the baseline
 };
 
 /// Measures in pixels; `style` is an index into the document's styles.
@@ -23,17 +23,17 @@ public:
     virtual ~Ruler() = default;
     virtual int Width(int style, std::string_view text) = 0;
     virtual LineMetrics Metrics(int style) = 0;
-    /// 0×0 for an image that is not there.
+    /// Returns 0×0 for a missing image.
     virtual SIZE Image(const std::string& name, int index) = 0;
 };
 
-/// Something to draw. A rule has no width: it spans what is drawn on.
+/// An element to draw. A rule has no width: it spans the drawing area.
 struct Box {
     PieceKind kind = PieceKind::Text;  // Text, Image or Rule
     int style = 0;
     std::string text;
     int number = 0;
-    RECT rect{};  // as if its line began at the left edge
+    RECT rect{};  // for a line that starts at the left edge
 };
 
 struct Line {
@@ -44,7 +44,7 @@ struct Line {
     int height = 0;
     bool isCentered = false;
 
-    /// How far its boxes stand from the left edge of a space that is `width` pixels wide.
+    /// Returns the offset of its boxes from the left edge of an area `space` pixels wide.
     int Shift(int space) const { return isCentered && space > width ? (space - width) / 2 : 0; }
 };
 
@@ -65,9 +65,9 @@ struct Layout {
     }
 };
 
-/// Fills lines up to `maxWidth` pixels. A line ends where MayBreakBetween allows it, and inside a word only
-/// when the word is longer than a line. Spaces that end a line take no room. Lines that would begin at or
-/// below `maxHeight` are left out.
+/// Fills lines up to `maxWidth` pixels. A line breaks where MayBreakBetween allows it, and inside a word only
+/// if the word is longer than a line. Spaces at the end of a line take no room. Lines that would begin at or
+/// below `maxHeight` are omitted.
 Layout LayOut(const Document& document, Ruler& ruler, int maxWidth, int maxHeight);
 
 }  // namespace DUI::html

@@ -11,10 +11,10 @@
 namespace DUI::html {
 namespace {
 
-// Longer tags are text, so that a missing end costs a bounded search.
+// Longer tags are treated as text, which limits the search for a missing end.
 constexpr std::size_t kLongestTag = 1024;
 constexpr std::size_t kLongestEntity = 12;
-constexpr std::size_t kLongestName = 64;  // of a face or a colour
+constexpr std::size_t kLongestName = 64;  // of a face or colour name
 constexpr int kLargestFont = 96;
 constexpr int kSmallestFont = 8;
 constexpr int kWidestIndent = 2000;
@@ -59,7 +59,7 @@ struct Tag {
     TagKind kind = TagKind::Bold;
     bool isEnd = false;
     std::vector<Attribute> attributes;
-    std::size_t length = 0;  // from its '<' to behind its '>'
+    std::size_t length = 0;  // from its '<' to after its '>'
 
     std::string_view Value(std::string_view name) const
     {
@@ -70,12 +70,12 @@ struct Tag {
     }
 };
 
-/// Reads one tag from the text that begins with its '<'.
+/// Reads a tag from a text that begins with its '<'.
 class TagReader {
 public:
     explicit TagReader(std::string_view text) : m_text(text.substr(0, std::min(text.size(), kLongestTag))) {}
 
-    /// Nothing for an unknown tag and for one without an end: both are text.
+    /// Returns nothing for an unknown or unterminated tag; both are treated as text.
     std::optional<Tag> Read()
     {
         Tag tag;
@@ -86,7 +86,7 @@ public:
         if (!kind || !(IsBlank(Next()) || Next() == '>' || Next() == '/' || Next() == '='))
             return std::nullopt;
         tag.kind = *kind;
-        // <ind=40>: the tag's own name is the attribute.
+        // In <ind=40> the tag's own name is the attribute.
         if (Next() == '=')
             m_at -= name.size();
         while (!Skip('>')) {
@@ -164,7 +164,7 @@ private:
     std::size_t m_at = 0;
 };
 
-/// The number that is the whole text.
+/// Reads a number that is the whole text.
 std::optional<int> Number(std::string_view text, int base)
 {
     int value = 0;
@@ -174,7 +174,7 @@ std::optional<int> Number(std::string_view text, int base)
     return value;
 }
 
-/// The number that the text begins with, as in "16px".
+/// Reads the number at the start of the text, as in "16px".
 std::optional<int> LeadingNumber(std::string_view text)
 {
     if (text.starts_with('+'))
@@ -185,7 +185,7 @@ std::optional<int> LeadingNumber(std::string_view text)
     return value;
 }
 
-/// A code point in the system code page; nothing for what is no character.
+/// Converts a code point to the system code page. Returns an empty text for an invalid character.
 std::string Encode(int codePoint)
 {
     if (codePoint == 0xA0)
@@ -207,7 +207,7 @@ std::string Encode(int codePoint)
 
 struct Entity {
     std::string text;
-    std::size_t length = 0;  // from '&' to behind ';'; 0: no entity
+    std::size_t length = 0;  // from '&' to after ';'; 0: not an entity
 };
 
 Entity ReadEntity(std::string_view text)
@@ -233,13 +233,14 @@ Entity ReadEntity(std::string_view text)
     return encoded.empty() ? Entity{} : Entity{std::move(encoded), end + 1};
 }
 
-/// Collects pieces. What is open is counted, so tags may overlap and end tags without a start do nothing.
+/// Collects pieces. Open tags are counted, so tags may overlap, and end tags without a start tag have no
+/// effect.
 class Builder {
 public:
     Document Take()
     {
         Flush();
-        // An empty document has a line height, too.
+        // Adds a style, because an empty document also has a line height.
         StyleIndex();
         return std::move(m_document);
     }
@@ -250,7 +251,8 @@ public:
         m_isAtBlockEdge = false;
     }
 
-    /// A line break in the source; one beside a rule or a centred part belongs to the source's own layout.
+    /// A line break in the source. Ignored beside a rule or a centred block, where it only formats the
+    /// source.
     void NewLine()
     {
         if (!std::exchange(m_isAtBlockEdge, false))
@@ -403,10 +405,10 @@ private:
     Document m_document;
     std::string m_text;
     Style m_style;
-    int m_current = -1;  // m_style's index; -1: not looked up yet
+    int m_current = -1;  // m_style's index; -1: not determined yet
     bool m_isAtBlockEdge = false;
     std::map<Style, int> m_known;
-    std::vector<Font> m_fonts;  // what each open <font> replaced
+    std::vector<Font> m_fonts;  // the font replaced by each open <font>
     int m_bold = 0;
     int m_italic = 0;
     int m_underline = 0;
@@ -414,7 +416,7 @@ private:
     int m_center = 0;
 };
 
-/// One character that is not markup.
+/// Adds one character that is not markup.
 std::size_t AddCharacter(Builder& builder, std::string_view text)
 {
     const char c = text.front();

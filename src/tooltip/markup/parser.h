@@ -5,10 +5,10 @@
 #include <string_view>
 #include <vector>
 
-/// The markup of tooltips as a list of pieces. It knows nothing of fonts and pixels.
+/// Parses tooltip markup into a list of pieces, independent of fonts and pixels.
 namespace DUI::html {
 
-/// How text looks; the drawer's own font and colour where a field says nothing.
+/// Text attributes. Unset fields mean the drawer's own font and colour.
 struct Style {
     bool isBold = false;
     bool isItalic = false;
@@ -16,7 +16,7 @@ struct Style {
     bool isStruckOut = false;
     bool isCentered = false;
     int size = 0;      // em size in pixels; 0: the drawer's own
-    int sizeStep = 0;  // pixels larger than that
+    int sizeStep = 0;  // added to the size, in pixels
     std::string face;
     std::string color;  // as written
 
@@ -26,7 +26,7 @@ struct Style {
 enum class PieceKind {
     Text,
     LineBreak,
-    BlockBreak,  // ends the line unless nothing stands on it
+    BlockBreak,  // ends the line unless it is empty
     Rule,
     Image,
     Indent,
@@ -35,8 +35,8 @@ enum class PieceKind {
 struct Piece {
     PieceKind kind = PieceKind::Text;
     int style = 0;     // index into Document::styles
-    std::string text;  // in the system code page, or the image's name
-    int number = 0;    // the image's icon, the indent's column in pixels
+    std::string text;  // text in the system code page, or the image's name
+    int number = 0;    // the image's icon index, or the indent's column in pixels
 };
 
 struct Document {
@@ -44,10 +44,10 @@ struct Document {
     std::vector<Piece> pieces;
 };
 
-/// Stands for a no-break space in the text of pieces, since not every code page has one.
+/// Represents a no-break space in the text of pieces, because not every code page has one.
 inline constexpr char kNoBreakSpace = '\x01';
 
-/// Never fails: what is no markup is text. Takes time in proportion to the text's length, whatever it holds.
+/// Parses markup. Never fails: invalid markup is text. Takes linear time for any input.
 Document ParseMarkup(std::string_view text);
 
 }  // namespace DUI::html
