@@ -14,6 +14,7 @@
 
 #include "support/message_log.h"
 #include "support/test_files.h"
+#include "support/transcript.h"
 
 namespace qvui::test {
 namespace {
@@ -314,21 +315,7 @@ std::string Script::Run(const std::string& text)
 
 void Script::Check(const std::string& file)
 {
-    const std::string path = TestFile("platform/" + file);
-    std::stringstream script;
-    script << std::ifstream(path, std::ios::binary).rdbuf();
-    std::string expected = script.str();
-    std::erase(expected, '\r');
-    const std::string text = Run(expected);
-    if (std::getenv("QVUI_UPDATE_SCENARIOS"))
-        std::ofstream(path, std::ios::binary) << text;
-    std::istringstream was(expected), is(text);
-    int number = 0;
-    for (std::string expectedLine, line; ++number, std::getline(is, line);) {
-        std::getline(was, expectedLine);
-        ASSERT_EQ(line, expectedLine) << file << ", line " << number;
-    }
-    EXPECT_EQ(text, expected) << file;
+    ExpectTranscript("platform/" + file, [this](const std::string& script) { return Run(script); });
 }
 
 std::string Quoted(const std::string& text)
