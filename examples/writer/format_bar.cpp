@@ -71,6 +71,10 @@ void FormatBar::ApplySize(Document& document)
     if (m_isShowing || points <= 0 || points > kLargest)
         return;
     CHARFORMAT2A format{};
+    document.Editor().GetSelectionCharFormat(format);
+    if ((format.dwMask & CFM_SIZE) && format.yHeight == points * kTwips)
+        return;
+    format = {};
     format.dwMask = CFM_SIZE;
     format.yHeight = points * kTwips;
     document.ApplyFormat(format);

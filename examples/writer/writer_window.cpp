@@ -115,6 +115,10 @@ void WriterWindow::OnDUINotify(const DUI::tagDUINotify& notify, BOOL& bHandled)
         if (Document* const document = m_documents.Current())
             m_formats.ApplySize(*document);
         FocusEditor();
+    } else if (notify.nCode == DUI::DUINOTIFY_EDITNOTIFY && notify.wParam == EN_KILLFOCUS && name == "size") {
+        // A size that was typed counts when the field is left.
+        if (Document* const document = m_documents.Current())
+            m_formats.ApplySize(*document);
     } else if (notify.nCode == DUI::DUINOTIFY_EDITNOTIFY && IsEditorName(name)) {
         Refresh();
     }
