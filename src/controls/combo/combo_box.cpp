@@ -543,7 +543,8 @@ LRESULT CDUIComboBox::ProcessEvent(const tagDUIEvent& event, BOOL& bHandled)
     const ControlGuard keep(this);
     switch (event.Type) {
         case DUIEVENT_KILLFOCUS:
-            if (!event.pSender || (event.pSender != LabelPart() && event.pSender != GetEdit()))
+            if (!event.pSender || (event.pSender != LabelPart() && event.pSender != GetEdit()) ||
+                IsEditLeft(event.pSender))
                 HidePopup();
             break;
         case DUIEVENT_WINDOWSIZE:
@@ -584,6 +585,14 @@ LRESULT CDUIComboBox::ProcessEvent(const tagDUIEvent& event, BOOL& bHandled)
             break;
     }
     return bHandled ? 0 : CDUIControlBase::ProcessEvent(event, bHandled);
+}
+
+// Whether the edit part is what loses the focus: a control that asks for the focus takes it in the loser's
+// name.
+bool CDUIComboBox::IsEditLeft(const IDUIControl* sender)
+{
+    const CDUIRichEdit* const edit = GetEdit();
+    return edit && sender == edit && edit->GetFocus();
 }
 
 void CDUIComboBox::OnPress()

@@ -529,6 +529,11 @@ const std::map<std::string, Scenario::Command>& Scenario::Commands()
              text.Replace("\r", "|");
              s.m_text += "    says \"" + std::string(text.GetString()) + "\"\n";
          }},
+        {"open",  // whether the list of a combo box is
+         [](S s, A a) {
+             const bool isOpen = As<CDUIComboBox>(*s.m_window, ReadWord(a)).IsDroppedDown();
+             s.m_text += isOpen ? "    open\n" : "    closed\n";
+         }},
         {"shown",  // whether the native window of a text field is
          [](S s, A a) {
              const HWND field = As<CDUIEdit>(*s.m_window, ReadWord(a)).m_hWnd;

@@ -131,6 +131,7 @@ private:
     bool OnKey(WPARAM key);
     void OnCharacter(char byte);
     void OnPress();
+    bool IsEditLeft(const IDUIControl* sender);
 
     CRefPtr<CDUIListBox> m_pList;
     unsigned long m_dwComboStyle = 0;
