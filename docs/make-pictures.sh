@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # Makes the pictures in docs/pictures: the hello window on every display, and every page of the gallery in both
-# skins and languages. Builds what it needs first.
+# skins and languages, and the writer. Builds what it needs first.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 pictures=$PWD/docs/pictures
@@ -39,3 +39,5 @@ QVUI_DISPLAY=sdl hello native_sdl xvfb-run -a build/dev/bin/hello
 export WINEPREFIX=${WINEPREFIX:-$PWD/build/wine-prefix} WINEDEBUG=-all
 hello windows_wine xvfb-run -a wine build/windows/bin/hello.exe
 QVUI_DISPLAY=headless gallery build/dev/bin/gallery
+QVUI_DISPLAY=headless build/dev/bin/writer --screenshot "$scratch/writer.png" README.md >/dev/null
+convert "$scratch/writer.png" +dither -colors 256 "png8:$pictures/writer.png"
