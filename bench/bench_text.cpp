@@ -1,3 +1,8 @@
+#include <malloc.h>
+
+#include <algorithm>
+#include <chrono>
+
 #include <qvui/controls/text/rich_edit.h>
 
 #include "host_window.h"
@@ -101,11 +106,35 @@ void SetText(benchmark::State& state)
 {
     const std::string lines = Lines(10 * kMegabyte);
     Edit text;
+    const std::size_t before = mallinfo2().uordblks;
     for (auto _ : state) {
         text.edit.SetText(lines.c_str());
         text.window.PaintNow();
     }
+    // The control keeps the text in the system code page as well, which is not the engine's.
+    const auto used = static_cast<double>(mallinfo2().uordblks - before) - static_cast<double>(lines.size());
+    constexpr double kPerParagraph = 64;
+    const auto paragraphs = static_cast<double>(std::count(lines.begin(), lines.end(), '\n'));
+    state.counters["bytes_per_character_beyond_64_a_paragraph"] =
+        (used - kPerParagraph * paragraphs) / static_cast<double>(lines.size());
 }
+
+/// The longest of the steps that it is given, in milliseconds.
+class LongestStep {
+public:
+    template <class Step>
+    void Time(Step step)
+    {
+        const auto start = std::chrono::steady_clock::now();
+        step();
+        const std::chrono::duration<double, std::milli> time = std::chrono::steady_clock::now() - start;
+        m_longest = std::max(m_longest, time.count());
+    }
+    void Report(benchmark::State& state) const { state.counters["longest_step_ms"] = m_longest; }
+
+private:
+    double m_longest = 0;
+};
 
 template <QtText::Kind kKind>
 void SetTextQt(benchmark::State& state)
@@ -124,14 +153,21 @@ void HugeSteps(benchmark::State& state)
     Edit text;
     text.edit.SetText(Lines(100 * kMegabyte).c_str());
     text.window.PaintNow();
+    LongestStep longest;
     for (auto _ : state) {
-        text.edit.SetSel(0, 0);
-        text.Key(VK_NEXT);
-        const int length = text.edit.GetTextLength(0);
-        text.edit.SetSel(length, length);
-        text.edit.ScrollCaret();
-        text.Type('x');
+        longest.Time([&] {
+            text.edit.SetSel(0, 0);
+            text.Key(VK_NEXT);
+        });
+        longest.Time([&] {
+            const int length = text.edit.GetTextLength(0);
+            text.edit.SetSel(length, length);
+            text.edit.ScrollCaret();
+            text.window.PaintNow();
+        });
+        longest.Time([&] { text.Type('x'); });
     }
+    longest.Report(state);
 }
 
 void HugeStepsQt(benchmark::State& state)
@@ -139,13 +175,22 @@ void HugeStepsQt(benchmark::State& state)
     QtText widget(QtText::Kind::Plain);
     widget.SetText(Lines(100 * kMegabyte));
     widget.PaintNow();
+    LongestStep longest;
     for (auto _ : state) {
-        widget.PutCaretInMiddle();
-        widget.PaintNow();
-        widget.PutCaretAtEnd();
-        widget.Type('x');
-        widget.PaintNow();
+        longest.Time([&] {
+            widget.PutCaretInMiddle();
+            widget.PaintNow();
+        });
+        longest.Time([&] {
+            widget.PutCaretAtEnd();
+            widget.PaintNow();
+        });
+        longest.Time([&] {
+            widget.Type('x');
+            widget.PaintNow();
+        });
     }
+    longest.Report(state);
 }
 
 template <int kCharacters>
@@ -271,20 +316,36 @@ void WriteRtf(benchmark::State& state)
 
 constexpr int kMany = 1000;
 
-void ManyEdits(benchmark::State& state)
+void Many(benchmark::State& state, const char* control)
 {
     std::string content = R"(<tile_layout tile_size="38,18">)";
     for (int i = 0; i < kMany; ++i)
-        content += R"(<richedit text_style="normal" multiline="true"/>)";
+        content += control;
     content += "</tile_layout>";
     for (auto _ : state)
         HostWindow window({1000, 800}, content);
+}
+
+void ManyEdits(benchmark::State& state)
+{
+    Many(state, R"(<richedit text_style="normal" multiline="true"/>)");
 }
 
 void ManyQTextEdits(benchmark::State& state)
 {
     for (auto _ : state)
         ShowManyTexts(QtText::Kind::Rich, kMany);
+}
+
+void ManyFields(benchmark::State& state)
+{
+    Many(state, R"(<edit text_style="normal"/>)");
+}
+
+void ManyQLineEdits(benchmark::State& state)
+{
+    for (auto _ : state)
+        ShowManyFields(kMany);
 }
 
 BENCHMARK(Keystroke<10 * kKilobyte>)->Name("Keystroke10KB")->Unit(benchmark::kMicrosecond);
@@ -314,6 +375,8 @@ BENCHMARK(WriteRtf<5 * kMegabyte>)->Name("WriteRtf5MB")->Unit(benchmark::kMillis
 BENCHMARK(WriteRtf<10 * kMegabyte>)->Name("WriteRtf10MB")->Unit(benchmark::kMillisecond);
 BENCHMARK(ManyEdits)->Unit(benchmark::kMillisecond);
 BENCHMARK(ManyQTextEdits)->Unit(benchmark::kMillisecond);
+BENCHMARK(ManyFields)->Unit(benchmark::kMillisecond);
+BENCHMARK(ManyQLineEdits)->Unit(benchmark::kMillisecond);
 
 }  // namespace
 }  // namespace qvui::bench
@@ -336,6 +399,7 @@ int main(int argc, char** argv)
         {"ReadRtf10MB", "ReadRtf5MB", 2.2},
         {"WriteRtf10MB", "WriteRtf5MB", 2.2},
         {"ManyEdits", "ManyQTextEdits", 1.0},
+        {"ManyFields", "ManyQLineEdits", 1.0},
     });
     return 0;
 }

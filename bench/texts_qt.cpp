@@ -2,6 +2,7 @@
 
 #include <QGridLayout>
 #include <QKeyEvent>
+#include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QTextEdit>
 
@@ -105,6 +106,11 @@ void ShowMany(int count)
 void ShowManyTexts(QtText::Kind kind, int count)
 {
     kind == QtText::Kind::Rich ? ShowMany<QTextEdit>(count) : ShowMany<QPlainTextEdit>(count);
+}
+
+void ShowManyFields(int count)
+{
+    ShowMany<QLineEdit>(count);
 }
 
 }  // namespace qvui::bench

@@ -29,5 +29,7 @@ private:
 
 /// Makes a window with so many widgets in rows and shows it.
 void ShowManyTexts(QtText::Kind kind, int count);
+/// The same with fields of one line.
+void ShowManyFields(int count);
 
 }  // namespace qvui::bench

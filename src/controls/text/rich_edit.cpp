@@ -164,12 +164,17 @@ CDUIRichEdit::~CDUIRichEdit()
 void CDUIRichEdit::OnCreate()
 {
     const ControlGuard keep(this);
-    owned_scroll_bar::Open(m_pHorizontalSB, *this, owned_scroll_bar::kPlainBreadth);
-    owned_scroll_bar::Open(m_pVerticalSB, *this, owned_scroll_bar::kPlainBreadth);
+    if (m_pHorizontalSB.IsNull())
+        m_pHorizontalSB = owned_scroll_bar::Create<CDUIHorizontalSB>();
+    if (m_pVerticalSB.IsNull())
+        m_pVerticalSB = owned_scroll_bar::Create<CDUIVerticalSB>();
     const bool staysShown = (m_dwEditStyle & ES_DISABLENOSCROLL) != 0;
     for (CDUIScrollBarBase* bar : {ScrollBarOf(false), ScrollBarOf(true)})
+        // Before they join the window, which would be laid out for each.
         if (bar)
-            bar->SetVisible(staysShown);
+            bar->ModifyStyle(staysShown ? 0 : DUISTYLE_VISIBLE, staysShown ? DUISTYLE_VISIBLE : 0);
+    owned_scroll_bar::Open(m_pHorizontalSB, *this, owned_scroll_bar::kPlainBreadth);
+    owned_scroll_bar::Open(m_pVerticalSB, *this, owned_scroll_bar::kPlainBreadth);
     SetControlRect(GetControlRect());
     CREATESTRUCTA create{};
     create.style = static_cast<LONG>(m_dwEditStyle);
