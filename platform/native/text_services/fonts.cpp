@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <cmath>
+#include <string>
+#include <type_traits>
 
 namespace qvui::native {
 namespace {
@@ -13,6 +15,22 @@ constexpr int kLargestFont = 1000;
 constexpr double kScriptScale = 2.0 / 3.0;
 constexpr double kSuperscriptRise = 0.4;
 constexpr double kSubscriptDrop = 0.12;
+
+// Documents with the same format share its font: measuring one takes longer than all else that a new document
+// does.
+std::shared_ptr<FontObject> SharedFont(const LOGFONTA& description)
+{
+    static_assert(std::has_unique_object_representations_v<LOGFONTA>);
+    static std::unordered_map<std::string, std::weak_ptr<FontObject>> fonts;
+    std::weak_ptr<FontObject>& known =
+        fonts[std::string(reinterpret_cast<const char*>(&description), sizeof description)];
+    std::shared_ptr<FontObject> font = known.lock();
+    if (!font) {
+        known = font = std::make_shared<FontObject>(description);
+        std::erase_if(fonts, [](const auto& entry) { return entry.second.expired(); });
+    }
+    return font;
+}
 
 }  // namespace
 
@@ -45,7 +63,7 @@ const FormatFont& FormatFonts::operator[](FormatId id)
     description.lfPitchAndFamily = format.pitchAndFamily;
     WideCharToMultiByte(CP_ACP, 0, format.face.data(), -1, description.lfFaceName, LF_FACESIZE, nullptr,
                         nullptr);
-    made.font = std::make_shared<FontObject>(description);
+    made.font = SharedFont(description);
     const TEXTMETRICA& metrics = made.font->Metrics();
     double rise = format.offset * kPixelsPerTwip * m_zoom;
     if (format.effects & CFE_SUPERSCRIPT)

@@ -172,7 +172,7 @@ void CDUIRichEdit::OnCreate()
     for (CDUIScrollBarBase* bar : {ScrollBarOf(false), ScrollBarOf(true)})
         // Before they join the window, which would be laid out for each.
         if (bar)
-            bar->ModifyStyle(staysShown ? 0 : DUISTYLE_VISIBLE, staysShown ? DUISTYLE_VISIBLE : 0);
+            staysShown ? bar->ModifyStyle(0, DUISTYLE_VISIBLE) : bar->ModifyStyle(DUISTYLE_VISIBLE, 0);
     owned_scroll_bar::Open(m_pHorizontalSB, *this, owned_scroll_bar::kPlainBreadth);
     owned_scroll_bar::Open(m_pVerticalSB, *this, owned_scroll_bar::kPlainBreadth);
     SetControlRect(GetControlRect());
