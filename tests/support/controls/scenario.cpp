@@ -47,6 +47,84 @@ void FieldPointer(ControlWindow& host, CDUIEdit& edit, UINT message, POINT point
                  MAKELPARAM(static_cast<WORD>(point.x), static_cast<WORD>(point.y)));
 }
 
+CString Number(long long number)
+{
+    return CString(std::to_string(number).c_str());
+}
+
+// Calls an operation of a rich edit with the arguments that follow.
+CString AskEdit(CDUIRichEdit& edit, const std::string& operation, std::istream& a)
+{
+    using Answer = CString (*)(CDUIRichEdit&, std::istream&);
+    static const std::map<std::string, Answer> operations{
+        {"lines", [](auto& e, auto&) { return Number(e.GetLineCount()); }},
+        {"line", [](auto& e, auto& in) { return e.GetLine(ReadNumber(in), 100); }},
+        {"index", [](auto& e, auto& in) { return Number(e.LineIndex(ReadNumber(in))); }},
+        {"length", [](auto& e, auto& in) { return Number(e.LineLength(ReadNumber(in))); }},
+        {"line-of", [](auto& e, auto& in) { return Number(e.LineFromChar(ReadNumber(in))); }},
+        {"selected", [](auto& e, auto&) { return e.GetSelText(); }},
+        {"type", [](auto& e, auto&) { return Number(e.GetSelectionType()); }},
+        {"range",
+         [](auto& e, auto& in) {
+             const int first = ReadNumber(in);
+             return e.GetTextRange(first, ReadNumber(in));
+         }},
+        {"insert",
+         [](auto& e, auto& in) {
+             const int at = ReadNumber(in);
+             return Number(e.InsertText(at, ReadRest(in).c_str(), TRUE));
+         }},
+        {"append", [](auto& e, auto& in) { return Number(e.AppendText(ReadRest(in).c_str(), TRUE)); }},
+        {"replace",
+         [](auto& e, auto& in) {
+             e.ReplaceSel(ReadRest(in).c_str(), TRUE);
+             return e.GetSelText();
+         }},
+        {"modified", [](auto& e, auto&) { return Number(e.GetModify()); }},
+        {"unmodify",
+         [](auto& e, auto&) {
+             e.SetModify(FALSE);
+             return Number(e.GetModify());
+         }},
+        {"can",  // undo, redo
+         [](auto& e, auto&) { return Number(e.CanUndo()) + Number(e.CanRedo()); }},
+        {"forget-undo",
+         [](auto& e, auto&) {
+             e.EmptyUndoBuffer();
+             return Number(e.CanUndo());
+         }},
+        {"zoom",
+         [](auto& e, auto& in) {
+             int numerator = ReadNumber(in);
+             int denominator = ReadNumber(in);
+             e.SetZoom(numerator, denominator);
+             e.GetZoom(numerator, denominator);
+             return Number(numerator) + "/" + Number(denominator);
+         }},
+        {"bold",
+         [](auto& e, auto&) {
+             CHARFORMAT2A format{};
+             format.dwMask = CFM_BOLD;
+             format.dwEffects = CFE_BOLD;
+             e.SetSelectionCharFormat(format);
+             format = {};
+             e.GetSelectionCharFormat(format);
+             return Number((format.dwEffects & CFE_BOLD) != 0);
+         }},
+        {"centre",
+         [](auto& e, auto&) {
+             PARAFORMAT2 format{};
+             format.dwMask = PFM_ALIGNMENT;
+             format.wAlignment = PFA_CENTER;
+             e.SetParaFormat(format);
+             format = {};
+             e.GetParaFormat(format);
+             return Number(format.wAlignment);
+         }},
+    };
+    return operations.at(operation)(edit, a);
+}
+
 std::string TagOf(const IDUIControl& control)
 {
     if (dynamic_cast<const Probe*>(&control))
@@ -522,6 +600,14 @@ const std::map<std::string, Scenario::Command>& Scenario::Commands()
          [](S s, A a) {
              s.m_window->FinishWindowMgr();
              s.Do("replace " + ReadRest(a));
+         }},
+        {"ask",  // what an operation of a rich edit answers
+         [](S s, A a) {
+             CDUIRichEdit& edit = As<CDUIRichEdit>(*s.m_window, ReadWord(a));
+             const std::string operation = ReadWord(a);
+             CString answer = AskEdit(edit, operation, a);
+             answer.Replace("\r", "|");
+             s.m_text += "    " + std::string(answer.GetString()) + "\n";
          }},
         {"said",  // the text of a control
          [](S s, A a) {
